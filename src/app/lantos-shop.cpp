@@ -1,0 +1,93 @@
+// Makes shops: an empty one for a new installation, or a lively one to look at and to measure with.
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <string>
+
+#include "frame/Dates.h"
+#include "frame/Text.h"
+#include "shopmaker/EmptyShop.h"
+#include "shopmaker/SampleShop.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+
+struct Arguments {
+  std::string directory;
+  lantos::ShopIdentity identity;
+  lantos::SampleOptions sample;
+  std::string date;
+};
+
+void AddNew(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("new", "Make an empty shop in DIR");
+  command->add_option("DIR", arguments.directory, "The data directory; made when it isn't there")->required();
+  command->add_option("--name", arguments.identity.name, "Company name");
+  command->add_option("--address", arguments.identity.address, "Street address");
+  command->add_option("--city", arguments.identity.city, "City, also of new customers");
+  command->add_option("--state", arguments.identity.state, "State, also of new customers and vehicles");
+  command->add_option("--zip", arguments.identity.zip, "Zip code");
+  command->add_option("--phone", arguments.identity.phone, "Telephone number");
+}
+
+void AddSample(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("sample", "Make a shop full of work in DIR, always the same for one seed");
+  command->add_option("DIR", arguments.directory, "The data directory; made when it isn't there")->required();
+  command->add_option("--customers", arguments.sample.customers, "Number of customers")->capture_default_str();
+  command->add_option("--vehicles", arguments.sample.vehicles, "Number of vehicles")->capture_default_str();
+  command->add_option("--parts", arguments.sample.parts, "Number of parts")->capture_default_str();
+  command->add_option("--estimates", arguments.sample.estimates, "Number of estimates")->capture_default_str();
+  command->add_option("--date", arguments.date, "The day the work lies around, as 2003-09-30; today by default");
+  command->add_option("--seed", arguments.sample.seed, "Another seed, another shop")->capture_default_str();
+}
+
+// The arguments come in the terminal's page; records are kept in the program's.
+lantos::ShopIdentity InThePage(lantos::ShopIdentity identity) {
+  for (std::string* text :
+       {&identity.name, &identity.address, &identity.city, &identity.state, &identity.zip, &identity.phone}) {
+    *text = lantos::FromUtf8(*text);
+  }
+  return identity;
+}
+
+lantos::DaySerial DateOf(const std::string& text, lantos::Clock& clock) {
+  if (text.empty()) return clock.Today();
+  const auto date = lantos::ParseIsoDate(text);
+  if (!date) throw lantos::ShopError(fmt::format("\"{}\" is no date of the form 2003-09-30.", text));
+  return *date;
+}
+
+void MakeShop(const CLI::App& app, Arguments& arguments) {
+  lantos::SystemClock clock;
+  if (app.got_subcommand("new")) {
+    lantos::MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock);
+    fmt::print("Made an empty shop in {}.\n", arguments.directory);
+    return;
+  }
+  arguments.sample.date = DateOf(arguments.date, clock);
+  lantos::MakeSampleShop(arguments.directory, arguments.sample, clock);
+  fmt::print("Made a shop of {} customers, {} vehicles, {} parts and {} estimates around {} in {}.\n",
+             arguments.sample.customers, arguments.sample.vehicles, arguments.sample.parts, arguments.sample.estimates,
+             lantos::FormatIsoDate(arguments.sample.date), arguments.directory);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app("Makes the data directory of a shop.", "lantos-shop");
+  app.require_subcommand(1);
+  Arguments arguments;
+  AddNew(app, arguments);
+  AddSample(app, arguments);
+  CLI11_PARSE(app, argc, argv);
+  try {
+    MakeShop(app, arguments);
+    return 0;
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "lantos-shop: {}\n", error.what());
+    return kFailed;
+  }
+}

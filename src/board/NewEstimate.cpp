@@ -1,0 +1,135 @@
+#include "board/frmMain.h"
+#include "frame/Dates.h"
+#include "frame/Text.h"
+
+// Booking: a new estimate for a customer chosen first and a vehicle chosen after that.
+namespace lantos {
+
+namespace {
+
+// A text that the operator reads as it stands, backslash and letter.
+constexpr const char* kPartsAndLabor = "There are parts and labor already on the estimate.\\n";
+constexpr const char* kPartsOnly = "There are parts already on the estimate.\\n";
+constexpr const char* kLaborOnly = "There are labor items already on the estimate.";
+
+std::string BlankIfEmpty(const std::string& text) { return text.empty() ? " " : text; }
+
+}  // namespace
+
+void frmMain::NewEstimateClick() {
+  CheckDayRollover();
+  if (currentDate_ < Today() && !AskForPastDate()) return;
+  const bool estimateOnly =
+      shop_.desktop.Ask("Is this an Estimate Only?\r\r(Will not be \"Scheduled\")", "New Estimate", ui::Buttons::YesNo,
+                        ui::Icon::Question) == ui::Answer::Yes;
+  const std::int16_t status = estimateOnly ? kEstimateOnly : kScheduled;
+  DetailViewClick();
+  ClearDetail();
+  if (!masters_.CustomerMaintenance(true, true)) {
+    shop_.desktop.Tell("New Estimate cancelled.\r\rPrevious estimate redisplayed.", "New Estimate - Cancelled",
+                       ui::Icon::Information);
+    DetailViewClick();
+    return;
+  }
+  const std::int32_t number = database_.estimates.CreateEstimate(currentDate_, status);
+  displayedEstimate_ = number;
+  RefreshDetailCaption("");
+  AttachCustomer();
+  AttachVehicle();
+  database_.estimates.LoadEstimate(number);
+  AddDayLines();
+  AddWeekLines(selectedDayIndex_);
+  DetailViewClick();
+}
+
+bool frmMain::AskForPastDate() {
+  return shop_.desktop.Ask("Warning.\r\rThe scheduled date is in the past.\r\rAre you sure you wish to schedule\r\r"
+                           "a new estimate for " + FormatDate(currentDate_) + " ?",
+                           "New Estimate", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
+}
+
+void frmMain::AttachCustomer() {
+  estimateCustomer_ = shop_.records.customers.CurrentCustomer;
+  ShowCustomer();
+  const std::int32_t number = estimateCustomer_.Get(customer::Number);
+  Data().SetCustomer(number, displayedEstimate_);
+  if (Current().EstimateNumber == displayedEstimate_) Current().CustomerNumber = number;
+}
+
+void frmMain::AttachVehicle() {
+  Vehicles& vehicles = shop_.records.vehicles;
+  const VehicleRecord kept = vehicles.CurrentVehicle;
+  const FileLink keptOffset = vehicles.CurrentVehicleOffset;
+  if (masters_.VehicleMaintenance() != kVehicleSelected) {
+    vehicles.CurrentVehicle = kept;
+    vehicles.CurrentVehicleOffset = keptOffset;
+    return;
+  }
+  estimateCustomer_ = shop_.records.customers.CurrentCustomer;
+  estimateVehicle_ = vehicles.CurrentVehicle;
+  const VehicleRecord& record = estimateVehicle_;
+  Estimate& estimate = Current();
+  estimate.VehicleLink = vehicles.CurrentVehicleOffset;
+  estimate.VehYear = record.Get(vehicle::Year);
+  estimate.VehMake = record.Get(vehicle::Make);
+  estimate.VehModel = record.Get(vehicle::Model);
+  estimate.VehVIN = record.Get(vehicle::VIN);
+  estimate.VehLic = record.Get(vehicle::LicenseNumber);
+  const DaySerial seen = FromFileDate(record.Get(vehicle::Date));
+  estimate.VehDate = seen >= 1 ? FormatDate(seen) : " ";
+  estimate.VehMileage = std::to_string(record.Get(vehicle::Mileage));
+  estimate.VehEng = record.Get(vehicle::EngineSize);
+  estimate.VehTrans = record.Get(vehicle::Transmission);
+  ShowVehicle();
+  SaveVehicle();
+}
+
+// An empty text is written as one blank.
+void frmMain::SaveVehicle() {
+  Estimate& estimate = Current();
+  for (std::string* text : {&estimate.VehYear, &estimate.VehMake, &estimate.VehModel, &estimate.VehVIN,
+                            &estimate.VehLic, &estimate.VehDate, &estimate.VehMileage, &estimate.VehEng,
+                            &estimate.VehTrans}) {
+    *text = BlankIfEmpty(*text);
+  }
+  Data().SetVehicleNew(estimate.VehicleLink,
+                       {estimate.VehYear, estimate.VehMake, estimate.VehModel, estimate.VehVIN, estimate.VehLic,
+                        estimate.VehDate, estimate.VehMileage, estimate.VehEng, estimate.VehTrans},
+                       displayedEstimate_);
+}
+
+bool frmMain::HasEstimate(const std::string& title) {
+  if (displayedEstimate_ != 0) return true;
+  shop_.desktop.Tell("No estimate is selected.", title, ui::Icon::Information);
+  return false;
+}
+
+void frmMain::CustomerEditClick() {
+  CheckDayRollover();
+  if (!HasEstimate("Customer Edit") || !masters_.CustomerMaintenance(true, true)) return;
+  AttachCustomer();
+  AttachVehicle();
+}
+
+void frmMain::VehicleEditClick() {
+  CheckDayRollover();
+  if (!HasEstimate("Vehicle Edit")) return;
+  // Filling the lists has read other customers since: the vehicles are those of the estimate's own.
+  shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
+  const bool hasParts = listParts.ListCount() > 0;
+  const bool hasLabor = listLabor.ListCount() > 0;
+  const std::string text = hasParts ? (hasLabor ? kPartsAndLabor : kPartsOnly) : (hasLabor ? kLaborOnly : "");
+  if (!text.empty()) {
+    const ui::Answer answer = shop_.desktop.Ask(text + "\rDid you want to keep them for the new vehicle?",
+                                                "Vehicle Edit", ui::Buttons::YesNoCancel);
+    if (answer == ui::Answer::Cancel) return;
+    if (answer == ui::Answer::No) {
+      // On the screen only: the rows stay in the tables and come back at the next selection.
+      listParts.Clear();
+      listLabor.Clear();
+    }
+  }
+  AttachVehicle();
+}
+
+}  // namespace lantos

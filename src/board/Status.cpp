@@ -1,0 +1,80 @@
+#include "board/StatusChange.h"
+#include "board/frmEstStatus.h"
+#include "board/frmMain.h"
+#include "frame/Dates.h"
+#include "frame/Text.h"
+
+// The status of the current estimate, changed by hand, and its word in the lists.
+namespace lantos {
+
+// May make a No-show of a past Scheduled estimate, in the record in memory alone.
+std::string frmMain::CurrentStatusText() {
+  return database_.estimates.StatusText(Current().Status, Current().SchedDate);
+}
+
+void frmMain::ShowStatusPopup() {
+  const StatusOptions& options = shop_.environment.statusOptions;
+  const std::int16_t current = Current().Status;
+  for (std::size_t i = 0; i < kStatusCount; ++i) {
+    const auto entry = static_cast<std::int16_t>(i);
+    popupStatus_[i]->SetVisible(PopupOffers(options, current, entry));
+    popupStatus_[i]->SetChecked(entry == current);
+  }
+  popupStatus_[kContinued]->SetEnabled(CanContinue(options, {}));
+  shop_.desktop.PopupMenu(*this, *statusPopup_);
+}
+
+bool frmMain::ChangeStatusByPopup(bool refreshLists) {
+  const std::int16_t oldStatus = Current().Status;
+  ShowStatusPopup();
+  if (refreshLists) {
+    RefreshStatusText(CurrentStatusText());
+  } else {
+    RefreshDetailCaption("");
+  }
+  if (modEstimates::CountsTowardDay(oldStatus) == modEstimates::CountsTowardDay(Current().Status)) return false;
+  LoadWeek(Current().SchedDate);
+  return true;
+}
+
+void frmMain::ChangeStatusClick() {
+  CheckDayRollover();
+  if (Current().EstimateNumber == 0) {
+    shop_.desktop.Tell("No estimate is selected.", "Change Status", ui::Icon::Information);
+    return;
+  }
+  ui::Hourglass hourglass(shop_.desktop);
+  frmEstStatus form(shop_, database_, {});
+  form.ShowModal();
+  form.Unload();
+  RefreshStatusText(CurrentStatusText());
+}
+
+void frmMain::RefreshStatusText(const std::string& word) {
+  RefreshDetailCaption(word);
+  RefreshDayListStatus(word);
+  RefreshWeekListStatus(word);
+}
+
+void frmMain::RefreshDayListStatus(const std::string& word) {
+  const int row = List2.ListIndex();
+  if (row < 0 || List2.List(row).starts_with(' ')) return;
+  int statusRow = row + 1;
+  if (statusRow < List2.ListCount() && List2.List(statusRow).starts_with(" -")) ++statusRow;
+  if (statusRow >= List2.ListCount()) return;
+  List2.RemoveItem(statusRow);
+  // The new line is left without the estimate's number; a click on it still moves up to the main line.
+  List2.InsertItem(statusRow, "       Created on " + FormatDate(Current().CreateDate) + ", Scheduled for " +
+                                  FormatDate(Current().SchedDate) + ", Status = " + word);
+}
+
+void frmMain::RefreshWeekListStatus(const std::string& word) {
+  ui::ListBox& list = List1[selectedDayIndex_];
+  int row = list.ListIndex();
+  if (row < 0) return;
+  if (row > 0 && list.List(row).starts_with(' ')) --row;
+  if (list.List(row).starts_with(' ')) return;
+  list.SetList(row, Left(list.List(row), 7) + word);
+}
+
+}  // namespace lantos

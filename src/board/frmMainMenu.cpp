@@ -1,0 +1,139 @@
+#include "admin/CheckPassword.h"
+#include "admin/frmPrintOptions.h"
+#include "board/StatusChange.h"
+#include "board/frmMain.h"
+#include "board/frmSpecialDays.h"
+#include "board/frmStatusOptions.h"
+#include "board/frmStdHours.h"
+#include "ui/Shell.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr const char* kHomePage = "https://www.korvel.example/";
+constexpr const char* kQuickStartGuide = "Lantos Quick Start Guide.pdf";
+
+struct CommandEntry {
+  const char* name;
+  const char* caption;
+  ui::Button frmMain::*button;  // whose click it is
+};
+constexpr CommandEntry kCommands[] = {
+    {"mnuNewEstimate", "&New Estimate", &frmMain::cmdNewEstimate},
+    {"mnuPrintEstimate", "&Print Estimate", &frmMain::cmdPrintEstimate},
+    {"mnuPrintWorksheet", "Print &Worksheet", &frmMain::cmdPrintWorksheet},
+    {"mnuConvertToWO", "&Convert to WO", &frmMain::cmdConvert},
+    {"mnuReschedule", "&Reschedule", &frmMain::cmdReschedule},
+    {"mnuChangeStatus", "Change &Status", &frmMain::cmdChangeStatus},
+    {"mnuFind", "&Find", &frmMain::cmdFind},
+    {"mnuWOHistory", "WO &History", &frmMain::cmdWOHistory},
+    {"mnuTechHours", "&Tech Hours", &frmMain::cmdTechHours},
+    {"mnuEstimateNotes", "Estimate N&otes", &frmMain::cmdEstimateNotes},
+    {"mnuEstimateSublets", "Estimate S&ublets", &frmMain::cmdEstimateSublets},
+    {"mnuEstimateWaste", "Estimate W&aste", &frmMain::cmdEstimateWaste},
+    {"mnuEstimateChecklist", "Estimate Check&list", &frmMain::cmdEstimateChecklist},
+};
+// Those whose button does something yet; an entry is never livelier than its button.
+constexpr const char* kBuiltCommands[] = {"mnuNewEstimate", "mnuChangeStatus"};
+
+constexpr const char* kShowStatusCaptions[kStatusCount] = {
+    "&0 Scheduled", "&1 Arrived",   "&2 In Progress", "&3 Completed", "&4 Departed",
+    "&5 Continued", "&6 Cancelled", "&7 Rescheduled", "&8 No-show",   "&9 Estimate Only"};
+
+}  // namespace
+
+void frmMain::BuildMenus() {
+  ui::MenuItem& file = AddMenu("mnuFile", "&File");
+  file.Add("mnuKorvelcom", "&Korvel Home Page", [this] { ui::ShellOpen(shop_.desktop, kHomePage); });
+  // Ends on the spot, with nothing stored and nothing closed in order.
+  file.Add("mnuFileExit", "E&xit", [this] { shop_.desktop.EndProcess(0); });
+
+  ui::MenuItem& commands = AddMenu("mnuCommand", "&Commands");
+  for (const CommandEntry& entry : kCommands) {
+    ui::Button& button = this->*entry.button;
+    commands.Add(entry.name, entry.caption, [&button] { button.OnClick(); }).SetEnabled(false);
+  }
+  for (const char* name : kBuiltCommands) commands.Find(name)->SetEnabled(true);
+
+  BuildMaintenanceMenu();
+  BuildStatusMenus();
+  AddMenu("mnuHelp", "&Help").Add("mnuHQuickStartGuide", "&Quick Start Guide", [this] {
+    ui::ShowHelpFile(shop_.desktop, shop_.environment.files, "", kQuickStartGuide);
+  });
+
+  popupMenu_ = &AddMenu("mnuPopup", "Popup");
+  popupMenu_->SetVisible(false);
+  popupMenu_->Add("mnuPopupRefreshCustomers", "Refresh Customers", [this] { RefreshCustomerIndex(); });
+}
+
+void frmMain::BuildMaintenanceMenu() {
+  ui::MenuItem& maintenance = AddMenu("mnuMaint", "&Maintenance");
+  maintenance.Add("mnuCustomer", "&Customers", [this] {
+    if (MayEnter(shop_, Section::Customer)) masters_.CustomerMaintenance(true, false);
+  });
+  maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
+  maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);
+  maintenance.Add("mnuMaintVendors", "&Vendors").SetEnabled(false);
+  ui::MenuItem& refresh = maintenance.Add("mnuRefresh", "&Refresh");
+  refresh.Add("mnuRefreshCustomer", "&Customers", [this] { RefreshCustomerIndex(); });
+  refresh.Add("mnuRefreshTotals", "&Totals", [this] { RefreshTotals(); });
+
+  ui::MenuItem& system = maintenance.Add("mnuMaintSystemInfo", "&System");
+  system.Add("mnuSystemCompanyInfo", "&Company Info").SetEnabled(false);
+  system.Add("mnuDisclaimer", "&Estimate Disclaimer").SetEnabled(false);
+  system.Add("mnuSystemParameters", "&Parameters").SetEnabled(false);
+  system.Add("mnuPrintOptions", "Print &Options", [this] {
+    Environment& environment = shop_.environment;
+    ProfileFile profile = environment.Profile();
+    environment.printOptions = LoadPrintOptions(profile);
+    frmPrintOptions form(shop_);
+    form.ShowModal();
+    if (form.ok) SavePrintOptions(profile, environment.printOptions);
+    form.Unload();
+  });
+  system.Add("mnuSpecialDays", "Special &Days", [this] {
+    if (!MayEnter(shop_, Section::System)) return;
+    frmSpecialDays form(shop_, Data());
+    form.ShowModal();
+    form.Unload();
+  });
+  system.Add("mnuStandardHours", "Standard &Hours", [this] {
+    if (!MayEnter(shop_, Section::System)) return;
+    frmStdHours form(shop_, Data());
+    form.ShowModal();
+    form.Unload();
+  });
+  system.Add("mnuStatusOptions", "&Status Options", [this] {
+    if (!MayEnter(shop_, Section::System)) return;
+    Environment& environment = shop_.environment;
+    ProfileFile profile = environment.Profile();
+    environment.statusOptions = LoadStatusOptions(profile);
+    frmStatusOptions form(shop_);
+    form.ShowModal();
+    if (form.ok) SaveStatusOptions(profile, environment.statusOptions);
+    form.Unload();
+  });
+}
+
+void frmMain::BuildStatusMenus() {
+  ui::MenuItem& show = AddMenu("mnuShowStatus", "&Show Status");
+  statusPopup_ = nullptr;
+  for (std::size_t i = 0; i < kStatusCount; ++i) {
+    ui::MenuItem& item = show.Add("mnuShowStat", kShowStatusCaptions[i], nullptr, static_cast<int>(i));
+    item.SetChecked(true);
+    // The filter takes effect at the next LoadWeek.
+    item.OnClick = [&item] { item.SetChecked(!item.Checked()); };
+    showStatus_[i] = &item;
+  }
+  statusPopup_ = &AddMenu("mnuPopupStatusMenu", "Status");
+  statusPopup_->SetVisible(false);
+  for (std::size_t i = 0; i < kStatusCount; ++i) {
+    const auto status = static_cast<std::int16_t>(i);
+    popupStatus_[i] = &statusPopup_->Add(
+        "mnuPopupStatus", std::string(kStatusDescriptions[i].popupCaption),
+        [this, status] { ChangeStatusByHand(shop_, database_, {}, status); }, static_cast<int>(i));
+  }
+}
+
+}  // namespace lantos

@@ -1,0 +1,199 @@
+#include "estimatedb/CommandTable.h"
+
+#include "estimatedb/Engine.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ParameterKind kLong = ParameterKind::Long;
+constexpr ParameterKind kText = ParameterKind::Text;
+constexpr ParameterKind kDate = ParameterKind::Date;
+constexpr ParameterKind kDay = ParameterKind::Day;
+constexpr ParameterKind kDateText = ParameterKind::DateText;
+
+// clang-format off
+constexpr Command kLantosTable[] = {
+    {"NewEstimate",
+     "insert into Estimates (EstimateNumber, SchedDate) values ( ?,? )",
+     {kLong, kDay}},
+    {"SetCustomer",
+     "update Estimates set CustomerNumber = ? where EstimateNumber = ?",
+     {kLong, kLong}},
+    {"SetVehicle",
+     "update Estimates set VehicleLink = ? where EstimateNumber = ?",
+     {kLong, kLong}},
+    {"GetEstimatesByDate",
+     "SELECT Estimates.* FROM Estimates WHERE (SchedDate = ?)",
+     {kDay}},
+    {"EstimateByNumber",
+     "select * from Estimates where EstimateNumber = ?",
+     {kLong}},
+    {"LaborForEstimate",
+     "select * from Labors where EstimateNumber = ? order by LaborNumber",
+     {kLong}},
+    {"AddLabor",
+     "insert into Labors ( EstimateNumber, LaborNumber, Description, LaborHours, LaborRate, LaborTotal, "
+     "Mechanic ) values ( ?, ?, ?, ?, ?, ?, ? )",
+     {kLong, kLong, kText, kLong, kLong, kLong, kLong}},
+    {"DeleteLabor",
+     "delete from Labors where EstimateNumber = ? and LaborNumber = ?",
+     {kLong, kLong}},
+    {"SetComments",
+     "update Estimates set Comments = ? where EstimateNumber = ?",
+     {kText, kText}},
+    {"GetStdHours",
+     "select * from StandardHours where RecNum = 1",
+     {}},
+    {"TotalsForEstimate",
+     "SELECT SUM(LaborHours) AS TotalHours, SUM(LaborTotal) AS TotalLabor FROM Labors WHERE EstimateNumber = ?",
+     {kLong}},
+    {"EstimatesTable",
+     "select * from Estimates where SchedDate = ?",
+     {kDate}},
+    {"PartsTable",
+     "select * from Parts where EstimateNumber = ?",
+     {kText}},
+    {"DeletePart",
+     "delete from Parts where EstimateNumber = ? and PartNumber = ?",
+     {kLong, kText}},
+    {"SpecialDaysByDate",
+     "select * from SpecialDays where SpecialDate = ?",
+     {kDate}},
+    {"SpecialDaysTable",
+     "select * from SpecialDays where SpecialDate >= ? order by SpecialDate",
+     {kDateText}},
+    {"SetStatus",
+     "update Estimates set Status = ? where EstimateNumber = ?",
+     {kLong, kLong}},
+    {"CloneEstimate",
+     "UPDATE Estimates AS n, Estimates AS o SET n.CustomerNumber = o.CustomerNumber, n.VehicleLink = "
+     "o.VehicleLink, n.Mechanic = o.Mechanic, n.TotalPrice = o.TotalPrice, n.Comments = o.Comments, n.VehYear "
+     "= o.VehYear, n.VehMake = o.VehMake, n.VehModel = o.VehModel, n.VehVIN = o.VehVIN, n.VehLic = o.VehLic, "
+     "n.VehDate = o.VehDate, n.VehMileage = o.VehMileage WHERE o.EstimateNumber = ? AND n.EstimateNumber = ?",
+     {kLong, kLong}},
+    {"CloneLabors",
+     "INSERT INTO Labors ( EstimateNumber, LaborNumber, Description, LaborHours, LaborRate, LaborTotal, "
+     "Mechanic ) SELECT ? , Labors.LaborNumber, Labors.Description, Labors.LaborHours, Labors.LaborRate, "
+     "Labors.LaborTotal, Labors.Mechanic FROM Labors where Labors.EstimateNumber= ?",
+     {kLong, kLong}},
+    {"CloneParts",
+     "INSERT INTO Parts ( EstimateNumber, PartNumber, PartDesc, Quantity, PartPrice, PartTotal ) SELECT ? , "
+     "Parts.PartNumber, Parts.PartDesc, Parts.Quantity, Parts.PartPrice, Parts.PartTotal FROM Parts where "
+     "Parts.EstimateNumber = ?",
+     {kLong, kLong}},
+    {"NotesForEstimate",
+     "select * from Notes where EstimateNumber = ? order by NoteNumber",
+     {kLong}},
+    {"AddNote",
+     "insert into Notes ( EstimateNumber, NoteNumber, Desc1, Desc2, Desc3, Desc4, Desc5, Desc6, Desc7, Desc8 "
+     ") values ( ?, ?, ?, ?, ?, ?, ?, ?, ?, ? )",
+     {kText, kText, kText, kText, kText, kText, kText, kText, kText, kText}},
+    {"DeleteNote",
+     "delete from Notes where EstimateNumber = ? and NoteNumber = ?",
+     {kLong, kLong}},
+    {"CloneNotes",
+     "INSERT INTO Notes ( EstimateNumber, NoteNumber, Desc1, Desc2, Desc3, Desc4, Desc5, Desc6, Desc7, Desc8 "
+     ") SELECT ? , Notes.NoteNumber, Notes.Desc1, Notes.Desc2, Notes.Desc3, Notes.Desc4, Notes.Desc5, "
+     "Notes.Desc6, Notes.Desc7, Notes.Desc8 FROM Notes where Notes.EstimateNumber= ?",
+     {kLong, kLong}},
+    {"SubletsForEstimate",
+     "select * from Sublets where EstimateNumber = ? order by SubletNumber",
+     {kLong}},
+    {"AddSublet",
+     "insert into Sublets ( EstimateNumber, SubletNumber, VendorName, VendorInvoice, Cost, Price, Desc1, "
+     "Desc2, Desc3, Desc4, Taxable ) values ( ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ? )",
+     {kLong, kLong, kText, kText, kLong, kLong, kText, kText, kText, kText, kText}},
+    {"DeleteSublet",
+     "delete from Sublets where EstimateNumber = ? and SubletNumber = ?",
+     {kLong, kLong}},
+    {"CloneSublets",
+     "INSERT INTO Sublets ( EstimateNumber, SubletNumber, VendorName, VendorInvoice, Cost, Price, Desc1, "
+     "Desc2, Desc3, Desc4, Taxable ) SELECT ? , Sublets.SubletNumber, Sublets.VendorName, "
+     "Sublets.VendorInvoice, Sublets.Cost, Sublets.Price, Sublets.Desc1, Sublets.Desc2, Sublets.Desc3, "
+     "Sublets.Desc4, Sublets.Taxable FROM Sublets where Sublets.EstimateNumber= ?",
+     {kLong, kLong}},
+    {"GetSublet",
+     "select * from Sublets where EstimateNumber = ? and SubletNumber = ?",
+     {kLong, kLong}},
+    {"EstimatesByCustomer",
+     "select * from Estimates where CustomerNumber = ? order by SchedDate",
+     {kText}},
+    {"SelectQuery",
+     "select count(*) as RecCount from Estimates",
+     {}},
+    {"UpdateQuery",
+     "Update Estimates set SchedDate = \"01/01/2003\" where SchedDate is NULL",
+     {}},
+    {"TechHours",
+     "SELECT Labors.Mechanic, Estimates.SchedDate, Sum(Labors.LaborHours) AS SumHours FROM Labors INNER JOIN "
+     "Estimates ON Labors.EstimateNumber = Estimates.EstimateNumber where ( Estimates.Status <> 6 and "
+     "Estimates.Status <> 7 and Estimates.Status <> 9) GROUP BY Labors.Mechanic, Estimates.SchedDate;",
+     {}},
+    {"SetVehicleNew",
+     "update Estimates set VehicleLink = ? , VehYear = ? , VehMake = ? , VehModel = ? , VehVIN = ? , VehLic = "
+     "? , VehDate = ? , VehMileage = ? , VehEng = ? , VehTrans = ? where EstimateNumber = ?",
+     {kLong, kText, kText, kText, kText, kText, kText, kText, kText, kText, kLong}},
+    {"WasteForEstimate",
+     "Select * from Waste where EstimateNumber = ? order by WasteNumber asc",
+     {kLong}},
+    {"AddWaste",
+     "insert into Waste ( EstimateNumber, WasteNumber, VendorName, VendorInvoice, Cost, Price, Desc1, Desc2, "
+     "Desc3, Desc4, Taxable ) values ( ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ? )",
+     {kLong, kLong, kText, kText, kLong, kLong, kText, kText, kText, kText, kText}},
+    {"DeleteWaste",
+     "delete from Waste where EstimateNumber = ? and WasteNumber = ?",
+     {kLong, kLong}},
+    {"CloneWaste",
+     "INSERT INTO Waste ( EstimateNumber, WasteNumber, VendorName, VendorInvoice, Cost, Price, Desc1, Desc2, "
+     "Desc3, Desc4, Taxable ) SELECT ? , Waste.WasteNumber, Waste.VendorName, Waste.VendorInvoice, "
+     "Waste.Cost, Waste.Price, Waste.Desc1, Waste.Desc2, Waste.Desc3, Waste.Desc4, Waste.Taxable FROM Waste "
+     "where Waste.EstimateNumber= ?",
+     {kLong, kLong}},
+    {"GetWaste",
+     "select * from Waste where EstimateNumber = ? and WasteNumber = ?",
+     {kLong, kLong}},
+    {"ChecklistForEstimate",
+     "select * from Checklist where EstimateNumber = ? order by RecId",
+     {kLong}},
+    {"DeleteChecklist",
+     "delete from Checklist where EstimateNumber = ?",
+     {kLong}},
+    {"ChecklistTable",
+     "Checklist",
+     {}},
+};
+
+constexpr Command kKorvelTable[] = {
+    {"SelectQuery",
+     "select count(*) as rowCount from EmpPRInfo",
+     {}},
+    {"UpdateQuery",
+     "UPDATE EmpPRInfo SET AdditionalFederal = 0, AdditionalLocal = 0, AdditionalState = 0 WHERE "
+     "(EmployeeNumber = 1)",
+     {}},
+    {"EmpPRInfo",
+     "EmpPRInfo",
+     {}},
+    {"EmpPRHist",
+     "EmpPRHist",
+     {}},
+    {"FollowUps",
+     "FollowUps",
+     {}},
+};
+// clang-format on
+
+}  // namespace
+
+const std::span<const Command> kLantosCommands = kLantosTable;
+const std::span<const Command> kKorvelCommands = kKorvelTable;
+
+const Command& FindCommand(std::span<const Command> commands, std::string_view name) {
+  for (const Command& command : commands) {
+    if (command.name == name) return command;
+  }
+  throw DatabaseError("There is no command \"" + std::string(name) + "\".");
+}
+
+}  // namespace lantos

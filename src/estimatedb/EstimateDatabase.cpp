@@ -1,0 +1,53 @@
+#include "estimatedb/EstimateDatabase.h"
+
+#include <fmt/core.h>
+
+#include <system_error>
+
+#include "estimatedb/Schema.h"
+#include "estimatedb/SqliteEngine.h"
+
+namespace lantos {
+
+namespace {
+
+DataEnvironment::Opener OpenerOf(std::string_view name, Environment& environment) {
+  return [name, &environment] {
+    return std::make_unique<SqliteEngine>(environment.files.PathOf(name), environment.clock);
+  };
+}
+
+// One transaction: a crash on the way leaves an empty file, which is refused as such, and never half of the tables.
+void CreateDatabase(const std::filesystem::path& path, const Clock& clock,
+                    std::span<const std::string_view> statements) {
+  if (std::filesystem::exists(path)) {
+    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", path.string()));
+  }
+  try {
+    SqliteEngine engine(path, clock, SqliteEngine::Mode::New);
+    engine.Together([&] {
+      for (const std::string_view statement : statements) engine.Run(statement, {});
+    });
+  } catch (...) {
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+    throw;
+  }
+}
+
+}  // namespace
+
+void Connect(EstimateDatabase& database, Environment& environment) {
+  database.lantosData.SetOpener(OpenerOf(kLantosDatabase, environment));
+  database.korvelData.SetOpener(OpenerOf(kKorvelDatabase, environment));
+}
+
+void CreateLantosDatabase(const std::filesystem::path& path, Clock& clock) {
+  CreateDatabase(path, clock, kLantosSchema);
+}
+
+void CreateKorvelDatabase(const std::filesystem::path& path, Clock& clock) {
+  CreateDatabase(path, clock, kKorvelSchema);
+}
+
+}  // namespace lantos

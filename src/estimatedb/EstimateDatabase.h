@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "estimatedb/NetworkMount.h"
+#include "estimatedb/de.h"
+#include "estimatedb/modEstimates.h"
+
+namespace lantos {
+
+inline constexpr std::string_view kLantosDatabase = "Lantos.mdb";
+inline constexpr std::string_view kKorvelDatabase = "Korvel.mdb";
+
+// Both databases of one run and the estimate in memory.
+struct EstimateDatabase {
+  EstimateDatabase(Environment& environment, Records& records) : estimates(environment, lantosData, records.system) {}
+
+  de lantosData;
+  de2 korvelData;
+  modEstimates estimates;
+};
+
+// Points both connections at the files in DataDir; they open on first use. A file that isn't ours (a Jet database, or
+// anything else) is told from its first bytes and refused with DatabaseError that says what it is, untouched.
+void Connect(EstimateDatabase& database, Environment& environment);
+// Brings Lantos.mdb to the current shape; a current one is left untouched. Throws DatabaseError.
+void UpgradeDatabase(EstimateDatabase& database, Environment& environment, Records& records);
+// The installation's empty databases, at paths that don't exist yet. Throws DatabaseError; nothing is left then.
+void CreateLantosDatabase(const std::filesystem::path& path, Clock& clock);
+void CreateKorvelDatabase(const std::filesystem::path& path, Clock& clock);
+
+}  // namespace lantos

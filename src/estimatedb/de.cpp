@@ -1,0 +1,195 @@
+#include "estimatedb/de.h"
+
+namespace lantos {
+
+namespace {
+
+Value Long(std::int32_t value) { return std::int64_t{value}; }
+Value Text(std::string_view value) { return std::string(value); }
+Value Day(DaySerial day) { return DateValue{day}; }
+
+// The snapshot's columns never hold a text of no length.
+Value BlankIfEmpty(const std::string& value) { return value.empty() ? std::string(" ") : value; }
+
+constexpr std::string_view kEstimates = "Estimates";
+constexpr std::string_view kStandardHours = "StandardHours";
+constexpr std::string_view kSpecialDays = "SpecialDays";
+
+std::vector<Value> LineValues(std::int32_t estimate, std::int32_t number, const de::Extra& line) {
+  return {Long(estimate),   Long(number),     Text(line.VendorName), Text(line.VendorInvoice),
+          Long(line.Cost),  Long(line.Price), Text(line.Desc1),      Text(line.Desc2),
+          Text(line.Desc3), Text(line.Desc4), Text(line.Taxable)};
+}
+
+}  // namespace
+
+void de::NewEstimate(std::int32_t estimate, DaySerial date) { Run("NewEstimate", {Long(estimate), Day(date)}); }
+
+void de::SetCustomer(std::int32_t customer, std::int32_t estimate) {
+  Run("SetCustomer", {Long(customer), Long(estimate)});
+}
+
+void de::SetVehicle(FileLink vehicleLink, std::int32_t estimate) {
+  Run("SetVehicle", {Long(vehicleLink), Long(estimate)});
+}
+
+Recordset& de::GetEstimatesByDate(DaySerial date) { return Run("GetEstimatesByDate", {Day(date)}); }
+
+Recordset& de::EstimateByNumber(std::int32_t estimate) { return Run("EstimateByNumber", {Long(estimate)}); }
+
+Recordset& de::LaborForEstimate(std::int32_t estimate) { return Run("LaborForEstimate", {Long(estimate)}); }
+
+void de::AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
+                  Cents rate, Cents total, std::int32_t employee) {
+  Run("AddLabor",
+      {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total), Long(employee)});
+}
+
+void de::DeleteLabor(std::int32_t estimate, std::int32_t laborNumber) {
+  Run("DeleteLabor", {Long(estimate), Long(laborNumber)});
+}
+
+void de::SetComments(std::string_view comments, std::string_view estimate) {
+  Run("SetComments", {Text(comments), Text(estimate)});
+}
+
+Recordset& de::GetStdHours() { return Run("GetStdHours", {}); }
+
+Recordset& de::TotalsForEstimate(std::int32_t estimate) { return Run("TotalsForEstimate", {Long(estimate)}); }
+
+Recordset& de::EstimatesTable(DaySerial date) { return Run("EstimatesTable", {Day(date)}); }
+
+Recordset& de::PartsTable(std::string_view estimate) { return Run("PartsTable", {Text(estimate)}); }
+
+void de::DeletePart(std::int32_t estimate, std::string_view part) { Run("DeletePart", {Long(estimate), Text(part)}); }
+
+Recordset& de::SpecialDaysByDate(DaySerial date) { return Run("SpecialDaysByDate", {Day(date)}); }
+
+Recordset& de::SpecialDaysTable(std::string_view from) { return Run("SpecialDaysTable", {Text(from)}); }
+
+void de::SetStatus(std::int32_t status, std::int32_t estimate) { Run("SetStatus", {Long(status), Long(estimate)}); }
+
+void de::CloneEstimate(std::int32_t oldEstimate, std::int32_t newEstimate) {
+  Run("CloneEstimate", {Long(oldEstimate), Long(newEstimate)});
+}
+
+void de::CloneLabors(std::int32_t newEstimate, std::int32_t oldEstimate) {
+  Run("CloneLabors", {Long(newEstimate), Long(oldEstimate)});
+}
+
+void de::CloneParts(std::int32_t newEstimate, std::int32_t oldEstimate) {
+  Run("CloneParts", {Long(newEstimate), Long(oldEstimate)});
+}
+
+Recordset& de::NotesForEstimate(std::int32_t estimate) { return Run("NotesForEstimate", {Long(estimate)}); }
+
+void de::AddNote(std::string_view estimate, std::string_view note, const std::vector<std::string>& eightLines) {
+  std::vector<Value> values{Text(estimate), Text(note)};
+  values.insert(values.end(), eightLines.begin(), eightLines.end());
+  Run("AddNote", values);
+}
+
+void de::DeleteNote(std::int32_t estimate, std::int32_t note) { Run("DeleteNote", {Long(estimate), Long(note)}); }
+
+void de::CloneNotes(std::int32_t newEstimate, std::int32_t oldEstimate) {
+  Run("CloneNotes", {Long(newEstimate), Long(oldEstimate)});
+}
+
+Recordset& de::SubletsForEstimate(std::int32_t estimate) { return Run("SubletsForEstimate", {Long(estimate)}); }
+
+void de::AddSublet(std::int32_t estimate, std::int32_t sublet, const Extra& line) {
+  Run("AddSublet", LineValues(estimate, sublet, line));
+}
+
+void de::DeleteSublet(std::int32_t estimate, std::int32_t sublet) {
+  Run("DeleteSublet", {Long(estimate), Long(sublet)});
+}
+
+void de::CloneSublets(std::int32_t newEstimate, std::int32_t oldEstimate) {
+  Run("CloneSublets", {Long(newEstimate), Long(oldEstimate)});
+}
+
+Recordset& de::GetSublet(std::int32_t estimate, std::int32_t sublet) {
+  return Run("GetSublet", {Long(estimate), Long(sublet)});
+}
+
+Recordset& de::EstimatesByCustomer(std::string_view customer) { return Run("EstimatesByCustomer", {Text(customer)}); }
+
+Recordset& de::SelectQuery() { return Run("SelectQuery", {}); }
+
+void de::UpdateQuery() { Run("UpdateQuery", {}); }
+
+Recordset& de::TechHours() { return Run("TechHours", {}); }
+
+void de::SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std::int32_t estimate) {
+  Run("SetVehicleNew",
+      {Long(vehicleLink), BlankIfEmpty(vehicle.VehYear), BlankIfEmpty(vehicle.VehMake), BlankIfEmpty(vehicle.VehModel),
+       BlankIfEmpty(vehicle.VehVIN), BlankIfEmpty(vehicle.VehLic), BlankIfEmpty(vehicle.VehDate),
+       BlankIfEmpty(vehicle.VehMileage), BlankIfEmpty(vehicle.VehEng), BlankIfEmpty(vehicle.VehTrans), Long(estimate)});
+}
+
+Recordset& de::WasteForEstimate(std::int32_t estimate) { return Run("WasteForEstimate", {Long(estimate)}); }
+
+void de::AddWaste(std::int32_t estimate, std::int32_t waste, const Extra& line) {
+  Run("AddWaste", LineValues(estimate, waste, line));
+}
+
+void de::DeleteWaste(std::int32_t estimate, std::int32_t waste) { Run("DeleteWaste", {Long(estimate), Long(waste)}); }
+
+void de::CloneWaste(std::int32_t newEstimate, std::int32_t oldEstimate) {
+  Run("CloneWaste", {Long(newEstimate), Long(oldEstimate)});
+}
+
+Recordset& de::GetWaste(std::int32_t estimate, std::int32_t waste) {
+  return Run("GetWaste", {Long(estimate), Long(waste)});
+}
+
+Recordset& de::ChecklistForEstimate(std::int32_t estimate) { return Run("ChecklistForEstimate", {Long(estimate)}); }
+
+void de::DeleteChecklist(std::int32_t estimate) { Run("DeleteChecklist", {Long(estimate)}); }
+
+Recordset& de::ChecklistTable() { return Run("ChecklistTable", {}); }
+
+void de::AddEstimateRow(std::int32_t estimate, DaySerial date, std::int32_t status) {
+  Connection().Insert(kEstimates, {"EstimateNumber", "SchedDate", "Status"}, {Long(estimate), Day(date), Long(status)});
+}
+
+void de::UpdateStdHours(const std::array<std::int32_t, 7>& sundayToSaturday, std::int32_t fudgeFactor) {
+  Recordset& row = GetStdHours();
+  const bool isMissing = row.Eof();
+  row.Close();
+  if (isMissing) throw DatabaseError("StandardHours has no row with RecNum 1 to be changed.");
+  std::vector<Value> values(sundayToSaturday.begin(), sundayToSaturday.end());
+  values.push_back(Long(fudgeFactor));
+  Connection().UpdateFirst(
+      kStandardHours,
+      {"SunHours", "MonHours", "TueHours", "WedHours", "ThuHours", "FriHours", "SatHours", "FudgeFactor"}, values,
+      {"RecNum", Long(1)});
+}
+
+void de::SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view description) {
+  Recordset& row = SpecialDaysByDate(date);
+  const bool isNew = row.Eof();
+  row.Close();
+  if (isNew) {
+    Connection().Insert(kSpecialDays, {"SpecialDate", "SpecialHours", "SpecialDesc"},
+                        {Day(date), Long(hours), Text(description)});
+  } else {
+    Connection().UpdateFirst(kSpecialDays, {"SpecialHours", "SpecialDesc"}, {Long(hours), Text(description)},
+                             {"SpecialDate", Day(date)});
+  }
+}
+
+void de::DeleteSpecialDay(DaySerial date) { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); }
+
+Recordset& de2::SelectQuery() { return Run("SelectQuery", {}); }
+
+void de2::UpdateQuery() { Run("UpdateQuery", {}); }
+
+Recordset& de2::EmpPRInfo() { return Run("EmpPRInfo", {}); }
+
+Recordset& de2::EmpPRHist() { return Run("EmpPRHist", {}); }
+
+Recordset& de2::FollowUps() { return Run("FollowUps", {}); }
+
+}  // namespace lantos

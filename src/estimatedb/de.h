@@ -1,0 +1,129 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "estimatedb/CommandTable.h"
+#include "estimatedb/Engine.h"
+#include "frame/Clock.h"
+
+namespace lantos {
+
+// A data environment: one connection and its named, parameterised commands. A command that returns rows leaves them
+// in the recordset that bears its name; a recordset that is open is closed first. The connection is opened on first
+// use, through the opener. Everything that runs a statement throws DatabaseError.
+class DataEnvironment {
+ public:
+  using Opener = std::function<std::unique_ptr<Engine>()>;
+
+  // What the connection string says; the engine is made of it on first use.
+  void SetOpener(Opener opener) { open_ = std::move(opener); }
+  bool IsConnected() const { return engine_ != nullptr; }
+  void Disconnect();
+
+  // The recordset of a command ("rsGetEstimatesByDate" is Rs("GetEstimatesByDate")).
+  Recordset& Rs(std::string_view command);
+  // The general-purpose statement runner: closes the recordset of the command and opens it on a text of the caller's.
+  Recordset& RunText(std::string_view command, std::string_view statement);
+  // Closes every recordset that is open.
+  void CloseRecordsets();
+  Engine& Connection();
+
+ protected:
+  explicit DataEnvironment(std::span<const Command> commands) : commands_(commands) {}
+  // Runs a command of the table with values in its order.
+  Recordset& Run(std::string_view command, const std::vector<Value>& values);
+
+ private:
+  std::span<const Command> commands_;
+  Opener open_;
+  std::unique_ptr<Engine> engine_;
+  std::map<std::string, Recordset, std::less<>> recordsets_;
+};
+
+// Lantos.mdb. The commands are named as they are in the table of CommandTable.h.
+class de : public DataEnvironment {
+ public:
+  de() : DataEnvironment(kLantosCommands) {}
+
+  void NewEstimate(std::int32_t estimate, DaySerial date);
+  void SetCustomer(std::int32_t customer, std::int32_t estimate);
+  void SetVehicle(FileLink vehicleLink, std::int32_t estimate);
+  Recordset& GetEstimatesByDate(DaySerial date);
+  Recordset& EstimateByNumber(std::int32_t estimate);
+  Recordset& LaborForEstimate(std::int32_t estimate);
+  void AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
+                Cents rate, Cents total, std::int32_t employee);
+  void DeleteLabor(std::int32_t estimate, std::int32_t laborNumber);
+  void SetComments(std::string_view comments, std::string_view estimate);
+  Recordset& GetStdHours();
+  Recordset& TotalsForEstimate(std::int32_t estimate);
+  Recordset& EstimatesTable(DaySerial date);
+  Recordset& PartsTable(std::string_view estimate);
+  void DeletePart(std::int32_t estimate, std::string_view part);
+  Recordset& SpecialDaysByDate(DaySerial date);
+  Recordset& SpecialDaysTable(std::string_view from);  // "mm/dd/yyyy"
+  void SetStatus(std::int32_t status, std::int32_t estimate);
+  void CloneEstimate(std::int32_t oldEstimate, std::int32_t newEstimate);
+  void CloneLabors(std::int32_t newEstimate, std::int32_t oldEstimate);
+  void CloneParts(std::int32_t newEstimate, std::int32_t oldEstimate);
+  Recordset& NotesForEstimate(std::int32_t estimate);
+  void AddNote(std::string_view estimate, std::string_view note, const std::vector<std::string>& eightLines);
+  void DeleteNote(std::int32_t estimate, std::int32_t note);
+  void CloneNotes(std::int32_t newEstimate, std::int32_t oldEstimate);
+  // A line of Sublets or Waste.
+  struct Extra {
+    std::string VendorName, VendorInvoice;
+    Cents Cost = 0, Price = 0;
+    std::string Desc1, Desc2, Desc3, Desc4;
+    std::string Taxable;  // "Yes" or "No"
+  };
+  Recordset& SubletsForEstimate(std::int32_t estimate);
+  void AddSublet(std::int32_t estimate, std::int32_t sublet, const Extra& line);
+  void DeleteSublet(std::int32_t estimate, std::int32_t sublet);
+  void CloneSublets(std::int32_t newEstimate, std::int32_t oldEstimate);
+  Recordset& GetSublet(std::int32_t estimate, std::int32_t sublet);
+  Recordset& EstimatesByCustomer(std::string_view customer);
+  Recordset& SelectQuery();
+  void UpdateQuery();
+  Recordset& TechHours();
+  struct VehicleSnapshot {
+    std::string VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans;
+  };
+  void SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std::int32_t estimate);
+  Recordset& WasteForEstimate(std::int32_t estimate);
+  void AddWaste(std::int32_t estimate, std::int32_t waste, const Extra& line);
+  void DeleteWaste(std::int32_t estimate, std::int32_t waste);
+  void CloneWaste(std::int32_t newEstimate, std::int32_t oldEstimate);
+  Recordset& GetWaste(std::int32_t estimate, std::int32_t waste);
+  Recordset& ChecklistForEstimate(std::int32_t estimate);
+  void DeleteChecklist(std::int32_t estimate);
+  Recordset& ChecklistTable();
+
+  // The recordset's editing: a new row of EstimatesTable, the one row of GetStdHours, a row of SpecialDaysByDate.
+  void AddEstimateRow(std::int32_t estimate, DaySerial date, std::int32_t status);
+  void UpdateStdHours(const std::array<std::int32_t, 7>& sundayToSaturday, std::int32_t fudgeFactor);
+  void SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view description);  // updates or adds
+  void DeleteSpecialDay(DaySerial date);
+};
+
+// Korvel.mdb.
+class de2 : public DataEnvironment {
+ public:
+  de2() : DataEnvironment(kKorvelCommands) {}
+
+  Recordset& SelectQuery();
+  void UpdateQuery();
+  Recordset& EmpPRInfo();
+  Recordset& EmpPRHist();
+  Recordset& FollowUps();
+};
+
+}  // namespace lantos

@@ -1,0 +1,104 @@
+#include "estimatedb/modEstimates.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+struct StatusRow {
+  std::string_view word;
+  bool countsTowardDay;
+};
+
+// By status code.
+constexpr std::array<StatusRow, kStatusCount> kStatuses = {{
+    {"Scheduled", true},
+    {"Arrived", true},
+    {"In Progress", true},
+    {"Completed", true},
+    {"Departed", true},
+    {"Continued", true},
+    {"Cancelled", false},
+    {"Rescheduled", false},
+    {"No-show", true},
+    {"Estimate Only", false},
+}};
+
+const StatusRow* FindStatus(std::int16_t status) {
+  const bool isKnown = status >= 0 && static_cast<std::size_t>(status) < kStatuses.size();
+  return isKnown ? &kStatuses[static_cast<std::size_t>(status)] : nullptr;
+}
+
+std::int16_t AsShort(std::int32_t value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  return static_cast<std::int16_t>(std::clamp<std::int32_t>(value, Limits::min(), Limits::max()));
+}
+
+}  // namespace
+
+void modEstimates::LoadEstimate(std::int32_t number) {
+  Recordset& row = de_.EstimateByNumber(number);
+  if (!row.Eof()) ReadRow(row, CurrentEstimate);
+  row.Close();
+}
+
+void modEstimates::ReadRow(const Recordset& row, Estimate& estimate) {
+  estimate.EstimateNumber = row.Long("EstimateNumber");
+  estimate.CustomerNumber = row.Long("CustomerNumber");
+  estimate.VehicleLink = row.Long("VehicleLink");
+  estimate.SchedDate = row.Date("SchedDate");
+  estimate.StartDate = row.Date("StartDate", -1);
+  estimate.StopDate = row.Date("StopDate", -1);
+  estimate.Status = AsShort(row.Long("Status"));
+  estimate.Mechanic = row.Long("Mechanic");
+  estimate.TotalPrice = row.Number("TotalPrice");
+  estimate.Comments = row.Text("Comments");
+  estimate.CreateDate = row.Date("CreateDate");
+  estimate.VehYear = Trim(row.Text("VehYear"));
+  estimate.VehMake = Trim(row.Text("VehMake"));
+  estimate.VehModel = Trim(row.Text("VehModel"));
+  estimate.VehVIN = Trim(row.Text("VehVIN"));
+  estimate.VehLic = Trim(row.Text("VehLic"));
+  estimate.VehDate = Trim(row.Text("VehDate"));
+  estimate.VehMileage = Trim(row.Text("VehMileage"));
+  estimate.VehEng = Trim(row.Text("VehEng"));
+  estimate.VehTrans = Trim(row.Text("VehTrans"));
+}
+
+std::int32_t modEstimates::CreateEstimate(DaySerial date, std::int16_t status) {
+  const std::int32_t number = system_.TakeNumber(sysrec::last_estimate_number);
+  Recordset& table = de_.Rs("EstimatesTable");
+  if (!table.IsOpen()) de_.EstimatesTable(date);
+  de_.AddEstimateRow(number, date, status);
+  table.Close();
+  return number;
+}
+
+void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber) {
+  de_.CloneEstimate(oldNumber, newNumber);
+  de_.CloneParts(newNumber, oldNumber);
+  de_.CloneLabors(newNumber, oldNumber);
+  de_.CloneNotes(newNumber, oldNumber);
+  de_.CloneSublets(newNumber, oldNumber);
+  de_.CloneWaste(newNumber, oldNumber);
+}
+
+void modEstimates::SaveStatus() { de_.SetStatus(CurrentEstimate.Status, CurrentEstimate.EstimateNumber); }
+
+std::string modEstimates::StatusText(std::int16_t& status, DaySerial schedDate) const {
+  if (status == kScheduled && schedDate < environment_.Today()) status = kNoShow;
+  const StatusRow* row = FindStatus(status);
+  return std::string(row == nullptr ? "Unknown" : row->word);
+}
+
+bool modEstimates::CountsTowardDay(std::int16_t status) {
+  const StatusRow* row = FindStatus(status);
+  return row != nullptr && row->countsTowardDay;
+}
+
+}  // namespace lantos

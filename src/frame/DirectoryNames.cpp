@@ -1,0 +1,145 @@
+#include "frame/DirectoryNames.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <ctime>
+#include <memory>
+
+#include "frame/FileError.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::int64_t kSecond = 1'000'000'000;
+// Two changes within one tick of the kernel's clock leave the same stamp. A reading that close to the last change is
+// not relied on; file systems that stamp whole seconds get a wider margin.
+constexpr std::int64_t kMargin = 20'000'000;
+constexpr std::int64_t kMarginOfWholeSeconds = 2 * kSecond;
+
+std::int64_t Nanoseconds(const timespec& time) { return time.tv_sec * kSecond + time.tv_nsec; }
+
+// Stamps are the kernel's, so they are compared with the kernel's clock; the program's own may stand.
+std::int64_t KernelNow() {
+  timespec now = {};
+  ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+  return Nanoseconds(now);
+}
+
+bool IsAscii(std::string_view text) {
+  return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+}
+
+// Names lie as UTF-8 on the disk. One that the ANSI page can't hold stays as it lies there.
+std::string AnsiName(std::string_view name) {
+  if (!IsAscii(name)) {
+    std::string ansi = FromUtf8(name);
+    if (ToUtf8(ansi) == name) return ansi;
+  }
+  return std::string(name);
+}
+
+std::string Fold(std::string_view name) { return ToUpper(AnsiName(name)); }
+
+bool Matches(std::string_view name, std::string_view pattern) {
+  std::size_t n = 0;
+  std::size_t p = 0;
+  std::size_t star = std::string_view::npos;
+  std::size_t resume = 0;
+  while (n < name.size()) {
+    if (p < pattern.size() && pattern[p] == '*') {
+      star = p++;
+      resume = n;
+    } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
+      ++p;
+      ++n;
+    } else if (star != std::string_view::npos) {
+      p = star + 1;
+      n = ++resume;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+template <class Visit>
+void ForEachEntry(const std::string& directory, Visit visit) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(directory.empty() ? "." : directory.c_str()), &::closedir);
+  if (!open) return;
+  while (const dirent* entry = ::readdir(open.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") visit(name);
+  }
+}
+
+}  // namespace
+
+bool DirectoryNames::IsFresh(const struct stat& now) const {
+  return settled_ && now.st_dev == readAt_.st_dev && now.st_ino == readAt_.st_ino &&
+         Nanoseconds(now.st_mtim) == Nanoseconds(readAt_.st_mtim);
+}
+
+// The stamp is taken before the names are read: a change in between shows at the next look.
+void DirectoryNames::Refresh() {
+  struct stat now = {};
+  if (::stat(directory_.empty() ? "." : directory_.c_str(), &now) != 0) {
+    names_.clear();
+    settled_ = false;
+    return;
+  }
+  if (IsFresh(now)) return;
+  const std::int64_t margin = now.st_mtim.tv_nsec == 0 ? kMarginOfWholeSeconds : kMargin;
+  settled_ = KernelNow() - Nanoseconds(now.st_mtim) > margin;
+  readAt_ = now;
+  names_.clear();
+  ForEachEntry(directory_, [this](std::string_view name) {
+    Spellings& spellings = names_[Fold(name)];
+    (spellings.first.empty() ? spellings.first : spellings.second) = name;
+  });
+}
+
+bool DirectoryNames::Exists(std::string_view name) const {
+  struct stat ignored = {};
+  return ::lstat((directory_ + std::string(name)).c_str(), &ignored) == 0;
+}
+
+std::string DirectoryNames::Look(const std::string& key) const {
+  const auto found = names_.find(key);
+  if (found == names_.end()) return {};
+  const Spellings& spellings = found->second;
+  if (spellings.second.empty()) return spellings.first;
+  const auto& [one, other] = std::minmax(spellings.first, spellings.second);
+  throw FileError(FileErrorNumber::PathFileAccess,
+                  "two spellings of one name in " + directory_ + ": " + one + " and " + other);
+}
+
+// A network mount may tell a change of the directory late, so the answer is checked against the file itself.
+std::string DirectoryNames::SpellingOf(std::string_view name) {
+  Refresh();
+  const std::string key = Fold(name);
+  std::string spelling = Look(key);
+  if (Exists(spelling.empty() ? name : std::string_view(spelling)) != spelling.empty()) return spelling;
+  settled_ = false;
+  Refresh();
+  return Look(key);
+}
+
+std::vector<std::string> DirectoryNames::Matching(std::string_view pattern) const {
+  std::vector<std::string> names;
+  const std::string folded = Fold(pattern);
+  ForEachEntry(directory_, [&](std::string_view name) {
+    struct stat status = {};
+    if (!Matches(Fold(name), folded)) return;
+    if (::stat((directory_ + std::string(name)).c_str(), &status) != 0 || S_ISDIR(status.st_mode)) return;
+    names.push_back(AnsiName(name));
+  });
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace lantos

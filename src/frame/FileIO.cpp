@@ -1,0 +1,125 @@
+#include "frame/FileIO.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "frame/SharedFile.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr int kWaitsForAFile = 2;  // slow network drives don't answer at once
+
+// The length of the UTF-8 character at the front of a text, 0 when there is none.
+std::size_t Utf8Length(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  const std::size_t length = lead < 0x80   ? 1
+                             : lead < 0xC2 ? 0
+                             : lead < 0xE0 ? 2
+                             : lead < 0xF0 ? 3
+                             : lead < 0xF5 ? 4
+                                           : 0;
+  if (length == 0 || length > text.size()) return 0;
+  const std::string_view rest = text.substr(1, length - 1);
+  const bool whole = std::all_of(rest.begin(), rest.end(), [](char c) { return (c & 0xC0) == 0x80; });
+  return whole ? length : 0;
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = Utf8Length(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+// Command line and settings hand a path on as the system wrote it, which is UTF-8; a name that the program made or
+// read from a file is in the ANSI page. Text of that page hardly ever looks like UTF-8 by accident.
+std::string PlatformText(std::string_view text) {
+  std::string path;
+  path.reserve(text.size());
+  for (char c : text.substr(0, text.find('\0'))) {
+    if (c == '\\') c = '/';
+    if (c != '/' || path.empty() || path.back() != '/') path += c;
+  }
+  return IsUtf8(path) ? path : ToUtf8(path);
+}
+
+}  // namespace
+
+std::filesystem::path PlatformPath(std::string_view text) { return PlatformText(text); }
+
+void FileIO::SetDataDir(std::string text) { dataDir_ = std::move(text); }
+
+std::string FileIO::PathText(std::string_view name) const {
+  std::string path = PlatformText(dataDir_ + std::string(name));
+  const std::size_t nameStart = path.find_last_of('/') + 1;
+  const std::string_view directory = std::string_view(path).substr(0, nameStart);
+  if (names_.Directory() != directory) names_ = DirectoryNames(std::string(directory));
+  // A text that ends in a separator names no file.
+  if (nameStart == path.size()) return path;
+  const std::string spelling = names_.SpellingOf(std::string_view(path).substr(nameStart));
+  if (!spelling.empty()) path.replace(nameStart, std::string::npos, spelling);
+  return path;
+}
+
+std::filesystem::path FileIO::PathOf(std::string_view name) const { return PathText(name); }
+
+bool FileIO::FileExists(std::string_view name) const {
+  const std::string_view trimmed = TrimView(name);
+  for (int waits = 0; waits < kWaitsForAFile; ++waits) {
+    if (IsThere(trimmed)) return true;
+    WaitOneSecond(clock_);
+  }
+  return IsThere(trimmed);
+}
+
+bool FileIO::IsThere(std::string_view name) const {
+  std::error_code error;
+  const std::filesystem::file_status status = std::filesystem::status(PathOf(name), error);
+  return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+std::vector<std::string> FileIO::List(std::string_view pattern) const {
+  const std::string path = PlatformText(dataDir_ + std::string(pattern));
+  const std::size_t nameStart = path.find_last_of('/') + 1;
+  return DirectoryNames(path.substr(0, nameStart)).Matching(std::string_view(path).substr(nameStart));
+}
+
+std::uintmax_t FileIO::Length(std::string_view name) const {
+  std::error_code error;
+  const std::uintmax_t length = std::filesystem::file_size(PathOf(name), error);
+  return error ? 0 : length;
+}
+
+// Under a claim that denies all, so that a file that somebody has open stays, and nobody opens it meanwhile.
+bool FileIO::Delete(std::string_view name) const {
+  try {
+    const std::filesystem::path path = PathOf(name);
+    const SharedFile claimed(path, Access::ReadWrite, Deny::All, Absent::Fail);
+    return ::unlink(path.c_str()) == 0;
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+void FileIO::FlushFile(std::string_view name) {
+  if (dataDir_.empty() && storedDataDir) {
+    std::string stored = storedDataDir();
+    if (!stored.empty() && stored.back() == '/') stored.back() = '\\';
+    SetDataDir(std::move(stored));
+  }
+  try {
+    SharedFile file(PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail);
+    file.Flush();
+    file.Close();
+  } catch (const FileError&) {
+    // A busy file is simply not flushed.
+  }
+}
+
+}  // namespace lantos

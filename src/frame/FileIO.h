@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/Clock.h"
+#include "frame/DirectoryNames.h"
+#include "frame/FileError.h"
+
+namespace lantos {
+
+// A text with the data directory's rules ("C:\shop\", "/srv/shop/\") as a path of this platform: backslashes become
+// separators, runs of separators one. Characters beyond ASCII become UTF-8, unless they are that already.
+std::filesystem::path PlatformPath(std::string_view text);
+
+// Everything that has to do with files by name. DataDir is text, with its trailing backslash; a name is appended to
+// it directly, and only here does the sum become a path. Names are found without regard to case, since the other
+// program writes them on systems that ignore it; the directory itself is taken as it is spelled.
+class FileIO {
+ public:
+  explicit FileIO(Clock& clock) : clock_(clock) {}
+
+  const std::string& DataDir() const { return dataDir_; }
+  void SetDataDir(std::string text);
+
+  // The existing file that bears the name in any case, or the name as given when there is none. Two spellings of one
+  // name in the directory: throws FileError (75) that names both.
+  std::filesystem::path PathOf(std::string_view name) const;
+
+  // DataDir + the trimmed name. When it isn't there, waits a second and looks again, at most twice.
+  bool FileExists(std::string_view name) const;
+  // One look, no waiting.
+  bool IsThere(std::string_view name) const;
+
+  // Names in DataDir that match a pattern with "*" and "?", without regard to case, sorted.
+  std::vector<std::string> List(std::string_view pattern) const;
+  std::uintmax_t Length(std::string_view name) const;  // 0 when it isn't there
+  // False when it could not be deleted, be it that somebody has it open.
+  bool Delete(std::string_view name) const;
+  // Opens the file for reading and writing with no sharing, flushes it to the disk and closes; errors are ignored. An
+  // empty DataDir is first set to what storedDataDir gives.
+  void FlushFile(std::string_view name);
+  // The data directory as the settings have it.
+  std::function<std::string()> storedDataDir;
+
+  Clock& GetClock() const { return clock_; }
+
+ private:
+  std::string PathText(std::string_view name) const;
+
+  Clock& clock_;
+  std::string dataDir_;
+  // Of the directory asked for last, which is the data directory.
+  mutable DirectoryNames names_{""};
+};
+
+}  // namespace lantos

@@ -1,0 +1,55 @@
+#include "frame/OpenFiles.h"
+
+namespace lantos {
+
+FileHandle OpenFiles::FreeFile() const {
+  FileHandle handle = 1;
+  for (const auto& [used, file] : open_) {
+    if (used != handle) break;
+    ++handle;
+  }
+  return handle;
+}
+
+FileHandle OpenFiles::Open(std::string_view name, Access access, Deny deny, Absent absent) {
+  const FileHandle handle = FreeFile();
+  open_.emplace(handle, SharedFile(files_.PathOf(name), access, deny, absent));
+  return handle;
+}
+
+SharedFile& OpenFiles::operator[](FileHandle handle) { return open_.at(handle); }
+
+void OpenFiles::CloseFile(FileHandle& handle) {
+  if (handle == kNoHandle) return;
+  const std::string number = std::to_string(handle);
+  open_.erase(handle);
+  if (handle == archivedTagFile_) {
+    archivedTagFile_ = kNoHandle;
+    log_.Write("Archived Wo Tag File pointer = " + number + " Closed.");
+  } else if (handle == receivingFile_) {
+    receivingFile_ = kNoHandle;
+    log_.Write("Receiving File pointer = " + number + " Closed.");
+  } else {
+    log_.Write("CloseFile: Closed file with pointer = " + number);
+  }
+  handle = kNoHandle;
+}
+
+FileHandle OpenFiles::OpenArchivedTagFile(std::string_view caller) {
+  if (archivedTagFile_ != kNoHandle) {
+    log_.Write(std::string(caller) + ": TQINCTAG already open");
+    FileHandle handle = archivedTagFile_;
+    CloseFile(handle);
+  }
+  archivedTagFile_ = Open("TQINCTAG.DAT", Access::Read, Deny::None);
+  log_.Write("Archived WO Tag File Pointer = " + std::to_string(archivedTagFile_) + " requested by " +
+             std::string(caller));
+  return archivedTagFile_;
+}
+
+void OpenFiles::ResetFileMarks() {
+  archivedTagFile_ = kNoHandle;
+  receivingFile_ = kNoHandle;
+}
+
+}  // namespace lantos

@@ -1,0 +1,156 @@
+#include "frame/Options.h"
+
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::string_view kPrintSection = "Print Options";
+constexpr std::string_view kStatusSection = "Status Options";
+// Values are read through buffers of 6 and 2 characters, the last one for the terminator.
+constexpr std::size_t kPrintValueLimit = 5;
+constexpr std::size_t kStatusValueLimit = 1;
+constexpr std::size_t kFontFactorLimit = 1;
+
+struct BooleanKey {
+  std::string_view name;
+  bool PrintOptions::*field;
+};
+struct NumberKey {
+  std::string_view name;
+  std::int16_t PrintOptions::*field;
+};
+
+constexpr BooleanKey kBooleanKeys[] = {
+    {"PrintCustomerOnWorksheet", &PrintOptions::PrintCustomerOnWorksheet},
+    {"PrintCommentsOnWorksheet", &PrintOptions::PrintCommentsOnWorksheet},
+    {"PrintNotesOnWorksheet", &PrintOptions::PrintNotesOnWorksheet},
+    {"PrintVehSummaryOnWorksheet", &PrintOptions::PrintVehSummaryOnWorksheet},
+    {"PrintDisclosure", &PrintOptions::PrintDisclosure},
+    {"PreviewWorksheet", &PrintOptions::PreviewWorksheet},
+    {"PreviewEstimate", &PrintOptions::PreviewEstimate},
+    {"ShowPrinterDialog", &PrintOptions::ShowPrinterDialog},
+    {"ShowPartNumbersOnEst", &PrintOptions::ShowPartNumbersOnEst},
+};
+
+constexpr NumberKey kNumberKeys[] = {
+    {"VehSummaryYears", &PrintOptions::VehSummaryYears},
+    {"VehSummaryLaborLines", &PrintOptions::VehSummaryLaborLines},
+    {"BlankLinesPerLabor", &PrintOptions::BlankLinesPerLabor},
+    {"BlankPartLines", &PrintOptions::BlankPartLines},
+};
+
+constexpr std::array<std::string_view, kStatusOptionCount> kStatusKeys = {
+    "ScheduledToArrived", "ScheduledToInProgress", "ArrivedToInProgress",   "ScheduledToComplete",
+    "ArrivedToComplete",  "InProgressToComplete",  "ContinuedAutoSchedule", "RescheduledAllow",
+};
+
+std::string_view WordFor(bool value) { return value ? "True" : "False"; }
+
+std::int16_t ToInteger(std::string_view text) {
+  const std::int32_t value = RoundHalfEven(ToNumber(text));
+  if (value < INT16_MIN || value > INT16_MAX) throw std::invalid_argument("Overflow");
+  return static_cast<std::int16_t>(value);
+}
+
+// The platform's word for what went wrong, with the key it went wrong at.
+template <class Convert>
+auto ReadAs(const ProfileFile& profile, std::string_view section, std::string_view key, std::string_view defaultValue,
+            Convert convert) {
+  const std::string text = profile.Get(section, key, defaultValue, kPrintValueLimit);
+  try {
+    return convert(text);
+  } catch (const std::invalid_argument& error) {
+    throw std::invalid_argument("Lantos.ini, [" + std::string(section) + "] " + std::string(key) + ": " + error.what());
+  }
+}
+
+}  // namespace
+
+PrintOptions LoadPrintOptions(const ProfileFile& profile) {
+  PrintOptions options;
+  for (const BooleanKey& key : kBooleanKeys) {
+    options.*key.field = ReadAs(profile, kPrintSection, key.name, WordFor(options.*key.field), ToBoolean);
+  }
+  for (const NumberKey& key : kNumberKeys) {
+    options.*key.field = ReadAs(profile, kPrintSection, key.name, std::to_string(options.*key.field), ToInteger);
+  }
+  return options;
+}
+
+void SavePrintOptions(ProfileFile& profile, const PrintOptions& options) {
+  for (const BooleanKey& key : kBooleanKeys) profile.Put(kPrintSection, key.name, WordFor(options.*key.field));
+  for (const NumberKey& key : kNumberKeys) {
+    profile.Put(kPrintSection, key.name, std::to_string(options.*key.field));
+  }
+}
+
+StatusOptions LoadStatusOptions(const ProfileFile& profile) {
+  StatusOptions options;
+  for (std::size_t i = 0; i < kStatusOptionCount; ++i) {
+    const std::string letter = profile.Get(kStatusSection, kStatusKeys[i], "A", kStatusValueLimit);
+    options.letters[i] = letter.empty() ? ' ' : letter[0];
+  }
+  return options;
+}
+
+void SaveStatusOptions(ProfileFile& profile, const StatusOptions& options) {
+  for (std::size_t i = 0; i < kStatusOptionCount; ++i) {
+    profile.Put(kStatusSection, kStatusKeys[i], std::string(1, options.letters[i]));
+  }
+}
+
+std::string_view WorkstationProfile::WriteSection() const {
+  return section_.empty() ? kDefaultsSection : std::string_view(section_);
+}
+
+int WorkstationProfile::ReadFontFactor() {
+  const auto read = [&](std::string_view section) {
+    return static_cast<int>(Val(profile_.Get(section, "FontFactor", "0", kFontFactorLimit)));
+  };
+  int factor = read(WriteSection());
+  if (factor == 0) factor = read(kDefaultsSection);
+  if (factor == 0) {
+    factor = 1;
+    profile_.Put(kDefaultsSection, "FontFactor", "1");
+  }
+  return factor;
+}
+
+void WorkstationProfile::WriteFontFactor(int& value) {
+  if (value < 1 || value > 9) value = 1;
+  profile_.Put(WriteSection(), "FontFactor", std::to_string(value));
+}
+
+std::string WorkstationProfile::ReadBackupCmd() {
+  const std::string own = profile_.Get(WriteSection(), "BackupCmd", "");
+  return own.empty() ? profile_.Get(kDefaultsSection, "BackupCmd", "") : own;
+}
+
+void WorkstationProfile::WriteBackupCmd(std::string_view text) { profile_.Put(WriteSection(), "BackupCmd", text); }
+
+bool WorkstationProfile::ReadBackupCmdWait() {
+  std::string text = profile_.Get(WriteSection(), "BackupCmdWait", "");
+  if (text.empty()) text = profile_.Get(kDefaultsSection, "BackupCmdWait", "");
+  if (text.empty()) {
+    text = "True";
+    profile_.Put(kDefaultsSection, "BackupCmdWait", text);
+  }
+  return ToBoolean(text);
+}
+
+void WorkstationProfile::WriteBackupCmdWait(bool wait) {
+  profile_.Put(WriteSection(), "BackupCmdWait", WordFor(wait));
+}
+
+ShopOptions LoadShopOptions(const ProfileFile& profile) {
+  ShopOptions options;
+  options.LaborDateOption = ReadAs(profile, "Options", "LaborDateOption", "False", ToBoolean);
+  options.RepairCodeOption = ReadAs(profile, "Options", "RepairCodeOption", "False", ToBoolean);
+  options.InventoryTagVersion = ReadAs(profile, "Inventory", "InventoryTagVersion", "0", ToInteger);
+  return options;
+}
+
+}  // namespace lantos

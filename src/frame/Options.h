@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "frame/ProfileFile.h"
+
+namespace lantos {
+
+// Section "Print Options" of Lantos.ini.
+struct PrintOptions {
+  bool PrintCustomerOnWorksheet = true;
+  bool PrintCommentsOnWorksheet = true;
+  bool PrintNotesOnWorksheet = false;
+  bool PrintVehSummaryOnWorksheet = true;
+  std::int16_t VehSummaryYears = 1;
+  std::int16_t VehSummaryLaborLines = 1;
+  std::int16_t BlankLinesPerLabor = 3;
+  std::int16_t BlankPartLines = 3;
+  bool PrintDisclosure = false;
+  bool PreviewWorksheet = true;
+  bool PreviewEstimate = true;
+  bool ShowPrinterDialog = true;
+  bool ShowPartNumbersOnEst = true;
+};
+// A text that is neither boolean nor number under such a key throws std::invalid_argument.
+PrintOptions LoadPrintOptions(const ProfileFile& profile);
+void SavePrintOptions(ProfileFile& profile, const PrintOptions& options);
+
+// Section "Status Options" of Lantos.ini: one character each, "Y" yes, "N" no, "A" ask, "E" refuse.
+enum class StatusOption {
+  ScheduledToArrived,
+  ScheduledToInProgress,
+  ArrivedToInProgress,
+  ScheduledToComplete,
+  ArrivedToComplete,
+  InProgressToComplete,
+  ContinuedAutoSchedule,
+  RescheduledAllow,
+};
+inline constexpr std::size_t kStatusOptionCount = 8;
+struct StatusOptions {
+  std::array<char, kStatusOptionCount> letters = {'A', 'A', 'A', 'A', 'A', 'A', 'A', 'A'};
+  char operator[](StatusOption option) const { return letters[static_cast<std::size_t>(option)]; }
+};
+StatusOptions LoadStatusOptions(const ProfileFile& profile);
+void SaveStatusOptions(ProfileFile& profile, const StatusOptions& options);
+
+inline constexpr std::string_view kDefaultsSection = "Lantos Defaults";
+
+// The settings of this workstation in Lantos.ini: section profileSection, with "Lantos Defaults" behind it.
+class WorkstationProfile {
+ public:
+  WorkstationProfile(ProfileFile& profile, std::string profileSection)
+      : profile_(profile), section_(std::move(profileSection)) {}
+
+  int ReadFontFactor();             // 1 to 9; 0 everywhere becomes 1, written to the defaults
+  void WriteFontFactor(int& value); // a value outside 1 to 9 becomes 1, in the caller's variable too
+  std::string ReadBackupCmd();
+  void WriteBackupCmd(std::string_view text);
+  bool ReadBackupCmdWait();
+  void WriteBackupCmdWait(bool wait);
+
+ private:
+  std::string_view WriteSection() const;
+  ProfileFile& profile_;
+  std::string section_;
+};
+
+// Keys of Lantos.ini that have no screen: sections "Options" and "Inventory".
+struct ShopOptions {
+  bool LaborDateOption = false;
+  bool RepairCodeOption = false;
+  int InventoryTagVersion = 0;
+};
+ShopOptions LoadShopOptions(const ProfileFile& profile);
+
+}  // namespace lantos

@@ -1,0 +1,136 @@
+#include "frame/ProfileFile.h"
+
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <vector>
+
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+// The file's lines, each with its own line end.
+std::vector<std::string> ReadLines(const std::filesystem::path& path) {
+  std::vector<std::string> lines;
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return lines;
+  std::ostringstream all;
+  all << in.rdbuf();
+  const std::string text = all.str();
+  for (std::size_t start = 0; start < text.size();) {
+    std::size_t end = text.find_first_of("\r\n", start);
+    if (end == std::string::npos) {
+      end = text.size();
+    } else {
+      end += text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n' ? 2 : 1;
+    }
+    lines.push_back(text.substr(start, end - start));
+    start = end;
+  }
+  return lines;
+}
+
+std::string_view Blankless(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::string_view WithoutLineEnd(std::string_view line) {
+  return line.substr(0, std::min(line.find_first_of("\r\n"), line.size()));
+}
+
+std::string_view LineEndOf(std::string_view line) { return line.substr(WithoutLineEnd(line).size()); }
+
+// The name between brackets, if the line opens a section.
+std::optional<std::string_view> SectionOf(std::string_view line) {
+  const std::string_view text = Blankless(WithoutLineEnd(line));
+  if (text.empty() || text.front() != '[') return std::nullopt;
+  return Blankless(text.substr(1, text.find(']') == std::string_view::npos ? text.size() : text.find(']') - 1));
+}
+
+bool IsKey(std::string_view line, std::string_view key) {
+  const std::string_view text = Blankless(WithoutLineEnd(line));
+  if (text.empty() || text.front() == ';') return false;
+  const std::size_t equals = text.find('=');
+  return equals != std::string_view::npos && EqualsIgnoringCase(Blankless(text.substr(0, equals)), key);
+}
+
+struct Place {
+  std::optional<std::size_t> section;  // the line that opens it
+  std::optional<std::size_t> key;
+  std::size_t sectionEnd = 0;  // behind the section's last line that isn't blank
+};
+
+Place Locate(const std::vector<std::string>& lines, std::string_view section, std::string_view key) {
+  Place place;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (const auto name = SectionOf(lines[i])) {
+      if (place.section) break;
+      if (EqualsIgnoringCase(*name, section)) {
+        place.section = i;
+        place.sectionEnd = i + 1;
+      }
+    } else if (place.section) {
+      if (IsKey(lines[i], key)) {
+        place.key = i;
+        break;
+      }
+      if (!Blankless(WithoutLineEnd(lines[i])).empty()) place.sectionEnd = i + 1;
+    }
+  }
+  return place;
+}
+
+// A key, a value or a section name can't hold a line end: the rest would become lines of its own.
+std::string OneLine(std::string_view text) { return std::string(WithoutLineEnd(text.substr(0, text.find('\0')))); }
+
+bool WriteLines(const std::filesystem::path& path, const std::vector<std::string>& lines) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  for (const std::string& line : lines) out << line;
+  out.flush();
+  return out.good();
+}
+
+// So that a line can follow.
+void EndLine(std::vector<std::string>& lines, std::string_view lineEnd) {
+  if (!lines.empty() && LineEndOf(lines.back()).empty()) lines.back() += lineEnd;
+}
+
+}  // namespace
+
+std::string ProfileFile::Get(std::string_view section, std::string_view key, std::string_view defaultValue,
+                             std::size_t limit) const {
+  const std::vector<std::string> lines = ReadLines(path_);
+  const Place place = Locate(lines, section, key);
+  if (!place.key) return std::string(defaultValue.substr(0, limit));
+  const std::string_view line = WithoutLineEnd(lines[*place.key]);
+  std::string_view value = Blankless(line.substr(line.find('=') + 1));
+  if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
+    value = value.substr(1, value.size() - 2);
+  }
+  return std::string(value.substr(0, limit));
+}
+
+bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
+  std::vector<std::string> lines = ReadLines(path_);
+  const std::string lineEnd = lines.empty() || LineEndOf(lines[0]).empty() ? "\r\n" : std::string(LineEndOf(lines[0]));
+  const std::string entry = OneLine(key) + "=" + OneLine(value);
+  const Place place = Locate(lines, section, key);
+  if (place.key) {
+    std::string& line = lines[*place.key];
+    line = entry + std::string(LineEndOf(line));
+  } else if (place.section) {
+    if (place.sectionEnd == lines.size()) EndLine(lines, lineEnd);
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place.sectionEnd), entry + lineEnd);
+  } else {
+    EndLine(lines, lineEnd);
+    lines.push_back("[" + OneLine(section) + "]" + lineEnd);
+    lines.push_back(entry + lineEnd);
+  }
+  return WriteLines(path_, lines);
+}
+
+}  // namespace lantos

@@ -1,0 +1,87 @@
+#include "frame/RunLog.h"
+
+#include <fmt/format.h>
+
+#include "frame/Dates.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr int kNamesADay = 1000;
+constexpr std::size_t kStampWidth = 20;
+
+void DeleteOthers(const FileIO& files, std::string_view pattern, std::string_view prefix) {
+  for (const std::string& name : files.List(pattern)) {
+    if (!EqualsIgnoringCase(Left(name, prefix.size()), prefix)) files.Delete(name);
+  }
+}
+
+// The first name that no file bears yet; empty when all are taken.
+template <class NameOf>
+std::string FirstFree(const FileIO& files, NameOf nameOf) {
+  for (int n = 0; n < kNamesADay; ++n) {
+    std::string name = nameOf(n);
+    if (!files.FileExists(name)) return name;
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string DayMark(DaySerial day) {
+  const CivilDate date = FromSerial(day);
+  return fmt::format("{}{:02}", kMonthCharacters[date.month - 1], date.day);
+}
+
+bool RunLog::Open() {
+  const std::string prefix = "LN" + DayMark(files_.GetClock().Today());
+  for (const std::string& name : files_.List("LN*.LOG")) {
+    if (EqualsIgnoringCase(Left(name, prefix.size()), prefix)) continue;
+    try {
+      // A log that another workstation holds open stays.
+      SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail);
+      files_.Delete(name);
+    } catch (const FileError&) {
+    }
+  }
+  name_ = FirstFree(files_, [&](int n) { return prefix + fmt::format("{:03}.LOG", n); });
+  if (name_.empty()) return false;
+  file_ = SharedFile(files_.PathOf(name_), Access::ReadWrite, Deny::All);
+  offset_ = 0;
+  return true;
+}
+
+void RunLog::Write(std::string_view message) noexcept {
+  if (!file_.IsOpen()) return;
+  try {
+    std::string line = LeftJustify(FormatDateTime(files_.GetClock().Now()), kStampWidth);
+    line += message;
+    line += "\r\n";
+    file_.WriteAt(offset_, std::as_bytes(std::span(line)));
+    offset_ += line.size();
+  } catch (...) {
+    // A log that can't be written is nobody's business.
+  }
+}
+
+void RunLog::Close() {
+  file_.Close();
+}
+
+std::filesystem::path RunLog::Path() const {
+  return name_.empty() ? std::filesystem::path() : files_.PathOf(name_);
+}
+
+std::string UpdateFilePrefix(DaySerial day) { return "AU" + DayMark(day); }
+
+std::string FreeUpdateFileName(const FileIO& files, DaySerial day) {
+  return FirstFree(files, [&](int n) { return UpdateFilePrefix(day) + std::to_string(n) + ".$$$"; });
+}
+
+void DeleteOldUpdateFiles(const FileIO& files, DaySerial day) {
+  DeleteOthers(files, "AU*.$$$", UpdateFilePrefix(day));
+}
+
+}  // namespace lantos

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "frame/FileIO.h"
+#include "frame/SharedFile.h"
+
+namespace lantos {
+
+inline constexpr char kMonthCharacters[] = "123456789abc";
+
+// Month character and two-digit day: "b15" for 15 November.
+std::string DayMark(DaySerial day);
+
+// The text log of one run, "LN" + day mark + three-digit counter + ".LOG" in DataDir.
+class RunLog {
+ public:
+  explicit RunLog(FileIO& files) : files_(files) {}
+
+  // Deletes logs of other days, takes the first free name of today and opens it with no sharing. False when all 1000
+  // names are taken; throws FileError when the file can't be opened.
+  bool Open();
+  // One line: date and time padded to 20 characters, the message, CR LF. Never reports.
+  void Write(std::string_view message) noexcept;
+  void Close();
+  const std::string& Name() const { return name_; }  // empty before Open
+  std::filesystem::path Path() const;
+
+ private:
+  FileIO& files_;
+  SharedFile file_;
+  std::string name_;
+  std::uint64_t offset_ = 0;
+};
+
+// "AU" + day mark.
+std::string UpdateFilePrefix(DaySerial day);
+// The first free name prefix + n + ".$$$", n from 0 to 999; empty when all are taken.
+std::string FreeUpdateFileName(const FileIO& files, DaySerial day);
+// Deletes update files of other days, going on past errors.
+void DeleteOldUpdateFiles(const FileIO& files, DaySerial day);
+
+}  // namespace lantos

@@ -1,0 +1,51 @@
+#include "frame/UserSettings.h"
+
+#include <cstdlib>
+
+#include "frame/ProfileFile.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+std::filesystem::path UserSettings::PlatformDirectory() {
+  const char* configured = std::getenv("XDG_CONFIG_HOME");
+  if (configured != nullptr && configured[0] == '/') return std::filesystem::path(configured) / "lantos";
+  const char* home = std::getenv("HOME");
+  return std::filesystem::path(home != nullptr && home[0] == '/' ? home : "/tmp") / ".config" / "lantos";
+}
+
+std::filesystem::path UserSettings::FileOf(std::string_view application) const {
+  return directory_ / (std::string(application) + ".conf");
+}
+
+std::string UserSettings::Get(std::string_view application, std::string_view section, std::string_view key,
+                              std::string_view defaultValue) const {
+  return ProfileFile(FileOf(application)).Get(section, key, defaultValue);
+}
+
+void UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
+                        std::string_view value) {
+  std::error_code ignored;
+  std::filesystem::create_directories(directory_, ignored);
+  ProfileFile(FileOf(application)).Put(section, key, value);
+}
+
+std::string UserSettings::Get(std::string_view key, std::string_view defaultValue) const {
+  return Get(kOwnApplication, kSettingsSection, key, defaultValue);
+}
+
+void UserSettings::Save(std::string_view key, std::string_view value) {
+  Save(kOwnApplication, kSettingsSection, key, value);
+}
+
+double UserSettings::GetNumber(std::string_view key, double defaultValue) const {
+  const std::string text = Get(key);
+  return text.empty() ? defaultValue : ToNumber(text);
+}
+
+bool UserSettings::GetBoolean(std::string_view key, bool defaultValue) const {
+  const std::string text = Get(key);
+  return text.empty() ? defaultValue : ToBoolean(text);
+}
+
+}  // namespace lantos

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace lantos {
+
+// The per-user settings store: one file an application name, under the user's configuration directory. Values are
+// read from the file at each Get, so that another running copy's change is seen. Keys and sections are found without
+// regard to case. A file that can't be written loses the value silently.
+class UserSettings {
+ public:
+  explicit UserSettings(std::filesystem::path directory) : directory_(std::move(directory)) {}
+  // XDG_CONFIG_HOME/lantos, or ~/.config/lantos.
+  static std::filesystem::path PlatformDirectory();
+
+  std::string Get(std::string_view application, std::string_view section, std::string_view key,
+                  std::string_view defaultValue = "") const;
+  void Save(std::string_view application, std::string_view section, std::string_view key, std::string_view value);
+
+  // The same for the program's own application and section.
+  std::string Get(std::string_view key, std::string_view defaultValue = "") const;
+  void Save(std::string_view key, std::string_view value);
+  double GetNumber(std::string_view key, double defaultValue) const;
+  bool GetBoolean(std::string_view key, bool defaultValue) const;
+
+ private:
+  std::filesystem::path FileOf(std::string_view application) const;
+  std::filesystem::path directory_;
+};
+
+inline constexpr std::string_view kOwnApplication = "Lantos";
+inline constexpr std::string_view kMainApplication = "Korvel";
+inline constexpr std::string_view kSettingsSection = "Settings";
+
+}  // namespace lantos

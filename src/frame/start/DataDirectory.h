@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "frame/Environment.h"
+#include "ui/Desktop.h"
+
+namespace lantos {
+
+// "/D=" or "/d=" and a directory: stored as the main application's DataDir setting, with a final backslash, and read
+// from there by what follows. There is no other switch.
+void ProcessCommandLine(Environment& environment, const std::string& commandLine);
+
+// Finds the data directory through the main application's setting, asking where there is none, and makes sure that
+// it holds the scheduler's database. False when the operator gave up.
+bool ResolveDataDir(Environment& environment, ui::Desktop& desktop);
+
+}  // namespace lantos

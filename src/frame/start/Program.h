@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "frame/Clock.h"
+#include "frame/UserSettings.h"
+#include "ui/Desktop.h"
+
+namespace lantos {
+
+// What the process was started with.
+struct Invocation {
+  std::string commandLine;   // all arguments, joined by blanks
+  std::string computerName;  // empty when it has none
+};
+
+// One running copy: builds the modules, brings the main window up, serves the person, and goes down in order. Two can
+// live in one process, each with its own state.
+class Program {
+ public:
+  Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Invocation invocation);
+  ~Program();
+
+  // From the first line of the main window's load event to the end. The result is the exit code of the process.
+  int Run();
+  // Of this run's log file; empty before it is open.
+  std::string LogPath() const;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+// The computer's name from the platform; empty when it has none.
+std::string PlatformComputerName();
+
+}  // namespace lantos

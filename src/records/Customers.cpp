@@ -1,0 +1,266 @@
+#include "records/Customers.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "records/Contention.h"
+#include "records/OpenedFile.h"
+#include "records/PriceLevels.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kTagsABlock = 176;
+// Later dates of vehicles are garbage.
+constexpr FileDate kGarbageDate = 1000000;
+
+std::int32_t NumberOf(const CustomerTag& tag) { return tag.Get(customertag::Number); }
+
+// Trims a text field in its record, and tells the text.
+template <class RecordType>
+std::string TrimInPlace(RecordType& record, TextField field) {
+  std::string text = record.Get(field);
+  record.Put(field, text);
+  return text;
+}
+
+}  // namespace
+
+bool Customers::LoadCustomerTags() {
+  tags_.clear();
+  numbers_.Forget();
+  OpenedFile file(environment_.openFiles);
+  Contention contention(contention::kLoadCustomerTags, desktop_, environment_.clock);
+  const bool done = contention.Run([&] { file.Open(kCustomerTagFile, Access::Read, Deny::None); }) &&
+                    contention.Run([&] { FillTags(*file); });
+  if (!done) tags_.clear();
+  return done;
+}
+
+// Each block is read right behind the tags that are held, and empty slots are closed up there: no copy, and no tag is
+// touched twice.
+void Customers::FillTags(const SharedFile& file) {
+  tags_.clear();
+  const std::size_t expected = static_cast<std::size_t>(file.Length() / CustomerTag::kLength);
+  tags_.reserve(std::min(expected, kCustomerLimit) + kTagsABlock);
+  constexpr std::uint64_t kBlockBytes = kTagsABlock * CustomerTag::kLength;
+  for (std::uint64_t offset = 0; tags_.size() < kCustomerLimit; offset += kBlockBytes) {
+    const std::size_t held = tags_.size();
+    tags_.resize(held + kTagsABlock);
+    const std::size_t bytes = ReadRecords(file, offset, std::span(tags_).subspan(held));
+    const auto first = tags_.begin() + static_cast<std::ptrdiff_t>(held);
+    tags_.erase(std::remove_if(first, tags_.end(), [](const CustomerTag& tag) { return NumberOf(tag) == 0; }),
+                tags_.end());
+    if (bytes < kBlockBytes) break;
+  }
+  if (tags_.size() > kCustomerLimit) tags_.resize(kCustomerLimit);
+}
+
+std::size_t Customers::FindCustomerTag(const CustomerRecord& record) {
+  return FindCustomerTag(record.Get(customer::Number));
+}
+
+std::size_t Customers::FindCustomerTag(std::int32_t number) {
+  const std::size_t index = numbers_.Find(tags_, number);
+  if (index < tags_.size()) CurrentTag = tags_[index];
+  return index;
+}
+
+bool Customers::ReadCustomer() {
+  const FileLink offset = CurrentTag.Get(customertag::Offset);
+  if (offset < 0 || static_cast<std::uint64_t>(offset) >= environment_.files.Length(kCustomerFile)) {
+    const std::string number = std::to_string(std::max(offset, kNoLink));
+    desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
+    return false;
+  }
+  if (CurrentCustomer.Get(customer::Number) == NumberOf(CurrentTag)) return true;
+  OpenedFile file(environment_.openFiles);
+  Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
+  return contention.Run([&] { file.Open(kCustomerFile, Access::Read, Deny::None); }) &&
+         contention.Run([&] { ReadRecord(*file, offset, CurrentCustomer); });
+}
+
+bool Customers::WriteCustomer() {
+  std::size_t index = FindCustomerTag(CurrentCustomer);
+  if (index == Count()) {
+    // Without the tags the customer would pass for the first of all, and take the place of another one's tag.
+    if (!LoadCustomerTags()) return false;
+    index = FindCustomerTag(CurrentCustomer);
+  }
+  const bool isNew = index == Count();
+  if (isNew) {
+    if (index >= kCustomerLimit) throw std::length_error("No more than 32767 customers can be held.");
+    CurrentTag = {};
+    CurrentTag.Put(customertag::Offset, kNoLink);
+  }
+  MakeTagFollowCustomer();
+  if (isNew) {
+    tags_.push_back(CurrentTag);
+    numbers_.Appended(tags_);
+  } else {
+    tags_[index] = CurrentTag;
+  }
+  return WriteTagAndMaster(index);
+}
+
+void Customers::MakeTagFollowCustomer() {
+  const std::string lastname = TrimInPlace(CurrentCustomer, customer::Lastname);
+  const std::string firstname = TrimInPlace(CurrentCustomer, customer::Firstname);
+  const std::string spouseLast = TrimInPlace(CurrentCustomer, customer::SpouseLast);
+  const std::string spouse = TrimInPlace(CurrentCustomer, customer::Spouse);
+  CurrentTag.Put(customertag::Number, CurrentCustomer.Get(customer::Number));
+  CurrentTag.Put(customertag::NameKey, lastname + "," + firstname);
+  CurrentTag.Put(customertag::SpouseKey, spouseLast + "," + spouse);
+  CurrentTag.Put(customertag::Phone, CurrentCustomer.View(customer::HomePhone));
+  CurrentTag.Put(customertag::reserved, "");
+}
+
+// The place in the array serves as the place in the file. It is, as long as no empty slot lies ahead of it in the
+// file; this program never makes one, and one made by another program shifts the tags behind it.
+bool Customers::WriteTagAndMaster(std::size_t index) {
+  OpenedFile tagFile(environment_.openFiles);
+  OpenedFile masterFile(environment_.openFiles);
+  Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_.clock);
+  Contention masterContention(contention::kWriteCustomer, desktop_, environment_.clock);
+  if (!tagContention.Run([&] { tagFile.Open(kCustomerTagFile, Access::Write, Deny::None); })) return false;
+  if (!masterContention.Run([&] { masterFile.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
+  // A customer whose first writing was given up is in the array without a master; it counts as new again.
+  if (CurrentTag.Get(customertag::Offset) < 0) {
+    CurrentTag.Put(customertag::Offset, LinkAtEnd(masterFile->Length(), kCustomerFile));
+    tags_[index] = CurrentTag;
+  }
+  const FileLink offset = CurrentTag.Get(customertag::Offset);
+  const std::uint64_t tagOffset = index * CustomerTag::kLength;
+  if (!tagContention.Run([&] { tagFile->WriteAt(tagOffset, CurrentTag.Bytes()); })) return false;
+  if (!masterContention.Run([&] { WriteRecord(*masterFile, offset, CurrentCustomer); })) return false;
+  tagFile.Close();
+  environment_.files.FlushFile(kCustomerTagFile);
+  masterFile.Close();
+  environment_.files.FlushFile(kCustomerFile);
+  return true;
+}
+
+void Customers::NewCustomer() {
+  const std::int32_t number = system_.TakeNumber(sysrec::last_customer_number);
+  CurrentCustomer = {};
+  CurrentCustomer.Put(customer::Number, number);
+  CurrentCustomer.Put(customer::City, system_.SysRec.View(sysrec::company_city));
+  CurrentCustomer.Put(customer::State, system_.SysRec.View(sysrec::company_state));
+  CurrentCustomer.Put(customer::pricing_level, kRetail);
+  CurrentCustomer.Put(customer::Date, ToFileDate(environment_.Today()));
+  CurrentCustomer.Put(customer::VLink, kNoLink);
+}
+
+FileDate Customers::LatestVehicleDate(FileHandle handle) {
+  const VehicleRecord keptVehicle = vehicles_.CurrentVehicle;
+  const FileLink keptOffset = vehicles_.CurrentVehicleOffset;
+  FileDate latest = -1;
+  const auto keepGreatest = [&](FileLink) {
+    const FileDate date = vehicles_.CurrentVehicle.Get(vehicle::Date);
+    if (date < kGarbageDate) latest = std::max(latest, date);
+    return true;
+  };
+  const FileLink first = CurrentCustomer.Get(customer::VLink);
+  if (handle == kNoHandle) {
+    vehicles_.Walk(first, keepGreatest);
+  } else {
+    vehicles_.Walk(first, handle, keepGreatest);
+  }
+  vehicles_.CurrentVehicle = keptVehicle;
+  vehicles_.CurrentVehicleOffset = keptOffset;
+  return latest;
+}
+
+std::string Customers::SpouseName(std::size_t index) {
+  CustomerTag& tag = tags_.at(index);
+  const std::string nameKey = TrimInPlace(tag, customertag::NameKey);
+  const std::string spouseKey = TrimInPlace(tag, customertag::SpouseKey);
+  const std::size_t comma = nameKey.find(',');
+  if (comma == std::string::npos || comma == 0) return {};
+  return nameKey.substr(0, comma) + spouseKey;
+}
+
+void Customers::AppendVehicle() {
+  vehicles_.CurrentVehicleOffset = LinkAtEnd(vehicles_.FileLength(), kVehicleFile);
+  vehicles_.CurrentVehicle.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
+  vehicles_.WriteVehicle();
+  // Not written: a chain that began at "none" would lose all vehicles of the customer.
+  if (vehicles_.CurrentVehicleOffset == kNoLink) return;
+  try {
+    if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
+  } catch (const FileError& error) {
+    // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
+    environment_.log.Write(std::string("AppendVehicle: ") + error.what());
+  }
+  CurrentCustomer.Put(customer::VLink, vehicles_.CurrentVehicleOffset);
+  WriteCustomer();
+}
+
+bool Customers::LookupCustomer(std::int32_t customerNumber, FileLink vehicleLink) {
+  // Screens share the working records, so what is remembered counts only while they still hold it.
+  const bool known = lookupCustomer_ == customerNumber && CurrentCustomer.Get(customer::Number) == customerNumber &&
+                     NumberOf(CurrentTag) == customerNumber;
+  if (!known && !FetchCustomer(customerNumber)) {
+    ForgetLookup();
+    return false;
+  }
+  lookupCustomer_ = customerNumber;
+  if (vehicleLink == kNoLink) return true;
+  if (lookupVehicle_ != vehicleLink || vehicles_.CurrentVehicleOffset != vehicleLink) {
+    vehicles_.ReadVehicle(vehicleLink);
+    lookupVehicle_ = vehicles_.CurrentVehicleOffset;
+  }
+  return true;
+}
+
+bool Customers::FetchCustomer(std::int32_t number) {
+  const bool wasEmpty = tags_.empty();
+  if (wasEmpty) LoadCustomerTags();
+  std::size_t index = FindCustomerTag(number);
+  if (index == Count() && !wasEmpty) {
+    LoadCustomerTags();
+    index = FindCustomerTag(number);
+  }
+  return index != Count() && ReadCustomer();
+}
+
+void Customers::ForgetLookup() {
+  lookupCustomer_ = -1;
+  lookupVehicle_ = -1;
+}
+
+const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {
+  index_.clear();
+  ForgetLookup();
+  if (!LoadCustomerTags()) return index_;
+  OpenedFile masters(environment_.openFiles);
+  Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
+  if (!contention.Run([&] { masters.Open(kCustomerFile, Access::Read, Deny::None); })) return index_;
+  CustomerRecord kept = CurrentCustomer;
+  LoadIndex(*masters);
+  // What is in memory of a customer must be as fresh as the rest, since it isn't read again.
+  for (const CustomerIndexRow& row : index_) {
+    if (row.customer.Get(customer::Number) == kept.Get(customer::Number)) kept = row.customer;
+  }
+  CurrentCustomer = kept;
+  return index_;
+}
+
+void Customers::LoadIndex(const SharedFile& masters) {
+  const std::uint64_t length = masters.Length();
+  OpenedFile vehicleFile(environment_.openFiles);
+  vehicleFile.TakeOver(vehicles_.OpenVehicleForRead());
+  index_.reserve(tags_.size());
+  for (const CustomerTag& tag : tags_) {
+    const FileLink offset = tag.Get(customertag::Offset);
+    if (offset < 0 || static_cast<std::uint64_t>(offset) >= length) continue;
+    ReadRecord(masters, offset, CurrentCustomer);
+    // Without the vehicle file (the operator gave up) nobody has a vehicle date.
+    index_.push_back({CurrentCustomer, vehicleFile.IsOpen() ? LatestVehicleDate(vehicleFile.Handle()) : -1});
+  }
+}
+
+}  // namespace lantos

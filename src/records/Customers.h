@@ -1,0 +1,109 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "frame/Environment.h"
+#include "records/CustomerNumbers.h"
+#include "records/CustomerTag.h"
+#include "records/Record.h"
+#include "records/RecordArray.h"
+#include "records/Vehicles.h"
+#include "records/modSystem.h"
+#include "ui/Desktop.h"
+
+namespace lantos {
+
+// TQCSTDAT.DAT: the full record.
+namespace customer {
+inline constexpr LongField Number{0};
+inline constexpr TextField Lastname{Number.End(), 21};
+inline constexpr TextField Firstname{Lastname.End(), 21};
+inline constexpr TextField Spouse{Firstname.End(), 21};  // first name
+inline constexpr TextField SpouseLast{Spouse.End(), 21};
+inline constexpr TextField Address{SpouseLast.End(), 33};
+inline constexpr TextField City{Address.End(), 21};
+inline constexpr TextField State{City.End(), 3};
+inline constexpr TextField Zip{State.End(), 11};
+inline constexpr TextField HomePhone{Zip.End(), 15};
+inline constexpr TextField WorkPhone{HomePhone.End(), 15};
+inline constexpr TextField WorkExt{WorkPhone.End(), 6};
+inline constexpr TextField OtherPhone{WorkExt.End(), 15};
+inline constexpr IntegerField pricing_level{OtherPhone.End()};  // 0 to 3: Cost, Wholesale, Resale, Retail
+inline constexpr LongField Date{pricing_level.End()};           // FileDate of the record's creation
+inline constexpr TextField tax_id_number{Date.End(), 21};       // blank for a taxable customer
+inline constexpr TextField Comment{tax_id_number.End(), 47};
+inline constexpr TextField salesperson{Comment.End(), 32};
+inline constexpr LongField VLink{salesperson.End()};  // FileLink of the first vehicle
+static_assert(VLink.End() == 317);
+}  // namespace customer
+using CustomerRecord = Record<customer::VLink.End()>;
+
+inline constexpr std::string_view kCustomerFile = "TQCSTDAT.DAT";
+
+// One customer with the date of the newest vehicle: a row of the refreshed customer index.
+struct CustomerIndexRow {
+  CustomerRecord customer;
+  FileDate VehicleDate = -1;
+};
+
+class Customers {
+ public:
+  Customers(Environment& environment, ui::Desktop& desktop, modSystem& system, Vehicles& vehicles)
+      : environment_(environment), desktop_(desktop), system_(system), vehicles_(vehicles) {
+    vehicles_.appendInstead = [this] { AppendVehicle(); };
+  }
+  Customers(const Customers&) = delete;
+
+  CustomerTag CurrentTag;
+  CustomerRecord CurrentCustomer;
+
+  // Fills the array anew, with 32767 tags at most. False, and an empty array, when the operator gave up.
+  bool LoadCustomerTags();
+  std::size_t Count() const { return tags_.size(); }
+  const CustomerTag& Tag(std::size_t index) const { return tags_[index]; }
+  // The first tag with the record's Number; the hit goes to CurrentTag. Not found: Count(), CurrentTag left alone.
+  std::size_t FindCustomerTag(const CustomerRecord& record);
+  std::size_t FindCustomerTag(std::int32_t number);
+  void MakeCurrent(std::size_t index) { CurrentTag = tags_[index]; }
+  // The master at CurrentTag's Offset into CurrentCustomer. A CurrentCustomer of the same Number counts as that record
+  // and isn't read again, so whoever changes it without writing it must set it back. True when CurrentCustomer holds
+  // the record of CurrentTag afterwards.
+  bool ReadCustomer();
+  // CurrentCustomer and its tag. False, and nothing more written, when the operator gave up. A new customer beyond the
+  // limit throws std::length_error.
+  bool WriteCustomer();
+  void NewCustomer();
+  FileDate LatestVehicleDate(FileHandle handle = kNoHandle);
+  std::string SpouseName(std::size_t index);
+
+  // Adds CurrentVehicle at the head of CurrentCustomer's chain. When it can't be written the chain stays as it is.
+  void AppendVehicle();
+
+  // Name and phones for the board. True when the customer is known and in CurrentCustomer; the number last read is
+  // remembered. An unknown one reloads the tags once. vehicleLink kNoLink reads no vehicle.
+  bool LookupCustomer(std::int32_t customerNumber, FileLink vehicleLink);
+  void ForgetLookup();
+
+  // Loads every customer anew, with the date of the newest vehicle.
+  const std::vector<CustomerIndexRow>& RefreshCustomers();
+
+ private:
+  void FillTags(const SharedFile& file);
+  void MakeTagFollowCustomer();
+  bool WriteTagAndMaster(std::size_t index);
+  bool FetchCustomer(std::int32_t number);
+  void LoadIndex(const SharedFile& masters);
+
+  Environment& environment_;
+  ui::Desktop& desktop_;
+  modSystem& system_;
+  Vehicles& vehicles_;
+  RecordArray<CustomerTag> tags_;
+  CustomerNumbers numbers_;
+  std::vector<CustomerIndexRow> index_;
+  std::int32_t lookupCustomer_ = -1;
+  FileLink lookupVehicle_ = -1;
+};
+
+}  // namespace lantos

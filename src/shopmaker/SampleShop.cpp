@@ -1,0 +1,128 @@
+#include "shopmaker/SampleShop.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "records/Passwords.h"
+#include "shopmaker/SampleSteps.h"
+
+namespace lantos {
+
+namespace {
+
+const ShopIdentity kSampleIdentity = {
+    "Cedar Street Auto Repair", "1420 Cedar St", "Millbrook", "OR", "97331", "541-555-0142"};
+constexpr std::int32_t kFirstWorkorder = 12001;
+constexpr std::int32_t kSampleTaxRate = 62500;  // Millionths
+
+SystemRecord SampleSystemRecord() {
+  SystemRecord record = FirstSystemRecord(kSampleIdentity);
+  record.Put(sysrec::last_workorder_number, kFirstWorkorder);
+  record.Put(sysrec::tax_rate_parts, kSampleTaxRate);
+  record.Put(sysrec::tax_rate_sublet, kSampleTaxRate);
+  record.Put(sysrec::tax_rate_waste, kSampleTaxRate);
+  record.Put(sysrec::shop_rate, 8500);
+  record.Put(sysrec::company_phone2, "541-555-0143");
+  record.Put(sysrec::state_reg_number, "AR-004711");
+  record.Put(sysrec::hand_msg1, "All repairs carry a warranty of 12 months or 12,000 miles.");
+  record.Put(sysrec::hand_msg2, "Thank you for your business.");
+  record.Put(sysrec::fleet_terms, "Net 30 days.");
+  return record;
+}
+
+template <class RecordType>
+void AddRecords(ShopDirectory& directory, std::string_view name, const std::vector<RecordType>& records) {
+  static_assert(sizeof(RecordType) == RecordType::kLength);
+  directory.AddFile(name, std::as_bytes(std::span(records)));
+}
+
+// One line of text, a column a name.
+template <class Names>
+std::string NameLine(const Names& names) {
+  std::string line;
+  for (const std::string_view name : names) line += LeftJustify(name, kNameColumn);
+  return line + "\r\n";
+}
+
+std::vector<std::string_view> Departments() {
+  std::vector<std::string_view> departments = {"CORES"};
+  for (const sample::PartKindEntry& kind : sample::kPartKinds) {
+    if (std::find(departments.begin(), departments.end(), kind.department) == departments.end()) {
+      departments.push_back(kind.department);
+    }
+  }
+  return departments;
+}
+
+void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop) {
+  directory.AddFile(kSystemFile, shop.system.Bytes());
+  AddRecords(directory, kCustomerTagFile, shop.customerTags);
+  AddRecords(directory, kCustomerFile, shop.customers);
+  AddRecords(directory, kVehicleFile, shop.vehicles);
+  AddRecords(directory, kMakeModelFile, shop.makes);
+  AddRecords(directory, kEmployeeFile, shop.employees);
+  AddRecords(directory, kInventoryTagFile, shop.partTags);
+  AddRecords(directory, kInventoryFile, shop.parts);
+  directory.AddFile(kDepartmentFile, NameLine(Departments()));
+  directory.AddFile(kManufacturerFile, NameLine(sample::kManufacturers));
+}
+
+void CheckRange(std::string_view what, std::int64_t value, std::int64_t most) {
+  if (value < 0 || value > most) throw ShopError(fmt::format("{} must lie between 0 and {}.", what, most));
+}
+
+}  // namespace
+
+Cents SampleLabor::Total() const {
+  return static_cast<Cents>(DivideHalfEven(static_cast<std::int64_t>(hours) * rate, 100));
+}
+
+void CheckSampleOptions(const SampleOptions& options) {
+  constexpr std::int64_t kFarthestLink = std::numeric_limits<FileLink>::max();
+  CheckRange("The number of customers", options.customers, static_cast<std::int64_t>(kCustomerLimit));
+  CheckRange("The number of vehicles", options.vehicles,
+             kFarthestLink / static_cast<std::int64_t>(VehicleRecord::kLength));
+  CheckRange("The number of parts", options.parts, kFarthestLink / static_cast<std::int64_t>(InventoryRecord::kLength));
+  CheckRange("The number of estimates", options.estimates, 1000000);
+  if (options.customers == 0 && (options.vehicles > 0 || options.estimates > 0)) {
+    throw ShopError("Vehicles and estimates need customers.");
+  }
+  const int year = FromSerial(options.date).year;
+  if (year < 1980 || year > 2100) throw ShopError("The date must lie between 1980 and 2100.");
+}
+
+SampleShop ImagineShop(const SampleOptions& options) {
+  CheckSampleOptions(options);
+  SampleShop shop;
+  shop.system = SampleSystemRecord();
+  sample::ImagineSchedule(shop, options);
+  sample::ImagineStaff(shop, options);
+  sample::ImagineCustomers(shop, options);
+  sample::ImagineVehicles(shop, options);
+  sample::ImagineMakes(shop);
+  sample::ImagineParts(shop, options);
+  sample::ImagineEstimates(shop, options);
+  sample::ImagineWork(shop, options);
+  return shop;
+}
+
+void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock) {
+  const SampleShop shop = ImagineShop(options);
+  ShopDirectory directory(path);
+  AddFlatFiles(directory, shop);
+  AddEmptyFiles(directory, {kSystemFile, kCustomerTagFile, kCustomerFile, kVehicleFile, kMakeModelFile, kEmployeeFile,
+                            kInventoryTagFile, kInventoryFile, kDepartmentFile, kManufacturerFile});
+  AddDatabases(directory, clock);
+  de database;
+  ConnectTo(database, directory, clock);
+  SetStandardHours(database, shop.standardHours, kFirstFudgeFactor);
+  sample::WriteEstimates(database, shop);
+  database.Disconnect();
+  directory.Keep();
+}
+
+}  // namespace lantos

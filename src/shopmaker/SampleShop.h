@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "estimatedb/de.h"
+#include "frame/Clock.h"
+#include "frame/Types.h"
+#include "records/Customers.h"
+#include "records/InventoryLayout.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
+#include "shopmaker/EmptyShop.h"
+
+namespace lantos {
+
+struct SampleOptions {
+  std::int32_t customers = 400;  // at most kCustomerLimit
+  std::int32_t vehicles = 650;
+  std::int32_t parts = 1200;
+  std::int32_t estimates = 120;
+  DaySerial date = 0;  // the day the shop is alive around
+  std::uint64_t seed = 1;
+};
+// Throws ShopError when no shop can be of these sizes.
+void CheckSampleOptions(const SampleOptions& options);
+
+struct SampleLabor {
+  std::int32_t mechanic = 0;
+  Hundredths hours = 0;
+  Cents rate = 0;
+  std::string description;  // eight lines joined by seven tabs
+  Cents Total() const;
+};
+struct SamplePart {
+  std::string number, description;
+  std::int32_t quantity = 0;
+  Cents price = 0, cost = 0, list = 0;
+};
+struct SampleEstimate {
+  std::int32_t number = 0;
+  std::size_t customer = 0;  // index
+  FileLink vehicle = kNoLink;
+  DaySerial created = 0, scheduled = 0;
+  std::int16_t status = 0;
+  std::string comments;
+  std::vector<SampleLabor> labors;
+  std::vector<SamplePart> parts;
+  std::vector<de::Extra> sublets, wastes;
+  std::vector<std::array<std::string, 8>> notes;
+};
+struct SampleSpecialDay {
+  DaySerial date = 0;
+  std::int32_t hours = 0;
+  std::string description;
+};
+
+// A whole shop, not yet on disk. The same options give the same shop.
+struct SampleShop {
+  SystemRecord system;
+  std::vector<CustomerRecord> customers;
+  std::vector<CustomerTag> customerTags;
+  std::vector<VehicleRecord> vehicles;
+  std::vector<MakeModelRecord> makes;
+  std::vector<EmployeeRecord> employees;
+  std::vector<std::int32_t> technicians;  // employee numbers
+  std::vector<InventoryRecord> parts;
+  std::vector<InventoryTag> partTags;
+  std::vector<SampleEstimate> estimates;
+  std::array<std::int32_t, 7> standardHours{};  // Sunday to Saturday
+  std::vector<SampleSpecialDay> specialDays;
+};
+SampleShop ImagineShop(const SampleOptions& options);
+
+// Imagines the shop and lays it down. Fails as MakeEmptyShop does.
+void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock);
+
+}  // namespace lantos

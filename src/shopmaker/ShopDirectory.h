@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lantos {
+
+// The shop can't be made there; what() says why, for the person at the command line.
+class ShopError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Every file of a shop's data directory that the installation lays down, the databases among them.
+std::span<const std::string_view> ShopFileNames();
+
+// A directory in the making. It takes only a directory without a shop's files, makes what is missing of its path, and
+// removes all that it made unless Keep is called.
+class ShopDirectory {
+ public:
+  // Throws ShopError, nothing touched, when one of the shop's files is there in any spelling.
+  explicit ShopDirectory(const std::filesystem::path& path);
+  ~ShopDirectory();
+  ShopDirectory(const ShopDirectory&) = delete;
+  ShopDirectory& operator=(const ShopDirectory&) = delete;
+
+  const std::filesystem::path& Path() const { return path_; }
+  // The path of a file that somebody else is about to make.
+  std::filesystem::path Claim(std::string_view name);
+  // A file with these bytes. Throws FileError.
+  void AddFile(std::string_view name, std::span<const std::byte> bytes);
+  void AddFile(std::string_view name, std::string_view text);
+
+  void Keep() { kept_ = true; }
+
+ private:
+  void MakeDirectories();
+  void RemoveAll();
+
+  std::filesystem::path path_;
+  std::vector<std::filesystem::path> madeDirectories_;  // outermost first
+  std::vector<std::filesystem::path> madeFiles_;
+  bool kept_ = false;
+};
+
+}  // namespace lantos

@@ -1,0 +1,93 @@
+#include <algorithm>
+
+#include "frame/Text.h"
+#include "ui/Form.h"
+
+// The platform's part of the keyboard, for desktops that have no window system to do it.
+namespace lantos::ui {
+
+namespace {
+
+// The letter behind the first single "&", or NUL.
+char MnemonicOf(std::string_view caption) {
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != '&') continue;
+    if (caption[i + 1] != '&') return ToUpper(caption[i + 1]);
+    ++i;
+  }
+  return '\0';
+}
+
+void StepRow(RowControl& rows, int step) {
+  const int row = std::clamp(rows.ListIndex() + step, 0, rows.ListCount() - 1);
+  if (rows.ListCount() > 0 && row != rows.ListIndex()) rows.DoSelect(row);
+}
+
+void StepRow(Grid& grid, int step) {
+  const int row = std::clamp(grid.Row() + step, 0, grid.RowCount() - 1);
+  if (grid.RowCount() > 0 && row != grid.Row()) grid.DoSelect(row);
+}
+
+int StepOf(const KeyPress& key) {
+  if (key.Is("Up")) return -1;
+  if (key.Is("Down")) return 1;
+  return 0;
+}
+
+}  // namespace
+
+void Form::PreviewKey(KeyPress& key) {
+  Run([&] { OnKeyDown(key); });
+  if (key.cleared || !visible_ || focus_ == nullptr) return;
+  Run([&] {
+    if (focus_->OnKeyDown) focus_->OnKeyDown(key);
+  });
+}
+
+void Form::PressKey(KeyPress key) {
+  PreviewKey(key);
+  if (!key.cleared && visible_) PlatformKey(key);
+}
+
+void Form::PlatformKey(const KeyPress& key) {
+  if (key.IsAlt("F4")) return DoClose();
+  if (key.alt && !key.control && key.key.size() == 1) {
+    PressMnemonic(key.key[0]);
+  } else if (key.key == "Tab" && !key.alt && !key.control) {
+    MoveFocus(NextInTabOrder(key.shift));
+  } else if (key.Is("Esc")) {
+    if (cancelButton_ != nullptr && cancelButton_->IsUsable()) cancelButton_->DoClick();
+  } else if (key.Is("Enter")) {
+    auto* focused = dynamic_cast<Button*>(focus_);
+    Button* button = focused != nullptr ? focused : defaultButton_;
+    if (button != nullptr && button->IsUsable()) button->DoClick();
+  } else if (key.Is("Space")) {
+    const bool toggles = dynamic_cast<Button*>(focus_) != nullptr || dynamic_cast<CheckBox*>(focus_) != nullptr ||
+                         dynamic_cast<OptionButton*>(focus_) != nullptr;
+    if (toggles && focus_->IsUsable()) focus_->DoClick();
+  } else if (const int step = StepOf(key)) {
+    if (auto* rows = dynamic_cast<RowControl*>(focus_)) StepRow(*rows, step);
+    if (auto* grid = dynamic_cast<Grid*>(focus_)) StepRow(*grid, step);
+  }
+}
+
+bool Form::PressMnemonic(char letter) {
+  bool labelHit = false;
+  for (Control* control : controls_) {
+    if (labelHit && control->TakesFocus() && control->IsUsable()) {
+      MoveFocus(control);
+      return true;
+    }
+    const auto* captioned = dynamic_cast<Captioned*>(control);
+    if (captioned == nullptr || MnemonicOf(captioned->Caption()) != ToUpper(letter) || !control->IsUsable()) continue;
+    if (dynamic_cast<Label*>(control) != nullptr || dynamic_cast<Frame*>(control) != nullptr) {
+      labelHit = true;  // the mnemonic of a label goes to the control behind it
+      continue;
+    }
+    if (MoveFocus(control)) control->DoClick();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace lantos::ui

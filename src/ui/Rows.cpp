@@ -1,0 +1,173 @@
+#include <algorithm>
+#include <stdexcept>
+
+#include "frame/Text.h"
+#include "ui/Controls.h"
+#include "ui/Form.h"
+
+namespace lantos::ui {
+
+void RowControl::SetListIndex(int row) {
+  if (row < -1 || row >= ListCount()) throw std::out_of_range(FullName() + ": no row " + std::to_string(row));
+  if (row == -1 && listIndex_ == -1) return;
+  listIndex_ = row;
+  RowChosen();
+  Changed(Aspect::Selection);
+  if (row >= 0) FireClick();
+}
+
+void RowControl::SetList(int row, std::string text) {
+  rows_.at(static_cast<std::size_t>(row)).text = std::move(text);
+  ForgetWidths();
+  Changed(Aspect::Rows);
+}
+
+int RowControl::AddItem(std::string text, std::int32_t data) {
+  rows_.push_back({std::move(text), data, false, false});
+  Changed(Aspect::Rows);
+  return ListCount() - 1;
+}
+
+void RowControl::InsertItem(int row, std::string text, std::int32_t data) {
+  rows_.insert(rows_.begin() + std::clamp(row, 0, ListCount()), {std::move(text), data, false, false});
+  if (listIndex_ >= row) ++listIndex_;
+  ForgetWidths();
+  Changed(Aspect::Rows);
+}
+
+void RowControl::RemoveItem(int row) {
+  if (row < 0 || row >= ListCount()) throw std::out_of_range(FullName() + ": no row " + std::to_string(row));
+  rows_.erase(rows_.begin() + row);
+  ForgetWidths();
+  if (listIndex_ == row) {
+    listIndex_ = -1;
+  } else if (listIndex_ > row) {
+    --listIndex_;
+  }
+  Changed(Aspect::Rows);
+}
+
+void RowControl::Clear() {
+  rows_.clear();
+  listIndex_ = -1;
+  ForgetWidths();
+  Changed(Aspect::Rows);
+}
+
+int RowControl::FindText(std::string_view text) const {
+  const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const ListRow& row) { return row.text == text; });
+  return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+int RowControl::FindData(std::int32_t data) const {
+  const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const ListRow& row) { return row.data == data; });
+  return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+void RowControl::DoSelect(int row) {
+  Owner().Run([&] { SetListIndex(row); });
+}
+
+void ListBox::SetChecked(int row, bool checked) {
+  ListRow& item = rows_.at(static_cast<std::size_t>(row));
+  if (item.checked == checked) return;
+  item.checked = checked;
+  Changed(Aspect::Rows);
+  if (OnItemCheck) OnItemCheck(row);
+}
+
+bool ListBox::Selected(int row) const {
+  return multiSelect_ ? rows_.at(static_cast<std::size_t>(row)).selected : row == listIndex_;
+}
+
+void ListBox::SetHorizontalExtent(int pixels) {
+  if (horizontalExtent_ == pixels) return;
+  horizontalExtent_ = pixels;
+  Changed(Aspect::Look);
+}
+
+int ListBox::Widest(const std::function<int(const std::string&)>& measure) {
+  if (measuredRows_ == 0) widest_ = 0;
+  for (; measuredRows_ < rows_.size(); ++measuredRows_) {
+    widest_ = std::max(widest_, measure(rows_[measuredRows_].text));
+  }
+  return widest_;
+}
+
+void ListBox::DoSelectRows(const std::vector<int>& rows) {
+  Owner().Run([&] {
+    for (ListRow& row : rows_) row.selected = false;
+    for (int row : rows) rows_.at(static_cast<std::size_t>(row)).selected = true;
+    listIndex_ = rows.empty() ? -1 : rows.back();
+    Changed(Aspect::Selection);
+    FireClick();
+  });
+}
+
+void ListBox::DoCheck(int row, bool checked) {
+  Owner().Run([&] { SetChecked(row, checked); });
+}
+
+void ComboBox::RowChosen() { text_ = listIndex_ < 0 ? std::string() : rows_[static_cast<std::size_t>(listIndex_)].text; }
+
+void ComboBox::SetText(std::string text) {
+  if (text_ == text) return;
+  text_ = std::move(text);
+  listIndex_ = FindText(text_);
+  Changed(Aspect::Text);
+  if (OnChange) OnChange();
+}
+
+void ComboBox::DoType(std::string_view text) {
+  Owner().Run([&] {
+    SetText("");
+    for (char c : text) {
+      if (maxLength_ != 0 && text_.size() >= maxLength_) break;
+      SetText(text_ + c);
+    }
+  });
+}
+
+void ComboBox::DoEdit(std::string text) {
+  if (text_ == text) return;
+  Owner().Run([&] { SetText(std::move(text)); });
+}
+
+void Grid::SetColumns(std::vector<GridColumn> columns) {
+  columns_ = std::move(columns);
+  Changed(Aspect::Rows);
+}
+
+void Grid::SetRows(std::vector<GridRow> rows) {
+  rows_ = std::move(rows);
+  row_ = -1;
+  Changed(Aspect::Rows);
+}
+
+void Grid::SetRow(int row) {
+  if (row < -1 || row >= RowCount()) throw std::out_of_range(FullName() + ": no row " + std::to_string(row));
+  if (row_ == row) return;
+  row_ = row;
+  Changed(Aspect::Selection);
+  if (OnRowChange) OnRowChange();
+}
+
+void Grid::SetSortedBy(std::string sort) {
+  sortedBy_ = std::move(sort);
+  Changed(Aspect::Rows);
+}
+
+void Grid::DoSelect(int row) {
+  Owner().Run([&] {
+    SetRow(row);
+    FireClick();
+  });
+}
+
+void Grid::DoHeadClick(int column) {
+  Owner().Run([&] {
+    if (OnHeadClick) OnHeadClick(column);
+  });
+}
+
+}  // namespace lantos::ui

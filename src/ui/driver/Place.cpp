@@ -1,0 +1,74 @@
+#include "ui/driver/Place.h"
+
+#include <algorithm>
+
+#include "frame/Text.h"
+#include "ui/Menu.h"
+
+namespace lantos::ui {
+
+namespace {
+
+std::string WithoutMnemonic(std::string_view caption) {
+  std::string plain;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    plain += caption[i];
+  }
+  return plain;
+}
+
+bool IsSeparator(const MenuItem& item) { return item.Caption() == "-"; }
+
+bool IsCalled(const MenuItem& item, const std::string& text) {
+  return item.FullName() == text || item.Caption() == text || WithoutMnemonic(item.Caption()) == text;
+}
+
+}  // namespace
+
+Json BoxPlace::Describe() const {
+  const std::vector<Answer> answers = ButtonsOf(box_);
+  Json buttons = Json::array();
+  for (Answer answer : answers) buttons.push_back(std::string(NameOf(answer)));
+  return {{"waiting", "box"},
+          {"title", JsonText(box_.title)},
+          {"text", JsonText(box_.text)},
+          {"icon", std::string(NameOf(box_.icon))},
+          {"buttons", std::move(buttons)},
+          {"default", std::string(NameOf(answers.at(std::min(box_.defaultButton, answers.size() - 1))))}};
+}
+
+void BoxPlace::Perform(const Line& line) {
+  if (line.Subject() != "answer") throw Refusal("a message box waits for an answer");
+  const std::string button = line.Text("button");
+  for (Answer answer : ButtonsOf(box_)) {
+    if (NameOf(answer) == button) return press_(answer);
+  }
+  throw Refusal("the box has no button '" + button + "'");
+}
+
+Json PopupPlace::Describe() const {
+  Json items = Json::array();
+  for (const auto& item : menu_.Items()) {
+    if (!item->Visible() || IsSeparator(*item)) continue;
+    items.push_back({{"name", ToUtf8(item->FullName())},
+                     {"caption", JsonText(item->Caption())},
+                     {"checked", item->Checked()},
+                     {"enabled", item->Enabled()}});
+  }
+  return {{"waiting", "popup"}, {"menu", ToUtf8(menu_.FullName())}, {"items", std::move(items)}};
+}
+
+void PopupPlace::Perform(const Line& line) {
+  if (line.Subject() != "choose") throw Refusal("a popup menu waits for a choice");
+  if (line.IsNull("item")) return choose_(nullptr);
+  const std::string wanted = line.Text("item");
+  for (const auto& item : menu_.Items()) {
+    if (!item->Visible() || !IsCalled(*item, wanted)) continue;
+    if (!item->Enabled()) throw Refusal("the entry '" + wanted + "' is disabled");
+    return choose_(item.get());
+  }
+  throw Refusal("the menu has no entry '" + wanted + "'");
+}
+
+}  // namespace lantos::ui

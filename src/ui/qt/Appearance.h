@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QWidget>
+#include <optional>
+
+#include "ui/Control.h"
+
+namespace lantos::ui {
+
+QColor ToQt(Color color);
+// Black or white, whatever can be read on the colour.
+QColor ReadableOn(Color background);
+
+// The colour behind the widget's text, with a text colour to go with it; none gives the theme's own back.
+void PaintBackground(QWidget& widget, const std::optional<Color>& color);
+
+// The theme's font with what the control asks for.
+QFont FontOf(const Control& control, const QFont& theme);
+
+// The program's icon, drawn: a calendar sheet with one day marked.
+QIcon ProgramIcon();
+
+}  // namespace lantos::ui

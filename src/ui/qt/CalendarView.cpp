@@ -1,0 +1,26 @@
+#include "ui/qt/CalendarView.h"
+
+namespace lantos::ui {
+
+QTableView& DaysOf(const QCalendarWidget& calendar) { return *calendar.findChild<QTableView*>(); }
+
+std::optional<QPoint> PlaceOfDay(const QCalendarWidget& calendar, const QDate& day) {
+  if (calendar.yearShown() != day.year() || calendar.monthShown() != day.month()) return std::nullopt;
+  const QTableView& days = DaysOf(calendar);
+  const QAbstractItemModel& model = *days.model();
+  // The page begins with the last days of the month before: the month on show begins at the first "1".
+  int number = 0;
+  for (int row = 0; row < model.rowCount(); ++row) {
+    for (int column = 0; column < model.columnCount(); ++column) {
+      const QModelIndex index = model.index(row, column);
+      bool isNumber = false;
+      const int shown = model.data(index).toString().toInt(&isNumber);
+      if (!isNumber || days.isColumnHidden(column)) continue;
+      if (number > 0 || shown == 1) ++number;
+      if (number == day.day()) return days.visualRect(index).center();
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace lantos::ui

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QCalendarWidget>
+#include <QTableView>
+#include <optional>
+
+namespace lantos::ui {
+
+// The table of days inside a calendar.
+QTableView& DaysOf(const QCalendarWidget& calendar);
+
+// The middle of a day on the page that the calendar shows, in the pixels of the table's viewport. None when the day
+// isn't of the month on show.
+std::optional<QPoint> PlaceOfDay(const QCalendarWidget& calendar, const QDate& day);
+
+}  // namespace lantos::ui

@@ -1,0 +1,258 @@
+#include "ui/qt/FormWindow.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+#include <QWindow>
+#include <stdexcept>
+
+#include "ui/qt/Appearance.h"
+#include "ui/qt/Binding.h"
+#include "ui/qt/FormFile.h"
+#include "ui/qt/QtDesktop.h"
+#include "ui/qt/Text.h"
+
+namespace lantos::ui {
+
+namespace {
+
+// A timer of a form while a real person is served.
+class TimerPeer : public ControlPeer {
+ public:
+  explicit TimerPeer(Timer& control) : control_(control) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { control_.DoTick(); });
+    control_.SetPeer(this);
+    Refresh(Aspect::Value);
+  }
+  void Refresh(Aspect /*aspect*/) override {
+    timer_.setInterval(control_.Interval());
+    if (control_.Interval() > 0 && control_.Enabled()) {
+      timer_.start();
+    } else {
+      timer_.stop();
+    }
+  }
+
+ private:
+  Timer& control_;
+  QTimer timer_;
+};
+
+// A form that the person can do nothing with only tells that something is going on.
+bool IsNotice(const Form& form) {
+  for (const Control* control : form.Controls()) {
+    if (control->TakesFocus()) return false;
+  }
+  return true;
+}
+
+Qt::WindowFlags FlagsOf(const Form& form) {
+  if (IsNotice(form)) return Qt::SplashScreen;
+  if (form.Resizable()) return Qt::Window;
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+         Qt::WindowCloseButtonHint;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(QtDesktop& desktop, Form& form)
+    : desktop_(desktop), form_(&form), actions_(std::make_unique<MenuActions>()) {
+  setWindowFlags(FlagsOf(form));
+  setObjectName(QString::fromStdString(form.Name()));
+  root_ = LoadFormFile(form.Name()).release();
+  setCentralWidget(root_);
+  const std::vector<std::string> problems = BindingProblems(form, *root_);
+  if (!problems.empty()) throw std::logic_error(form.Name() + ": " + problems.front());
+  Bind();
+  form.SetPeer(this);
+  CaptionChanged();
+  LookChanged();
+  root_->installEventFilter(this);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FocusWidgetChanged(now); });
+}
+
+FormWindow::~FormWindow() {
+  Detach();
+  // Widgets that go still speak to their peers.
+  delete takeCentralWidget();
+}
+
+void FormWindow::Bind() {
+  for (Control* control : form_->Controls()) {
+    if (!NeedsWidget(*control)) {
+      auto* timer = dynamic_cast<Timer*>(control);
+      if (timer != nullptr && !desktop_.IsDriven()) timers_.push_back(std::make_unique<TimerPeer>(*timer));
+      continue;
+    }
+    QWidget& widget = *FindWidget(*root_, *control);
+    peers_.push_back(MakePeer(*this, *control, widget));
+    WidgetPeer* peer = peers_.back().get();
+    control->SetPeer(peer);
+    byControl_.insert(control, peer);
+    byMouseTarget_.insert(&peer->MouseTarget(), peer);
+    byWidget_.insert(&widget, control);
+    peer->MouseTarget().installEventFilter(this);
+    if (widget.focusPolicy() == Qt::WheelFocus) widget.setFocusPolicy(Qt::StrongFocus);
+    dirty_.push_back(peer);
+  }
+  GroupOptions();
+  for (const auto& menu : form_->Menus()) {
+    if (!menu->Visible()) continue;
+    actions_->FillBar(*menuBar(), form_->Menus());
+    break;
+  }
+}
+
+// Options in one container exclude one another, wherever the layout has put them.
+void FormWindow::GroupOptions() {
+  QHash<const Frame*, QButtonGroup*> groups;
+  for (Control* control : form_->Controls()) {
+    auto* option = dynamic_cast<OptionButton*>(control);
+    if (option == nullptr) continue;
+    QButtonGroup*& group = groups[option->Container()];
+    if (group == nullptr) group = new QButtonGroup(root_);
+    group->addButton(&dynamic_cast<QRadioButton&>(byControl_.value(control)->Widget()));
+  }
+}
+
+void FormWindow::Detach() {
+  if (form_ == nullptr) return;
+  for (Control* control : form_->Controls()) control->SetPeer(nullptr);
+  form_->SetPeer(nullptr);
+  form_ = nullptr;
+  actions_->Detach();
+  timers_.clear();
+  byControl_.clear();
+  dirty_.clear();
+  hide();
+}
+
+void FormWindow::MarkDirty(WidgetPeer& peer) {
+  dirty_.push_back(&peer);
+  ScheduleFlush();
+}
+
+void FormWindow::ScheduleFlush() {
+  if (flushScheduled_ || !IsAttached()) return;
+  flushScheduled_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        flushScheduled_ = false;
+        Flush();
+      },
+      Qt::QueuedConnection);
+}
+
+void FormWindow::Flush() {
+  if (flushing_ || !IsAttached()) return;
+  flushing_ = true;
+  FlushMarked();
+  ApplyFocus();
+  flushing_ = false;
+  if (!form_->Resizable() && isVisible()) FixSize();
+}
+
+void FormWindow::FlushMarked() {
+  while (!dirty_.empty()) {
+    const std::vector<WidgetPeer*> marked = std::exchange(dirty_, {});
+    for (WidgetPeer* peer : marked) peer->Flush();
+  }
+}
+
+bool FormWindow::IsWorking() const { return IsAttached() && !flushing_ && isVisible() && desktop_.IsWorking(); }
+
+WidgetPeer* FormWindow::PeerOf(const Control& control) const { return byControl_.value(&control, nullptr); }
+
+Control* FormWindow::ControlAt(QWidget* widget) const {
+  for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+    if (Control* control = byWidget_.value(widget, nullptr)) return control;
+  }
+  return nullptr;
+}
+
+bool FormWindow::MoveFocusTo(Control& control) {
+  if (!control.TakesFocus() || form_->Focus() == &control) return true;
+  movingFocus_ = true;
+  const bool moved = form_->MoveFocus(&control);
+  movingFocus_ = false;
+  if (!IsAttached()) return false;
+  Flush();
+  return moved;
+}
+
+// The window system has moved the focus by itself: arrow keys in a group of options, say.
+void FormWindow::FocusWidgetChanged(QWidget* now) {
+  if (!IsAttached() || flushing_ || movingFocus_ || now == nullptr || now->window() != this) return;
+  Control* control = ControlAt(now);
+  if (control == nullptr || control == form_->Focus()) return;
+  if (focusDirty_) {
+    Flush();
+  } else {
+    MoveFocusTo(*control);
+  }
+}
+
+// The widgets follow the form: the widget of its focus has it, and none when that can't be reached.
+void FormWindow::ApplyFocus() {
+  focusDirty_ = false;
+  Control* wanted = form_->Focus();
+  QWidget* has = focusWidget();
+  Control* shown = ControlAt(has);
+  if (wanted == nullptr || !wanted->IsUsable()) {
+    if (shown != nullptr) has->clearFocus();
+    return;
+  }
+  if (wanted == shown) return;
+  WidgetPeer* peer = PeerOf(*wanted);
+  if (peer == nullptr) return;
+  peer->Widget().setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(&peer->Widget())) line->selectAll();
+}
+
+void FormWindow::CaptionChanged() {
+  setWindowTitle(ToQt(form_->Caption()));
+  desktop_.PublishCaptions();
+}
+
+void FormWindow::FocusChanged() {
+  focusDirty_ = true;
+  ScheduleFlush();
+}
+
+void FormWindow::LookChanged() { PaintBackground(*root_, form_->BackColor()); }
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!IsAttached()) return false;
+  if (watched == windowHandle()) return HandleWindowEvent(*event);
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease: {
+      auto& mouse = static_cast<QMouseEvent&>(*event);
+      if (watched == root_) return HandleRootMouse(mouse);
+      WidgetPeer* peer = byMouseTarget_.value(watched, nullptr);
+      return peer != nullptr && peer->HandleMouse(mouse);
+    }
+    default:
+      return false;
+  }
+}
+
+bool FormWindow::HandleRootMouse(QMouseEvent& event) {
+  if (event.type() != QEvent::MouseButtonRelease) return true;
+  form_->DoMouseUp(event.button() == Qt::RightButton ? MouseButton::Right : MouseButton::Left);
+  return true;
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  // The form decides, and hides the window itself.
+  event->ignore();
+  if (IsAttached()) form_->DoClose();
+}
+
+}  // namespace lantos::ui

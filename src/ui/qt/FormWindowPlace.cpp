@@ -1,0 +1,126 @@
+#include <QGuiApplication>
+#include <QLayout>
+#include <QMoveEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "ui/qt/FormWindow.h"
+#include "ui/qt/QtDesktop.h"
+
+// Where a form's window stands and how large it is.
+namespace lantos::ui {
+
+namespace {
+
+int ToPixels(Twips twips) { return static_cast<int>(twips / kTwipsPerPixel); }
+Twips ToTwips(int pixels) { return static_cast<Twips>(pixels) * kTwipsPerPixel; }
+
+}  // namespace
+
+void FormWindow::ShowForm() {
+  Flush();
+  QWidget* below = desktop_.TopFormWindow();
+  setWindowModality(below == nullptr || below == this ? Qt::NonModal : Qt::ApplicationModal);
+  if (Button* button = form_->DefaultButton()) {
+    if (auto* shown = qobject_cast<QPushButton*>(&PeerOf(*button)->Widget())) shown->setDefault(true);
+  }
+  create();
+  windowHandle()->removeEventFilter(this);
+  windowHandle()->installEventFilter(this);
+  if (below != nullptr && below != this) windowHandle()->setTransientParent(below->windowHandle());
+  PlaceChanged();
+  placing_ = true;
+  if (form_->LeftEdge() == 0 && form_->TopEdge() == 0) {
+    const QRect around = below != nullptr && below != this ? below->geometry() : screen()->availableGeometry();
+    move(std::max(0, around.center().x() - width() / 2), std::max(0, around.center().y() - height() / 2));
+  }
+  show();
+  placedAt_ = pos();
+  placedSize_ = size();
+  placing_ = false;
+  raise();
+  activateWindow();
+}
+
+void FormWindow::PlaceChanged() {
+  placing_ = true;
+  ApplyPlace();
+  placing_ = false;
+}
+
+void FormWindow::ApplyPlace() {
+  const bool outgrown = windowState().testFlag(Qt::WindowMaximized);
+  if (!form_->Resizable()) {
+    FixSize();
+  } else if (!outgrown) {
+    // Not smaller than what is on it, not larger than the screen.
+    QSize wanted(ToPixels(form_->Width()), ToPixels(form_->Height()));
+    wanted = wanted.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint());
+    if (wanted != size()) resize(wanted);
+  }
+  if (form_->LeftEdge() != placedLeft_ || form_->TopEdge() != placedTop_) {
+    placedLeft_ = form_->LeftEdge();
+    placedTop_ = form_->TopEdge();
+    move(ToPixels(placedLeft_), ToPixels(placedTop_));
+  }
+  Qt::WindowStates state = windowState() & ~(Qt::WindowMaximized | Qt::WindowMinimized);
+  if (form_->State() == WindowState::Maximized) state |= Qt::WindowMaximized;
+  if (form_->State() == WindowState::Minimized) state |= Qt::WindowMinimized;
+  if (state != windowState()) setWindowState(state);
+  placedSize_ = size();
+  placedAt_ = pos();
+}
+
+// As large as what is on it; texts in several lines need more height than the plain hint says.
+void FormWindow::FixSize() {
+  QLayout* layout = root_->layout();
+  if (layout == nullptr) return;
+  layout->activate();
+  QSize wanted = root_->sizeHint();
+  const QSize around = sizeHint() - wanted;
+  if (layout->hasHeightForWidth()) {
+    wanted.setHeight(std::max(layout->totalHeightForWidth(wanted.width()), layout->totalMinimumSize().height()));
+  }
+  wanted += around;
+  if (wanted != size() || minimumSize() != maximumSize()) setFixedSize(wanted);
+  placedSize_ = size();
+}
+
+WindowState FormWindow::ShownState() const {
+  if (isMinimized()) return WindowState::Minimized;
+  return isMaximized() ? WindowState::Maximized : WindowState::Normal;
+}
+
+// What the person, or the window manager for the person, has done to the window.
+void FormWindow::ReportPlace() {
+  if (!IsAttached() || placing_ || !isVisible() || IsFlushing()) return;
+  const WindowState state = ShownState();
+  if (size() == placedSize_ && state == form_->State()) return;
+  placedSize_ = size();
+  if (state == WindowState::Minimized) {
+    form_->DoResize(form_->Width(), form_->Height(), state);
+  } else {
+    form_->DoResize(ToTwips(width()), ToTwips(height()), state);
+  }
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  ReportPlace();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) ReportPlace();
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  if (!IsAttached() || placing_ || !isVisible() || ShownState() != WindowState::Normal || pos() == placedAt_) return;
+  placedAt_ = pos();
+  form_->DoMove(ToTwips(pos().x()), ToTwips(pos().y()));
+}
+
+}  // namespace lantos::ui

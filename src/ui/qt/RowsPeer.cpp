@@ -1,0 +1,96 @@
+#include "ui/qt/RowsPeer.h"
+
+#include <QApplication>
+#include <algorithm>
+
+#include "ui/qt/FormWindow.h"
+
+namespace lantos::ui {
+
+RowsPeer::RowsPeer(FormWindow& window, Control& control, QAbstractItemView& view)
+    : WidgetPeer(window, control, view), view_(view) {
+  view_.setContextMenuPolicy(Qt::NoContextMenu);
+  QObject::connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, &view_,
+                   [this] { SelectionChanged(); });
+}
+
+void RowsPeer::Read(ControlState& state) const {
+  WidgetPeer::Read(state);
+  state.selected = SelectedRow();
+}
+
+std::optional<QPoint> RowsPeer::PlaceOfRow(int row) {
+  const QModelIndex index = view_.model()->index(row, 0);
+  if (!index.isValid()) return std::nullopt;
+  view_.scrollTo(index);
+  const QRect place = view_.visualRect(index).intersected(view_.viewport()->rect());
+  return place.center();
+}
+
+bool RowsPeer::HandleMouse(QMouseEvent& event) {
+  if (passingOn_) return false;
+  const bool onRow = view_.indexAt(event.position().toPoint()).isValid();
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+      buttonDown_ = true;
+      pressedRow_ = onRow;
+      doubleClicked_ = false;
+      return false;
+    case QEvent::MouseButtonDblClick:
+      buttonDown_ = false;
+      doubleClicked_ = true;
+      if (onRow && event.button() == Qt::LeftButton) GetControl().DoDoubleClick();
+      return true;
+    case QEvent::MouseButtonRelease:
+      Release(event);
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The view has its turn first, so that its selection stands when the program is told of the click.
+void RowsPeer::Release(QMouseEvent& event) {
+  passingOn_ = true;
+  QApplication::sendEvent(view_.viewport(), &event);
+  passingOn_ = false;
+  buttonDown_ = false;
+  if (!IsPersonsDoing() || doubleClicked_) return;
+  const int row = pressedRow_ ? SelectedRow() : -1;
+  const bool right = event.button() == Qt::RightButton;
+  // The left button clicks the current row again; the right one only goes to a row.
+  if (row >= 0 && (!right || row != CurrentRow())) Pick(row);
+  if (Window().IsAttached()) GetControl().DoMouseUp(right ? MouseButton::Right : MouseButton::Left);
+}
+
+// By keyboard. What the mouse selects counts when its button comes up.
+void RowsPeer::SelectionChanged() {
+  if (!IsPersonsDoing() || buttonDown_) return;
+  const int row = SelectedRow();
+  if (row >= 0 && row != CurrentRow()) Pick(row);
+}
+
+std::vector<int> RowsPeer::SelectedRows() const {
+  std::vector<int> rows;
+  for (const QModelIndex& index : view_.selectionModel()->selectedRows()) rows.push_back(index.row());
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+int RowsPeer::SelectedRow() const {
+  const std::vector<int> rows = SelectedRows();
+  return rows.empty() ? -1 : rows.back();
+}
+
+void RowsPeer::ShowSelected(int row) {
+  QItemSelectionModel& selection = *view_.selectionModel();
+  const QModelIndex index = view_.model()->index(row, 0);
+  if (!index.isValid()) {
+    selection.clear();
+    return;
+  }
+  selection.setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  view_.scrollTo(index);
+}
+
+}  // namespace lantos::ui

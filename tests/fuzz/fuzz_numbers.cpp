@@ -1,0 +1,44 @@
+#include "Target.h"
+#include "frame/Text.h"
+
+namespace lantos::fuzz {
+
+namespace {
+
+template <class Convert>
+void MayBeNoNumber(Convert convert) {
+  try {
+    convert();
+  } catch (const std::invalid_argument&) {
+  }
+}
+
+}  // namespace
+
+void Try(std::string_view bytes) {
+  try {
+    const double value = Val(bytes);
+    See(FormatFixed(value, 2));
+    RoundHalfEven(value);
+  } catch (const std::out_of_range&) {
+    // Larger than any number.
+  }
+  if (IsNumeric(bytes)) See(FormatFixed(ToNumber(bytes), 4));
+  MayBeNoNumber([&] { ToNumber(bytes); });
+  MayBeNoNumber([&] { ToBoolean(bytes); });
+  See(FormatHundredths(ToLongOrZero(bytes)));
+  See(FormatTenThousandths(ToLongOrZero(bytes)));
+  See(TrimNull(bytes));
+  See(QuoteForSql(bytes));
+  See(CleanForFile(bytes));
+  Require(LeftJustify(bytes, 20).size() == 20);
+  std::string key;
+  std::string rest;
+  SplitKeyValue(bytes, key, rest);
+  Require(key.size() + rest.size() <= bytes.size());
+  Require(ContainsIgnoringCase(bytes, ToUpper(bytes)));
+  Require(FromUtf8(ToUtf8(bytes)).size() == bytes.size());
+  See(FromUtf8(bytes));
+}
+
+}  // namespace lantos::fuzz

@@ -1,0 +1,278 @@
+#!/usr/bin/env python3
+"""Makes the golden files of this directory: known shop files, byte for byte.
+
+Knows the layouts from its own tables of offsets, written down here by hand and independent of the program's sources.
+The tables are also left in layouts.txt (file, field, offset, width, kind), against which the unit tests hold the
+program's own. Run it in this directory; the files it makes are kept under version control.
+"""
+
+import struct
+
+LONG, INTEGER, BYTE, TEXT, OPAQUE = "long", "integer", "byte", "text", "opaque"
+
+SYSTEM = ("TQSYSTEM.DAT", 1038, {
+    "last_workorder_number": (0, 4, LONG),
+    "last_estimate_number": (4, 4, LONG),
+    "korvel1": (8, 4, OPAQUE),
+    "last_customer_number": (12, 4, LONG),
+    "last_employee_number": (16, 4, LONG),
+    "korvel2": (20, 4, OPAQUE),
+    "tax_rate_parts": (24, 4, LONG),
+    "tax_rate_labor": (28, 4, LONG),
+    "tax_rate_sublet": (32, 4, LONG),
+    "tax_rate_waste": (36, 4, LONG),
+    "shop_rate": (40, 4, LONG),
+    "company_name": (44, 32, TEXT),
+    "company_address": (76, 33, TEXT),
+    "company_city": (109, 21, TEXT),
+    "company_state": (130, 3, TEXT),
+    "company_zip": (133, 11, TEXT),
+    "company_phone1": (144, 15, TEXT),
+    "company_phone2": (159, 15, TEXT),
+    "fed_id_number": (174, 21, TEXT),
+    "state_id_number": (195, 21, TEXT),
+    "local_id_number": (216, 21, TEXT),
+    "markups_0": (237, 4, LONG),
+    "markups_1": (241, 4, LONG),
+    "markups_2": (245, 4, LONG),
+    "markups_3": (249, 4, LONG),
+    "hand_msg1": (253, 79, TEXT),
+    "hand_msg2": (332, 79, TEXT),
+    "korvel3": (411, 288, OPAQUE),
+    "labor_surcharge_percent": (699, 4, LONG),
+    "parts_surcharge_percent": (703, 4, LONG),
+    "surcharge_description": (707, 79, TEXT),
+    "fleet_terms": (786, 79, TEXT),
+    "state_reg_number": (865, 21, TEXT),
+    "korvel4": (886, 19, OPAQUE),
+    "shell_command_line": (905, 79, TEXT),
+    "korvel5": (984, 1, OPAQUE),
+    "fleet_late_charge_percent": (985, 4, LONG),
+    "korvel6": (989, 1, OPAQUE),
+    "extra_company_name": (990, 41, TEXT),
+    "korvel7": (1031, 2, OPAQUE),
+    "surcharge_is_sublet": (1033, 1, BYTE),
+    "korvel8": (1034, 4, OPAQUE),
+})
+
+CUSTOMER_TAG = ("TQCSTTAG.DAT", 96, {
+    "Number": (0, 4, LONG),
+    "NameKey": (4, 32, TEXT),
+    "SpouseKey": (36, 32, TEXT),
+    "Offset": (68, 4, LONG),
+    "Phone": (72, 15, TEXT),
+    "reserved": (87, 9, TEXT),
+})
+
+CUSTOMER = ("TQCSTDAT.DAT", 317, {
+    "Number": (0, 4, LONG),
+    "Lastname": (4, 21, TEXT),
+    "Firstname": (25, 21, TEXT),
+    "Spouse": (46, 21, TEXT),
+    "SpouseLast": (67, 21, TEXT),
+    "Address": (88, 33, TEXT),
+    "City": (121, 21, TEXT),
+    "State": (142, 3, TEXT),
+    "Zip": (145, 11, TEXT),
+    "HomePhone": (156, 15, TEXT),
+    "WorkPhone": (171, 15, TEXT),
+    "WorkExt": (186, 6, TEXT),
+    "OtherPhone": (192, 15, TEXT),
+    "pricing_level": (207, 2, INTEGER),
+    "Date": (209, 4, LONG),
+    "tax_id_number": (213, 21, TEXT),
+    "Comment": (234, 47, TEXT),
+    "salesperson": (281, 32, TEXT),
+    "VLink": (313, 4, LONG),
+})
+
+VEHICLE = ("TQVEHICL.DAT", 397, {
+    "Number": (0, 4, LONG),
+    "Deleted": (4, 4, LONG),
+    "Make": (8, 21, TEXT),
+    "Model": (29, 21, TEXT),
+    "Year": (50, 6, TEXT),
+    "EngineSize": (56, 13, TEXT),
+    "Transmission": (69, 13, TEXT),
+    "VIN": (82, 21, TEXT),
+    "LicenseNumber": (103, 11, TEXT),
+    "State": (114, 3, TEXT),
+    "VComment1": (117, 65, TEXT),
+    "VComment2": (182, 65, TEXT),
+    "VComment3": (247, 65, TEXT),
+    "VComment4": (312, 65, TEXT),
+    "Mileage": (377, 4, LONG),
+    "Date": (381, 4, LONG),
+    "FirstMileage": (385, 4, LONG),
+    "FirstDate": (389, 4, LONG),
+    "VLink": (393, 4, LONG),
+})
+
+MAKE_MODEL = ("TQMAKMOD.DAT", 29, {
+    "Name": (0, 21, TEXT),
+    "Prev": (21, 4, LONG),
+    "Next": (25, 4, LONG),
+})
+
+EMPLOYEE = ("TQEMPLOY.DAT", 199, {
+    "EmpNumber": (0, 4, LONG),
+    "Name": (4, 32, TEXT),
+    "SocSecNum": (36, 15, TEXT),
+    "EmpAddr": (51, 33, TEXT),
+    "EmpCity": (84, 21, TEXT),
+    "EmpState": (105, 3, TEXT),
+    "EmpZip": (108, 11, TEXT),
+    "EmpPhone": (119, 15, TEXT),
+    "DateHired": (134, 4, LONG),
+    "DateTerminated": (138, 4, LONG),
+    "MaritalStatus": (142, 1, BYTE),
+    "NumExemptions": (143, 1, BYTE),
+    "FICAExempt": (144, 1, BYTE),
+    "payroll": (145, 54, OPAQUE),
+})
+
+PASSWORDS = ("TQPASSWD.DAT", 252, {"password_%d" % i: (21 * i, 21, TEXT) for i in range(12)})
+
+LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS)
+
+
+def record(layout, **values):
+    """One record's bytes. Text as str is NUL-filled; as bytes it is taken as it is, up to the field's width."""
+    _, length, fields = layout
+    result = bytearray(length)
+    for name, value in values.items():
+        offset, width, kind = fields[name]
+        if kind == LONG:
+            piece = struct.pack("<i", value)
+        elif kind == INTEGER:
+            piece = struct.pack("<h", value)
+        elif kind == BYTE:
+            piece = struct.pack("<B", value)
+        else:
+            piece = value.encode("cp1252") if isinstance(value, str) else value
+        assert len(piece) <= width, (name, value)
+        result[offset:offset + len(piece)] = piece
+    return bytes(result)
+
+
+def pattern(width, seed):
+    """Bytes that nobody would write by chance, none of them 0."""
+    return bytes(1 + (seed + 7 * i) % 255 for i in range(width))
+
+
+def file_date(serial):
+    return serial + 693974
+
+
+def make_system():
+    opaque = {name: pattern(width, offset) for name, (offset, width, kind) in SYSTEM[2].items() if kind == OPAQUE}
+    return record(
+        SYSTEM, last_workorder_number=5012, last_estimate_number=3007, last_customer_number=1005,
+        last_employee_number=14, tax_rate_parts=82500, tax_rate_labor=0, tax_rate_sublet=82500, tax_rate_waste=10000,
+        shop_rate=6500, company_name="M\u00fcller's Garage", company_address=b"12 Canal Street\0old street name",
+        company_city="Springfield", company_state="OH", company_zip="45501", company_phone1="937-555-0100",
+        company_phone2="937-555-01000000"[:15], fed_id_number="31-0000001", state_id_number="S-77",
+        local_id_number="", markups_0=0, markups_1=250000, markups_2=400000, markups_3=650000,
+        hand_msg1="Thank you for your business.", hand_msg2="x" * 79, labor_surcharge_percent=-1250,
+        parts_surcharge_percent=35000, surcharge_description="Shop supplies", fleet_terms="Net 30",
+        state_reg_number="REG 4711", shell_command_line="C:\\TOOLS\\BACKUP.EXE", fleet_late_charge_percent=15000,
+        extra_company_name="Family owned", surcharge_is_sublet=ord("Y"), **opaque)
+
+
+CUSTOMERS = (
+    dict(Number=1001, Lastname="Adams", Firstname="John", Spouse="Mary", SpouseLast="", Address="1 First Street",
+         City="Springfield", State="OH", Zip="45501", HomePhone="937-555-0101", WorkPhone="937-555-0102", WorkExt="12",
+         OtherPhone="", pricing_level=3, Date=file_date(37000), tax_id_number="", Comment="calls twice",
+         salesperson="", VLink=794),
+    dict(Number=1002, Lastname="Bj\u00f8rnson-Carpenters", Firstname="Alexander-Maximilia", Spouse="Ann",
+         SpouseLast="Lee", Address=b"22 Second Street\0older text", City="Dayton", State="OHI",
+         Zip="45402-1234", HomePhone="937-555-0202 x9", WorkPhone="", WorkExt="123456", OtherPhone="none",
+         pricing_level=1, Date=37010, tax_id_number="EX-1", Comment="c" * 47, salesperson="Bob", VLink=-1),
+    dict(Number=1003, Lastname="City Cabs", Firstname="", Spouse="", SpouseLast="", Address="", City="", State="",
+         Zip="", HomePhone="", WorkPhone="", WorkExt="", OtherPhone="", pricing_level=0, Date=0, tax_id_number="",
+         Comment="", salesperson="", VLink=0),
+    dict(Number=1004, Lastname="Davis", Firstname="Eve", Spouse="", SpouseLast="", Address="4 Fourth Street",
+         City="Xenia", State="OH", Zip="45385", HomePhone="937-555-0404", WorkPhone="", WorkExt="", OtherPhone="",
+         pricing_level=2, Date=file_date(37800), tax_id_number="", Comment="", salesperson="", VLink=-1),
+)
+
+
+def make_customers():
+    """Masters in another order than the tags: what finds a master is the tag's offset alone."""
+    order = (2, 0, 3, 1)
+    masters = b"".join(record(CUSTOMER, **CUSTOMERS[i]) for i in order)
+    tags = b""
+    for i, one in enumerate(CUSTOMERS):
+        name = (one["Lastname"] + "," + one["Firstname"])[:32]
+        spouse = (one["SpouseLast"] + "," + one["Spouse"])[:32]
+        tags += record(CUSTOMER_TAG, Number=one["Number"], NameKey=name, SpouseKey=spouse,
+                       Offset=317 * order.index(i), Phone=one["HomePhone"])
+    return tags, masters
+
+
+def make_vehicles():
+    """Adams owns 794 -> 397 (deleted) -> 1191; City Cabs own 0."""
+    return b"".join((
+        record(VEHICLE, Number=1003, Deleted=-1, Make="Ford", Model="Crown Victoria", Year="1998", EngineSize="4.6L",
+               Transmission="AUTO", VIN="2FAFP71W0WX100001", LicenseNumber="CAB 1", State="OH", Mileage=188000,
+               Date=file_date(37850), FirstMileage=40000, FirstDate=file_date(36900), VLink=-1),
+        record(VEHICLE, Number=1001, Deleted=86, Make="Ford", Model="Pinto", Year="1974", LicenseNumber="OLD 1",
+               State="OH", VComment1="gone", Mileage=99999, Date=file_date(36000), FirstMileage=99999,
+               FirstDate=file_date(36000), VLink=1191),
+        record(VEHICLE, Number=1001, Deleted=-1, Make="Chevrolet", Model="Impala", Year=b"01\0\0\0?",
+               EngineSize="3.8L V6 OHV..", Transmission="4 speed", VIN="2G1WH55K019100002", LicenseNumber="ABC 1234",
+               State="OH", VComment1="dent in the door", VComment2="b" * 65, VComment3="", VComment4="d", Mileage=0,
+               Date=file_date(37880), FirstMileage=0, FirstDate=0, VLink=397),
+        record(VEHICLE, Number=1001, Deleted=0, Make="Chevrolet", Model="Nova", Year="77", Mileage=150000,
+               Date=1000000, FirstMileage=150000, FirstDate=1000000, VLink=-1),
+    ))
+
+
+def make_makes():
+    """Ford -> Pinto -> Crown Victoria; a deleted record; Chevrolet without models; Toyota -> Corolla."""
+    return b"".join((
+        record(MAKE_MODEL, Name="Ford", Prev=-1, Next=87),
+        record(MAKE_MODEL, Name="Crown Victoria", Prev=0, Next=-1),
+        record(MAKE_MODEL, Name="", Prev=-1, Next=-1),
+        record(MAKE_MODEL, Name=b"Pinto\0stale bytes", Prev=0, Next=29),
+        record(MAKE_MODEL, Name="Chevrolet", Prev=-1, Next=-1),
+        record(MAKE_MODEL, Name=b"Toyota\0old", Prev=-1, Next=174),
+        record(MAKE_MODEL, Name="Corolla", Prev=145, Next=-1),
+    ))
+
+
+def make_employees():
+    return b"".join((
+        record(EMPLOYEE, EmpNumber=12, Name="Zoe Young", SocSecNum="000-00-0012", EmpAddr="1 Mill Lane",
+               EmpCity="Springfield", EmpState="OH", EmpZip="45501", EmpPhone="937-555-0912",
+               DateHired=file_date(36000), DateTerminated=-1, MaritalStatus=1, NumExemptions=2, FICAExempt=0,
+               payroll=pattern(54, 3)),
+        record(EMPLOYEE, EmpNumber=3, Name=b"Al\0gernon", SocSecNum="000-00-0003", DateHired=-1,
+               DateTerminated=file_date(37000), MaritalStatus=0, NumExemptions=0, FICAExempt=1,
+               payroll=pattern(54, 90)),
+        record(EMPLOYEE, EmpNumber=7, Name="  Bert Wood", DateHired=file_date(35000), DateTerminated=-1,
+               payroll=pattern(54, 180)),
+    ))
+
+
+def make_passwords():
+    words = {0: "wrench  ", 1: "Stock", 2: "korvel2", 3: b"\0hidden", 4: "korvel4", 8: "x" * 21, 11: b"Edit\0older"}
+    return record(PASSWORDS, **{"password_%d" % index: word for index, word in words.items()})
+
+
+def main():
+    tags, masters = make_customers()
+    for layout, content in ((SYSTEM, make_system()), (CUSTOMER_TAG, tags), (CUSTOMER, masters),
+                            (VEHICLE, make_vehicles()), (MAKE_MODEL, make_makes()), (EMPLOYEE, make_employees()),
+                            (PASSWORDS, make_passwords())):
+        assert len(content) % layout[1] == 0
+        with open(layout[0], "wb") as out:
+            out.write(content)
+    with open("layouts.txt", "w", encoding="ascii") as out:
+        for name, _, fields in LAYOUTS:
+            for field, (offset, width, kind) in fields.items():
+                out.write("%s %s %d %d %s\n" % (name, field, offset, width, kind))
+
+
+if __name__ == "__main__":
+    main()

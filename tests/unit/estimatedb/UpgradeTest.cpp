@@ -1,0 +1,297 @@
+#include "DatabaseFixture.h"
+
+namespace lantos::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// A vehicle record with all that a snapshot takes.
+Image Vehicle(std::int32_t customer, std::string_view year, std::string_view make, std::string_view model,
+              std::string_view vin, std::string_view licence, std::string_view engine, std::int32_t next = -1) {
+  return Image(VehicleImage(customer, make, next))
+      .Text(29, model)
+      .Text(50, year)
+      .Text(56, engine)
+      .Text(69, "Auto")
+      .Text(82, vin)
+      .Text(103, licence);
+}
+
+constexpr std::string_view kOldLines =
+    "CREATE TABLE Labors (EstimateNumber INTEGER, LaborNumber INTEGER, Description LongText, LaborHours INTEGER,"
+    " LaborRate INTEGER, LaborTotal INTEGER, Mechanic INTEGER, PRIMARY KEY (EstimateNumber, LaborNumber));"
+    "CREATE TABLE Parts (EstimateNumber INTEGER, PartNumber Text(20), PartDesc Text(38), Quantity INTEGER,"
+    " PartPrice INTEGER, PartTotal INTEGER);";
+
+// Databases of earlier levels, made with plain SQLite.
+class Upgrades : public DatabaseTest {
+ protected:
+  Upgrades() { std::filesystem::remove(Path()); }
+
+  void PutEstimates(const std::string& snapshotColumns) {
+    Plain("CREATE TABLE Estimates (EstimateNumber INTEGER PRIMARY KEY, CustomerNumber INTEGER DEFAULT 0, VehicleLink "
+          "INTEGER DEFAULT 0, SchedDate DATE, Comments Text(255)" + snapshotColumns + ");" + std::string(kOldLines));
+  }
+  void PutOldest() { PutEstimates(""); }
+  void PutWithoutEngines() {
+    PutEstimates(", VehYear Text(5), VehMake Text(20), VehModel Text(20), VehVIN Text(20), VehLic Text(10), "
+                 "VehDate Text(10), VehMileage Text(7)");
+  }
+  void Run() { UpgradeDatabase(database, environment, records); }
+  std::vector<std::string> Snapshots() const {
+    return PlainRows("select VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans "
+                     "from Estimates order by EstimateNumber");
+  }
+  std::vector<std::string> Columns(const std::string& table) const {
+    return PlainRows("select name || ' ' || type from pragma_table_info('" + table + "')");
+  }
+};
+
+TEST_F(Upgrades, ACurrentDatabasePassesAllStepsWithoutWritingAnything) {
+  Put("Lantos.mdb", EmptyDatabase());
+  db.AddEstimateRow(1, 37894, 0);
+  db.Disconnect();
+  const auto before = Everything();
+  const auto written = std::filesystem::last_write_time(Path());
+  Run();
+  db.Disconnect();
+  EXPECT_EQ(Everything(), before) << "no other file appears, the vehicle file for instance";
+  EXPECT_EQ(std::filesystem::last_write_time(Path()), written);
+}
+
+TEST_F(Upgrades, TheOldestLevelGetsAllColumnsAndTables) {
+  PutOldest();
+  Run();
+  EXPECT_THAT(Columns("Estimates"),
+              ElementsAre("EstimateNumber INTEGER", "CustomerNumber INTEGER", "VehicleLink INTEGER", "SchedDate DATE",
+                          "Comments Text(255)", "VehYear Text(5)", "VehMake Text(20)", "VehModel Text(20)",
+                          "VehVIN Text(20)", "VehLic Text(10)", "VehDate Text(10)", "VehMileage Text(7)",
+                          "VehEng Text(12)", "VehTrans Text(12)"));
+  EXPECT_THAT(Columns("Waste"),
+              ElementsAre("EstimateNumber INTEGER", "WasteNumber INTEGER", "VendorName Text(32)",
+                          "VendorInvoice Text(11)", "Cost INTEGER", "Price INTEGER", "Desc1 Text(65)", "Desc2 Text(65)",
+                          "Desc3 Text(65)", "Desc4 Text(65)", "Taxable Text(3)"));
+  EXPECT_THAT(Columns("Checklist"), ElementsAre("EstimateNumber INTEGER", "RecId INTEGER", "ChecklistData Text(255)"));
+  db.AddWaste(1, 1, {});
+  EXPECT_THROW(db.AddWaste(1, 1, {}), DatabaseError) << "the key";
+}
+
+TEST_F(Upgrades, AnUpgradedDatabaseIsLeftAloneTheNextTime) {
+  PutOldest();
+  Run();
+  db.Disconnect();
+  const std::string before = BytesOf("Lantos.mdb");
+  Run();
+  db.Disconnect();
+  EXPECT_EQ(BytesOf("Lantos.mdb"), before);
+}
+
+TEST_F(Upgrades, RowsGetTheVehicleTheyAreLinkedTo) {
+  PutOldest();
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L").Long(377, 84512).Long(381, 731868).Append(
+                          Vehicle(78, "", " Audi ", "", "", "", "")));
+  Plain("insert into Estimates (EstimateNumber, VehicleLink, SchedDate, Comments) values (1, 0, '2003-09-30', 'c'),"
+        "(2, 397, '2003-09-30', null)");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre("1999|Ford|F150|VIN1|ABC|" + FormatDate(FromFileDate(731868)) + "|84512|5.3L|Auto",
+                                       " |Audi| | | | |0| |Auto"));
+  EXPECT_THAT(PlainRows("select EstimateNumber, VehicleLink, SchedDate, Comments from Estimates"),
+              ElementsAre("1|0|2003-09-30|c", "2|397|2003-09-30|null"));
+}
+
+TEST_F(Upgrades, AnEstimateWithoutAVehicleGetsBlanksNotNulls) {
+  PutOldest();
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
+  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, -1), (2, null)");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | | | | ", " | | | | | | | | "));
+}
+
+TEST_F(Upgrades, ALinkBehindTheEndOfTheFileGivesBlanks) {
+  PutOldest();
+  Put("TQVEHICL.DAT", "");
+  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, 39700), (2, -5)");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | |0| | ", " | | | | | |0| | "));
+}
+
+TEST_F(Upgrades, TextsOfVehiclesAreCutAtTheColumnsWidth) {
+  PutOldest();
+  Put("TQVEHICL.DAT", Vehicle(77, "199999", "Ford", "F150", "VIN1", "ABC", "5.3L").Long(377, 123456789));
+  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, 0)");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre("19999|Ford|F150|VIN1|ABC| |1234567|5.3L|Auto"));
+}
+
+TEST_F(Upgrades, MoreRowsThanAreWrittenTogetherAreAllFilled) {
+  PutOldest();
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
+  Plain("with recursive n(i) as (select 1 union all select i + 1 from n where i < 250) "
+        "insert into Estimates (EstimateNumber, VehicleLink) select i, 0 from n");
+  Run();
+  EXPECT_EQ(PlainValue("select count(*) from Estimates where VehMake = 'Ford' and VehTrans = 'Auto'"), "250");
+}
+
+TEST_F(Upgrades, ASecondStartAfterAFailedFillingLeavesTheHalfDoneRows) {
+  PutOldest();
+  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, -1), (2, -1);"
+        "create trigger Refuse before update on Estimates when new.EstimateNumber = 2 "
+        "begin select raise(abort, 'the disk is full'); end");
+  EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("the disk is full"));
+  Plain("drop trigger Refuse");
+  Plain("update Estimates set VehMake = 'half' where EstimateNumber = 1");
+  Run();
+  EXPECT_THAT(PlainRows("select VehMake from Estimates"), ElementsAre("half", "null"));
+}
+
+TEST_F(Upgrades, GivingUpOnTheVehicleFileEndsTheRunAndKeepsTheRows) {
+  PutOldest();
+  Plain("insert into Estimates (EstimateNumber, VehicleLink, Comments) values (1, 0, 'c')");
+  const SharedFile held = HeldByAnother("TQVEHICL.DAT");
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("vehicle file"));
+  EXPECT_EQ(PlainValue("select Comments, VehMake from Estimates"), "c|null");
+}
+
+class UpgradesOfEngines : public Upgrades {
+ protected:
+  UpgradesOfEngines() {
+    PutWithoutEngines();
+    Put("TQCSTTAG.DAT", CustomerTagImage(77, "Smith,Ann", 0).Append(CustomerTagImage(78, "Jones,Bob", 317)));
+    Put("TQCSTDAT.DAT", CustomerImage(77, "Smith", 0).Append(CustomerImage(78, "Jones", -1)));
+    // The chain of Smith: the wrong kind of car, the same licence, the same VIN, the same year, make and model.
+    Put("TQVEHICL.DAT", Vehicle(77, "1980", "Opel", "Kadett", "OTHER", "XYZ", "1.3L", 397)
+                            .Append(Vehicle(77, "1990", "Ford", "F100", "", "ABC", "byLic", 794))
+                            .Append(Vehicle(77, "1990", "Ford", "F100", "VIN1", "Q", "byVin", 1191))
+                            .Append(Vehicle(77, "1999", "Ford", "F150", "", "", "byModel", 1588))
+                            .Append(Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "second", -1)));
+  }
+  void PutRow(int number, int customer, const std::string& year, const std::string& make, const std::string& model,
+              const std::string& vin, const std::string& licence) {
+    Plain("insert into Estimates (EstimateNumber, CustomerNumber, VehicleLink, VehYear, VehMake, VehModel, VehVIN, "
+          "VehLic, VehDate, VehMileage) values (" + std::to_string(number) + "," + std::to_string(customer) + ",0,'" +
+          year + "','" + make + "','" + model + "','" + vin + "','" + licence + "','09/29/2003','84512')");
+  }
+  std::vector<std::string> Engines() const {
+    return PlainRows("select VehEng, VehTrans from Estimates order by EstimateNumber");
+  }
+};
+
+TEST_F(UpgradesOfEngines, TheVehicleWithTheSameVinWinsOverLicenceAndModel) {
+  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
+  PutRow(2, 77, "1999", "Ford", "F150", "NOT", "ABC");
+  PutRow(3, 77, "1999", "Ford", "F150", "NOT", "NOT");
+  PutRow(4, 77, "2002", "Ford", "F150", "NOT", "NOT");
+  Run();
+  EXPECT_THAT(Engines(), ElementsAre("byVin|Auto", "byLic|Auto", "byModel|Auto", " | "));
+}
+
+TEST_F(UpgradesOfEngines, OnlyTheTwoNewColumnsAreFilled) {
+  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre("1999|Ford|F150|VIN1|ABC|09/29/2003|84512|byVin|Auto"));
+}
+
+TEST_F(UpgradesOfEngines, ASnapshotOfBlanksMatchesNothing) {
+  PutRow(1, 77, " ", " ", " ", " ", " ");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | |09/29/2003|84512| | "));
+}
+
+TEST_F(UpgradesOfEngines, CustomersWithoutVehiclesOrUnknownGetBlanks) {
+  PutRow(1, 78, "1999", "Ford", "F150", "VIN1", "ABC");
+  PutRow(2, 99, "1999", "Ford", "F150", "VIN1", "ABC");
+  PutRow(3, 0, "1999", "Ford", "F150", "VIN1", "ABC");
+  Run();
+  EXPECT_THAT(Engines(), ElementsAre(" | ", " | ", " | "));
+}
+
+TEST_F(UpgradesOfEngines, NullsOfTheSnapshotBecomeBlanks) {
+  Plain("insert into Estimates (EstimateNumber, CustomerNumber) values (1, 77)");
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | | | | "));
+}
+
+TEST_F(UpgradesOfEngines, TheLinkOfTheRowIsNotLookedAt) {
+  PutRow(1, 78, "1980", "Opel", "Kadett", "OTHER", "XYZ");
+  Run();
+  EXPECT_THAT(Engines(), ElementsAre(" | ")) << "the row's link leads to another customer's Opel";
+}
+
+TEST_F(Upgrades, PartsGetCostAndListPriceOfZero) {
+  PutOldest();
+  Plain("insert into Parts values (1, 'A', 'Filter', 2, 599, 1198), (1, 'B', null, null, null, null)");
+  Run();
+  EXPECT_THAT(PlainRows("select * from Parts"), ElementsAre("1|A|Filter|2|599|1198|0|0", "1|B|null|null|null|null|0|0"));
+}
+
+class UpgradesOfLabors : public Upgrades {
+ protected:
+  UpgradesOfLabors() {
+    PutOldest();
+    Plain("DROP TABLE Labors;"
+          "CREATE TABLE Labors (EstimateNumber INTEGER, LaborNumber INTEGER, Description VARCHAR(255) DEFAULT 'none, "
+          "yet', LaborHours INTEGER DEFAULT 7, LaborRate INTEGER, LaborTotal INTEGER, Mechanic INTEGER, "
+          "CONSTRAINT PrimaryKey PRIMARY KEY (EstimateNumber, LaborNumber));"
+          "CREATE INDEX ByMechanic ON Labors (Mechanic);"
+          "CREATE VIEW Work AS SELECT Description FROM Labors;"
+          "CREATE TABLE Seen (Number INTEGER);"
+          "CREATE TRIGGER Note AFTER INSERT ON Labors BEGIN INSERT INTO Seen VALUES (new.LaborNumber); END;"
+          "insert into Labors values (5, 2, '0123', 1, 2, 3, 4), (5, 1, 'Caf\xC3\xA9\r\nline', null, 2, 3, 4)");
+  }
+};
+
+TEST_F(UpgradesOfLabors, TheDescriptionBecomesAMemoAndRowsDefaultsAndKeysStay) {
+  Run();
+  EXPECT_THAT(Columns("Labors")[2], "Description LongText");
+  EXPECT_THAT(PlainRows("select rowid, * from Labors order by rowid"),
+              ElementsAre("1|5|2|0123|1|2|3|4", "2|5|1|Caf\xC3\xA9\r\nline|null|2|3|4"));
+  EXPECT_EQ(PlainValue("select group_concat(dflt_value, ';') from pragma_table_info('Labors')"), "'none, yet';7");
+  EXPECT_THROW(db.AddLabor(5, 1, "x", 0, 0, 0, 0), DatabaseError);
+}
+
+TEST_F(UpgradesOfLabors, IndexesTriggersAndViewsOfTheTableStay) {
+  Run();
+  EXPECT_THAT(PlainRows("select name from sqlite_master where type in ('index', 'trigger', 'view') and sql is not null "
+                        "and tbl_name in ('Labors', 'Work') order by name"),
+              ElementsAre("ByMechanic", "Note", "Work"));
+  db.AddLabor(6, 9, "new", 0, 0, 0, 0);
+  EXPECT_THAT(PlainRows("select Number from Seen"), ElementsAre("2", "1", "9"));
+  EXPECT_EQ(PlainRows("select * from Work").size(), 3U);
+}
+
+TEST_F(UpgradesOfLabors, AFailureOnTheWayLeavesTheTableAsItWas) {
+  Plain("CREATE TABLE Labors_changed (A INTEGER)");
+  EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("ALTER TABLE Labors ALTER COLUMN Description Memo"));
+  EXPECT_THAT(Columns("Labors")[2], "Description VARCHAR(255)");
+  EXPECT_EQ(PlainRows("select * from Labors").size(), 2U);
+}
+
+TEST_F(Upgrades, ADescriptionThatIsAMemoAlreadyIsNotAltered) {
+  for (const char* type : {"LongText", "Memo", "TEXT"}) {
+    std::filesystem::remove(Path());
+    PutOldest();
+    Plain(std::string("DROP TABLE Labors; CREATE TABLE Labors (EstimateNumber INTEGER, Description ") + type + ")");
+    Run();
+    EXPECT_EQ(Columns("Labors")[1], std::string("Description ") + type);
+    db.Disconnect();
+  }
+}
+
+TEST_F(Upgrades, RowsOfWasteAndChecklistThatAreThereStay) {
+  PutOldest();
+  Plain("CREATE TABLE Waste (EstimateNumber INTEGER, Own TEXT); insert into Waste values (1, 'x')");
+  Run();
+  EXPECT_EQ(PlainValue("select * from Waste"), "1|x");
+}
+
+TEST_F(Upgrades, ADatabaseWithoutItsBaseTablesIsAnErrorThatNamesTheTable) {
+  Plain("CREATE TABLE Something (A)");
+  EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("Estimates"));
+  EXPECT_THAT(PlainRows("select name from sqlite_master"), ElementsAre("Something"));
+}
+
+}  // namespace
+}  // namespace lantos::test

@@ -1,0 +1,125 @@
+#include "frame/RunLog.h"
+
+#include <gtest/gtest.h>
+
+#include <fmt/format.h>
+
+#include "frame/ScratchDirectory.h"
+#include "frame/Environment.h"
+
+namespace lantos {
+
+namespace {
+
+class RunLogs : public ::testing::Test {
+ protected:
+  RunLogs() { files.SetDataDir(directory.DataDir()); }
+
+  test::ScratchDirectory directory;
+  StandingClock clock{*ParseLocalTime("2003-11-15T08:15:00")};
+  FileIO files{clock};
+  RunLog log{files};
+};
+
+}  // namespace
+
+TEST_F(RunLogs, TheFirstLogOfTheDayIsNumberedZero) {
+  ASSERT_TRUE(log.Open());
+  EXPECT_EQ(log.Name(), "LNb15000.LOG");
+}
+
+TEST(DayMarks, MonthTwelveGivesTheLetterC) {
+  EXPECT_EQ(DayMark(ParseLocalTime("2003-12-01T00:00:00")->day), "c01");
+  EXPECT_EQ(DayMark(ParseLocalTime("2003-01-31T00:00:00")->day), "131");
+  EXPECT_EQ(DayMark(ParseLocalTime("2003-10-09T00:00:00")->day), "a09");
+}
+
+TEST_F(RunLogs, ALineIsDateAndTimeInTwentyCharactersAndTheMessage) {
+  ASSERT_TRUE(log.Open());
+  clock.MoveTo(*ParseLocalTime("2003-11-15T09:00:01"));
+  log.Write("Korvel Appointment Scheduler Started.");
+  log.Write("");
+  log.Close();
+  EXPECT_EQ(directory.Content(log.Name()),
+            "11/15/2003 09:00:01 Korvel Appointment Scheduler Started.\r\n11/15/2003 09:00:01 \r\n");
+}
+
+TEST_F(RunLogs, AMessageOfAnyLengthIsWrittenWholeAndTheNextLineIsRightBehindIt) {
+  ASSERT_TRUE(log.Open());
+  const std::string longMessage(100000, 'x');
+  const std::string stamp = FormatDateTime(clock.Now()) + " ";
+  log.Write(longMessage);
+  log.Write("next");
+  log.Close();
+  EXPECT_EQ(directory.Content(log.Name()), stamp + longMessage + "\r\n" + stamp + "next\r\n");
+}
+
+TEST_F(RunLogs, LogsOfOtherDaysAreDeletedAndThoseOfTodayStay) {
+  directory.Put("LNb14000.LOG", "old");
+  directory.Put("LNb15000.LOG", "today");
+  directory.Put("LNOTE.TXT", "not a log");
+  ASSERT_TRUE(log.Open());
+  EXPECT_FALSE(std::filesystem::exists(directory / "LNb14000.LOG"));
+  EXPECT_EQ(directory.Content("LNb15000.LOG"), "today");
+  EXPECT_TRUE(std::filesystem::exists(directory / "LNOTE.TXT"));
+  EXPECT_EQ(log.Name(), "LNb15001.LOG");
+}
+
+TEST_F(RunLogs, ALogOfAnotherDayThatIsHeldOpenStays) {
+  SharedFile held(directory.Path() / "LNb14000.LOG", Access::ReadWrite, Deny::All);
+  ASSERT_TRUE(log.Open());
+  EXPECT_TRUE(std::filesystem::exists(directory / "LNb14000.LOG"));
+}
+
+TEST_F(RunLogs, WithAThousandLogsOfTodayThereIsNoName) {
+  for (int n = 0; n < 1000; ++n) directory.Put(fmt::format("LNb15{:03}.LOG", n), "");
+  EXPECT_FALSE(log.Open());
+}
+
+TEST_F(RunLogs, AMessageBeforeTheLogIsOpenIsLost) {
+  log.Write("nobody hears");
+  EXPECT_TRUE(files.List("*").empty());
+}
+
+TEST_F(RunLogs, TheUpdateFileTakesTheFirstFreeNumberOfTheDay) {
+  const DaySerial today = clock.Today();
+  EXPECT_EQ(FreeUpdateFileName(files, today), "AUb150.$$$");
+  directory.Put("AUb150.$$$", "");
+  directory.Put("AUb140.$$$", "");
+  EXPECT_EQ(FreeUpdateFileName(files, today), "AUb151.$$$");
+  DeleteOldUpdateFiles(files, today);
+  EXPECT_TRUE(std::filesystem::exists(directory / "AUb150.$$$"));
+  EXPECT_FALSE(std::filesystem::exists(directory / "AUb140.$$$"));
+}
+
+TEST_F(RunLogs, ClosingAFileIsLoggedWithItsNumber) {
+  ASSERT_TRUE(log.Open());
+  OpenFiles open(files, log);
+  FileHandle first = open.Open("A.DAT", Access::ReadWrite, Deny::None);
+  FileHandle second = open.Open("B.DAT", Access::ReadWrite, Deny::None);
+  EXPECT_NE(first, second);
+  open.CloseFile(first);
+  EXPECT_EQ(first, kNoHandle);
+  open.CloseFile(first);
+  open.SetReceivingFile(second);
+  open.CloseFile(second);
+  FileHandle archived = open.OpenArchivedTagFile("caller");
+  archived = open.OpenArchivedTagFile("again");
+  open.CloseFile(archived);
+  log.Close();
+  std::string messages;
+  const std::string text = directory.Content(log.Name());
+  for (std::size_t at = 0; at < text.size(); at = text.find("\r\n", at) + 2) {
+    messages += text.substr(at + 20, text.find("\r\n", at) - at - 20) + "\n";
+  }
+  EXPECT_EQ(messages,
+            "CloseFile: Closed file with pointer = 1\n"
+            "Receiving File pointer = 2 Closed.\n"
+            "Archived WO Tag File Pointer = 1 requested by caller\n"
+            "again: TQINCTAG already open\n"
+            "Archived Wo Tag File pointer = 1 Closed.\n"
+            "Archived WO Tag File Pointer = 1 requested by again\n"
+            "Archived Wo Tag File pointer = 1 Closed.\n");
+}
+
+}  // namespace lantos

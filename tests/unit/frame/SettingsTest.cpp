@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include "frame/ScratchDirectory.h"
+#include "frame/Options.h"
+#include "frame/UserSettings.h"
+
+namespace lantos {
+
+using test::ScratchDirectory;
+
+namespace {
+
+constexpr const char* kForeign =
+    "; kept by somebody else\r\n"
+    "[Print Options]\r\n"
+    "VehSummaryYears=3\r\n"
+    "\r\n"
+    "[BENCH 1]\n"
+    "FontFactor = 5\n"
+    "odd line without a value\r\n";
+
+class Profiles : public ::testing::Test {
+ protected:
+  ScratchDirectory directory;
+  ProfileFile profile{directory.Path() / "Lantos.ini"};
+};
+
+}  // namespace
+
+TEST_F(Profiles, AnEntryIsFoundWithoutRegardToCase) {
+  directory.Put("Lantos.ini", kForeign);
+  EXPECT_EQ(profile.Get("print options", "VEHSUMMARYYEARS", "1"), "3");
+  EXPECT_EQ(profile.Get("bench 1", "FontFactor", "0"), "5");
+  EXPECT_EQ(profile.Get("bench 2", "FontFactor", "0"), "0");
+  EXPECT_EQ(profile.Get("Print Options", "FontFactor", "7"), "7");
+}
+
+TEST_F(Profiles, WritingChangesOneLineAndKeepsEveryOther) {
+  directory.Put("Lantos.ini", kForeign);
+  ASSERT_TRUE(profile.Put("BENCH 1", "FontFactor", "6"));
+  std::string expected = kForeign;
+  expected.replace(expected.find("FontFactor = 5"), 14, "FontFactor=6");
+  EXPECT_EQ(directory.Content("Lantos.ini"), expected);
+}
+
+TEST_F(Profiles, ANewEntryGoesBehindTheLastOneOfItsSection) {
+  directory.Put("Lantos.ini", kForeign);
+  ASSERT_TRUE(profile.Put("Print Options", "PreviewEstimate", "False"));
+  std::string expected = kForeign;
+  expected.insert(expected.find("\r\n[BENCH 1]"), "PreviewEstimate=False\r\n");
+  EXPECT_EQ(directory.Content("Lantos.ini"), expected);
+}
+
+TEST_F(Profiles, ANewSectionGoesToTheEndAlsoWhereTheLastLineHasNoEnd) {
+  directory.Put("Lantos.ini", "[a]\nb=c");
+  ASSERT_TRUE(profile.Put("d", "e", "f"));
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[a]\nb=c\n[d]\ne=f\n");
+  ASSERT_TRUE(profile.Put("a", "x", "y"));
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[a]\nb=c\nx=y\n[d]\ne=f\n");
+}
+
+TEST_F(Profiles, OfTwoEqualEntriesTheFirstCounts) {
+  directory.Put("Lantos.ini", "[a]\nb=1\nb=2\n[a]\nb=3\n");
+  EXPECT_EQ(profile.Get("a", "b", ""), "1");
+}
+
+TEST_F(Profiles, AValueCanNotSmuggleInALine) {
+  ASSERT_TRUE(profile.Put("a", "b", "c\r\n[d]\r\ne=f"));
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[a]\r\nb=c\r\n");
+}
+
+TEST_F(Profiles, AFileThatCanNotBeWrittenLosesTheValueSilently) {
+  ProfileFile nowhere(directory.Path() / "missing" / "Lantos.ini");
+  EXPECT_FALSE(nowhere.Put("a", "b", "c"));
+  EXPECT_EQ(nowhere.Get("a", "b", "default"), "default");
+}
+
+TEST_F(Profiles, PrintOptionsHaveTheirDefaultsAndSurviveARoundTrip) {
+  PrintOptions options = LoadPrintOptions(profile);
+  EXPECT_TRUE(options.PrintCustomerOnWorksheet);
+  EXPECT_FALSE(options.PrintNotesOnWorksheet);
+  EXPECT_FALSE(options.PrintDisclosure);
+  EXPECT_EQ(options.BlankLinesPerLabor, 3);
+  options.BlankPartLines = 12;
+  options.ShowPrinterDialog = false;
+  SavePrintOptions(profile, options);
+  const PrintOptions read = LoadPrintOptions(profile);
+  EXPECT_EQ(read.BlankPartLines, 12);
+  EXPECT_FALSE(read.ShowPrinterDialog);
+  EXPECT_TRUE(read.PreviewEstimate);
+}
+
+TEST_F(Profiles, PrintOptionValuesAreCutAtFiveCharacters) {
+  directory.Put("Lantos.ini", "[Print Options]\nVehSummaryYears=123456\n");
+  EXPECT_EQ(LoadPrintOptions(profile).VehSummaryYears, 12345);
+}
+
+TEST_F(Profiles, ATextThatIsNoBooleanRaisesTheConversionErrorWithItsPlace) {
+  directory.Put("Lantos.ini", "[Print Options]\nPrintDisclosure=maybe\n");
+  try {
+    LoadPrintOptions(profile);
+    FAIL() << "a word that is no boolean was taken";
+  } catch (const std::invalid_argument& error) {
+    EXPECT_NE(std::string(error.what()).find("PrintDisclosure"), std::string::npos) << error.what();
+  }
+}
+
+TEST_F(Profiles, StatusOptionsAreOneCharacterEachAndDefaultToAsk) {
+  directory.Put("Lantos.ini", "[Status Options]\nRescheduledAllow=No\nScheduledToComplete=E\n");
+  StatusOptions options = LoadStatusOptions(profile);
+  EXPECT_EQ(options[StatusOption::RescheduledAllow], 'N');
+  EXPECT_EQ(options[StatusOption::ScheduledToComplete], 'E');
+  EXPECT_EQ(options[StatusOption::ScheduledToArrived], 'A');
+  SaveStatusOptions(profile, options);
+  EXPECT_EQ(LoadStatusOptions(profile).letters, options.letters);
+}
+
+TEST_F(Profiles, ANewWorkstationInheritsFontFactorAndWritesItsOwnSection) {
+  directory.Put("Lantos.ini", "[Lantos Defaults]\nFontFactor=4\n");
+  WorkstationProfile workstation(profile, "BENCH2");
+  int factor = workstation.ReadFontFactor();
+  EXPECT_EQ(factor, 4);
+  workstation.WriteFontFactor(factor);
+  EXPECT_EQ(profile.Get("BENCH2", "FontFactor", ""), "4");
+  EXPECT_EQ(profile.Get("Lantos Defaults", "FontFactor", ""), "4");
+}
+
+TEST_F(Profiles, FontFactorZeroInBothSectionsBecomesOneInTheDefaults) {
+  directory.Put("Lantos.ini", "[Lantos Defaults]\nFontFactor=0\n[BENCH2]\nFontFactor=0\n");
+  EXPECT_EQ(WorkstationProfile(profile, "BENCH2").ReadFontFactor(), 1);
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[Lantos Defaults]\nFontFactor=1\n[BENCH2]\nFontFactor=0\n");
+}
+
+TEST_F(Profiles, FontFactorIsReadAsOneDigitAndWrittenBetweenOneAndNine) {
+  directory.Put("Lantos.ini", "[BENCH2]\nFontFactor=37\n");
+  WorkstationProfile workstation(profile, "BENCH2");
+  EXPECT_EQ(workstation.ReadFontFactor(), 3);
+  int factor = 10;
+  workstation.WriteFontFactor(factor);
+  EXPECT_EQ(factor, 1);
+  EXPECT_EQ(profile.Get("BENCH2", "FontFactor", ""), "1");
+}
+
+TEST_F(Profiles, AComputerWithAnEmptyNameUsesTheDefaultsForEverything) {
+  WorkstationProfile workstation(profile, "");
+  int factor = 7;
+  workstation.WriteFontFactor(factor);
+  workstation.WriteBackupCmd("copy all");
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[Lantos Defaults]\r\nFontFactor=7\r\nBackupCmd=copy all\r\n");
+}
+
+TEST_F(Profiles, BackupCmdWaitFallsBackAndIsWrittenWhereItIsMissing) {
+  WorkstationProfile workstation(profile, "BENCH2");
+  EXPECT_TRUE(workstation.ReadBackupCmdWait());
+  EXPECT_EQ(profile.Get("Lantos Defaults", "BackupCmdWait", ""), "True");
+  workstation.WriteBackupCmdWait(false);
+  EXPECT_FALSE(workstation.ReadBackupCmdWait());
+  EXPECT_EQ(workstation.ReadBackupCmd(), "");
+}
+
+TEST(UserSettings, AValueIsKeptByApplicationSectionAndKey) {
+  ScratchDirectory directory;
+  UserSettings settings(directory.Path() / "deep" / "store");
+  EXPECT_EQ(settings.Get("Korvel", "Settings", "DataDir", "none"), "none");
+  settings.Save("Korvel", "Settings", "DataDir", "C:\\shop\\");
+  settings.Save("MainState", "2");
+  UserSettings again(directory.Path() / "deep" / "store");
+  EXPECT_EQ(again.Get("Korvel", "Settings", "DataDir"), "C:\\shop\\");
+  EXPECT_EQ(again.Get("Lantos", "Settings", "DataDir"), "");
+  EXPECT_EQ(again.GetNumber("MainState", 0), 2);
+  EXPECT_EQ(again.GetNumber("MainLeft", 1000), 1000);
+  EXPECT_TRUE(again.GetBoolean("frmVehListShowDel", true));
+}
+
+}  // namespace lantos

@@ -1,0 +1,564 @@
+#include "Fixture.h"
+#include "frame/Dates.h"
+
+namespace lantos::test {
+namespace {
+
+using ui::Answer;
+using ui::Buttons;
+using ui::Icon;
+
+class CustomersTest : public ShopTest {
+ protected:
+  CustomersTest() { environment.log.Open(); }
+
+  // Customers 1, 2, 3 … with masters in the same order.
+  void PutCustomers(std::int32_t count) {
+    Image tags;
+    Image masters;
+    for (std::int32_t i = 0; i < count; ++i) {
+      const std::string name = "Name" + std::to_string(i + 1);
+      tags.Append(CustomerTagImage(i + 1, name + ",", i * 317));
+      masters.Append(CustomerImage(i + 1, name));
+    }
+    Put(kCustomerTagFile, tags);
+    Put(kCustomerFile, masters);
+  }
+  void MakeCurrentCustomer(std::int32_t number, std::string_view lastname, std::string_view firstname) {
+    customers.CurrentCustomer = {};
+    customers.CurrentCustomer.Put(customer::Number, number);
+    customers.CurrentCustomer.Put(customer::Lastname, lastname);
+    customers.CurrentCustomer.Put(customer::Firstname, firstname);
+    customers.CurrentCustomer.Put(customer::VLink, kNoLink);
+  }
+  bool Lookup(std::int32_t number) { return customers.LookupCustomer(number, kNoLink); }
+  std::string CurrentLastname() const { return customers.CurrentCustomer.Get(customer::Lastname); }
+
+  Customers& customers = records.customers;
+};
+
+// --- the tag array
+
+TEST_F(CustomersTest, AnEmptyTagFileGivesAnEmptyArrayWithoutAnError) {
+  Put(kCustomerTagFile, "");
+  EXPECT_TRUE(customers.LoadCustomerTags());
+  EXPECT_EQ(customers.Count(), 0U);
+}
+
+TEST_F(CustomersTest, AnAbsentTagFileIsMadeEmptyByTheOpening) {
+  EXPECT_TRUE(customers.LoadCustomerTags());
+  EXPECT_TRUE(std::filesystem::exists(PathOf(kCustomerTagFile)));
+  EXPECT_EQ(customers.Count(), 0U);
+}
+
+TEST_F(CustomersTest, ATagWithTheNumberZeroInTheFileIsDroppedOnLoad) {
+  Image tags;
+  tags.Append(CustomerTagImage(7, "A,", 0)).Append(CustomerTagImage(0, "B,", 317));
+  tags.Append(CustomerTagImage(9, "C,", 634));
+  Put(kCustomerTagFile, tags);
+  customers.LoadCustomerTags();
+  ASSERT_EQ(customers.Count(), 2U);
+  EXPECT_EQ(customers.Tag(1).Get(customertag::NameKey), "C,");
+}
+
+TEST_F(CustomersTest, AllBlocksAreReadAndTheLastOneMayBeShort) {
+  for (const std::int32_t count : {175, 176, 177, 352, 1000}) {
+    PutCustomers(count);
+    customers.LoadCustomerTags();
+    ASSERT_EQ(customers.Count(), static_cast<std::size_t>(count));
+    for (std::int32_t i = 0; i < count; ++i) {
+      ASSERT_EQ(customers.Tag(static_cast<std::size_t>(i)).Get(customertag::Number), i + 1);
+    }
+  }
+}
+
+TEST_F(CustomersTest, EmptySlotsAcrossBlocksAreClosedUpInFileOrder) {
+  Image tags;
+  std::vector<std::int32_t> expected;
+  for (std::int32_t i = 1; i <= 700; ++i) {
+    const bool empty = i % 3 == 0 || (i > 176 && i <= 352);
+    tags.Append(CustomerTagImage(empty ? 0 : i, "N,", 0));
+    if (!empty) expected.push_back(i);
+  }
+  Put(kCustomerTagFile, tags);
+  customers.LoadCustomerTags();
+  std::vector<std::int32_t> numbers;
+  for (std::size_t i = 0; i < customers.Count(); ++i) numbers.push_back(customers.Tag(i).Get(customertag::Number));
+  EXPECT_EQ(numbers, expected);
+}
+
+TEST_F(CustomersTest, ATagCutOffByTheEndOfTheFileIsZeroBehindIt) {
+  const std::string tags = CustomerTagImage(7, "Adams,John", 1);
+  Put(kCustomerTagFile, tags.substr(0, 9));
+  customers.LoadCustomerTags();
+  ASSERT_EQ(customers.Count(), 1U);
+  EXPECT_EQ(customers.Tag(0).Get(customertag::NameKey), "Adams");
+  EXPECT_EQ(customers.Tag(0).Get(customertag::Offset), 0);
+}
+
+TEST_F(CustomersTest, OfMoreThan32767TagsTheFirst32767AreHeldWithoutAMessage) {
+  std::string tags(std::size_t{33000} * 96, '\0');
+  for (std::size_t i = 0; i < 33000; ++i) {
+    tags[i * 96] = static_cast<char>((i + 1) & 0xFFU);
+    tags[i * 96 + 1] = static_cast<char>((i + 1) >> 8U);
+  }
+  Put(kCustomerTagFile, tags);
+  EXPECT_TRUE(customers.LoadCustomerTags());
+  EXPECT_EQ(customers.Count(), 32767U);
+  EXPECT_EQ(customers.FindCustomerTag(32767), 32766U);
+  EXPECT_EQ(customers.FindCustomerTag(32768), 32767U);
+  // Nor can one be added: it would take the place of another one's tag.
+  MakeCurrentCustomer(40000, "Late", "");
+  EXPECT_THROW(customers.WriteCustomer(), std::length_error);
+  EXPECT_EQ(BytesOf(kCustomerTagFile), tags);
+}
+
+TEST_F(CustomersTest, LoadingTriesThreeTimesSilentlyASecondApartAndThenAsksEachTime) {
+  PutCustomers(2);
+  SharedFile other = HeldByAnother(kCustomerTagFile);
+  const LocalTime start = clock.Now();
+  LocalTime asked;
+  desktop.WillAnswer([&](const ui::Box&) {
+    asked = clock.Now();
+    return Answer::Ok;
+  });
+  desktop.WillAnswer([&](const ui::Box&) {
+    EXPECT_EQ(clock.Now(), asked);
+    other.Close();
+    return Answer::Ok;
+  });
+  EXPECT_TRUE(customers.LoadCustomerTags());
+  EXPECT_EQ(customers.Count(), 2U);
+  EXPECT_GE(asked.MillisecondsSince(start), 2000);
+  EXPECT_LE(asked.MillisecondsSince(start), 3100);
+  ExpectBox(desktop.boxes.at(0), "Open failure", "Customer tags file locked by another user.", Buttons::OkCancel,
+            Icon::None);
+}
+
+TEST_F(CustomersTest, CancelWhileLoadingLeavesTheTagsNotLoaded) {
+  PutCustomers(2);
+  customers.LoadCustomerTags();
+  const SharedFile other = HeldByAnother(kCustomerTagFile);
+  desktop.WillAnswer(Answer::Cancel);
+  EXPECT_FALSE(customers.LoadCustomerTags());
+  EXPECT_EQ(customers.Count(), 0U);
+}
+
+TEST_F(CustomersTest, FindCustomerTagOnAnEmptyArrayReturnsZeroWhichEqualsTheCount) {
+  EXPECT_EQ(customers.FindCustomerTag(5), 0U);
+  EXPECT_EQ(customers.Count(), 0U);
+}
+
+TEST_F(CustomersTest, ATagThatIsNotFoundLeavesCurrentTagAlone) {
+  PutCustomers(3);
+  customers.LoadCustomerTags();
+  EXPECT_EQ(customers.FindCustomerTag(2), 1U);
+  EXPECT_EQ(customers.FindCustomerTag(99), 3U);
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::Number), 2);
+}
+
+TEST_F(CustomersTest, OfTwoTagsWithOneNumberTheFirstIsFound) {
+  Image tags;
+  tags.Append(CustomerTagImage(5, "First,", 0)).Append(CustomerTagImage(5, "Second,", 317));
+  Put(kCustomerTagFile, tags);
+  customers.LoadCustomerTags();
+  EXPECT_EQ(customers.FindCustomerTag(5), 0U);
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::NameKey), "First,");
+}
+
+TEST_F(CustomersTest, EveryNumberIsFoundWhereItStandsHoweverTheyLie) {
+  Image tags;
+  std::vector<std::int32_t> numbers = {-1, 1, 65536, -2147483647 - 1, 2147483647, 131072, 64, 128};
+  for (std::int32_t i = 0; i < 500; ++i) numbers.push_back(1000 + i * 65536);
+  for (const std::int32_t number : numbers) tags.Append(CustomerTagImage(number, "N,", 0));
+  Put(kCustomerTagFile, tags);
+  customers.LoadCustomerTags();
+  for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(customers.FindCustomerTag(numbers[i]), i);
+  EXPECT_EQ(customers.FindCustomerTag(0), numbers.size());
+}
+
+// --- reading
+
+TEST_F(CustomersTest, AnOffsetOutsideTheFileIsToldAndTheLastRecordKept) {
+  PutCustomers(1);
+  for (const auto& [offset, printed] : {std::pair{317, "317"}, {-1, "-1"}, {-5, "-1"}, {2147483647, "2147483647"}}) {
+    customers.CurrentTag = {};
+    customers.CurrentTag.Put(customertag::Number, 8);
+    customers.CurrentTag.Put(customertag::Offset, offset);
+    MakeCurrentCustomer(3, "Kept", "");
+    desktop.WillAnswer(Answer::Ok);
+    EXPECT_FALSE(customers.ReadCustomer());
+    EXPECT_EQ(CurrentLastname(), "Kept");
+    ExpectBox(desktop.boxes.back(), "ReadCustomer()",
+              std::string("Invalid file offset supplied to ReadCustomer = ") + printed, Buttons::Ok, Icon::None);
+  }
+}
+
+TEST_F(CustomersTest, AnEqualNumberCountsAsInMemoryAlready) {
+  PutCustomers(2);
+  customers.LoadCustomerTags();
+  customers.FindCustomerTag(2);
+  MakeCurrentCustomer(2, "Changed on screen", "");
+  EXPECT_TRUE(customers.ReadCustomer());
+  EXPECT_EQ(CurrentLastname(), "Changed on screen");
+}
+
+TEST_F(CustomersTest, TheOffsetIsCheckedBeforeTheRecordInMemory) {
+  PutCustomers(1);
+  customers.CurrentTag.Put(customertag::Number, 3);
+  customers.CurrentTag.Put(customertag::Offset, 5000);
+  MakeCurrentCustomer(3, "", "");
+  desktop.WillAnswer(Answer::Ok);
+  EXPECT_FALSE(customers.ReadCustomer());
+}
+
+TEST_F(CustomersTest, OffsetZeroIsTheFirstRecord) {
+  PutCustomers(1);
+  customers.LoadCustomerTags();
+  customers.MakeCurrent(0);
+  EXPECT_TRUE(customers.ReadCustomer());
+  EXPECT_EQ(CurrentLastname(), "Name1");
+}
+
+TEST_F(CustomersTest, AHeldDataFilePromptsAndCancelLeavesTheRecordUnread) {
+  PutCustomers(1);
+  customers.LoadCustomerTags();
+  customers.MakeCurrent(0);
+  const SharedFile other = HeldByAnother(kCustomerFile);
+  desktop.WillAnswer({Answer::Ok, Answer::Cancel});
+  EXPECT_FALSE(customers.ReadCustomer());
+  EXPECT_EQ(customers.CurrentCustomer, CustomerRecord());
+  ExpectBox(desktop.boxes.at(1), "ReadCustomer()",
+            "Customer data file locked by another user.\rClick OK to try again, or CANCEL to exit.", Buttons::OkCancel,
+            Icon::Exclamation);
+}
+
+// --- writing
+
+TEST_F(CustomersTest, ANewCustomerIsAppendedToBothFiles) {
+  PutCustomers(2);
+  MakeCurrentCustomer(3, "Adams", "John");
+  customers.CurrentCustomer.Put(customer::Spouse, "Mary");
+  customers.CurrentCustomer.Put(customer::SpouseLast, "Miller");
+  customers.CurrentCustomer.Put(customer::HomePhone, "555-1234");
+  EXPECT_TRUE(customers.WriteCustomer());
+  const std::string tag = CustomerTagImage(3, "Adams,John", 2 * 317).Text(36, "Miller,Mary").Text(72, "555-1234");
+  EXPECT_EQ(BytesOf(kCustomerTagFile).substr(192), tag);
+  const std::string master =
+      CustomerImage(3, "Adams").Text(25, "John").Text(46, "Mary").Text(67, "Miller").Text(156, "555-1234");
+  EXPECT_EQ(BytesOf(kCustomerFile).substr(634), master);
+  EXPECT_EQ(customers.Count(), 3U);
+  EXPECT_EQ(customers.FindCustomerTag(3), 2U);
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::Offset), 634);
+}
+
+TEST_F(CustomersTest, TheTagFileIsClosedFirst) {
+  PutCustomers(1);
+  customers.LoadCustomerTags();
+  MakeCurrentCustomer(1, "A", "");
+  customers.WriteCustomer();
+  EXPECT_EQ(Log(),
+            "CloseFile: Closed file with pointer = 1\n"
+            "CloseFile: Closed file with pointer = 1\n"
+            "CloseFile: Closed file with pointer = 2\n");
+}
+
+TEST_F(CustomersTest, NamesOf20CharactersMakeAKeyCutTo32WithTheCommaAndPartOfTheFirstName) {
+  MakeCurrentCustomer(1, "abcdefghijklmnopqrst", "ABCDEFGHIJKLMNOPQRST");
+  customers.WriteCustomer();
+  EXPECT_EQ(BytesOf(kCustomerTagFile).substr(4, 32), "abcdefghijklmnopqrst,ABCDEFGHIJK");
+}
+
+TEST_F(CustomersTest, ACustomerWithoutSpouseHasTheSpouseKeyComma) {
+  MakeCurrentCustomer(1, "Adams", "John");
+  customers.WriteCustomer();
+  EXPECT_EQ(BytesOf(kCustomerTagFile).substr(36, 32), "," + std::string(31, '\0'));
+}
+
+TEST_F(CustomersTest, NamesAreTrimmedInTheMasterToo) {
+  MakeCurrentCustomer(1, "  Adams ", std::string_view("John\0old", 8));
+  customers.WriteCustomer();
+  EXPECT_EQ(BytesOf(kCustomerFile).substr(4, 42), "Adams" + std::string(16, '\0') + "John" + std::string(17, '\0'));
+}
+
+TEST_F(CustomersTest, AnotherWorkstationsNewCustomerIsMetByTheReloadOfAMiss) {
+  PutCustomers(2);
+  customers.LoadCustomerTags();
+  PutCustomers(3);
+  MakeCurrentCustomer(4, "Mine", "");
+  EXPECT_TRUE(customers.WriteCustomer());
+  EXPECT_EQ(customers.Count(), 4U);
+  EXPECT_EQ(BytesOf(kCustomerTagFile).size(), 4U * 96);
+  EXPECT_EQ(LongAt(BytesOf(kCustomerTagFile), 3 * 96), 4);
+}
+
+TEST_F(CustomersTest, AnEmptySlotOfAnotherProgramShiftsTheTagsBehindItOnUpdate) {
+  Image tags;
+  tags.Append(CustomerTagImage(0, "", 0)).Append(CustomerTagImage(5, "Five,", 0));
+  Put(kCustomerTagFile, tags);
+  Put(kCustomerFile, CustomerImage(5, "Five"));
+  customers.LoadCustomerTags();
+  customers.FindCustomerTag(5);
+  customers.ReadCustomer();
+  customers.WriteCustomer();
+  const std::string after = BytesOf(kCustomerTagFile);
+  EXPECT_EQ(LongAt(after, 0), 5);
+  EXPECT_EQ(LongAt(after, 96), 5);
+}
+
+TEST_F(CustomersTest, CancelAtTheTagFileWritesNothing) {
+  PutCustomers(1);
+  customers.LoadCustomerTags();
+  const auto before = Everything();
+  const SharedFile other = HeldByAnother(kCustomerTagFile, Access::Read, Deny::Write);
+  MakeCurrentCustomer(1, "Changed", "");
+  desktop.WillAnswer({Answer::Ok, Answer::Cancel});
+  EXPECT_FALSE(customers.WriteCustomer());
+  ExpectBox(desktop.boxes.at(0), "WriteCustomer()",
+            "Customer tags file locked by another user.\rClick OK to try again, or CANCEL to exit.", Buttons::OkCancel,
+            Icon::Exclamation);
+  EXPECT_EQ(BytesOf(kCustomerTagFile), before.at(std::string(kCustomerTagFile)));
+  EXPECT_EQ(BytesOf(kCustomerFile), before.at(std::string(kCustomerFile)));
+  EXPECT_EQ(customers.Tag(0).Get(customertag::NameKey), "Changed,") << "the array is changed all the same";
+}
+
+TEST_F(CustomersTest, CancelAtTheDataFileWritesNothingAndFreesTheTagFile) {
+  PutCustomers(1);
+  customers.LoadCustomerTags();
+  const std::string tags = BytesOf(kCustomerTagFile);
+  const SharedFile other = HeldByAnother(kCustomerFile);
+  MakeCurrentCustomer(1, "Changed", "");
+  desktop.WillAnswer(Answer::Cancel);
+  EXPECT_FALSE(customers.WriteCustomer());
+  ExpectBox(desktop.boxes.at(0), "WriteCustomer()",
+            "Customer data file locked by another user.\rClick OK to try again, or CANCEL to exit.", Buttons::OkCancel,
+            Icon::Exclamation);
+  EXPECT_EQ(BytesOf(kCustomerTagFile), tags);
+  EXPECT_NO_THROW(HeldByAnother(kCustomerTagFile));
+}
+
+TEST_F(CustomersTest, ANewCustomerGivenUpAtFirstIsAppendedByTheNextWriting) {
+  PutCustomers(1);
+  customers.LoadCustomerTags();
+  MakeCurrentCustomer(2, "New", "");
+  {
+    const SharedFile other = HeldByAnother(kCustomerFile);
+    desktop.WillAnswer(Answer::Cancel);
+    EXPECT_FALSE(customers.WriteCustomer());
+  }
+  EXPECT_TRUE(customers.WriteCustomer());
+  EXPECT_EQ(BytesOf(kCustomerFile).size(), 2U * 317);
+  EXPECT_EQ(LongAt(BytesOf(kCustomerTagFile), 96 + 68), 317);
+}
+
+TEST_F(CustomersTest, WithoutTheTagsNothingIsWritten) {
+  PutCustomers(2);
+  const std::string tags = BytesOf(kCustomerTagFile);
+  MakeCurrentCustomer(3, "New", "");
+  const SharedFile other = HeldByAnother(kCustomerTagFile);
+  desktop.WillAnswer(Answer::Cancel);
+  EXPECT_FALSE(customers.WriteCustomer());
+  EXPECT_EQ(BytesOf(kCustomerTagFile), tags);
+}
+
+TEST_F(CustomersTest, ANewCustomerGetsCityAndStateFromTheSystemRecordAndTheLevelRetail) {
+  PutGolden();
+  MakeCurrentCustomer(3, "Old", "");
+  customers.NewCustomer();
+  const std::string expected =
+      CustomerImage(1005, "").Text(121, "Springfield").Text(142, "OH").Integer(207, 3).Long(209, 731868).Long(313, -1);
+  const auto bytes = customers.CurrentCustomer.Bytes();
+  EXPECT_EQ(std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()), expected);
+  EXPECT_EQ(LongAt(BytesOf(kSystemFile), 12), 1006);
+}
+
+// --- vehicles of a customer
+
+TEST_F(CustomersTest, ACustomerWithoutVehiclesHasNoLatestVehicleDate) {
+  PutGolden();
+  MakeCurrentCustomer(1, "", "");
+  EXPECT_EQ(customers.LatestVehicleDate(), -1);
+}
+
+TEST_F(CustomersTest, TheLatestVehicleDateIsTheGreatestBelow1000000) {
+  PutGolden();
+  customers.LoadCustomerTags();
+  customers.FindCustomerTag(1001);
+  customers.ReadCustomer();
+  records.vehicles.CurrentVehicle.Put(vehicle::Make, "Kept");
+  records.vehicles.CurrentVehicleOffset = 55;
+  EXPECT_EQ(customers.LatestVehicleDate(), ToFileDate(37880));
+  EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Make), "Kept");
+  EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 55);
+  const FileHandle handle = records.vehicles.OpenVehicleForRead();
+  EXPECT_EQ(customers.LatestVehicleDate(handle), ToFileDate(37880));
+  EXPECT_NO_THROW(environment.openFiles[handle]) << "an open handle stays open";
+}
+
+TEST_F(CustomersTest, ANewVehicleBecomesTheFirstOfItsCustomersChain) {
+  PutGolden();
+  customers.LoadCustomerTags();
+  customers.FindCustomerTag(1001);
+  customers.ReadCustomer();
+  records.vehicles.NewVehicle();
+  records.vehicles.CurrentVehicle.Put(vehicle::Make, "Honda");
+  customers.AppendVehicle();
+  EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 1588);
+  EXPECT_EQ(LongAt(BytesOf(kVehicleFile), 1588 + 393), 794);
+  EXPECT_EQ(LongAt(BytesOf(kCustomerFile), 317 + 313), 1588);
+  EXPECT_EQ(records.vehicles.Count(), 5) << "the array was loaded at once";
+}
+
+TEST_F(CustomersTest, AVehicleThatIsNotOnFileIsAppendedByWriteVehicle) {
+  PutGolden();
+  customers.LoadCustomerTags();
+  customers.FindCustomerTag(1003);
+  customers.ReadCustomer();
+  records.vehicles.NewVehicle();
+  records.vehicles.WriteVehicle();
+  EXPECT_EQ(BytesOf(kVehicleFile).size(), 5U * 397);
+  EXPECT_EQ(LongAt(BytesOf(kCustomerFile), 313), 1588);
+}
+
+TEST_F(CustomersTest, AVehicleThatCannotBeWrittenLeavesTheChainAsItIs) {
+  PutGolden();
+  customers.LoadCustomerTags();
+  customers.FindCustomerTag(1001);
+  customers.ReadCustomer();
+  records.vehicles.NewVehicle();
+  const SharedFile other = HeldByAnother(kVehicleFile);
+  desktop.WillAnswer(Answer::Ok);
+  customers.AppendVehicle();
+  EXPECT_EQ(customers.CurrentCustomer.Get(customer::VLink), 794);
+  EXPECT_EQ(BytesOf(kCustomerFile), GoldenBytes(kCustomerFile));
+}
+
+// --- names for lists and the board
+
+TEST_F(CustomersTest, TheSpouseNameIsTheLastNameFollowedByTheWholeSpouseKey) {
+  Image tags;
+  tags.Append(CustomerTagImage(1, " Adams,John ", 0).Text(36, " ,Mary "));
+  tags.Append(CustomerTagImage(2, ",John", 0).Text(36, "Lee,Ann"));
+  tags.Append(CustomerTagImage(3, "no comma", 0).Text(36, "Lee,Ann"));
+  tags.Append(CustomerTagImage(4, "A,B,C", 0).Text(36, "Lee,Ann"));
+  Put(kCustomerTagFile, tags);
+  customers.LoadCustomerTags();
+  EXPECT_EQ(customers.SpouseName(0), "Adams,Mary");
+  EXPECT_EQ(customers.SpouseName(1), "");
+  EXPECT_EQ(customers.SpouseName(2), "");
+  EXPECT_EQ(customers.SpouseName(3), "ALee,Ann");
+  EXPECT_EQ(customers.Tag(0).Bytes()[4], std::byte{'A'}) << "trimmed in the array too";
+}
+
+TEST_F(CustomersTest, LookingUpLoadsEmptyTagsFirst) {
+  PutCustomers(3);
+  EXPECT_TRUE(Lookup(2));
+  EXPECT_EQ(CurrentLastname(), "Name2");
+  EXPECT_EQ(customers.Count(), 3U);
+}
+
+TEST_F(CustomersTest, LookingUpTheSameNumberAgainOpensNoFile) {
+  PutCustomers(3);
+  Lookup(2);
+  std::filesystem::remove(PathOf(kCustomerFile));
+  std::filesystem::remove(PathOf(kCustomerTagFile));
+  EXPECT_TRUE(Lookup(2));
+  EXPECT_FALSE(std::filesystem::exists(PathOf(kCustomerFile)));
+}
+
+TEST_F(CustomersTest, AnUnknownNumberReloadsTheTagsOnceAndIsThenUnknown) {
+  PutCustomers(2);
+  EXPECT_TRUE(Lookup(1));
+  PutCustomers(4);
+  EXPECT_TRUE(Lookup(4));
+  EXPECT_FALSE(Lookup(5));
+  EXPECT_EQ(customers.Count(), 4U);
+}
+
+TEST_F(CustomersTest, AnUnknownNumberForgetsTheCustomerAndVehicleLastRead) {
+  PutGolden();
+  EXPECT_TRUE(customers.LookupCustomer(1001, 794));
+  EXPECT_FALSE(Lookup(77));
+  std::string vehicles = GoldenBytes(kVehicleFile);
+  Put(kVehicleFile, vehicles.replace(794 + 8, 9, "Renamed\0\0"));
+  EXPECT_TRUE(customers.LookupCustomer(1001, 794));
+  EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Make).substr(0, 7), "Renamed");
+}
+
+TEST_F(CustomersTest, LookingUpWithAVehicleLinkReadsTheVehicleOnce) {
+  PutGolden();
+  EXPECT_TRUE(customers.LookupCustomer(1001, 397));
+  EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Model), "Pinto");
+  std::filesystem::remove(PathOf(kVehicleFile));
+  EXPECT_TRUE(customers.LookupCustomer(1001, 397));
+  EXPECT_FALSE(std::filesystem::exists(PathOf(kVehicleFile)));
+}
+
+TEST_F(CustomersTest, AnotherCustomerReadInBetweenIsNotTakenForTheRememberedOne) {
+  PutCustomers(3);
+  Lookup(2);
+  customers.FindCustomerTag(3);
+  customers.ReadCustomer();
+  EXPECT_TRUE(Lookup(2));
+  EXPECT_EQ(CurrentLastname(), "Name2");
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::Number), 2);
+}
+
+TEST_F(CustomersTest, ACustomerJustWrittenIsSeenByTheLookUp) {
+  PutCustomers(2);
+  Lookup(2);
+  customers.CurrentCustomer.Put(customer::Lastname, "Renamed");
+  customers.WriteCustomer();
+  EXPECT_TRUE(Lookup(2));
+  EXPECT_EQ(CurrentLastname(), "Renamed");
+  EXPECT_TRUE(Lookup(1));
+  EXPECT_TRUE(Lookup(2));
+  EXPECT_EQ(CurrentLastname(), "Renamed");
+}
+
+TEST_F(CustomersTest, RefreshingLoadsEveryCustomerWithTheDateOfTheNewestVehicle) {
+  PutGolden();
+  records.vehicles.CurrentVehicle.Put(vehicle::Make, "Kept");
+  const auto& rows = customers.RefreshCustomers();
+  ASSERT_EQ(rows.size(), 4U);
+  EXPECT_EQ(rows[0].customer.Get(customer::Lastname), "Adams");
+  EXPECT_EQ(rows[0].VehicleDate, ToFileDate(37880));
+  EXPECT_EQ(rows[1].VehicleDate, -1);
+  EXPECT_EQ(rows[2].VehicleDate, ToFileDate(37850));
+  EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Make), "Kept");
+}
+
+TEST_F(CustomersTest, RefreshingForgetsWhatWasRememberedAndReadsTheTagsAnew) {
+  PutCustomers(2);
+  Lookup(2);
+  std::string masters = BytesOf(kCustomerFile);
+  Put(kCustomerFile, masters.replace(317 + 4, 5, "Other"));
+  PutCustomers(3);
+  Put(kCustomerFile, masters);
+  customers.RefreshCustomers();
+  EXPECT_EQ(customers.Count(), 3U);
+  EXPECT_TRUE(Lookup(2));
+  EXPECT_EQ(CurrentLastname(), "Other");
+}
+
+TEST_F(CustomersTest, RefreshingPassesOverTagsWithoutAMaster) {
+  Image tags;
+  tags.Append(CustomerTagImage(1, "A,", -1))
+      .Append(CustomerTagImage(2, "B,", 0))
+      .Append(CustomerTagImage(3, "C,", 999));
+  Put(kCustomerTagFile, tags);
+  Put(kCustomerFile, CustomerImage(2, "B"));
+  EXPECT_EQ(customers.RefreshCustomers().size(), 1U);
+}
+
+TEST_F(CustomersTest, RefreshingWithoutTheVehicleFileKnowsNoDates) {
+  PutGolden();
+  const SharedFile other = HeldByAnother(kVehicleFile);
+  desktop.WillAnswer(Answer::Cancel);
+  const auto& rows = customers.RefreshCustomers();
+  ASSERT_EQ(rows.size(), 4U);
+  EXPECT_EQ(rows[0].VehicleDate, -1);
+}
+
+}  // namespace
+}  // namespace lantos::test

@@ -1,0 +1,90 @@
+// Bad bytes are never more than bad values: every truncation and many flipped bits of each file.
+#include <array>
+#include <functional>
+
+#include "Fixture.h"
+
+namespace lantos::test {
+namespace {
+
+class Damage : public ShopTest {
+ protected:
+  Damage() {
+    PutGolden();
+    desktop.otherwise = [](const ui::Box& box) { return ui::ButtonsOf(box).back(); };
+  }
+
+  // Everything that reads, and what it leads to.
+  void ReadAll() {
+    records.system.ReadSystem(false);
+    records.passwords.LoadPasswords();
+    records.makes.LoadMakes();
+    records.employees.LoadEmployees();
+    records.employees.LoadEmployeeList();
+    records.vehicles.LoadVehicles();
+    Customers& customers = records.customers;
+    customers.LoadCustomerTags();
+    for (std::size_t i = 0; i < customers.Count(); ++i) {
+      customers.MakeCurrent(i);
+      customers.ReadCustomer();
+      customers.LatestVehicleDate();
+      customers.SpouseName(i);
+    }
+    customers.LookupCustomer(1001, 794);
+    customers.RefreshCustomers();
+  }
+
+  void ForEachByte(std::string_view file, std::size_t step,
+                   const std::function<void(std::string&, std::size_t)>& harm) {
+    const std::string golden = GoldenBytes(file);
+    for (std::size_t i = 0; i < golden.size(); i += step) {
+      std::string bytes = golden;
+      harm(bytes, i);
+      Put(file, bytes);
+      ReadAll();
+    }
+    Put(file, golden);
+  }
+};
+
+constexpr std::array kFiles = {kSystemFile,    kCustomerTagFile, kCustomerFile, kVehicleFile,
+                               kMakeModelFile, kEmployeeFile,    kPasswordFile};
+
+TEST_F(Damage, NoTruncationDoesHarm) {
+  for (const std::string_view file : kFiles) {
+    ForEachByte(file, 13, [](std::string& bytes, std::size_t place) { bytes.resize(place); });
+  }
+}
+
+TEST_F(Damage, NoFlippedBitDoesHarm) {
+  for (const std::string_view file : kFiles) {
+    ForEachByte(file, 11, [](std::string& bytes, std::size_t place) {
+      bytes[place] = static_cast<char>(bytes[place] ^ (1 << place % 8));
+    });
+  }
+}
+
+TEST_F(Damage, NoLinkDoesHarmWhateverItHolds) {
+  struct Place {
+    std::string_view file;
+    std::size_t offset;
+  };
+  const std::vector<Place> places = {{kCustomerTagFile, 68}, {kCustomerFile, 317 + 313}, {kVehicleFile, 794 + 393},
+                                     {kMakeModelFile, 25},   {kMakeModelFile, 29 + 25},  {kMakeModelFile, 87 + 21}};
+  for (const Place& place : places) {
+    for (const std::int32_t link : {0, 1, 28, 29, 396, 100000, 2147483647, -2, -2147483647 - 1}) {
+      const std::string golden = GoldenBytes(place.file);
+      Put(place.file, Image(golden.size()).Text(0, golden).Long(place.offset, link));
+      ReadAll();
+      records.makes.DeleteModel("Ford", "Crown Victoria");
+      records.makes.AddModel("Ford", "Focus");
+      records.makes.LoadMakes();
+      EXPECT_LT(BytesOf(kMakeModelFile).size(), 10000U);
+      Put(kMakeModelFile, GoldenBytes(kMakeModelFile));
+      Put(place.file, golden);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace lantos::test

@@ -1,0 +1,110 @@
+#include "Fixture.h"
+#include "records/Contention.h"
+
+namespace lantos::test {
+namespace {
+
+using ui::Answer;
+
+class System : public ShopTest {
+ protected:
+  System() {
+    PutGolden();
+    environment.log.Open();
+  }
+};
+
+TEST_F(System, AFileThatHolds1005GivesTheNextCustomer1005AndLeaves1006) {
+  EXPECT_EQ(records.system.TakeNumber(sysrec::last_customer_number), 1005);
+  EXPECT_EQ(LongAt(BytesOf(kSystemFile), 12), 1006);
+  EXPECT_EQ(records.system.TakeNumber(sysrec::last_customer_number), 1006);
+}
+
+TEST_F(System, TakingANumberKeepsWhatAnotherWorkstationHasSetMeanwhile) {
+  records.system.ReadSystem(false);
+  std::string bytes = BytesOf(kSystemFile);
+  bytes[40] = 99;  // shop_rate
+  Put(kSystemFile, bytes);
+  records.system.TakeNumber(sysrec::last_estimate_number);
+  EXPECT_EQ(BytesOf(kSystemFile)[40], 99);
+  EXPECT_EQ(records.system.SysRec.Get(sysrec::shop_rate) & 0xFF, 99);
+}
+
+TEST_F(System, TheFileIsHeldFromReadingToWriting) {
+  const FileHandle handle = records.system.ReadSystem(true);
+  EXPECT_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None), FileError);
+  records.system.WriteSystem(handle);
+  EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None));
+  EXPECT_EQ(Log(), "CloseFile: Closed file with pointer = 1\n");
+}
+
+TEST_F(System, WithoutKeepOpenTheResultIsZeroAndTheFileIsClosed) {
+  EXPECT_EQ(records.system.ReadSystem(false), 0);
+  EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::ReadWrite, Deny::All));
+}
+
+TEST_F(System, AFileHeldByAnotherIsTried100TimesWithoutAWordAndThenAsks) {
+  int tries = 0;
+  Contention contention(contention::kSystem, desktop, clock);
+  desktop.WillAnswer({Answer::Retry, Answer::Cancel});
+  const LocalTime before = clock.Now();
+  EXPECT_FALSE(contention.Run([&] {
+    EXPECT_EQ(desktop.boxes.size(), static_cast<std::size_t>(tries / 100));
+    ++tries;
+    throw FileError(FileErrorNumber::PermissionDenied, "test");
+  }));
+  EXPECT_EQ(tries, 200);
+  EXPECT_EQ(clock.Now(), before);
+  ExpectBox(desktop.boxes.at(0), "Error 70: Permission denied", "System file locked by another user.",
+            ui::Buttons::RetryCancel, ui::Icon::Critical);
+}
+
+TEST_F(System, CancelAtTheLockedSystemFileEndsTheProgram) {
+  const SharedFile other = HeldByAnother(kSystemFile);
+  desktop.WillAnswer({Answer::Retry, Answer::Cancel});
+  try {
+    records.system.ReadSystem(false);
+    FAIL() << "the program goes on";
+  } catch (const ProcessEnded& end) {
+    EXPECT_EQ(end.code, 0);
+  }
+  EXPECT_EQ(desktop.boxes.size(), 2U);
+}
+
+TEST_F(System, CancelWhileWritingEndsTheProgramToo) {
+  records.system.ReadSystem(false);
+  const SharedFile other = HeldByAnother(kSystemFile, Access::Read, Deny::None);
+  desktop.WillAnswer(Answer::Cancel);
+  EXPECT_THROW(records.system.WriteSystem(), ProcessEnded);
+}
+
+TEST_F(System, RetryGoesOnWhenTheOtherHasLetGo) {
+  SharedFile other = HeldByAnother(kSystemFile);
+  desktop.WillAnswer([&](const ui::Box&) {
+    other.Close();
+    return Answer::Retry;
+  });
+  EXPECT_EQ(records.system.TakeNumber(sysrec::last_customer_number), 1005);
+}
+
+TEST_F(System, AnAbsentOrShortFileReadsAsZeros) {
+  std::filesystem::remove(PathOf(kSystemFile));
+  records.system.SysRec.Put(sysrec::shop_rate, 1);
+  records.system.ReadSystem(false);
+  EXPECT_EQ(records.system.SysRec, SystemRecord());
+  EXPECT_EQ(BytesOf(kSystemFile), "");
+  Put(kSystemFile, GoldenBytes(kSystemFile).substr(0, 50));
+  records.system.ReadSystem(false);
+  EXPECT_EQ(records.system.SysRec.Get(sysrec::company_name), "M\xFCller");
+  EXPECT_EQ(records.system.SysRec.Get(sysrec::hand_msg1), "");
+}
+
+TEST_F(System, ADamagedCounterAtTheEndOfItsRangeWraps) {
+  std::string bytes = GoldenBytes(kSystemFile);
+  Put(kSystemFile, bytes.replace(12, 4, std::string("\xFF\xFF\xFF\x7F", 4)));
+  EXPECT_EQ(records.system.TakeNumber(sysrec::last_customer_number), 2147483647);
+  EXPECT_EQ(LongAt(BytesOf(kSystemFile), 12), -2147483647 - 1);
+}
+
+}  // namespace
+}  // namespace lantos::test

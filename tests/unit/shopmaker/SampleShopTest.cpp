@@ -1,0 +1,200 @@
+#include "shopmaker/SampleShop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "estimatedb/SqliteEngine.h"
+#include "frame/Dates.h"
+#include "shopmaker/TemporaryDirectory.h"
+
+namespace lantos {
+namespace {
+
+using test::Contents;
+using test::TemporaryDirectory;
+
+constexpr DaySerial kDay = 37894;  // Tuesday, 30 September 2003
+
+SampleOptions Small() {
+  SampleOptions options;
+  options.customers = 40;
+  options.vehicles = 60;
+  options.parts = 80;
+  options.estimates = 60;
+  options.date = kDay;
+  return options;
+}
+
+constexpr const char* kTables[] = {"Estimates", "Labors",    "Parts",       "Notes",        "Sublets",
+                                   "Waste",     "Checklist", "SpecialDays", "StandardHours"};
+
+std::string AsText(const Value& value) {
+  struct Visitor {
+    std::string operator()(std::monostate) const { return "null"; }
+    std::string operator()(std::int64_t number) const { return std::to_string(number); }
+    std::string operator()(double number) const { return std::to_string(number); }
+    std::string operator()(const std::string& text) const { return "'" + text + "'"; }
+    std::string operator()(const DateValue& date) const { return FormatIsoDate(date.day); }
+  };
+  return std::visit(Visitor(), value);
+}
+
+// Every row of a table as text, in file order.
+std::vector<std::string> Rows(const std::filesystem::path& database, const std::string& table) {
+  StandingClock clock({kDay, 0});
+  SqliteEngine engine(database, clock);
+  std::vector<std::string> lines;
+  for (Recordset rows = engine.Run("select * from " + table, {}); !rows.Eof(); rows.MoveNext()) {
+    std::string line;
+    for (const std::string& column : rows.Columns()) line += column + "=" + AsText(rows[column]) + " ";
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+class MadeShop : public testing::Test {
+ protected:
+  std::filesystem::path Shop(const char* name = "shop") const { return directory_.Path() / name; }
+  void Make(const SampleOptions& options, const char* name = "shop", DaySerial today = kDay) {
+    StandingClock clock({today, 0});
+    MakeSampleShop(Shop(name), options, clock);
+  }
+  Recordset Query(const std::string& statement) {
+    SqliteEngine engine(Shop() / "Lantos.mdb", clock_);
+    return engine.Run(statement, {});
+  }
+
+  TemporaryDirectory directory_;
+  StandingClock clock_{LocalTime{kDay, 0}};
+};
+
+TEST_F(MadeShop, IsTheSameTwiceInEveryByteAndRowWhateverTheDayItIsMadeOn) {
+  Make(Small(), "one");
+  Make(Small(), "two", kDay + 400);
+  auto one = Contents(Shop("one")), two = Contents(Shop("two"));
+  for (auto* files : {&one, &two}) std::erase_if(*files, [](const auto& file) { return file.first.ends_with(".mdb"); });
+  EXPECT_EQ(one.size(), 24u);
+  EXPECT_TRUE(one == two);
+  for (const char* table : kTables) {
+    EXPECT_EQ(Rows(Shop("one") / "Lantos.mdb", table), Rows(Shop("two") / "Lantos.mdb", table)) << table;
+  }
+}
+
+TEST_F(MadeShop, AnotherSeedIsAnotherShop) {
+  SampleOptions other = Small();
+  other.seed = 2;
+  Make(Small(), "one");
+  Make(other, "two");
+  EXPECT_NE(test::ReadBytes(Shop("one") / "TQCSTDAT.DAT"), test::ReadBytes(Shop("two") / "TQCSTDAT.DAT"));
+  EXPECT_NE(Rows(Shop("one") / "Lantos.mdb", "Labors"), Rows(Shop("two") / "Lantos.mdb", "Labors"));
+}
+
+TEST_F(MadeShop, HasFilesOfWholeRecords) {
+  Make(Small());
+  const auto files = Contents(Shop());
+  EXPECT_EQ(files.size(), 26u);
+  EXPECT_EQ(files.at("TQSYSTEM.DAT").size(), 1038u);
+  EXPECT_EQ(files.at("TQCSTTAG.DAT").size(), 40u * 96);
+  EXPECT_EQ(files.at("TQCSTDAT.DAT").size(), 40u * 317);
+  EXPECT_EQ(files.at("TQVEHICL.DAT").size(), 60u * 397);
+  EXPECT_EQ(files.at("TQINVTAG.DAT").size(), 80u * 128);
+  EXPECT_EQ(files.at("TQINVENT.DAT").size(), 80u * 344);
+  EXPECT_EQ(files.at("TQMAKMOD.DAT").size() % 29, 0u);
+  EXPECT_EQ(files.at("TQEMPLOY.DAT").size() % 199, 0u);
+}
+
+TEST_F(MadeShop, ListsDepartmentsAndManufacturersInColumnsOfTwenty) {
+  Make(Small());
+  for (const char* name : {"TQDEPART.DAT", "TQMANUFA.DAT"}) {
+    const std::string line = test::ReadBytes(Shop() / name);
+    ASSERT_TRUE(line.ends_with("\r\n")) << name;
+    EXPECT_EQ((line.size() - 2) % 20, 0u) << name;
+    for (std::size_t column = 0; column + 2 < line.size(); column += 20) {
+      EXPECT_NE(line[column], ' ') << name;
+      EXPECT_EQ(line[column + 19], ' ') << name;
+    }
+  }
+}
+
+TEST_F(MadeShop, HasEveryEstimateWithItsLinesInTheDatabase) {
+  Make(Small());
+  const SampleShop shop = ImagineShop(Small());
+  std::size_t labors = 0, parts = 0, notes = 0, sublets = 0, wastes = 0;
+  for (const SampleEstimate& estimate : shop.estimates) {
+    labors += estimate.labors.size();
+    parts += estimate.parts.size();
+    notes += estimate.notes.size();
+    sublets += estimate.sublets.size();
+    wastes += estimate.wastes.size();
+  }
+  const auto rows = [&](const char* table) { return Rows(Shop() / "Lantos.mdb", table).size(); };
+  EXPECT_EQ(rows("Estimates"), 60u);
+  EXPECT_EQ(rows("Labors"), labors);
+  EXPECT_EQ(rows("Parts"), parts);
+  EXPECT_EQ(rows("Notes"), notes);
+  EXPECT_EQ(rows("Sublets"), sublets);
+  EXPECT_EQ(rows("Waste"), wastes);
+  EXPECT_EQ(rows("SpecialDays"), 3u);
+  EXPECT_EQ(rows("StandardHours"), 1u);
+}
+
+TEST_F(MadeShop, ItsEstimatesBearTheSnapshotOfTheirVehicle) {
+  Make(Small());
+  const SampleShop shop = ImagineShop(Small());
+  Recordset rows = Query("select * from Estimates order by EstimateNumber");
+  ASSERT_EQ(rows.Count(), shop.estimates.size());
+  for (const SampleEstimate& estimate : shop.estimates) {
+    const VehicleRecord& record = shop.vehicles.at(static_cast<std::size_t>(estimate.vehicle) / VehicleRecord::kLength);
+    EXPECT_EQ(rows.Long("EstimateNumber"), estimate.number);
+    EXPECT_EQ(rows.Long("CustomerNumber"), record.Get(vehicle::Number));
+    EXPECT_EQ(rows.Long("VehicleLink"), estimate.vehicle);
+    EXPECT_EQ(rows.Date("SchedDate"), estimate.scheduled);
+    EXPECT_EQ(rows.Date("CreateDate"), estimate.created);
+    EXPECT_EQ(rows.Long("Status"), estimate.status);
+    EXPECT_EQ(rows.Text("Comments"), estimate.comments);
+    EXPECT_EQ(rows.Text("VehYear"), record.Get(vehicle::Year));
+    EXPECT_EQ(rows.Text("VehMake"), record.Get(vehicle::Make));
+    EXPECT_EQ(rows.Text("VehModel"), record.Get(vehicle::Model));
+    EXPECT_EQ(rows.Text("VehVIN"), record.Get(vehicle::VIN));
+    EXPECT_EQ(rows.Text("VehLic"), record.Get(vehicle::LicenseNumber));
+    EXPECT_EQ(rows.Text("VehMileage"), std::to_string(record.Get(vehicle::Mileage)));
+    EXPECT_EQ(rows.Text("VehEng"), record.Get(vehicle::EngineSize));
+    EXPECT_EQ(rows.Text("VehTrans"), record.Get(vehicle::Transmission));
+    rows.MoveNext();
+  }
+}
+
+TEST_F(MadeShop, ItsCustomerFileHoldsTheNumbersOfItsEstimates) {
+  Make(Small());
+  std::set<std::int32_t> customers;
+  const std::string tags = test::ReadBytes(Shop() / "TQCSTTAG.DAT");
+  for (std::size_t at = 0; at < tags.size(); at += CustomerTag::kLength) {
+    CustomerTag tag;
+    std::memcpy(tag.Bytes().data(), tags.data() + at, CustomerTag::kLength);
+    customers.insert(tag.Get(customertag::Number));
+  }
+  for (Recordset rows = Query("select * from Estimates"); !rows.Eof(); rows.MoveNext()) {
+    EXPECT_TRUE(customers.contains(rows.Long("CustomerNumber")));
+  }
+}
+
+TEST_F(MadeShop, IsRefusedWhereAShopIs) {
+  Make(Small());
+  const auto before = Contents(Shop());
+  SampleOptions other = Small();
+  other.seed = 9;
+  EXPECT_THROW(Make(other), ShopError);
+  EXPECT_TRUE(Contents(Shop()) == before);
+}
+
+TEST_F(MadeShop, OfAnImpossibleSizeLeavesNothingBehind) {
+  SampleOptions options = Small();
+  options.customers = 40000;
+  EXPECT_THROW(Make(options), ShopError);
+  EXPECT_FALSE(std::filesystem::exists(Shop()));
+}
+
+}  // namespace
+}  // namespace lantos
