@@ -39,6 +39,7 @@ frmSpecialDays::frmSpecialDays(Shop& shop, de& database)
       database_(database) {
   SetDesignedSize(9000, 6000);
   List1.SetFace(ui::FontFace::FixedPitch);
+  List1.SetToolTip("A click puts the day into the fields");
   DTPicker1.SetToolTip("The day whose hours differ");
   txtHours.SetToolTip("Hours of that day; 0 closes it");
   txtComments.SetToolTip("Shows as the day's comment");

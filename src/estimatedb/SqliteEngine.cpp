@@ -75,12 +75,10 @@ void SqliteEngine::RefuseForeignFile() {
   sqlite3_file* file = nullptr;
   sqlite3_file_control(database_->getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
   if (file == nullptr || file->pMethods == nullptr) throw SQLite::Exception("The file isn't open.");
-  sqlite3_int64 size = 0;
-  if (const int result = file->pMethods->xFileSize(file, &size); result != SQLITE_OK) {
-    throw SQLite::Exception("The file's length can't be told.", result);
-  }
+  std::error_code noSize;  // then the length is the greatest there is, and the read tells what is wrong
   std::array<char, kDatabaseMarkLength> bytes{};
-  const auto length = static_cast<std::size_t>(std::min<sqlite3_int64>(size, bytes.size()));
+  const auto length =
+      static_cast<std::size_t>(std::min<std::uintmax_t>(std::filesystem::file_size(path_, noSize), bytes.size()));
   const int result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(length), 0);
   if (result != SQLITE_OK) throw SQLite::Exception("The file can't be read.", result);
   const DatabaseFileKind kind = KindOfDatabaseFile({bytes.data(), length});
@@ -100,8 +98,8 @@ Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>
   try {
     const auto known = statements_.find(statement);
     if (known != statements_.end()) return known->second.Run(parameters);
-    if (AsColumnChange(statement)) {
-      ChangeColumnType(statement);
+    if (const auto change = AsColumnChange(statement)) {
+      ChangeColumnType(*change);
       return {};
     }
     return Prepared(statement).Run(parameters);
@@ -137,47 +135,56 @@ void SqliteEngine::DeleteFirst(std::string_view table, const RowKey& key) {
   Run(fmt::format("DELETE FROM {} WHERE {}", table, FirstRowWhere(table, key.column)), {key.value});
 }
 
-void SqliteEngine::Together(const std::function<void()>& work) { InTransaction(Purpose::Write, work); }
-
-void SqliteEngine::ReadTogether(const std::function<void()>& work) { InTransaction(Purpose::Read, work); }
-
-// Within a transaction the work is part of that one.
-void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& work) {
-  if (sqlite3_get_autocommit(database_->getHandle()) == 0) return work();
-  using Behavior = SQLite::TransactionBehavior;
+void SqliteEngine::Together(const std::function<void()>& work) {
   try {
-    SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
-    work();
-    transaction.commit();
+    InTransaction(Purpose::Write, work);
+  } catch (const SQLite::Exception&) {
+    Rethrow("several changes together", {});
+  }
+}
+
+void SqliteEngine::ReadTogether(const std::function<void()>& work) {
+  try {
+    InTransaction(Purpose::Read, work);
   } catch (const SQLite::Exception&) {
     Rethrow("several statements together", {});
   }
 }
 
+// Within a transaction the work is part of that one.
+void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& work) {
+  if (sqlite3_get_autocommit(database_->getHandle()) == 0) return work();
+  using Behavior = SQLite::TransactionBehavior;
+  SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
+  work();
+  transaction.commit();
+}
+
 void SqliteEngine::Execute(const std::string& sqlite) { SqliteStatement(database_->getHandle(), sqlite).Run({}); }
 
 // SQLite can't change a column: the table is made anew beside the old one, takes its rows over, and then its name.
-void SqliteEngine::ChangeColumnType(std::string_view statement) {
-  const ColumnChange change = *AsColumnChange(statement);
-  const std::string temporary = change.table + "_changed";
-  Together([&] {
-    sqlite3* connection = database_->getHandle();
-    SqliteStatement ofTable(connection,
-                            "SELECT type, sql FROM sqlite_master WHERE lower(tbl_name) = lower(?) AND sql IS NOT NULL");
-    Recordset parts = ofTable.Run({change.table});
+void SqliteEngine::ChangeColumnType(const ColumnChange& change) {
+  const std::string table = QuotedName(change.table);
+  const std::string temporary = QuotedName(change.table + "_changed");
+  InTransaction(Purpose::Write, [&] {
+    SqliteStatement parts(database_->getHandle(),
+                          "SELECT type, sql FROM sqlite_master WHERE lower(tbl_name) = lower(?) AND sql IS NOT NULL");
     std::optional<std::string> made;
     std::vector<std::string> others;  // indexes and triggers
-    for (; !parts.Eof(); parts.MoveNext()) {
-      const bool isTable = parts.Text("type") == "table";
-      if (!isTable) others.push_back(ToUtf8(parts.Text("sql")));
-      if (isTable) made = WithColumnType(parts.Text("sql"), temporary, change.column, change.type);
+    for (Recordset part = parts.Run({change.table}); !part.Eof(); part.MoveNext()) {
+      const std::string text = part.Text("sql");
+      if (part.Text("type") == "table") {
+        made = WithColumnType(text, change.table + "_changed", change.column, change.type);
+      } else {
+        others.push_back(ToUtf8(text));
+      }
     }
     if (!made) throw SQLite::Exception(fmt::format("no such column: {}.{}", change.table, change.column));
     Execute(ToUtf8(*made));
-    Execute(fmt::format("INSERT INTO {} SELECT * FROM {}", QuotedName(temporary), QuotedName(change.table)));
-    Execute("DROP TABLE " + QuotedName(change.table));
+    Execute(fmt::format("INSERT INTO {} SELECT * FROM {}", temporary, table));
+    Execute("DROP TABLE " + table);
     Execute("PRAGMA legacy_alter_table = ON");  // views may speak of the table while it bears the other name
-    Execute(fmt::format("ALTER TABLE {} RENAME TO {}", QuotedName(temporary), QuotedName(change.table)));
+    Execute(fmt::format("ALTER TABLE {} RENAME TO {}", temporary, table));
     Execute("PRAGMA legacy_alter_table = OFF");
     for (const std::string& other : others) Execute(other);
   });

@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "estimatedb/ClockVfs.h"
+#include "estimatedb/Dialect.h"
 #include "estimatedb/Engine.h"
 #include "estimatedb/SqliteStatement.h"
 
@@ -54,7 +55,7 @@ class SqliteEngine : public Engine {
   void InTransaction(Purpose purpose, const std::function<void()>& work);
   void Configure();
   SqliteStatement& Prepared(std::string_view statement);
-  void ChangeColumnType(std::string_view statement);
+  void ChangeColumnType(const ColumnChange& change);
   void Execute(const std::string& sqlite);
   [[noreturn]] void Rethrow(std::string_view statement, const std::vector<Value>& parameters);
 

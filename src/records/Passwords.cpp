@@ -31,7 +31,7 @@ std::string_view LabelOf(Section section) {
 }
 
 void Passwords::LoadPasswords() {
-  OpenedFile file(environment_.openFiles, kPasswordFile, Access::Read, Deny::All);
+  OpenedFile file(environment_.openFiles, kPasswordFile, Access::Read, Deny::None);
   ReadRecord(*file, 0, record_);
 }
 

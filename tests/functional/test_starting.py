@@ -1,11 +1,11 @@
-"""Coming up and going down: the order of both, every dialog on the way, and the second copy."""
+"""Coming up: the order, every dialog on the way, and the second copy."""
 
 import os
 import sqlite3
 
 import pytest
 
-from driver import MORNING, Settings, data_option
+from driver import Settings, data_option
 from locks import deny_to_all, foreign_window
 
 MAIN_CAPTION = "Lantos: Miller's Garage ({directory}\\)"
@@ -15,7 +15,6 @@ SECOND_COPY = ("The Korvel Apppointment Scheduler is already running.\n\n"
                "Click Cancel to exit this copy.")
 NO_FILES = "No scheduler files in data directory '{directory}'!\n\nChange directory?"
 TOO_MANY = "More than 1000 network users - can not continue!"
-MAIN_KEYS = ("MainLeft", "MainTop", "MainWidth", "MainHeight", "MainState", "ShowStatus", "LaborOnDayView")
 
 
 def expect_no_files_box(copy, directory):
@@ -54,7 +53,8 @@ def test_the_start_ends_at_the_week_view_with_todays_panel(lantos, shop):
 
 def test_the_log_begins_with_the_start(lantos, shop):
     assert lantos.get("log") == str(shop.path("LN930000.LOG"))
-    assert lantos.log_lines()[0] == "09/30/2003 08:15:00 Korvel Appointment Scheduler Started."
+    # A name is only free when two more looks, a second apart, find nothing.
+    assert lantos.log_lines()[0] == "09/30/2003 08:15:02 Korvel Appointment Scheduler Started."
 
 
 def test_a_running_copy_has_an_update_file_of_its_own(lantos, shop):
@@ -442,110 +442,3 @@ def test_a_font_factor_of_nought_everywhere_becomes_one_in_the_defaults(start, s
     start(shop).expect_form("frmMain")
     lines = shop.path("Lantos.ini").read_text(encoding="cp1252").splitlines()
     assert lines[:2] == ["[Lantos Defaults]", "FontFactor=1"]
-
-
-# Going down.
-
-
-def test_closing_the_window_goes_down_in_order(lantos, shop, tmp_path):
-    lantos.menu("mnuShowStat(3)")
-    lantos.check("cbShowLabor", False) if lantos.control("cbShowLabor")["visible"] else None
-    lantos.close_window()
-    settings = settings_of(tmp_path)
-    assert settings.read("Lantos", "ShowStatus") == "1110111111"
-    assert [settings.read("Lantos", key) for key in MAIN_KEYS[:5]] == ["1000", "1000", "10000", "10000", "0"]
-    assert shop.names("AU*") == []
-    assert shop.names("LN*") == ["LN930000.LOG"]
-
-
-def test_leaving_by_the_menu_ends_on_the_spot(lantos, shop, tmp_path):
-    lantos.menu("mnuShowStat(3)")
-    lantos.menu("mnuFileExit")
-    lantos.expect_end()
-    settings = settings_of(tmp_path)
-    assert [settings.read("Lantos", key) for key in MAIN_KEYS] == [None] * len(MAIN_KEYS)
-    assert shop.names("AU*") == ["AU9300.$$$"]
-    assert not shop.path("Lantos.ini").exists() or "[BENCH1]" not in shop.path("Lantos.ini").read_text()
-
-
-@pytest.mark.parametrize("state", ["1", "2"])
-def test_a_minimised_or_maximised_window_keeps_its_stored_place(start, shop, tmp_path, state):
-    shop.write()
-    stored = {"MainLeft": "1200", "MainTop": "1300", "MainWidth": "11000", "MainHeight": "9000", "MainState": state}
-    settings_of(tmp_path).write("Lantos", stored)
-    start(shop).close_window()
-    settings = settings_of(tmp_path)
-    assert {key: settings.read("Lantos", key) for key in stored} == stored
-
-
-def test_the_end_of_input_is_a_power_cut(lantos, shop, tmp_path):
-    lantos.menu("mnuShowStat(3)")
-    lantos.cut()
-    assert settings_of(tmp_path).read("Lantos", "ShowStatus") is None
-    assert shop.names("AU*") == ["AU9300.$$$"]
-
-
-# Past midnight.
-
-RESTART = ("NOTE: This application must be restarted each \n"
-           "day in order to maintain data files integrity.\n\n"
-           "Started date: 09/30/2003\n"
-           "Current date: 10/01/2003\n\n"
-           "Click OK to exit the application.")
-
-
-def test_the_next_button_past_midnight_ends_the_program(lantos, shop, tmp_path):
-    lantos.set_now("2003-10-01T00:00:05")
-    lantos.click("cmdDayView")
-    lantos.expect_box(RESTART, "Restart required.", "information", ["OK"])
-    lantos.press("OK")
-    lantos.expect_end()
-    assert shop.names("AU*") == ["AU9300.$$$"], "nothing was unloaded"
-    assert settings_of(tmp_path).read("Lantos", "ShowStatus") is None
-
-
-def test_a_minute_before_midnight_is_still_today(lantos):
-    lantos.set_now("2003-09-30T23:59:00")
-    lantos.click("cmdDayView")
-    lantos.expect_form("frmMain")
-
-
-def test_a_menu_command_that_leads_to_no_such_button_goes_on_past_midnight(lantos):
-    lantos.set_now("2003-10-01T00:00:05")
-    lantos.menu("mnuRefreshCustomer")
-    lantos.expect_box("Customer information refreshed.", "Refresh Complete.")
-    lantos.press("OK")
-    lantos.expect_form("frmMain")
-
-
-@pytest.mark.parametrize("button", [
-    "cmdChangeStatus", "cmdConvert", "cmdCustomerEdit", "cmdDayView", "cmdDetailView", "cmdEstimateChecklist",
-    "cmdEstimateNotes", "cmdEstimateSublets", "cmdEstimateWaste", "cmdFind", "cmdLaborAdd", "cmdLaborAddCanned",
-    "cmdLaborChange", "cmdLaborFollowup", "cmdLaborRemove", "cmdNewEstimate", "cmdPartAdd", "cmdPartAddNonStock",
-    "cmdPartChange", "cmdPartRemove", "cmdPrintDay", "cmdPrintWorksheet", "cmdReschedule", "cmdTechHours",
-    "cmdWeekView", "cmdWOHistory"])
-def test_every_button_that_looks_at_the_date(start, shop, button):
-    customer = shop.add_customer(7, "Adams", "Beth")
-    vehicle = shop.add_vehicle(customer, "Ford", "Focus", "1999")
-    shop.add_estimate(900, "2003-09-30", customer=7, vehicle=vehicle, hours=2)
-    shop.write()
-    copy = start(shop)
-    copy.click("List1(2)", row=0)
-    if button == "cmdPrintDay":
-        copy.click("cmdDayView")
-    elif button.startswith(("cmdLabor", "cmdPart", "cmdCustomer")):
-        copy.click("cmdDetailView")
-    state = copy.control(button)
-    if not (state["visible"] and state["enabled"]):
-        pytest.skip(f"{button} leads nowhere yet: it is disabled")
-    copy.set_now("2003-10-01T00:00:05")
-    copy.click(button)
-    copy.expect_box(RESTART, "Restart required.", "information", ["OK"])
-
-
-def test_the_clock_of_the_run_stands_until_it_is_moved(lantos):
-    assert lantos.log_lines()[0].startswith("09/30/2003 08:15:00")
-    assert MORNING == "2003-09-30T08:15:00"
-    lantos.wait(61_000)
-    lantos.click("cmdDayView")
-    lantos.expect_form("frmMain")

@@ -63,12 +63,7 @@ inline std::filesystem::path FastDirectory() {
 // A data directory whose files can be given any content, gone at the end.
 class QuietShop {
  public:
-  QuietShop() {
-    std::string name = (FastDirectory() / "lantos-quiet-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no directory " + name);
-    directory_ = name;
-    environment.files.SetDataDir(name + "\\");
-  }
+  QuietShop() : directory_(NewDirectory()) { environment.files.SetDataDir(directory_.string() + "\\"); }
   ~QuietShop() {
     std::error_code ignored;
     std::filesystem::remove_all(directory_, ignored);
@@ -90,6 +85,12 @@ class QuietShop {
   }
 
  private:
+  static std::filesystem::path NewDirectory() {
+    std::string name = (FastDirectory() / "lantos-quiet-XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no directory " + name);
+    return name;
+  }
+
   std::filesystem::path directory_;
 
  public:

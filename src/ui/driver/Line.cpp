@@ -72,11 +72,12 @@ bool Fits(const json& value, Kind kind) {
 std::string Quoted(std::string_view text) { return "'" + std::string(text) + "'"; }
 
 void CheckMembers(const json& line, const std::string& leading, std::span<const Member> members) {
-  for (const auto& [name, value] : line.items()) {
+  for (const auto& item : line.items()) {
+    const std::string& name = item.key();
     if (name == leading) continue;
     const auto member = std::find_if(members.begin(), members.end(), [&](const Member& m) { return m.name == name; });
     if (member == members.end()) throw Refusal("unknown member " + Quoted(name));
-    if (!Fits(value, member->kind)) throw Refusal("member " + Quoted(name) + " has a value of the wrong kind");
+    if (!Fits(item.value(), member->kind)) throw Refusal("member " + Quoted(name) + " has a value of the wrong kind");
   }
   for (const Member& member : members) {
     if (member.required && !line.contains(member.name)) throw Refusal("member " + Quoted(member.name) + " is missing");

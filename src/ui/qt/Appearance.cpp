@@ -1,25 +1,33 @@
 #include "ui/qt/Appearance.h"
 
 #include <QPainter>
+#include <cmath>
 
 namespace lantos::ui {
 
 QColor ToQt(Color color) { return QColor(color.red, color.green, color.blue); }
 
+// By the brightness that the eye sees: on red and on middle grey black reads better than white.
 QColor ReadableOn(Color background) {
-  const int brightness = (299 * background.red + 587 * background.green + 114 * background.blue) / 1000;
-  return brightness < 128 ? Qt::white : Qt::black;
+  const auto linear = [](std::uint8_t channel) { return std::pow(channel / 255.0, 2.2); };
+  const double brightness =
+      0.2126 * linear(background.red) + 0.7152 * linear(background.green) + 0.0722 * linear(background.blue);
+  constexpr double kEquallyReadable = 0.179;
+  return brightness < kEquallyReadable ? Qt::white : Qt::black;
 }
 
-void PaintBackground(QWidget& widget, const std::optional<Color>& color) {
+void PaintBackground(QWidget& widget, const std::optional<Color>& color, Colours colours) {
   if (!color) {
     widget.setPalette(QPalette());
     return;
   }
   QPalette palette;
-  const QColor text = ReadableOn(*color);
-  for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) palette.setColor(role, ToQt(*color));
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) palette.setColor(role, text);
+  palette.setColor(QPalette::Window, ToQt(*color));
+  palette.setColor(QPalette::WindowText, ReadableOn(*color));
+  if (colours == Colours::Inside) {
+    for (const auto role : {QPalette::Base, QPalette::Button}) palette.setColor(role, ToQt(*color));
+    for (const auto role : {QPalette::Text, QPalette::ButtonText}) palette.setColor(role, ReadableOn(*color));
+  }
   widget.setPalette(palette);
   widget.setAutoFillBackground(true);
 }

@@ -14,8 +14,10 @@ QColor ToQt(Color color);
 // Black or white, whatever can be read on the colour.
 QColor ReadableOn(Color background);
 
+// Inside: the widget's own fields and buttons. Around: only what its contents lie on.
+enum class Colours { Inside, Around };
 // The colour behind the widget's text, with a text colour to go with it; none gives the theme's own back.
-void PaintBackground(QWidget& widget, const std::optional<Color>& color);
+void PaintBackground(QWidget& widget, const std::optional<Color>& color, Colours colours);
 
 // The theme's font with what the control asks for.
 QFont FontOf(const Control& control, const QFont& theme);

@@ -65,7 +65,8 @@ bool IsPlainPane(const QWidget& widget) {
 // A part that a widget makes for itself: the field of an editable combo box, the days of a calendar.
 bool IsPartOfWidget(const QWidget& widget, const QWidget& root, const std::set<const QWidget*>& bound) {
   if (widget.objectName().isEmpty() || widget.objectName().startsWith(QStringLiteral("qt_"))) return true;
-  for (const QWidget* outer = widget.parentWidget(); outer != nullptr && outer != &root; outer = outer->parentWidget()) {
+  for (const QWidget* outer = widget.parentWidget(); outer != nullptr && outer != &root;
+       outer = outer->parentWidget()) {
     if (bound.contains(outer) && !IsPlainPane(*outer)) return true;
   }
   return false;

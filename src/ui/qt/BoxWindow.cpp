@@ -13,22 +13,32 @@ namespace {
 
 QMessageBox::StandardButton ButtonOf(Answer answer) {
   switch (answer) {
-    case Answer::Cancel: return QMessageBox::Cancel;
-    case Answer::Yes: return QMessageBox::Yes;
-    case Answer::No: return QMessageBox::No;
-    case Answer::Retry: return QMessageBox::Retry;
-    case Answer::Ok: break;
+    case Answer::Cancel:
+      return QMessageBox::Cancel;
+    case Answer::Yes:
+      return QMessageBox::Yes;
+    case Answer::No:
+      return QMessageBox::No;
+    case Answer::Retry:
+      return QMessageBox::Retry;
+    case Answer::Ok:
+      break;
   }
   return QMessageBox::Ok;
 }
 
 QMessageBox::Icon IconOf(Icon icon) {
   switch (icon) {
-    case Icon::Critical: return QMessageBox::Critical;
-    case Icon::Question: return QMessageBox::Question;
-    case Icon::Exclamation: return QMessageBox::Warning;
-    case Icon::Information: return QMessageBox::Information;
-    case Icon::None: break;
+    case Icon::Critical:
+      return QMessageBox::Critical;
+    case Icon::Question:
+      return QMessageBox::Question;
+    case Icon::Exclamation:
+      return QMessageBox::Warning;
+    case Icon::Information:
+      return QMessageBox::Information;
+    case Icon::None:
+      break;
   }
   return QMessageBox::NoIcon;
 }

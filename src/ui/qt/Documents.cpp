@@ -45,8 +45,8 @@ int OpenInPlatform(const std::string& path, const std::string& arguments) {
   if (IsAddress(plain)) return QDesktopServices::openUrl(QUrl::fromUserInput(ToQt(plain))) ? kOpened : kNoAssociation;
   const QFileInfo file = FileOf(path);
   if (file.isFile() && file.isExecutable()) {
-    const bool started = QProcess::startDetached(file.absoluteFilePath(), QProcess::splitCommand(ToQt(arguments)),
-                                                 file.absolutePath());
+    const bool started =
+        QProcess::startDetached(file.absoluteFilePath(), QProcess::splitCommand(ToQt(arguments)), file.absolutePath());
     return started ? kOpened : kAccessDenied;
   }
   return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())) ? kOpened : kNoAssociation;

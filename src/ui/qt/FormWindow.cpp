@@ -224,7 +224,7 @@ void FormWindow::FocusChanged() {
   ScheduleFlush();
 }
 
-void FormWindow::LookChanged() { PaintBackground(*root_, form_->BackColor()); }
+void FormWindow::LookChanged() { PaintBackground(*root_, form_->BackColor(), Colours::Around); }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (!IsAttached()) return false;

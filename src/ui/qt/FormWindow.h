@@ -62,6 +62,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   void FlushMarked();
   void ApplyFocus();
   void ApplyPlace();
+  void LayOut();
   void FixSize();
   void ReportPlace();
   WindowState ShownState() const;

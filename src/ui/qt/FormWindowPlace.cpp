@@ -1,4 +1,4 @@
-#include <QGuiApplication>
+#include <QApplication>
 #include <QLayout>
 #include <QMoveEvent>
 #include <QPushButton>
@@ -51,6 +51,7 @@ void FormWindow::PlaceChanged() {
 }
 
 void FormWindow::ApplyPlace() {
+  LayOut();
   const bool outgrown = windowState().testFlag(Qt::WindowMaximized);
   if (!form_->Resizable()) {
     FixSize();
@@ -73,11 +74,20 @@ void FormWindow::ApplyPlace() {
   placedAt_ = pos();
 }
 
+// What has been hidden or shown counts for the sizes at once, which the layouts of a hidden window leave for later.
+void FormWindow::LayOut() {
+  if (isVisible() || root_->layout() == nullptr) return;
+  for (QLayout* layout : {root_->layout(), QMainWindow::layout()}) {
+    layout->invalidate();
+    layout->activate();
+  }
+}
+
 // As large as what is on it; texts in several lines need more height than the plain hint says.
 void FormWindow::FixSize() {
-  QLayout* layout = root_->layout();
+  LayOut();
+  const QLayout* layout = root_->layout();
   if (layout == nullptr) return;
-  layout->activate();
   QSize wanted = root_->sizeHint();
   const QSize around = sizeHint() - wanted;
   if (layout->hasHeightForWidth()) {

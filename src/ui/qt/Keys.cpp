@@ -11,12 +11,23 @@ struct NamedKey {
   Qt::Key code;
 };
 constexpr NamedKey kNamedKeys[] = {
-    {"Esc", Qt::Key_Escape},    {"Enter", Qt::Key_Return},  {"Enter", Qt::Key_Enter},
-    {"Insert", Qt::Key_Insert}, {"Delete", Qt::Key_Delete}, {"PgUp", Qt::Key_PageUp},
-    {"PgDn", Qt::Key_PageDown}, {"Up", Qt::Key_Up},         {"Down", Qt::Key_Down},
-    {"Left", Qt::Key_Left},     {"Right", Qt::Key_Right},   {"Home", Qt::Key_Home},
-    {"End", Qt::Key_End},       {"Tab", Qt::Key_Tab},       {"Tab", Qt::Key_Backtab},
-    {"Space", Qt::Key_Space},   {"Backspace", Qt::Key_Backspace},
+    {"Esc", Qt::Key_Escape},
+    {"Enter", Qt::Key_Return},
+    {"Enter", Qt::Key_Enter},
+    {"Insert", Qt::Key_Insert},
+    {"Delete", Qt::Key_Delete},
+    {"PgUp", Qt::Key_PageUp},
+    {"PgDn", Qt::Key_PageDown},
+    {"Up", Qt::Key_Up},
+    {"Down", Qt::Key_Down},
+    {"Left", Qt::Key_Left},
+    {"Right", Qt::Key_Right},
+    {"Home", Qt::Key_Home},
+    {"End", Qt::Key_End},
+    {"Tab", Qt::Key_Tab},
+    {"Tab", Qt::Key_Backtab},
+    {"Space", Qt::Key_Space},
+    {"Backspace", Qt::Key_Backspace},
 };
 
 bool IsCharacter(int code) { return code > Qt::Key_Space && code <= Qt::Key_ydiaeresis; }

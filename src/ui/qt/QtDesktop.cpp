@@ -12,6 +12,7 @@
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
 #include "ui/qt/FormWindow.h"
+#include "ui/qt/Platform.h"
 #include "ui/qt/Text.h"
 
 namespace lantos::ui {
@@ -29,6 +30,7 @@ struct QtDesktop::Buried {
 };
 
 QtDesktop::QtDesktop(Person* person) : person_(person) {
+  QuietOffscreenPlatform();
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());

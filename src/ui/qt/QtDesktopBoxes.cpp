@@ -34,7 +34,10 @@ Answer QtDesktop::Show(const Box& box) {
   QObject::connect(&window, &QDialog::finished, &window, [this] { WakeWaits(); });
   window.show();
   const std::function<bool()> over = [&window] { return window.Pressed().has_value() && !window.isVisible(); };
-  WaitFor(over, [&] { person_->AtBox(box, [&](Answer answer) { window.Press(answer); }, over); });
+  WaitFor(over, [&] {
+    person_->AtBox(
+        box, [&](Answer answer) { window.Press(answer); }, over);
+  });
   overlays_.pop_back();
   if (QWidget* top = TopWindow()) top->activateWindow();
   return window.Pressed().value_or(ButtonsOf(box).back());
@@ -57,7 +60,8 @@ void QtDesktop::PopupMenu(Form&, MenuItem& menu) {
   QObject::connect(&shown, &QMenu::aboutToHide, &shown, [&] {
     closed = true;
     // The choice is told of after the hiding.
-    QMetaObject::invokeMethod(QApplication::instance(), [this] { WakeWaits(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        QApplication::instance(), [this] { WakeWaits(); }, Qt::QueuedConnection);
   });
   overlays_.push_back(&shown);
   shown.popup(QCursor::pos());

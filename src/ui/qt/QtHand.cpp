@@ -72,7 +72,8 @@ WidgetPeer* QtHand::GoTo(Control& control) {
 std::string QtHand::Click(Control& control, MouseButton button) {
   WidgetPeer* peer = GoTo(control);
   if (peer == nullptr) return "";
-  if (auto* widget = qobject_cast<QAbstractButton*>(&peer->Widget()); widget != nullptr && button == MouseButton::Left) {
+  if (auto* widget = qobject_cast<QAbstractButton*>(&peer->Widget());
+      widget != nullptr && button == MouseButton::Left) {
     widget->click();
     return "";
   }
@@ -180,7 +181,8 @@ std::string QtHand::CheckRow(ListBox& list, int row, bool value) {
   if (peer == nullptr) return "";
   QListWidgetItem* item = dynamic_cast<QListWidget&>(peer->Widget()).item(row);
   item->setCheckState(value ? Qt::Checked : Qt::Unchecked);
-  if (CanTouch(list) && row < list.ListCount() && list.ListIndex() != row) return ClickRow(list, row, MouseButton::Left);
+  if (CanTouch(list) && row < list.ListCount() && list.ListIndex() != row)
+    return ClickRow(list, row, MouseButton::Left);
   return "";
 }
 

@@ -39,7 +39,8 @@ void WidgetPeer::ApplyLook() {
   const QFont font = FontToCome();
   if (widget_.font() != font) widget_.setFont(font);
   if (!coloured_ && !control_.BackColor()) return;
-  PaintBackground(widget_, control_.BackColor());
+  const bool holdsOthers = dynamic_cast<Frame*>(&control_) != nullptr;
+  PaintBackground(widget_, control_.BackColor(), holdsOthers ? Colours::Around : Colours::Inside);
   coloured_ = control_.BackColor().has_value();
 }
 

@@ -10,9 +10,7 @@ constexpr DaySerial kTuesday = 37894;  // 30 September 2003
 
 class Commands : public DatabaseTest {
  protected:
-  static de::Extra Towing() {
-    return {"Ace Towing", "INV-77", 4500, 6000, "Towed in", "from Main St", "", "", "Yes"};
-  }
+  static de::Extra Towing() { return {"Ace Towing", "INV-77", 4500, 6000, "Towed in", "from Main St", "", "", "Yes"}; }
   static std::vector<std::string> EightLines(const std::string& first) {
     return {first, "2", "3", "4", "5", "6", "7", "8"};
   }
@@ -107,8 +105,9 @@ TEST_F(Commands, ALineNumberThatIsTakenIsTheDatabasesError) {
 }
 
 TEST_F(Commands, PartsAreFoundByTheNumberAsTextAndDeletedByStockNumber) {
-  Plain("insert into Parts values (5, '0012', 'Oil filter', 2, 599, 1198, 300, 799), (5, '12', 'Other', 1, 1, 1, 1, 1),"
-        "(50, '0012', 'Not this', 1, 1, 1, 1, 1)");
+  Plain(
+      "insert into Parts values (5, '0012', 'Oil filter', 2, 599, 1198, 300, 799), (5, '12', 'Other', 1, 1, 1, 1, 1),"
+      "(50, '0012', 'Not this', 1, 1, 1, 1, 1)");
   EXPECT_EQ(db.PartsTable("5").Count(), 2U);
   db.DeletePart(5, "0012");
   Recordset& rows = db.PartsTable("5");
@@ -225,9 +224,10 @@ TEST_F(Commands, TechHoursSumByTechnicianAndDayWithoutTheThreeStatuses) {
 TEST_F(Commands, ClonesCopyTheirColumnsAndNoMore) {
   db.AddEstimateRow(1, kTuesday, 3);
   db.AddEstimateRow(2, kTuesday + 7, 0);
-  Plain("update Estimates set CustomerNumber = 77, VehicleLink = 397, Mechanic = 4, TotalPrice = 12.5, Comments = 'c',"
-        "VehYear = 'y', VehMake = 'm', VehModel = 'o', VehVIN = 'v', VehLic = 'l', VehDate = 'd', VehMileage = '9',"
-        "VehEng = 'e', VehTrans = 't', StartDate = '2003-01-01', CreateDate = '2001-01-01' where EstimateNumber = 1");
+  Plain(
+      "update Estimates set CustomerNumber = 77, VehicleLink = 397, Mechanic = 4, TotalPrice = 12.5, Comments = 'c',"
+      "VehYear = 'y', VehMake = 'm', VehModel = 'o', VehVIN = 'v', VehLic = 'l', VehDate = 'd', VehMileage = '9',"
+      "VehEng = 'e', VehTrans = 't', StartDate = '2003-01-01', CreateDate = '2001-01-01' where EstimateNumber = 1");
   db.CloneEstimate(1, 2);
   EXPECT_EQ(PlainValue("select * from Estimates where EstimateNumber = 2"),
             "2|77|397|2003-10-07|null|null|0|4|12.5|c|2003-09-30|y|m|o|v|l|d|9|null|null");

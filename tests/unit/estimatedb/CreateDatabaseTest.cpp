@@ -29,10 +29,9 @@ TEST_F(NewDatabases, EstimatesHaveTheirColumnsTypesAndDefaults) {
 }
 
 TEST_F(NewDatabases, LinesAreKeyedByEstimateAndLine) {
-  EXPECT_THAT(Shape("Labors"),
-              ElementsAre("EstimateNumber|INTEGER|null|1", "LaborNumber|INTEGER|null|2", "Description|LongText|null|0",
-                          "LaborHours|INTEGER|0|0", "LaborRate|INTEGER|0|0", "LaborTotal|INTEGER|0|0",
-                          "Mechanic|INTEGER|0|0"));
+  EXPECT_THAT(Shape("Labors"), ElementsAre("EstimateNumber|INTEGER|null|1", "LaborNumber|INTEGER|null|2",
+                                           "Description|LongText|null|0", "LaborHours|INTEGER|0|0",
+                                           "LaborRate|INTEGER|0|0", "LaborTotal|INTEGER|0|0", "Mechanic|INTEGER|0|0"));
   EXPECT_THAT(Shape("Parts"),
               ElementsAre("EstimateNumber|INTEGER|null|1", "PartNumber|Text(20)|null|2", "PartDesc|Text(38)|null|0",
                           "Quantity|INTEGER|0|0", "PartPrice|INTEGER|0|0", "PartTotal|INTEGER|0|0",
@@ -42,8 +41,8 @@ TEST_F(NewDatabases, LinesAreKeyedByEstimateAndLine) {
                           "VendorInvoice|Text(11)|null|0", "Cost|INTEGER|null|0", "Price|INTEGER|null|0",
                           "Desc1|Text(65)|null|0", "Desc2|Text(65)|null|0", "Desc3|Text(65)|null|0",
                           "Desc4|Text(65)|null|0", "Taxable|Text(3)|null|0"));
-  EXPECT_THAT(Shape("Checklist"), ElementsAre("EstimateNumber|INTEGER|null|0", "RecId|INTEGER|null|1",
-                                              "ChecklistData|Text(255)|null|0"));
+  EXPECT_THAT(Shape("Checklist"),
+              ElementsAre("EstimateNumber|INTEGER|null|0", "RecId|INTEGER|null|1", "ChecklistData|Text(255)|null|0"));
   EXPECT_EQ(Shape("Notes").size(), 10U);
   EXPECT_EQ(Shape("Sublets")[1], "SubletNumber|INTEGER|null|2");
 }
@@ -76,8 +75,9 @@ TEST_F(NewDatabases, AnotherProgramsRowGetsItsCreateDateToo) {
 }
 
 TEST_F(NewDatabases, CountersGoOnAfterADeletion) {
-  Plain("insert into Checklist (EstimateNumber, ChecklistData) values (1, 'a'), (1, 'b'); delete from Checklist;"
-        "insert into Checklist (EstimateNumber, ChecklistData) values (2, 'c')");
+  Plain(
+      "insert into Checklist (EstimateNumber, ChecklistData) values (1, 'a'), (1, 'b'); delete from Checklist;"
+      "insert into Checklist (EstimateNumber, ChecklistData) values (2, 'c')");
   EXPECT_THAT(PlainRows("select * from Checklist"), ElementsAre("2|3|c"));
 }
 
@@ -87,11 +87,11 @@ TEST_F(NewDatabases, KorvelHasItsFourTables) {
   EXPECT_THAT(test::PlainRows(path, "select name from sqlite_master where type = 'table' order by name"),
               ElementsAre("EmpPRHist", "EmpPRInfo", "FollowUps", "RepairCodes"));
   EXPECT_THAT(Shape(path, "EmpPRInfo"),
-              ElementsAre("EmployeeNumber|INTEGER|null|1", "AdditionalFederal|INTEGER|0|0", "AdditionalState|INTEGER|0|0",
-                          "AdditionalLocal|INTEGER|0|0", "PrintSSN|BOOLEAN|0|0"));
-  EXPECT_THAT(Shape(path, "EmpPRHist"),
-              ElementsAre("EmployeeNumber|INTEGER|null|1", "PayrollDate|Text(10)|null|2", "AdditionalFederal|INTEGER|0|0",
-                          "AdditionalState|INTEGER|0|0", "AdditionalLocal|INTEGER|0|0"));
+              ElementsAre("EmployeeNumber|INTEGER|null|1", "AdditionalFederal|INTEGER|0|0",
+                          "AdditionalState|INTEGER|0|0", "AdditionalLocal|INTEGER|0|0", "PrintSSN|BOOLEAN|0|0"));
+  EXPECT_THAT(Shape(path, "EmpPRHist"), ElementsAre("EmployeeNumber|INTEGER|null|1", "PayrollDate|Text(10)|null|2",
+                                                    "AdditionalFederal|INTEGER|0|0", "AdditionalState|INTEGER|0|0",
+                                                    "AdditionalLocal|INTEGER|0|0"));
   EXPECT_THAT(Shape(path, "RepairCodes"), ElementsAre("RepairCode|Text(6)|null|1", "RepairCodeDesc|Text(50)|null|0"));
 }
 

@@ -17,6 +17,7 @@ inline DaySerial Day(int year, int month, int day) { return ToSerial({year, mont
 // What another program does to a database file: plain SQLite, nothing of ours in between.
 inline void Plain(const std::filesystem::path& path, const std::string& statements) {
   SQLite::Database database(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 5000);
+  database.exec("PRAGMA synchronous = OFF");
   database.exec(statements);
 }
 

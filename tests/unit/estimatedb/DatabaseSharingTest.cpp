@@ -59,8 +59,9 @@ TEST_F(TwoWorkstations, ALockHeldLongerThanTheTimeoutIsSaidPlainly) {
   SqliteEngine holder = Workstation();
   SqliteEngine waiting = Workstation(20ms);
   holder.Together([&] {
-    const std::string error =
-        ErrorOf([&] { waiting.Run("update Estimates set Status = ? where EstimateNumber = ?", {std::int64_t{3}, std::int64_t{7}}); });
+    const std::string error = ErrorOf([&] {
+      waiting.Run("update Estimates set Status = ? where EstimateNumber = ?", {std::int64_t{3}, std::int64_t{7}});
+    });
     EXPECT_THAT(error, AllOf(HasSubstr("Another copy of the program has the database"), HasSubstr("Lantos.mdb"),
                              HasSubstr("0.02 seconds"), HasSubstr("update Estimates"), HasSubstr("3, 7")));
   });
@@ -102,7 +103,8 @@ TEST_F(TwoWorkstations, LookingAtTheFileAgainInOneProcessKeepsTheLocksOfTheFirst
     second.Run("select 1", {});
     EXPECT_EQ(End(Start([&] {
                 SqliteEngine other = Workstation(20ms);
-                return ErrorOf([&] { other.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); }).empty() ? 1 : 0;
+                return ErrorOf([&] { other.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); }).empty() ? 1
+                                                                                                                  : 0;
               })),
               0)
         << "the other process must be kept out still";

@@ -93,9 +93,10 @@ TEST(Dialect, ATextWithAWidthIsShortAndOneWithoutIsLong) {
 }
 
 TEST(Dialect, DamagedStatementsAreCutWithoutHarm) {
-  for (const std::string_view text : {"'open", "\"open", "[open", "/* open", "-- open", "\"", "'", "UPDATE", "UPDATE T AS n,",
-                                      "UPDATE a, b SET", "CREATE TABLE", "CREATE TABLE T (A Counter, PRIMARY",
-                                      "CREATE TABLE T (A Date DEFAULT", "ALTER TABLE T ADD COLUMN", ""}) {
+  for (const std::string_view text :
+       {"'open", "\"open", "[open", "/* open", "-- open", "\"", "'", "UPDATE", "UPDATE T AS n,", "UPDATE a, b SET",
+        "CREATE TABLE", "CREATE TABLE T (A Counter, PRIMARY", "CREATE TABLE T (A Date DEFAULT",
+        "ALTER TABLE T ADD COLUMN", ""}) {
     std::string whole;
     for (const Word& word : CutIntoWords(text)) whole += word.text;
     EXPECT_EQ(whole, text);

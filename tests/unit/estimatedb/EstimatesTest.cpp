@@ -16,8 +16,9 @@ class Estimates : public DatabaseTest {
 };
 
 TEST_F(Estimates, LoadEstimateFillsEveryColumnField) {
-  Plain("insert into Estimates values (7, 77, 397, '2003-10-01', '2003-10-02', '2003-10-03', 4, 3, 12.5, 'Call first ',"
-        "'2003-09-29', ' 1999', 'Ford ', 'F150', 'VIN1', 'ABC', '09/29/2003', '84512', '5.3L', 'Auto')");
+  Plain(
+      "insert into Estimates values (7, 77, 397, '2003-10-01', '2003-10-02', '2003-10-03', 4, 3, 12.5, 'Call first ',"
+      "'2003-09-29', ' 1999', 'Ford ', 'F150', 'VIN1', 'ABC', '09/29/2003', '84512', '5.3L', 'Auto')");
   estimates.LoadEstimate(7);
   const Estimate& estimate = estimates.CurrentEstimate;
   EXPECT_EQ(estimate.EstimateNumber, 7);
@@ -68,8 +69,9 @@ TEST_F(Estimates, LoadingLeavesTheTotalsAsTheyWere) {
 }
 
 TEST_F(Estimates, ADateThatIsNoneReadsAsNullAndNeverCrashes) {
-  Plain("insert into Estimates (EstimateNumber, SchedDate, StartDate, StopDate, CreateDate) values "
-        "(7, '2003-10-01 00:00:00', 'soon', '2003-13-45', 20031001)");
+  Plain(
+      "insert into Estimates (EstimateNumber, SchedDate, StartDate, StopDate, CreateDate) values "
+      "(7, '2003-10-01 00:00:00', 'soon', '2003-13-45', 20031001)");
   estimates.LoadEstimate(7);
   EXPECT_EQ(estimates.CurrentEstimate.SchedDate, kToday + 1);
   EXPECT_EQ(estimates.CurrentEstimate.StartDate, -1);
@@ -105,8 +107,9 @@ class ClonedEstimates : public Estimates {
     db.AddEstimateRow(2, kToday + 7, kScheduled);
     db.SetVehicleNew(397, {"1999", "Ford", "F150", "VIN1", "ABC", "09/29/2003", "84512", "5.3L", "Auto"}, 1);
     db.AddLabor(1, 3, "Brakes", 150, 6500, 9750, 4);
-    Plain("insert into Parts values (1, '0012', 'Filter', 2, 599, 1198, 300, 799);"
-          "insert into Checklist (EstimateNumber, ChecklistData) values (1, 'wipers')");
+    Plain(
+        "insert into Parts values (1, '0012', 'Filter', 2, 599, 1198, 300, 799);"
+        "insert into Checklist (EstimateNumber, ChecklistData) values (1, 'wipers')");
     db.AddNote("1", "4", {"a", "b", "c", "d", "e", "f", "g", "h"});
     db.AddSublet(1, 1, {"SURCHARGE", "", 0, 1500, "1", "2", "3", "4", "No"});
     db.AddWaste(1, 2, {"Ace", "I", 10, 20, "1", "2", "3", "4", "Yes"});

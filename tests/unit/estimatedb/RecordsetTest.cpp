@@ -74,8 +74,8 @@ TEST(Recordsets, FractionsBecomeLongsHalvesToEven) {
 TEST(Recordsets, SortingIsStableWithNullsFirstAndTextWithoutRegardToCase) {
   Recordset rows = Vehicles();
   rows.Sort("VehMake ASC");
-  EXPECT_THAT(Dump(rows), ElementsAre("10|null|06/28/2003", "9|Chevrolet|null", "10|ford|10/06/2003",
-                                      "null|Ford|10/06/2003"));
+  EXPECT_THAT(Dump(rows),
+              ElementsAre("10|null|06/28/2003", "9|Chevrolet|null", "10|ford|10/06/2003", "null|Ford|10/06/2003"));
 }
 
 TEST(Recordsets, SortingGoesByNumberNotByDigits) {
@@ -83,15 +83,15 @@ TEST(Recordsets, SortingGoesByNumberNotByDigits) {
   rows.MoveNext();
   rows.Sort("Number ASC");
   EXPECT_TRUE(rows.IsNull("Number")) << "the first row is the current one";
-  EXPECT_THAT(Dump(rows), ElementsAre("null|Ford|10/06/2003", "9|Chevrolet|null", "10|ford|10/06/2003",
-                                      "10|null|06/28/2003"));
+  EXPECT_THAT(Dump(rows),
+              ElementsAre("null|Ford|10/06/2003", "9|Chevrolet|null", "10|ford|10/06/2003", "10|null|06/28/2003"));
 }
 
 TEST(Recordsets, SortingGoesByEachColumnInTurn) {
   Recordset rows = Vehicles();
   rows.Sort("number DESC,  Seen");
-  EXPECT_THAT(Dump(rows), ElementsAre("10|null|06/28/2003", "10|ford|10/06/2003", "9|Chevrolet|null",
-                                      "null|Ford|10/06/2003"));
+  EXPECT_THAT(Dump(rows),
+              ElementsAre("10|null|06/28/2003", "10|ford|10/06/2003", "9|Chevrolet|null", "null|Ford|10/06/2003"));
 }
 
 TEST(Recordsets, SortingByAnUnknownColumnIsAnError) {

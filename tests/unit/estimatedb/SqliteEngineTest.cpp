@@ -42,7 +42,8 @@ TEST_F(Engines, AnEmptyFileIsRefusedAndStaysEmpty) {
 }
 
 TEST_F(Engines, AnythingElseIsRefused) {
-  for (const std::string& bytes : {"S"s, "SQLite format 3"s, "SQLite format 4\0..."s, std::string(100, '\0'), "[ini]"s}) {
+  for (const std::string& bytes :
+       {"S"s, "SQLite format 3"s, "SQLite format 4\0..."s, std::string(100, '\0'), "[ini]"s}) {
     EXPECT_THAT(RefusalOfFile(bytes), HasSubstr("isn't a database of this program"));
   }
 }
@@ -65,7 +66,8 @@ TEST_F(Engines, ADatabaseCutOffIsAnErrorNotACrash) {
                 SqliteEngine cut(PathOf("Other.mdb"), clock);
                 cut.Run("select * from Estimates", {});
               }),
-              "") << length;
+              "")
+        << length;
   }
 }
 
@@ -123,7 +125,8 @@ TEST_F(Engines, WhatThePageCantHoldReadsAsAQuestionMark) {
 }
 
 TEST_F(Engines, TextThatLooksLikeANumberStaysText) {
-  engine.Insert("Labors", {"EstimateNumber", "LaborNumber", "Description"}, {std::int64_t{1}, std::int64_t{1}, "0012"s});
+  engine.Insert("Labors", {"EstimateNumber", "LaborNumber", "Description"},
+                {std::int64_t{1}, std::int64_t{1}, "0012"s});
   engine.Insert("Parts", {"EstimateNumber", "PartNumber"}, {std::int64_t{1}, "1e5"s});
   EXPECT_EQ(PlainValue("select typeof(Description) || Description from Labors"), "text0012");
   EXPECT_EQ(PlainValue("select typeof(PartNumber) || PartNumber from Parts"), "text1e5");
@@ -136,8 +139,9 @@ TEST_F(Engines, DatesLieInTheFileAsIsoText) {
 }
 
 TEST_F(Engines, ADateWithATimeIsThatDayAndWhatIsNoDateIsNull) {
-  Plain("insert into SpecialDays (SpecialDate, SpecialHours) values ('2003-09-30 17:30:00', 1), ('2003-09-30T17:30', 2),"
-        "('2003-02-30', 3), ('', 4), ('09/30/2003', 5), ('\xFF\xFE', 6)");
+  Plain(
+      "insert into SpecialDays (SpecialDate, SpecialHours) values ('2003-09-30 17:30:00', 1), ('2003-09-30T17:30', 2),"
+      "('2003-02-30', 3), ('', 4), ('09/30/2003', 5), ('\xFF\xFE', 6)");
   Recordset rows = engine.Run("select SpecialDate from SpecialDays order by SpecialHours", {});
   EXPECT_THAT(Dump(rows), ElementsAre("09/30/2003", "09/30/2003", "null", "null", "null", "null"));
 }

@@ -31,18 +31,22 @@ class Upgrades : public DatabaseTest {
   Upgrades() { std::filesystem::remove(Path()); }
 
   void PutEstimates(const std::string& snapshotColumns) {
-    Plain("CREATE TABLE Estimates (EstimateNumber INTEGER PRIMARY KEY, CustomerNumber INTEGER DEFAULT 0, VehicleLink "
-          "INTEGER DEFAULT 0, SchedDate DATE, Comments Text(255)" + snapshotColumns + ");" + std::string(kOldLines));
+    Plain(
+        "CREATE TABLE Estimates (EstimateNumber INTEGER PRIMARY KEY, CustomerNumber INTEGER DEFAULT 0, VehicleLink "
+        "INTEGER DEFAULT 0, SchedDate DATE, Comments Text(255)" +
+        snapshotColumns + ");" + std::string(kOldLines));
   }
   void PutOldest() { PutEstimates(""); }
   void PutWithoutEngines() {
-    PutEstimates(", VehYear Text(5), VehMake Text(20), VehModel Text(20), VehVIN Text(20), VehLic Text(10), "
-                 "VehDate Text(10), VehMileage Text(7)");
+    PutEstimates(
+        ", VehYear Text(5), VehMake Text(20), VehModel Text(20), VehVIN Text(20), VehLic Text(10), "
+        "VehDate Text(10), VehMileage Text(7)");
   }
   void Run() { UpgradeDatabase(database, environment, records); }
   std::vector<std::string> Snapshots() const {
-    return PlainRows("select VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans "
-                     "from Estimates order by EstimateNumber");
+    return PlainRows(
+        "select VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans "
+        "from Estimates order by EstimateNumber");
   }
   std::vector<std::string> Columns(const std::string& table) const {
     return PlainRows("select name || ' ' || type from pragma_table_info('" + table + "')");
@@ -64,15 +68,14 @@ TEST_F(Upgrades, ACurrentDatabasePassesAllStepsWithoutWritingAnything) {
 TEST_F(Upgrades, TheOldestLevelGetsAllColumnsAndTables) {
   PutOldest();
   Run();
-  EXPECT_THAT(Columns("Estimates"),
-              ElementsAre("EstimateNumber INTEGER", "CustomerNumber INTEGER", "VehicleLink INTEGER", "SchedDate DATE",
-                          "Comments Text(255)", "VehYear Text(5)", "VehMake Text(20)", "VehModel Text(20)",
-                          "VehVIN Text(20)", "VehLic Text(10)", "VehDate Text(10)", "VehMileage Text(7)",
-                          "VehEng Text(12)", "VehTrans Text(12)"));
-  EXPECT_THAT(Columns("Waste"),
-              ElementsAre("EstimateNumber INTEGER", "WasteNumber INTEGER", "VendorName Text(32)",
-                          "VendorInvoice Text(11)", "Cost INTEGER", "Price INTEGER", "Desc1 Text(65)", "Desc2 Text(65)",
-                          "Desc3 Text(65)", "Desc4 Text(65)", "Taxable Text(3)"));
+  EXPECT_THAT(
+      Columns("Estimates"),
+      ElementsAre("EstimateNumber INTEGER", "CustomerNumber INTEGER", "VehicleLink INTEGER", "SchedDate DATE",
+                  "Comments Text(255)", "VehYear Text(5)", "VehMake Text(20)", "VehModel Text(20)", "VehVIN Text(20)",
+                  "VehLic Text(10)", "VehDate Text(10)", "VehMileage Text(7)", "VehEng Text(12)", "VehTrans Text(12)"));
+  EXPECT_THAT(Columns("Waste"), ElementsAre("EstimateNumber INTEGER", "WasteNumber INTEGER", "VendorName Text(32)",
+                                            "VendorInvoice Text(11)", "Cost INTEGER", "Price INTEGER", "Desc1 Text(65)",
+                                            "Desc2 Text(65)", "Desc3 Text(65)", "Desc4 Text(65)", "Taxable Text(3)"));
   EXPECT_THAT(Columns("Checklist"), ElementsAre("EstimateNumber INTEGER", "RecId INTEGER", "ChecklistData Text(255)"));
   db.AddWaste(1, 1, {});
   EXPECT_THROW(db.AddWaste(1, 1, {}), DatabaseError) << "the key";
@@ -90,13 +93,17 @@ TEST_F(Upgrades, AnUpgradedDatabaseIsLeftAloneTheNextTime) {
 
 TEST_F(Upgrades, RowsGetTheVehicleTheyAreLinkedTo) {
   PutOldest();
-  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L").Long(377, 84512).Long(381, 731868).Append(
-                          Vehicle(78, "", " Audi ", "", "", "", "")));
-  Plain("insert into Estimates (EstimateNumber, VehicleLink, SchedDate, Comments) values (1, 0, '2003-09-30', 'c'),"
-        "(2, 397, '2003-09-30', null)");
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L")
+                          .Long(377, 84512)
+                          .Long(381, 731868)
+                          .Append(Vehicle(78, "", " Audi ", "", "", "", "")));
+  Plain(
+      "insert into Estimates (EstimateNumber, VehicleLink, SchedDate, Comments) values (1, 0, '2003-09-30', 'c'),"
+      "(2, 397, '2003-09-30', null)");
   Run();
-  EXPECT_THAT(Snapshots(), ElementsAre("1999|Ford|F150|VIN1|ABC|" + FormatDate(FromFileDate(731868)) + "|84512|5.3L|Auto",
-                                       " |Audi| | | | |0| |Auto"));
+  EXPECT_THAT(Snapshots(),
+              ElementsAre("1999|Ford|F150|VIN1|ABC|" + FormatDate(FromFileDate(731868)) + "|84512|5.3L|Auto",
+                          " |Audi| | | | |0| |Auto"));
   EXPECT_THAT(PlainRows("select EstimateNumber, VehicleLink, SchedDate, Comments from Estimates"),
               ElementsAre("1|0|2003-09-30|c", "2|397|2003-09-30|null"));
 }
@@ -128,17 +135,19 @@ TEST_F(Upgrades, TextsOfVehiclesAreCutAtTheColumnsWidth) {
 TEST_F(Upgrades, MoreRowsThanAreWrittenTogetherAreAllFilled) {
   PutOldest();
   Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
-  Plain("with recursive n(i) as (select 1 union all select i + 1 from n where i < 250) "
-        "insert into Estimates (EstimateNumber, VehicleLink) select i, 0 from n");
+  Plain(
+      "with recursive n(i) as (select 1 union all select i + 1 from n where i < 250) "
+      "insert into Estimates (EstimateNumber, VehicleLink) select i, 0 from n");
   Run();
   EXPECT_EQ(PlainValue("select count(*) from Estimates where VehMake = 'Ford' and VehTrans = 'Auto'"), "250");
 }
 
 TEST_F(Upgrades, ASecondStartAfterAFailedFillingLeavesTheHalfDoneRows) {
   PutOldest();
-  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, -1), (2, -1);"
-        "create trigger Refuse before update on Estimates when new.EstimateNumber = 2 "
-        "begin select raise(abort, 'the disk is full'); end");
+  Plain(
+      "insert into Estimates (EstimateNumber, VehicleLink) values (1, -1), (2, -1);"
+      "create trigger Refuse before update on Estimates when new.EstimateNumber = 2 "
+      "begin select raise(abort, 'the disk is full'); end");
   EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("the disk is full"));
   Plain("drop trigger Refuse");
   Plain("update Estimates set VehMake = 'half' where EstimateNumber = 1");
@@ -170,9 +179,11 @@ class UpgradesOfEngines : public Upgrades {
   }
   void PutRow(int number, int customer, const std::string& year, const std::string& make, const std::string& model,
               const std::string& vin, const std::string& licence) {
-    Plain("insert into Estimates (EstimateNumber, CustomerNumber, VehicleLink, VehYear, VehMake, VehModel, VehVIN, "
-          "VehLic, VehDate, VehMileage) values (" + std::to_string(number) + "," + std::to_string(customer) + ",0,'" +
-          year + "','" + make + "','" + model + "','" + vin + "','" + licence + "','09/29/2003','84512')");
+    Plain(
+        "insert into Estimates (EstimateNumber, CustomerNumber, VehicleLink, VehYear, VehMake, VehModel, VehVIN, "
+        "VehLic, VehDate, VehMileage) values (" +
+        std::to_string(number) + "," + std::to_string(customer) + ",0,'" + year + "','" + make + "','" + model + "','" +
+        vin + "','" + licence + "','09/29/2003','84512')");
   }
   std::vector<std::string> Engines() const {
     return PlainRows("select VehEng, VehTrans from Estimates order by EstimateNumber");
@@ -224,22 +235,24 @@ TEST_F(Upgrades, PartsGetCostAndListPriceOfZero) {
   PutOldest();
   Plain("insert into Parts values (1, 'A', 'Filter', 2, 599, 1198), (1, 'B', null, null, null, null)");
   Run();
-  EXPECT_THAT(PlainRows("select * from Parts"), ElementsAre("1|A|Filter|2|599|1198|0|0", "1|B|null|null|null|null|0|0"));
+  EXPECT_THAT(PlainRows("select * from Parts"),
+              ElementsAre("1|A|Filter|2|599|1198|0|0", "1|B|null|null|null|null|0|0"));
 }
 
 class UpgradesOfLabors : public Upgrades {
  protected:
   UpgradesOfLabors() {
     PutOldest();
-    Plain("DROP TABLE Labors;"
-          "CREATE TABLE Labors (EstimateNumber INTEGER, LaborNumber INTEGER, Description VARCHAR(255) DEFAULT 'none, "
-          "yet', LaborHours INTEGER DEFAULT 7, LaborRate INTEGER, LaborTotal INTEGER, Mechanic INTEGER, "
-          "CONSTRAINT PrimaryKey PRIMARY KEY (EstimateNumber, LaborNumber));"
-          "CREATE INDEX ByMechanic ON Labors (Mechanic);"
-          "CREATE VIEW Work AS SELECT Description FROM Labors;"
-          "CREATE TABLE Seen (Number INTEGER);"
-          "CREATE TRIGGER Note AFTER INSERT ON Labors BEGIN INSERT INTO Seen VALUES (new.LaborNumber); END;"
-          "insert into Labors values (5, 2, '0123', 1, 2, 3, 4), (5, 1, 'Caf\xC3\xA9\r\nline', null, 2, 3, 4)");
+    Plain(
+        "DROP TABLE Labors;"
+        "CREATE TABLE Labors (EstimateNumber INTEGER, LaborNumber INTEGER, Description VARCHAR(255) DEFAULT 'none, "
+        "yet', LaborHours INTEGER DEFAULT 7, LaborRate INTEGER, LaborTotal INTEGER, Mechanic INTEGER, "
+        "CONSTRAINT PrimaryKey PRIMARY KEY (EstimateNumber, LaborNumber));"
+        "CREATE INDEX ByMechanic ON Labors (Mechanic);"
+        "CREATE VIEW Work AS SELECT Description FROM Labors;"
+        "CREATE TABLE Seen (Number INTEGER);"
+        "CREATE TRIGGER Note AFTER INSERT ON Labors BEGIN INSERT INTO Seen VALUES (new.LaborNumber); END;"
+        "insert into Labors values (5, 2, '0123', 1, 2, 3, 4), (5, 1, 'Caf\xC3\xA9\r\nline', null, 2, 3, 4)");
   }
 };
 

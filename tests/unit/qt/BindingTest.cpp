@@ -27,9 +27,7 @@ TEST(Binding, EveryDesignedFormIsAFormOfTheProgram) {
   for (const QString& file : QDir(":/forms").entryList()) EXPECT_TRUE(names.contains(file)) << file.toStdString();
 }
 
-TEST(Binding, AFormThatWasNeverDesignedIsRefused) {
-  EXPECT_THROW(ui::LoadFormFile("frmNowhere"), std::logic_error);
-}
+TEST(Binding, AFormThatWasNeverDesignedIsRefused) { EXPECT_THROW(ui::LoadFormFile("frmNowhere"), std::logic_error); }
 
 // Controls and widgets that don't match frmEnterPwd's.
 class Misfit : public ui::Form {
@@ -44,11 +42,11 @@ class Misfit : public ui::Form {
 TEST(Binding, WhatDoesNotMatchIsTold) {
   test::TestDesktop desktop;
   const Misfit form(desktop);
-  EXPECT_EQ(BindingProblems(form),
-            (std::vector<std::string>{"cmdCancel can't be shown by a QPushButton", "box has no widget",
-                                      "cmdOK lies in no frame, its container is box",
-                                      "The widget lblPassword has no control", "The widget cmdCancel has no control",
-                                      "Pwd is out of turn in the tab order"}));
+  EXPECT_EQ(
+      BindingProblems(form),
+      (std::vector<std::string>{"cmdCancel can't be shown by a QPushButton", "box has no widget",
+                                "cmdOK lies in no frame, its container is box", "The widget lblPassword has no control",
+                                "The widget cmdCancel has no control", "Pwd is out of turn in the tab order"}));
 }
 
 }  // namespace
