@@ -37,7 +37,7 @@ void frmMain::NewEstimateClick() {
   AttachCustomer();
   AttachVehicle();
   database_.estimates.LoadEstimate(number);
-  AddDayLines();
+  AddDayLines(cbShowLabor.Value() ? FetchLaborLines(number) : std::vector<std::string>());
   AddWeekLines(selectedDayIndex_);
   DetailViewClick();
 }

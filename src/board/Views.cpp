@@ -5,12 +5,6 @@
 // The three views, and what a click in them selects.
 namespace lantos {
 
-namespace {
-
-DaySerial DateInTag(const ui::Control& control) { return static_cast<DaySerial>(Val(control.Tag())); }
-
-}  // namespace
-
 void frmMain::ShowView(View view) {
   cmdWeekView.SetBold(view == View::Week);
   cmdDayView.SetBold(view == View::Day);
@@ -35,7 +29,7 @@ void frmMain::WeekViewClick() {
 void frmMain::DayViewClick() {
   CheckDayRollover();
   if (loading_) return;
-  LoadWeek(DateInTag(frameDay));
+  LoadWeek(static_cast<DaySerial>(Val(frameDay.Tag())));
   ShowView(View::Day);
   lblDayComments.SetCaption(capacity_.DayComment[selectedDayIndex_]);
 }
@@ -48,7 +42,7 @@ void frmMain::DetailViewClick() {
 
 void frmMain::PanelClick(std::size_t weekday) {
   selectedDayIndex_ = weekday;
-  const DaySerial date = DateInTag(frameWeek[weekday]);
+  const DaySerial date = PanelDate(weekday);
   MonthView1.SetValue(date);
   LoadWeek(date);
   lastSelectedDate_ = date;
@@ -57,7 +51,7 @@ void frmMain::PanelClick(std::size_t weekday) {
 // Makes a panel's day the one of calendar and day view, with nothing loaded anew.
 void frmMain::SelectDay(std::size_t weekday) {
   selectedDayIndex_ = weekday;
-  const DaySerial date = DateInTag(frameWeek[weekday]);
+  const DaySerial date = PanelDate(weekday);
   MonthView1.SetValue(date);
   frameDay.SetCaption(FormatLongDate(date));
   frameDay.SetTag(std::to_string(date));

@@ -29,32 +29,40 @@ std::string Phones(const CustomerRecord& customer) {
   return phones;
 }
 
-std::string HundredthsOrZero(const Recordset& row, std::string_view column) {
-  return FormatHundredths(row.Long(column));
-}
-
 }  // namespace
 
 void frmMain::LoadWeek(DaySerial date) {
   KeepTypedComments();
   const Estimate kept = Current();
-  capacity_.LoadStandardHours(Data());
   const auto weekday = static_cast<std::size_t>(WeekdayIndex(date));
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     const DaySerial panelDate = date - static_cast<DaySerial>(weekday) + static_cast<DaySerial>(i);
     frameWeek[i].SetTag(std::to_string(panelDate));
     frameWeek[i].SetCaption(FormatPanelDate(panelDate));
-    capacity_.LoadSpecialDay(Data(), panelDate, i);
   }
   frameDay.SetCaption(FormatLongDate(date));
   frameDay.SetTag(std::to_string(date));
+  std::array<std::vector<BoardRow>, kWeekdays> week;
+  // One read of the database for all statements. The customers come after it: asking about a locked file takes as long
+  // as the operator likes, and other workstations couldn't write meanwhile.
+  Data().Connection().ReadTogether([&] {
+    capacity_.LoadStandardHours(Data());
+    for (std::size_t i = 0; i < kWeekdays; ++i) capacity_.LoadSpecialDay(Data(), PanelDate(i), i);
+    for (std::size_t i = 0; i < kWeekdays; ++i) week[i] = FetchDay(i);
+  });
   ClearDetail();
   List2.Clear();
-  for (std::size_t i = 0; i < kWeekdays; ++i) LoadPanel(i);
+  for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, week[i]);
   currentDate_ = date;
   ShowDayHeader(weekday);
   Current() = kept;
 }
+
+DaySerial frmMain::PanelDate(std::size_t weekday) const {
+  return static_cast<DaySerial>(Val(frameWeek[weekday].Tag()));
+}
+
+bool frmMain::IsDayOnShow(std::size_t weekday) const { return frameDay.Tag() == frameWeek[weekday].Tag(); }
 
 void frmMain::SortByChoice(Recordset& estimates) const {
   constexpr std::string_view orders[] = {"EstimateNumber ASC", "CustomerNumber ASC",
@@ -66,25 +74,36 @@ void frmMain::SortByChoice(Recordset& estimates) const {
   estimates.Sort(orders[choice]);
 }
 
-void frmMain::LoadPanel(std::size_t weekday) {
+std::vector<frmMain::BoardRow> frmMain::FetchDay(std::size_t weekday) {
+  std::vector<BoardRow> rows;
+  Recordset& estimates = Data().GetEstimatesByDate(PanelDate(weekday));
+  SortByChoice(estimates);
+  const bool withLabor = cbShowLabor.Value() && IsDayOnShow(weekday);
+  for (; !estimates.Eof(); estimates.MoveNext()) {
+    BoardRow& row = rows.emplace_back();
+    modEstimates::ReadRow(estimates, row.estimate);
+    row.estimate.Comments = Trim(row.estimate.Comments);
+    Recordset& totals = Data().TotalsForEstimate(row.estimate.EstimateNumber);
+    row.estimate.TotalHours = totals.Eof() ? 0 : totals.Long("TotalHours");
+    row.estimate.TotalLabor = totals.Eof() ? 0 : totals.Long("TotalLabor");
+    totals.Close();
+    if (withLabor) row.laborLines = FetchLaborLines(row.estimate.EstimateNumber);
+  }
+  estimates.Close();
+  return rows;
+}
+
+void frmMain::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows) {
   List1[weekday].Clear();
   capacity_.ScheduledHours[weekday] = 0;
   scheduledLabor_[weekday] = 0;
-  Recordset& estimates = Data().GetEstimatesByDate(static_cast<DaySerial>(Val(frameWeek[weekday].Tag())));
-  SortByChoice(estimates);
-  for (; !estimates.Eof(); estimates.MoveNext()) {
-    modEstimates::ReadRow(estimates, Current());
-    Recordset& totals = Data().TotalsForEstimate(Current().EstimateNumber);
-    Current().TotalHours = totals.Eof() ? 0 : totals.Long("TotalHours");
-    Current().TotalLabor = totals.Eof() ? 0 : totals.Long("TotalLabor");
-    totals.Close();
+  for (BoardRow& row : rows) {
+    Current() = std::move(row.estimate);
     AddWeekLines(weekday);
-    if (frameDay.Tag() == frameWeek[weekday].Tag()) {
-      selectedDayIndex_ = weekday;
-      AddDayLines();
-    }
+    if (!IsDayOnShow(weekday)) continue;
+    selectedDayIndex_ = weekday;
+    AddDayLines(row.laborLines);
   }
-  estimates.Close();
   frameWeek[weekday].SetBackColor(
       ClassifyDay(capacity_.AvailableHours[weekday], capacity_.ScheduledHours[weekday], capacity_.FudgeFactor));
 }
@@ -121,7 +140,7 @@ void frmMain::AddWeekLines(std::size_t weekday) {
   ui::SetListExtent(list);
 }
 
-void frmMain::AddDayLines() {
+void frmMain::AddDayLines(const std::vector<std::string>& laborLines) {
   Estimate& estimate = Current();
   const std::string name = CustomerNameForLists();
   const std::string phones = name == kUnknownCustomer ? "" : Phones(shop_.records.customers.CurrentCustomer);
@@ -137,22 +156,24 @@ void frmMain::AddDayLines() {
     List2.AddItem(std::string(kStatusLineStart) + FormatDate(estimate.CreateDate) + ", Scheduled for " +
                       FormatDate(estimate.SchedDate) + ", Status = " + status,
                   number);
-    if (cbShowLabor.Value()) AddLaborLines(number);
+    for (const std::string& line : laborLines) List2.AddItem(line, number);
   }
   ui::SetListExtent(List2);
 }
 
-void frmMain::AddLaborLines(std::int32_t estimate) {
+// As the day list shows them, with the blank line that closes them.
+std::vector<std::string> frmMain::FetchLaborLines(std::int32_t estimate) {
+  std::vector<std::string> lines;
   Recordset& labor = Data().LaborForEstimate(estimate);
   for (; !labor.Eof(); labor.MoveNext()) {
     const std::string description = labor.IsNull("Description") ? "<No description>" : labor.Text("Description");
-    List2.AddItem("       " + FormatZeros(labor.Long("Mechanic"), 6) + " " + HundredthsOrZero(labor, "LaborHours") +
-                      " " + HundredthsOrZero(labor, "LaborRate") + " " + HundredthsOrZero(labor, "LaborTotal") + " " +
-                      SplitLaborText(description).front(),
-                  estimate);
+    lines.push_back("       " + FormatZeros(labor.Long("Mechanic"), 6) + " " +
+                    FormatHundredths(labor.Long("LaborHours")) + " " + FormatHundredths(labor.Long("LaborRate")) +
+                    " " + FormatHundredths(labor.Long("LaborTotal")) + " " + SplitLaborText(description).front());
   }
   labor.Close();
-  List2.AddItem(" ", estimate);
+  lines.push_back(" ");
+  return lines;
 }
 
 void frmMain::ShowDayHeader(std::size_t weekday) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "board/DayCapacity.h"
 #include "estimatedb/EstimateDatabase.h"
@@ -134,10 +135,18 @@ class frmMain : public ui::Form {
 
   // The lists (Week.cpp).
   void SortByChoice(Recordset& estimates) const;
-  void LoadPanel(std::size_t weekday);
+  struct BoardRow {
+    Estimate estimate;
+    std::vector<std::string> laborLines;  // of the day on show, when labor is shown
+  };
+  DaySerial PanelDate(std::size_t weekday) const;
+  bool IsDayOnShow(std::size_t weekday) const;
+  std::vector<BoardRow> FetchDay(std::size_t weekday);
+  std::vector<std::string> FetchLaborLines(std::int32_t estimate);
+  void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows);
+  // Both add the lines of CurrentEstimate.
   void AddWeekLines(std::size_t weekday);
-  void AddDayLines();
-  void AddLaborLines(std::int32_t estimate);
+  void AddDayLines(const std::vector<std::string>& laborLines);
   void ShowDayHeader(std::size_t weekday);
   std::string CustomerNameForLists();
   void RefreshCustomerIndex();

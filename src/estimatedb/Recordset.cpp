@@ -24,7 +24,10 @@ const std::vector<std::string>& Recordset::Columns() const {
 
 bool Recordset::HasColumn(std::string_view name) const { return columns_ && columns_->Find(name) != ColumnList::kNone; }
 
-ColumnType Recordset::TypeOf(std::string_view column) const { return columns_->TypeOf(ColumnIndex(column)); }
+ColumnType Recordset::TypeOf(std::string_view column) const {
+  const std::size_t index = ColumnIndex(column);
+  return columns_->TypeOf(index);
+}
 
 std::size_t Recordset::ColumnIndex(std::string_view name) const {
   if (!columns_) throw DatabaseError(fmt::format("Column \"{}\" was asked of a recordset that isn't open.", name));

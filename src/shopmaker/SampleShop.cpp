@@ -111,7 +111,10 @@ SampleShop ImagineShop(const SampleOptions& options) {
 }
 
 void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock) {
-  const SampleShop shop = ImagineShop(options);
+  WriteShop(path, ImagineShop(options), clock);
+}
+
+void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock) {
   ShopDirectory directory(path);
   AddFlatFiles(directory, shop);
   AddEmptyFiles(directory, {kSystemFile, kCustomerTagFile, kCustomerFile, kVehicleFile, kMakeModelFile, kEmployeeFile,

@@ -77,7 +77,8 @@ struct SampleShop {
 };
 SampleShop ImagineShop(const SampleOptions& options);
 
-// Imagines the shop and lays it down. Fails as MakeEmptyShop does.
+// Lays a shop down. Fails as MakeEmptyShop does.
+void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock);
 void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock);
 
 }  // namespace lantos

@@ -102,8 +102,10 @@ def test_every_button_that_looks_at_the_date(start, shop, button):
     elif button.startswith(("cmdLabor", "cmdPart", "cmdCustomer")):
         copy.click("cmdDetailView")
     state = copy.control(button)
-    if not (state["visible"] and state["enabled"]):
-        pytest.skip(f"{button} leads nowhere yet: it is disabled")
+    assert state["visible"] is True
     copy.set_now("2003-10-01T00:00:05")
+    if not state["enabled"]:  # what it calls isn't there yet: it can't be reached at all
+        assert copy.refused(do="click", control=button) == f"{button} is disabled"
+        return
     copy.click(button)
     copy.expect_box(RESTART, "Restart required.", "information", ["OK"])

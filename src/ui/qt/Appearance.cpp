@@ -1,5 +1,7 @@
 #include "ui/qt/Appearance.h"
 
+#include <QAbstractScrollArea>
+#include <QApplication>
 #include <QPainter>
 #include <cmath>
 
@@ -16,7 +18,25 @@ QColor ReadableOn(Color background) {
   return brightness < kEquallyReadable ? Qt::white : Qt::black;
 }
 
+namespace {
+
+// Lists on a coloured frame keep the theme's colours: their scroll bars and edges would take the frame's.
+void KeepTheme(QWidget& widget, bool keep) {
+  QPalette palette;
+  if (keep) {
+    for (const auto role : {QPalette::Window, QPalette::WindowText}) {
+      palette.setColor(role, QApplication::palette().color(role));
+    }
+  }
+  widget.setPalette(palette);
+}
+
+}  // namespace
+
 void PaintBackground(QWidget& widget, const std::optional<Color>& color, Colours colours) {
+  if (colours == Colours::Around) {
+    for (QAbstractScrollArea* list : widget.findChildren<QAbstractScrollArea*>()) KeepTheme(*list, color.has_value());
+  }
   if (!color) {
     widget.setPalette(QPalette());
     return;

@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <stdexcept>
 
 #include "ui/qt/Appearance.h"
@@ -159,7 +160,9 @@ void FormWindow::Flush() {
 
 void FormWindow::FlushMarked() {
   while (!dirty_.empty()) {
-    const std::vector<WidgetPeer*> marked = std::exchange(dirty_, {});
+    std::vector<WidgetPeer*> marked = std::exchange(dirty_, {});
+    // Hiding goes first: two views side by side for a moment would make the window grow.
+    std::stable_partition(marked.begin(), marked.end(), [](WidgetPeer* peer) { return !peer->GetControl().Visible(); });
     for (WidgetPeer* peer : marked) peer->Flush();
   }
 }

@@ -67,6 +67,7 @@ TEST(FileIO, LettersBeyondAsciiAreFoundInEitherCase) {
   const Shop shop;
   shop.directory.Put("M\xC3\x9CLLER.TXT", "x");  // MÜLLER.TXT
   EXPECT_EQ(shop.files.Length("m\xFCller.txt"), 1u);
+  EXPECT_EQ(shop.files.List("m*"), (std::vector<std::string>{"M\xDCLLER.TXT"}));
 }
 
 TEST(FileIO, TwoSpellingsOfOneNameAreRefusedAndBothNamed) {

@@ -13,14 +13,14 @@ namespace {
 using ui::BindingProblems;
 
 TEST(Binding, EveryControlOfEveryFormHasItsWidgetAndEveryWidgetItsControl) {
-  const test::EveryForm every;
+  const test::PaperShop every;
   for (const auto& form : every.forms) {
     for (const std::string& problem : BindingProblems(*form)) ADD_FAILURE() << form->Name() << ": " << problem;
   }
 }
 
 TEST(Binding, EveryDesignedFormIsAFormOfTheProgram) {
-  const test::EveryForm every;
+  const test::PaperShop every;
   std::set<QString> names;
   for (const auto& form : every.forms) names.insert(QString::fromStdString(form->Name()) + ".ui");
   ui::LoadFormFile("frmMain");

@@ -23,34 +23,31 @@
 namespace lantos::test {
 
 // One of each form of the program, made but not loaded.
-class EveryForm : public TestShop {
- public:
-  EveryForm() {
-    Make<frmMain>(shop, database, masters, StartAndStop{});
-    Make<frmSplash>(desktop);
-    Make<frmEnterDir>(desktop, environment);
-    Make<frmEnterPwd>(shop, "System");
-    Make<frmPrintOptions>(shop);
-    Make<frmStdHours>(shop, database.lantosData);
-    Make<frmSpecialDays>(shop, database.lantosData);
-    Make<frmEstStatus>(shop, database);
-    Make<frmStatusOptions>(shop);
-    Make<frmCustSearch>(shop);
-    Make<frmCustEdit>(shop);
-    Make<frmVehList>(shop);
-    Make<frmVehEdit>(shop, "Edit Vehicle");
-    Make<frmMakeModel>(shop);
-  }
+inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateDatabase& database,
+                                                        MasterScreens& masters) {
   std::vector<std::unique_ptr<ui::Form>> forms;
+  forms.push_back(std::make_unique<frmMain>(shop, database, masters, StartAndStop{[] {}, [] { return true; }, [] {}}));
+  forms.push_back(std::make_unique<frmSplash>(shop.desktop));
+  forms.push_back(std::make_unique<frmEnterDir>(shop.desktop, shop.environment));
+  forms.push_back(std::make_unique<frmEnterPwd>(shop, "System"));
+  forms.push_back(std::make_unique<frmPrintOptions>(shop));
+  forms.push_back(std::make_unique<frmStdHours>(shop, database.lantosData));
+  forms.push_back(std::make_unique<frmSpecialDays>(shop, database.lantosData));
+  forms.push_back(std::make_unique<frmEstStatus>(shop, database));
+  forms.push_back(std::make_unique<frmStatusOptions>(shop));
+  forms.push_back(std::make_unique<frmCustSearch>(shop));
+  forms.push_back(std::make_unique<frmCustEdit>(shop));
+  forms.push_back(std::make_unique<frmVehList>(shop));
+  forms.push_back(std::make_unique<frmVehEdit>(shop, "Edit Vehicle"));
+  forms.push_back(std::make_unique<frmMakeModel>(shop));
+  return forms;
+}
 
- private:
-  template <class Kind, class... Arguments>
-  void Make(Arguments&&... arguments) {
-    forms.push_back(std::make_unique<Kind>(std::forward<Arguments>(arguments)...));
-  }
-
+// With nothing but paper behind them.
+struct PaperShop : TestShop {
   EstimateDatabase database{environment, records};
   MasterScreens masters{shop};
+  std::vector<std::unique_ptr<ui::Form>> forms = EveryForm(shop, database, masters);
 };
 
 }  // namespace lantos::test

@@ -1,6 +1,5 @@
-// Bad bytes are never more than bad values: every truncation and many flipped bits of each file.
-#include <array>
-#include <functional>
+// Links that lead nowhere, into themselves or into the middle of a record.
+#include <vector>
 
 #include "Fixture.h"
 
@@ -33,36 +32,7 @@ class Damage : public ShopTest {
     customers.LookupCustomer(1001, 794);
     customers.RefreshCustomers();
   }
-
-  void ForEachByte(std::string_view file, std::size_t step,
-                   const std::function<void(std::string&, std::size_t)>& harm) {
-    const std::string golden = GoldenBytes(file);
-    for (std::size_t i = 0; i < golden.size(); i += step) {
-      std::string bytes = golden;
-      harm(bytes, i);
-      Put(file, bytes);
-      ReadAll();
-    }
-    Put(file, golden);
-  }
 };
-
-constexpr std::array kFiles = {kSystemFile,    kCustomerTagFile, kCustomerFile, kVehicleFile,
-                               kMakeModelFile, kEmployeeFile,    kPasswordFile};
-
-TEST_F(Damage, NoTruncationDoesHarm) {
-  for (const std::string_view file : kFiles) {
-    ForEachByte(file, 13, [](std::string& bytes, std::size_t place) { bytes.resize(place); });
-  }
-}
-
-TEST_F(Damage, NoFlippedBitDoesHarm) {
-  for (const std::string_view file : kFiles) {
-    ForEachByte(file, 11, [](std::string& bytes, std::size_t place) {
-      bytes[place] = static_cast<char>(bytes[place] ^ (1 << place % 8));
-    });
-  }
-}
 
 TEST_F(Damage, NoLinkDoesHarmWhateverItHolds) {
   struct Place {

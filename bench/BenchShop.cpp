@@ -1,0 +1,94 @@
+#include "bench/BenchShop.h"
+
+#include <stdlib.h>
+
+#include <stdexcept>
+
+#include "frame/Dates.h"
+
+namespace lantos::bench {
+
+namespace {
+
+constexpr int kEstimatesADay = 40;
+constexpr int kLaborLines = 5;
+
+const std::filesystem::path& Scratch() {
+  static const ScratchPlace place;
+  return place.Path();
+}
+
+std::filesystem::path Make(const char* name, const SampleShop& shop) {
+  StandingClock clock({kBenchDay, 0});
+  const std::filesystem::path path = Scratch() / name;
+  WriteShop(path, shop, clock);
+  return path;
+}
+
+SampleOptions Sizes(std::int32_t customers, std::int32_t vehicles, std::int32_t estimates) {
+  SampleOptions options;
+  options.customers = customers;
+  options.vehicles = vehicles;
+  options.estimates = estimates;
+  options.date = kBenchDay;
+  return options;
+}
+
+SampleEstimate BusyEstimate(const SampleShop& shop, std::int32_t number, DaySerial day) {
+  SampleEstimate estimate;
+  estimate.number = number;
+  const std::size_t index = static_cast<std::size_t>(number * 17) % shop.vehicles.size();
+  estimate.vehicle = static_cast<FileLink>(index * VehicleRecord::kLength);
+  estimate.customer = static_cast<std::size_t>(shop.vehicles[index].Get(vehicle::Number) - 1);
+  estimate.created = day - 3;
+  estimate.scheduled = day;
+  for (int line = 0; line < kLaborLines; ++line) {
+    estimate.labors.push_back({shop.technicians.front(), 50 + 10 * line, 8500,
+                               "REPLACE FRONT BRAKE PADS\tRESURFACE ROTORS\tROAD TEST\t\t\t\t\t"});
+  }
+  return estimate;
+}
+
+SampleShop BusyWeek() {
+  SampleShop shop = ImagineShop(Sizes(5000, 8000, 0));
+  const DaySerial sunday = kBenchDay - WeekdayIndex(kBenchDay);
+  std::int32_t number = 1001;
+  for (DaySerial day = sunday; day < sunday + 7; ++day) {
+    for (int i = 0; i < kEstimatesADay; ++i) shop.estimates.push_back(BusyEstimate(shop, number++, day));
+  }
+  return shop;
+}
+
+}  // namespace
+
+ScratchPlace::ScratchPlace() {
+  std::string name = (std::filesystem::temp_directory_path() / "lantos-bench-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory: " + name);
+  path_ = name;
+}
+
+ScratchPlace::~ScratchPlace() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+const std::filesystem::path& LargestShop() {
+  static const std::filesystem::path path = Make("largest", ImagineShop(Sizes(32767, 50000, 0)));
+  return path;
+}
+
+const std::filesystem::path& BusyWeekShop() {
+  static const std::filesystem::path path = Make("week", BusyWeek());
+  return path;
+}
+
+const std::filesystem::path& StartShop() {
+  static const std::filesystem::path path = Make("start", ImagineShop(Sizes(5000, 8000, 120)));
+  return path;
+}
+
+World::World(const std::filesystem::path& shopDirectory) : settings(Scratch() / "settings") {
+  environment.files.SetDataDir(shopDirectory.string() + "\\");
+}
+
+}  // namespace lantos::bench

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "bench/QuietDesktop.h"
+#include "records/Shop.h"
+#include "shopmaker/SampleShop.h"
+#include "ui/GlobalKeys.h"
+
+namespace lantos::bench {
+
+inline constexpr DaySerial kBenchDay = 37894;  // Tuesday, 30 September 2003
+
+// A directory that goes with the process.
+class ScratchPlace {
+ public:
+  ScratchPlace();
+  ~ScratchPlace();
+  ScratchPlace(const ScratchPlace&) = delete;
+  ScratchPlace& operator=(const ScratchPlace&) = delete;
+  const std::filesystem::path& Path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// The shops that are measured on, each made when it is first asked for.
+const std::filesystem::path& LargestShop();   // 32,767 customers and 50,000 vehicles
+const std::filesystem::path& BusyWeekShop();  // 40 estimates of 5 labor lines on each day of the week
+const std::filesystem::path& StartShop();     // 5,000 customers
+
+// What a screen is handed, on one of the shops.
+struct World {
+  explicit World(const std::filesystem::path& shopDirectory);
+
+  StandingClock clock{LocalTime{kBenchDay, 8 * 3600 * 1000}};
+  UserSettings settings;
+  Environment environment{clock, settings};
+  QuietDesktop desktop;
+  Records records{environment, desktop};
+  ui::GlobalKeys keys{desktop};
+  Shop shop{desktop, environment, records, keys};
+};
+
+}  // namespace lantos::bench

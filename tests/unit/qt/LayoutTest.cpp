@@ -1,0 +1,88 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+
+#include "board/DayCapacityDatabase.h"
+#include "qt/EveryForm.h"
+#include "qt/ScriptedPerson.h"
+#include "ui/qt/FormWindow.h"
+#include "ui/qt/QtDesktop.h"
+
+namespace lantos {
+namespace {
+
+// A screen of 1024 x 768, less what a window's frame and the task bar take.
+constexpr QSize kRoom(1012, 720);
+
+// Every form with its real window, on a shop without estimates.
+struct WindowShop : test::BoardShop {
+  WindowShop() {
+    person.boxesDontMatter = true;
+    forms = test::EveryForm(windowed, database, masters);
+  }
+
+  test::ScriptedPerson person;
+  ui::QtDesktop windows{&person};
+  ui::GlobalKeys windowKeys{windows};
+  Shop windowed{windows, environment, records, windowKeys};
+  MasterScreens masters{windowed};
+  std::vector<std::unique_ptr<ui::Form>> forms;
+};
+
+bool MayBeCut(const QLabel& label) {
+  return label.wordWrap() || label.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+}
+
+void ExpectWholeTexts(const ui::FormWindow& window) {
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisible() || MayBeCut(*label)) continue;
+    EXPECT_GE(label->width(), label->sizeHint().width()) << label->objectName().toStdString();
+  }
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisible() || !label->wordWrap()) continue;
+    EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->objectName().toStdString();
+  }
+  for (const QAbstractButton* button : window.centralWidget()->findChildren<QAbstractButton*>()) {
+    if (!button->isVisible() || button->objectName().startsWith("qt_")) continue;
+    EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
+    EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();
+  }
+}
+
+TEST(Layout, NothingOnAnyFormIsCutOffOnASmallScreen) {
+  if (getenv("DARK")) { QPalette p(QColor(53,53,53)); p.setColor(QPalette::Base,QColor(35,35,35)); p.setColor(QPalette::Text,Qt::white); p.setColor(QPalette::Highlight,QColor(42,130,218)); QApplication::setPalette(p);}
+  WindowShop shop;
+  for (const auto& form : shop.forms) {
+    SCOPED_TRACE(form->Name());
+    form->Show();
+    shop.windows.Settle();
+    ui::FormWindow& window = *shop.windows.WindowOf(*form);
+    const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+    EXPECT_LE(least.width(), kRoom.width());
+    EXPECT_LE(least.height(), kRoom.height());
+    ExpectWholeTexts(window);
+    if (const char* d = getenv("PICS")) window.grab().save(QString(d) + "/" + QString::fromStdString(form->Name()) + ".png");
+    form->Hide();
+  }
+}
+
+TEST(Layout, NoViewOfTheBoardNeedsMoreThanASmallScreen) {
+  WindowShop shop;
+  auto& board = dynamic_cast<frmMain&>(*shop.forms.front());
+  board.Show();
+  shop.windows.Settle();
+  ui::FormWindow& window = *shop.windows.WindowOf(board);
+  for (ui::Frame* shown : {&board.frameDayView, &board.frameDetailView, &board.frameWeekView}) {
+    for (ui::Frame* view : {&board.frameDayView, &board.frameDetailView, &board.frameWeekView}) {
+      view->SetVisible(view == shown);
+    }
+    shop.windows.Settle();
+    SCOPED_TRACE(shown->Name());
+    EXPECT_LE(window.width(), kRoom.width());
+    EXPECT_LE(window.height(), kRoom.height());
+    ExpectWholeTexts(window);
+  }
+}
+
+}  // namespace
+}  // namespace lantos
