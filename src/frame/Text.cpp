@@ -153,7 +153,11 @@ double Val(std::string_view text) {
   if (rest.size() <= start || !(IsDigit(rest[start]) || rest[start] == '.')) return 0;
   double value = 0;
   const auto end = std::from_chars(rest.data(), rest.data() + rest.size(), value);
-  if (end.ec == std::errc::result_out_of_range) throw std::out_of_range("Overflow");
+  if (end.ec == std::errc::result_out_of_range) {
+    const std::string_view number = rest.substr(0, static_cast<std::size_t>(end.ptr - rest.data()));
+    if (number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos) return 0;
+    throw std::out_of_range("Overflow");
+  }
   return end.ec == std::errc{} ? value : 0;
 }
 

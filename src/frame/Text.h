@@ -32,7 +32,8 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 bool Contains(std::string_view text, std::string_view needle);
 bool ContainsIgnoringCase(std::string_view text, std::string_view needle);
 
-// The number that a text begins with, blanks skipped: "12abc" is 12, "abc" is 0, "&H1F" is 31.
+// The number that a text begins with, blanks skipped: "12abc" is 12, "abc" is 0, "&H1F" is 31. A number too
+// large for a double throws std::out_of_range.
 double Val(std::string_view text);
 // Whether the whole text is one number as a person types it: sign, thousands commas, "$", brackets for minus.
 bool IsNumeric(std::string_view text);

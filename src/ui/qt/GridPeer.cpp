@@ -53,8 +53,8 @@ class GridPeer : public RowsPeer {
     if (Has(aspects, Aspect::Rows)) {
       const bool fit = ShowHeading();
       ShowRows();
-      if (fit || !fitted_) FitColumns();
       ShowSortMark();
+      if (fit || !fitted_) FitColumns();
     }
     if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) ShowSelected(grid_.Row());
   }

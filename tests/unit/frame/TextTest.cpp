@@ -63,6 +63,8 @@ TEST(Text, ValTakesTheNumberThatATextBeginsWith) {
   EXPECT_EQ(Val("&H1F"), 31);
   EXPECT_EQ(Val("inf"), 0);
   EXPECT_EQ(Val("nan"), 0);
+  EXPECT_EQ(Val("1e-400"), 0);
+  EXPECT_THROW(Val("1e400"), std::out_of_range);
 }
 
 TEST(Text, IsNumericTakesWhatAPersonTypesAsANumber) {

@@ -73,7 +73,7 @@ class Sharing : public ShopTest {
         {"LoadEmployeeList", kEmployeeFile, Access::Read, Deny::None, [&] { records.employees.LoadEmployeeList(); }},
         {"LoadEmployees", kEmployeeFile, Access::Read, Deny::All, [&] { records.employees.LoadEmployees(); }},
         {"SaveEmployee", kEmployeeFile, Access::Write, Deny::All, [&] { records.employees.SaveEmployee(0); }},
-        {"LoadPasswords", kPasswordFile, Access::Read, Deny::All, [&] { records.passwords.LoadPasswords(); }},
+        {"LoadPasswords", kPasswordFile, Access::Read, Deny::None, [&] { records.passwords.LoadPasswords(); }},
     };
   }
 
