@@ -7,7 +7,8 @@ namespace lantos {
 frmCustSearch::frmCustSearch(Shop& shop) : Form(shop.desktop, "frmCustSearch", "Customer Search"), shop_(shop) {
   SetSize(9600, 8400);
   SetResizable(true);
-  NameKey.SetMaxLength(customertag::NameKey.width - 1);
+  // Whole names, though a key keeps only their beginning: a new customer is given what was typed.
+  NameKey.SetMaxLength(customer::Lastname.width + customer::Firstname.width - 1);
   Number.SetMaxLength(10);
   License.SetMaxLength(vehicle::LicenseNumber.width - 1);
   VIN.SetMaxLength(vehicle::VIN.width - 1);

@@ -35,9 +35,15 @@ void ProcessCommandLine(Environment& environment, const std::string& commandLine
   environment.settings.Save(kMainApplication, kSettingsSection, kDataDirKey, WithBackslash(line.substr(3)));
 }
 
+std::string StoredDataDir(const Environment& environment) {
+  std::string directory = environment.settings.Get(kMainApplication, kSettingsSection, kDataDirKey);
+  if (directory.ends_with('/')) directory.back() = '\\';
+  return directory;
+}
+
 bool ResolveDataDir(Environment& environment, ui::Desktop& desktop) {
   FileIO& files = environment.files;
-  std::string directory = environment.settings.Get(kMainApplication, kSettingsSection, kDataDirKey);
+  std::string directory = StoredDataDir(environment);
   if (directory.empty()) {
     directory = AskForDirectory(environment, desktop);
     if (directory.empty()) {
@@ -46,8 +52,6 @@ bool ResolveDataDir(Environment& environment, ui::Desktop& desktop) {
       directory = WithBackslash(directory);
     }
   }
-  // How a value that was asked for comes back on the next start; the stored one keeps its "/".
-  if (directory.ends_with('/')) directory.back() = '\\';
   for (;;) {
     files.SetDataDir(directory);
     if (files.FileExists(kDatabaseFile)) return true;

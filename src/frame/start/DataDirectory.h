@@ -11,6 +11,9 @@ namespace lantos {
 // from there by what follows. There is no other switch.
 void ProcessCommandLine(Environment& environment, const std::string& commandLine);
 
+// The main application's DataDir setting; a final "/" comes back as a backslash, while the stored one keeps it.
+std::string StoredDataDir(const Environment& environment);
+
 // Finds the data directory through the main application's setting, asking where there is none, and makes sure that
 // it holds the scheduler's database. False when the operator gave up.
 bool ResolveDataDir(Environment& environment, ui::Desktop& desktop);

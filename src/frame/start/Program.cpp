@@ -27,6 +27,7 @@ struct Program::State {
         database(environment, records),
         masters(shop) {
     environment.computerName = invocation.computerName;
+    environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
   }
   ~State() { desktop.logFailure = nullptr; }
