@@ -32,6 +32,10 @@ bool frmMain::ChangeStatusByPopup(bool refreshLists) {
   } else {
     RefreshDetailCaption("");
   }
+  return LoadWeekIfCountChanged(oldStatus);
+}
+
+bool frmMain::LoadWeekIfCountChanged(std::int16_t oldStatus) {
   if (modEstimates::CountsTowardDay(oldStatus) == modEstimates::CountsTowardDay(Current().Status)) return false;
   LoadWeek(Current().SchedDate);
   return true;
@@ -44,10 +48,12 @@ void frmMain::ChangeStatusClick() {
     return;
   }
   ui::Hourglass hourglass(shop_.desktop);
+  const std::int16_t oldStatus = Current().Status;
   frmEstStatus form(shop_, database_, {});
   form.ShowModal();
   form.Unload();
   RefreshStatusText(CurrentStatusText());
+  if (LoadWeekIfCountChanged(oldStatus)) ShowEstimateDetail();
 }
 
 void frmMain::RefreshStatusText(const std::string& word) {

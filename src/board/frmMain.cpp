@@ -217,8 +217,9 @@ void frmMain::SaveSettings() {
   settings.Save("LaborOnDayView", cbShowLabor.Value() ? "1" : "0");
 }
 
+// Runs in full for a copy that goes at its question about another one, too: that copy's filter is still the designed
+// one, and is stored as such.
 void frmMain::OnUnload(bool&) {
-  if (loading_) return;  // it never came up: nothing of this run is to be kept
   shop_.desktop.SetPointer(ui::Pointer::Hourglass);
   KeepTypedComments();
   Data().CloseRecordsets();

@@ -175,6 +175,8 @@ class frmMain : public ui::Form {
   void RefreshWeekListStatus(const std::string& word);
   // The popup for the current estimate, and what follows from it. True when the week was loaded anew.
   bool ChangeStatusByPopup(bool refreshLists);
+  // The week of the current estimate, when the change moved it into or out of the day's hours. True when it did.
+  bool LoadWeekIfCountChanged(std::int16_t oldStatus);
   std::string CurrentStatusText();
 
   // Detail view (Detail.cpp).

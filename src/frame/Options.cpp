@@ -55,11 +55,14 @@ std::int16_t ToInteger(std::string_view text) {
   return static_cast<std::int16_t>(value);
 }
 
+// An entry without a value is one that isn't there.
+int ToFontFactor(std::string_view digit) { return TrimView(digit).empty() ? 0 : ToInteger(digit); }
+
 // The platform's word for what went wrong, with the key it went wrong at.
 template <class Convert>
 auto ReadAs(const ProfileFile& profile, std::string_view section, std::string_view key, std::string_view defaultValue,
-            Convert convert) {
-  const std::string text = profile.Get(section, key, defaultValue, kPrintValueLimit);
+            Convert convert, std::size_t limit = kPrintValueLimit) {
+  const std::string text = profile.Get(section, key, defaultValue, limit);
   try {
     return convert(text);
   } catch (const std::invalid_argument& error) {
@@ -108,7 +111,7 @@ std::string_view WorkstationProfile::WriteSection() const {
 
 int WorkstationProfile::ReadFontFactor() {
   const auto read = [&](std::string_view section) {
-    return static_cast<int>(Val(profile_.Get(section, "FontFactor", "0", kFontFactorLimit)));
+    return ReadAs(profile_, section, "FontFactor", "0", ToFontFactor, kFontFactorLimit);
   };
   int factor = read(WriteSection());
   if (factor == 0) factor = read(kDefaultsSection);

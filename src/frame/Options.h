@@ -56,8 +56,9 @@ class WorkstationProfile {
   WorkstationProfile(ProfileFile& profile, std::string profileSection)
       : profile_(profile), section_(std::move(profileSection)) {}
 
-  int ReadFontFactor();             // 1 to 9; 0 everywhere becomes 1, written to the defaults
-  void WriteFontFactor(int& value); // a value outside 1 to 9 becomes 1, in the caller's variable too
+  // 1 to 9; 0 everywhere becomes 1, written to the defaults. A text that is no number throws std::invalid_argument.
+  int ReadFontFactor();
+  void WriteFontFactor(int& value);  // a value outside 1 to 9 becomes 1, in the caller's variable too
   std::string ReadBackupCmd();
   void WriteBackupCmd(std::string_view text);
   bool ReadBackupCmdWait();

@@ -1,24 +1,18 @@
 #include "frame/ProfileFile.h"
 
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <vector>
 
+#include "frame/LockedText.h"
 #include "frame/Text.h"
 
 namespace lantos {
 
 namespace {
 
-// The file's lines, each with its own line end.
-std::vector<std::string> ReadLines(const std::filesystem::path& path) {
+// The lines of a text, each with its own line end.
+std::vector<std::string> LinesOf(const std::string& text) {
   std::vector<std::string> lines;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return lines;
-  std::ostringstream all;
-  all << in.rdbuf();
-  const std::string text = all.str();
   for (std::size_t start = 0; start < text.size();) {
     std::size_t end = text.find_first_of("\r\n", start);
     if (end == std::string::npos) {
@@ -87,11 +81,10 @@ Place Locate(const std::vector<std::string>& lines, std::string_view section, st
 // A key, a value or a section name can't hold a line end: the rest would become lines of its own.
 std::string OneLine(std::string_view text) { return std::string(WithoutLineEnd(text.substr(0, text.find('\0')))); }
 
-bool WriteLines(const std::filesystem::path& path, const std::vector<std::string>& lines) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  for (const std::string& line : lines) out << line;
-  out.flush();
-  return out.good();
+std::string TextOf(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line;
+  return text;
 }
 
 // So that a line can follow.
@@ -99,23 +92,9 @@ void EndLine(std::vector<std::string>& lines, std::string_view lineEnd) {
   if (!lines.empty() && LineEndOf(lines.back()).empty()) lines.back() += lineEnd;
 }
 
-}  // namespace
-
-std::string ProfileFile::Get(std::string_view section, std::string_view key, std::string_view defaultValue,
-                             std::size_t limit) const {
-  const std::vector<std::string> lines = ReadLines(path_);
-  const Place place = Locate(lines, section, key);
-  if (!place.key) return std::string(defaultValue.substr(0, limit));
-  const std::string_view line = WithoutLineEnd(lines[*place.key]);
-  std::string_view value = Blankless(line.substr(line.find('=') + 1));
-  if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
-    value = value.substr(1, value.size() - 2);
-  }
-  return std::string(value.substr(0, limit));
-}
-
-bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
-  std::vector<std::string> lines = ReadLines(path_);
+// The lines with the entry in its place.
+void PutEntry(std::vector<std::string>& lines, std::string_view section, std::string_view key,
+              std::string_view value) {
   const std::string lineEnd = lines.empty() || LineEndOf(lines[0]).empty() ? "\r\n" : std::string(LineEndOf(lines[0]));
   const std::string entry = OneLine(key) + "=" + OneLine(value);
   const Place place = Locate(lines, section, key);
@@ -130,7 +109,32 @@ bool ProfileFile::Put(std::string_view section, std::string_view key, std::strin
     lines.push_back("[" + OneLine(section) + "]" + lineEnd);
     lines.push_back(entry + lineEnd);
   }
-  return WriteLines(path_, lines);
+}
+
+}  // namespace
+
+std::string ProfileFile::Get(std::string_view section, std::string_view key, std::string_view defaultValue,
+                             std::size_t limit) const {
+  const std::vector<std::string> lines =
+      LinesOf(LockedText(path_, LockedText::Purpose::Reading).Read().value_or(std::string()));
+  const Place place = Locate(lines, section, key);
+  if (!place.key) return std::string(defaultValue.substr(0, limit));
+  const std::string_view line = WithoutLineEnd(lines[*place.key]);
+  std::string_view value = Blankless(line.substr(line.find('=') + 1));
+  if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
+    value = value.substr(1, value.size() - 2);
+  }
+  return std::string(value.substr(0, limit));
+}
+
+bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
+  LockedText file(path_, LockedText::Purpose::Editing);
+  const std::optional<std::string> before = file.Read();
+  if (!before) return false;
+  std::vector<std::string> lines = LinesOf(*before);
+  PutEntry(lines, section, key, value);
+  const std::string after = TextOf(lines);
+  return after == *before || file.Replace(after);
 }
 
 }  // namespace lantos

@@ -12,6 +12,7 @@ namespace {
 constexpr int kNamesADay = 1000;
 constexpr std::size_t kStampWidth = 20;
 
+// One that another workstation holds open stays.
 void DeleteOthers(const FileIO& files, std::string_view pattern, std::string_view prefix) {
   for (const std::string& name : files.List(pattern)) {
     if (!EqualsIgnoringCase(Left(name, prefix.size()), prefix)) files.Delete(name);
@@ -37,15 +38,7 @@ std::string DayMark(DaySerial day) {
 
 bool RunLog::Open() {
   const std::string prefix = "LN" + DayMark(files_.GetClock().Today());
-  for (const std::string& name : files_.List("LN*.LOG")) {
-    if (EqualsIgnoringCase(Left(name, prefix.size()), prefix)) continue;
-    try {
-      // A log that another workstation holds open stays.
-      SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail);
-      files_.Delete(name);
-    } catch (const FileError&) {
-    }
-  }
+  DeleteOthers(files_, "LN*.LOG", prefix);
   name_ = FirstFree(files_, [&](int n) { return prefix + fmt::format("{:03}.LOG", n); });
   if (name_.empty()) return false;
   file_ = SharedFile(files_.PathOf(name_), Access::ReadWrite, Deny::All);
@@ -66,9 +59,7 @@ void RunLog::Write(std::string_view message) noexcept {
   }
 }
 
-void RunLog::Close() {
-  file_.Close();
-}
+void RunLog::Close() { file_.Close(); }
 
 std::filesystem::path RunLog::Path() const {
   return name_.empty() ? std::filesystem::path() : files_.PathOf(name_);

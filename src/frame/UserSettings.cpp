@@ -1,6 +1,9 @@
 #include "frame/UserSettings.h"
 
+#include <cmath>
 #include <cstdlib>
+#include <limits>
+#include <stdexcept>
 
 #include "frame/ProfileFile.h"
 #include "frame/Text.h"
@@ -40,7 +43,12 @@ void UserSettings::Save(std::string_view key, std::string_view value) {
 
 double UserSettings::GetNumber(std::string_view key, double defaultValue) const {
   const std::string text = Get(key);
-  return text.empty() ? defaultValue : ToNumber(text);
+  if (text.empty()) return defaultValue;
+  const double value = ToNumber(text);
+  if (std::fabs(value) > std::numeric_limits<float>::max()) {
+    throw std::invalid_argument("Overflow: " + std::string(key) + " is " + text);
+  }
+  return value;
 }
 
 bool UserSettings::GetBoolean(std::string_view key, bool defaultValue) const {

@@ -1,6 +1,5 @@
 #include "masters/MasterScreens.h"
 
-#include "frame/Dates.h"
 #include "masters/KeptRecords.h"
 #include "masters/NameSearch.h"
 #include "masters/frmCustSearch.h"
@@ -113,7 +112,6 @@ void MasterScreens::AddVehicle(frmVehList& list) {
   const KeptVehicle kept(vehicles);
   vehicles.NewVehicle();
   vehicles.CurrentVehicleOffset = kNoLink;
-  vehicles.CurrentVehicle.Put(vehicle::Date, ToFileDate(shop_.environment.Today()));
   frmVehEdit edit(shop_, "New Vehicle");
   edit.ShowModal();
   const bool saved = edit.Saved();

@@ -20,12 +20,14 @@ void Control::SetVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
   Changed(Aspect::Shown);
+  if (!visible) form_.LeaveUnusableFocus();
 }
 
 void Control::SetEnabled(bool enabled) {
   if (enabled_ == enabled) return;
   enabled_ = enabled;
   Changed(Aspect::Enabled);
+  if (!enabled) form_.LeaveUnusableFocus();
 }
 
 bool Control::IsShown() const { return visible_ && (container_ == nullptr || container_->IsShown()); }

@@ -162,6 +162,11 @@ void Form::TakeFirstFocus() {
   if (focus_->OnGotFocus) focus_->OnGotFocus();
 }
 
+void Form::LeaveUnusableFocus() {
+  if (!visible_ || focus_ == nullptr || focus_->IsUsable()) return;
+  if (Control* next = NextInTabOrder()) SetFocus(*next);
+}
+
 void Form::DoClose() {
   Run([this] {
     bool refuse = false;

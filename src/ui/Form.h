@@ -109,6 +109,7 @@ class Form {
   void Register(Control& control);
   void Forget(Control& control);
   void TakeFirstFocus();
+  void LeaveUnusableFocus();  // the focused control was hidden or disabled: the next one gets the focus
   bool PressMnemonic(char letter);
   void PlatformKey(const KeyPress& key);
 

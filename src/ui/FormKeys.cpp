@@ -28,9 +28,16 @@ void StepRow(Grid& grid, int step) {
   if (grid.RowCount() > 0 && row != grid.Row()) grid.DoSelect(row);
 }
 
+constexpr int kRowsAPage = 10;
+constexpr int kToTheEnd = 1000000;  // rows; more than any list holds
+
 int StepOf(const KeyPress& key) {
   if (key.Is("Up")) return -1;
   if (key.Is("Down")) return 1;
+  if (key.Is("PgUp")) return -kRowsAPage;
+  if (key.Is("PgDn")) return kRowsAPage;
+  if (key.Is("Home")) return -kToTheEnd;
+  if (key.Is("End")) return kToTheEnd;
   return 0;
 }
 

@@ -1,5 +1,7 @@
 #include "ui/Shell.h"
 
+#include <algorithm>
+
 #include "frame/Text.h"
 
 namespace lantos::ui {
@@ -37,17 +39,21 @@ void ShellOpen(Desktop& desktop, const std::string& path) {
 
 int RunShell(Desktop& desktop, const std::string& commandLine, const std::string& arguments) {
   const std::string line = Trim(commandLine);
-  if (line.starts_with('"')) return desktop.OpenDocument(line.substr(1, line.find('"', 1) - 1), arguments);
-  const std::size_t blank = line.find(' ');
-  const std::string rest = blank == std::string::npos ? "" : Trim(line.substr(blank));
-  return desktop.OpenDocument(line.substr(0, blank), Trim(rest + " " + arguments));
+  const bool quoted = line.starts_with('"');
+  const std::size_t start = quoted ? 1 : 0;
+  const std::size_t end = std::min(line.find(quoted ? '"' : ' ', start), line.size());
+  const std::string rest = end < line.size() ? line.substr(end + 1) : "";
+  return desktop.OpenDocument(line.substr(start, end - start), Trim(Trim(rest) + " " + arguments));
 }
 
 void ShowHelpFile(Desktop& desktop, const FileIO& files, std::string directory, const std::string& name) {
+  const bool inDataDir = directory.empty() || directory == files.DataDir();
   if (directory.empty()) directory = files.DataDir();
   if (!directory.ends_with('\\') && !directory.ends_with('/')) directory += '\\';
-  const std::string path = PlatformPath(directory + name).string();
-  if (RunShell(desktop, "\"" + path + "\"", "") < kFirstGoodRunResult) {
+  const std::string path = directory + name;
+  // Names in the data directory are found in any case.
+  const std::string found = inDataDir ? FromUtf8(files.PathOf(name).string()) : path;
+  if (RunShell(desktop, "\"" + found + "\"", "") < kFirstGoodRunResult) {
     desktop.Tell("Could not locate " + path, "Missing help file");
   }
 }

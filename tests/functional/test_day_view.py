@@ -57,10 +57,10 @@ def test_phones_and_vehicles_are_joined_and_cut(start, shop):
     phones = {
         1: ({"WorkPhone": "555-0101"}, "W:555-0101"),
         2: ({"WorkPhone": "555-0102", "WorkExt": " 7 "}, "W:555-0102x7"),
-        3: ({"phone": "555-0103"}, "H:555-0103"),
-        4: ({"OtherPhone": "555-0104"}, "O:555-0104"),
+        3: ({"phone": "555-0103"}, " H:555-0103"),
+        4: ({"OtherPhone": "555-0104"}, " O:555-0104"),
         5: ({"phone": "555-0105", "OtherPhone": "555-0205"}, "H:555-0105 O:555-0205"),
-        6: ({"WorkExt": "44", "phone": "555-0106"}, "H:555-0106"),
+        6: ({"WorkExt": "44", "phone": "555-0106"}, " H:555-0106"),
         7: ({"WorkPhone": "(937) 555-0107", "WorkExt": "12345", "phone": "(937) 555-0207",
              "OtherPhone": "(937) 555-0307"}, "W:(937) 555-0107x12345 H:(937) 555-0207 O:(937) 555-0307"),
     }
@@ -71,10 +71,10 @@ def test_phones_and_vehicles_are_joined_and_cut(start, shop):
     shop.write()
     copy = start(shop)
     lines = [line for line in day_list(copy) if not line.startswith(" ")]
-    # A first phone that isn't the work phone has the blank of its own joint in front.
-    shown = {number: text if text.startswith("W") else f" {text}" for number, (_, text) in phones.items()}
-    assert lines == [main_line(900 + number, f"Name{number},A", "0.00", shown[number],
-                               "2002 Mercedes-Benz of Ohio Sprinter Long Bed") for number in phones]
+    # The blank of the joint stays in front of a lone phone; the next joint trims it away.
+    assert lines == [main_line(900 + number, f"Name{number},A", "0.00", text,
+                               "2002 Mercedes-Benz of Ohio Sprinter Long Bed")
+                     for number, (_, text) in phones.items()]
     assert all(len(line) == 6 + 1 + 32 + 1 + 40 + 1 + 32 + 1 + 7 for line in lines)
 
 

@@ -41,7 +41,7 @@ void LoadSharedTables(Records& records) {
   records.makes.LoadMakes();
 }
 
-// A flag that is neither boolean nor number counts as not set.
+// A text that is neither boolean nor number ends the start, as any setting of the wrong kind does.
 bool ReadFleetVersion(const UserSettings& settings) {
   const std::string text = settings.Get(kMainApplication, kSettingsSection, "FleetVersion");
   return !text.empty() && ToBoolean(text);

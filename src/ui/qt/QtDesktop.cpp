@@ -29,7 +29,7 @@ struct QtDesktop::Buried {
   int depth;  // of waits, when its form went
 };
 
-QtDesktop::QtDesktop(Person* person) : person_(person) {
+QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_unique<QObject>()) {
   QuietOffscreenPlatform();
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
@@ -128,7 +128,7 @@ void QtDesktop::FormUnloaded(Form& form) {
 
 void QtDesktop::Bury(std::unique_ptr<FormWindow> window) {
   buried_.push_back({std::move(window), waitDepth_});
-  if (!IsDriven()) QTimer::singleShot(0, QApplication::instance(), [this] { DeleteBuried(true); });
+  if (!IsDriven()) QTimer::singleShot(0, context_.get(), [this] { DeleteBuried(true); });
 }
 
 void QtDesktop::DeleteBuried(bool idle) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <filesystem>
 #include <functional>
@@ -86,6 +87,7 @@ class QtDesktop : public Desktop {
   Person* person_;
   std::filesystem::path printTo_;
   std::unique_ptr<WindowRegistry> registry_;
+  std::unique_ptr<QObject> context_;  // of what is put off: it doesn't outlive the desktop
   std::unique_ptr<QTimer> registryTimer_;
   std::vector<std::unique_ptr<FormWindow>> windows_;
   std::vector<Buried> buried_;

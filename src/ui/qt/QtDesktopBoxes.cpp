@@ -61,7 +61,7 @@ void QtDesktop::PopupMenu(Form&, MenuItem& menu) {
     closed = true;
     // The choice is told of after the hiding.
     QMetaObject::invokeMethod(
-        QApplication::instance(), [this] { WakeWaits(); }, Qt::QueuedConnection);
+        context_.get(), [this] { WakeWaits(); }, Qt::QueuedConnection);
   });
   overlays_.push_back(&shown);
   shown.popup(QCursor::pos());

@@ -225,12 +225,13 @@ TEST_F(VehList, ANewVehicleBecomesTheFirstOfTheChain) {
     EXPECT_EQ(edit.CustomerNumber.Text(), "000005");
     EXPECT_EQ(edit.Lastname.Text(), "SMITH");
     EXPECT_EQ(edit.State.Text(), "CA");
-    EXPECT_EQ(edit.txtDate.Text(), "09/30/2003");
+    EXPECT_EQ(edit.txtDate.Text(), "");
     EXPECT_EQ(edit.Mileage.Text(), "0");
     edit.Make.DoType("BMW");
     edit.Year.DoType("2003");
     edit.VIN.DoType("V0");
     edit.Mileage.DoType("12,500");
+    edit.txtDate.DoType("09/30/2003");
     Press(edit, "F10");
   });
   desktop.WillUse([](ui::Form& list) {

@@ -121,6 +121,24 @@ TEST_F(Forms, AFrameHidesAndDisablesWhatItHolds) {
   EXPECT_FALSE(screen.one.IsUsable());
 }
 
+TEST_F(Forms, HidingOrDisablingTheFocusedControlMovesTheFocusOn) {
+  screen.first.SetVisible(false);
+  EXPECT_EQ(screen.Focus(), &screen.second);
+  EXPECT_EQ(screen.log, "-first +second ");
+  screen.second.SetEnabled(false);
+  EXPECT_EQ(screen.Focus(), &screen.list);
+}
+
+TEST_F(Forms, KeysStepThroughARowOfLines) {
+  for (int i = 0; i < 30; ++i) screen.list.AddItem(std::to_string(i));
+  screen.MoveFocus(&screen.list);
+  for (const auto& [key, row] : {std::pair("Down", 0), std::pair("Down", 1), std::pair("PgDn", 11), std::pair("End", 29),
+                                 std::pair("Up", 28), std::pair("Home", 0)}) {
+    screen.PressKey(ParseKey(key));
+    EXPECT_EQ(screen.list.ListIndex(), row) << key;
+  }
+}
+
 TEST_F(Forms, AClearedKeyGoesNoFurther) {
   screen.PressKey(ParseKey("F10"));
   EXPECT_EQ(screen.log, "F10 ");

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lantos {
+
+// The whole text of a small file that several copies read and edit. Whoever edits it holds it alone from reading to
+// writing, so that nobody sees half of it and no other copy's entry is lost; whoever reads waits for that. The wait is
+// short and its end is not looked at: a setting is never worth a program that stands still.
+class LockedText {
+ public:
+  enum class Purpose { Reading, Editing };  // editing makes the file where it is missing
+
+  LockedText(const std::filesystem::path& path, Purpose purpose);
+  ~LockedText();
+  LockedText(const LockedText&) = delete;
+
+  // Empty when there is no file, or none that can be read.
+  std::optional<std::string> Read() const;
+  // False when it can't be written; on a full disk it stays as it was.
+  bool Replace(std::string_view text);
+
+ private:
+  bool MakeRoom(std::size_t length, std::size_t lengthBefore);
+
+  int descriptor_ = -1;
+};
+
+}  // namespace lantos
