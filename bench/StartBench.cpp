@@ -26,13 +26,16 @@ struct Start {
   double residentKilobytes;
 };
 
+// Off-screen, with settings and windows of its own, and without the off-screen platform's complaints about itself.
 std::vector<std::string> EnvironmentOf(const std::filesystem::path& home) {
-  std::vector<std::string> variables = {"QT_QPA_PLATFORM=offscreen", "XDG_CONFIG_HOME=" + home.string(),
-                                        "XDG_RUNTIME_DIR=" + home.string()};
+  std::vector<std::string> variables = {"QT_QPA_PLATFORM=offscreen", "QT_LOGGING_RULES=default.warning=false",
+                                        "XDG_CONFIG_HOME=" + home.string(), "XDG_RUNTIME_DIR=" + home.string()};
+  const std::size_t own = variables.size();
   for (char** variable = environ; *variable != nullptr; ++variable) {
     const std::string text = *variable;
-    const bool replaced = text.starts_with("QT_QPA_PLATFORM=") || text.starts_with("XDG_CONFIG_HOME=") ||
-                          text.starts_with("XDG_RUNTIME_DIR=");
+    const std::string name = text.substr(0, text.find('=') + 1);
+    const bool replaced = std::any_of(variables.begin(), variables.begin() + static_cast<std::ptrdiff_t>(own),
+                                      [&](const std::string& set) { return set.starts_with(name); });
     if (!replaced) variables.push_back(text);
   }
   return variables;

@@ -25,7 +25,7 @@ struct Board {
     steps.processCommandLine = [] {};
     steps.initGlobals = [this] {
       world.records.system.ReadSystem(false);
-      return true;
+      return world.environment.log.Open();
     };
     steps.deleteUpdateFileAndCloseLog = [] {};
     window = std::make_unique<frmMain>(world.shop, database, masters, std::move(steps));

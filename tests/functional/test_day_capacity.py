@@ -96,6 +96,15 @@ def test_special_hours_replace_the_standard_ones(start, shop):
     assert available == [("Sun 9/28", "6.00"), ("Tue 9/30", "4.00"), ("Wed 10/1", "0.00")]
 
 
+def test_of_two_special_days_on_one_date_the_first_counts(start, shop):
+    shop.add_special_day(TODAY, 5, "First")
+    shop.add_special_day(TODAY, 9, "Second")
+    shop.write()
+    copy = start(shop)
+    assert hours_of(copy)[1] == "5.00"
+    assert copy.caption("lblWeekComment") == "Tue 9/30: First"
+
+
 # Standard hours.
 
 

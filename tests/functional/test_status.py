@@ -318,6 +318,16 @@ def test_ok_on_the_present_status_does_nothing_and_stays(board, shop):
     assert week_line(copy, 902) == "000902 In Progress"
 
 
+def test_cancelling_the_form_puts_even_the_word_of_a_scheduled_one_on_its_line(board, shop):
+    copy = board()
+    assert week_line(copy, 900) == "000900 "
+    open_form(copy, 900)
+    copy.close()
+    copy.expect_form("frmMain")
+    assert week_line(copy, 900) == "000900 Scheduled"
+    assert status_of(shop, 900) == 0
+
+
 def test_a_past_scheduled_estimate_is_a_no_show_in_the_form(board, shop):
     copy = board()
     open_form(copy, 950, panel=1)

@@ -24,7 +24,7 @@ def open_options(copy):
 
 
 def profile(shop):
-    return shop.path("Lantos.ini").read_text(encoding="cp1252", newline="")
+    return shop.path("Lantos.ini").read_bytes().decode("cp1252")
 
 
 def test_each_group_has_the_letters_of_its_event_and_ask_is_the_default(lantos):

@@ -36,6 +36,23 @@ def test_a_name_is_cut_at_32_characters_and_an_unknown_customer_still_lists(star
         "000900 ", "  Vandenbergh-Featherst,Maximilian", "000901 ", "  CUSTOMER,UNKNOWN"]
 
 
+def test_names_beyond_ascii_are_shown_as_they_are(start, shop):
+    shop.add_customer(7, "Müller", "Zoë")
+    shop.add_estimate(900, TODAY, customer=7)
+    shop.write()
+    assert start(shop).rows("List1(2)")[1] == "  Müller,Zoë"
+
+
+def test_an_estimate_of_no_known_status_is_in_no_list(start, shop):
+    shop.add_estimate(900, TODAY, status=12, hours=3)
+    shop.add_estimate(901, TODAY, status=-1, hours=3)
+    shop.add_estimate(902, TODAY, status=1, hours=1)
+    shop.write()
+    copy = start(shop)
+    assert listed(copy, "List1(2)") == listed(copy, "List2") == [902]
+    assert hours_of(copy)[2] == "1.00"
+
+
 def test_panels_carry_their_dates(lantos):
     for i in range(7):
         assert lantos.control(f"frameWeek({i})")["tag"] == str(serial("2003-09-28") + i)

@@ -185,7 +185,8 @@ TEST(QtDesktop, APictureOfTheTopmostWindowIsWritten) {
   EXPECT_NE(bench.hand.Screenshot(nullptr, directory / "none.png"), "");
   bench.form.Show();
   EXPECT_EQ(bench.hand.Screenshot(nullptr, directory / "form.png"), "");
-  EXPECT_EQ(QImage(QString::fromStdString((directory / "form.png").string())).size(), bench.Window().size());
+  EXPECT_EQ(QImage(QString::fromStdString((directory / "form.png").string())).size(),
+            bench.Window().size() * bench.Window().devicePixelRatio());
 }
 
 TEST(QtDesktop, TheClosingOfAWindowIsTheFormsDecision) {

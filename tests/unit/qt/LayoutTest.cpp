@@ -2,32 +2,16 @@
 #include <QApplication>
 #include <QLabel>
 
-#include "board/DayCapacityDatabase.h"
-#include "qt/EveryForm.h"
-#include "qt/ScriptedPerson.h"
+#include "qt/WindowShop.h"
 #include "ui/qt/FormWindow.h"
-#include "ui/qt/QtDesktop.h"
 
 namespace lantos {
 namespace {
 
+using test::WindowShop;
+
 // A screen of 1024 x 768, less what a window's frame and the task bar take.
 constexpr QSize kRoom(1012, 720);
-
-// Every form with its real window, on a shop without estimates.
-struct WindowShop : test::BoardShop {
-  WindowShop() {
-    person.boxesDontMatter = true;
-    forms = test::EveryForm(windowed, database, masters);
-  }
-
-  test::ScriptedPerson person;
-  ui::QtDesktop windows{&person};
-  ui::GlobalKeys windowKeys{windows};
-  Shop windowed{windows, environment, records, windowKeys};
-  MasterScreens masters{windowed};
-  std::vector<std::unique_ptr<ui::Form>> forms;
-};
 
 bool MayBeCut(const QLabel& label) {
   return label.wordWrap() || label.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;

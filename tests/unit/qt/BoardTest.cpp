@@ -1,0 +1,125 @@
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QScreen>
+
+#include "qt/WindowShop.h"
+#include "ui/qt/FormWindow.h"
+#include "ui/qt/QtHand.h"
+
+namespace lantos {
+namespace {
+
+using ui::MouseButton;
+
+// The board with the events of its controls taken over by the test.
+struct Board : test::WindowShop {
+  Board() {
+    form.Show();
+    windows.Settle();
+  }
+  template <class Widget>
+  Widget& WidgetOf(const ui::Control& control) {
+    return dynamic_cast<Widget&>(windows.WindowOf(form)->PeerOf(control)->Widget());
+  }
+
+  frmMain& form = dynamic_cast<frmMain&>(*forms.front());
+  ui::QtHand hand{windows};
+  std::vector<std::string> happened;
+};
+
+TEST(Board, ADayIsPickedInTheCalendarItself) {
+  Board board;
+  std::vector<DaySerial> clicked;
+  std::vector<DaySerial> doubled;
+  board.form.MonthView1.OnDateClick = [&](DaySerial day) { clicked.push_back(day); };
+  board.form.MonthView1.OnDateDoubleClick = [&](DaySerial day) { doubled.push_back(day); };
+  // A month that begins on a Sunday, one that doesn't, and the last day of a leap year's February.
+  const std::vector<DaySerial> days = {ToSerial({2003, 6, 1}), ToSerial({2003, 10, 31}), ToSerial({2004, 2, 29})};
+  for (const DaySerial day : days) {
+    board.hand.Pick(board.form.MonthView1, day, false);
+    EXPECT_EQ(board.hand.Read(board.form.MonthView1).date, day);
+  }
+  EXPECT_EQ(clicked, days);
+  EXPECT_TRUE(doubled.empty());
+  board.hand.Pick(board.form.MonthView1, days[0], true);
+  EXPECT_EQ(clicked.size(), 4U);
+  EXPECT_EQ(doubled, std::vector<DaySerial>{days[0]});
+}
+
+TEST(Board, FramesTakeTheMouseUnlessSomethingOnThemDoes) {
+  Board board;
+  ui::Frame& panel = board.form.frameWeek[3];
+  panel.OnClick = [&] { board.happened.push_back("click"); };
+  panel.OnDoubleClick = [&] { board.happened.push_back("double"); };
+  panel.OnMouseUp = [&](MouseButton button) {
+    if (button == MouseButton::Right) board.happened.push_back("right");
+  };
+  board.hand.DoubleClick(panel);
+  board.hand.Click(panel, MouseButton::Right);
+  EXPECT_EQ(board.happened, (std::vector<std::string>{"click", "double", "right"}));
+}
+
+TEST(Board, OptionsOfOneFrameExcludeOneAnother) {
+  Board board;
+  board.form.cmdDayView.OnClick();
+  board.windows.Settle();
+  int clicks = 0;
+  board.form.optDaySortBy[2].OnClick = [&] { ++clicks; };
+  board.hand.Check(board.form.optDaySortBy[2], true);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_TRUE(board.WidgetOf<QRadioButton>(board.form.optDaySortBy[2]).isChecked());
+  EXPECT_FALSE(board.WidgetOf<QRadioButton>(board.form.optDaySortBy[0]).isChecked());
+  // From code, no option at all may be left.
+  board.form.optDaySortBy[2].SetValue(false);
+  board.windows.Settle();
+  EXPECT_FALSE(board.WidgetOf<QRadioButton>(board.form.optDaySortBy[2]).isChecked());
+}
+
+TEST(Board, APanelHasTheColourOfItsDayAndItsListTheThemes) {
+  Board board;
+  const QColor theme = QApplication::palette().color(QPalette::Base);
+  const QWidget& panel = board.WidgetOf<QGroupBox>(board.form.frameWeek[0]);
+  EXPECT_EQ(panel.palette().color(QPalette::Window), QColor(224, 224, 224));
+  EXPECT_EQ(panel.palette().color(QPalette::WindowText), Qt::black);
+  EXPECT_EQ(board.WidgetOf<QWidget>(board.form.List1[0]).palette().color(QPalette::Base), theme);
+}
+
+TEST(Board, WhatThePersonDoesToTheWindowReachesTheFormAndNothingElseDoes) {
+  Board board;
+  ui::FormWindow& window = *board.windows.WindowOf(board.form);
+  // Opened larger than stored, since more is on it: the stored size stays.
+  EXPECT_EQ(board.form.Width(), 10000);
+  window.resize(1000, 700);
+  board.windows.Settle();
+  EXPECT_EQ(board.form.Width(), 15000);
+  EXPECT_EQ(board.form.Height(), 10500);
+  board.form.SetSize(15000, 10650);
+  EXPECT_EQ(window.height(), 710);
+  // No window becomes larger than the screen by what is stored.
+  board.form.SetSize(150000, 150000);
+  EXPECT_LE(window.height(), window.screen()->availableSize().height());
+  window.showMaximized();
+  board.windows.Settle();
+  EXPECT_EQ(board.form.State(), ui::WindowState::Maximized);
+}
+
+TEST(VehicleGrid, AHeadingIsClickedWhereItStands) {
+  test::WindowShop shop;
+  ui::QtHand hand(shop.windows);
+  for (const auto& form : shop.forms) {
+    auto* list = dynamic_cast<frmVehList*>(form.get());
+    if (list == nullptr) continue;
+    list->Show();
+    shop.windows.Settle();
+    int clicked = -1;
+    list->DataGrid1.OnHeadClick = [&](int column) { clicked = column; };
+    EXPECT_EQ(hand.ClickHeading(list->DataGrid1, 2), "");
+    EXPECT_EQ(clicked, 2);
+    list->Hide();
+  }
+}
+
+}  // namespace
+}  // namespace lantos

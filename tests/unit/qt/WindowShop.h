@@ -1,0 +1,25 @@
+#pragma once
+
+#include "board/DayCapacityDatabase.h"
+#include "qt/EveryForm.h"
+#include "qt/ScriptedPerson.h"
+#include "ui/qt/QtDesktop.h"
+
+namespace lantos::test {
+
+// Every form with its real window, on a shop without estimates.
+struct WindowShop : BoardShop {
+  WindowShop() {
+    person.boxesDontMatter = true;
+    forms = EveryForm(windowed, database, masters);
+  }
+
+  ScriptedPerson person;
+  ui::QtDesktop windows{&person};
+  ui::GlobalKeys windowKeys{windows};
+  Shop windowed{windows, environment, records, windowKeys};
+  MasterScreens masters{windowed};
+  std::vector<std::unique_ptr<ui::Form>> forms;
+};
+
+}  // namespace lantos::test
