@@ -14,7 +14,7 @@ class frmEnterPwd : public SizedForm {
 
   bool ok = false;
 
-  ui::Label lblPassword{*this, "lblPassword", "&Password?"};
+  ui::Label lblPassword{*this, "lblPassword", "Password?"};
   ui::TextBox Pwd{*this, "Pwd"};
   ui::Button cmdOK{*this, "cmdOK", "&OK"};
   ui::Button cmdCancel{*this, "cmdCancel", "&Cancel"};

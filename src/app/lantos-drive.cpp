@@ -12,6 +12,7 @@
 #ifdef LANTOS_WITH_QT
 #include <QApplication>
 
+#include "ui/qt/Platform.h"
 #include "ui/qt/QtHand.h"
 #endif
 
@@ -122,6 +123,8 @@ int RunOnWindows(ui::Session& session, Clock& clock, const DriveOptions& options
   char name[] = "lantos-drive";
   char* arguments[] = {name, nullptr};
   int count = 1;
+  ui::TameWindowSystem(name);
+  ui::DoWithoutDisplay();
   const QApplication application(count, arguments);
   ui::QtDesktop desktop(&session);
   desktop.PrintTo(PrintFolder(options.printTo));

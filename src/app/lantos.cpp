@@ -5,6 +5,7 @@
 #include "frame/Clock.h"
 #include "frame/UserSettings.h"
 #include "frame/start/Program.h"
+#include "ui/qt/Platform.h"
 #include "ui/qt/QtDesktop.h"
 #include "ui/qt/Text.h"
 
@@ -27,6 +28,7 @@ int RunProgram(const std::string& commandLine) {
 }  // namespace lantos
 
 int main(int count, char** arguments) {
+  lantos::ui::TameWindowSystem("lantos");
   QApplication application(count, arguments);
   QApplication::setApplicationName(QStringLiteral("lantos"));
   QApplication::setApplicationDisplayName(QString());

@@ -33,6 +33,10 @@ void frmMain::NewEstimateClick() {
   }
   const std::int32_t number = database_.estimates.CreateEstimate(currentDate_, status);
   displayedEstimate_ = number;
+  // The caption must tell of the new estimate while its vehicle is being chosen; all else comes with LoadEstimate.
+  Current().EstimateNumber = number;
+  Current().SchedDate = currentDate_;
+  Current().Status = status;
   RefreshDetailCaption("");
   AttachCustomer();
   AttachVehicle();

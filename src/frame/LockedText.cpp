@@ -14,7 +14,7 @@ namespace lantos {
 namespace {
 
 constexpr mode_t kNewFileMode = 0666;  // the umask takes from it
-constexpr int kLockTries = 100;
+constexpr int kLockTries = 50;
 constexpr std::chrono::milliseconds kBetweenTries{5};
 // One byte far beyond the text.
 constexpr off_t kLockedByte = off_t{1} << 62;

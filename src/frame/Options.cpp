@@ -144,9 +144,7 @@ bool WorkstationProfile::ReadBackupCmdWait() {
   return ToBoolean(text);
 }
 
-void WorkstationProfile::WriteBackupCmdWait(bool wait) {
-  profile_.Put(WriteSection(), "BackupCmdWait", WordFor(wait));
-}
+void WorkstationProfile::WriteBackupCmdWait(bool wait) { profile_.Put(WriteSection(), "BackupCmdWait", WordFor(wait)); }
 
 ShopOptions LoadShopOptions(const ProfileFile& profile) {
   ShopOptions options;

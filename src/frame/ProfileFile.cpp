@@ -93,8 +93,7 @@ void EndLine(std::vector<std::string>& lines, std::string_view lineEnd) {
 }
 
 // The lines with the entry in its place.
-void PutEntry(std::vector<std::string>& lines, std::string_view section, std::string_view key,
-              std::string_view value) {
+void PutEntry(std::vector<std::string>& lines, std::string_view section, std::string_view key, std::string_view value) {
   const std::string lineEnd = lines.empty() || LineEndOf(lines[0]).empty() ? "\r\n" : std::string(LineEndOf(lines[0]));
   const std::string entry = OneLine(key) + "=" + OneLine(value);
   const Place place = Locate(lines, section, key);

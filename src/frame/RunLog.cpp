@@ -59,11 +59,15 @@ void RunLog::Write(std::string_view message) noexcept {
   }
 }
 
-void RunLog::Close() { file_.Close(); }
-
-std::filesystem::path RunLog::Path() const {
-  return name_.empty() ? std::filesystem::path() : files_.PathOf(name_);
+void RunLog::Close() {
+  try {
+    file_.Close();
+  } catch (const FileError&) {
+    // What the disk still refuses of it is nobody's business either.
+  }
 }
+
+std::filesystem::path RunLog::Path() const { return name_.empty() ? std::filesystem::path() : files_.PathOf(name_); }
 
 std::string UpdateFilePrefix(DaySerial day) { return "AU" + DayMark(day); }
 
@@ -71,8 +75,6 @@ std::string FreeUpdateFileName(const FileIO& files, DaySerial day) {
   return FirstFree(files, [&](int n) { return UpdateFilePrefix(day) + std::to_string(n) + ".$$$"; });
 }
 
-void DeleteOldUpdateFiles(const FileIO& files, DaySerial day) {
-  DeleteOthers(files, "AU*.$$$", UpdateFilePrefix(day));
-}
+void DeleteOldUpdateFiles(const FileIO& files, DaySerial day) { DeleteOthers(files, "AU*.$$$", UpdateFilePrefix(day)); }
 
 }  // namespace lantos

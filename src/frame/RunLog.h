@@ -23,7 +23,7 @@ class RunLog {
   bool Open();
   // One line: date and time padded to 20 characters, the message, CR LF. Never reports.
   void Write(std::string_view message) noexcept;
-  void Close();
+  void Close();  // never reports either
   const std::string& Name() const { return name_; }  // empty before Open
   std::filesystem::path Path() const;
 

@@ -10,6 +10,20 @@
 
 namespace lantos {
 
+namespace {
+
+// The platform's word for what went wrong, with the key it went wrong at.
+template <class Convert>
+auto ReadAs(std::string_view key, const std::string& text, Convert convert) {
+  try {
+    return convert(text);
+  } catch (const std::invalid_argument& error) {
+    throw std::invalid_argument("Setting " + std::string(key) + ": " + error.what());
+  }
+}
+
+}  // namespace
+
 std::filesystem::path UserSettings::PlatformDirectory() {
   const char* configured = std::getenv("XDG_CONFIG_HOME");
   if (configured != nullptr && configured[0] == '/') return std::filesystem::path(configured) / "lantos";
@@ -44,16 +58,21 @@ void UserSettings::Save(std::string_view key, std::string_view value) {
 double UserSettings::GetNumber(std::string_view key, double defaultValue) const {
   const std::string text = Get(key);
   if (text.empty()) return defaultValue;
-  const double value = ToNumber(text);
+  const double value = ReadAs(key, text, ToNumber);
   if (std::fabs(value) > std::numeric_limits<float>::max()) {
-    throw std::invalid_argument("Overflow: " + std::string(key) + " is " + text);
+    throw std::invalid_argument("Setting " + std::string(key) + ": Overflow: " + text);
   }
   return value;
 }
 
 bool UserSettings::GetBoolean(std::string_view key, bool defaultValue) const {
-  const std::string text = Get(key);
-  return text.empty() ? defaultValue : ToBoolean(text);
+  return GetBoolean(kOwnApplication, kSettingsSection, key, defaultValue);
+}
+
+bool UserSettings::GetBoolean(std::string_view application, std::string_view section, std::string_view key,
+                              bool defaultValue) const {
+  const std::string text = Get(application, section, key);
+  return text.empty() ? defaultValue : ReadAs(key, text, ToBoolean);
 }
 
 }  // namespace lantos

@@ -18,13 +18,15 @@ class UserSettings {
   std::string Get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view defaultValue = "") const;
   void Save(std::string_view application, std::string_view section, std::string_view key, std::string_view value);
+  // A text that is neither boolean nor number throws std::invalid_argument.
+  bool GetBoolean(std::string_view application, std::string_view section, std::string_view key,
+                  bool defaultValue) const;
 
   // The same for the program's own application and section.
   std::string Get(std::string_view key, std::string_view defaultValue = "") const;
   void Save(std::string_view key, std::string_view value);
   // A text that is no number, or one beyond single precision, throws std::invalid_argument.
   double GetNumber(std::string_view key, double defaultValue) const;
-  // A text that is neither boolean nor number throws std::invalid_argument.
   bool GetBoolean(std::string_view key, bool defaultValue) const;
 
  private:

@@ -18,7 +18,8 @@ std::vector<ui::GridColumn> GridColumns(bool fleet) {
     const std::string name(NameOf(column, fleet));
     const bool number =
         column == VehicleColumn::Mileage || column == VehicleColumn::VLink || column == VehicleColumn::Deleted;
-    columns.push_back({name, name, number});
+    const bool bookkeeping = column == VehicleColumn::VLink || column == VehicleColumn::Deleted;
+    columns.push_back({name, name, number, bookkeeping});
   }
   return columns;
 }

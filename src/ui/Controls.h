@@ -206,6 +206,7 @@ struct GridColumn {
   std::string name;     // as the program and the driver know it
   std::string caption;  // in the heading
   bool rightAligned = false;
+  bool hidden = false;  // its cells are there for the program; nobody sees the column
 };
 struct GridRow {
   std::vector<std::string> cells;  // in the order of the columns

@@ -28,6 +28,13 @@ void StepRow(Grid& grid, int step) {
   if (grid.RowCount() > 0 && row != grid.Row()) grid.DoSelect(row);
 }
 
+// A text of several lines takes the Enter key for itself. Without a caret, its end is where typing goes on.
+void BreakLine(TextBox& page) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  const bool full = page.MaxLength() != 0 && page.Text().size() + kLineEnd.size() > page.MaxLength();
+  if (!page.Locked() && !full) page.DoEdit(page.Text() + std::string(kLineEnd));
+}
+
 constexpr int kRowsAPage = 10;
 constexpr int kToTheEnd = 1000000;  // rows; more than any list holds
 
@@ -65,6 +72,7 @@ void Form::PlatformKey(const KeyPress& key) {
   } else if (key.Is("Esc")) {
     if (cancelButton_ != nullptr && cancelButton_->IsUsable()) cancelButton_->DoClick();
   } else if (key.Is("Enter")) {
+    if (auto* page = dynamic_cast<TextBox*>(focus_); page != nullptr && page->MultiLine()) return BreakLine(*page);
     auto* focused = dynamic_cast<Button*>(focus_);
     Button* button = focused != nullptr ? focused : defaultButton_;
     if (button != nullptr && button->IsUsable()) button->DoClick();

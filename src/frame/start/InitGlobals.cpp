@@ -41,12 +41,6 @@ void LoadSharedTables(Records& records) {
   records.makes.LoadMakes();
 }
 
-// A text that is neither boolean nor number ends the start, as any setting of the wrong kind does.
-bool ReadFleetVersion(const UserSettings& settings) {
-  const std::string text = settings.Get(kMainApplication, kSettingsSection, "FleetVersion");
-  return !text.empty() && ToBoolean(text);
-}
-
 void WarnOfNetworkMount(Shop& shop) {
   if (!IsOnNetworkMount(shop.environment.files.PathOf("Lantos.mdb"))) return;
   constexpr const char* advice =
@@ -78,7 +72,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database) {
   environment.openFiles.ResetFileMarks();
   LoadSharedTables(shop.records);
   environment.openFiles.ResetFileMarks();
-  environment.fleetVersion = ReadFleetVersion(environment.settings);
+  environment.fleetVersion = environment.settings.GetBoolean(kMainApplication, kSettingsSection, "FleetVersion", false);
   splash.Unload();
   return true;
 }

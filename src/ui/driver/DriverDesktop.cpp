@@ -17,6 +17,7 @@ namespace {
 constexpr int kPixelsPerCharacter = 8;
 constexpr int kOpened = 33;
 constexpr int kFileNotFound = 2;
+constexpr int kPathNotFound = 3;
 
 bool IsAddress(std::string_view path) {
   return Contains(path, "://") || path.starts_with("mailto:") || path.starts_with("www.");
@@ -25,6 +26,14 @@ bool IsAddress(std::string_view path) {
 std::string WithoutQuotes(std::string text) {
   std::erase(text, '"');
   return text;
+}
+
+// 0 when the file is there.
+int WhatIsMissing(const std::filesystem::path& file) {
+  std::error_code failed;
+  if (std::filesystem::exists(file, failed)) return 0;
+  const bool hasFolder = !file.has_parent_path() || std::filesystem::is_directory(file.parent_path(), failed);
+  return hasFolder ? kFileNotFound : kPathNotFound;
 }
 
 }  // namespace
@@ -67,9 +76,8 @@ void DriverDesktop::PopupMenu(Form&, MenuItem& menu) {
 }
 
 int DriverDesktop::OpenDocument(const std::string& path, const std::string&) {
-  std::error_code failed;
   const std::string plain = WithoutQuotes(path);
-  if (!IsAddress(plain) && !std::filesystem::exists(PlatformPath(plain), failed)) return kFileNotFound;
+  if (const int missing = IsAddress(plain) ? 0 : WhatIsMissing(PlatformPath(Trim(plain)))) return missing;
   person_.NoteShell(plain);
   return kOpened;
 }

@@ -1,23 +1,42 @@
 #include "ui/qt/FormFile.h"
 
-#include <QFile>
-#include <QUiLoader>
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
+#include <string_view>
 
-static void UseForms() { Q_INIT_RESOURCE(forms); }
+#include "FormHeaders.inc"
 
 namespace lantos::ui {
 
+namespace {
+
+template <class Design, class Root>
+std::unique_ptr<QWidget> Build(void (Design::*setUp)(Root*)) {
+  auto root = std::make_unique<Root>();
+  Design design;
+  (design.*setUp)(root.get());
+  return root;
+}
+
+struct FormDesign {
+  std::string_view name;
+  std::unique_ptr<QWidget> (*build)();
+};
+
+#define FORM(name) {#name, [] { return Build(&Ui_##name::setupUi); }},
+const FormDesign kForms[] = {
+#include "FormRows.inc"
+};
+#undef FORM
+
+}  // namespace
+
 std::unique_ptr<QWidget> LoadFormFile(const std::string& formName) {
-  QUiLoader loader;
-  UseForms();
-  // Looking for plug-ins would make what a form consists of depend on the machine.
-  loader.clearPluginPaths();
-  QFile file(QStringLiteral(":/forms/") + QString::fromStdString(formName) + QStringLiteral(".ui"));
-  if (!file.open(QIODevice::ReadOnly)) throw std::logic_error("There is no form " + formName);
-  std::unique_ptr<QWidget> widget(loader.load(&file));
-  if (!widget) throw std::logic_error(formName + ": " + loader.errorString().toStdString());
-  return widget;
+  const auto form =
+      std::find_if(std::begin(kForms), std::end(kForms), [&](const FormDesign& design) { return design.name == formName; });
+  if (form == std::end(kForms)) throw std::logic_error("There is no form " + formName);
+  return form->build();
 }
 
 }  // namespace lantos::ui

@@ -6,8 +6,8 @@
 
 namespace lantos::ui {
 
-// The widgets of a form as they were designed, from the resources of the executable. Throws std::logic_error when
-// there is no such form.
+// The widgets of a form as they were designed; the .ui files are compiled in, which starts faster than reading them and
+// spares the libraries that do. Throws std::logic_error when there is no such form.
 std::unique_ptr<QWidget> LoadFormFile(const std::string& formName);
 
 }  // namespace lantos::ui

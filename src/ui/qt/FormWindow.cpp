@@ -4,6 +4,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -97,6 +98,8 @@ void FormWindow::Bind() {
     byMouseTarget_.insert(&peer->MouseTarget(), peer);
     byWidget_.insert(&widget, control);
     peer->MouseTarget().installEventFilter(this);
+    // The mouse belongs to the control that it is on, and not to what that lies on.
+    widget.setAttribute(Qt::WA_NoMousePropagation);
     if (widget.focusPolicy() == Qt::WheelFocus) widget.setFocusPolicy(Qt::StrongFocus);
     dirty_.push_back(peer);
   }
@@ -215,6 +218,8 @@ void FormWindow::ApplyFocus() {
   if (peer == nullptr) return;
   peer->Widget().setFocus(Qt::OtherFocusReason);
   if (auto* line = qobject_cast<QLineEdit*>(&peer->Widget())) line->selectAll();
+  // Typing goes on where the text ends; the mouse puts the caret elsewhere afterwards.
+  if (auto* page = qobject_cast<QPlainTextEdit*>(&peer->Widget())) page->moveCursor(QTextCursor::End);
 }
 
 void FormWindow::CaptionChanged() {
@@ -239,7 +244,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       auto& mouse = static_cast<QMouseEvent&>(*event);
       if (watched == root_) return HandleRootMouse(mouse);
       WidgetPeer* peer = byMouseTarget_.value(watched, nullptr);
-      return peer != nullptr && peer->HandleMouse(mouse);
+      if (peer == nullptr) return false;
+      return !peer->GetControl().IsUsable() || peer->HandleMouse(mouse);
     }
     default:
       return false;

@@ -67,6 +67,9 @@ class GridPeer : public RowsPeer {
     captions_ = captions;
     table_.setColumnCount(static_cast<int>(captions.size()));
     table_.setHorizontalHeaderLabels(captions);
+    for (int column = 0; column < table_.columnCount(); ++column) {
+      table_.setColumnHidden(column, grid_.Columns()[static_cast<std::size_t>(column)].hidden);
+    }
     return true;
   }
 

@@ -12,7 +12,6 @@
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
 #include "ui/qt/FormWindow.h"
-#include "ui/qt/Platform.h"
 #include "ui/qt/Text.h"
 
 namespace lantos::ui {
@@ -30,7 +29,6 @@ struct QtDesktop::Buried {
 };
 
 QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_unique<QObject>()) {
-  QuietOffscreenPlatform();
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());

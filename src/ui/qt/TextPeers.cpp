@@ -56,6 +56,7 @@ class PagePeer : public WidgetPeer {
       std::string typed = Shown();
       if (box_.UpperCase()) typed = ToUpper(typed);
       if (box_.MaxLength() != 0 && typed.size() > box_.MaxLength()) typed.resize(box_.MaxLength());
+      if (typed.ends_with('\r')) typed.pop_back();  // no half a line end
       box_.DoEdit(std::move(typed));
       if (Window().IsAttached()) Refresh(Aspect::Text);
     });

@@ -54,10 +54,8 @@ void WidgetPeer::Read(ControlState& state) const {
 
 bool WidgetPeer::IsPersonsDoing() const { return window_.IsAttached() && !window_.IsFlushing(); }
 
-// Labels and frames have no clicks of their own: they are made of presses and releases here. What the program has no
-// ear for goes on to whatever the widget lies on.
+// Labels and frames have no clicks of their own: they are made of presses and releases here.
 bool WidgetPeer::HandleMouse(QMouseEvent& event) {
-  if (!control_.TakesFocus() && !control_.OnClick && !control_.OnDoubleClick && !control_.OnMouseUp) return false;
   const bool left = event.button() == Qt::LeftButton;
   if (control_.TakesFocus()) {
     if (event.type() != QEvent::MouseButtonRelease || left || !control_.OnMouseUp) return false;

@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
-#include "frame/ScratchDirectory.h"
+#include <csignal>
+#include <future>
+#include <vector>
+
+#include "frame/LockedText.h"
 #include "frame/Options.h"
+#include "frame/ScratchDirectory.h"
 #include "frame/UserSettings.h"
 
 namespace lantos {
@@ -75,6 +81,64 @@ TEST_F(Profiles, AFileThatCanNotBeWrittenLosesTheValueSilently) {
   EXPECT_EQ(nowhere.Get("a", "b", "default"), "default");
 }
 
+TEST_F(Profiles, AFileThatOnlyWritesOrOnlyReadsIsLeftAsItIs) {
+  directory.Put("Lantos.ini", kForeign);
+  std::filesystem::permissions(directory.Path(), std::filesystem::perms::all);
+  for (const auto allowed : {0222, 0444}) {
+    std::filesystem::permissions(directory / "Lantos.ini", static_cast<std::filesystem::perms>(allowed));
+    EXPECT_EQ(test::AsOrdinaryUser([&] { return profile.Put("BENCH 1", "FontFactor", "6") ? 1 : 0; }), 0);
+    EXPECT_EQ(directory.Content("Lantos.ini"), kForeign);
+  }
+}
+
+TEST_F(Profiles, AWriteThatDoesNotFitOnTheDiskLeavesTheFileAsItIs) {
+  directory.Put("Lantos.ini", kForeign);
+  const int code = test::InChild([&] {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {std::string_view(kForeign).size() + 4, RLIM_INFINITY};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 2;
+    return profile.Put("Print Options", "PreviewEstimate", "False") ? 1 : 0;
+  });
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(directory.Content("Lantos.ini"), kForeign);
+}
+
+TEST_F(Profiles, AShorterValueLeavesNothingOfTheLongerOneBehind) {
+  directory.Put("Lantos.ini", "[a]\nb=a long value\n");
+  ASSERT_TRUE(profile.Put("a", "b", "c"));
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[a]\nb=c\n");
+}
+
+TEST_F(Profiles, WorkstationsThatWriteAtOnceLoseNoneOfTheirEntries) {
+  constexpr int kWriters = 4;
+  constexpr int kEntries = 50;
+  const auto write = [&](int writer) {
+    return test::InChild([&] {
+      ProfileFile own(directory.Path() / "Lantos.ini");
+      const std::string section = "BENCH" + std::to_string(writer);
+      for (int i = 0; i < kEntries; ++i) {
+        if (!own.Put(section, "Key" + std::to_string(i), "value")) return 1;
+        if (own.Get(section, "Key" + std::to_string(i), "") != "value") return 2;
+      }
+      return 0;
+    });
+  };
+  std::vector<std::future<int>> writers;
+  for (int writer = 0; writer < kWriters; ++writer) writers.push_back(std::async(std::launch::async, write, writer));
+  for (std::future<int>& writer : writers) EXPECT_EQ(writer.get(), 0);
+  for (int writer = 0; writer < kWriters; ++writer) {
+    for (int i = 0; i < kEntries; ++i) {
+      EXPECT_EQ(profile.Get("BENCH" + std::to_string(writer), "Key" + std::to_string(i), ""), "value");
+    }
+  }
+}
+
+TEST_F(Profiles, AWriterThatStandsStillHoldsNobodyUpForLong) {
+  directory.Put("Lantos.ini", "[a]\nb=1\n");
+  const LockedText stuck(directory / "Lantos.ini", LockedText::Purpose::Editing);
+  EXPECT_EQ(profile.Get("a", "b", ""), "1");
+}
+
 TEST_F(Profiles, PrintOptionsHaveTheirDefaultsAndSurviveARoundTrip) {
   PrintOptions options = LoadPrintOptions(profile);
   EXPECT_TRUE(options.PrintCustomerOnWorksheet);
@@ -141,6 +205,21 @@ TEST_F(Profiles, FontFactorIsReadAsOneDigitAndWrittenBetweenOneAndNine) {
   EXPECT_EQ(profile.Get("BENCH2", "FontFactor", ""), "1");
 }
 
+TEST_F(Profiles, AFontFactorThatIsNoNumberRaisesTheConversionErrorWithItsPlace) {
+  directory.Put("Lantos.ini", "[BENCH2]\nFontFactor=large\n");
+  try {
+    WorkstationProfile(profile, "BENCH2").ReadFontFactor();
+    FAIL() << "a word was taken for a number";
+  } catch (const std::invalid_argument& error) {
+    EXPECT_NE(std::string(error.what()).find("[BENCH2] FontFactor"), std::string::npos) << error.what();
+  }
+}
+
+TEST_F(Profiles, AFontFactorWithoutAValueIsOneThatIsNotThere) {
+  directory.Put("Lantos.ini", "[BENCH2]\nFontFactor=\n[Lantos Defaults]\nFontFactor=7\n");
+  EXPECT_EQ(WorkstationProfile(profile, "BENCH2").ReadFontFactor(), 7);
+}
+
 TEST_F(Profiles, AComputerWithAnEmptyNameUsesTheDefaultsForEverything) {
   WorkstationProfile workstation(profile, "");
   int factor = 7;
@@ -170,6 +249,19 @@ TEST(UserSettings, AValueIsKeptByApplicationSectionAndKey) {
   EXPECT_EQ(again.GetNumber("MainState", 0), 2);
   EXPECT_EQ(again.GetNumber("MainLeft", 1000), 1000);
   EXPECT_TRUE(again.GetBoolean("frmVehListShowDel", true));
+}
+
+TEST(UserSettings, ANumberThatIsNoneOrBeyondSinglePrecisionRaisesTheConversionError) {
+  ScratchDirectory directory;
+  UserSettings settings(directory.Path());
+  for (const char* text : {"wide", "12x", "1e39", "-1e39", "1e999"}) {
+    settings.Save("MainWidth", text);
+    EXPECT_THROW(settings.GetNumber("MainWidth", 0), std::invalid_argument) << text;
+  }
+  settings.Save("MainWidth", "1200.5");
+  EXPECT_EQ(settings.GetNumber("MainWidth", 0), 1200.5);
+  settings.Save("frmVehListShowDel", "perhaps");
+  EXPECT_THROW(settings.GetBoolean("frmVehListShowDel", false), std::invalid_argument);
 }
 
 }  // namespace lantos

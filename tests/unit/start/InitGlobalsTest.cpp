@@ -27,6 +27,14 @@ struct Start : InstalledShop {
     EXPECT_EQ(desktop.boxes[0].icon, ui::Icon::Critical);
     EXPECT_EQ(desktop.boxes[0].buttons, ui::Buttons::Ok);
   }
+  void ExpectConversionError(const std::string& key) {
+    try {
+      Run();
+      ADD_FAILURE() << key << " was taken";
+    } catch (const std::invalid_argument& error) {
+      EXPECT_NE(std::string(error.what()).find(key), std::string::npos) << error.what();
+    }
+  }
 
   Environment environment{clock, settings};
   Records records{environment, desktop};
@@ -73,8 +81,7 @@ TEST(InitGlobals, MakesAnEmptyUpdateFileAndRemovesThoseOfOtherDays) {
   EXPECT_TRUE(start.Run());
   EXPECT_EQ(start.environment.updateFileName, "AU9301.$$$");
   EXPECT_EQ(start.data.Content("AU9301.$$$"), "");
-  EXPECT_EQ(start.environment.files.List("AU*"),
-            (std::vector<std::string>{"AU9300.$$$", "AU9301.$$$", "AU9302.$$$"}));
+  EXPECT_EQ(start.environment.files.List("AU*"), (std::vector<std::string>{"AU9300.$$$", "AU9301.$$$", "AU9302.$$$"}));
   EXPECT_EQ(start.data.Content("AU9300.$$$"), "x") << "another copy's, of today";
 }
 
@@ -128,7 +135,7 @@ TEST(InitGlobals, TellsWhetherTheSecondDatabaseIsThere) {
 }
 
 TEST(InitGlobals, TheFleetFlagIsABooleanThatIsFalseWhereItIsMissing) {
-  const std::pair<const char*, bool> cases[] = {{"", false},     {"True", true}, {"false", false},
+  const std::pair<const char*, bool> cases[] = {{"", false},  {"True", true}, {"false", false},
                                                 {"0", false}, {"-1", true},   {" TRUE ", true}};
   for (const auto& [text, value] : cases) {
     Start start;
@@ -138,16 +145,16 @@ TEST(InitGlobals, TheFleetFlagIsABooleanThatIsFalseWhereItIsMissing) {
   }
 }
 
-TEST(InitGlobals, ASettingOfTheWrongKindRaisesTheConversionError) {
+TEST(InitGlobals, ASettingOfTheWrongKindRaisesTheConversionErrorWithItsName) {
   Start fleet;
   fleet.settings.Save("Korvel", "Settings", "FleetVersion", "maybe");
-  EXPECT_THROW(fleet.Run(), std::invalid_argument);
+  fleet.ExpectConversionError("FleetVersion");
   Start font;
   font.data.Put("Lantos.ini", "[BENCH1]\r\nFontFactor=x\r\n");
-  EXPECT_THROW(font.Run(), std::invalid_argument);
+  font.ExpectConversionError("FontFactor");
   Start option;
   option.data.Put("Lantos.ini", "[Options]\r\nLaborDateOption=maybe\r\n");
-  EXPECT_THROW(option.Run(), std::invalid_argument);
+  option.ExpectConversionError("LaborDateOption");
 }
 
 TEST(InitGlobals, ReadsFontFactorAndStatusOptions) {
@@ -176,7 +183,6 @@ TEST(InitGlobals, LoadsEmployeesThenPasswordsThenMakes) {
             "CloseFile: Closed file with pointer = 1\n"
             "CloseFile: Closed file with pointer = 1\n"
             "CloseFile: Closed file with pointer = 1\n");
-  const SharedFile employees(start.data / "TQEMPLOY.DAT", Access::ReadWrite, Deny::All);
   Start held;
   const SharedFile busy(held.data / "TQEMPLOY.DAT", Access::ReadWrite, Deny::All);
   EXPECT_THROW(held.Run(), FileError);

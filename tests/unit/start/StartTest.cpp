@@ -45,8 +45,7 @@ struct Running : InstalledShop {
     settings.Save("MainState", state);
   }
   std::vector<std::string> StoredPlace() const {
-    return {Setting("MainLeft"), Setting("MainTop"), Setting("MainWidth"), Setting("MainHeight"),
-            Setting("MainState")};
+    return {Setting("MainLeft"), Setting("MainTop"), Setting("MainWidth"), Setting("MainHeight"), Setting("MainState")};
   }
   void ExpectNothingStored() const {
     EXPECT_EQ(StoredPlace(), std::vector<std::string>(5, "(none)"));
@@ -71,8 +70,8 @@ TEST(Start, EndsAtTheBoardWithItsFullCaption) {
   });
   EXPECT_EQ(run.Run(), 0);
   EXPECT_TRUE(run.desktop.boxes.empty());
-  EXPECT_EQ(run.desktop.events, (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash", "shown frmMain",
-                                                          "unloaded frmMain"}));
+  EXPECT_EQ(run.desktop.events,
+            (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash", "shown frmMain", "unloaded frmMain"}));
 }
 
 TEST(Start, EndsTheProcessSilentlyWithoutADataDirectory) {

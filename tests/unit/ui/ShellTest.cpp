@@ -1,0 +1,118 @@
+#include "ui/Shell.h"
+
+#include "TestDesktop.h"
+#include "frame/ScratchDirectory.h"
+
+namespace lantos::ui {
+namespace {
+
+using test::ScratchDirectory;
+using test::TestDesktop;
+using Documents = std::vector<std::pair<std::string, std::string>>;
+
+TEST(ShellOpen, EveryResultCodeHasItsMessage) {
+  const std::pair<int, const char*> cases[] = {
+      {0, "Memory Error"},
+      {2, "File not found"},
+      {3, "Path not found"},
+      {5, "Access Denied"},
+      {8, "Out of Memory"},
+      {11, "Bad Executeable Format"},
+      {26, "Sharing violation"},
+      {27, "Association incomplete"},
+      {28, "DEE time out"},
+      {29, "DDE failed"},
+      {30, "DDE Busy error"},
+      {31, "No association for this file"},
+      {1, "Unknown Error!, Please try again..."},
+      {32, "Unknown Error!, Please try again..."},
+      {-1, "Unknown Error!, Please try again..."},
+  };
+  for (const auto& [code, message] : cases) {
+    TestDesktop desktop;
+    desktop.documentResult = code;
+    desktop.WillAnswer(Answer::Ok);
+    ShellOpen(desktop, "/srv/shop/guide.pdf");
+    ASSERT_EQ(desktop.boxes.size(), 1U);
+    EXPECT_EQ(desktop.boxes[0].text, message) << code;
+  }
+}
+
+TEST(ShellOpen, ThirtyThreeAndMoreIsSilent) {
+  for (const int code : {33, 42}) {
+    TestDesktop desktop;
+    desktop.documentResult = code;
+    ShellOpen(desktop, "/srv/shop/guide.pdf");
+    EXPECT_TRUE(desktop.boxes.empty());
+    EXPECT_EQ(desktop.documents, (Documents{{"/srv/shop/guide.pdf", ""}}));
+  }
+}
+
+TEST(RunShell, SplitsOffTheProgramQuotedOrUpToTheFirstBlank) {
+  TestDesktop desktop;
+  RunShell(desktop, "copy.exe all now", "");
+  RunShell(desktop, "  \"/srv/my shop/copy.exe\" all now ", "");
+  RunShell(desktop, "copy.exe all", "and more");
+  RunShell(desktop, "\"copy.exe\"", "all");
+  RunShell(desktop, "copy.exe", "");
+  RunShell(desktop, "\"no end of it", "");
+  RunShell(desktop, "", "");
+  EXPECT_EQ(desktop.documents, (Documents{{"copy.exe", "all now"},
+                                          {"/srv/my shop/copy.exe", "all now"},
+                                          {"copy.exe", "all and more"},
+                                          {"copy.exe", "all"},
+                                          {"copy.exe", ""},
+                                          {"no end of it", ""},
+                                          {"", ""}}));
+}
+
+TEST(RunShell, GivesThePlatformsResultAndNoMessage) {
+  TestDesktop desktop;
+  desktop.documentResult = 5;
+  EXPECT_EQ(RunShell(desktop, "copy.exe", ""), 5);
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+struct Guide {
+  Guide() { files.SetDataDir(directory.DataDir()); }
+  ScratchDirectory directory;
+  StandingClock clock{LocalTime{}};
+  FileIO files{clock};
+  TestDesktop desktop;
+};
+
+TEST(HelpFile, LiesInTheDataDirectoryUnderItsNameInAnyCase) {
+  Guide guide;
+  guide.directory.Put("GUIDE ONE.PDF", "%PDF");
+  ShowHelpFile(guide.desktop, guide.files, "", "Guide One.pdf");
+  EXPECT_EQ(guide.desktop.documents, (Documents{{(guide.directory / "GUIDE ONE.PDF").string(), ""}}));
+}
+
+TEST(HelpFile, MayLieElsewhereWithOrWithoutASlashAtTheEnd) {
+  Guide guide;
+  ShowHelpFile(guide.desktop, guide.files, "C:\\help", "guide.pdf");
+  ShowHelpFile(guide.desktop, guide.files, "C:\\help\\", "guide.pdf");
+  ShowHelpFile(guide.desktop, guide.files, "/srv/help/", "guide.pdf");
+  EXPECT_EQ(guide.desktop.documents,
+            (Documents{{"C:\\help\\guide.pdf", ""}, {"C:\\help\\guide.pdf", ""}, {"/srv/help/guide.pdf", ""}}));
+}
+
+TEST(HelpFile, ThatIsMissingIsNamedWithTheDirectoryAsItIsWritten) {
+  Guide guide;
+  guide.desktop.documentResult = 31;
+  guide.desktop.WillAnswer(Answer::Ok);
+  ShowHelpFile(guide.desktop, guide.files, "", "guide.pdf");
+  ASSERT_EQ(guide.desktop.boxes.size(), 1U);
+  EXPECT_EQ(guide.desktop.boxes[0].text, "Could not locate " + guide.directory.DataDir() + "guide.pdf");
+  EXPECT_EQ(guide.desktop.boxes[0].title, "Missing help file");
+}
+
+TEST(HelpFile, ThirtyTwoCountsAsFound) {
+  Guide guide;
+  guide.desktop.documentResult = 32;
+  ShowHelpFile(guide.desktop, guide.files, "", "guide.pdf");
+  EXPECT_TRUE(guide.desktop.boxes.empty());
+}
+
+}  // namespace
+}  // namespace lantos::ui
