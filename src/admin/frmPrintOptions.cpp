@@ -43,7 +43,7 @@ const frmPrintOptions::Number frmPrintOptions::kNumbers[] = {
 
 frmPrintOptions::frmPrintOptions(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmPrintOptions", "Print Options"), shop_(shop) {
-  SetDesignedSize(6300, 6900);
+  SetDesignedSize(6300, 6150);
   for (const Number& number : kNumbers) (this->*number.box).SetMaxLength(5);
   cmdSave.SetToolTip("Save <F10>");
   cmdCancel.SetToolTip("Cancel <Esc>");

@@ -47,9 +47,11 @@ void frmMain::NewEstimateClick() {
 }
 
 bool frmMain::AskForPastDate() {
-  return shop_.desktop.Ask("Warning.\r\rThe scheduled date is in the past.\r\rAre you sure you wish to schedule\r\r"
-                           "a new estimate for " + FormatDate(currentDate_) + " ?",
-                           "New Estimate", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
+  return shop_.desktop.Ask(
+             "Warning.\r\rThe scheduled date is in the past.\r\rAre you sure you wish to schedule\r\r"
+             "a new estimate for " +
+                 FormatDate(currentDate_) + " ?",
+             "New Estimate", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
 void frmMain::AttachCustomer() {
@@ -91,9 +93,9 @@ void frmMain::AttachVehicle() {
 // An empty text is written as one blank.
 void frmMain::SaveVehicle() {
   Estimate& estimate = Current();
-  for (std::string* text : {&estimate.VehYear, &estimate.VehMake, &estimate.VehModel, &estimate.VehVIN,
-                            &estimate.VehLic, &estimate.VehDate, &estimate.VehMileage, &estimate.VehEng,
-                            &estimate.VehTrans}) {
+  for (std::string* text :
+       {&estimate.VehYear, &estimate.VehMake, &estimate.VehModel, &estimate.VehVIN, &estimate.VehLic, &estimate.VehDate,
+        &estimate.VehMileage, &estimate.VehEng, &estimate.VehTrans}) {
     *text = BlankIfEmpty(*text);
   }
   Data().SetVehicleNew(estimate.VehicleLink,

@@ -52,7 +52,10 @@ void frmMain::LoadWeek(DaySerial date) {
   });
   ClearDetail();
   List2.Clear();
-  for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, week[i]);
+  {
+    const Customers::Reading reading(shop_.records.customers);
+    for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, week[i]);
+  }
   currentDate_ = date;
   ShowDayHeader(weekday);
   Current() = kept;

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "estimatedb/NetworkMount.h"
+#include "frame/NetworkMount.h"
 #include "estimatedb/de.h"
 #include "estimatedb/modEstimates.h"
 

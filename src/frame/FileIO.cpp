@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "frame/NetworkMount.h"
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
 
@@ -53,7 +54,10 @@ std::string PlatformText(std::string_view text) {
 
 std::filesystem::path PlatformPath(std::string_view text) { return PlatformText(text); }
 
-void FileIO::SetDataDir(std::string text) { dataDir_ = std::move(text); }
+void FileIO::SetDataDir(std::string text) {
+  dataDir_ = std::move(text);
+  answersLate_ = IsOnNetworkMount(PlatformPath(dataDir_));
+}
 
 std::string FileIO::PathText(std::string_view name) const {
   std::string path = PlatformText(dataDir_ + std::string(name));
@@ -71,11 +75,13 @@ std::filesystem::path FileIO::PathOf(std::string_view name) const { return PathT
 
 bool FileIO::FileExists(std::string_view name) const {
   const std::string_view trimmed = TrimView(name);
-  for (int waits = 0; waits < kWaitsForAFile; ++waits) {
-    if (IsThere(trimmed)) return true;
+  if (IsThere(trimmed)) return true;
+  // A disk of this machine has said all it knows.
+  for (int waits = 0; answersLate_ && waits < kWaitsForAFile; ++waits) {
     WaitOneSecond(clock_);
+    if (IsThere(trimmed)) return true;
   }
-  return IsThere(trimmed);
+  return false;
 }
 
 bool FileIO::IsThere(std::string_view name) const {

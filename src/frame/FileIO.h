@@ -31,7 +31,8 @@ class FileIO {
   // name in the directory: throws FileError (75) that names both.
   std::filesystem::path PathOf(std::string_view name) const;
 
-  // DataDir + the trimmed name. When it isn't there, waits a second and looks again, at most twice.
+  // DataDir + the trimmed name. A network drive doesn't always answer at once: where DataDir lies on one and the name
+  // isn't there, waits for the next second and looks again, at most twice.
   bool FileExists(std::string_view name) const;
   // One look, no waiting.
   bool IsThere(std::string_view name) const;
@@ -48,12 +49,16 @@ class FileIO {
   std::function<std::string()> storedDataDir;
 
   Clock& GetClock() const { return clock_; }
+  // Told from the mount that DataDir lies on.
+  bool AnswersLate() const { return answersLate_; }
+  void SetAnswersLate(bool late) { answersLate_ = late; }
 
  private:
   std::string PathText(std::string_view name) const;
 
   Clock& clock_;
   std::string dataDir_;
+  bool answersLate_ = false;
   // Of the directory asked for last, which is the data directory.
   mutable DirectoryNames names_{""};
 };

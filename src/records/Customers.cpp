@@ -71,16 +71,24 @@ std::size_t Customers::FindCustomerTag(std::int32_t number) {
 
 bool Customers::ReadCustomer() {
   const FileLink offset = CurrentTag.Get(customertag::Offset);
-  if (offset < 0 || static_cast<std::uint64_t>(offset) >= environment_.files.Length(kCustomerFile)) {
+  if (offset < 0 || static_cast<std::uint64_t>(offset) >= MasterLength()) {
     const std::string number = std::to_string(std::max(offset, kNoLink));
     desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
     return false;
   }
   if (CurrentCustomer.Get(customer::Number) == NumberOf(CurrentTag)) return true;
-  OpenedFile file(environment_.openFiles);
+  OpenedFile own(environment_.openFiles);
+  OpenedFile& file = reading_ != nullptr ? *reading_ : own;
   Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
-  return contention.Run([&] { file.Open(kCustomerFile, Access::Read, Deny::None); }) &&
-         contention.Run([&] { ReadRecord(*file, offset, CurrentCustomer); });
+  const auto open = [&] {
+    if (!file.IsOpen()) file.Open(kCustomerFile, Access::Read, Deny::None);
+  };
+  return contention.Run(open) && contention.Run([&] { ReadRecord(*file, offset, CurrentCustomer); });
+}
+
+std::uint64_t Customers::MasterLength() const {
+  if (reading_ != nullptr && reading_->IsOpen()) return (*reading_)->Length();
+  return environment_.files.Length(kCustomerFile);
 }
 
 bool Customers::WriteCustomer() {

@@ -6,6 +6,7 @@
 #include "frame/Environment.h"
 #include "records/CustomerNumbers.h"
 #include "records/CustomerTag.h"
+#include "records/OpenedFile.h"
 #include "records/Record.h"
 #include "records/RecordArray.h"
 #include "records/Vehicles.h"
@@ -85,6 +86,21 @@ class Customers {
   bool LookupCustomer(std::int32_t customerNumber, FileLink vehicleLink);
   void ForgetLookup();
 
+  // Keeps the customer master open from its first read on, for as long as this lives: many look-ups in a row then cost
+  // one open. Nothing may wait for the operator meanwhile but the look-ups' own prompts.
+  class Reading {
+   public:
+    explicit Reading(Customers& customers) : customers_(customers), file_(customers.environment_.openFiles) {
+      customers_.reading_ = &file_;
+    }
+    ~Reading() { customers_.reading_ = nullptr; }
+    Reading(const Reading&) = delete;
+
+   private:
+    Customers& customers_;
+    OpenedFile file_;
+  };
+
   // Loads every customer anew, with the date of the newest vehicle.
   const std::vector<CustomerIndexRow>& RefreshCustomers();
 
@@ -93,6 +109,7 @@ class Customers {
   void MakeTagFollowCustomer();
   bool WriteTagAndMaster(std::size_t index);
   bool FetchCustomer(std::int32_t number);
+  std::uint64_t MasterLength() const;
   void LoadIndex(const SharedFile& masters);
 
   Environment& environment_;
@@ -102,6 +119,7 @@ class Customers {
   RecordArray<CustomerTag> tags_;
   CustomerNumbers numbers_;
   std::vector<CustomerIndexRow> index_;
+  OpenedFile* reading_ = nullptr;
   std::int32_t lookupCustomer_ = -1;
   FileLink lookupVehicle_ = -1;
 };

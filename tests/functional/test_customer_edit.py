@@ -398,8 +398,7 @@ def test_an_employee_file_that_is_held_is_told_of(lantos, shop):
     assert shop.read_customers()[1]["salesperson"] == "Bob Wrench"
 
 
-def test_dates_of_vehicles_and_customers_come_and_go_unharmed(lantos, shop):
-    """Each calendar day that a person can type is the day in the file."""
+def test_each_day_that_a_person_can_type_is_the_day_in_the_file(lantos, shop):
     open_search(lantos)
     search(lantos, Number="9")
     for day in (datetime.date(1900, 3, 1), datetime.date(2000, 2, 29), datetime.date(2003, 9, 30),

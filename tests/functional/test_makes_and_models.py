@@ -228,7 +228,8 @@ def test_a_make_that_still_has_models_can_not_be_deleted(at_makes, shop):
     at_makes.type("txtMake", "Honda")
     at_makes.click("cmdDelMake")
     at_makes.press("Yes")
-    assert records(shop) == [("Ford", NO_LINK, FOCUS), ("Focus", FORD, TAURUS), ("Taurus", FOCUS, NO_LINK), BLANK, BLANK]
+    assert records(shop) == [("Ford", NO_LINK, FOCUS), ("Focus", FORD, TAURUS), ("Taurus", FOCUS, NO_LINK), BLANK,
+                             BLANK]
 
 
 def test_a_held_file_is_an_error_that_ends_the_event_alone(at_makes, shop):

@@ -307,7 +307,7 @@ def test_a_customer_edited_on_the_way_keeps_the_bytes_that_were_not_edited(lanto
     assert len(masters) == 2 * CUSTOMER_LENGTH
 
 
-def test_nothing_is_found_for_an_estimate_that_isnt_there(lantos, shop):
+def test_without_an_estimate_the_two_edit_buttons_say_so(lantos, shop):
     before = shared_files(shop)
     lantos.click("cmdDetailView")
     for button, title in (("cmdCustomerEdit", "Customer Edit"), ("cmdVehicleEdit", "Vehicle Edit")):

@@ -62,7 +62,8 @@ def test_an_entry_without_a_section_asks_nothing(lantos):
 
 def test_a_wrong_or_cancelled_password_does_nothing_and_says_nothing(lantos, shop):
     before = shared_files(shop)
-    for wrong in ("", "open customer", "OPEN CUSTOMER", "Open Custome", "Open Customer!", "Open  Customer", "Open System"):
+    for wrong in ("", "open customer", "OPEN CUSTOMER", "Open Custome", "Open Customer!", "Open  Customer",
+                  "Open System"):
         ask(lantos, "mnuCustomer", "Customer")
         lantos.type("Pwd", wrong)
         lantos.key("F10")

@@ -7,8 +7,8 @@ import pytest
 
 from screens import (ask_new_estimate, back_to_board, book, cells, edit_customer, open_search, open_vehicles,
                      pick_customer, search, shared_files, tell)
-from shopfiles import (CUSTOMER, CUSTOMER_LENGTH, DELETED, FOREIGN_SYSTEM_BYTES, MAKE_LENGTH, NO_LINK, RETAIL,
-                       SYSTEM_LENGTH, TAG, TAG_LENGTH, VEHICLE, VEHICLE_LENGTH, file_date, foreign_bytes, put)
+from shopfiles import (CUSTOMER, CUSTOMER_LENGTH, DELETED, FOREIGN_SYSTEM_BYTES, LIVE, MAKE_LENGTH, NO_LINK,
+                       RETAIL, SYSTEM_LENGTH, TAG, TAG_LENGTH, VEHICLE, VEHICLE_LENGTH, file_date, foreign_bytes, put)
 
 TEXT_FIELDS = ("Lastname", "Address", "City", "HomePhone", "Comment")
 
@@ -207,8 +207,9 @@ def test_a_days_work_changes_what_was_worked_on(lantos, shop):
     tag = put(bytearray(TAG_LENGTH), TAG, Number=301, NameKey="Doe,Jane", SpouseKey=",", Offset=2 * CUSTOMER_LENGTH)
     vehicles = bytearray(files["TQVEHICL.DAT"])
     second = slice(VEHICLE_LENGTH, 2 * VEHICLE_LENGTH)
-    vehicles[second] = put(vehicles[second], VEHICLE, Mileage=2000, FirstMileage=2000, FirstDate=file_date("2003-05-06"))
-    vehicles += put(bytearray(VEHICLE_LENGTH), VEHICLE, Number=301, Deleted=NO_LINK, VIN="V4", State="OH", VLink=NO_LINK)
+    vehicles[second] = put(vehicles[second], VEHICLE, Mileage=2000, FirstMileage=2000,
+                           FirstDate=file_date("2003-05-06"))
+    vehicles += put(bytearray(VEHICLE_LENGTH), VEHICLE, Number=301, Deleted=LIVE, VIN="V4", State="OH", VLink=NO_LINK)
     assert every_byte(shop) == {**files, "TQSYSTEM.DAT": system, "TQCSTDAT.DAT": customers,
                                 "TQCSTTAG.DAT": files["TQCSTTAG.DAT"] + tag, "TQVEHICL.DAT": vehicles}
 

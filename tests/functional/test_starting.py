@@ -53,8 +53,7 @@ def test_the_start_ends_at_the_week_view_with_todays_panel(lantos, shop):
 
 def test_the_log_begins_with_the_start(lantos, shop):
     assert lantos.get("log") == str(shop.path("LN930000.LOG"))
-    # A name is only free when two more looks, a second apart, find nothing.
-    assert lantos.log_lines()[0] == "09/30/2003 08:15:02 Korvel Appointment Scheduler Started."
+    assert lantos.log_lines()[0] == "09/30/2003 08:15:00 Korvel Appointment Scheduler Started."
 
 
 def test_a_running_copy_has_an_update_file_of_its_own(lantos, shop):

@@ -397,7 +397,7 @@ def test_the_number_of_the_owner_is_written_with_each_save(start, shop):
     assert take(vehicles(shop)[TAURUS:], VEHICLE)["Number"] == 8
 
 
-def test_selecting_for_an_estimate_takes_the_vehicle_and_closing_does_not(lantos, shop):
+def test_selecting_a_vehicle_outside_of_a_booking_writes_nothing(lantos, shop):
     before = shared_files(shop)
     open_search(lantos)
     pick_customer(lantos, 8)

@@ -1,6 +1,6 @@
 #include "frame/start/InitGlobals.h"
 
-#include "estimatedb/NetworkMount.h"
+#include "frame/NetworkMount.h"
 #include "frame/Text.h"
 #include "frame/start/DataDirectory.h"
 #include "frame/start/frmSplash.h"

@@ -53,6 +53,7 @@ BoxWindow::BoxWindow(const Box& box, QWidget* parent) : QMessageBox(parent), ans
   setIcon(IconOf(box.icon));
   for (const Answer answer : answers_) {
     buttons_.push_back(addButton(ButtonOf(answer)));
+    buttons_.back()->setIcon(QIcon());
     if (answer == Answer::Cancel) setEscapeButton(static_cast<QPushButton*>(buttons_.back()));
   }
   setDefaultButton(static_cast<QPushButton*>(buttons_.at(std::min(box.defaultButton, buttons_.size() - 1))));

@@ -1,8 +1,28 @@
 #include "ui/qt/CalendarView.h"
 
+#include <QTextCharFormat>
+#include <QToolButton>
+
 namespace lantos::ui {
 
 QTableView& DaysOf(const QCalendarWidget& calendar) { return *calendar.findChild<QTableView*>(); }
+
+void CalmDown(QCalendarWidget& calendar) {
+  for (const auto day : {Qt::Saturday, Qt::Sunday}) calendar.setWeekdayTextFormat(day, QTextCharFormat());
+  auto* bar = calendar.findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar"));
+  if (bar == nullptr) return;
+  // Its buttons paint their texts for a marked background.
+  QPalette palette;
+  palette.setColor(QPalette::HighlightedText, calendar.palette().color(QPalette::WindowText));
+  bar->setPalette(palette);
+  bar->setBackgroundRole(QPalette::Window);
+  for (auto* button : bar->findChildren<QToolButton*>()) {
+    const QString name = button->objectName();
+    if (!name.endsWith(QLatin1String("month")) || name == QLatin1String("qt_calendar_monthbutton")) continue;
+    button->setIcon(QIcon());
+    button->setArrowType(name == QLatin1String("qt_calendar_prevmonth") ? Qt::LeftArrow : Qt::RightArrow);
+  }
+}
 
 std::optional<QPoint> PlaceOfDay(const QCalendarWidget& calendar, const QDate& day) {
   if (calendar.yearShown() != day.year() || calendar.monthShown() != day.month()) return std::nullopt;

@@ -41,6 +41,7 @@ class MonthPeer : public WidgetPeer {
 
  private:
   void Apply(unsigned aspects) override {
+    if (Has(aspects, Aspect::Look)) CalmDown(calendar_);
     if (!Has(aspects, Aspect::Date)) return;
     calendar_.setSelectedDate(ToQt(month_.Value()));
     calendar_.showSelectedDate();

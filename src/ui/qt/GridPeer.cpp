@@ -10,6 +10,8 @@ namespace lantos::ui {
 namespace {
 
 constexpr std::string_view kDescending = " Desc";
+constexpr int kRowPadding = 6;   // pixels above and below the text together
+constexpr int kLeastSection = 28;  // pixels: a column of one letter, its sort mark beside it
 
 class GridPeer : public RowsPeer {
  public:
@@ -23,7 +25,13 @@ class GridPeer : public RowsPeer {
     QHeaderView& heading = *table_.horizontalHeader();
     heading.setSectionsClickable(true);
     heading.setHighlightSections(false);
-    heading.setStretchLastSection(true);
+    heading.setMinimumSectionSize(kLeastSection);
+    QObject::connect(&heading, &QHeaderView::geometriesChanged, &table_, [this] {
+      if (!widthsArePersons_) FitColumns();
+    });
+    QObject::connect(&heading, &QHeaderView::sectionResized, &table_, [this] {
+      if (!fitting_) widthsArePersons_ = true;
+    });
     QObject::connect(&heading, &QHeaderView::sectionClicked, &table_, [this](int column) {
       if (!IsPersonsDoing()) return;
       grid_.DoHeadClick(column);
@@ -50,11 +58,14 @@ class GridPeer : public RowsPeer {
   void Pick(int row) override { grid_.DoSelect(row); }
 
   void Apply(unsigned aspects) override {
+    if (Has(aspects, Aspect::Look)) {
+      table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(FontToCome()).height() + kRowPadding);
+    }
     if (Has(aspects, Aspect::Rows)) {
-      const bool fit = ShowHeading();
+      if (ShowHeading()) widthsArePersons_ = false;
       ShowRows();
       ShowSortMark();
-      if (fit || !fitted_) FitColumns();
+      if (!widthsArePersons_) FitColumns();
     }
     if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) ShowSelected(grid_.Row());
   }
@@ -95,10 +106,22 @@ class GridPeer : public RowsPeer {
     item->setTextAlignment(Qt::AlignVCenter | (rightAligned ? Qt::AlignRight : Qt::AlignLeft));
   }
 
-  // By their contents, once there are any; after that the widths are the person's.
+  // By their contents, and what is left over goes to all but the last alike.
   void FitColumns() {
+    if (fitting_) return;
+    fitting_ = true;
     table_.resizeColumnsToContents();
-    fitted_ = table_.rowCount() > 0;
+    QHeaderView& heading = *table_.horizontalHeader();
+    const int growing = heading.count() - heading.hiddenSectionCount() - 1;
+    const int spare = table_.viewport()->width() - heading.length();
+    int grown = 0;
+    for (int column = 0; column < heading.count() && grown < growing && spare > 0; ++column) {
+      if (heading.isSectionHidden(column)) continue;
+      ++grown;
+      const int upToHere = spare * grown / growing;
+      heading.resizeSection(column, heading.sectionSize(column) + upToHere - spare * (grown - 1) / growing);
+    }
+    fitting_ = false;
   }
 
   void ShowSortMark() {
@@ -116,7 +139,8 @@ class GridPeer : public RowsPeer {
   Grid& grid_;
   QTableWidget& table_;
   QStringList captions_;
-  bool fitted_ = false;
+  bool fitting_ = false;
+  bool widthsArePersons_ = false;  // the person has drawn at a heading
 };
 
 }  // namespace

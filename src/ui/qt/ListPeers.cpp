@@ -11,6 +11,9 @@ namespace lantos::ui {
 
 namespace {
 
+// The room that the program leaves behind the longest text. A row has margins of its own.
+constexpr QLatin1String kRoomBehindText("  ");
+
 // All rows are as wide as the program asked for, so that the longest can be scrolled to.
 class RowDelegate : public QStyledItemDelegate {
  public:
@@ -18,7 +21,10 @@ class RowDelegate : public QStyledItemDelegate {
   int extent = 0;
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    if (extent > 0) size.setWidth(extent);
+    if (extent > 0) {
+      const int margins = 2 * (option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option) + 1);
+      size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + margins);
+    }
     return size;
   }
 };

@@ -1,4 +1,4 @@
-#include "estimatedb/NetworkMount.h"
+#include "frame/NetworkMount.h"
 
 #ifdef __linux__
 #include <sys/vfs.h>
