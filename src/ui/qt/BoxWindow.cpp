@@ -1,6 +1,7 @@
 #include "ui/qt/BoxWindow.h"
 
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <algorithm>
@@ -10,6 +11,9 @@
 namespace lantos::ui {
 
 namespace {
+
+constexpr int kTitleBarButtons = 150;  // pixels that icon, buttons and edges of a title bar may take
+constexpr int kWidestTitle = 600;      // pixels
 
 QMessageBox::StandardButton ButtonOf(Answer answer) {
   switch (answer) {
@@ -56,7 +60,16 @@ BoxWindow::BoxWindow(const Box& box, QWidget* parent) : QMessageBox(parent), ans
     buttons_.back()->setIcon(QIcon());
     if (answer == Answer::Cancel) setEscapeButton(static_cast<QPushButton*>(buttons_.back()));
   }
+  MakeRoomForTitle();
   setDefaultButton(static_cast<QPushButton*>(buttons_.at(std::min(box.defaultButton, buttons_.size() - 1))));
+}
+
+// A box is as wide as its text and buttons: a longer title would be cut.
+void BoxWindow::MakeRoomForTitle() {
+  auto* grid = qobject_cast<QGridLayout*>(layout());
+  if (grid == nullptr) return;
+  const int width = fontMetrics().horizontalAdvance(windowTitle()) + kTitleBarButtons;
+  grid->addItem(new QSpacerItem(std::min(width, kWidestTitle), 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 std::optional<Answer> BoxWindow::Pressed() const {

@@ -23,6 +23,7 @@ class BoxWindow : public QMessageBox {
 
  private:
   bool CanBeDismissed() const;
+  void MakeRoomForTitle();
 
   std::vector<Answer> answers_;
   std::vector<QAbstractButton*> buttons_;  // in the order of answers_

@@ -76,6 +76,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   bool HandlePress(QMouseEvent& event);
   bool HandleKey(QKeyEvent& event);
   bool PlatformKey(const KeyPress& key);
+  void ShowKeyboardFocus();
   bool PressEnter();
   bool PressMnemonic(QChar letter);
   bool PressLabelMnemonic(QChar letter);

@@ -77,11 +77,18 @@ bool FormWindow::PlatformKey(const KeyPress& key) {
   }
   if (key.alt && !key.control && key.key.size() == 1) return PressMnemonic(ToQt(key.key).at(0));
   if (key.key == "Tab" && !key.alt && !key.control) {
+    ShowKeyboardFocus();
     if (Control* next = form_->NextInTabOrder(key.shift)) MoveFocusTo(*next);
     return true;
   }
   if (key.Is("Esc")) return ClickButton(form_->CancelButton());
   return key.Is("Enter") && PressEnter();
+}
+
+// Who goes by keyboard is shown where he is. The window system would do so by itself, had it seen the key.
+void FormWindow::ShowKeyboardFocus() {
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  if (QWidget* has = focusWidget()) has->update();
 }
 
 // A button that has the focus goes before the default one; a text of several lines takes the line end.
@@ -99,6 +106,7 @@ bool FormWindow::ClickButton(Button* button) {
 }
 
 bool FormWindow::PressMnemonic(QChar letter) {
+  ShowKeyboardFocus();
   bool labelHit = false;
   for (Control* control : form_->Controls()) {
     if (!control->IsUsable()) continue;

@@ -3,6 +3,7 @@
 #include <QMoveEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 #include <algorithm>
 
@@ -15,6 +16,22 @@ namespace lantos::ui {
 namespace {
 
 int ToPixels(Twips twips) { return static_cast<int>(twips / kTwipsPerPixel); }
+// Of a window, less what the window manager is about to put around it.
+QRect RoomAt(QPoint place, const QWidget& window) {
+  const QScreen* screen = QGuiApplication::screenAt(place);
+  const QRect whole = (screen == nullptr ? window.screen() : screen)->availableGeometry();
+  const int edge = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  return whole.adjusted(0, 0, -2 * edge, -edge - window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
+// As near to the wanted place as the whole window can be seen at; its upper left corner can be in any case.
+QPoint InSight(QPoint wanted, const QWidget& window) {
+  const QRect room = RoomAt(wanted, window);
+  const int left = std::max(room.left(), std::min(wanted.x(), room.left() + room.width() - window.width()));
+  const int top = std::max(room.top(), std::min(wanted.y(), room.top() + room.height() - window.height()));
+  return {left, top};
+}
+
 Twips ToTwips(int pixels) { return static_cast<Twips>(pixels) * kTwipsPerPixel; }
 
 }  // namespace
@@ -32,10 +49,13 @@ void FormWindow::ShowForm() {
   if (below != nullptr && below != this) windowHandle()->setTransientParent(below->windowHandle());
   PlaceChanged();
   placing_ = true;
-  if (form_->LeftEdge() == 0 && form_->TopEdge() == 0) {
+  QPoint place(ToPixels(form_->LeftEdge()), ToPixels(form_->TopEdge()));
+  if (place.isNull()) {
     const QRect around = below != nullptr && below != this ? below->geometry() : screen()->availableGeometry();
-    move(std::max(0, around.center().x() - width() / 2), std::max(0, around.center().y() - height() / 2));
+    place = around.center() - QPoint(width() / 2, height() / 2);
   }
+  // Of the frame, which isn't there yet: else the window would creep upwards from one run to the next.
+  windowHandle()->setFramePosition(InSight(place, *this));
   show();
   placedAt_ = pos();
   placedSize_ = size();
@@ -58,13 +78,13 @@ void FormWindow::ApplyPlace() {
   } else if (!outgrown) {
     // Not smaller than what is on it, not larger than the screen.
     QSize wanted(ToPixels(form_->Width()), ToPixels(form_->Height()));
-    wanted = wanted.boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint());
+    wanted = wanted.boundedTo(RoomAt(pos(), *this).size()).expandedTo(minimumSizeHint());
     if (wanted != size()) resize(wanted);
   }
   if (form_->LeftEdge() != placedLeft_ || form_->TopEdge() != placedTop_) {
     placedLeft_ = form_->LeftEdge();
     placedTop_ = form_->TopEdge();
-    move(ToPixels(placedLeft_), ToPixels(placedTop_));
+    if (isVisible()) move(InSight({ToPixels(placedLeft_), ToPixels(placedTop_)}, *this));
   }
   Qt::WindowStates state = windowState() & ~(Qt::WindowMaximized | Qt::WindowMinimized);
   if (form_->State() == WindowState::Maximized) state |= Qt::WindowMaximized;
