@@ -12,17 +12,38 @@ import sys
 import tempfile
 
 
+SCREEN = (1280, 1024)  # pixels
+WINDOW = (1100, 750)  # pixels, of the board
+TWIPS_A_PIXEL = 15
+
+
 class Walk:
-    def __init__(self, bin_dir, shop, pictures):
+    def __init__(self, bin_dir, shop, pictures, now):
         self.pictures = pictures
         self.made = []
         self.home = tempfile.TemporaryDirectory(prefix="lantos-walk-")
-        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=self.home.name)
-        self.process = subprocess.Popen(
-            [str(bin_dir / "lantos-drive"), "--desktop", "qt", "--settings", self.home.name, "--computer", "COUNTER",
-             "--", f"/D={shop}"],
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=environment)
+        environment = dict(os.environ, QT_QPA_PLATFORM=f"offscreen:configfile={self.make_screen()}",
+                           XDG_RUNTIME_DIR=self.home.name)
+        self.leave_board_size()
+        command = [str(bin_dir / "lantos-drive"), "--desktop", "qt", "--settings", self.home.name,
+                   "--computer", "COUNTER", *(["--now", now] if now else []), "--", f"/D={shop}"]
+        self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
+                                        env=environment)
         self.answer = self.read()
+
+    def make_screen(self):
+        """The screen that isn't there, as the window system's library wants it described."""
+        path = pathlib.Path(self.home.name) / "screen.json"
+        width, height = SCREEN
+        path.write_text(json.dumps({"screens": [{"name": "paper", "x": 0, "y": 0, "width": width, "height": height,
+                                                 "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}))
+        return path
+
+    def leave_board_size(self):
+        """As the program leaves it at its end, so that the board opens with it."""
+        width, height = (pixels * TWIPS_A_PIXEL for pixels in WINDOW)
+        path = pathlib.Path(self.home.name) / "Lantos.conf"
+        path.write_text(f"[Settings]\nMainWidth={width}\nMainHeight={height}\n")
 
     def read(self):
         line = self.process.stdout.readline()
@@ -57,35 +78,64 @@ class Walk:
         self.home.cleanup()
 
 
-def walk(bin_dir, shop, pictures):
-    pictures.mkdir(parents=True, exist_ok=True)
-    road = Walk(bin_dir, shop, pictures)
+def lively_row(rows):
+    """The day's estimate with the most to show: the longest run of lines up to a blank one."""
+    best, best_length, start = 0, 0, 0
+    for row, line in enumerate([*(row["text"] for row in rows), ""]):
+        if line.strip():
+            continue
+        if row - start > best_length:
+            best, best_length = start, row - start
+        start = row + 1
+    return best
+
+
+def show_day(road):
+    """Week, day and the day's fullest estimate."""
     road.picture("week")
     road.do("click", control="cmdDayView")
     road.picture("day")
-    if road.rows("frmMain.List2"):
-        road.do("click", control="List2", row=0)
+    rows = road.rows("frmMain.List2")
+    if rows:
+        road.do("click", control="List2", row=lively_row(rows))
     road.do("click", control="cmdDetailView")
     road.picture("detail")
+    if rows:
+        road.do("click", control="cmdChangeStatus")
+        road.picture("change-status")
+        road.do("key", key="Esc")
 
+
+def book(road):
+    """A new estimate for the first customer found, and the vehicle."""
     road.do("click", control="cmdNewEstimate")
     road.picture("estimate-only")
     road.do("answer", button="No")
-    road.do("type", control="NameKey", text="a")
+    road.do("type", control="NameKey", text="mur")
     road.do("click", control="cmdSearch")
+    if not road.rows("frmCustSearch.CustList"):
+        road.do("type", control="NameKey", text="a")
+        road.do("click", control="cmdSearch")
+    road.do("select", control="CustList", row=0)
     road.picture("customer-search")
     road.do("click", control="CustList", row=0, double=True)
-    road.picture("vehicle-list")
-    if road.say({"get": "frmVehList.DataGrid1"})["result"]["rows"]:
+    has_vehicle = bool(road.rows("frmVehList.DataGrid1"))
+    if has_vehicle:
         road.do("select", control="DataGrid1", row=0)
-        road.do("click", control="cmdSelect")
-    else:
-        road.do("click", control="cmdCancel")
+    road.picture("vehicle-list")
+    road.do("click", control="cmdSelect" if has_vehicle else "cmdCancel")
     road.do("type", control="txtComments", text="Customer waits, coffee offered")
     road.do("leave")
     road.picture("booked")
     road.do("click", control="cmdWeekView")
     road.picture("week-after")
+
+
+def walk(bin_dir, shop, pictures, now):
+    pictures.mkdir(parents=True, exist_ok=True)
+    road = Walk(bin_dir, shop, pictures, now)
+    show_day(road)
+    book(road)
     road.end()
     return road.made
 
@@ -95,8 +145,9 @@ def main():
     parser.add_argument("--bin", type=pathlib.Path, required=True, help="where lantos-drive is")
     parser.add_argument("--shop", type=pathlib.Path, required=True, help="the shop's data directory")
     parser.add_argument("--pictures", type=pathlib.Path, required=True, help="where the pictures go")
+    parser.add_argument("--now", help="the local time at which it happens, as 2003-09-30T08:15:00; else the real one")
     options = parser.parse_args()
-    made = walk(options.bin, options.shop, options.pictures)
+    made = walk(options.bin, options.shop, options.pictures, options.now)
     print("Pictures:")
     for path in made:
         print(f"  {path}")

@@ -33,8 +33,8 @@ const FormDesign kForms[] = {
 }  // namespace
 
 std::unique_ptr<QWidget> LoadFormFile(const std::string& formName) {
-  const auto form =
-      std::find_if(std::begin(kForms), std::end(kForms), [&](const FormDesign& design) { return design.name == formName; });
+  const auto form = std::find_if(std::begin(kForms), std::end(kForms),
+                                 [&](const FormDesign& design) { return design.name == formName; });
   if (form == std::end(kForms)) throw std::logic_error("There is no form " + formName);
   return form->build();
 }

@@ -10,7 +10,7 @@ namespace lantos::ui {
 namespace {
 
 constexpr std::string_view kDescending = " Desc";
-constexpr int kRowPadding = 6;   // pixels above and below the text together
+constexpr int kRowPadding = 6;     // pixels above and below the text together
 constexpr int kLeastSection = 28;  // pixels: a column of one letter, its sort mark beside it
 
 class GridPeer : public RowsPeer {

@@ -1,8 +1,11 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QGroupBox>
+#include <QHeaderView>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QScreen>
+#include <QTableWidget>
 
 #include "qt/WindowShop.h"
 #include "ui/qt/FormWindow.h"
@@ -61,6 +64,47 @@ TEST(Board, FramesTakeTheMouseUnlessSomethingOnThemDoes) {
   EXPECT_EQ(board.happened, (std::vector<std::string>{"click", "double", "right"}));
 }
 
+TEST(Board, TheMouseBelongsToTheControlThatItIsOnAndNotToWhatThatLiesOn) {
+  Board board;
+  board.form.frameCommands.OnMouseUp = [&](MouseButton) { board.happened.push_back("commands"); };
+  board.form.frameWeekView.OnMouseUp = [&](MouseButton) { board.happened.push_back("week"); };
+  board.form.lblWeekComment.OnMouseUp = nullptr;
+  board.hand.Click(board.form.cmdWeekView, MouseButton::Right);
+  board.hand.Click(board.form.cmdConvert, MouseButton::Right);  // disabled
+  board.hand.Click(board.form.lblWeekComment, MouseButton::Right);
+  board.hand.Click(board.form.frameWeek[3], MouseButton::Right);
+  board.hand.Click(board.form.MonthView1, MouseButton::Right);
+  EXPECT_EQ(board.happened, std::vector<std::string>{});
+  board.hand.Click(board.form.frameCommands, MouseButton::Right);
+  board.hand.Click(board.form.frameWeekView, MouseButton::Right);
+  EXPECT_EQ(board.happened, (std::vector<std::string>{"commands", "week"}));
+}
+
+TEST(Board, WhatIsThereForTheEyeAloneCountsAsTheFrameItLiesOn) {
+  Board board;
+  board.form.Frame1.OnMouseUp = [&](MouseButton) { board.happened.push_back("hours"); };
+  auto* label = board.WidgetOf<QWidget>(board.form.Frame1).findChild<QWidget*>("static_Avail");
+  ASSERT_NE(label, nullptr);
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, QPointF(1, 1), label->mapToGlobal(QPointF(1, 1)), Qt::RightButton, Qt::NoButton, {});
+    QApplication::sendEvent(label, &event);
+  }
+  EXPECT_EQ(board.happened, std::vector<std::string>{"hours"});
+}
+
+TEST(Board, TheWindowIsWhollyOnTheScreenWhereverItWasLeft) {
+  test::WindowShop shop;
+  auto& form = dynamic_cast<frmMain&>(*shop.forms.front());
+  form.LoadForm();
+  form.SetPosition(60000, 60000);
+  form.Show();
+  shop.windows.Settle();
+  const ui::FormWindow& window = *shop.windows.WindowOf(form);
+  EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
+  // What is stored is the person's wish, and waits for a larger screen.
+  EXPECT_EQ(form.LeftEdge(), 60000);
+}
+
 TEST(Board, OptionsOfOneFrameExcludeOneAnother) {
   Board board;
   board.form.cmdDayView.OnClick();
@@ -105,6 +149,27 @@ TEST(Board, WhatThePersonDoesToTheWindowReachesTheFormAndNothingElseDoes) {
   EXPECT_EQ(board.form.State(), ui::WindowState::Maximized);
 }
 
+TEST(VehicleGrid, WhatTheProgramKeepsForItselfIsNotSeen) {
+  test::WindowShop shop;
+  ui::QtHand hand(shop.windows);
+  for (const auto& form : shop.forms) {
+    auto* list = dynamic_cast<frmVehList*>(form.get());
+    if (list == nullptr) continue;
+    list->Show();
+    list->DataGrid1.SetRows({{{"1996", "Nissan", "Pathfinder", "VWH-472", "1N4", "108212", "128", "-1", " "}, 128}});
+    shop.windows.Settle();
+    const auto& table = dynamic_cast<QTableWidget&>(shop.windows.WindowOf(*list)->PeerOf(list->DataGrid1)->Widget());
+    std::vector<std::string> seen;
+    for (int column = 0; column < table.columnCount(); ++column) {
+      if (!table.isColumnHidden(column)) seen.push_back(table.horizontalHeaderItem(column)->text().toStdString());
+    }
+    EXPECT_EQ(seen, (std::vector<std::string>{"Year", "Make", "Model", "License", "VIN", "Mileage", "X"}));
+    EXPECT_EQ(hand.Read(list->DataGrid1).cells->at(0).cells.at(6), "128");
+    EXPECT_EQ(table.horizontalHeader()->length(), table.viewport()->width());
+    list->Hide();
+  }
+}
+
 TEST(VehicleGrid, AHeadingIsClickedWhereItStands) {
   test::WindowShop shop;
   ui::QtHand hand(shop.windows);
@@ -116,6 +181,8 @@ TEST(VehicleGrid, AHeadingIsClickedWhereItStands) {
     int clicked = -1;
     list->DataGrid1.OnHeadClick = [&](int column) { clicked = column; };
     EXPECT_EQ(hand.ClickHeading(list->DataGrid1, 2), "");
+    EXPECT_EQ(clicked, 2);
+    EXPECT_NE(hand.ClickHeading(list->DataGrid1, static_cast<int>(VehicleColumn::VLink)), "");
     EXPECT_EQ(clicked, 2);
     list->Hide();
   }

@@ -59,6 +59,15 @@ TEST(QtDesktop, ABoxThatAsksYesOrNoCannotBePassedBy) {
   EXPECT_EQ(box.Pressed(), Answer::Yes);
 }
 
+TEST(QtDesktop, ABoxIsWideEnoughForItsTitle) {
+  ui::BoxWindow narrow(Box{"?", "T", ui::Buttons::Ok, ui::Icon::None, 0}, nullptr);
+  ui::BoxWindow wide(Box{"?", "A title of many words", ui::Buttons::Ok, ui::Icon::None, 0}, nullptr);
+  narrow.show();
+  wide.show();
+  EXPECT_GT(wide.width(), narrow.width());
+  EXPECT_GT(wide.width(), wide.fontMetrics().horizontalAdvance(wide.windowTitle()));
+}
+
 TEST(QtDesktop, EscapeIsTheCancelButtonOfABox) {
   ui::BoxWindow box(Box{"?", "T", ui::Buttons::RetryCancel, ui::Icon::None, 0}, nullptr);
   box.show();

@@ -154,6 +154,14 @@ TEST(QtHand, KeysGoThroughTheFormFirst) {
   EXPECT_FALSE(bench.form.Visible());
 }
 
+TEST(QtHand, WhoGoesByKeyboardIsShownWhereHeIs) {
+  Bench bench;
+  bench.form.Show();
+  EXPECT_FALSE(bench.Window().testAttribute(Qt::WA_KeyboardFocusChange));
+  bench.Press("Tab");
+  EXPECT_TRUE(bench.Window().testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
 TEST(QtHand, ArrowsMoveThroughAList) {
   Bench bench;
   std::vector<int> rows;

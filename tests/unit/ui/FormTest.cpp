@@ -151,6 +151,22 @@ TEST_F(Forms, EnterPressesTheDefaultButtonAndEscTheCancelButton) {
   EXPECT_FALSE(screen.Visible());
 }
 
+TEST_F(Forms, EnterInATextOfSeveralLinesBeginsANewOne) {
+  screen.first.SetMultiLine(true);
+  screen.first.SetMaxLength(6);
+  screen.first.SetText("one");
+  screen.log.clear();
+  screen.PressKey(ParseKey("Enter"));
+  EXPECT_EQ(screen.log, "first=one\r\n ");
+  // No half a line end at the limit, nothing in a locked text, and the default button stays out of it.
+  screen.PressKey(ParseKey("Enter"));
+  screen.first.SetMaxLength(0);
+  screen.first.SetLocked(true);
+  screen.PressKey(ParseKey("Enter"));
+  EXPECT_EQ(screen.first.Text(), "one\r\n");
+  EXPECT_EQ(screen.log, "first=one\r\n ");
+}
+
 TEST_F(Forms, AltAndALetterFindButtonsAndTheControlBehindALabel) {
   screen.PressKey(ParseKey("Alt+O"));
   EXPECT_NE(screen.log.find("ok "), std::string::npos);
