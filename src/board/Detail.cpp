@@ -67,17 +67,18 @@ void frmMain::ClearDetail() {
 }
 
 void frmMain::ShowEstimateDetail() {
-  KeepTypedComments();
+  KeepUnsavedComments();
   ClearDetail();
   if (Current().EstimateNumber == 0) return;
   displayedEstimate_ = Current().EstimateNumber;
-  RefreshDetailCaption(CurrentStatusText());
+  // Before anything that can fail: leaving the field writes what stands in it.
+  txtComments.SetText(Current().Comments);
+  savedComment_ = Trim(Current().Comments);
+  RefreshDetailCaption(StatusText(Current()));
   const bool known = shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
   estimateCustomer_ = known ? shop_.records.customers.CurrentCustomer : UnknownCustomer();
   ShowCustomer();
   ShowVehicle();
-  txtComments.SetText(Current().Comments);
-  savedComment_ = Trim(Current().Comments);
   LoadPartList();
   LoadLaborList();
   if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
@@ -87,7 +88,7 @@ void frmMain::ShowEstimateDetail() {
 
 void frmMain::RefreshDetailCaption(const std::string& text) {
   frameDetailView.SetCaption("Est. # " + FormatZeros(Current().EstimateNumber, 6) + "  " +
-                             FormatDate(Current().SchedDate) + "  " + (text.empty() ? CurrentStatusText() : text));
+                             FormatDate(Current().SchedDate) + "  " + (text.empty() ? StatusText(Current()) : text));
 }
 
 void frmMain::ShowCustomer() {
@@ -176,14 +177,16 @@ void frmMain::ShowNotesMark() {
 // Written every time the field is left, changed or not.
 void frmMain::SaveComments() {
   if (displayedEstimate_ == 0) return;
-  savedComment_ = Trim(txtComments.Text());
-  if (Current().EstimateNumber == displayedEstimate_) Current().Comments = savedComment_;
-  Data().SetComments(savedComment_, std::to_string(displayedEstimate_));
+  const std::string comments = Trim(txtComments.Text());
+  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  savedComment_ = comments;
+  if (Current().EstimateNumber == displayedEstimate_) Current().Comments = comments;
 }
 
-// A menu doesn't take the focus from the comments: what stands there is kept before the view is filled anew.
-void frmMain::KeepTypedComments() {
-  if (txtComments.HasFocus() && Trim(txtComments.Text()) != savedComment_) SaveComments();
+// Before the view is filled anew: a menu doesn't take the focus from the comments, and the database may have refused
+// them when they were left.
+void frmMain::KeepUnsavedComments() {
+  if (Trim(txtComments.Text()) != savedComment_) SaveComments();
 }
 
 }  // namespace lantos

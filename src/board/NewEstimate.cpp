@@ -12,8 +12,6 @@ constexpr const char* kPartsAndLabor = "There are parts and labor already on the
 constexpr const char* kPartsOnly = "There are parts already on the estimate.\\n";
 constexpr const char* kLaborOnly = "There are labor items already on the estimate.";
 
-std::string BlankIfEmpty(const std::string& text) { return text.empty() ? " " : text; }
-
 }  // namespace
 
 void frmMain::NewEstimateClick() {
@@ -32,17 +30,15 @@ void frmMain::NewEstimateClick() {
     return;
   }
   const std::int32_t number = database_.estimates.CreateEstimate(currentDate_, status);
+  // The caption tells of the new estimate while its vehicle is being chosen.
+  database_.estimates.LoadEstimate(number);
   displayedEstimate_ = number;
-  // The caption must tell of the new estimate while its vehicle is being chosen; all else comes with LoadEstimate.
-  Current().EstimateNumber = number;
-  Current().SchedDate = currentDate_;
-  Current().Status = status;
   RefreshDetailCaption("");
   AttachCustomer();
   AttachVehicle();
   database_.estimates.LoadEstimate(number);
-  AddDayLines(cbShowLabor.Value() ? FetchLaborLines(number) : std::vector<std::string>());
-  AddWeekLines(selectedDayIndex_);
+  AddDayLines(Current(), cbShowLabor.Value() ? FetchLaborLines(number) : std::vector<std::string>());
+  AddWeekLines(selectedDayIndex_, Current());
   DetailViewClick();
 }
 
@@ -59,7 +55,7 @@ void frmMain::AttachCustomer() {
   ShowCustomer();
   const std::int32_t number = estimateCustomer_.Get(customer::Number);
   Data().SetCustomer(number, displayedEstimate_);
-  if (Current().EstimateNumber == displayedEstimate_) Current().CustomerNumber = number;
+  Current().CustomerNumber = number;
 }
 
 void frmMain::AttachVehicle() {
@@ -72,8 +68,7 @@ void frmMain::AttachVehicle() {
     return;
   }
   estimateCustomer_ = shop_.records.customers.CurrentCustomer;
-  estimateVehicle_ = vehicles.CurrentVehicle;
-  const VehicleRecord& record = estimateVehicle_;
+  const VehicleRecord& record = vehicles.CurrentVehicle;
   Estimate& estimate = Current();
   estimate.VehicleLink = vehicles.CurrentVehicleOffset;
   estimate.VehYear = record.Get(vehicle::Year);
@@ -90,21 +85,15 @@ void frmMain::AttachVehicle() {
   SaveVehicle();
 }
 
-// An empty text is written as one blank.
 void frmMain::SaveVehicle() {
-  Estimate& estimate = Current();
-  for (std::string* text :
-       {&estimate.VehYear, &estimate.VehMake, &estimate.VehModel, &estimate.VehVIN, &estimate.VehLic, &estimate.VehDate,
-        &estimate.VehMileage, &estimate.VehEng, &estimate.VehTrans}) {
-    *text = BlankIfEmpty(*text);
-  }
+  const Estimate& estimate = Current();
   Data().SetVehicleNew(estimate.VehicleLink,
                        {estimate.VehYear, estimate.VehMake, estimate.VehModel, estimate.VehVIN, estimate.VehLic,
                         estimate.VehDate, estimate.VehMileage, estimate.VehEng, estimate.VehTrans},
                        displayedEstimate_);
 }
 
-bool frmMain::HasEstimate(const std::string& title) {
+bool frmMain::HasEstimateOnShow(const std::string& title) {
   if (displayedEstimate_ != 0) return true;
   shop_.desktop.Tell("No estimate is selected.", title, ui::Icon::Information);
   return false;
@@ -112,16 +101,14 @@ bool frmMain::HasEstimate(const std::string& title) {
 
 void frmMain::CustomerEditClick() {
   CheckDayRollover();
-  if (!HasEstimate("Customer Edit") || !masters_.CustomerMaintenance(true, true)) return;
+  if (!HasEstimateOnShow("Customer Edit") || !masters_.CustomerMaintenance(true, true)) return;
   AttachCustomer();
   AttachVehicle();
 }
 
 void frmMain::VehicleEditClick() {
   CheckDayRollover();
-  if (!HasEstimate("Vehicle Edit")) return;
-  // Filling the lists has read other customers since: the vehicles are those of the estimate's own.
-  shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
+  if (!HasEstimateOnShow("Vehicle Edit")) return;
   const bool hasParts = listParts.ListCount() > 0;
   const bool hasLabor = listLabor.ListCount() > 0;
   const std::string text = hasParts ? (hasLabor ? kPartsAndLabor : kPartsOnly) : (hasLabor ? kLaborOnly : "");
@@ -134,6 +121,12 @@ void frmMain::VehicleEditClick() {
       listParts.Clear();
       listLabor.Clear();
     }
+  }
+  // Filling the lists has read other customers since: the vehicles are those of the estimate's own.
+  if (FindCustomerOf(Current()) == nullptr) {
+    shop_.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", "Vehicle Edit",
+                       ui::Icon::Information);
+    return;
   }
   AttachVehicle();
 }

@@ -1,15 +1,15 @@
+#include "board/DayLines.h"
 #include "board/StatusChange.h"
 #include "board/frmEstStatus.h"
 #include "board/frmMain.h"
-#include "frame/Dates.h"
 #include "frame/Text.h"
 
 // The status of the current estimate, changed by hand, and its word in the lists.
 namespace lantos {
 
 // May make a No-show of a past Scheduled estimate, in the record in memory alone.
-std::string frmMain::CurrentStatusText() {
-  return database_.estimates.StatusText(Current().Status, Current().SchedDate);
+std::string frmMain::StatusText(Estimate& estimate) {
+  return database_.estimates.StatusText(estimate.Status, estimate.SchedDate);
 }
 
 void frmMain::ShowStatusPopup() {
@@ -22,17 +22,6 @@ void frmMain::ShowStatusPopup() {
   }
   popupStatus_[kContinued]->SetEnabled(CanContinue(options, {}));
   shop_.desktop.PopupMenu(*this, *statusPopup_);
-}
-
-bool frmMain::ChangeStatusByPopup(bool refreshLists) {
-  const std::int16_t oldStatus = Current().Status;
-  ShowStatusPopup();
-  if (refreshLists) {
-    RefreshStatusText(CurrentStatusText());
-  } else {
-    RefreshDetailCaption("");
-  }
-  return LoadWeekIfCountChanged(oldStatus);
 }
 
 bool frmMain::LoadWeekIfCountChanged(std::int16_t oldStatus) {
@@ -52,7 +41,7 @@ void frmMain::ChangeStatusClick() {
   frmEstStatus form(shop_, database_, {});
   form.ShowModal();
   form.Unload();
-  RefreshStatusText(CurrentStatusText());
+  RefreshStatusText(StatusText(Current()));
   if (LoadWeekIfCountChanged(oldStatus)) ShowEstimateDetail();
 }
 
@@ -70,8 +59,7 @@ void frmMain::RefreshDayListStatus(const std::string& word) {
   if (statusRow >= List2.ListCount()) return;
   List2.RemoveItem(statusRow);
   // The new line is left without the estimate's number; a click on it still moves up to the main line.
-  List2.InsertItem(statusRow, "       Created on " + FormatDate(Current().CreateDate) + ", Scheduled for " +
-                                  FormatDate(Current().SchedDate) + ", Status = " + word);
+  List2.InsertItem(statusRow, StatusLine(Current(), word));
 }
 
 void frmMain::RefreshWeekListStatus(const std::string& word) {

@@ -60,7 +60,7 @@ void frmMain::SelectDay(std::size_t weekday) {
 void frmMain::WeekListClick(std::size_t weekday) {
   const ui::ListBox& list = List1[weekday];
   if (list.ListIndex() < 0) return;
-  KeepTypedComments();
+  KeepUnsavedComments();
   database_.estimates.LoadEstimate(list.ItemData(list.ListIndex()));
   SelectDay(weekday);
   ShowEstimateDetail();
@@ -71,12 +71,7 @@ void frmMain::WeekListMouseUp(std::size_t weekday, ui::MouseButton button) {
   const ui::ListBox& list = List1[weekday];
   if (list.ListIndex() < 0) return PopupRefresh(button);
   selectedDayIndex_ = weekday;
-  const std::int32_t number = list.ItemData(list.ListIndex());
-  if (number != Current().EstimateNumber) {
-    database_.estimates.LoadEstimate(number);
-    ShowEstimateDetail();
-  }
-  ChangeStatusByPopup(true);
+  PopupStatusOf(list.ItemData(list.ListIndex()));
 }
 
 void frmMain::DayListClick() {
@@ -86,7 +81,7 @@ void frmMain::DayListClick() {
     List2.SetListIndex(row - 1);  // fires this click again, up to the estimate's main line
     return;
   }
-  KeepTypedComments();
+  KeepUnsavedComments();
   database_.estimates.LoadEstimate(List2.ItemData(row));
   ShowEstimateDetail();
 }
@@ -94,17 +89,26 @@ void frmMain::DayListClick() {
 void frmMain::DayListMouseUp(ui::MouseButton button) {
   if (button != ui::MouseButton::Right) return;
   if (List2.ListIndex() < 0) return PopupRefresh(button);
-  const std::int32_t number = List2.ItemData(List2.ListIndex());
-  if (number != Current().EstimateNumber) {
-    database_.estimates.LoadEstimate(number);
+  PopupStatusOf(List2.ItemData(List2.ListIndex()));
+}
+
+void frmMain::PopupStatusOf(std::int32_t estimate) {
+  if (estimate != Current().EstimateNumber) {
+    database_.estimates.LoadEstimate(estimate);
     ShowEstimateDetail();
   }
-  ChangeStatusByPopup(true);
+  const std::int16_t oldStatus = Current().Status;
+  ShowStatusPopup();
+  RefreshStatusText(StatusText(Current()));
+  LoadWeekIfCountChanged(oldStatus);
 }
 
 void frmMain::DetailMouseUp(ui::MouseButton button) {
   if (button != ui::MouseButton::Right || Current().EstimateNumber == 0) return;
-  if (ChangeStatusByPopup(false)) ShowEstimateDetail();
+  const std::int16_t oldStatus = Current().Status;
+  ShowStatusPopup();
+  RefreshDetailCaption("");
+  if (LoadWeekIfCountChanged(oldStatus)) ShowEstimateDetail();
 }
 
 void frmMain::PopupRefresh(ui::MouseButton button) {

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "admin/CheckPassword.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 #include "ui/GlobalKeys.h"
@@ -27,14 +26,17 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
       startAndStop_(std::move(startAndStop)) {
   SetSize(kDefaultSize, kDefaultSize);
   SetResizable(true);
-  ArrangeControls();
+  ArrangePanels();
+  ArrangeDetail();
+  WireCalendar();
   WireViews();
+  WireRightButton();
   WireDetail();
   BuildMenus();
   DisableWhatIsNotBuilt();
 }
 
-void frmMain::ArrangeControls() {
+void frmMain::ArrangePanels() {
   Frame1.Holds(lblDate, lblAvail, lblSched, lblDiff, lblStatus);
   frameCommands.Holds(cmdWeekView, cmdDayView, cmdDetailView, cmdNewEstimate, cmdPrintEstimate, cmdPrintWorksheet,
                       cmdConvert, cmdReschedule, cmdChangeStatus, cmdFind, cmdWOHistory, cmdTechHours,
@@ -54,6 +56,10 @@ void frmMain::ArrangeControls() {
     optDaySortBy[i].SetCaption(std::string(sortCaptions[i]));
   }
   optDaySortBy[0].SetValue(true);
+  frameDayView.SetVisible(false);
+}
+
+void frmMain::ArrangeDetail() {
   frameDetailView.Holds(frameCustomer, frameVehicle, frameComments, frameLabor, frameParts, frameTotals);
   frameCustomer.Holds(lblCustName, lblCustSpouse, lblCustAddr, lblCustCSZ, lblCustPhoneH, lblCustPhoneW,
                       lblCustPhoneO, cmdCustomerEdit);
@@ -71,11 +77,10 @@ void frmMain::ArrangeControls() {
     total->SetLocked(true);
     total->SetTabStop(false);
   }
-  frameDayView.SetVisible(false);
   frameDetailView.SetVisible(false);
 }
 
-void frmMain::WireViews() {
+void frmMain::WireCalendar() {
   MonthView1.OnDateClick = [this](DaySerial day) {
     LoadWeek(day);
     WeekViewClick();
@@ -86,6 +91,9 @@ void frmMain::WireViews() {
     DayViewClick();
     cmdDayView.SetFocus();
   };
+}
+
+void frmMain::WireViews() {
   cmdWeekView.OnClick = [this] { WeekViewClick(); };
   cmdDayView.OnClick = [this] { DayViewClick(); };
   cmdDetailView.OnClick = [this] { DetailViewClick(); };
@@ -101,18 +109,24 @@ void frmMain::WireViews() {
       WeekListClick(i);
       DetailViewClick();
     };
-    List1[i].OnMouseUp = [this, i](ui::MouseButton button) { WeekListMouseUp(i, button); };
   }
   List2.OnClick = [this] { DayListClick(); };
   List2.OnDoubleClick = [this] {
     DayListClick();
     DetailViewClick();
   };
-  List2.OnMouseUp = [this](ui::MouseButton button) { DayListMouseUp(button); };
   cbShowLabor.OnClick = [this] { DayViewClick(); };
   for (ui::OptionButton& option : optDaySortBy) {
     option.OnClick = [this] { LoadWeek(static_cast<DaySerial>(Val(frameDay.Tag()))); };
   }
+}
+
+void frmMain::WireRightButton() {
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    List1[i].OnMouseUp = [this, i](ui::MouseButton button) { WeekListMouseUp(i, button); };
+  }
+  List2.OnMouseUp = [this](ui::MouseButton button) { DayListMouseUp(button); };
+  frameDetailView.OnMouseUp = [this](ui::MouseButton button) { DetailMouseUp(button); };
   const auto popup = [this](ui::MouseButton button) { PopupRefresh(button); };
   frameCommands.OnMouseUp = popup;
   frameDayView.OnMouseUp = popup;
@@ -121,7 +135,6 @@ void frmMain::WireViews() {
 }
 
 void frmMain::WireDetail() {
-  frameDetailView.OnMouseUp = [this](ui::MouseButton button) { DetailMouseUp(button); };
   txtComments.OnLostFocus = [this] { SaveComments(); };
   cmdNewEstimate.OnClick = [this] { NewEstimateClick(); };
   cmdChangeStatus.OnClick = [this] { ChangeStatusClick(); };
@@ -221,7 +234,7 @@ void frmMain::SaveSettings() {
 // one, and is stored as such.
 void frmMain::OnUnload(bool&) {
   shop_.desktop.SetPointer(ui::Pointer::Hourglass);
-  KeepTypedComments();
+  Run([this] { KeepUnsavedComments(); });  // a database that is gone doesn't keep the window open
   Data().CloseRecordsets();
   database_.korvelData.CloseRecordsets();
   std::string shown;
@@ -253,12 +266,12 @@ void frmMain::OnKeyDown(ui::KeyPress& key) { shop_.keys.HandleGlobalKeys(key, *t
 void frmMain::OnMouseUp(ui::MouseButton button) { PopupRefresh(button); }
 
 void frmMain::CheckDayRollover() {
-  currentDateText_ = FormatDate(Today());
-  if (currentDateText_ == startedDate_) return;
+  const std::string currentDate = FormatDate(Today());
+  if (currentDate == startedDate_) return;
   shop_.desktop.Tell("NOTE: This application must be restarted each \r\n"
                      "day in order to maintain data files integrity.\r\n\r\n"
                      "Started date: " + startedDate_ + "\r\n"
-                     "Current date: " + currentDateText_ + "\r\n\r\n"
+                     "Current date: " + currentDate + "\r\n\r\n"
                      "Click OK to exit the application.",
                      "Restart required.", ui::Icon::Information);
   shop_.desktop.EndProcess(0);

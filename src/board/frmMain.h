@@ -106,19 +106,24 @@ class frmMain : public ui::Form {
   ui::TextBox txtTotalTax{*this, "txtTotalTax"};
   ui::TextBox txtTotalCost{*this, "txtTotalCost"};
 
-  // Rebuilds week lists, day list, hours and colours around a day. CurrentEstimate is the same after it as before.
+  // Rebuilds week lists, day list, hours and colours around a day. When the database can't be read the board stays as
+  // it is. CurrentEstimate isn't touched.
   void LoadWeek(DaySerial date);
   // Shows CurrentEstimate in the detail view's controls.
   void ShowEstimateDetail();
 
  private:
   // Construction (frmMain.cpp, frmMainMenu.cpp).
-  void ArrangeControls();
+  void ArrangePanels();
+  void ArrangeDetail();
+  void WireCalendar();
   void WireViews();
+  void WireRightButton();
   void WireDetail();
   void DisableWhatIsNotBuilt();
   void BuildMenus();
   void BuildMaintenanceMenu();
+  void BuildSystemMenu(ui::MenuItem& system);
   void BuildStatusMenus();
 
   // Start, stop and the day's end (frmMain.cpp).
@@ -141,14 +146,14 @@ class frmMain : public ui::Form {
   };
   DaySerial PanelDate(std::size_t weekday) const;
   bool IsDayOnShow(std::size_t weekday) const;
-  std::vector<BoardRow> FetchDay(std::size_t weekday);
+  std::vector<BoardRow> FetchDay(DaySerial date, bool withLabor);
   std::vector<std::string> FetchLaborLines(std::int32_t estimate);
+  void NameDays(DaySerial sunday, DaySerial dayOnShow);
   void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows);
-  // Both add the lines of CurrentEstimate.
-  void AddWeekLines(std::size_t weekday);
-  void AddDayLines(const std::vector<std::string>& laborLines);
+  void AddWeekLines(std::size_t weekday, Estimate& estimate);
+  void AddDayLines(Estimate& estimate, const std::vector<std::string>& laborLines);
   void ShowDayHeader(std::size_t weekday);
-  std::string CustomerNameForLists();
+  const CustomerRecord* FindCustomerOf(const Estimate& estimate);  // null when unknown
   void RefreshCustomerIndex();
   bool IsShown(std::int16_t status) const;
 
@@ -165,6 +170,7 @@ class frmMain : public ui::Form {
   void DayListMouseUp(ui::MouseButton button);
   void DetailMouseUp(ui::MouseButton button);
   void PopupRefresh(ui::MouseButton button);
+  void PopupStatusOf(std::int32_t estimate);  // of a row of the lists, which becomes current
   void SelectDay(std::size_t weekday);
 
   // Status by hand (Status.cpp).
@@ -173,11 +179,9 @@ class frmMain : public ui::Form {
   void RefreshStatusText(const std::string& word);
   void RefreshDayListStatus(const std::string& word);
   void RefreshWeekListStatus(const std::string& word);
-  // The popup for the current estimate, and what follows from it. True when the week was loaded anew.
-  bool ChangeStatusByPopup(bool refreshLists);
   // The week of the current estimate, when the change moved it into or out of the day's hours. True when it did.
   bool LoadWeekIfCountChanged(std::int16_t oldStatus);
-  std::string CurrentStatusText();
+  std::string StatusText(Estimate& estimate);
 
   // Detail view (Detail.cpp).
   void ClearDetail();
@@ -189,12 +193,12 @@ class frmMain : public ui::Form {
   void RefreshTotals();
   void ShowNotesMark();
   void SaveComments();
-  void KeepTypedComments();
+  void KeepUnsavedComments();
 
   // Booking (NewEstimate.cpp).
   void NewEstimateClick();
   bool AskForPastDate();
-  bool HasEstimate(const std::string& title);  // says so when the detail view shows none
+  bool HasEstimateOnShow(const std::string& title);  // says so when there is none
   void AttachCustomer();
   void AttachVehicle();
   void SaveVehicle();
@@ -217,17 +221,14 @@ class frmMain : public ui::Form {
 
   bool loading_ = false;
   std::string startedDate_;
-  std::string currentDateText_;
-  DaySerial currentDate_ = 0;        // given to the last LoadWeek
-  DaySerial lastSelectedDate_ = 0;   // of the panel clicked last
+  DaySerial currentDate_ = 0;       // given to the last LoadWeek
+  DaySerial lastSelectedDate_ = 0;  // of the panel clicked last
   std::size_t selectedDayIndex_ = 0;
   DayCapacity capacity_;
-  std::array<Cents, kWeekdays> scheduledLabor_{};
 
   std::int32_t displayedEstimate_ = 0;
   std::string savedComment_;
   CustomerRecord estimateCustomer_;  // of the displayed estimate
-  VehicleRecord estimateVehicle_;
 };
 
 }  // namespace lantos

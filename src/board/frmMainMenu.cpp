@@ -41,6 +41,11 @@ constexpr const char* kShowStatusCaptions[kStatusCount] = {
     "&0 Scheduled", "&1 Arrived",   "&2 In Progress", "&3 Completed", "&4 Departed",
     "&5 Continued", "&6 Cancelled", "&7 Rescheduled", "&8 No-show",   "&9 Estimate Only"};
 
+void Use(ui::Form& form) {
+  form.ShowModal();
+  form.Unload();
+}
+
 }  // namespace
 
 void frmMain::BuildMenus() {
@@ -78,47 +83,42 @@ void frmMain::BuildMaintenanceMenu() {
   ui::MenuItem& refresh = maintenance.Add("mnuRefresh", "&Refresh");
   refresh.Add("mnuRefreshCustomer", "&Customers", [this] { RefreshCustomerIndex(); });
   refresh.Add("mnuRefreshTotals", "&Totals", [this] { RefreshTotals(); });
+  BuildSystemMenu(maintenance.Add("mnuMaintSystemInfo", "&System"));
+}
 
-  ui::MenuItem& system = maintenance.Add("mnuMaintSystemInfo", "&System");
+void frmMain::BuildSystemMenu(ui::MenuItem& system) {
   system.Add("mnuSystemCompanyInfo", "&Company Info").SetEnabled(false);
   system.Add("mnuDisclaimer", "&Estimate Disclaimer").SetEnabled(false);
   system.Add("mnuSystemParameters", "&Parameters").SetEnabled(false);
   system.Add("mnuPrintOptions", "Print &Options", [this] {
-    Environment& environment = shop_.environment;
-    ProfileFile profile = environment.Profile();
-    environment.printOptions = LoadPrintOptions(profile);
+    ProfileFile profile = shop_.environment.Profile();
+    shop_.environment.printOptions = LoadPrintOptions(profile);
     frmPrintOptions form(shop_);
-    form.ShowModal();
-    if (form.ok) SavePrintOptions(profile, environment.printOptions);
-    form.Unload();
+    Use(form);
+    if (form.ok) SavePrintOptions(profile, shop_.environment.printOptions);
   });
   system.Add("mnuSpecialDays", "Special &Days", [this] {
     if (!MayEnter(shop_, Section::System)) return;
     frmSpecialDays form(shop_, Data());
-    form.ShowModal();
-    form.Unload();
+    Use(form);
   });
   system.Add("mnuStandardHours", "Standard &Hours", [this] {
     if (!MayEnter(shop_, Section::System)) return;
     frmStdHours form(shop_, Data());
-    form.ShowModal();
-    form.Unload();
+    Use(form);
   });
   system.Add("mnuStatusOptions", "&Status Options", [this] {
     if (!MayEnter(shop_, Section::System)) return;
-    Environment& environment = shop_.environment;
-    ProfileFile profile = environment.Profile();
-    environment.statusOptions = LoadStatusOptions(profile);
+    ProfileFile profile = shop_.environment.Profile();
+    shop_.environment.statusOptions = LoadStatusOptions(profile);
     frmStatusOptions form(shop_);
-    form.ShowModal();
-    if (form.ok) SaveStatusOptions(profile, environment.statusOptions);
-    form.Unload();
+    Use(form);
+    if (form.ok) SaveStatusOptions(profile, shop_.environment.statusOptions);
   });
 }
 
 void frmMain::BuildStatusMenus() {
   ui::MenuItem& show = AddMenu("mnuShowStatus", "&Show Status");
-  statusPopup_ = nullptr;
   for (std::size_t i = 0; i < kStatusCount; ++i) {
     ui::MenuItem& item = show.Add("mnuShowStat", kShowStatusCaptions[i], nullptr, static_cast<int>(i));
     item.SetChecked(true);

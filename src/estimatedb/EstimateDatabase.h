@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string_view>
 
-#include "frame/NetworkMount.h"
 #include "estimatedb/de.h"
 #include "estimatedb/modEstimates.h"
 

@@ -45,10 +45,10 @@ class ScratchDirectory {
   std::filesystem::path path_;
 };
 
-// Runs what may do lasting things to a process (dropping rights, limits) in a child. The result is what the work
-// returns, 99 when it throws, or minus the signal that ended it.
+// Begins work in a child process and tells which. Only for a process without other threads: a child of one that has
+// them may wait for ever for a lock that another thread held.
 template <class Work>
-int InChild(Work work) {
+pid_t BeginInChild(Work work) {
   const pid_t child = ::fork();
   if (child == 0) {
     int code = 99;
@@ -58,9 +58,20 @@ int InChild(Work work) {
     }
     ::_exit(code);
   }
+  return child;
+}
+
+// What the child's work returned, 99 when it threw, or minus the signal that ended it.
+inline int ResultOf(pid_t child) {
   int status = 0;
   ::waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+// Runs what may do lasting things to a process (dropping rights, limits) in a child.
+template <class Work>
+int InChild(Work work) {
+  return ResultOf(BeginInChild(work));
 }
 
 // The same without the rights of the superuser, which tests may run as.

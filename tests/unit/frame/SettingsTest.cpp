@@ -2,7 +2,6 @@
 #include <sys/resource.h>
 
 #include <csignal>
-#include <future>
 #include <vector>
 
 #include "frame/LockedText.h"
@@ -112,8 +111,8 @@ TEST_F(Profiles, AShorterValueLeavesNothingOfTheLongerOneBehind) {
 TEST_F(Profiles, WorkstationsThatWriteAtOnceLoseNoneOfTheirEntries) {
   constexpr int kWriters = 4;
   constexpr int kEntries = 50;
-  const auto write = [&](int writer) {
-    return test::InChild([&] {
+  const auto begin = [&](int writer) {
+    return test::BeginInChild([&, writer] {
       ProfileFile own(directory.Path() / "Lantos.ini");
       const std::string section = "BENCH" + std::to_string(writer);
       for (int i = 0; i < kEntries; ++i) {
@@ -123,9 +122,9 @@ TEST_F(Profiles, WorkstationsThatWriteAtOnceLoseNoneOfTheirEntries) {
       return 0;
     });
   };
-  std::vector<std::future<int>> writers;
-  for (int writer = 0; writer < kWriters; ++writer) writers.push_back(std::async(std::launch::async, write, writer));
-  for (std::future<int>& writer : writers) EXPECT_EQ(writer.get(), 0);
+  std::vector<pid_t> writers;
+  for (int writer = 0; writer < kWriters; ++writer) writers.push_back(begin(writer));
+  for (const pid_t writer : writers) EXPECT_EQ(test::ResultOf(writer), 0);
   for (int writer = 0; writer < kWriters; ++writer) {
     for (int i = 0; i < kEntries; ++i) {
       EXPECT_EQ(profile.Get("BENCH" + std::to_string(writer), "Key" + std::to_string(i), ""), "value");
