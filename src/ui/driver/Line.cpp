@@ -49,6 +49,8 @@ constexpr Shape kDeeds[] = {{"click", kClick},   {"select", kSelect}, {"check", 
 
 bool IsSmallNumber(const json& value) {
   if (!value.is_number_integer()) return false;
+  // Read as signed, the greatest unsigned numbers would pass for small negative ones.
+  if (value.is_number_unsigned() && value.get<std::uint64_t>() > std::numeric_limits<int>::max()) return false;
   const auto number = value.get<std::int64_t>();
   return number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max();
 }

@@ -110,7 +110,8 @@ TEST_F(Answers, RefuseAMalformedLineAndGoOn) {
         R"j({"get":"form","to":"x"})j", R"j({"get":"screenshot"})j", R"j({"do":"wait","ms":1.5})j",
         R"j({"do":"wait","ms":-1})j", R"j({"do":"now","at":"yesterday"})j", R"j({"do":"print"})j",
         R"j({"do":"answer","button":"OK"})j", R"j({"do":"key","key":"F10+X"})j",
-        R"j({"do":"wait","ms":99999999999})j"}) {
+        R"j({"do":"wait","ms":99999999999})j",
+        R"j({"do":"select","control":"List1(3)","row":18446744073709551615})j"}) {
     EXPECT_NE(Refused(line), "") << line;
   }
   EXPECT_EQ(form.happened, "");
