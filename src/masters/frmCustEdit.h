@@ -44,6 +44,7 @@ class frmCustEdit : public EditForm {
 
  protected:
   void OnLoad() override;
+  void OnActivate() override { Lastname.SetFocus(); }  // what is above it is seldom touched
   void Save() override;
   void ShowFields() override;
   void OtherKey(ui::KeyPress& key) override;

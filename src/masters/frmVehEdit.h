@@ -30,6 +30,7 @@ class frmVehEdit : public EditForm {
 
  protected:
   void OnLoad() override;
+  void OnActivate() override { Make.SetFocus(); }  // what is above it is seldom touched
   void Save() override;
   void ShowFields() override;
   void OtherKey(ui::KeyPress& key) override;
