@@ -132,6 +132,7 @@ std::string FormPlace::ClickHeading(const Line& line, Control& control) {
   const auto& columns = grid->Columns();
   const auto found = std::find_if(columns.begin(), columns.end(), [&](const GridColumn& c) { return c.name == name; });
   if (found == columns.end()) throw Refusal(control.FullName() + " has no column '" + name + "'");
+  if (found->hidden) throw Refusal("the column '" + name + "' of " + control.FullName() + " is hidden");
   return hand_.ClickHeading(*grid, static_cast<int>(found - columns.begin()));
 }
 

@@ -117,6 +117,13 @@ TEST_F(Answers, RefuseAMalformedLineAndGoOn) {
   EXPECT_EQ(form.happened, "");
 }
 
+TEST_F(Answers, RefuseTheHeadingOfAHiddenColumn) {
+  form.grid.SetColumns({{"VIN", "Vehicle", false}, {"Year", "Yr", true, true}});
+  form.grid.OnHeadClick = [&](int) { form.happened += "heading "; };
+  EXPECT_NE(Refused(R"j({"do":"click","control":"DataGrid1","column":"Year"})j"), "");
+  EXPECT_EQ(form.happened, "");
+}
+
 TEST_F(Answers, TheEndOfInputEndsTheProcessAtOnce) {
   lines.str("");
   EXPECT_EXIT(form.ShowModal(), testing::ExitedWithCode(0), "");
