@@ -27,6 +27,9 @@ CustomerRecord UnknownCustomer() {
   return record;
 }
 
+// A rate below 1 means that nothing is taxed.
+double TaxOn(double sum, Millionths rate) { return rate < 1 ? 0 : rate * sum / kWholeRate; }
+
 struct ExtraSum {
   double price = 0;  // dollars
   double tax = 0;
@@ -40,7 +43,7 @@ ExtraSum SumExtras(Recordset& rows, Millionths rate) {
     const double price = rows.Long("Price") / 100.0;
     sum.any = true;
     sum.price += price;
-    if (rows.Text("Taxable") == "Yes") sum.tax += rate * price / kWholeRate;
+    if (rows.Text("Taxable") == "Yes") sum.tax += TaxOn(price, rate);
   }
   rows.Close();
   return sum;
@@ -150,8 +153,8 @@ void frmMain::RefreshTotals() {
   for (const ui::ListRow& row : listParts.Rows()) parts += TotalOfRow(row.text);
   double tax = 0;
   if (!exempt) {
-    tax += system.Get(sysrec::tax_rate_labor) * labor / kWholeRate;
-    tax += system.Get(sysrec::tax_rate_parts) * parts / kWholeRate;
+    tax += TaxOn(labor, system.Get(sysrec::tax_rate_labor));
+    tax += TaxOn(parts, system.Get(sysrec::tax_rate_parts));
   }
   const ExtraSum sublets = SumExtras(Data().SubletsForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_sublet));
   Mark(cmdEstimateSublets, sublets.any);

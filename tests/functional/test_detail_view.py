@@ -155,6 +155,14 @@ def test_totals_and_taxes(start, shop):
     assert totals(copy) == ["1.75", "113.75", "99.96", "150.00", "3.50", "6.14", "373.35"]
 
 
+def test_a_rate_below_one_is_no_tax(start, shop):
+    shop.system["tax_rate"] = (-82500, -60000, -50000, -40000)
+    shop.add_customer(7, "Adams", "Beth")
+    fill(shop, 900, 7)
+    shop.write()
+    assert totals(show(start(shop)))[-2:] == ["0.00", "367.21"]
+
+
 def test_negative_labor_takes_off_hours_and_no_money(start, shop):
     shop.system["tax_rate"] = RATES
     shop.add_estimate(900, TODAY)

@@ -1,0 +1,244 @@
+#include "board/BoardBench.h"
+
+// The lists, the hours, and what is chosen in them. The detail view and booking have files of their own.
+namespace lantos {
+namespace {
+
+using test::BoardBench;
+using test::DataOf;
+using test::Texts;
+using test::TextsOf;
+
+std::string MainLine(std::string_view number, std::string_view name, std::string_view phones, std::string_view hours) {
+  return fmt::format("{} {:<32} {:<40} {:<32} {:>7}", number, name, phones, "  ", hours);
+}
+std::string StatusLine(std::string_view date, std::string_view word) {
+  return fmt::format("       Created on 09/22/2003, Scheduled for {}, Status = {}", date, word);
+}
+
+TEST(LoadWeek, GivesEachEstimateTwoLinesInItsPanelAndItsHoursToTheDay) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddLabor(900, 1, 2800, 1);
+  bench.AddEstimate(901, bench.Today(), kScheduled, 99);
+  bench.AddLabor(901, 1, 900, 1);
+  bench.AddEstimate(902, bench.Today(), kCancelled);
+  bench.AddLabor(902, 1, 5000, 1);
+  const frmMain& board = bench.Start();
+  EXPECT_EQ(
+      TextsOf(board.List1[BoardBench::kTuesday]),
+      (Texts{"000900 Arrived", "  Adams,Beth", "000901 ", "  CUSTOMER,UNKNOWN", "000902 Cancelled", "  Adams,Beth"}));
+  EXPECT_EQ(DataOf(board.List1[BoardBench::kTuesday]), (std::vector<std::int32_t>{900, 900, 901, 901, 902, 902}));
+  EXPECT_EQ(bench.Hours(), (Texts{"Tue 9/30", "40.00", "37.00", "-3.00", "Good"}));
+  EXPECT_EQ(board.Frame1.BackColor(), kDayGood.color);
+  EXPECT_EQ(board.frameWeek[BoardBench::kTuesday].BackColor(), kDayGood.color);
+  EXPECT_EQ(board.frameDay.BackColor(), kDayGood.color);
+  EXPECT_EQ(board.frameWeek[0].BackColor(), kDayClosed.color);
+  EXPECT_EQ(board.frameWeek[0].Caption(), "Sun 9/28");
+}
+
+TEST(LoadWeek, GivesTheDayOnShowItsLines) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.database.lantosData.SetComments("  Waits  ", "900");
+  bench.AddLabor(900, 1, 150, 9750, "BRAKES\tFRONT");
+  bench.AddEstimate(901, bench.Today() + 1, kArrived);
+  frmMain& board = bench.Start();
+  const Texts lines = {MainLine("000900", "Adams,Beth", " H:555-0142", "1.50"), " ----> Waits",
+                       StatusLine("09/30/2003", "Arrived"), "       000012 1.50 65.00 97.50 BRAKES", " "};
+  EXPECT_EQ(TextsOf(board.List2), lines);
+  EXPECT_EQ(DataOf(board.List2), std::vector<std::int32_t>(5, 900));
+  test::Click(board.cmdDayView);
+  board.cbShowLabor.DoClick();
+  EXPECT_EQ(TextsOf(board.List2), Texts(lines.begin(), lines.begin() + 3));
+}
+
+TEST(LoadWeek, ReadsAPastScheduledEstimateAsANoShowInTheDayListAlone) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today() - 1, kScheduled);
+  bench.AddLabor(900, 1, 200, 1);
+  frmMain& board = bench.Start();
+  board.LoadWeek(bench.Today() - 1);
+  EXPECT_EQ(TextsOf(board.List1[1]).front(), "000900 ");
+  EXPECT_EQ(TextsOf(board.List2)[1], StatusLine("09/29/2003", "No-show"));
+  EXPECT_EQ(bench.Stored("Status", 900), "0");
+}
+
+TEST(LoadWeek, LeavesTheCurrentEstimateAloneAndClearsTheDetailView) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddEstimate(901, bench.Today(), kCompleted, 8);
+  frmMain& board = bench.Start();
+  bench.Choose(board.List1[BoardBench::kTuesday], 0);
+  EXPECT_EQ(board.lblCustName.Caption(), "Beth Adams");
+  board.LoadWeek(bench.Today() + 7);
+  EXPECT_EQ(bench.Current().EstimateNumber, 900);
+  EXPECT_EQ(bench.Current().Status, kArrived);
+  EXPECT_EQ(board.frameDetailView.Caption() + board.lblCustName.Caption() + board.txtTotalCost.Text(), "");
+}
+
+TEST(LoadWeek, WhenTheDatabaseCannotBeReadTheBoardStaysAsItIs) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddLabor(900, 1, 200, 1);
+  bench.AddEstimate(901, bench.Today() + 8, kArrived);
+  frmMain& board = bench.Start();
+  bench.Choose(board.List1[BoardBench::kTuesday], 0);
+  const Texts hours = bench.Hours();
+  const Texts lines = TextsOf(board.List2);
+  bench.desktop.failuresExpected = true;
+  for (const std::string_view table : {"StandardHours", "SpecialDays", "Estimates", "Labors"}) {
+    bench.Hide(table);
+    board.MonthView1.DoPick(bench.Today() + 7);
+    bench.Reveal(table);
+    EXPECT_EQ(board.frameWeek[BoardBench::kTuesday].Caption(), "Tue 9/30") << table;
+    EXPECT_EQ(board.frameDay.Caption(), "Tuesday, September 30, 2003") << table;
+    EXPECT_EQ(bench.Hours(), hours) << table;
+    EXPECT_EQ(TextsOf(board.List2), lines) << table;
+    EXPECT_EQ(board.lblCustName.Caption(), "Beth Adams") << table;
+  }
+  EXPECT_EQ(bench.desktop.failures.size(), 4U);
+  board.MonthView1.DoPick(bench.Today() + 7);
+  EXPECT_EQ(board.frameWeek[BoardBench::kTuesday].Caption(), "Tue 10/7");
+  EXPECT_TRUE(TextsOf(board.List2).empty());
+}
+
+TEST(LoadWeek, AStandardHoursTableWithoutItsRowEndsTheEventAlone) {
+  BoardBench bench;
+  frmMain& board = bench.Start();
+  bench.Do("delete from StandardHours");
+  bench.desktop.failuresExpected = true;
+  board.frameWeek[4].DoClick();
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_TRUE(board.IsLoaded());
+}
+
+// What is chosen.
+
+TEST(DayList, AClickOnAnyLineSelectsTheMainLineOfItsEstimate) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddEstimate(901, bench.Today(), kCompleted, 8);
+  bench.database.lantosData.SetComments("Waits", "901");
+  frmMain& board = bench.Start();
+  const int main = board.List2.FindData(901);
+  for (int row = board.List2.ListCount() - 1; row >= main; --row) {
+    bench.Choose(board.List2, 0);
+    EXPECT_EQ(bench.Current().EstimateNumber, 900);
+    bench.Choose(board.List2, row);
+    EXPECT_EQ(board.List2.ListIndex(), main);
+    EXPECT_EQ(board.frameDetailView.Caption(), "Est. # 000901  09/30/2003  Completed");
+  }
+}
+
+TEST(WeekList, AClickMakesItsDayTheOneOfTheCalendarWithNoReload) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today() + 2, kArrived);
+  frmMain& board = bench.Start();
+  bench.AddEstimate(901, bench.Today() + 2, kArrived);
+  bench.Choose(board.List1[4], 1);
+  EXPECT_EQ(board.MonthView1.Value(), bench.Today() + 2);
+  EXPECT_EQ(board.frameDay.Caption(), "Thursday, October 2, 2003");
+  EXPECT_EQ(board.frameDay.Tag(), std::to_string(bench.Today() + 2));
+  EXPECT_EQ(board.List1[4].ListCount(), 2);
+  EXPECT_EQ(bench.Hours()[0], "Tue 9/30");
+}
+
+// The status, by popup.
+
+struct Popup : BoardBench {
+  Popup() {
+    AddEstimate(900, Today(), kArrived);
+    AddLabor(900, 1, 200, 1);
+    Start();
+    week.DoSelect(0);
+    day.DoSelect(0);
+  }
+  ui::ListBox& week = board.List1[kTuesday];
+  ui::ListBox& day = board.List2;
+};
+
+TEST(StatusByPopup, PutsTheWordIntoBothListsAndTheCaptionWithoutAReload) {
+  Popup bench;
+  bench.AddEstimate(901, bench.Today(), kArrived);
+  bench.desktop.WillChoose("mnuPopupStatus(2)");
+  bench.RightClick(bench.week, 1);
+  EXPECT_EQ(bench.Stored("Status", 900), "2");
+  EXPECT_EQ(TextsOf(bench.week), (Texts{"000900 In Progress", "  Adams,Beth"})) << "901 shows at the next load";
+  EXPECT_EQ(TextsOf(bench.day)[1], StatusLine("09/30/2003", "In Progress"));
+  EXPECT_EQ(DataOf(bench.day), (std::vector<std::int32_t>{900, 0, 900, 900}));
+  EXPECT_EQ(bench.board.frameDetailView.Caption(), "Est. # 000900  09/30/2003  In Progress");
+  bench.desktop.WillChoose("mnuPopupStatus(3)");
+  bench.RightClick(bench.day, 1);
+  EXPECT_EQ(bench.Stored("Status", 900), "3") << "the line without a number leads to its main line";
+}
+
+TEST(StatusByPopup, PassesOverTheCommentLine) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.database.lantosData.SetComments("- first -", "900");
+  frmMain& board = bench.Start();
+  bench.desktop.WillChoose("mnuPopupStatus(2)");
+  bench.RightClick(board.List2, 0);
+  EXPECT_EQ(TextsOf(board.List2)[1], " ----> - first -");
+  EXPECT_EQ(TextsOf(board.List2)[2], StatusLine("09/30/2003", "In Progress"));
+}
+
+TEST(StatusByPopup, LoadsTheWeekWhenTheChangeMovesTheDaysHours) {
+  Popup bench;
+  bench.AddEstimate(901, bench.Today(), kArrived);
+  EXPECT_EQ(bench.Hours()[2], "2.00");
+  bench.Current().Status = kScheduled;  // an arrived one isn't offered Cancelled
+  bench.desktop.WillChoose("mnuPopupStatus(6)");
+  bench.board.frameDetailView.DoMouseUp(ui::MouseButton::Right);
+  EXPECT_EQ(bench.Hours()[2], "0.00");
+  EXPECT_EQ(TextsOf(bench.week), (Texts{"000900 Cancelled", "  Adams,Beth", "000901 Arrived", "  Adams,Beth"}));
+  EXPECT_EQ(bench.board.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Cancelled") << "shown again";
+  EXPECT_EQ(bench.board.lblCustName.Caption(), "Beth Adams");
+}
+
+TEST(StatusByPopup, DismissedWritesNothing) {
+  Popup bench;
+  bench.Do("update Estimates set Status = 4");
+  bench.desktop.WillChoose("");
+  bench.board.frameDetailView.DoMouseUp(ui::MouseButton::Right);
+  EXPECT_EQ(bench.Stored("Status", 900), "4");
+  EXPECT_EQ(TextsOf(bench.week).front(), "000900 Arrived");
+}
+
+TEST(StatusByForm, ChangesTheCurrentEstimateAndShowsTheHourglassMeanwhile) {
+  Popup bench;
+  bench.desktop.WillUse([&](ui::Form& form) {
+    EXPECT_EQ(bench.desktop.pointer, ui::Pointer::Hourglass);
+    dynamic_cast<ui::OptionButton&>(*form.Find("Option1(4)")).DoClick();
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  bench.board.cmdChangeStatus.DoClick();
+  EXPECT_EQ(bench.desktop.forms, Texts{"frmEstStatus"});
+  EXPECT_EQ(bench.desktop.pointer, ui::Pointer::Normal);
+  EXPECT_EQ(bench.Stored("Status", 900), "4");
+  EXPECT_EQ(TextsOf(bench.week).front(), "000900 Departed");
+}
+
+TEST(StatusByForm, SaysWhenNoEstimateIsSelected) {
+  BoardBench bench;
+  frmMain& board = bench.Start();
+  bench.desktop.WillAnswer(ui::Answer::Ok);
+  board.cmdChangeStatus.DoClick();
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "No estimate is selected.");
+}
+
+TEST(DayRollover, EndsTheProcessAtTheNextCommandOfANewDay) {
+  BoardBench bench;
+  frmMain& board = bench.Start();
+  bench.clock.MoveOn(std::int64_t{24} * 60 * 60 * 1000);
+  bench.desktop.WillAnswer(ui::Answer::Ok);
+  EXPECT_THROW(board.cmdWeekView.DoClick(), test::ProcessEnded);
+  EXPECT_EQ(bench.desktop.boxes.at(0).title, "Restart required.");
+  EXPECT_EQ(bench.desktop.boxes[0].text,
+            "NOTE: This application must be restarted each \r\nday in order to maintain data files integrity."
+            "\r\n\r\nStarted date: 09/30/2003\r\nCurrent date: 10/01/2003\r\n\r\nClick OK to exit the application.");
+}
+
+}  // namespace
+}  // namespace lantos

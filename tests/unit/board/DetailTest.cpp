@@ -1,0 +1,270 @@
+#include "board/BoardBench.h"
+#include "masters/frmCustSearch.h"
+#include "masters/frmVehList.h"
+
+// One estimate in full: totals, comments, another vehicle, and a new one.
+namespace lantos {
+namespace {
+
+using test::BoardBench;
+using test::Texts;
+using test::TextsOf;
+using ui::Answer;
+
+struct Detail : BoardBench {
+  // Shows an estimate of today in the detail view.
+  void Show(std::int32_t number) {
+    if (!board.IsLoaded()) Start();
+    test::Click(board.cmdWeekView);
+    Choose(board.List1[kTuesday], board.List1[kTuesday].FindData(number));
+    test::Click(board.cmdDetailView);
+  }
+  // Labor 97.50 + 16.25, parts 99.96, sublets 120.00 taxed and 30.00 not, waste 3.50 taxed.
+  void Fill(std::int32_t number, std::int32_t customer) {
+    AddEstimate(number, Today(), kArrived, customer);
+    AddLabor(number, 1, 150, 9750);
+    AddLabor(number, 2, 25, 1625);
+    AddLabor(number, 3, -50, -3250, "HOURS APPLIED ON 09/29/2003");
+    Do(
+        fmt::format("insert into Parts (EstimateNumber, PartNumber, PartDesc, Quantity, PartPrice, PartTotal) "
+                    "values ({}, 'BP', 'Pads', 4, 2499, 9996)",
+                    number));
+    database.lantosData.AddSublet(number, 1, {"Glass", "", 0, 12000, "", "", "", "", "Yes"});
+    database.lantosData.AddSublet(number, 2, {"Cover", "", 0, 3000, "", "", "", "", "No"});
+    database.lantosData.AddWaste(number, 1, {"Oil", "", 0, 350, "", "", "", "", "Yes"});
+  }
+  std::string StoredComments(std::int32_t number = 900) { return Stored("Comments", number); }
+};
+
+TEST(Totals, AreWorkedOutFromTheListsAndTheTwoTables) {
+  Detail bench;
+  bench.Fill(900, 7);
+  bench.Show(900);
+  // 6 % of 113.75 = 6.825, 8.25 % of 99.96 = 8.2467, 5 % of 120.00 = 6.00, 4 % of 3.50 = 0.14.
+  EXPECT_EQ(bench.Totals(), (Texts{"1.25", "113.75", "99.96", "150.00", "3.50", "21.21", "388.42"}));
+  EXPECT_TRUE(bench.board.cmdEstimateSublets.Bold() && bench.board.cmdEstimateWaste.Bold());
+  EXPECT_EQ(bench.board.cmdEstimateSublets.FontSize(), 10);
+  EXPECT_FALSE(bench.board.cmdEstimateNotes.Bold());
+  EXPECT_EQ(bench.board.cmdEstimateNotes.FontSize(), 8);
+}
+
+TEST(Totals, ATaxExemptCustomerStillPaysTaxOnSubletsAndWaste) {
+  Detail bench;
+  bench.Fill(900, 8);
+  bench.Show(900);
+  EXPECT_EQ(bench.Totals(), (Texts{"1.25", "113.75", "99.96", "150.00", "3.50", "6.14", "373.35"}));
+}
+
+TEST(Totals, ARateBelowOneMeansThatNothingIsTaxed) {
+  Detail bench;
+  bench.Fill(900, 7);
+  bench.Start();
+  SystemRecord& system = bench.records.system.SysRec;
+  for (const LongField rate :
+       {sysrec::tax_rate_parts, sysrec::tax_rate_labor, sysrec::tax_rate_sublet, sysrec::tax_rate_waste}) {
+    system.Put(rate, -60000);
+  }
+  bench.Show(900);
+  EXPECT_EQ(bench.Totals()[5], "0.00");
+}
+
+TEST(Totals, AnEstimateWithOnlyANegativeLaborLineShowsNegativeHoursAndNoMoney) {
+  Detail bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddLabor(900, 1, -250, -16250);
+  bench.Show(900);
+  EXPECT_EQ(bench.Totals(), (Texts{"-2.50", "0.00", "0.00", "0.00", "0.00", "0.00", "0.00"}));
+}
+
+TEST(DetailView, WithoutACurrentEstimateItsFieldsAreEmpty) {
+  Detail bench;
+  test::Click(bench.Start().cmdDetailView);
+  EXPECT_EQ(bench.board.frameDetailView.Caption(), "");
+  EXPECT_EQ(bench.Totals(), Texts(7, ""));
+  EXPECT_EQ(bench.board.lblVehYMM.Caption() + bench.board.lblCustCSZ.Caption(), "");
+}
+
+// Comments.
+
+struct Comments : Detail {
+  Comments() {
+    AddEstimate(900, Today(), kArrived);
+    database.lantosData.SetComments("Old", "900");
+    Show(900);
+    test::Type(board.txtComments, "  New  ");
+  }
+};
+
+TEST(Comments, AreWrittenTrimmedWhenTheFieldIsLeft) {
+  Comments bench;
+  EXPECT_EQ(bench.StoredComments(), "Old");
+  bench.board.MoveFocus(&bench.board.listLabor);
+  EXPECT_EQ(bench.StoredComments(), "New");
+  EXPECT_EQ(bench.Current().Comments, "New");
+}
+
+TEST(Comments, AreWrittenEachTimeChangedOrNot) {
+  Comments bench;
+  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.database.lantosData.SetComments("Theirs", "900");
+  bench.board.MoveFocus(&bench.board.txtComments);
+  bench.board.MoveFocus(&bench.board.listLabor);
+  EXPECT_EQ(bench.StoredComments(), "New");
+}
+
+TEST(Comments, TypedAndNotYetLeftOutliveAnythingThatFillsTheViewAnew) {
+  const std::function<void(frmMain&)> ways[] = {
+      [](frmMain& board) { board.LoadWeek(board.MonthView1.Value()); },
+      [](frmMain& board) { board.ShowEstimateDetail(); },
+      [](frmMain& board) { board.List2.DoSelect(0); },
+      [](frmMain& board) { board.DoClose(); },
+  };
+  for (const auto& way : ways) {
+    Comments bench;
+    way(bench.board);
+    EXPECT_EQ(bench.StoredComments(), "New");
+  }
+}
+
+TEST(Comments, RefusedByTheDatabaseStayInTheFieldAndAreWrittenLater) {
+  Comments bench;
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Estimates");
+  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.board.frameWeek[3].DoClick();
+  bench.Reveal("Estimates");
+  EXPECT_EQ(bench.desktop.failures.size(), 2U);
+  EXPECT_EQ(bench.board.txtComments.Text(), "  New  ");
+  EXPECT_EQ(bench.Current().Comments, "Old");
+  bench.board.frameWeek[3].DoClick();
+  EXPECT_EQ(bench.StoredComments(), "New");
+}
+
+TEST(Comments, ThatCannotBeWrittenDoNotKeepTheWindowOpen) {
+  Comments bench;
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Estimates");
+  bench.board.DoClose();
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_FALSE(bench.board.IsLoaded());
+  EXPECT_EQ(bench.Setting("ShowStatus"), "1111111111");
+}
+
+TEST(Comments, OfAnEstimateThatCouldBeShownOnlyInPartAreNotLost) {
+  Comments bench;
+  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.board.MoveFocus(&bench.board.txtComments);
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Parts");
+  bench.board.Run([&] { bench.board.ShowEstimateDetail(); });
+  bench.Reveal("Parts");
+  bench.board.MoveFocus(&bench.board.listLabor);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(bench.StoredComments(), "New");
+}
+
+// Booking.
+
+struct Booking : Detail {
+  void WillPickCustomer(std::int32_t number) {
+    desktop.WillUse([number](ui::Form& form) {
+      auto& search = dynamic_cast<frmCustSearch&>(form);
+      search.Number.DoType(std::to_string(number));
+      search.cmdSearch.DoClick();
+      search.CustList.DoSelect(0);
+      search.cmdSelect.DoClick();
+    });
+  }
+  void WillLeave() {
+    desktop.WillUse([](ui::Form& form) { form.PressKey(ui::ParseKey("Esc")); });
+  }
+  std::int32_t NextNumber() { return test::LongAt(directory.Content("TQSYSTEM.DAT"), 4); }
+};
+
+TEST(NewEstimate, TakesANumberAndIsListedAndShown) {
+  Booking bench;
+  frmMain& board = bench.Start();
+  bench.desktop.WillAnswer([](const ui::Box& box) {
+    EXPECT_EQ(box.text, "Is this an Estimate Only?\r\r(Will not be \"Scheduled\")");
+    EXPECT_EQ(box.title, "New Estimate");
+    EXPECT_EQ(box.buttons, ui::Buttons::YesNo);
+    EXPECT_EQ(box.icon, ui::Icon::Question);
+    return Answer::No;
+  });
+  bench.WillPickCustomer(7);
+  bench.desktop.WillUse([&](ui::Form& form) {
+    EXPECT_EQ(board.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
+    EXPECT_EQ(board.lblCustName.Caption(), "Beth Adams");
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.forms, (Texts{"frmCustSearch", "frmVehList"}));
+  EXPECT_EQ(bench.NextNumber(), 1002);
+  EXPECT_EQ(bench.Stored("CustomerNumber", 1001), "7");
+  EXPECT_EQ(bench.Stored("VehicleLink", 1001), "0");
+  EXPECT_EQ(TextsOf(board.List1[BoardBench::kTuesday]), (Texts{"001001 ", "  Adams,Beth"}));
+  EXPECT_EQ(TextsOf(board.List2)[1], "       Created on 09/30/2003, Scheduled for 09/30/2003, Status = Scheduled");
+  EXPECT_TRUE(board.frameDetailView.Visible());
+  EXPECT_EQ(board.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
+}
+
+TEST(NewEstimate, ACancelledCustomerSearchSpendsNoNumberAndShowsTheOldOneAgain) {
+  Booking bench;
+  bench.Fill(900, 7);
+  bench.Show(900);
+  const Texts totals = bench.Totals();
+  bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
+  bench.WillLeave();
+  test::Click(bench.board.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.boxes.at(1).text, "New Estimate cancelled.\r\rPrevious estimate redisplayed.");
+  EXPECT_EQ(bench.desktop.boxes[1].title, "New Estimate - Cancelled");
+  EXPECT_EQ(bench.desktop.boxes[1].icon, ui::Icon::Information);
+  EXPECT_EQ(bench.NextNumber(), 1001);
+  EXPECT_EQ(bench.board.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Arrived");
+  EXPECT_EQ(bench.Totals(), totals);
+}
+
+TEST(NewEstimate, OnAPastDayNoCreatesNothingAndSpendsNoNumber) {
+  Booking bench;
+  frmMain& board = bench.Start();
+  board.frameWeek[1].DoClick();
+  bench.desktop.WillAnswer(Answer::No);
+  test::Click(board.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.boxes.at(0).text,
+            "Warning.\r\rThe scheduled date is in the past.\r\rAre you sure you wish to schedule\r\r"
+            "a new estimate for 09/29/2003 ?");
+  EXPECT_EQ(bench.desktop.boxes[0].icon, ui::Icon::Question);
+  EXPECT_EQ(bench.NextNumber(), 1001);
+  EXPECT_FALSE(board.frameDetailView.Visible());
+}
+
+TEST(NewEstimate, WhoseCustomerCannotBeWrittenHoldsNothingOfTheOneBefore) {
+  Booking bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.Do("update Estimates set VehMake = 'Ford', Comments = 'Of the first'");
+  bench.Show(900);
+  bench.Do("create trigger Refuse before update of CustomerNumber on Estimates begin select raise(abort, 'no'); end");
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillPickCustomer(8);
+  test::Click(bench.board.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  test::Click(bench.board.cmdDetailView);
+  EXPECT_EQ(bench.board.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
+  EXPECT_EQ(bench.board.lblVehYMM.Caption(), "  ");
+  EXPECT_EQ(bench.board.txtComments.Text(), "");
+}
+
+TEST(AnotherVehicle, OfAnUnknownCustomerIsNotAskedFor) {
+  Booking bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddEstimate(901, bench.Today(), kArrived, 99);
+  bench.Show(901);
+  bench.desktop.WillAnswer(Answer::Ok);
+  test::Click(bench.board.cmdVehicleEdit);
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "The customer of this estimate isn't on file. Choose a customer first.");
+  EXPECT_TRUE(bench.desktop.forms.empty()) << "nobody else's vehicles are shown";
+}
+
+}  // namespace
+}  // namespace lantos
