@@ -1,5 +1,6 @@
-#include "board/DetailLines.h"
 #include "board/frmMain.h"
+#include "contents/DetailLines.h"
+#include "contents/EstimateCommands.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -82,10 +83,11 @@ void frmMain::ShowEstimateDetail() {
   estimateCustomer_ = known ? shop_.records.customers.CurrentCustomer : UnknownCustomer();
   ShowCustomer();
   ShowVehicle();
-  LoadPartList();
-  LoadLaborList();
+  contents_.parts.LoadPartList();
+  contents_.labor.LoadLaborList();
   if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
   RefreshTotals();
+  LoadEstimateChecklist(contents_.bench);
   ShowNotesMark();
 }
 
@@ -118,24 +120,6 @@ void frmMain::ShowVehicle() {
   lblVehMileage.SetCaption(estimate.VehMileage);
   const std::string engine = Trim(estimate.VehEng);
   lblEngTrans.SetCaption(engine + (engine.empty() ? "" : " ") + Trim(estimate.VehTrans));
-}
-
-void frmMain::LoadPartList() {
-  Recordset& parts = Data().PartsTable(std::to_string(displayedEstimate_));
-  for (; !parts.Eof(); parts.MoveNext()) listParts.AddItem(PartRow(parts), parts.Long("PartCost"));
-  parts.Close();
-}
-
-void frmMain::LoadLaborList() {
-  Recordset& labor = Data().LaborForEstimate(displayedEstimate_);
-  for (; !labor.Eof(); labor.MoveNext()) {
-    std::int32_t number = labor.Long("LaborNumber");
-    for (std::string& row : LaborRows(labor)) {
-      listLabor.AddItem(std::move(row), number);
-      number = 0;  // only the number row carries it
-    }
-  }
-  labor.Close();
 }
 
 void frmMain::RefreshTotals() {

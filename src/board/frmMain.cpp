@@ -18,12 +18,14 @@ std::string Stored(ui::Twips value) { return fmt::format("{}", value); }
 
 }  // namespace
 
-frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters, StartAndStop startAndStop)
+frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters, frmInvList& inventoryList,
+                 Workorder& workorder, StartAndStop startAndStop)
     : Form(shop.desktop, "frmMain", "Lantos"),
       shop_(shop),
       database_(database),
       masters_(masters),
-      startAndStop_(std::move(startAndStop)) {
+      startAndStop_(std::move(startAndStop)),
+      contents_(Workbench{shop, database, inventoryList, workorder, *this}) {
   SetSize(kDefaultSize, kDefaultSize);
   SetResizable(true);
   ArrangePanels();
@@ -32,6 +34,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
   WireViews();
   WireRightButton();
   WireDetail();
+  WireLines();
   BuildMenus();
   DisableWhatIsNotBuilt();
 }
@@ -68,6 +71,7 @@ void frmMain::ArrangeDetail() {
   txtComments.SetMaxLength(255);
   frameLabor.Holds(listLabor, cmdLaborAdd, cmdLaborAddCanned, cmdLaborChange, cmdLaborRemove, cmdLaborFollowup);
   frameParts.Holds(listParts, cmdPartAdd, cmdPartAddNonStock, cmdPartChange, cmdPartRemove);
+  listParts.SetMultiSelect(true);
   listLabor.SetFace(ui::FontFace::FixedPitch);
   listParts.SetFace(ui::FontFace::FixedPitch);
   frameTotals.Holds(txtTotalHours, txtTotalLabor, txtTotalParts, txtTotalSublet, txtTotalWaste, txtTotalTax,
@@ -153,9 +157,7 @@ void frmMain::WireDetail() {
 void frmMain::DisableWhatIsNotBuilt() {
   for (ui::Button* button :
        {&cmdPrintEstimate, &cmdPrintWorksheet, &cmdConvert, &cmdReschedule, &cmdFind, &cmdWOHistory, &cmdTechHours,
-        &cmdEstimateNotes, &cmdEstimateSublets, &cmdEstimateWaste, &cmdEstimateChecklist, &cmdPrintDay, &cmdLaborAdd,
-        &cmdLaborAddCanned, &cmdLaborChange, &cmdLaborRemove, &cmdLaborFollowup, &cmdPartAdd, &cmdPartAddNonStock,
-        &cmdPartChange, &cmdPartRemove}) {
+        &cmdPrintDay}) {
     button->SetEnabled(false);
   }
 }

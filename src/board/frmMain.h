@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "board/DayCapacity.h"
+#include "contents/Contents.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "masters/MasterScreens.h"
 #include "records/Shop.h"
@@ -21,9 +22,10 @@ struct StartAndStop {
 
 // The schedule board: calendar, commands and hours summary beside three stacked views of the same estimates. Filled
 // by LoadWeek alone, from the database; nothing on it is a cache.
-class frmMain : public ui::Form {
+class frmMain : public ui::Form, private EstimateOnShow {
  public:
-  frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters, StartAndStop startAndStop);
+  frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters, frmInvList& inventoryList,
+          Workorder& workorder, StartAndStop startAndStop);
 
   ui::MonthView MonthView1{*this, "MonthView1"};
   ui::Frame Frame1{*this, "Frame1", "Hours"};
@@ -188,12 +190,19 @@ class frmMain : public ui::Form {
   void RefreshDetailCaption(const std::string& text);
   void ShowCustomer();
   void ShowVehicle();
-  void LoadPartList();
-  void LoadLaborList();
-  void RefreshTotals();
+  void RefreshTotals() override;
   void ShowNotesMark();
   void SaveComments();
   void KeepUnsavedComments();
+
+  // What the estimate holds (Lines.cpp).
+  void WireLines();
+  std::int32_t DisplayedEstimate() const override { return displayedEstimate_; }
+  const CustomerRecord& Customer() const override { return estimateCustomer_; }
+  ui::ListBox& LaborList() override { return listLabor; }
+  ui::ListBox& PartList() override { return listParts; }
+  void AddScheduledHours(Hundredths hours) override;
+  void RefreshDay() override { ShowDayHeader(selectedDayIndex_); }
 
   // Booking (NewEstimate.cpp).
   void NewEstimateClick();
@@ -213,6 +222,7 @@ class frmMain : public ui::Form {
   EstimateDatabase& database_;
   MasterScreens& masters_;
   StartAndStop startAndStop_;
+  Contents contents_;
 
   ui::MenuItem* popupMenu_ = nullptr;
   ui::MenuItem* statusPopup_ = nullptr;

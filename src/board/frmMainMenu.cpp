@@ -35,7 +35,8 @@ constexpr CommandEntry kCommands[] = {
     {"mnuEstimateChecklist", "Estimate Check&list", &frmMain::cmdEstimateChecklist},
 };
 // Those whose button does something yet; an entry is never livelier than its button.
-constexpr const char* kBuiltCommands[] = {"mnuNewEstimate", "mnuChangeStatus"};
+constexpr const char* kBuiltCommands[] = {"mnuNewEstimate",     "mnuChangeStatus",  "mnuEstimateNotes",
+                                          "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"};
 
 constexpr const char* kShowStatusCaptions[kStatusCount] = {
     "&0 Scheduled", "&1 Arrived",   "&2 In Progress", "&3 Completed", "&4 Departed",

@@ -14,6 +14,8 @@ Value BlankIfEmpty(const std::string& value) { return value.empty() ? std::strin
 constexpr std::string_view kEstimates = "Estimates";
 constexpr std::string_view kStandardHours = "StandardHours";
 constexpr std::string_view kSpecialDays = "SpecialDays";
+constexpr std::string_view kChecklist = "Checklist";
+constexpr std::string_view kParts = "Parts";
 
 std::vector<Value> LineValues(std::int32_t estimate, std::int32_t number, const de::Extra& line) {
   return {Long(estimate),   Long(number),     Text(line.VendorName), Text(line.VendorInvoice),
@@ -149,6 +151,26 @@ Recordset& de::ChecklistForEstimate(std::int32_t estimate) { return Run("Checkli
 void de::DeleteChecklist(std::int32_t estimate) { Run("DeleteChecklist", {Long(estimate)}); }
 
 Recordset& de::ChecklistTable() { return Run("ChecklistTable", {}); }
+
+void de::AddPartRow(std::int32_t estimate, const Part& part) {
+  Connection().Insert(kParts,
+                      {"EstimateNumber", "PartNumber", "PartDesc", "Quantity", "PartPrice", "PartTotal", "PartCost",
+                       "PartList"},
+                      {Long(estimate), Text(part.PartNumber), Text(part.PartDesc), Long(part.Quantity),
+                       Long(part.PartPrice), Long(part.PartTotal), Long(part.PartCost), Long(part.PartList)});
+}
+
+void de::UpdatePartRow(std::int32_t estimate, std::string_view storedNumber, const Part& part) {
+  Connection().Run(
+      "update Parts set PartDesc = ?, Quantity = ?, PartPrice = ?, PartTotal = ?, PartCost = ?, PartList = ? "
+      "where EstimateNumber = ? and PartNumber = ?",
+      {Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice), Long(part.PartTotal), Long(part.PartCost),
+       Long(part.PartList), Long(estimate), Text(storedNumber)});
+}
+
+void de::AddChecklistRow(std::int32_t estimate, std::string_view data) {
+  Connection().Insert(kChecklist, {"EstimateNumber", "ChecklistData"}, {Long(estimate), Text(data)});
+}
 
 void de::AddEstimateRow(std::int32_t estimate, DaySerial date, std::int32_t status) {
   Connection().Insert(kEstimates, {"EstimateNumber", "SchedDate", "Status"}, {Long(estimate), Day(date), Long(status)});

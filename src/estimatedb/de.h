@@ -68,6 +68,12 @@ class de : public DataEnvironment {
   Recordset& EstimatesTable(DaySerial date);
   Recordset& PartsTable(std::string_view estimate);
   void DeletePart(std::int32_t estimate, std::string_view part);
+  // A row of Parts; amounts are of one unit, the total of all.
+  struct Part {
+    std::string PartNumber, PartDesc;
+    std::int32_t Quantity = 0;
+    Cents PartPrice = 0, PartTotal = 0, PartCost = 0, PartList = 0;
+  };
   Recordset& SpecialDaysByDate(DaySerial date);
   Recordset& SpecialDaysTable(std::string_view from);  // "mm/dd/yyyy"
   void SetStatus(std::int32_t status, std::int32_t estimate);
@@ -107,7 +113,11 @@ class de : public DataEnvironment {
   void DeleteChecklist(std::int32_t estimate);
   Recordset& ChecklistTable();
 
-  // The recordset's editing: a new row of EstimatesTable, the one row of GetStdHours, a row of SpecialDaysByDate.
+  // The recordset's editing: a new row of ChecklistTable or EstimatesTable, the one row of GetStdHours, a row of
+  // PartsTable or SpecialDaysByDate.
+  void AddPartRow(std::int32_t estimate, const Part& part);
+  void UpdatePartRow(std::int32_t estimate, std::string_view storedNumber, const Part& part);
+  void AddChecklistRow(std::int32_t estimate, std::string_view data);
   void AddEstimateRow(std::int32_t estimate, DaySerial date, std::int32_t status);
   void UpdateStdHours(const std::array<std::int32_t, 7>& sundayToSaturday, std::int32_t fudgeFactor);
   void SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view description);  // updates or adds

@@ -1,8 +1,15 @@
 #pragma once
 
+#include "records/CannedLabor.h"
+#include "records/CheckList.h"
 #include "records/Customers.h"
+#include "records/Followups.h"
+#include "records/Inventory.h"
+#include "records/InventoryKits.h"
 #include "records/MakesModels.h"
+#include "records/NameList.h"
 #include "records/Passwords.h"
+#include "records/PurchaseOrders.h"
 #include "records/Vehicles.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
@@ -17,7 +24,15 @@ struct Records {
         customers(environment, desktop, system, vehicles),
         makes(environment),
         employees(environment),
-        passwords(environment) {}
+        passwords(environment),
+        inventory(environment, desktop, system),
+        kits(environment, desktop),
+        departments(environment, kDepartmentFile),
+        manufacturers(environment, kManufacturerFile),
+        orders(environment, desktop),
+        followups(environment),
+        laborKits(environment),
+        checkList(environment) {}
 
   modSystem system;
   Vehicles vehicles;
@@ -25,6 +40,14 @@ struct Records {
   MakesModels makes;
   modEmployees employees;
   Passwords passwords;
+  Inventory inventory;
+  InventoryKits kits;
+  NameList departments;
+  NameList manufacturers;
+  PurchaseOrders orders;
+  Followups followups;
+  LaborKits laborKits;
+  CheckListTable checkList;
 };
 
 }  // namespace lantos

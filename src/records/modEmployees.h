@@ -26,6 +26,9 @@ inline constexpr ByteField NumExemptions{MaritalStatus.End()};
 inline constexpr ByteField FICAExempt{NumExemptions.End()};
 inline constexpr OpaqueField payroll{FICAExempt.End(), 54};
 static_assert(payroll.End() == 199);
+// Within it.
+inline constexpr LongField Commission{payroll.offset + 11};  // Millionths
+static_assert(Commission.offset == 156);
 }  // namespace employee
 using EmployeeRecord = Record<employee::payroll.End()>;
 

@@ -37,7 +37,7 @@ inline constexpr LongField markups[4] = {  // Cost, Wholesale, Resale, Retail; M
 inline constexpr TextField hand_msg1{markups[3].End(), 79};
 inline constexpr TextField hand_msg2{hand_msg1.End(), 79};
 inline constexpr OpaqueField korvel3{hand_msg2.End(), 112 + 1 + 4 + 5 + 158 + 8};
-inline constexpr LongField labor_surcharge_percent{korvel3.End()};  // negative: a flat sum in Cents, negated
+inline constexpr LongField labor_surcharge_percent{korvel3.End()};  // negative: a flat sum in hundredths of a cent
 inline constexpr LongField parts_surcharge_percent{labor_surcharge_percent.End()};
 inline constexpr TextField surcharge_description{parts_surcharge_percent.End(), 79};
 inline constexpr TextField fleet_terms{surcharge_description.End(), 79};

@@ -20,7 +20,9 @@ PartShelf::PartShelf(const SampleShop& shop) {
   for (std::size_t i = 0; i < shop.parts.size(); ++i) {
     const std::string_view number = shop.partTags[i].View(inventorytag::StockNumber);
     if (number.empty() || number.ends_with("/C")) continue;
-    Place(i, *kinds.at(number.substr(0, number.find('-'))), shop.partTags[i].View(inventorytag::Description));
+    const auto kind = kinds.find(number.substr(0, number.find('-')));
+    if (kind == kinds.end()) continue;  // a kit
+    Place(i, *kind->second, shop.partTags[i].View(inventorytag::Description));
   }
 }
 

@@ -14,15 +14,6 @@ constexpr std::int64_t kWhole = 1000000;  // Millionths
 constexpr std::string_view kShelfRows = "ABCDEF";
 constexpr std::size_t kNoPart = static_cast<std::size_t>(-1);
 
-void SetPrices(InventoryRecord& part, Cents cost, const SystemRecord& system) {
-  for (std::size_t level = 0; level < 4; ++level) {
-    const std::int32_t markup = system.Get(sysrec::markups[level]);
-    part.Put(inventory::MarkupPercent[level], markup);
-    part.Put(inventory::Pricing[level],
-             cost + static_cast<Cents>(DivideHalfEven(static_cast<std::int64_t>(cost) * markup, kWhole)));
-  }
-}
-
 void SetStock(Random& random, InventoryRecord& part) {
   const bool stocked = random.Chance(75);
   const std::int16_t reorder = static_cast<std::int16_t>(stocked ? random.Between(1, 6) : 0);
@@ -98,9 +89,23 @@ void CrossReference(Random& random, InventoryRecord& one, InventoryRecord& other
 
 }  // namespace
 
+void SetPrices(InventoryRecord& part, Cents cost, const SystemRecord& system) {
+  for (std::size_t level = 0; level < 4; ++level) {
+    const std::int32_t markup = system.Get(sysrec::markups[level]);
+    part.Put(inventory::MarkupPercent[level], markup);
+    part.Put(inventory::Pricing[level],
+             cost + static_cast<Cents>(DivideHalfEven(static_cast<std::int64_t>(cost) * markup, kWhole)));
+  }
+}
+
+void AddPart(SampleShop& shop, const InventoryRecord& part) {
+  shop.partTags.push_back(TagOf(part, static_cast<FileLink>(shop.parts.size() * InventoryRecord::kLength)));
+  shop.parts.push_back(part);
+}
+
 void ImagineParts(SampleShop& shop, const SampleOptions& options) {
   Random random(options.seed, kPartStream);
-  const auto count = static_cast<std::size_t>(options.parts);
+  const auto count = static_cast<std::size_t>(options.parts - KitCount(options));
   shop.parts.reserve(count);
   std::array<std::size_t, kPartKindCount> lastOfKind;
   lastOfKind.fill(kNoPart);

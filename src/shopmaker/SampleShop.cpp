@@ -7,6 +7,7 @@
 
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
+#include "records/CheckList.h"
 #include "records/Passwords.h"
 #include "shopmaker/SampleSteps.h"
 
@@ -49,13 +50,38 @@ std::string NameLine(const Names& names) {
 }
 
 std::vector<std::string_view> Departments() {
-  std::vector<std::string_view> departments = {"CORES"};
+  std::vector<std::string_view> departments = {"CORES", "KITS"};
   for (const sample::PartKindEntry& kind : sample::kPartKinds) {
     if (std::find(departments.begin(), departments.end(), kind.department) == departments.end()) {
       departments.push_back(kind.department);
     }
   }
   return departments;
+}
+
+std::string CannedLaborText(const std::vector<CannedLabor>& entries) {
+  std::string text;
+  for (const CannedLabor& entry : entries) text += CannedLaborLine(entry) + "\r\n";
+  return text;
+}
+
+std::string CannedNoteText(const std::vector<CannedNote>& notes) {
+  std::string text;
+  for (const CannedNote& note : notes) text += CannedNoteLine(note) + "\r\n";
+  return text;
+}
+
+void AddListFiles(ShopDirectory& directory, const SampleShop& shop) {
+  directory.AddFile(kDepartmentFile, NameLine(Departments()));
+  directory.AddFile(kManufacturerFile, NameLine(sample::kManufacturers));
+  AddRecords(directory, kKitFile, shop.kits);
+  directory.AddFile(kCannedLaborFile, CannedLaborText(shop.cannedLabor));
+  AddRecords(directory, kLaborKitFile, shop.laborKits);
+  directory.AddFile(kCannedNoteFile, CannedNoteText(shop.cannedNotes));
+  directory.AddFile(kCheckListFile, shop.checklist);
+  AddRecords(directory, kOpenOrdersFile, shop.orders);
+  for (const auto& [name, text] : shop.orderTexts) directory.AddFile(name, text);
+  AddRecords(directory, kFollowupFile, shop.followups);
 }
 
 void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop) {
@@ -67,8 +93,7 @@ void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop) {
   AddRecords(directory, kEmployeeFile, shop.employees);
   AddRecords(directory, kInventoryTagFile, shop.partTags);
   AddRecords(directory, kInventoryFile, shop.parts);
-  directory.AddFile(kDepartmentFile, NameLine(Departments()));
-  directory.AddFile(kManufacturerFile, NameLine(sample::kManufacturers));
+  AddListFiles(directory, shop);
 }
 
 void CheckRange(std::string_view what, std::int64_t value, std::int64_t most) {
@@ -105,8 +130,10 @@ SampleShop ImagineShop(const SampleOptions& options) {
   sample::ImagineVehicles(shop, options);
   sample::ImagineMakes(shop);
   sample::ImagineParts(shop, options);
+  sample::ImagineKits(shop, options);
   sample::ImagineEstimates(shop, options);
   sample::ImagineWork(shop, options);
+  sample::ImagineLists(shop, options);
   return shop;
 }
 
@@ -117,8 +144,10 @@ void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& opti
 void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock) {
   ShopDirectory directory(path);
   AddFlatFiles(directory, shop);
-  AddEmptyFiles(directory, {kSystemFile, kCustomerTagFile, kCustomerFile, kVehicleFile, kMakeModelFile, kEmployeeFile,
-                            kInventoryTagFile, kInventoryFile, kDepartmentFile, kManufacturerFile});
+  AddEmptyFiles(directory,
+                {kSystemFile, kCustomerTagFile, kCustomerFile, kVehicleFile, kMakeModelFile, kEmployeeFile,
+                 kInventoryTagFile, kInventoryFile, kDepartmentFile, kManufacturerFile, kKitFile, kCannedLaborFile,
+                 kLaborKitFile, kCannedNoteFile, kCheckListFile, kOpenOrdersFile, kFollowupFile});
   AddDatabases(directory, clock);
   de database;
   ConnectTo(database, directory, clock);

@@ -4,14 +4,19 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "estimatedb/de.h"
 #include "frame/Clock.h"
 #include "frame/Types.h"
+#include "records/CannedLabor.h"
 #include "records/Customers.h"
+#include "records/Followups.h"
+#include "records/InventoryKits.h"
 #include "records/InventoryLayout.h"
 #include "records/MakesModels.h"
+#include "records/PurchaseOrders.h"
 #include "records/Vehicles.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
@@ -71,6 +76,14 @@ struct SampleShop {
   std::vector<std::int32_t> technicians;  // employee numbers
   std::vector<InventoryRecord> parts;
   std::vector<InventoryTag> partTags;
+  std::vector<InventoryKitRecord> kits;
+  std::vector<CannedLabor> cannedLabor;
+  std::vector<LaborKitRec> laborKits;
+  std::vector<CannedNote> cannedNotes;
+  std::string checklist;
+  std::vector<PoTag> orders;
+  std::vector<std::pair<std::string, std::string>> orderTexts;  // file name and text
+  std::vector<FollowupRecord> followups;
   std::vector<SampleEstimate> estimates;
   std::array<std::int32_t, 7> standardHours{};  // Sunday to Saturday
   std::vector<SampleSpecialDay> specialDays;

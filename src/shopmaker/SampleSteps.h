@@ -11,11 +11,20 @@ void ImagineCustomers(SampleShop& shop, const SampleOptions& options);
 void ImagineVehicles(SampleShop& shop, const SampleOptions& options);
 void ImagineMakes(SampleShop& shop);
 void ImagineParts(SampleShop& shop, const SampleOptions& options);
+// The kits, which are parts themselves, from the parts there are; they count among options.parts.
+void ImagineKits(SampleShop& shop, const SampleOptions& options);
+std::int32_t KitCount(const SampleOptions& options);
+void ImagineLists(SampleShop& shop, const SampleOptions& options);
 void ImagineSchedule(SampleShop& shop, const SampleOptions& options);
 void ImagineEstimates(SampleShop& shop, const SampleOptions& options);
 
 // Mechanic hours of a day: the special day's, or the weekday's.
 std::int32_t AvailableOn(const SampleShop& shop, DaySerial day);
+
+// Prices at all levels by the markups of the shop.
+void SetPrices(InventoryRecord& part, Cents cost, const SystemRecord& system);
+// A part at the end of the file, with its tag.
+void AddPart(SampleShop& shop, const InventoryRecord& part);
 
 // What stands on the estimates of the shop; the days and statuses are there already.
 void ImagineWork(SampleShop& shop, const SampleOptions& options);
@@ -27,7 +36,8 @@ enum Stream : std::uint64_t {
   kVehicleStream,
   kPartStream,
   kScheduleStream,
-  kWorkStream
+  kWorkStream,
+  kListStream
 };
 
 // The rows of Lantos.mdb.

@@ -10,9 +10,7 @@ Control::Control(Form& form, std::string name, int index) : form_(form), name_(s
 
 Control::~Control() { form_.Forget(*this); }
 
-std::string Control::FullName() const {
-  return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
-}
+std::string Control::FullName() const { return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")"; }
 
 void Control::SetContainer(Frame& frame) { container_ = &frame; }
 
@@ -32,9 +30,7 @@ void Control::SetEnabled(bool enabled) {
 
 bool Control::IsShown() const { return visible_ && (container_ == nullptr || container_->IsShown()); }
 
-bool Control::IsUsable() const {
-  return visible_ && enabled_ && (container_ == nullptr || container_->IsUsable());
-}
+bool Control::IsUsable() const { return visible_ && enabled_ && (container_ == nullptr || container_->IsUsable()); }
 
 void Control::SetToolTip(std::string text) {
   toolTip_ = std::move(text);

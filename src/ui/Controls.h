@@ -133,8 +133,8 @@ class RowControl : public Control {
   void InsertItem(int row, std::string text, std::int32_t data = 0);
   void RemoveItem(int row);  // a removed current row leaves none current
   void Clear();
-  int FindText(std::string_view text) const;    // the first row that equals it, or -1
-  int FindData(std::int32_t data) const;        // the first row with this item data, or -1
+  int FindText(std::string_view text) const;  // the first row that equals it, or -1
+  int FindData(std::int32_t data) const;      // the first row with this item data, or -1
 
   virtual void DoSelect(int row);  // the person picks a row; fires the click
 
@@ -160,6 +160,7 @@ class ListBox : public RowControl {
   void SetChecked(int row, bool checked);
   bool Checked(int row) const { return rows_.at(static_cast<std::size_t>(row)).checked; }
   bool Selected(int row) const;
+  void SelectRow(int row);  // this row alone, in a multi-select list too; fires the click
   int HorizontalExtent() const { return horizontalExtent_; }  // pixels; 0 is the list's own width
   void SetHorizontalExtent(int pixels);
   // The greatest of measure(text) over all rows. Rows that were only added since the last call are measured alone, so
@@ -169,7 +170,7 @@ class ListBox : public RowControl {
   std::function<void(int row)> OnItemCheck;
 
   void DoSelectRows(const std::vector<int>& rows);  // of a multi-select list
-  void DoCheck(int row, bool checked);
+  void DoCheck(int row, bool checked);              // the row becomes current, too
 
  private:
   int horizontalExtent_ = 0;
@@ -213,7 +214,8 @@ struct GridRow {
   std::int32_t data = 0;
 };
 
-// Rows and columns of text with a heading; one current row. Serves as grid and as list view.
+// Rows and columns of text with a heading; one current row. Serves as grid and as list view. The rows are held, or
+// made when somebody looks at them.
 class Grid : public Control {
  public:
   using Control::Control;
@@ -221,11 +223,15 @@ class Grid : public Control {
   bool TakesFocus() const override { return true; }
   const std::vector<GridColumn>& Columns() const { return columns_; }
   void SetColumns(std::vector<GridColumn> columns);
-  const std::vector<GridRow>& Rows() const { return rows_; }
-  void SetRows(std::vector<GridRow> rows);  // the current row becomes none
-  int RowCount() const { return static_cast<int>(rows_.size()); }
+  const std::vector<GridRow>& Rows() const { return rows_; }  // those that are held
+  void SetRows(std::vector<GridRow> rows);                    // the current row becomes none
+  // As many rows as there are in a long list; each is made afresh at every look. The current row becomes none.
+  using MakeRow = std::function<GridRow(int row)>;
+  void SetRows(int count, MakeRow makeRow);
+  int RowCount() const { return makeRow_ ? madeRows_ : static_cast<int>(rows_.size()); }
+  GridRow RowAt(int row) const;
   int Row() const { return row_; }
-  void SetRow(int row);  // fires OnRowChange
+  void SetRow(int row);                                      // fires OnRowChange
   const std::string& SortedBy() const { return sortedBy_; }  // "VIN" or "VIN Desc": the mark in the heading
   void SetSortedBy(std::string sort);
 
@@ -238,6 +244,8 @@ class Grid : public Control {
  private:
   std::vector<GridColumn> columns_;
   std::vector<GridRow> rows_;
+  MakeRow makeRow_;
+  int madeRows_ = 0;
   std::string sortedBy_;
   int row_ = -1;
 };
@@ -314,8 +322,7 @@ class Timer : public Control {
 template <class Kind, std::size_t Count>
 class ControlArray {
  public:
-  ControlArray(Form& form, const std::string& name)
-      : ControlArray(form, name, std::make_index_sequence<Count>()) {}
+  ControlArray(Form& form, const std::string& name) : ControlArray(form, name, std::make_index_sequence<Count>()) {}
   Kind& operator[](std::size_t index) { return members_.at(index); }
   const Kind& operator[](std::size_t index) const { return members_.at(index); }
   auto begin() { return members_.begin(); }

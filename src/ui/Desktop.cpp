@@ -12,11 +12,16 @@ std::string ToHex(Color color) { return fmt::format("#{:02x}{:02x}{:02x}", color
 
 std::vector<Answer> ButtonsOf(const Box& box) {
   switch (box.buttons) {
-    case Buttons::OkCancel: return {Answer::Ok, Answer::Cancel};
-    case Buttons::YesNo: return {Answer::Yes, Answer::No};
-    case Buttons::YesNoCancel: return {Answer::Yes, Answer::No, Answer::Cancel};
-    case Buttons::RetryCancel: return {Answer::Retry, Answer::Cancel};
-    case Buttons::Ok: break;
+    case Buttons::OkCancel:
+      return {Answer::Ok, Answer::Cancel};
+    case Buttons::YesNo:
+      return {Answer::Yes, Answer::No};
+    case Buttons::YesNoCancel:
+      return {Answer::Yes, Answer::No, Answer::Cancel};
+    case Buttons::RetryCancel:
+      return {Answer::Retry, Answer::Cancel};
+    case Buttons::Ok:
+      break;
   }
   return {Answer::Ok};
 }

@@ -60,8 +60,8 @@ class Desktop {
   [[noreturn]] virtual void EndProcess(int code) = 0;
 
   // Called by Form alone.
-  virtual void FormLoaded(Form&) {}     // make its window, hidden
-  virtual void FormShown(Form&) {}      // show it and paint it
+  virtual void FormLoaded(Form&) {}  // make its window, hidden
+  virtual void FormShown(Form&) {}   // show it and paint it
   virtual void FormHidden(Form&) {}
   virtual void FormUnloaded(Form&) {}
   virtual void FormCaptionChanged(Form&) {}

@@ -30,7 +30,8 @@ ControlState ReadControl(const Control& control) {
   if (const auto* rows = dynamic_cast<const RowControl*>(&control)) ReadRows(*rows, state);
   if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) state.text = combo->Text();
   if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
-    state.cells = grid->Rows();
+    state.cells.emplace();
+    for (int row = 0; row < grid->RowCount(); ++row) state.cells->push_back(grid->RowAt(row));
     state.selected = grid->Row();
   }
   if (const auto* month = dynamic_cast<const MonthView*>(&control)) state.date = month->Value();

@@ -54,8 +54,8 @@ void Form::SetState(WindowState state) {
 }
 
 Control* Form::Find(std::string_view fullName) const {
-  const auto found =
-      std::find_if(controls_.begin(), controls_.end(), [&](Control* control) { return control->FullName() == fullName; });
+  const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                  [&](Control* control) { return control->FullName() == fullName; });
   return found == controls_.end() ? nullptr : *found;
 }
 

@@ -50,6 +50,8 @@ class Form {
   void SetPosition(Twips left, Twips top);
   void SetState(WindowState state);
   bool Resizable() const { return resizable_; }
+  // Loaded for the whole run and seldom shown: no window is made for it before it is.
+  bool IsResident() const { return resident_; }
 
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* Find(std::string_view fullName) const;  // null when there is none
@@ -79,10 +81,13 @@ class Form {
   // the platform's. PressKey does the platform's part too: mnemonics, default and cancel button, tab, lists.
   void PreviewKey(KeyPress& key);
   void PressKey(KeyPress key);
-  void DoClose();                     // the window's close box
-  void DoMouseUp(MouseButton button); // on the bare form
+  void DoClose();                      // the window's close box
+  void DoMouseUp(MouseButton button);  // on the bare form
   void DoResize(Twips width, Twips height, WindowState state);
-  void DoMove(Twips left, Twips top) { left_ = left; top_ = top; }
+  void DoMove(Twips left, Twips top) {
+    left_ = left;
+    top_ = top;
+  }
 
   // Runs an event procedure: an error ends it, is shown and logged, and the program goes on.
   void Run(const std::function<void()>& event);
@@ -103,6 +108,7 @@ class Form {
   void SetDefaultButton(Button& button) { defaultButton_ = &button; }
   void SetCancelButton(Button& button) { cancelButton_ = &button; }
   void SetResizable(bool resizable) { resizable_ = resizable; }
+  void SetResident(bool resident) { resident_ = resident; }
 
  private:
   friend class Control;
@@ -123,6 +129,7 @@ class Form {
   Twips height_ = 7200;
   WindowState state_ = WindowState::Normal;
   bool resizable_ = false;
+  bool resident_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   std::vector<Control*> controls_;

@@ -11,11 +11,11 @@ struct Spelling {
   std::string_view key;
 };
 constexpr Spelling kSpellings[] = {
-    {"Escape", "Esc"},  {"Esc", "Esc"},       {"Return", "Enter"},   {"Enter", "Enter"},   {"Ins", "Insert"},
-    {"Insert", "Insert"}, {"Del", "Delete"},  {"Delete", "Delete"},  {"PageUp", "PgUp"},   {"PgUp", "PgUp"},
-    {"PageDown", "PgDn"}, {"PgDn", "PgDn"},   {"PgDown", "PgDn"},    {"Up", "Up"},         {"Down", "Down"},
-    {"Left", "Left"},   {"Right", "Right"},   {"Home", "Home"},      {"End", "End"},       {"Tab", "Tab"},
-    {"Space", "Space"}, {" ", "Space"},       {"Backspace", "Backspace"}, {"BackTab", "BackTab"},
+    {"Escape", "Esc"},    {"Esc", "Esc"},     {"Return", "Enter"},        {"Enter", "Enter"},     {"Ins", "Insert"},
+    {"Insert", "Insert"}, {"Del", "Delete"},  {"Delete", "Delete"},       {"PageUp", "PgUp"},     {"PgUp", "PgUp"},
+    {"PageDown", "PgDn"}, {"PgDn", "PgDn"},   {"PgDown", "PgDn"},         {"Up", "Up"},           {"Down", "Down"},
+    {"Left", "Left"},     {"Right", "Right"}, {"Home", "Home"},           {"End", "End"},         {"Tab", "Tab"},
+    {"Space", "Space"},   {" ", "Space"},     {"Backspace", "Backspace"}, {"BackTab", "BackTab"},
 };
 
 std::string KeyName(std::string_view text) {

@@ -10,9 +10,7 @@ MenuItem& MenuItem::Add(std::string name, std::string caption, std::function<voi
   return *items_.back();
 }
 
-std::string MenuItem::FullName() const {
-  return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")";
-}
+std::string MenuItem::FullName() const { return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")"; }
 
 void MenuItem::SetChecked(bool checked) {
   if (checked_ == checked) return;

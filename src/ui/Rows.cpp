@@ -80,6 +80,12 @@ bool ListBox::Selected(int row) const {
   return multiSelect_ ? rows_.at(static_cast<std::size_t>(row)).selected : row == listIndex_;
 }
 
+void ListBox::SelectRow(int row) {
+  for (ListRow& each : rows_) each.selected = false;
+  rows_.at(static_cast<std::size_t>(row)).selected = multiSelect_;
+  SetListIndex(row);
+}
+
 void ListBox::SetHorizontalExtent(int pixels) {
   if (horizontalExtent_ == pixels) return;
   horizontalExtent_ = pixels;
@@ -105,10 +111,15 @@ void ListBox::DoSelectRows(const std::vector<int>& rows) {
 }
 
 void ListBox::DoCheck(int row, bool checked) {
-  Owner().Run([&] { SetChecked(row, checked); });
+  Owner().Run([&] {
+    SetChecked(row, checked);
+    SetListIndex(row);  // the hand that ticks a row is on it
+  });
 }
 
-void ComboBox::RowChosen() { text_ = listIndex_ < 0 ? std::string() : rows_[static_cast<std::size_t>(listIndex_)].text; }
+void ComboBox::RowChosen() {
+  text_ = listIndex_ < 0 ? std::string() : rows_[static_cast<std::size_t>(listIndex_)].text;
+}
 
 void ComboBox::SetText(std::string text) {
   if (text_ == text) return;
@@ -140,8 +151,22 @@ void Grid::SetColumns(std::vector<GridColumn> columns) {
 
 void Grid::SetRows(std::vector<GridRow> rows) {
   rows_ = std::move(rows);
+  makeRow_ = nullptr;
   row_ = -1;
   Changed(Aspect::Rows);
+}
+
+void Grid::SetRows(int count, MakeRow makeRow) {
+  rows_.clear();
+  makeRow_ = std::move(makeRow);
+  madeRows_ = count;
+  row_ = -1;
+  Changed(Aspect::Rows);
+}
+
+GridRow Grid::RowAt(int row) const {
+  if (row < 0 || row >= RowCount()) throw std::out_of_range(FullName() + ": no row " + std::to_string(row));
+  return makeRow_ ? makeRow_(row) : rows_[static_cast<std::size_t>(row)];
 }
 
 void Grid::SetRow(int row) {

@@ -13,12 +13,10 @@ struct ShellResult {
   const char* message;
 };
 constexpr ShellResult kShellResults[] = {
-    {0, "Memory Error"},        {2, "File not found"},
-    {3, "Path not found"},      {5, "Access Denied"},
-    {8, "Out of Memory"},       {11, "Bad Executeable Format"},
-    {26, "Sharing violation"},  {27, "Association incomplete"},
-    {28, "DEE time out"},       {29, "DDE failed"},
-    {30, "DDE Busy error"},     {31, "No association for this file"},
+    {0, "Memory Error"},       {2, "File not found"},          {3, "Path not found"},
+    {5, "Access Denied"},      {8, "Out of Memory"},           {11, "Bad Executeable Format"},
+    {26, "Sharing violation"}, {27, "Association incomplete"}, {28, "DEE time out"},
+    {29, "DDE failed"},        {30, "DDE Busy error"},         {31, "No association for this file"},
 };
 constexpr int kFirstGoodShellResult = 33;
 constexpr int kFirstGoodRunResult = 32;

@@ -20,9 +20,9 @@ void TextBox::SetLocked(bool locked) {
 void TextBox::DoType(std::string_view text) {
   Owner().Run([&] {
     SetText("");
-    for (char c : text) {
+    for (char c : WithLineFeeds(text)) {
       if (maxLength_ != 0 && text_.size() >= maxLength_) break;
-      if ((c == '\n' || c == '\r') && !multiLine_) continue;
+      if (c == '\n' && !multiLine_) continue;
       if (upperCase_) c = ToUpper(c);
       if (OnKeyPress) OnKeyPress(c);
       if (c == '\0') continue;

@@ -38,7 +38,10 @@ void TakeUpdateFile(Shop& shop) {
 void LoadSharedTables(Records& records) {
   records.employees.LoadEmployees();
   records.passwords.LoadPasswords();
+  records.departments.Load();
+  records.manufacturers.Load();
   records.makes.LoadMakes();
+  records.checkList.LoadChecklistFile();
 }
 
 void WarnOfNetworkMount(Shop& shop) {
@@ -51,7 +54,7 @@ void WarnOfNetworkMount(Shop& shop) {
 
 }  // namespace
 
-bool InitGlobals(Shop& shop, EstimateDatabase& database) {
+bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList) {
   Environment& environment = shop.environment;
   if (!ResolveDataDir(environment, shop.desktop)) return false;
   shop.records.system.ReadSystem(false);
@@ -69,6 +72,8 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database) {
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
   environment.statusOptions = LoadStatusOptions(profile);
   environment.shopOptions = LoadShopOptions(profile);
+  shop.records.inventory.SizeArrays();
+  inventoryList.LoadForm();  // hidden; its timer fills the list between the person's actions
   environment.openFiles.ResetFileMarks();
   LoadSharedTables(shop.records);
   environment.openFiles.ResetFileMarks();

@@ -25,7 +25,8 @@ struct Program::State {
         keys(desktop),
         shop{desktop, environment, records, keys},
         database(environment, records),
-        masters(shop) {
+        masters(shop),
+        inventoryList(shop) {
     environment.computerName = invocation.computerName;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
@@ -42,12 +43,14 @@ struct Program::State {
   Shop shop;
   EstimateDatabase database;
   MasterScreens masters;
+  frmInvList inventoryList;
+  Workorder workorder;
 };
 
 StartAndStop Program::State::Steps() {
   StartAndStop steps;
   steps.processCommandLine = [this] { ProcessCommandLine(environment, invocation.commandLine); };
-  steps.initGlobals = [this] { return InitGlobals(shop, database); };
+  steps.initGlobals = [this] { return InitGlobals(shop, database, inventoryList); };
   steps.deleteUpdateFileAndCloseLog = [this] {
     if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
     environment.log.Close();
@@ -61,7 +64,8 @@ Program::Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Inv
 Program::~Program() = default;
 
 int Program::Run() {
-  frmMain mainWindow(state_->shop, state_->database, state_->masters, state_->Steps());
+  frmMain mainWindow(state_->shop, state_->database, state_->masters, state_->inventoryList, state_->workorder,
+                     state_->Steps());
   try {
     mainWindow.LoadForm();
   } catch (const std::exception& error) {

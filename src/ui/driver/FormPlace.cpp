@@ -25,7 +25,7 @@ int CheckedRow(const Control& control, int row) {
 // The texts of a row: one in a list, one a column in a grid.
 std::vector<std::string> TextsOf(const Control& control, int row) {
   if (const auto* rows = dynamic_cast<const RowControl*>(&control)) return {rows->List(row)};
-  return dynamic_cast<const Grid&>(control).Rows().at(static_cast<std::size_t>(row)).cells;
+  return dynamic_cast<const Grid&>(control).RowAt(row).cells;
 }
 
 template <class Match>

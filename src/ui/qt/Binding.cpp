@@ -13,7 +13,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <map>
 #include <set>
 
@@ -40,8 +40,8 @@ constexpr Pairing kPairings[] = {
     {"OptionButton", IsA<QRadioButton>},
     {"ListBox", IsA<QListWidget>},
     {"ComboBox", IsA<QComboBox>},
-    {"Grid", IsA<QTableWidget>},
-    {"ListView", IsA<QTableWidget>},
+    {"Grid", IsA<QTableView>},
+    {"ListView", IsA<QTableView>},
     {"MonthView", IsA<QCalendarWidget>},
     {"DTPicker", IsA<QDateEdit>},
     {"ProgressBar", IsA<QProgressBar>},

@@ -7,7 +7,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <stdexcept>
@@ -21,28 +20,6 @@
 namespace lantos::ui {
 
 namespace {
-
-// A timer of a form while a real person is served.
-class TimerPeer : public ControlPeer {
- public:
-  explicit TimerPeer(Timer& control) : control_(control) {
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { control_.DoTick(); });
-    control_.SetPeer(this);
-    Refresh(Aspect::Value);
-  }
-  void Refresh(Aspect /*aspect*/) override {
-    timer_.setInterval(control_.Interval());
-    if (control_.Interval() > 0 && control_.Enabled()) {
-      timer_.start();
-    } else {
-      timer_.stop();
-    }
-  }
-
- private:
-  Timer& control_;
-  QTimer timer_;
-};
 
 // A form that the person can do nothing with only tells that something is going on.
 bool IsNotice(const Form& form) {
@@ -85,11 +62,7 @@ FormWindow::~FormWindow() {
 
 void FormWindow::Bind() {
   for (Control* control : form_->Controls()) {
-    if (!NeedsWidget(*control)) {
-      auto* timer = dynamic_cast<Timer*>(control);
-      if (timer != nullptr && !desktop_.IsDriven()) timers_.push_back(std::make_unique<TimerPeer>(*timer));
-      continue;
-    }
+    if (!NeedsWidget(*control)) continue;
     QWidget& widget = *FindWidget(*root_, *control);
     peers_.push_back(MakePeer(*this, *control, widget));
     WidgetPeer* peer = peers_.back().get();
@@ -125,11 +98,12 @@ void FormWindow::GroupOptions() {
 
 void FormWindow::Detach() {
   if (form_ == nullptr) return;
-  for (Control* control : form_->Controls()) control->SetPeer(nullptr);
+  for (Control* control : form_->Controls()) {
+    if (NeedsWidget(*control)) control->SetPeer(nullptr);
+  }
   form_->SetPeer(nullptr);
   form_ = nullptr;
   actions_->Detach();
-  timers_.clear();
   byControl_.clear();
   dirty_.clear();
   hide();

@@ -88,7 +88,6 @@ class FormWindow : public QMainWindow, public FormPeer {
   Form* form_;
   QWidget* root_ = nullptr;
   std::vector<std::unique_ptr<WidgetPeer>> peers_;
-  std::vector<std::unique_ptr<ControlPeer>> timers_;
   QHash<const Control*, WidgetPeer*> byControl_;
   QHash<const QObject*, WidgetPeer*> byMouseTarget_;
   QHash<const QWidget*, Control*> byWidget_;

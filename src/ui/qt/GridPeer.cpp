@@ -1,5 +1,6 @@
+#include <QAbstractTableModel>
 #include <QHeaderView>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/RowsPeer.h"
@@ -13,10 +14,65 @@ constexpr std::string_view kDescending = " Desc";
 constexpr int kRowPadding = 6;     // pixels above and below the text together
 constexpr int kLeastSection = 28;  // pixels: a column of one letter, its sort mark beside it
 
-class GridPeer : public RowsPeer {
+// The rows of a grid, made when the view asks for them.
+class GridModel : public QAbstractTableModel {
  public:
-  GridPeer(FormWindow& window, Grid& control, QTableWidget& table)
-      : RowsPeer(window, control, table), grid_(control), table_(table) {
+  explicit GridModel(const Grid& grid) : grid_(grid) {}
+
+  void Reload() {
+    beginResetModel();
+    rows_ = grid_.RowCount();
+    columns_ = static_cast<int>(grid_.Columns().size());
+    lookedAt_ = -1;
+    endResetModel();
+  }
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns_; }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid() || index.row() >= grid_.RowCount()) return {};
+    if (role == Qt::TextAlignmentRole) {
+      const bool right = grid_.Columns()[static_cast<std::size_t>(index.column())].rightAligned;
+      return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    return role == Qt::DisplayRole ? QVariant(Cell(index.row(), index.column())) : QVariant();
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= columns_) return {};
+    return ToQt(grid_.Columns()[static_cast<std::size_t>(section)].caption);
+  }
+
+ private:
+  QString Cell(int row, int column) const {
+    if (row != lookedAt_) {
+      row_ = grid_.RowAt(row);
+      lookedAt_ = row;
+    }
+    const auto place = static_cast<std::size_t>(column);
+    return place < row_.cells.size() ? ToQt(row_.cells[place]) : QString();
+  }
+
+  const Grid& grid_;
+  int rows_ = 0;
+  int columns_ = 0;
+  mutable GridRow row_;  // the one looked at last
+  mutable int lookedAt_ = -1;
+};
+
+// The model goes in before the base class listens to its selection.
+QTableView& WithModel(QTableView& table, QAbstractItemModel& model) {
+  table.setModel(&model);
+  return table;
+}
+
+struct HasModel {
+  explicit HasModel(const Grid& grid) : model_(grid) {}
+  GridModel model_;
+};
+
+class GridPeer : private HasModel, public RowsPeer {
+ public:
+  GridPeer(FormWindow& window, Grid& control, QTableView& table)
+      : HasModel(control), RowsPeer(window, control, WithModel(table, model_)), grid_(control), table_(table) {
     table_.setSelectionBehavior(QAbstractItemView::SelectRows);
     table_.setSelectionMode(QAbstractItemView::SingleSelection);
     table_.setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -42,13 +98,12 @@ class GridPeer : public RowsPeer {
 
   void Read(ControlState& state) const override {
     RowsPeer::Read(state);
-    state.cells->resize(static_cast<std::size_t>(table_.rowCount()));
-    for (int row = 0; row < table_.rowCount(); ++row) {
+    state.cells->resize(static_cast<std::size_t>(model_.rowCount()));
+    for (int row = 0; row < model_.rowCount(); ++row) {
       GridRow& shown = (*state.cells)[static_cast<std::size_t>(row)];
       shown.cells.clear();
-      for (int column = 0; column < table_.columnCount(); ++column) {
-        const QTableWidgetItem* item = table_.item(row, column);
-        shown.cells.push_back(item == nullptr ? std::string() : FromQt(item->text()));
+      for (int column = 0; column < model_.columnCount(); ++column) {
+        shown.cells.push_back(FromQt(model_.index(row, column).data().toString()));
       }
     }
   }
@@ -62,8 +117,8 @@ class GridPeer : public RowsPeer {
       table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(FontToCome()).height() + kRowPadding);
     }
     if (Has(aspects, Aspect::Rows)) {
-      if (ShowHeading()) widthsArePersons_ = false;
-      ShowRows();
+      model_.Reload();
+      if (HideColumns()) widthsArePersons_ = false;
       ShowSortMark();
       if (!widthsArePersons_) FitColumns();
     }
@@ -71,39 +126,15 @@ class GridPeer : public RowsPeer {
   }
 
   // True when the columns are others than before.
-  bool ShowHeading() {
+  bool HideColumns() {
     QStringList captions;
     for (const GridColumn& column : grid_.Columns()) captions.append(ToQt(column.caption));
     if (captions == captions_) return false;
     captions_ = captions;
-    table_.setColumnCount(static_cast<int>(captions.size()));
-    table_.setHorizontalHeaderLabels(captions);
-    for (int column = 0; column < table_.columnCount(); ++column) {
+    for (int column = 0; column < model_.columnCount(); ++column) {
       table_.setColumnHidden(column, grid_.Columns()[static_cast<std::size_t>(column)].hidden);
     }
     return true;
-  }
-
-  void ShowRows() {
-    table_.setRowCount(grid_.RowCount());
-    for (int row = 0; row < table_.rowCount(); ++row) {
-      const auto& cells = grid_.Rows()[static_cast<std::size_t>(row)].cells;
-      for (int column = 0; column < table_.columnCount(); ++column) {
-        const auto place = static_cast<std::size_t>(column);
-        const QString text = place < cells.size() ? ToQt(cells[place]) : QString();
-        ShowCell(row, column, text, grid_.Columns()[place].rightAligned);
-      }
-    }
-  }
-
-  void ShowCell(int row, int column, const QString& text, bool rightAligned) {
-    QTableWidgetItem* item = table_.item(row, column);
-    if (item == nullptr) {
-      item = new QTableWidgetItem;
-      table_.setItem(row, column, item);
-    }
-    item->setText(text);
-    item->setTextAlignment(Qt::AlignVCenter | (rightAligned ? Qt::AlignRight : Qt::AlignLeft));
   }
 
   // By their contents, and what is left over goes to all but the last alike.
@@ -137,7 +168,7 @@ class GridPeer : public RowsPeer {
   }
 
   Grid& grid_;
-  QTableWidget& table_;
+  QTableView& table_;
   QStringList captions_;
   bool fitting_ = false;
   bool widthsArePersons_ = false;  // the person has drawn at a heading
@@ -146,7 +177,7 @@ class GridPeer : public RowsPeer {
 }  // namespace
 
 std::unique_ptr<WidgetPeer> MakeGridPeer(FormWindow& window, Grid& control, QWidget& widget) {
-  return std::make_unique<GridPeer>(window, control, dynamic_cast<QTableWidget&>(widget));
+  return std::make_unique<GridPeer>(window, control, dynamic_cast<QTableView&>(widget));
 }
 
 }  // namespace lantos::ui

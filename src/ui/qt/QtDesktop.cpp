@@ -11,6 +11,7 @@
 #include "ui/qt/Appearance.h"
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
+#include "ui/qt/FormTimers.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
 
@@ -93,12 +94,19 @@ FormWindow* QtDesktop::TopFormWindow() const {
 QWidget* QtDesktop::TopWindow() const { return overlays_.empty() ? TopFormWindow() : overlays_.back(); }
 
 void QtDesktop::FormLoaded(Form& form) {
+  if (!IsDriven()) timers_[&form] = MakeTimers(form);
+  if (!form.IsResident()) MakeWindow(form);
+}
+
+FormWindow* QtDesktop::MakeWindow(Form& form) {
   windows_.push_back(std::make_unique<FormWindow>(*this, form));
   PublishCaptions();
+  return windows_.back().get();
 }
 
 void QtDesktop::FormShown(Form& form) {
   FormWindow* window = WindowOf(form);
+  if (window == nullptr) window = MakeWindow(form);
   window->ShowForm();
   // Painted before the program goes on: what follows may take its time.
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -112,6 +120,7 @@ void QtDesktop::FormHidden(Form& form) {
 }
 
 void QtDesktop::FormUnloaded(Form& form) {
+  timers_.erase(&form);
   const auto found = std::find_if(windows_.begin(), windows_.end(), [&](const auto& window) {
     return window->IsAttached() && &window->GetForm() == &form;
   });

@@ -4,6 +4,7 @@
 #include <QString>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -78,6 +79,7 @@ class QtDesktop : public Desktop {
   void WaitFor(const std::function<bool()>& over, const std::function<void()>& ask);
   void WakeWaits();
   void FlushWindows();
+  FormWindow* MakeWindow(Form& form);
   void Bury(std::unique_ptr<FormWindow> window);
   // Windows of unloaded forms whose last event has come to its end.
   void DeleteBuried(bool idle);
@@ -90,6 +92,7 @@ class QtDesktop : public Desktop {
   std::unique_ptr<QObject> context_;  // of what is put off: it doesn't outlive the desktop
   std::unique_ptr<QTimer> registryTimer_;
   std::vector<std::unique_ptr<FormWindow>> windows_;
+  std::map<const Form*, std::vector<std::unique_ptr<ControlPeer>>> timers_;  // of loaded forms, for a real person
   std::vector<Buried> buried_;
   std::vector<Wait> waits_;
   std::vector<QWidget*> overlays_;  // boxes and menus on show, the topmost last

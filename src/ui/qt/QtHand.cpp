@@ -12,7 +12,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "ui/qt/CalendarView.h"
 #include "ui/qt/FormWindow.h"
@@ -124,7 +124,7 @@ std::string QtHand::DoubleClickRow(Control& control, int row) {
 std::string QtHand::ClickHeading(Grid& grid, int column) {
   WidgetPeer* peer = GoTo(grid);
   if (peer == nullptr) return "";
-  QHeaderView& heading = *dynamic_cast<QTableWidget&>(peer->Widget()).horizontalHeader();
+  QHeaderView& heading = *dynamic_cast<QTableView&>(peer->Widget()).horizontalHeader();
   const QPoint at(heading.sectionViewportPosition(column) + heading.sectionSize(column) / 2, heading.height() / 2);
   // A heading takes clicks only where it can be seen.
   if (heading.logicalIndexAt(at) != column) return grid.FullName() + " doesn't show the heading";

@@ -99,7 +99,9 @@ struct BoardBench : BoardShop {
   }
 
   MasterScreens masters{shop};
-  frmMain board{shop, database, masters, Steps()};
+  frmInvList inventoryList{shop};
+  Workorder workorder;
+  frmMain board{shop, database, masters, inventoryList, workorder, Steps()};
 };
 
 }  // namespace lantos::test

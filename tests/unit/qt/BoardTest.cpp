@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QScreen>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "qt/WindowShop.h"
 #include "ui/qt/FormWindow.h"
@@ -158,10 +158,10 @@ TEST(VehicleGrid, WhatTheProgramKeepsForItselfIsNotSeen) {
     list->Show();
     list->DataGrid1.SetRows({{{"1996", "Nissan", "Pathfinder", "VWH-472", "1N4", "108212", "128", "-1", " "}, 128}});
     shop.windows.Settle();
-    const auto& table = dynamic_cast<QTableWidget&>(shop.windows.WindowOf(*list)->PeerOf(list->DataGrid1)->Widget());
+    const auto& table = dynamic_cast<QTableView&>(shop.windows.WindowOf(*list)->PeerOf(list->DataGrid1)->Widget());
     std::vector<std::string> seen;
-    for (int column = 0; column < table.columnCount(); ++column) {
-      if (!table.isColumnHidden(column)) seen.push_back(table.horizontalHeaderItem(column)->text().toStdString());
+    for (int column = 0; column < table.model()->columnCount(); ++column) {
+      if (!table.isColumnHidden(column)) seen.push_back(table.model()->headerData(column, Qt::Horizontal).toString().toStdString());
     }
     EXPECT_EQ(seen, (std::vector<std::string>{"Year", "Make", "Model", "License", "VIN", "Mileage", "X"}));
     EXPECT_EQ(hand.Read(list->DataGrid1).cells->at(0).cells.at(6), "128");

@@ -10,6 +10,22 @@
 #include "board/frmSpecialDays.h"
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
+#include "contents/ContentsBench.h"
+#include "contents/frmCanLabor.h"
+#include "contents/frmCanLaborList.h"
+#include "contents/frmCanNoteList.h"
+#include "contents/frmEstFollowup.h"
+#include "contents/frmEstNotes.h"
+#include "contents/frmEstSublets.h"
+#include "contents/frmEstWaste.h"
+#include "contents/frmLabor.h"
+#include "contents/frmNotes.h"
+#include "contents/frmRepairCode.h"
+#include "contents/frmSubList.h"
+#include "contents/frmWOChklst.h"
+#include "contents/frmWOExtra.h"
+#include "contents/frmWOKit.h"
+#include "contents/frmWOPart.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "frame/start/frmEnterDir.h"
 #include "frame/start/frmSplash.h"
@@ -24,9 +40,11 @@ namespace lantos::test {
 
 // One of each form of the program, made but not loaded.
 inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateDatabase& database,
-                                                        MasterScreens& masters) {
+                                                        MasterScreens& masters, Contents& contents) {
+  Workbench& bench = contents.bench;
   std::vector<std::unique_ptr<ui::Form>> forms;
-  forms.push_back(std::make_unique<frmMain>(shop, database, masters, StartAndStop{[] {}, [] { return true; }, [] {}}));
+  forms.push_back(std::make_unique<frmMain>(shop, database, masters, bench.inventoryList, bench.workorder,
+                                            StartAndStop{[] {}, [] { return true; }, [] {}}));
   forms.push_back(std::make_unique<frmSplash>(shop.desktop));
   forms.push_back(std::make_unique<frmEnterDir>(shop.desktop, shop.environment));
   forms.push_back(std::make_unique<frmEnterPwd>(shop, "System"));
@@ -40,6 +58,22 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
   forms.push_back(std::make_unique<frmVehList>(shop));
   forms.push_back(std::make_unique<frmVehEdit>(shop, "Edit Vehicle"));
   forms.push_back(std::make_unique<frmMakeModel>(shop));
+  forms.push_back(std::make_unique<frmInvList>(shop));
+  forms.push_back(std::make_unique<frmLabor>(bench, contents.labor.CurrentLabor));
+  forms.push_back(std::make_unique<frmRepairCode>(shop, database.korvelData));
+  forms.push_back(std::make_unique<frmEstFollowup>(bench, contents.labor));
+  forms.push_back(std::make_unique<frmCanLaborList>(bench));
+  forms.push_back(std::make_unique<frmCanLabor>(bench, frmCanLabor::Mode::Add, CannedLabor()));
+  forms.push_back(std::make_unique<frmWOPart>(bench, "Add Non-Stocked Part", frmWOPart::Mode{true, true}));
+  forms.push_back(std::make_unique<frmWOKit>(bench, "Add Kit to Estimate"));
+  forms.push_back(std::make_unique<frmEstSublets>(bench));
+  forms.push_back(std::make_unique<frmEstWaste>(bench));
+  forms.push_back(std::make_unique<frmSubList>(bench));
+  forms.push_back(std::make_unique<frmWOExtra>(shop, "Estimate Sublet", ExtraLine(), "Yes"));
+  forms.push_back(std::make_unique<frmEstNotes>(bench));
+  forms.push_back(std::make_unique<frmNotes>(shop, NoteMode::EstimateNote, Note()));
+  forms.push_back(std::make_unique<frmCanNoteList>(shop));
+  forms.push_back(std::make_unique<frmWOChklst>(shop));
   return forms;
 }
 
@@ -47,7 +81,11 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
 struct PaperShop : TestShop {
   EstimateDatabase database{environment, records};
   MasterScreens masters{shop};
-  std::vector<std::unique_ptr<ui::Form>> forms = EveryForm(shop, database, masters);
+  frmInvList inventoryList{shop};
+  Workorder workorder;
+  PaperBoard board{shop.desktop};
+  Contents contents{Workbench{shop, database, inventoryList, workorder, board}};
+  std::vector<std::unique_ptr<ui::Form>> forms = EveryForm(shop, database, masters, contents);
 };
 
 }  // namespace lantos::test

@@ -11,7 +11,7 @@ namespace lantos::test {
 struct WindowShop : BoardShop {
   WindowShop() {
     person.boxesDontMatter = true;
-    forms = EveryForm(windowed, database, masters);
+    forms = EveryForm(windowed, database, masters, contents);
   }
 
   ScriptedPerson person;
@@ -19,6 +19,10 @@ struct WindowShop : BoardShop {
   ui::GlobalKeys windowKeys{windows};
   Shop windowed{windows, environment, records, windowKeys};
   MasterScreens masters{windowed};
+  frmInvList inventoryList{windowed};
+  Workorder workorder;
+  PaperBoard board{desktop};
+  Contents contents{Workbench{windowed, database, inventoryList, workorder, board}};
   std::vector<std::unique_ptr<ui::Form>> forms;
 };
 

@@ -75,7 +75,7 @@ TEST_F(MadeShop, IsTheSameTwiceInEveryByteAndRowWhateverTheDayItIsMadeOn) {
   Make(Small(), "two", kDay + 400);
   auto one = Contents(Shop("one")), two = Contents(Shop("two"));
   for (auto* files : {&one, &two}) std::erase_if(*files, [](const auto& file) { return file.first.ends_with(".mdb"); });
-  EXPECT_EQ(one.size(), 24u);
+  EXPECT_EQ(one.size(), 30u);
   EXPECT_TRUE(one == two);
   for (const char* table : kTables) {
     EXPECT_EQ(Rows(Shop("one") / "Lantos.mdb", table), Rows(Shop("two") / "Lantos.mdb", table)) << table;
@@ -94,7 +94,7 @@ TEST_F(MadeShop, AnotherSeedIsAnotherShop) {
 TEST_F(MadeShop, HasFilesOfWholeRecords) {
   Make(Small());
   const auto files = Contents(Shop());
-  EXPECT_EQ(files.size(), 26u);
+  EXPECT_EQ(files.size(), 32u);
   EXPECT_EQ(files.at("TQSYSTEM.DAT").size(), 1038u);
   EXPECT_EQ(files.at("TQCSTTAG.DAT").size(), 40u * 96);
   EXPECT_EQ(files.at("TQCSTDAT.DAT").size(), 40u * 317);
@@ -102,6 +102,9 @@ TEST_F(MadeShop, HasFilesOfWholeRecords) {
   EXPECT_EQ(files.at("TQINVTAG.DAT").size(), 80u * 128);
   EXPECT_EQ(files.at("TQINVENT.DAT").size(), 80u * 344);
   EXPECT_EQ(files.at("TQMAKMOD.DAT").size() % 29, 0u);
+  EXPECT_EQ(files.at("TQOPENPO.DAT").size(), 6u * 171);
+  EXPECT_EQ(files.at("TQFOLLOW.DAT").size(), 2u * 596);
+  EXPECT_EQ(files.at("TQLABKIT.DAT").size(), 3u * 26);
   EXPECT_EQ(files.at("TQEMPLOY.DAT").size() % 199, 0u);
 }
 
@@ -115,6 +118,39 @@ TEST_F(MadeShop, ListsDepartmentsAndManufacturersInColumnsOfTwenty) {
       EXPECT_NE(line[column], ' ') << name;
       EXPECT_EQ(line[column + 19], ' ') << name;
     }
+  }
+}
+
+TEST_F(MadeShop, ItsKitsArePartsThatTheInventoryHasAndItsJobsNameThem) {
+  SampleOptions options;
+  options.date = kDay;
+  const SampleShop shop = ImagineShop(options);
+  ASSERT_EQ(shop.parts.size(), static_cast<std::size_t>(options.parts));
+  std::set<std::string> numbers;
+  for (const InventoryRecord& part : shop.parts) numbers.insert(part.Get(inventory::StockNumber));
+  ASSERT_EQ(shop.kits.size(), 3u);
+  for (const InventoryKitRecord& kit : shop.kits) {
+    EXPECT_TRUE(numbers.contains(kit.Get(inventorykit::KitNumber)));
+    const auto components = ComponentsOf(kit);
+    EXPECT_GE(components.size(), 2u);
+    for (const KitComponent& component : components) EXPECT_TRUE(numbers.contains(component.partNumber));
+  }
+  for (const LaborKitRec& kit : shop.laborKits) EXPECT_TRUE(numbers.contains(kit.Get(laborkit::Kit)));
+}
+
+TEST_F(MadeShop, ItsOrdersHaveTheirTextsWithOneSubletEach) {
+  SampleOptions options;
+  options.date = kDay;
+  const SampleShop shop = ImagineShop(options);
+  ASSERT_EQ(shop.orders.size(), shop.orderTexts.size());
+  for (std::size_t i = 0; i < shop.orders.size(); ++i) {
+    EXPECT_EQ(shop.orders[i].Get(potag::FileName), shop.orderTexts[i].first);
+    const std::string& text = shop.orderTexts[i].second;
+    const std::size_t line = text.find("[Sublets]\r\n") + 11;
+    const OrderedSublet sublet = ParseSubletLine(std::string_view(text).substr(line, text.find('\r', line) - line));
+    EXPECT_EQ(sublet.vendor, shop.orders[i].Get(potag::VendorName));
+    EXPECT_EQ(sublet.invoice, shop.orders[i].Get(potag::VendorInvoice));
+    EXPECT_GT(sublet.price, sublet.cost);
   }
 }
 

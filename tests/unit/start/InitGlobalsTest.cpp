@@ -12,7 +12,7 @@ using ui::Answer;
 
 struct Start : InstalledShop {
   Start() { environment.computerName = computer; }
-  bool Run() { return InitGlobals(shop, database); }
+  bool Run() { return InitGlobals(shop, database, inventoryList); }
   void ExpectTooManyUsers() {
     desktop.WillAnswer(Answer::Ok);
     try {
@@ -41,6 +41,7 @@ struct Start : InstalledShop {
   ui::GlobalKeys keys{desktop};
   Shop shop{desktop, environment, records, keys};
   EstimateDatabase database{environment, records};
+  frmInvList inventoryList{shop};
 };
 
 TEST(InitGlobals, ShowsTheSplashBehindTheFirstLogLineAndBeforeTheSlowSteps) {

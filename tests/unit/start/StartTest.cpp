@@ -70,8 +70,8 @@ TEST(Start, EndsAtTheBoardWithItsFullCaption) {
   });
   EXPECT_EQ(run.Run(), 0);
   EXPECT_TRUE(run.desktop.boxes.empty());
-  EXPECT_EQ(run.desktop.events,
-            (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash", "shown frmMain", "unloaded frmMain"}));
+  EXPECT_EQ(run.desktop.events, (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash", "shown frmMain",
+                                                          "unloaded frmInvList", "unloaded frmMain"}));
 }
 
 TEST(Start, EndsTheProcessSilentlyWithoutADataDirectory) {
@@ -182,7 +182,8 @@ struct LeavingCopy : Running {
     EXPECT_EQ(Setting("ShowStatus"), "1111111111") << "as designed: the stored one isn't read yet";
     EXPECT_EQ(data.Content("Lantos.ini"), "[Lantos Defaults]\r\nFontFactor=3\r\n[BENCH1]\r\nFontFactor=3\r\n");
     EXPECT_EQ(desktop.pointer, ui::Pointer::Normal);
-    EXPECT_EQ(desktop.events, (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash", "unloaded frmMain"}));
+    EXPECT_EQ(desktop.events, (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash", "unloaded frmInvList",
+                                                        "unloaded frmMain"}));
   }
 };
 

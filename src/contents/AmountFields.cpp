@@ -1,0 +1,32 @@
+#include "contents/AmountFields.h"
+
+#include <vector>
+
+namespace lantos {
+
+void EnterMovesThrough(std::initializer_list<ui::Control*> fields) {
+  const std::vector<ui::Control*> order(fields);
+  for (std::size_t i = 0; i + 1 < order.size(); ++i) {
+    order[i]->OnKeyDown = [order, i](ui::KeyPress& key) {
+      if (!key.Is("Enter")) return;
+      key.Clear();
+      for (std::size_t next = i + 1; next < order.size(); ++next) {
+        if (!order[next]->IsUsable()) continue;
+        order[next]->Owner().MoveFocus(order[next]);
+        return;
+      }
+    };
+  }
+}
+
+bool HasRequired(ui::Form& form, std::initializer_list<RequiredField> fields) {
+  for (const RequiredField& field : fields) {
+    if (!TrimView(field.box->Text()).empty()) continue;
+    form.GetDesktop().Tell(field.message, form.Caption());
+    if (field.box->IsUsable()) field.box->SetFocus();
+    return false;
+  }
+  return true;
+}
+
+}  // namespace lantos

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "contents/LaborLines.h"
+#include "contents/PartLines.h"
+#include "contents/Surcharge.h"
+
+namespace lantos {
+
+// Everything an estimate can hold, for the board's commands.
+struct Contents {
+  explicit Contents(Workbench theBench) : bench(theBench) {}
+
+  Workbench bench;
+  Surcharge surcharge{bench};
+  LaborLines labor{bench, surcharge};
+  PartLines parts{bench, surcharge};
+};
+
+}  // namespace lantos

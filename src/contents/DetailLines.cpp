@@ -1,0 +1,48 @@
+#include "contents/DetailLines.h"
+
+#include "contents/LaborText.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+const std::string kDescriptionIndent(7, ' ');
+
+}  // namespace
+
+std::vector<std::string> LaborRows(const WoLaborLine& line) {
+  std::vector<std::string> rows;
+  rows.push_back(FormatZeros(line.Mechanic, 6) + " " + FormatHundredths(line.Hours) + " " +
+                 FormatHundredths(line.Rate) + " " + FormatHundredths(line.Total));
+  for (const std::string& text : line.Desc) {
+    if (!text.empty()) rows.push_back(kDescriptionIndent + text);
+  }
+  return rows;
+}
+
+WoLaborLine ReadLaborLine(const Recordset& row) {
+  WoLaborLine line;
+  line.Hours = row.Long("LaborHours");
+  line.Rate = row.Long("LaborRate");
+  line.Total = row.Long("LaborTotal");
+  line.Mechanic = row.Long("Mechanic");
+  line.Desc = SplitLaborText(row.Text("Description"));
+  return line;
+}
+
+double TotalOfRow(std::string_view row) {
+  const std::size_t blank = row.rfind(' ');
+  return Val(blank == std::string_view::npos ? row : row.substr(blank + 1));
+}
+
+double HoursOfLaborRow(std::string_view row) {
+  if (row.size() < 8) return 0;
+  const std::string_view rest = row.substr(7);
+  return Val(rest.substr(0, rest.find(' ')));
+}
+
+Cents CentsOfRow(std::string_view row) { return RoundHalfEven(TotalOfRow(row) * 100); }
+
+}  // namespace lantos

@@ -1,0 +1,146 @@
+#include "records/CannedLabor.h"
+
+#include <algorithm>
+
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "records/OpenedFile.h"
+#include "records/TextLines.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kAmountWidth = 12;
+constexpr char kLineMark = '\t';  // between the lines of a description
+
+std::int32_t Amount(std::string_view line, std::size_t column) {
+  return RoundHalfEven(Val(Mid(line, column, kAmountWidth)));
+}
+
+// Up to eight, each trimmed; what follows the eighth is left out.
+std::array<std::string, kCannedLines> SplitLines(std::string_view text) {
+  std::array<std::string, kCannedLines> lines;
+  for (std::string& line : lines) {
+    const std::size_t mark = text.find(kLineMark);
+    line = Trim(text.substr(0, mark));
+    if (mark == std::string_view::npos) break;
+    text.remove_prefix(mark + 1);
+  }
+  return lines;
+}
+
+// The first line, empty or not, then the others that aren't empty.
+std::string JoinLines(const std::array<std::string, kCannedLines>& lines) {
+  std::string text = lines[0];
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    if (const std::string line = Trim(lines[i]); !line.empty()) text += kLineMark + line;
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string CannedLabor::Code() const { return Trim(Left(Desc[0], kLaborCodeWidth)); }
+
+std::string CannedLabor::FirstLine() const { return Mid(Desc[0], kLaborCodeWidth + 1); }
+
+CannedLabor ParseCannedLabor(std::string_view line) {
+  CannedLabor entry;
+  entry.Hours = Amount(line, 1);
+  entry.Rate = Amount(line, 1 + kAmountWidth);
+  entry.Total = Amount(line, 1 + 2 * kAmountWidth);
+  const std::string_view text = line.substr(std::min(line.size(), 3 * kAmountWidth));
+  entry.Desc = SplitLines(text);
+  // The code has its five places, blank or not.
+  const std::string_view first = text.substr(0, text.find(kLineMark));
+  entry.Desc[0] = std::string(first.substr(0, first.find_last_not_of(' ') + 1));
+  return entry;
+}
+
+std::string CannedLaborLine(const CannedLabor& entry) {
+  return LeftJustify(std::to_string(entry.Hours), kAmountWidth) +
+         LeftJustify(std::to_string(entry.Rate), kAmountWidth) +
+         RightJustify(std::to_string(entry.Total), kAmountWidth) + JoinLines(entry.Desc);
+}
+
+std::vector<CannedLabor> LoadCannedLabor(Environment& environment) {
+  std::vector<CannedLabor> entries;
+  for (const std::string& line : ReadTextLines(environment, kCannedLaborFile).value_or(std::vector<std::string>())) {
+    entries.push_back(ParseCannedLabor(line));
+  }
+  return entries;
+}
+
+void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& entries) {
+  std::vector<std::string> lines;
+  for (const CannedLabor& entry : entries) {
+    if (!entry.IsDeleted()) lines.push_back(CannedLaborLine(entry));
+  }
+  WriteTextLines(environment, kCannedLaborFile, lines);
+}
+
+void LaborKits::LoadOnce() {
+  if (loaded_) return;
+  OpenedFile file(environment_.openFiles, kLaborKitFile, Access::Read, Deny::None);
+  LaborKitRec record;
+  const std::uint64_t length = file->Length();
+  for (std::uint64_t offset = 0; offset < length; offset += LaborKitRec::kLength) {
+    file->ReadAt(offset, record.Bytes());
+    rows_.push_back({record.Get(laborkit::Code), record.Get(laborkit::Kit)});
+  }
+  loaded_ = true;
+}
+
+std::string LaborKits::KitOf(std::string_view code) {
+  LoadOnce();
+  const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const Row& each) { return each.code == code; });
+  return row == rows_.end() ? std::string() : row->kit;
+}
+
+void LaborKits::Save(std::string_view code, std::string_view kit) {
+  LoadOnce();
+  auto row = std::find_if(rows_.begin(), rows_.end(), [&](const Row& each) { return each.code == code; });
+  if (row == rows_.end()) row = rows_.insert(rows_.end(), {std::string(code), ""});
+  row->kit = Left(kit, laborkit::Kit.width);
+  {
+    OpenedFile file(environment_.openFiles, kLaborKitFile, Access::Write, Deny::All);
+    std::uint64_t offset = 0;
+    for (const Row& each : rows_) {
+      if (each.code.empty()) continue;
+      LaborKitRec record;
+      record.Put(laborkit::Code, each.code);
+      record.Put(laborkit::Kit, each.kit);
+      file->WriteAt(offset, record.Bytes());
+      offset += LaborKitRec::kLength;
+    }
+    file->Truncate(offset);
+  }
+  environment_.files.FlushFile(kLaborKitFile);
+}
+
+bool IsDeleted(const CannedNote& note) { return note[0] == kDeletedEntry; }
+
+std::string CannedNoteLine(const CannedNote& note) {
+  CannedNote trimmed = note;
+  trimmed[0] = Trim(note[0]);
+  return JoinLines(trimmed);
+}
+
+std::vector<CannedNote> LoadCannedNotes(Environment& environment) {
+  std::vector<CannedNote> notes;
+  for (const std::string& line : ReadTextLines(environment, kCannedNoteFile).value_or(std::vector<std::string>())) {
+    notes.push_back(SplitLines(line));
+  }
+  return notes;
+}
+
+void SaveCannedNotes(Environment& environment, const std::vector<CannedNote>& notes) {
+  std::vector<std::string> lines;
+  for (const CannedNote& note : notes) {
+    if (!IsDeleted(note)) lines.push_back(CannedNoteLine(note));
+  }
+  WriteTextLines(environment, kCannedNoteFile, lines);
+}
+
+}  // namespace lantos

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/Environment.h"
+#include "records/Record.h"
+
+namespace lantos {
+
+inline constexpr std::size_t kCannedLines = 8;
+inline constexpr std::string_view kDeletedEntry = "<del>";  // as first line: not saved, not shown
+
+// TQCANLAB.DAT: the shop's standard jobs, a line of text each.
+inline constexpr std::string_view kCannedLaborFile = "TQCANLAB.DAT";
+inline constexpr std::size_t kLaborCodeWidth = 5;  // of the code that the first line begins with
+
+struct CannedLabor {
+  Hundredths Hours = 0;
+  Cents Rate = 0;
+  Cents Total = 0;
+  std::array<std::string, kCannedLines> Desc;
+
+  bool IsDeleted() const { return Desc[0] == kDeletedEntry; }
+  std::string Code() const;       // without the blanks that pad it
+  std::string FirstLine() const;  // behind the code
+};
+CannedLabor ParseCannedLabor(std::string_view line);
+std::string CannedLaborLine(const CannedLabor& entry);
+
+// In file order. No file is an empty list. FileError when it can't be read or written.
+std::vector<CannedLabor> LoadCannedLabor(Environment& environment);
+// The whole file, without the deleted entries.
+void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& entries);
+
+// TQLABKIT.DAT: which inventory kit goes with which code.
+namespace laborkit {
+inline constexpr TextField Code{0, 5};
+inline constexpr TextField Kit{Code.End(), 21};
+static_assert(Kit.End() == 26);
+}  // namespace laborkit
+using LaborKitRec = Record<laborkit::Kit.End()>;
+inline constexpr std::string_view kLaborKitFile = "TQLABKIT.DAT";
+
+// In memory for the whole run, once loaded.
+class LaborKits {
+ public:
+  explicit LaborKits(Environment& environment) : environment_(environment) {}
+
+  void LoadOnce();
+  // The kit of a code; empty when there is no row. Loads if need be.
+  std::string KitOf(std::string_view code);
+  // Sets or adds, and rewrites the file, rows without a code left out.
+  void Save(std::string_view code, std::string_view kit);
+
+ private:
+  struct Row {
+    std::string code, kit;
+  };
+  Environment& environment_;
+  bool loaded_ = false;
+  std::vector<Row> rows_;
+};
+
+// TQCANNOT.DAT: notes that the shop uses again and again, a line of text each.
+inline constexpr std::string_view kCannedNoteFile = "TQCANNOT.DAT";
+using CannedNote = std::array<std::string, kCannedLines>;
+bool IsDeleted(const CannedNote& note);
+std::string CannedNoteLine(const CannedNote& note);
+std::vector<CannedNote> LoadCannedNotes(Environment& environment);
+void SaveCannedNotes(Environment& environment, const std::vector<CannedNote>& notes);
+
+}  // namespace lantos

@@ -1,0 +1,83 @@
+#include "records/PurchaseOrders.h"
+
+#include <optional>
+
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "records/OpenedFile.h"
+#include "records/TextLines.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::string_view kSublets = "[Sublets]";
+constexpr std::string_view kCredits = "[Credits]";
+
+Cents DollarsToCents(std::string_view text) { return RoundHalfEven(Val(text) * 100); }
+
+// Runs the statement until it succeeds or the operator skips it.
+template <class Statement>
+bool RetryOrSkip(ui::Desktop& desktop, const std::string& what, Statement statement) {
+  for (;;) {
+    try {
+      statement();
+      return true;
+    } catch (const FileError& error) {
+      const ui::Answer answer = desktop.Ask(
+          what + "\rlocked by another user.\rClick RETRY to try again, or CANCEL to skip.",
+          "zGetOpenPOSublets " + error.Text(), ui::Buttons::RetryCancel);
+      if (answer == ui::Answer::Cancel) return false;
+    }
+  }
+}
+
+void AddSublets(const std::vector<std::string>& lines, std::int32_t orderNumber, std::vector<OrderedSublet>& sublets) {
+  bool inSection = false;
+  for (const std::string& line : lines) {
+    if (!inSection) {
+      inSection = Trim(line) == kSublets;
+      continue;
+    }
+    if (Trim(line).empty() || Trim(line) == kCredits) return;
+    OrderedSublet sublet = ParseSubletLine(line);
+    if (sublet.price <= 0) continue;
+    sublet.orderNumber = orderNumber;
+    sublets.push_back(std::move(sublet));
+  }
+}
+
+}  // namespace
+
+OrderedSublet ParseSubletLine(std::string_view line) {
+  OrderedSublet sublet;
+  sublet.vendor = Trim(Mid(line, 1, 31));
+  sublet.invoice = Trim(Mid(line, 32, 11));
+  sublet.cost = DollarsToCents(Mid(line, 43, 11));
+  sublet.price = DollarsToCents(Mid(line, 54, 12));
+  sublet.description = Trim(Mid(line, 66, 64));
+  return sublet;
+}
+
+std::vector<OrderedSublet> PurchaseOrders::GetOpenPOSublets() {
+  std::vector<OrderedSublet> sublets;
+  if (!environment_.files.IsThere(kOpenOrdersFile)) return sublets;
+  OpenedFile file(environment_.openFiles);
+  const std::string tags = "Purchase Orders tags file " + std::string(kOpenOrdersFile);
+  if (!RetryOrSkip(desktop_, tags, [&] { file.Open(kOpenOrdersFile, Access::Read, Deny::None); })) return sublets;
+  PoTag tag;
+  const std::uint64_t length = file->Length();
+  for (std::uint64_t offset = 0; offset < length; offset += PoTag::kLength) {
+    if (!RetryOrSkip(desktop_, tags, [&] { file->ReadAt(offset, tag.Bytes()); })) return sublets;
+    const std::int16_t status = tag.Get(potag::Status);
+    const std::string name = tag.Get(potag::FileName);
+    if ((status != kOrderClosed && status != kOrderOnAccount) || name.empty()) continue;
+    std::optional<std::vector<std::string>> lines;
+    RetryOrSkip(desktop_, "Purchase Order detail file (" + name + ")",
+                [&] { lines = ReadTextLines(environment_, name); });
+    if (lines) AddSublets(*lines, tag.Get(potag::Number), sublets);
+  }
+  return sublets;
+}
+
+}  // namespace lantos

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "board/DayCapacityDatabase.h"
+#include "contents/Contents.h"
+
+namespace lantos::test {
+
+// A board that shows one estimate: the two lists, and a record of what its editors asked for.
+class PaperBoard : public ui::Form, public EstimateOnShow {
+ public:
+  explicit PaperBoard(ui::Desktop& desktop) : Form(desktop, "frmPaper", "Paper") { listParts.SetMultiSelect(true); }
+
+  ui::ListBox listLabor{*this, "listLabor"};
+  ui::ListBox listParts{*this, "listParts"};
+
+  std::int32_t DisplayedEstimate() const override { return number; }
+  const CustomerRecord& Customer() const override { return customer; }
+  ui::ListBox& LaborList() override { return listLabor; }
+  ui::ListBox& PartList() override { return listParts; }
+  void AddScheduledHours(Hundredths hours) override { scheduledHours += hours; }
+  void RefreshDay() override { ++dayRefreshes; }
+  void RefreshTotals() override { ++totalRefreshes; }
+
+  std::int32_t number = 1001;
+  CustomerRecord customer;
+  Hundredths scheduledHours = 0;
+  int dayRefreshes = 0;
+  int totalRefreshes = 0;
+};
+
+// The line editors on a shop with one estimate, 1001, of Tuesday, 30 September 2003.
+struct ContentsBench : BoardShop {
+  ContentsBench() {
+    Do("insert into Estimates (EstimateNumber, SchedDate, Status, CustomerNumber, CreateDate) "
+       "values (1001, '2003-09-30', 0, 7, '2003-09-22')");
+    database.estimates.LoadEstimate(1001);
+  }
+
+  frmInvList inventoryList{shop};
+  Workorder workorder;
+  PaperBoard board{desktop};
+  Contents contents{Workbench{shop, database, inventoryList, workorder, board}};
+  Workbench& bench = contents.bench;
+};
+
+}  // namespace lantos::test
