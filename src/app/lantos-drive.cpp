@@ -2,11 +2,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <memory>
 
 #include "frame/Text.h"
 #include "frame/start/Program.h"
+#include "ui/driver/ControlJson.h"
 #include "ui/driver/DriverDesktop.h"
 #include "ui/driver/Session.h"
 #ifdef LANTOS_WITH_QT
@@ -129,11 +131,13 @@ int RunOnWindows(ui::Session& session, Clock& clock, const DriveOptions& options
   ui::QtDesktop desktop(&session);
   desktop.PrintTo(PrintFolder(options.printTo));
   desktop.JoinRegistry(FromUtf8(options.computer));
-  desktop.notePrinted = [&session](const std::string& form, const std::filesystem::path& pdf) {
-    session.Note({{"printed", ToUtf8(form)}, {"pdf", pdf.string()}});
+  ui::QtHand hand(desktop);
+  desktop.notePrinted = [&](const std::string& form, const std::filesystem::path& pdf) {
+    const std::filesystem::path text = std::filesystem::path(pdf).replace_extension(".txt");
+    if (ui::Form* printed = desktop.FindForm(form)) std::ofstream(text) << ui::ToJson(*printed, hand).dump(2) << "\n";
+    session.Note({{"printed", ToUtf8(form)}, {"text", text.string()}, {"pdf", pdf.string()}});
   };
   desktop.noteRaised = [&session](const std::string& caption) { session.Note({{"raised", ui::JsonText(caption)}}); };
-  ui::QtHand hand(desktop);
   session.Attach(desktop, hand);
   return RunProgram(desktop, session, clock, options);
 }

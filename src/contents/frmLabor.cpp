@@ -106,7 +106,7 @@ void frmLabor::ShowLine() {
   changed_ = false;
 }
 
-bool frmLabor::FillEmployees() { return FillEmployeeList(shop_, EmpList, {Check1.Value(), Check2.Value(), true}); }
+bool frmLabor::FillEmployees() { return FillEmployeeList(shop_, EmpList, {Check1.Value(), Check2.Value()}); }
 
 void frmLabor::SelectMechanic(std::int32_t mechanic) {
   for (int row = 0; row < EmpList.ListCount(); ++row) {

@@ -111,7 +111,6 @@ VehicleRecord AsVehicle(const Snapshot& snapshot, std::int32_t customer) {
   constexpr TextField kFields[] = {vehicle::Year, vehicle::Make, vehicle::Model, vehicle::VIN, vehicle::LicenseNumber};
   for (std::size_t i = 0; i < std::size(kFields); ++i) record.Put(kFields[i], snapshot[i]);
   if (const auto seen = ParseDate(snapshot[5])) record.Put(vehicle::Date, ToFileDate(*seen));
-  record.Put(vehicle::Mileage, RoundHalfEven(Val(snapshot[6])));
   return record;
 }
 

@@ -3,7 +3,7 @@
 namespace lantos {
 
 FileHandle OpenFiles::FreeFile() const {
-  FileHandle handle = 1;
+  FileHandle handle = log_.IsOpen() ? 2 : 1;  // the log has the first
   for (const auto& [used, file] : open_) {
     if (used != handle) break;
     ++handle;

@@ -24,6 +24,7 @@ class RunLog {
   // One line: date and time padded to 20 characters, the message, CR LF. Never reports.
   void Write(std::string_view message) noexcept;
   void Close();  // never reports either
+  bool IsOpen() const { return file_.IsOpen(); }
   const std::string& Name() const { return name_; }  // empty before Open
   std::filesystem::path Path() const;
 

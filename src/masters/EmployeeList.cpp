@@ -20,7 +20,7 @@ bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice
     shop.desktop.Tell("Could not access employee master file!", kTitle, ui::Icon::Exclamation);
     return false;
   }
-  bool any = choice.withNone && choice.noneWillDo;
+  bool any = choice.withNone;
   for (const EmployeeName& employee : employees) {
     if (choice.activeOnly && !employee.IsActive()) continue;
     list.AddItem(LeftJustify(employee.Name, kNameWidth) + FormatZeros(employee.Number, 6), employee.Number);

@@ -13,7 +13,6 @@ inline constexpr std::string_view kNoEmployee = " None";
 struct EmployeeListChoice {
   bool activeOnly = false;
   bool withNone = true;  // " None" as the first entry
-  bool noneWillDo = false;  // a list of " None" alone is a list
 };
 
 // Fills a list or combo box with the employees, by number. A line is the name, left-justified in 31 characters, then

@@ -27,6 +27,13 @@ std::string TrimInPlace(RecordType& record, TextField field) {
   return text;
 }
 
+// The text up to its first NUL, the blanks around it included.
+template <std::size_t Length>
+std::string_view Untrimmed(const Record<Length>& record, TextField field) {
+  const std::string_view all(reinterpret_cast<const char*>(record.Bytes().data()) + field.offset, field.width);
+  return all.substr(0, all.find('\0'));
+}
+
 }  // namespace
 
 bool Customers::LoadCustomerTags() {
@@ -122,7 +129,8 @@ void Customers::MakeTagFollowCustomer() {
   CurrentTag.Put(customertag::Number, CurrentCustomer.Get(customer::Number));
   CurrentTag.Put(customertag::NameKey, lastname + "," + firstname);
   CurrentTag.Put(customertag::SpouseKey, spouseLast + "," + spouse);
-  CurrentTag.Put(customertag::Phone, CurrentCustomer.View(customer::HomePhone));
+  // A copy, so a phone that the main application keeps behind a blank stays equal in both files.
+  CurrentTag.Put(customertag::Phone, Untrimmed(CurrentCustomer, customer::HomePhone));
   CurrentTag.Put(customertag::reserved, "");
 }
 

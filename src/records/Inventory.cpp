@@ -25,13 +25,13 @@ std::array<std::uint64_t, 3> WordsOf(const void* field) {
   return {WordAt(field, 0), WordAt(field, 8), WordAt(field, kKeyWidth - 8)};
 }
 
-std::size_t HashOf(const std::array<std::uint64_t, 3>& key) {
+std::uint32_t HashOf(const std::array<std::uint64_t, 3>& key) {
   std::uint64_t hash = 0x9E3779B97F4A7C15u;
   for (const std::uint64_t word : key) {
     hash = (hash ^ word) * 0xD6E8FEB86659FD93u;
     hash ^= hash >> 32;
   }
-  return static_cast<std::size_t>(hash);
+  return static_cast<std::uint32_t>(hash);
 }
 
 // At most half of the slots is ever used, so that a search ends soon.
@@ -41,8 +41,13 @@ std::size_t SlotsFor(std::size_t tags) {
   return slots;
 }
 
+// The stock number is left as its trimmed text and NULs, whatever stood behind it.
 void TrimTexts(InventoryTag& tag) {
-  for (const TextField field : {inventorytag::StockNumber, inventorytag::Description}) tag.Put(field, tag.View(field));
+  const std::string_view number = tag.View(inventorytag::StockNumber);
+  std::array<std::byte, kKeyWidth> field{};
+  std::memcpy(field.data(), number.data(), number.size());
+  std::memcpy(tag.Bytes().data(), field.data(), field.size());
+  tag.Put(inventorytag::Description, tag.View(inventorytag::Description));
 }
 
 }  // namespace
@@ -54,7 +59,7 @@ void Inventory::SizeArrays() {
   const auto room = static_cast<std::size_t>(std::min(count, kMostTags));
   tags_.reserve(room);
   locations_.reserve(room);
-  slots_.assign(SlotsFor(room), kNoPart);
+  slots_.assign(SlotsFor(room), Slot{});
   indexed_ = 0;
 }
 
@@ -90,13 +95,13 @@ void Inventory::ReplaceTag(PartIndex index, const InventoryTag& tag) {
 Inventory::NumberKey Inventory::KeyOf(const InventoryTag& tag) { return WordsOf(tag.Bytes().data()); }
 
 // The slot that holds the number, or the free one where it belongs.
-std::size_t Inventory::SlotOf(const NumberKey& key) const {
+std::size_t Inventory::SlotOf(const NumberKey& key, std::uint32_t hash) const {
   const std::size_t mask = slots_.size() - 1;
-  std::size_t slot = HashOf(key) & mask;
-  while (slots_[slot] != kNoPart && KeyOf(tags_[static_cast<std::size_t>(slots_[slot])]) != key) {
-    slot = (slot + 1) & mask;
+  for (std::size_t place = hash & mask;; place = (place + 1) & mask) {
+    const Slot& slot = slots_[place];
+    if (slot.index == kNoPart) return place;
+    if (slot.hash == hash && KeyOf(tags_[static_cast<std::size_t>(slot.index)]) == key) return place;
   }
-  return slot;
 }
 
 // Of several parts of one number the first is found.
@@ -104,14 +109,15 @@ void Inventory::AddToIndex(PartIndex index) {
   const NumberKey key = KeyOf(tags_[static_cast<std::size_t>(index)]);
   if (key == NumberKey{}) return;
   if (2 * (indexed_ + 1) > slots_.size()) return Reindex();
-  PartIndex& slot = slots_[SlotOf(key)];
-  if (slot != kNoPart) return;
-  slot = index;
+  const std::uint32_t hash = HashOf(key);
+  Slot& slot = slots_[SlotOf(key, hash)];
+  if (slot.index != kNoPart) return;
+  slot = {index, hash};
   ++indexed_;
 }
 
 void Inventory::Reindex() {
-  slots_.assign(SlotsFor(tags_.capacity()), kNoPart);
+  slots_.assign(SlotsFor(tags_.capacity()), Slot{});
   indexed_ = 0;
   for (PartIndex index = 0; index < Count(); ++index) AddToIndex(index);
 }
@@ -121,7 +127,8 @@ Inventory::PartIndex Inventory::FindPart(std::string_view stockNumber) const {
   if (number.empty() || number.size() > kKeyWidth || slots_.empty()) return kNoPart;
   std::array<char, kKeyWidth> field{};
   std::copy(number.begin(), number.end(), field.begin());
-  return slots_[SlotOf(WordsOf(field.data()))];
+  const NumberKey key = WordsOf(field.data());
+  return slots_[SlotOf(key, HashOf(key))].index;
 }
 
 Inventory::Pricing Inventory::PartPricing(std::string_view stockNumber) const {

@@ -103,10 +103,15 @@ class Inventory {
   // A stock number as three overlapping words of its field: what is trimmed and NUL-filled compares so.
   using NumberKey = std::array<std::uint64_t, 3>;
   static NumberKey KeyOf(const InventoryTag& tag);
+  // A place in the list, kNoPart where free, and what tells most other numbers apart without a look at the tag.
+  struct Slot {
+    PartIndex index = kNoPart;
+    std::uint32_t hash = 0;
+  };
   void MakeRoom();
   void Reindex();
   void AddToIndex(PartIndex index);
-  std::size_t SlotOf(const NumberKey& key) const;
+  std::size_t SlotOf(const NumberKey& key, std::uint32_t hash) const;
 
   // Puts the working records back at its end.
   class WorkingRecordsKept {
@@ -148,8 +153,8 @@ class Inventory {
   modSystem& system_;
   std::vector<InventoryTag> tags_;
   std::vector<FileLink> locations_;
-  // Open addressing: places in the list by the hash of their number, kNoPart where free. At most half of it is used.
-  std::vector<PartIndex> slots_;
+  // Open addressing: the slots stand where the hashes of their numbers lead. At most half of them are used.
+  std::vector<Slot> slots_;
   std::size_t indexed_ = 0;
 };
 

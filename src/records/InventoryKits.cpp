@@ -47,8 +47,8 @@ std::string KitLine(const KitComponent& component) {
 std::vector<KitComponent> ComponentsOf(const InventoryKitRecord& kit) {
   std::vector<KitComponent> components;
   for (std::size_t i = 0; i < inventorykit::kLineCount; ++i) {
-    const std::string_view line = kit.View(inventorykit::Line(i));
-    if (!TrimView(line.substr(0, inventorykit::kLineUsed)).empty()) components.push_back(ParseKitLine(line));
+    const std::string_view used = kit.View(TextField{inventorykit::Line(i).offset, inventorykit::kLineUsed});
+    if (!used.empty()) components.push_back(ParseKitLine(used));
   }
   return components;
 }

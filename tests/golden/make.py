@@ -131,9 +131,57 @@ EMPLOYEE = ("TQEMPLOY.DAT", 199, {
     "payroll": (145, 54, OPAQUE),
 })
 
+INVENTORY_TAG = ("TQINVTAG.DAT", 128, {
+    "StockNumber": (0, 21, TEXT),
+    "Description": (21, 39, TEXT),
+    "Pricing_0": (60, 4, LONG),
+    "Pricing_1": (64, 4, LONG),
+    "Pricing_2": (68, 4, LONG),
+    "Pricing_3": (72, 4, LONG),
+    "InStock": (76, 2, INTEGER),
+    "Tag": (78, 4, LONG),
+    "IsStocked": (82, 1, BYTE),
+    "Dummy": (83, 45, TEXT),
+})
+
+INVENTORY = ("TQINVENT.DAT", 344, {
+    "StockNumber": (0, 21, TEXT),
+    "AltNumber_0": (21, 21, TEXT),
+    "AltNumber_1": (42, 21, TEXT),
+    "AltNumber_2": (63, 21, TEXT),
+    "AltNumber_3": (84, 21, TEXT),
+    "Description": (105, 39, TEXT),
+    "Department": (144, 21, TEXT),
+    "Manufacturer": (165, 21, TEXT),
+    "Comment": (186, 79, TEXT),
+    "Pricing_0": (265, 4, LONG),
+    "Pricing_1": (269, 4, LONG),
+    "Pricing_2": (273, 4, LONG),
+    "Pricing_3": (277, 4, LONG),
+    "MarkupPercent_0": (281, 4, LONG),
+    "MarkupPercent_1": (285, 4, LONG),
+    "MarkupPercent_2": (289, 4, LONG),
+    "MarkupPercent_3": (293, 4, LONG),
+    "IsStocked": (297, 1, BYTE),
+    "Location": (298, 21, TEXT),
+    "HasACore": (319, 1, BYTE),
+    "CoreCost": (320, 4, LONG),
+    "HasWaste": (324, 1, BYTE),
+    "DisposalFee": (325, 4, LONG),
+    "ReorderLevel": (329, 2, INTEGER),
+    "QtyInStock": (331, 2, INTEGER),
+    "IdealLevel": (333, 2, INTEGER),
+    "Deleted": (335, 1, BYTE),
+    "UsageLink": (336, 4, LONG),
+    "ReceivingLink": (340, 4, LONG),
+})
+
+KIT = ("TQINVKIT.DAT", 1971, {
+    "KitNumber": (0, 21, TEXT), **{"Line_%d" % i: (21 + 39 * i, 39, TEXT) for i in range(50)}})
+
 PASSWORDS = ("TQPASSWD.DAT", 252, {"password_%d" % i: (21 * i, 21, TEXT) for i in range(12)})
 
-LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS)
+LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS, INVENTORY_TAG, INVENTORY, KIT)
 
 
 def record(layout, **values):
@@ -260,13 +308,61 @@ def make_passwords():
     return record(PASSWORDS, **{"password_%d" % index: word for index, word in words.items()})
 
 
+PARTS = (
+    dict(StockNumber="PF47", Description="OIL FILTER", AltNumber_0="PH3614", AltNumber_2=b"L10241\0older",
+         Department="FILTERS", Manufacturer="AC DELCO", Comment="c" * 79, Pricing_0=310, Pricing_1=420, Pricing_2=500,
+         Pricing_3=699, MarkupPercent_1=354838, MarkupPercent_2=612903, MarkupPercent_3=1254838, IsStocked=1,
+         Location="A 4", ReorderLevel=6, QtyInStock=12, IdealLevel=24, UsageLink=0, ReceivingLink=76),
+    dict(StockNumber="STARTER", Description="STARTER MOTOR, REMANUFACTURED, V8 ENGIN", Department="ELECTRIC",
+         Manufacturer="B\u00f6sch", Pricing_0=8000, Pricing_1=9000, Pricing_2=10000, Pricing_3=12000, IsStocked=0,
+         HasACore=1, CoreCost=1525, HasWaste=1, DisposalFee=250, QtyInStock=-1, UsageLink=-1, ReceivingLink=-1),
+    dict(StockNumber="1-234-567-89-ABCDEFGH", Description=b"A\0stale bytes", Pricing_3=2147483647, QtyInStock=32767,
+         UsageLink=152, ReceivingLink=-1),
+    dict(StockNumber="OLDBELT", Description="FAN BELT", Deleted=1, UsageLink=-1, ReceivingLink=-1),
+    dict(StockNumber="TUNEUP", Description="TUNE-UP KIT, 8 CYLINDERS", Department="KITS", Location="KIT:(99.00,120.00)",
+         UsageLink=-1, ReceivingLink=-1),
+)
+
+
+def make_inventory():
+    """Masters in another order than the tags. The deleted part's number is blank in its tag alone."""
+    order = (4, 1, 0, 3, 2)
+    masters = b"".join(record(INVENTORY, **PARTS[i]) for i in order)
+    tags = b""
+    for i, one in enumerate(PARTS):
+        copied = {name: one[name] for name in ("Description", "Pricing_0", "Pricing_1", "Pricing_2", "Pricing_3",
+                                               "IsStocked") if name in one}
+        number = "" if one.get("Deleted") else one["StockNumber"]
+        tags += record(INVENTORY_TAG, StockNumber=number, InStock=one.get("QtyInStock", 0),
+                       Tag=344 * order.index(i), **copied)
+    return tags, masters
+
+
+def make_kits():
+    """The second has a blank line ahead of its last one, and fills its record."""
+    full = {"Line_%d" % i: "PART%d(%d)" % (i, i) for i in range(50)}
+    full.update(Line_1="ONE", Line_48="")
+    return (record(KIT, KitNumber="TUNEUP", Line_0="SPARKPLUG(8)", Line_1=b"PF47\0(3)", Line_2="ROTOR" + " " * 16 + "x(9)")
+            + record(KIT, KitNumber="FULL", **full))
+
+
+def make_names(*names):
+    return "".join(name.ljust(20) for name in names).encode("cp1252") + b"\r\n"
+
+
 def main():
     tags, masters = make_customers()
+    part_tags, part_masters = make_inventory()
     for layout, content in ((SYSTEM, make_system()), (CUSTOMER_TAG, tags), (CUSTOMER, masters),
                             (VEHICLE, make_vehicles()), (MAKE_MODEL, make_makes()), (EMPLOYEE, make_employees()),
-                            (PASSWORDS, make_passwords())):
+                            (PASSWORDS, make_passwords()), (INVENTORY_TAG, part_tags), (INVENTORY, part_masters),
+                            (KIT, make_kits())):
         assert len(content) % layout[1] == 0
         with open(layout[0], "wb") as out:
+            out.write(content)
+    for name, content in (("TQDEPART.DAT", make_names("FILTERS", "ELECTRIC", "CORES", "KITS")),
+                          ("TQMANUFA.DAT", make_names("AC DELCO", "B\u00f6sch", "A NAME OF TWENTY CHR"))):
+        with open(name, "wb") as out:
             out.write(content)
     with open("layouts.txt", "w", encoding="ascii") as out:
         for name, _, fields in LAYOUTS:

@@ -78,7 +78,7 @@ void CheckMembers(const json& line, const std::string& leading, std::span<const 
     const std::string& name = item.key();
     if (name == leading) continue;
     const auto member = std::find_if(members.begin(), members.end(), [&](const Member& m) { return m.name == name; });
-    if (member == members.end()) throw Refusal("unknown member " + Quoted(name));
+    if (member == members.end()) throw Refusal("unknown member " + Quoted(FromUtf8(name)));
     if (!Fits(item.value(), member->kind)) throw Refusal("member " + Quoted(name) + " has a value of the wrong kind");
   }
   for (const Member& member : members) {

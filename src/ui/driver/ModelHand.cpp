@@ -29,6 +29,8 @@ void SelectWithoutMoving(Control& control, const std::vector<int>& rows) {
   }
 }
 
+bool CanBeTyped(char character) { return static_cast<unsigned char>(character) >= ' ' && character != 0x7f; }
+
 // Clicking a drop-down opens it; only a row of it is a click of the program's.
 bool HasOwnClick(const Control& control) { return dynamic_cast<const ComboBox*>(&control) == nullptr; }
 
@@ -91,10 +93,12 @@ std::string ModelHand::CheckRow(ListBox& list, int row, bool value) {
 
 std::string ModelHand::Type(Control& control, const std::string& text) {
   if (!GoTo(control)) return "";
+  std::string typed = WithLineFeeds(text);
+  std::erase_if(typed, [](char character) { return character != '\n' && !CanBeTyped(character); });
   if (auto* box = dynamic_cast<TextBox*>(&control)) {
-    box->DoType(WithLineFeeds(text));
+    box->DoType(typed);
   } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
-    combo->DoType(text);
+    combo->DoType(typed);
   }
   return "";
 }

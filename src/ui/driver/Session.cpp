@@ -157,7 +157,8 @@ void Session::WriteAnswer(Json answer) {
   if (!error_.empty()) answer["error"] = ToUtf8(error_);
   if (!events_.empty()) answer["events"] = std::move(events_);
   if (result_) answer["result"] = std::move(*result_);
-  answers_ << answer.dump() << std::endl;
+  // A path may hold any bytes; an answer is to be written all the same.
+  answers_ << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
   answerDue_ = false;
   error_.clear();
   events_ = Json::array();

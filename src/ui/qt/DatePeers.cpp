@@ -13,6 +13,8 @@ namespace lantos::ui {
 
 namespace {
 
+constexpr int kFirstYear = 100;
+
 class MonthPeer : public WidgetPeer {
  public:
   MonthPeer(FormWindow& window, MonthView& control, QCalendarWidget& calendar)
@@ -55,6 +57,7 @@ class PickerPeer : public WidgetPeer {
   PickerPeer(FormWindow& window, DTPicker& control, QDateEdit& edit)
       : WidgetPeer(window, control, edit), picker_(control), edit_(edit) {
     edit_.setCalendarPopup(true);
+    edit_.setMinimumDate(QDate(kFirstYear, 1, 1));  // its own begins with the Gregorian calendar of 1752
     edit_.setDisplayFormat(QStringLiteral("MM/dd/yyyy"));
     QObject::connect(&edit_, &QDateEdit::dateChanged, &edit_, [this](const QDate& date) {
       if (IsPersonsDoing()) picker_.DoPick(FromQt(date));

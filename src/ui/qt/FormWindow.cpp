@@ -101,6 +101,7 @@ void FormWindow::Detach() {
   for (Control* control : form_->Controls()) {
     if (NeedsWidget(*control)) control->SetPeer(nullptr);
   }
+  for (const auto& peer : peers_) peer->ControlGone();
   form_->SetPeer(nullptr);
   form_ = nullptr;
   actions_->Detach();

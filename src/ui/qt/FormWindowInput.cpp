@@ -96,7 +96,8 @@ bool FormWindow::PressEnter() {
   Control* focus = form_->Focus();
   if (auto* button = dynamic_cast<Button*>(focus)) return ClickButton(button);
   if (const auto* text = dynamic_cast<TextBox*>(focus); text != nullptr && text->MultiLine()) return false;
-  return ClickButton(form_->DefaultButton());
+  // A calendar of the window system takes Enter for a double click.
+  return ClickButton(form_->DefaultButton()) || dynamic_cast<MonthView*>(focus) != nullptr;
 }
 
 bool FormWindow::ClickButton(Button* button) {

@@ -1,6 +1,7 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QTableView>
+#include <algorithm>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/RowsPeer.h"
@@ -12,6 +13,7 @@ namespace {
 
 constexpr std::string_view kDescending = " Desc";
 constexpr int kRowPadding = 6;     // pixels above and below the text together
+constexpr int kLeastWidest = 160;  // pixels that the widest column keeps
 constexpr int kLeastSection = 28;  // pixels: a column of one letter, its sort mark beside it
 
 // The rows of a grid, made when the view asks for them.
@@ -19,6 +21,12 @@ class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(const Grid& grid) : grid_(grid) {}
 
+  // The grid is no more; the view is for a while yet.
+  void Close() {
+    beginResetModel();
+    rows_ = columns_ = 0;
+    endResetModel();
+  }
   void Reload() {
     beginResetModel();
     rows_ = grid_.RowCount();
@@ -29,7 +37,7 @@ class GridModel : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
   int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns_; }
   QVariant data(const QModelIndex& index, int role) const override {
-    if (!index.isValid() || index.row() >= grid_.RowCount()) return {};
+    if (!index.isValid() || index.row() >= rows_ || index.row() >= grid_.RowCount()) return {};
     if (role == Qt::TextAlignmentRole) {
       const bool right = grid_.Columns()[static_cast<std::size_t>(index.column())].rightAligned;
       return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
@@ -108,9 +116,16 @@ class GridPeer : private HasModel, public RowsPeer {
     }
   }
 
+  void ControlGone() override { model_.Close(); }
+
  private:
   int CurrentRow() const override { return grid_.Row(); }
   void Pick(int row) override { grid_.DoSelect(row); }
+  int LeadingColumn() const override {
+    int column = 0;
+    while (column + 1 < model_.columnCount() && table_.isColumnHidden(column)) ++column;
+    return column;
+  }
 
   void Apply(unsigned aspects) override {
     if (Has(aspects, Aspect::Look)) {
@@ -145,6 +160,7 @@ class GridPeer : private HasModel, public RowsPeer {
     QHeaderView& heading = *table_.horizontalHeader();
     const int growing = heading.count() - heading.hiddenSectionCount() - 1;
     const int spare = table_.viewport()->width() - heading.length();
+    if (spare < 0) Shrink(heading, -spare);
     int grown = 0;
     for (int column = 0; column < heading.count() && grown < growing && spare > 0; ++column) {
       if (heading.isSectionHidden(column)) continue;
@@ -153,6 +169,15 @@ class GridPeer : private HasModel, public RowsPeer {
       heading.resizeSection(column, heading.sectionSize(column) + upToHere - spare * (grown - 1) / growing);
     }
     fitting_ = false;
+  }
+
+  // What is too much for the view comes off the widest column, whose texts are cut with dots.
+  static void Shrink(QHeaderView& heading, int tooMuch) {
+    int widest = 0;
+    for (int column = 0; column < heading.count(); ++column) {
+      if (heading.sectionSize(column) > heading.sectionSize(widest)) widest = column;
+    }
+    heading.resizeSection(widest, std::max(heading.sectionSize(widest) - tooMuch, kLeastWidest));
   }
 
   void ShowSortMark() {

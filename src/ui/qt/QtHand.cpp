@@ -86,7 +86,10 @@ std::string QtHand::Click(Control& control, MouseButton button) {
     }
     return ClickRow(control, row, button);
   }
+  const QPointer<QComboBox> dropDown(qobject_cast<QComboBox*>(&peer->Widget()));
   ClickAt(peer->MouseTarget(), peer->MouseTarget().rect().center(), ToQt(button));
+  // Left open, it would take the keys meant for what the person goes to next.
+  if (dropDown) dropDown->hidePopup();
   return "";
 }
 
@@ -96,6 +99,7 @@ std::string QtHand::DoubleClick(Control& control) {
   const FormWindow* window = desktop_.WindowOf(control.Owner());
   WidgetPeer* peer = window == nullptr ? nullptr : window->PeerOf(control);
   if (peer == nullptr || !CanTouch(control) || qobject_cast<QAbstractButton*>(&peer->Widget()) != nullptr) return "";
+  if (qobject_cast<QComboBox*>(&peer->Widget()) != nullptr) return "";  // the second click would open it for good
   ClickAgainAt(peer->MouseTarget(), peer->MouseTarget().rect().center());
   return "";
 }

@@ -20,7 +20,7 @@ void RowsPeer::Read(ControlState& state) const {
 }
 
 std::optional<QPoint> RowsPeer::PlaceOfRow(int row) {
-  const QModelIndex index = view_.model()->index(row, 0);
+  const QModelIndex index = view_.model()->index(row, LeadingColumn());
   if (!index.isValid()) return std::nullopt;
   view_.scrollTo(index);
   const QRect place = view_.visualRect(index).intersected(view_.viewport()->rect());
@@ -39,7 +39,7 @@ bool RowsPeer::HandleMouse(QMouseEvent& event) {
     case QEvent::MouseButtonDblClick:
       buttonDown_ = false;
       doubleClicked_ = true;
-      if (onRow && event.button() == Qt::LeftButton) GetControl().DoDoubleClick();
+      if (event.button() == Qt::LeftButton) GetControl().DoDoubleClick();  // beside the rows as well
       return true;
     case QEvent::MouseButtonRelease:
       Release(event);
@@ -84,7 +84,7 @@ int RowsPeer::SelectedRow() const {
 
 void RowsPeer::ShowSelected(int row) {
   QItemSelectionModel& selection = *view_.selectionModel();
-  const QModelIndex index = view_.model()->index(row, 0);
+  const QModelIndex index = view_.model()->index(row, LeadingColumn());
   if (!index.isValid()) {
     selection.clear();
     return;

@@ -18,8 +18,9 @@ class RowsPeer : public WidgetPeer {
   std::optional<QPoint> PlaceOfRow(int row) override;
 
  protected:
-  virtual int CurrentRow() const = 0;  // the control's
-  virtual void Pick(int row) = 0;      // by the person
+  virtual int CurrentRow() const = 0;              // the control's
+  virtual void Pick(int row) = 0;                  // by the person
+  virtual int LeadingColumn() const { return 0; }  // the first that can be seen
   std::vector<int> SelectedRows() const;
   int SelectedRow() const;  // -1 when there is none
   // Makes this the one row that is selected.

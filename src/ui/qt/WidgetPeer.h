@@ -38,6 +38,9 @@ class WidgetPeer : public ControlPeer {
   // The middle of a row, brought into sight, in the mouse target's own pixels. None when the control has no such row.
   virtual std::optional<QPoint> PlaceOfRow(int /*row*/) { return std::nullopt; }
 
+  // The form is unloaded, its controls may be gone; the widget lives until its last event is over.
+  virtual void ControlGone() {}
+
  protected:
   virtual void Apply(unsigned aspects) = 0;
   static bool Has(unsigned aspects, Aspect aspect) { return (aspects & Bit(aspect)) != 0; }

@@ -113,13 +113,13 @@ TEST_F(RunLogs, ClosingAFileIsLoggedWithItsNumber) {
     messages += text.substr(at + 20, text.find("\r\n", at) - at - 20) + "\n";
   }
   EXPECT_EQ(messages,
-            "CloseFile: Closed file with pointer = 1\n"
-            "Receiving File pointer = 2 Closed.\n"
-            "Archived WO Tag File Pointer = 1 requested by caller\n"
+            "CloseFile: Closed file with pointer = 2\n"
+            "Receiving File pointer = 3 Closed.\n"
+            "Archived WO Tag File Pointer = 2 requested by caller\n"
             "again: TQINCTAG already open\n"
-            "Archived Wo Tag File pointer = 1 Closed.\n"
-            "Archived WO Tag File Pointer = 1 requested by again\n"
-            "Archived Wo Tag File pointer = 1 Closed.\n");
+            "Archived Wo Tag File pointer = 2 Closed.\n"
+            "Archived WO Tag File Pointer = 2 requested by again\n"
+            "Archived Wo Tag File pointer = 2 Closed.\n");
 }
 
 }  // namespace lantos

@@ -312,11 +312,12 @@ TEST_F(EmployeeListTest, ActiveOnlyLeavesOutTheTerminated) {
 
 TEST_F(EmployeeListTest, AnEmptyListIsToldOf) {
   PutEmployees({});
+  EXPECT_TRUE(FillEmployeeList(shop, list, {false, true})) << "with None it isn't empty";
+  EXPECT_EQ(list.ListCount(), 1);
   desktop.WillAnswer(Answer::Ok);
-  EXPECT_FALSE(FillEmployeeList(shop, list, {}));
+  EXPECT_FALSE(FillEmployeeList(shop, list, {false, false}));
   EXPECT_EQ(desktop.boxes[0].text, "There are no employees!");
   EXPECT_EQ(desktop.boxes[0].title, "Load Employee List");
-  EXPECT_EQ(list.ListCount(), 1);
 }
 
 TEST_F(EmployeeListTest, AFileThatCanNotBeReadIsToldOf) {

@@ -51,6 +51,15 @@ TEST(Board, ADayIsPickedInTheCalendarItself) {
   EXPECT_EQ(doubled, std::vector<DaySerial>{days[0]});
 }
 
+TEST(Board, EnterInTheCalendarIsNoDoubleClick) {
+  Board board;
+  int doubled = 0;
+  board.form.MonthView1.OnDateDoubleClick = [&](DaySerial) { ++doubled; };
+  board.form.MonthView1.SetFocus();
+  board.hand.PressKey(board.form, ui::ParseKey("Enter"));
+  EXPECT_EQ(doubled, 0);
+}
+
 TEST(Board, FramesTakeTheMouseUnlessSomethingOnThemDoes) {
   Board board;
   ui::Frame& panel = board.form.frameWeek[3];
@@ -161,7 +170,8 @@ TEST(VehicleGrid, WhatTheProgramKeepsForItselfIsNotSeen) {
     const auto& table = dynamic_cast<QTableView&>(shop.windows.WindowOf(*list)->PeerOf(list->DataGrid1)->Widget());
     std::vector<std::string> seen;
     for (int column = 0; column < table.model()->columnCount(); ++column) {
-      if (!table.isColumnHidden(column)) seen.push_back(table.model()->headerData(column, Qt::Horizontal).toString().toStdString());
+      if (!table.isColumnHidden(column))
+        seen.push_back(table.model()->headerData(column, Qt::Horizontal).toString().toStdString());
     }
     EXPECT_EQ(seen, (std::vector<std::string>{"Year", "Make", "Model", "License", "VIN", "Mileage", "X"}));
     EXPECT_EQ(hand.Read(list->DataGrid1).cells->at(0).cells.at(6), "128");

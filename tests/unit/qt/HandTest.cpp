@@ -84,6 +84,28 @@ TEST(QtHand, ADoubleClickIsAClickAndThenADoubleOne) {
   EXPECT_EQ(bench.form.happened, (Happened{"click", "double"}));
 }
 
+TEST(QtHand, ADoubleClickOnAnEmptyListIsOneToo) {
+  Bench bench;
+  bench.form.Dir1.Clear();
+  int doubled = 0;
+  bench.form.Dir1.OnDoubleClick = [&] { ++doubled; };
+  bench.form.Show();
+  bench.hand.DoubleClick(bench.form.Dir1);
+  EXPECT_EQ(doubled, 1);
+}
+
+TEST(QtHand, WhoHasClickedADropDownTypesElsewhereAfterIt) {
+  Bench bench;
+  bench.form.Drive1.AddItem("C");
+  bench.form.Show();
+  bench.hand.Click(bench.form.Drive1, MouseButton::Left);
+  bench.hand.Type(bench.form.TextString, "one");
+  EXPECT_EQ(bench.form.TextString.Text(), "one");
+  bench.hand.DoubleClick(bench.form.Drive1);
+  bench.hand.Type(bench.form.TextString, "two");
+  EXPECT_EQ(bench.form.TextString.Text(), "two");
+}
+
 TEST(QtHand, RowsOutOfSightCanBeClicked) {
   Bench bench;
   for (int i = 0; i < 600; ++i) bench.form.Dir1.AddItem("row " + std::to_string(i));

@@ -28,9 +28,9 @@ TEST_F(CustomersTest, TheTagFileIsClosedFirst) {
   MakeCurrentCustomer(1, "A", "");
   customers.WriteCustomer();
   EXPECT_EQ(Log(),
-            "CloseFile: Closed file with pointer = 1\n"
-            "CloseFile: Closed file with pointer = 1\n"
-            "CloseFile: Closed file with pointer = 2\n");
+            "CloseFile: Closed file with pointer = 2\n"
+            "CloseFile: Closed file with pointer = 2\n"
+            "CloseFile: Closed file with pointer = 3\n");
 }
 
 TEST_F(CustomersTest, NamesOf20CharactersMakeAKeyCutTo32WithTheCommaAndPartOfTheFirstName) {
@@ -49,6 +49,14 @@ TEST_F(CustomersTest, NamesAreTrimmedInTheMasterToo) {
   MakeCurrentCustomer(1, "  Adams ", std::string_view("John\0old", 8));
   customers.WriteCustomer();
   EXPECT_EQ(BytesOf(kCustomerFile).substr(4, 42), "Adams" + std::string(16, '\0') + "John" + std::string(17, '\0'));
+}
+
+TEST_F(CustomersTest, TheTagsPhoneIsTheHomePhoneWithItsBlanksUpToItsNul) {
+  MakeCurrentCustomer(1, "Adams", "John");
+  customers.CurrentCustomer.Put(customer::HomePhone, std::string_view("  555-12 \0old", 13));
+  customers.WriteCustomer();
+  EXPECT_EQ(BytesOf(kCustomerTagFile).substr(72, 15), "  555-12 " + std::string(6, '\0'));
+  EXPECT_EQ(BytesOf(kCustomerFile).substr(156, 15), std::string("  555-12 \0old\0\0", 15)) << "the master stays";
 }
 
 TEST_F(CustomersTest, AnotherWorkstationsNewCustomerIsMetByTheReloadOfAMiss) {

@@ -103,12 +103,12 @@ TEST_F(InventoryFiles, WritingNotesTheNumberAndTheStockInTheRunLog) {
   const FileLink offset = Read("PF47");
   inventory.WriteInventory(offset, 0, false, false);
   EXPECT_EQ(InventoryLog(),
-            "CloseFile: Closed file with pointer = 1\n"  // the search for the tag
-            "CloseFile: Closed file with pointer = 1\n"  // the tag
-            "CloseFile: Closed file with pointer = 1\n"  // the master
+            "CloseFile: Closed file with pointer = 2\n"  // the search for the tag
+            "CloseFile: Closed file with pointer = 2\n"  // the tag
+            "CloseFile: Closed file with pointer = 2\n"  // the master
             "WriteInventory PF47 In stock=-3\n"
-            "CloseFile: Closed file with pointer = 1\n"
-            "CloseFile: Closed file with pointer = 1\n");
+            "CloseFile: Closed file with pointer = 2\n"
+            "CloseFile: Closed file with pointer = 2\n");
 }
 
 TEST_F(InventoryFiles, APartWithAnEmptyDescriptionIsStoredWithItsNumberInTagAndMaster) {

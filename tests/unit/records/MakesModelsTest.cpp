@@ -65,7 +65,7 @@ TEST_F(MakesModelsTest, EachUpdateLogsItsOpening) {
   makes.DeleteMake("Ford");
   std::string expected;
   for (const std::string name : {"AddMake", "AddModel", "DeleteModel", "DeleteMake"}) {
-    expected += name + ": Opened TQMAKMOD.DAT (update,fp=1)\nCloseFile: Closed file with pointer = 1\n";
+    expected += name + ": Opened TQMAKMOD.DAT (update,fp=2)\nCloseFile: Closed file with pointer = 2\n";
   }
   EXPECT_EQ(Log(), expected);
 }

@@ -14,11 +14,11 @@ class Sharing : public ShopTest {
     PutGolden();
     records.customers.LoadCustomerTags();
     records.customers.FindCustomerTag(1001);
-    records.employees.LoadEmployees();
   }
 
   // Whether a routine gets its file while another holds it.
   bool Passes(std::string_view file, Access access, Deny deny, const std::function<void()>& routine) {
+    records.employees.LoadEmployees();  // saving all of them unloads them
     const SharedFile other = HeldByAnother(file, access, deny);
     // Whatever is asked is answered with the button that gives up.
     const std::size_t before = desktop.boxes.size();
@@ -70,9 +70,16 @@ class Sharing : public ShopTest {
         {"WriteSystem", kSystemFile, Access::Write, Deny::All, [&] { records.system.WriteSystem(); }},
         {"LoadMakes", kMakeModelFile, Access::Read, Deny::All, [&] { records.makes.LoadMakes(); }},
         {"AddMake", kMakeModelFile, Access::ReadWrite, Deny::All, [&] { records.makes.AddMake("Nash"); }},
+        {"AddModel", kMakeModelFile, Access::ReadWrite, Deny::All, [&] { records.makes.AddModel("Nash", "Rambler"); }},
+        {"DeleteModel", kMakeModelFile, Access::ReadWrite, Deny::All,
+         [&] { records.makes.DeleteModel("Nash", "Rambler"); }},
+        {"DeleteMake", kMakeModelFile, Access::ReadWrite, Deny::All, [&] { records.makes.DeleteMake("Nash"); }},
+        {"TakeNumber", kSystemFile, Access::ReadWrite, Deny::All,
+         [&] { records.system.TakeNumber(sysrec::last_customer_number); }},
         {"LoadEmployeeList", kEmployeeFile, Access::Read, Deny::None, [&] { records.employees.LoadEmployeeList(); }},
         {"LoadEmployees", kEmployeeFile, Access::Read, Deny::All, [&] { records.employees.LoadEmployees(); }},
         {"SaveEmployee", kEmployeeFile, Access::Write, Deny::All, [&] { records.employees.SaveEmployee(0); }},
+        {"SaveEmployees", kEmployeeFile, Access::Write, Deny::All, [&] { records.employees.SaveEmployees(); }},
         {"LoadPasswords", kPasswordFile, Access::Read, Deny::None, [&] { records.passwords.LoadPasswords(); }},
     };
   }

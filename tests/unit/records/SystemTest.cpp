@@ -35,7 +35,7 @@ TEST_F(System, TheFileIsHeldFromReadingToWriting) {
   EXPECT_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None), FileError);
   records.system.WriteSystem(handle);
   EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None));
-  EXPECT_EQ(Log(), "CloseFile: Closed file with pointer = 1\n");
+  EXPECT_EQ(Log(), "CloseFile: Closed file with pointer = 2\n");
 }
 
 TEST_F(System, WithoutKeepOpenTheResultIsZeroAndTheFileIsClosed) {

@@ -1,4 +1,5 @@
 #include "Fixture.h"
+#include "records/Contention.h"
 
 namespace lantos::test {
 namespace {
@@ -63,7 +64,7 @@ TEST_F(VehiclesTest, AWalkClosesTheFileAndLeavesCurrentVehicleOffsetAsItWas) {
   WalkFrom(794);
   EXPECT_EQ(vehicles.CurrentVehicleOffset, 12);
   EXPECT_NO_THROW(HeldByAnother(kVehicleFile));
-  EXPECT_EQ(Log(), "CloseFile: Closed file with pointer = 1\n");
+  EXPECT_EQ(Log(), "CloseFile: Closed file with pointer = 2\n");
 }
 
 TEST_F(VehiclesTest, ALinkBeyondTheEndReadsAsABlankVehicleWhoseChainGoesThroughOffsetZeroAndEnds) {
@@ -138,6 +139,22 @@ TEST_F(VehiclesTest, AFailedWriteIsToldOnceAndLeavesTheVehicleNotOnFile) {
   EXPECT_EQ(vehicles.CurrentVehicleOffset, kNoLink);
   EXPECT_TRUE(vehicles.Loaded());
   ExpectBox(desktop.boxes.at(0), "WriteVehicle", "Could not open Vehicle file.", Buttons::Ok, Icon::Critical);
+}
+
+TEST_F(VehiclesTest, ReadingAndWritingTryAThousandTimesMoreAtOnceAndThenTellWithoutAChoice) {
+  for (const ContentionRule* rule : {&contention::kReadVehicle, &contention::kWriteVehicle}) {
+    int tries = 0;
+    Contention contention(*rule, desktop, clock);
+    desktop.WillAnswer(Answer::Ok);
+    const LocalTime before = clock.Now();
+    EXPECT_FALSE(contention.Run([&] {
+      ++tries;
+      throw FileError(FileErrorNumber::PermissionDenied, "test");
+    }));
+    EXPECT_EQ(tries, 1001);
+    EXPECT_EQ(clock.Now(), before);
+  }
+  EXPECT_EQ(desktop.boxes.size(), 2U);
 }
 
 TEST_F(VehiclesTest, AWriteMarksTheArrayNotLoaded) {

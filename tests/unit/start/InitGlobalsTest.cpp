@@ -181,9 +181,9 @@ TEST(InitGlobals, LoadsEmployeesThenPasswordsThenMakes) {
   EXPECT_TRUE(start.records.employees.Loaded());
   EXPECT_EQ(start.Log("LN930000.LOG"),
             "Korvel Appointment Scheduler Started.\n"
-            "CloseFile: Closed file with pointer = 1\n"
-            "CloseFile: Closed file with pointer = 1\n"
-            "CloseFile: Closed file with pointer = 1\n");
+            "CloseFile: Closed file with pointer = 2\n"
+            "CloseFile: Closed file with pointer = 2\n"
+            "CloseFile: Closed file with pointer = 2\n");
   Start held;
   const SharedFile busy(held.data / "TQEMPLOY.DAT", Access::ReadWrite, Deny::All);
   EXPECT_THROW(held.Run(), FileError);

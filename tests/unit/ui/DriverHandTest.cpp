@@ -90,6 +90,17 @@ TEST_F(Hands, TypedTextIsOfTheProgramsPage) {
   EXPECT_EQ(Do(R"j({"get":"frmBench.txtName"})j")["result"]["text"], "Müller € ?");
 }
 
+TEST_F(Hands, WhatNoKeyTypesGoesIntoNoText) {
+  Play({R"j({"do":"type","control":"txtName","text":"a\tb\u0000c\u001bd"})j", kDone});
+  EXPECT_EQ(form.text.Text(), "abcd");
+}
+
+TEST_F(Hands, AnswersAreWrittenWhateverBytesAPathHolds) {
+  form.other.OnClick = [&] { session.Note({{"shell", "a\xff"}}); };
+  EXPECT_EQ(Do(R"j({"do":"click","control":"cmdOther"})j")["events"][0]["shell"], "a\ufffd");
+  EXPECT_EQ(Do(R"j({"do":"leave","m\u00fc":1})j")["error"], "unknown member 'm\u00fc'");
+}
+
 TEST_F(Hands, LineEndsGoIntoAMultiLineBoxAndComeOutAsLineFeeds) {
   form.notes.SetMultiLine(true);
   Play({R"j({"do":"type","control":"txtNotes","text":"one\ntwo\r\nthree"})j", kDone});

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <stdexcept>
+
+#include "Readers.h"
+
+// What the program does with the inventory's files, whatever their bytes are.
+namespace lantos::fuzz {
+
+inline void Must(bool condition, const char* what) {
+  if (!condition) throw std::logic_error(what);
+}
+
+// As the list does it in the background, without its window.
+inline void LoadInventoryTags(QuietShop& shop, Inventory& inventory) {
+  inventory.SizeArrays();
+  const std::string content = shop.Content(kInventoryTagFile);
+  for (std::size_t at = 0; at < content.size(); at += InventoryTag::kLength) {
+    InventoryTag tag;
+    const std::string bytes = content.substr(at, InventoryTag::kLength);
+    std::transform(bytes.begin(), bytes.end(), tag.Bytes().begin(), [](char c) { return static_cast<std::byte>(c); });
+    inventory.AppendTag(tag);
+  }
+}
+
+inline void SeePart(const InventoryRecord& part) {
+  for (const TextField field : {inventory::StockNumber, inventory::Description, inventory::Department,
+                                inventory::Manufacturer, inventory::Comment, inventory::Location}) {
+    See(part.Get(field));
+  }
+  for (const TextField field : inventory::AltNumber) See(part.Get(field));
+  for (const LongField field : inventory::Pricing) See(FormatHundredths(part.Get(field)));
+  const KitPrices prices = ParseKitPrices(part.View(inventory::Location));
+  See(FormatHundredths(prices.sale) + FormatHundredths(prices.list));
+}
+
+inline void ReadInventory(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    Inventory& inventory = records.inventory;
+    LoadInventoryTags(shop, inventory);
+    for (Inventory::PartIndex index = 0; index < inventory.Count(); ++index) {
+      const std::string number = inventory.Tag(index).Get(inventorytag::StockNumber);
+      See(inventory.PartDescription(number));
+      See(FormatHundredths(inventory.PartPricing(number).atLevel));
+      inventory.FindPart(number);
+      FileLink offset = kNoLink;
+      if (inventory.ReadInventory(offset, index)) SeePart(inventory.CurrentInv);
+    }
+  });
+}
+
+// Stores the first parts once more, with what hangs on them, and a new one. A part that can't be read isn't stored.
+inline void ChangeInventory(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    Inventory& inventory = records.inventory;
+    LoadInventoryTags(shop, inventory);
+    const Inventory::PartIndex count = std::min<Inventory::PartIndex>(inventory.Count(), 4);
+    for (Inventory::PartIndex index = 0; index < count; ++index) {
+      FileLink offset = kNoLink;
+      if (!inventory.ReadInventory(offset, index)) continue;
+      inventory.WriteInventory(offset, index, true, true);
+      inventory.CrossReferenceAlternate("NEWCOMER", "", inventory.Tag(index).View(inventorytag::StockNumber));
+    }
+    Inventory::PartIndex added = Inventory::kNoPart;
+    inventory.NewInventoryPart("NEWCOMER", added);
+  });
+}
+
+inline void ReadKits(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    for (const std::string& number : records.kits.KitNumbers()) {
+      InventoryKitRecord kit;
+      records.kits.FindKit(number, kit);
+      for (const KitComponent& component : ComponentsOf(kit)) See(KitLine(component));
+    }
+    InventoryKitRecord kit;
+    records.kits.FindKit("NOBODY'S", kit);
+  });
+}
+
+inline void ChangeKits(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    InventoryKitRecord kit;
+    records.kits.FindKit("TUNEUP", kit);
+    kit.Put(inventorykit::Line(0), KitLine({"SPARKPLUG", 8}));
+    Must(records.kits.SaveKit(kit), "a kit isn't saved");
+    InventoryKitRecord saved;
+    // What follows half a record is never found.
+    const bool isWhole = shop.Content(kKitFile).size() % InventoryKitRecord::kLength == 0;
+    Must(records.kits.FindKit("TUNEUP", saved) != kNoLink || !isWhole, "a saved kit isn't found");
+  });
+}
+
+inline void ReadNames(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    records.departments.Load();
+    for (const std::string& name : records.departments.Names()) See(name);
+  });
+}
+
+inline void AddName(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    records.departments.Load();
+    const std::size_t before = records.departments.Names().size();
+    records.departments.Add("NEW NAME");
+    const std::vector<std::string> names = records.departments.Names();
+    records.departments.Load();
+    Must(records.departments.Names() == names && names.size() == before + 1, "a name isn't kept");
+  });
+}
+
+}  // namespace lantos::fuzz
