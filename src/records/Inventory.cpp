@@ -45,7 +45,7 @@ std::size_t SlotsFor(std::size_t tags) {
 void TrimTexts(InventoryTag& tag) {
   const std::string_view number = tag.View(inventorytag::StockNumber);
   std::array<std::byte, kKeyWidth> field{};
-  std::memcpy(field.data(), number.data(), number.size());
+  std::transform(number.begin(), number.end(), field.begin(), [](char c) { return static_cast<std::byte>(c); });
   std::memcpy(tag.Bytes().data(), field.data(), field.size());
   tag.Put(inventorytag::Description, tag.View(inventorytag::Description));
 }

@@ -64,7 +64,7 @@ def kit_record(number, lines):
 
 def make_inventory(directory, parts=()):
     """Both files, for parts made by part(); tags and masters in the order given. The offset of each master by number:
-    the tag of the n-th part lies at 128 n."""
+    the tag of the n-th part lies at 128 n. To be called after Shop.write(), which makes an empty tag file."""
     offsets = {fields["StockNumber"]: MASTER_LENGTH * i for i, fields in enumerate(parts)}
     tags = b"".join(tag_record(fields, MASTER_LENGTH * i) for i, fields in enumerate(parts))
     Path(directory, TAG_FILE).write_bytes(tags)

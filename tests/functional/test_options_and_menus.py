@@ -21,7 +21,7 @@ DEFAULTS = {key: value for key, (_, value) in {**SWITCHES, **NUMBERS}.items()}
 
 BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuChangeStatus", "mnuCustomer", "mnuRefreshCustomer",
          "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
-         "mnuHQuickStartGuide"}
+         "mnuHQuickStartGuide", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"}
 MENUS = [
     ("mnuFile", "&File"), ("mnuKorvelcom", "&Korvel Home Page"), ("mnuFileExit", "E&xit"),
     ("mnuCommand", "&Commands"), ("mnuNewEstimate", "&New Estimate"), ("mnuPrintEstimate", "&Print Estimate"),

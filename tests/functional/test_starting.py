@@ -48,7 +48,7 @@ def test_the_start_ends_at_the_week_view_with_todays_panel(lantos, shop):
     assert [lantos.control(f"cmd{view}View")["bold"] for view in ("Week", "Day", "Detail")] == [True, False, False]
     assert [lantos.caption(f"frameWeek({i})") for i in range(7)] == [
         "Sun 9/28", "Mon 9/29", "Tue 9/30", "Wed 10/1", "Thu 10/2", "Fri 10/3", "Sat 10/4"]
-    assert lantos.forms() == ["frmMain"]
+    assert lantos.forms() == ["frmMain", "frmInvList"]
 
 
 def test_the_log_begins_with_the_start(lantos, shop):
