@@ -11,6 +11,7 @@ namespace lantos::bench {
 namespace {
 
 constexpr int kEstimatesADay = 40;
+constexpr int kEstimatesOnFullDay = 60;
 constexpr int kLaborLines = 5;
 
 const std::filesystem::path& Scratch() {
@@ -25,8 +26,11 @@ std::filesystem::path Make(const char* name, const SampleShop& shop) {
   return path;
 }
 
+constexpr std::int32_t kPartsACustomer = 3;  // as the sample shop has them by default
+
 SampleOptions Sizes(std::int32_t customers, std::int32_t vehicles, std::int32_t estimates) {
   SampleOptions options;
+  options.parts = customers * kPartsACustomer;
   options.customers = customers;
   options.vehicles = vehicles;
   options.estimates = estimates;
@@ -59,6 +63,18 @@ SampleShop BusyWeek() {
   return shop;
 }
 
+SampleShop FullDay() {
+  SampleShop shop = ImagineShop(Sizes(400, 650, 0));
+  for (int i = 0; i < kEstimatesOnFullDay; ++i) shop.estimates.push_back(BusyEstimate(shop, 1001 + i, kBenchDay));
+  return shop;
+}
+
+SampleShop ManyParts() {
+  SampleOptions options = Sizes(10, 10, 0);
+  options.parts = 100'000;
+  return ImagineShop(options);
+}
+
 }  // namespace
 
 ScratchPlace::ScratchPlace() {
@@ -84,6 +100,16 @@ const std::filesystem::path& BusyWeekShop() {
 
 const std::filesystem::path& StartShop() {
   static const std::filesystem::path path = Make("start", ImagineShop(Sizes(5000, 8000, 120)));
+  return path;
+}
+
+const std::filesystem::path& PartsShop() {
+  static const std::filesystem::path path = Make("parts", ManyParts());
+  return path;
+}
+
+const std::filesystem::path& FullDayShop() {
+  static const std::filesystem::path path = Make("day", FullDay());
   return path;
 }
 

@@ -2,19 +2,26 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
+#include <utility>
 
 namespace lantos::bench {
 
-// Ends the process when a window has been painted for the first time, with one line on standard output: the resident
-// kilobytes at that moment.
+// Says "painted" on standard output when a window has been painted for the first time, and ends the process as soon as
+// what it loads in the background is there too, with a second line: "resident" and the kilobytes then.
 class FirstPaint : public QObject {
  public:
   // Of a window whose title begins with this.
-  explicit FirstPaint(QString title) : title_(std::move(title)) {}
+  explicit FirstPaint(
+      QString title, std::function<bool()> isLoaded = [] { return true; })
+      : title_(std::move(title)), isLoaded_(std::move(isLoaded)) {}
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  void ReportAndEnd();
+
   QString title_;
+  std::function<bool()> isLoaded_;
   bool seen_ = false;
 };
 

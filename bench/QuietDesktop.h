@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 
 #include "ui/Desktop.h"
@@ -7,10 +8,18 @@
 
 namespace lantos::bench {
 
-// A desktop that shows nothing and asks nobody. A message box in a benchmark is an error.
+// A desktop that shows nothing and asks nobody. A message box in a benchmark is an error, unless it
+// is foreseen.
 class QuietDesktop : public ui::Desktop {
  public:
-  ui::Answer Show(const ui::Box& box) override { throw std::runtime_error("a box: " + box.text); }
+  // What the person does at a box or in a modal window; without it either is an error.
+  std::function<ui::Answer(const ui::Box&)> atBox;
+  std::function<void(ui::Form&)> atForm;
+
+  ui::Answer Show(const ui::Box& box) override {
+    if (!atBox) throw std::runtime_error("a box: " + box.text);
+    return atBox(box);
+  }
   void PopupMenu(ui::Form&, ui::MenuItem&) override {}
   void Beep() override {}
   void SetPointer(ui::Pointer) override {}
@@ -21,7 +30,10 @@ class QuietDesktop : public ui::Desktop {
   int TextWidth(const ui::Control&, std::string_view text) override { return static_cast<int>(text.size()) * 8; }
   void ReportFailure(const std::string& text) override { throw std::runtime_error(text); }
   [[noreturn]] void EndProcess(int) override { throw std::runtime_error("the program has ended itself"); }
-  void RunModal(ui::Form& form) override { throw std::runtime_error("a modal window: " + form.Name()); }
+  void RunModal(ui::Form& form) override {
+    if (!atForm) throw std::runtime_error("a modal window: " + form.Name());
+    atForm(form);
+  }
   void RunUntilUnloaded(ui::Form&) override {}
 };
 

@@ -92,8 +92,13 @@ void PartTable::FilterRows() const {
   if (filtered_) return;
   matches_.clear();
   if (!filter_.IsEmpty()) {
+    // The tags are looked at as they lie in memory, the rows are then taken in their order.
+    std::vector<char> matching(static_cast<std::size_t>(inventory_.Count()));
+    for (Inventory::PartIndex part = 0; part < inventory_.Count(); ++part) {
+      matching[static_cast<std::size_t>(part)] = Matches(part) ? 1 : 0;
+    }
     std::copy_if(rows_.begin(), rows_.end(), std::back_inserter(matches_),
-                 [this](Inventory::PartIndex part) { return Matches(part); });
+                 [&](Inventory::PartIndex part) { return matching[static_cast<std::size_t>(part)] != 0; });
   }
   filtered_ = true;
 }

@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include "frame/Numbers.h"
+#include "frame/SharedFile.h"
 #include "frame/Text.h"
 #include "masters/PartOrder.h"
-#include "records/OpenedFile.h"
 #include "records/RecordArray.h"
 
 namespace lantos {
@@ -127,6 +127,7 @@ void frmInvList::StartLoading() {
   block_.resize(kBlockTags);
   blockCount_ = shop_.environment.files.Length(kInventoryTagFile) / kBlockLength + 1;
   nextBlock_ = 0;
+  tagFile_ = shop_.environment.files.PathOf(kInventoryTagFile);
   loadStarted_ = shop_.environment.clock.Now();
   LoadProgress.SetRange(static_cast<int>(blockCount_));
   LoadProgress.SetValue(0);
@@ -139,8 +140,9 @@ void frmInvList::ReadNextBlock() {
   ReadTimer.SetEnabled(false);
   for (;;) {
     try {
-      OpenedFile file(shop_.environment.openFiles, kInventoryTagFile, Access::Read, Deny::None);
-      ReadRecords(*file, nextBlock_ * kBlockLength, std::span(block_));
+      // Not among the numbered files: their closing is logged, and this is done for every block.
+      const SharedFile file(tagFile_, Access::Read, Deny::None);
+      ReadRecords(file, nextBlock_ * kBlockLength, std::span(block_));
       break;
     } catch (const FileError& error) {
       shop_.environment.log.Write(error.what());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,7 @@ class frmInvList : public SizedForm {
   Shop& shop_;
   Inventory& inventory_;
   PartTable table_;
+  std::filesystem::path tagFile_;
   std::uint64_t blockCount_ = 0;
   std::uint64_t nextBlock_ = 0;
   std::vector<InventoryTag> block_;

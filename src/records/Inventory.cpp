@@ -59,8 +59,7 @@ void Inventory::SizeArrays() {
   const auto room = static_cast<std::size_t>(std::min(count, kMostTags));
   tags_.reserve(room);
   locations_.reserve(room);
-  slots_.assign(SlotsFor(room), Slot{});
-  indexed_ = 0;
+  Reindex();
 }
 
 // By an eighth, not twofold: the memory for parts that nobody will add is spared.
@@ -79,9 +78,7 @@ Inventory::PartIndex Inventory::AppendTag(const InventoryTag& tag) {
   tags_.push_back(tag);
   locations_.push_back(kNoLink);
   TrimTexts(tags_.back());
-  const PartIndex index = Count() - 1;
-  AddToIndex(index);
-  return index;
+  return Count() - 1;
 }
 
 void Inventory::ReplaceTag(PartIndex index, const InventoryTag& tag) {
@@ -105,26 +102,32 @@ std::size_t Inventory::SlotOf(const NumberKey& key, std::uint32_t hash) const {
 }
 
 // Of several parts of one number the first is found.
-void Inventory::AddToIndex(PartIndex index) {
+void Inventory::AddToIndex(PartIndex index) const {
   const NumberKey key = KeyOf(tags_[static_cast<std::size_t>(index)]);
   if (key == NumberKey{}) return;
-  if (2 * (indexed_ + 1) > slots_.size()) return Reindex();
   const std::uint32_t hash = HashOf(key);
   Slot& slot = slots_[SlotOf(key, hash)];
-  if (slot.index != kNoPart) return;
-  slot = {index, hash};
-  ++indexed_;
+  if (slot.index == kNoPart) slot = {index, hash};
+}
+
+// Parts come by the thousand while the list is loaded: they join the index at the first look-up behind them.
+void Inventory::CompleteIndex() const {
+  if (slots_.size() < SlotsFor(tags_.size())) {
+    slots_.assign(SlotsFor(tags_.capacity()), Slot{});
+    indexed_ = 0;
+  }
+  for (; indexed_ < Count(); ++indexed_) AddToIndex(indexed_);
 }
 
 void Inventory::Reindex() {
-  slots_.assign(SlotsFor(tags_.capacity()), Slot{});
+  slots_.clear();
   indexed_ = 0;
-  for (PartIndex index = 0; index < Count(); ++index) AddToIndex(index);
 }
 
 Inventory::PartIndex Inventory::FindPart(std::string_view stockNumber) const {
   const std::string_view number = TrimView(stockNumber);
-  if (number.empty() || number.size() > kKeyWidth || slots_.empty()) return kNoPart;
+  if (number.empty() || number.size() > kKeyWidth) return kNoPart;
+  CompleteIndex();
   std::array<char, kKeyWidth> field{};
   std::copy(number.begin(), number.end(), field.begin());
   const NumberKey key = WordsOf(field.data());

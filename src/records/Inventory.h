@@ -110,7 +110,8 @@ class Inventory {
   };
   void MakeRoom();
   void Reindex();
-  void AddToIndex(PartIndex index);
+  void AddToIndex(PartIndex index) const;
+  void CompleteIndex() const;
   std::size_t SlotOf(const NumberKey& key, std::uint32_t hash) const;
 
   // Puts the working records back at its end.
@@ -154,8 +155,8 @@ class Inventory {
   std::vector<InventoryTag> tags_;
   std::vector<FileLink> locations_;
   // Open addressing: the slots stand where the hashes of their numbers lead. At most half of them are used.
-  std::vector<Slot> slots_;
-  std::size_t indexed_ = 0;
+  mutable std::vector<Slot> slots_;
+  mutable PartIndex indexed_ = 0;  // leading parts that stand in it
 };
 
 }  // namespace lantos

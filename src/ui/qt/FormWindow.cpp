@@ -209,6 +209,11 @@ void FormWindow::FocusChanged() {
 
 void FormWindow::LookChanged() { PaintBackground(*root_, form_->BackColor(), Colours::Around); }
 
+void FormWindow::paintEvent(QPaintEvent* event) {
+  painted_ = true;
+  QMainWindow::paintEvent(event);
+}
+
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (!IsAttached()) return false;
   if (watched == windowHandle()) return HandleWindowEvent(*event);

@@ -31,6 +31,8 @@ class FormWindow : public QMainWindow, public FormPeer {
   // Brings all that the program has changed to the widgets.
   void Flush();
   bool IsFlushing() const { return flushing_; }
+  // Since it was last shown.
+  bool IsPainted() const { return painted_; }
   // On show, under the hourglass.
   bool IsWorking() const;
   void MarkDirty(WidgetPeer& peer);
@@ -53,6 +55,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -94,6 +97,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   std::unique_ptr<MenuActions> actions_;
   std::vector<WidgetPeer*> dirty_;
   bool flushing_ = false;
+  bool painted_ = false;
   bool flushScheduled_ = false;
   bool focusDirty_ = false;
   bool placing_ = false;

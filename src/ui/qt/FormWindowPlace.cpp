@@ -37,6 +37,7 @@ Twips ToTwips(int pixels) { return static_cast<Twips>(pixels) * kTwipsPerPixel; 
 }  // namespace
 
 void FormWindow::ShowForm() {
+  painted_ = false;
   Flush();
   QWidget* below = desktop_.TopFormWindow();
   setWindowModality(below == nullptr || below == this ? Qt::NonModal : Qt::ApplicationModal);

@@ -110,7 +110,7 @@ void QtDesktop::FormShown(Form& form) {
   window->ShowForm();
   // Painted before the program goes on: what follows may take its time.
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  window->repaint();
+  if (!window->IsPainted()) window->repaint();
 }
 
 void QtDesktop::FormHidden(Form& form) {

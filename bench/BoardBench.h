@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+
+#include "bench/BenchShop.h"
+#include "board/frmMain.h"
+
+namespace lantos::bench {
+
+// The main window, loaded, on a shop.
+struct Board {
+  explicit Board(const std::filesystem::path& shopDirectory)
+      : world(shopDirectory),
+        database(world.environment, world.records),
+        masters(world.shop),
+        inventoryList(world.shop) {
+    Connect(database, world.environment);
+    StartAndStop steps;
+    steps.processCommandLine = [] {};
+    steps.initGlobals = [this] {
+      world.records.system.ReadSystem(false);
+      return world.environment.log.Open();
+    };
+    steps.deleteUpdateFileAndCloseLog = [] {};
+    window = std::make_unique<frmMain>(world.shop, database, masters, inventoryList, workorder, std::move(steps));
+    window->LoadForm();
+  }
+
+  World world;
+  EstimateDatabase database;
+  MasterScreens masters;
+  frmInvList inventoryList;
+  Workorder workorder;
+  std::unique_ptr<frmMain> window;
+};
+
+}  // namespace lantos::bench
