@@ -1,0 +1,96 @@
+#include "contents/Surcharge.h"
+
+#include <gtest/gtest.h>
+
+#include "contents/ContentsBench.h"
+
+namespace lantos {
+namespace {
+
+using test::ContentsBench;
+
+struct SurchargeBench : ContentsBench {
+  SurchargeBench() {
+    SystemRecord& system = records.system.SysRec;
+    system.Put(sysrec::labor_surcharge_percent, 50000);
+    system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+    system.Put(sysrec::surcharge_is_sublet, 'Y');
+  }
+  std::string Line(std::string_view column, std::string_view table = "Sublets") {
+    return Ask("select " + std::string(column) + " from " + std::string(table) + " where VendorName = 'SURCHARGE'");
+  }
+};
+
+TEST(SurchargeOn, ARateIsMillionthsOfTheSumToTheNearestCentHalvesToEven) {
+  EXPECT_EQ(SurchargeOn(10000, 50000), 500);
+  EXPECT_EQ(SurchargeOn(970, 50000), 48);  // 48.5
+  EXPECT_EQ(SurchargeOn(990, 50000), 50);  // 49.5
+  EXPECT_EQ(SurchargeOn(100, 1000000), 100);
+}
+
+TEST(SurchargeOn, ANegativeRateIsAFlatAmount) {
+  EXPECT_EQ(SurchargeOn(1, -50000), 500);
+  EXPECT_EQ(SurchargeOn(999999, -50000), 500);
+}
+
+TEST(SurchargeOn, WithoutASumThereIsNoneFlatOrNot) {
+  EXPECT_EQ(SurchargeOn(0, 50000), 0);
+  EXPECT_EQ(SurchargeOn(0, -50000), 0);
+  EXPECT_EQ(SurchargeOn(-100, -50000), 0);
+  EXPECT_EQ(SurchargeOn(100, 0), 0);
+}
+
+TEST(Surcharge, NothingIsWrittenWithoutRatesOrDescription) {
+  SurchargeBench bench;
+  bench.records.system.SysRec.Put(sysrec::surcharge_description, "   ");
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Line("count(*)"), "0");
+  bench.records.system.SysRec.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  bench.records.system.SysRec.Put(sysrec::labor_surcharge_percent, 0);
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Line("count(*)"), "0");
+}
+
+TEST(Surcharge, AnAmountOfZeroIsWrittenToo) {
+  SurchargeBench bench;
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Line("Price"), "0");
+  EXPECT_EQ(bench.Line("Desc1"), "SHOP SUPPLIES");
+  EXPECT_EQ(bench.Line("Taxable"), "No");
+}
+
+TEST(Surcharge, OnlyValuesAboveZeroOfTheNumberRowsCount) {
+  SurchargeBench bench;
+  for (const char* row : {"000004 1.00 65.00 100.00", "       NOT THIS 50.00", "000004 -1.00 65.00 -65.00"}) {
+    bench.board.listLabor.AddItem(row);
+  }
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Line("Price"), "500");
+  EXPECT_EQ(bench.Line("Cost"), "500");
+}
+
+TEST(Surcharge, AnotherLineOfNumber1KeepsItOut) {
+  SurchargeBench bench;
+  bench.database.lantosData.AddSublet(1001, 1, {"VENDOR", "", 0, 100, "", "", "", "", "No"});
+  EXPECT_THROW(bench.contents.surcharge.ApplySurcharge(), DatabaseError);
+  EXPECT_EQ(bench.Line("count(*)"), "0");
+}
+
+TEST(Surcharge, ADescriptionWithAnApostropheBreaksTheStatement) {
+  SurchargeBench bench;
+  bench.records.system.SysRec.Put(sysrec::surcharge_description, "MILLER'S SUPPLIES");
+  EXPECT_THROW(bench.contents.surcharge.ApplySurcharge(), DatabaseError);
+  EXPECT_EQ(bench.Line("count(*)"), "0");
+}
+
+TEST(Surcharge, GoesToWasteUnlessItIsASublet) {
+  SurchargeBench bench;
+  bench.records.system.SysRec.Put(sysrec::surcharge_is_sublet, 'N');
+  bench.records.system.SysRec.Put(sysrec::tax_rate_waste, 1);
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Line("count(*)"), "0");
+  EXPECT_EQ(bench.Line("Taxable", "Waste"), "Yes");
+}
+
+}  // namespace
+}  // namespace lantos

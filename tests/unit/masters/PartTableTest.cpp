@@ -1,0 +1,108 @@
+#include "masters/PartTable.h"
+
+#include <gtest/gtest.h>
+
+#include "admin/TestShop.h"
+#include "masters/PartOrder.h"
+
+namespace lantos {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+TEST(ComputeSortKey, PartNumbersInDashedFormsStandUnderTheirBase) {
+  EXPECT_EQ(ComputeSortKey("1-234-567-89"), "1-567-234-89");
+  EXPECT_EQ(ComputeSortKey("A-BCD-EFG-HI"), "A-EFG-BCD-HI");
+  EXPECT_EQ(ComputeSortKey("123-456-789"), "456-123-789");
+  EXPECT_EQ(ComputeSortKey("ABC-DEF-GHI"), "DEF-ABC-GHI");
+}
+
+TEST(ComputeSortKey, OthersKeepTheirForm) {
+  for (const char* number : {"123456789", "AB-CD", "ABC-DEFG-HI", "A-BC-DEF-GH", ""}) {
+    EXPECT_EQ(ComputeSortKey(number), number);
+  }
+}
+
+TEST(ComputeSortKey, QuotesBecomeOtherCharacters) { EXPECT_EQ(ComputeSortKey("1\"X'2"), "1|X~2"); }
+
+struct TableBench : test::TestShop {
+  TableBench() { records.inventory.SizeArrays(); }
+  void Add(std::string_view number, std::string_view description, std::uint8_t stocked = 1) {
+    InventoryTag tag;
+    tag.Put(inventorytag::StockNumber, number);
+    tag.Put(inventorytag::Description, description);
+    tag.Put(inventorytag::IsStocked, stocked);
+    table.Add(records.inventory.AppendTag(tag));
+  }
+  Texts Rows() const {
+    Texts rows;
+    for (std::size_t row = 0; row < table.MatchCount(); ++row) {
+      rows.push_back(records.inventory.Tag(table.At(row)).Get(inventorytag::StockNumber));
+    }
+    return rows;
+  }
+  PartTable table{records.inventory};
+};
+
+TEST(PartTable, RowsComeInTheOrderOfTheirKeysAlsoThoseAddedLater) {
+  TableBench bench;
+  bench.Add("B-222-111-X", "HOSE");
+  bench.Add("a1", "BELT");
+  EXPECT_EQ(bench.Rows(), (Texts{"a1", "B-222-111-X"}));
+  bench.Add("B-000-000-X", "CLAMP");
+  EXPECT_EQ(bench.Rows(), (Texts{"a1", "B-000-000-X", "B-222-111-X"}));
+}
+
+TEST(PartTable, AFilterLooksInsideTheTextsInEitherCase) {
+  TableBench bench;
+  bench.Add("ALT-1", "Alternator");
+  bench.Add("BAT-1", "BATTERY", 0);
+  bench.table.SetFilter({"", "TERNAT", {}});
+  EXPECT_EQ(bench.Rows().size(), 1U);
+  bench.table.SetFilter({"-1", "", {}});
+  EXPECT_EQ(bench.Rows().size(), 2U);
+  bench.table.SetFilter({"alt", "bat", {}});
+  EXPECT_TRUE(bench.Rows().empty());
+  bench.table.SetFilter({"", "", false});
+  EXPECT_EQ(bench.Rows(), (Texts{"BAT-1"}));
+  EXPECT_EQ(bench.table.TotalCount(), 2U);
+}
+
+TEST(PartTable, APartThatJoinsUnderAFilterIsShownWhenItMatches) {
+  TableBench bench;
+  bench.table.SetFilter({"new", "", {}});
+  bench.Add("NEW-2", "");
+  bench.Add("OLD", "");
+  EXPECT_EQ(bench.Rows(), (Texts{"NEW-2"}));
+  EXPECT_EQ(bench.table.RowOf(0), 0);
+  EXPECT_EQ(bench.table.RowOf(1), -1);
+}
+
+TEST(PartTable, IsSortedByEitherColumnUpAndDown) {
+  TableBench bench;
+  bench.Add("B", "first");
+  bench.Add("A", "Second");
+  bench.table.SetSort(PartSort::ByPart);
+  EXPECT_EQ(bench.Rows(), (Texts{"A", "B"}));
+  bench.table.SetSort(PartSort::ByPartDown);
+  EXPECT_EQ(bench.Rows(), (Texts{"B", "A"}));
+  bench.table.SetSort(PartSort::ByDescription);
+  EXPECT_EQ(bench.Rows(), (Texts{"B", "A"}));
+  bench.table.SetSort(PartSort::ByDescriptionDown);
+  EXPECT_EQ(bench.Rows(), (Texts{"A", "B"}));
+}
+
+TEST(PartTable, ARenamedPartMovesToItsNewPlace) {
+  TableBench bench;
+  bench.Add("A", "");
+  bench.Add("B", "");
+  EXPECT_EQ(bench.Rows(), (Texts{"A", "B"}));
+  InventoryTag tag = bench.records.inventory.Tag(0);
+  tag.Put(inventorytag::StockNumber, "C");
+  bench.records.inventory.ReplaceTag(0, tag);
+  bench.table.Refresh();
+  EXPECT_EQ(bench.Rows(), (Texts{"B", "C"}));
+}
+
+}  // namespace
+}  // namespace lantos
