@@ -1,4 +1,4 @@
-"""Books an estimate through real windows off-screen, and leaves a picture of each station.
+"""Books and fills an estimate through real windows off-screen, and leaves a picture of each station.
 
 The windows are the program's own; a pipe stands for the person (see lantos-drive --help).
 """
@@ -127,6 +127,74 @@ def book(road):
     road.do("type", control="txtComments", text="Customer waits, coffee offered")
     road.do("leave")
     road.picture("booked")
+
+
+def add_labor(road):
+    """A line typed, and a standard job with its kit of parts."""
+    road.do("click", control="cmdLaborAdd")
+    road.do("type", control="Hours", text="1.5")
+    road.do("key", key="Enter")
+    road.do("type", control="txtDesc", text="Front brakes squeal\nCheck pads and rotors, advise before repair")
+    road.do("select", control="EmpList", row=1)
+    road.picture("labor")
+    road.do("key", key="F10")
+    road.do("click", control="cmdLaborAddCanned")
+    road.do("select", control="DataGrid1", row=0)
+    road.picture("canned-labor")
+    road.do("key", key="F10")
+    road.do("key", key="F10")
+    if road.answer["waiting"] == "box":
+        road.do("answer", button="Yes")
+        road.picture("kit")
+        road.do("key", key="F10")
+
+
+def add_part(road):
+    """From the inventory list."""
+    road.do("click", control="cmdPartAdd")
+    road.do("type", control="SearchDesc", text="brake pad")
+    road.do("key", key="Enter")
+    if road.rows("frmInvList.DataGrid1"):
+        road.do("select", control="DataGrid1", row=0)
+        road.picture("inventory-list")
+        road.do("key", key="F10")
+        road.picture("part")
+        road.do("key", key="F10")
+    road.do("key", key="Esc")
+
+
+def add_the_rest(road):
+    """A sublet of a purchase order, a canned note, and the checklist."""
+    road.do("click", control="cmdEstimateSublets")
+    road.do("click", control="cmdAdd")
+    road.do("select", control="POSubletList", row=len(road.rows("frmSubList.POSubletList")) - 1)
+    road.picture("sublet-list")
+    road.do("key", key="F10")
+    road.picture("sublet")
+    road.do("key", key="F10")
+    road.do("key", key="Esc")
+    road.do("click", control="cmdEstimateNotes")
+    road.do("click", control="cmdCanned")
+    if road.rows("frmCanNoteList.CanList"):
+        road.do("select", control="CanList", row=0)
+        road.do("key", key="F10")
+        road.do("key", key="F10")
+    road.picture("notes")
+    road.do("key", key="Esc")
+    road.do("click", control="cmdEstimateChecklist")
+    if road.rows("frmWOChklst.List1"):
+        road.do("check", control="List1", row=0, value=True)
+        road.do("click", control="cmdSelect2")
+    road.picture("checklist")
+    road.do("key", key="F10")
+
+
+def fill(road):
+    road.do("wait", ms=500)  # the inventory list loads meanwhile
+    add_labor(road)
+    add_part(road)
+    add_the_rest(road)
+    road.picture("filled")
     road.do("click", control="cmdWeekView")
     road.picture("week-after")
 
@@ -136,6 +204,7 @@ def walk(bin_dir, shop, pictures, now):
     road = Walk(bin_dir, shop, pictures, now)
     show_day(road)
     book(road)
+    fill(road)
     road.end()
     return road.made
 
