@@ -38,7 +38,6 @@ class frmCanLabor : public SizedForm {
   void FillKits();
 
   Workbench& bench_;
-  bool showing_ = false;
   bool saved_ = false;
 };
 

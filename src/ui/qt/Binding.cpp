@@ -112,10 +112,6 @@ QString ObjectNameOf(const Control& control) {
   return control.Index() < 0 ? name : name + QLatin1Char('_') + QString::number(control.Index());
 }
 
-QWidget* FindWidget(const QWidget& root, const Control& control) {
-  return root.findChild<QWidget*>(ObjectNameOf(control));
-}
-
 bool NeedsWidget(const Control& control) { return control.Type() != "Timer"; }
 
 bool IsDecoration(const QWidget& widget) {
@@ -129,7 +125,7 @@ std::vector<std::string> BindingProblems(const Form& form, const QWidget& root) 
   std::set<const QWidget*> widgets;
   for (const Control* control : form.Controls()) {
     if (!NeedsWidget(*control)) continue;
-    const QWidget* widget = FindWidget(root, *control);
+    const QWidget* widget = root.findChild<QWidget*>(ObjectNameOf(*control));
     if (widget == nullptr) {
       problems.push_back(control->FullName() + " has no widget");
     } else if (!Fits(*control, *widget)) {

@@ -10,8 +10,6 @@
 namespace lantos::ui {
 
 QString ObjectNameOf(const Control& control);
-// Null when there is none.
-QWidget* FindWidget(const QWidget& root, const Control& control);
 // Timers have no widget.
 bool NeedsWidget(const Control& control);
 // Widgets whose name begins with "static_" are there for the eye alone: field labels, lines, panes.

@@ -44,8 +44,6 @@ FormWindow::FormWindow(QtDesktop& desktop, Form& form)
   setObjectName(QString::fromStdString(form.Name()));
   root_ = LoadFormFile(form.Name()).release();
   setCentralWidget(root_);
-  const std::vector<std::string> problems = BindingProblems(form, *root_);
-  if (!problems.empty()) throw std::logic_error(form.Name() + ": " + problems.front());
   Bind();
   form.SetPeer(this);
   CaptionChanged();
@@ -60,10 +58,15 @@ FormWindow::~FormWindow() {
   delete takeCentralWidget();
 }
 
+// That every control has its widget, of its kind and in its place, is what the tests of the bindings see to.
 void FormWindow::Bind() {
+  QHash<QString, QWidget*> widgets;
+  for (QWidget* widget : root_->findChildren<QWidget*>()) widgets.insert(widget->objectName(), widget);
   for (Control* control : form_->Controls()) {
     if (!NeedsWidget(*control)) continue;
-    QWidget& widget = *FindWidget(*root_, *control);
+    QWidget* found = widgets.value(ObjectNameOf(*control));
+    if (found == nullptr) throw std::logic_error(form_->Name() + ": " + control->FullName() + " has no widget");
+    QWidget& widget = *found;
     peers_.push_back(MakePeer(*this, *control, widget));
     WidgetPeer* peer = peers_.back().get();
     control->SetPeer(peer);
