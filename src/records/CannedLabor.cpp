@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/FileNumber.h"
 #include "records/OpenedFile.h"
 #include "records/TextLines.h"
 
@@ -15,7 +15,7 @@ constexpr std::size_t kAmountWidth = 12;
 constexpr char kLineMark = '\t';  // between the lines of a description
 
 std::int32_t Amount(std::string_view line, std::size_t column) {
-  return RoundHalfEven(Val(Mid(line, column, kAmountWidth)));
+  return NumberInFile(Mid(line, column, kAmountWidth));
 }
 
 // Up to eight, each trimmed; what follows the eighth is left out.

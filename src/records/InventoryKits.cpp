@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "frame/Numbers.h"
+#include "records/FileNumber.h"
 #include "records/OpenedFile.h"
 
 namespace lantos {
@@ -18,15 +19,7 @@ std::string_view Bracketed(std::string_view text) {
   return text.substr(open + 1, text.find(')', open) - open - 1);
 }
 
-// What the text begins with, in hundredths or whole; a number beyond all bounds, as in a damaged file, is none.
-std::int32_t NumberOf(std::string_view text, double factor) {
-  try {
-    return RoundHalfEven(Val(text) * factor);
-  } catch (const std::out_of_range&) {
-    return 0;
-  }
-}
-Cents DollarsToCents(std::string_view text) { return NumberOf(text, 100); }
+Cents DollarsToCents(std::string_view text) { return NumberInFile(text, 100); }
 
 }  // namespace
 
@@ -35,7 +28,7 @@ KitComponent ParseKitLine(std::string_view line) {
   KitComponent component;
   component.partNumber = Trim(used.substr(0, used.find('(')));
   const std::string_view quantity = TrimView(Bracketed(used));
-  if (!quantity.empty()) component.quantity = NumberOf(quantity, 1);
+  if (!quantity.empty()) component.quantity = NumberInFile(quantity);
   return component;
 }
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/FileNumber.h"
 #include "records/OpenedFile.h"
 #include "records/TextLines.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kSublets = "[Sublets]";
 constexpr std::string_view kCredits = "[Credits]";
 
-Cents DollarsToCents(std::string_view text) { return RoundHalfEven(Val(text) * 100); }
+Cents DollarsToCents(std::string_view text) { return NumberInFile(text, 100); }
 
 // Runs the statement until it succeeds or the operator skips it.
 template <class Statement>

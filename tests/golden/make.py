@@ -179,9 +179,39 @@ INVENTORY = ("TQINVENT.DAT", 344, {
 KIT = ("TQINVKIT.DAT", 1971, {
     "KitNumber": (0, 21, TEXT), **{"Line_%d" % i: (21 + 39 * i, 39, TEXT) for i in range(50)}})
 
+FOLLOWUP = ("TQFOLLOW.DAT", 596, {
+    "Active": (0, 1, BYTE),
+    "CustomerNumber": (1, 4, LONG),
+    "VIN": (5, 21, TEXT),
+    "LicenseNumber": (26, 11, TEXT),
+    "korvel1": (37, 6, OPAQUE),
+    "WorkorderNumber": (43, 4, LONG),
+    "FollowupDate": (47, 4, LONG),
+    "Miles": (51, 4, LONG),
+    "Days": (55, 4, LONG),
+    "Description": (59, 513, TEXT),
+    "Mechanic": (572, 4, LONG),
+    "Hours": (576, 4, LONG),
+    "Rate": (580, 4, LONG),
+    "Total": (584, 4, LONG),
+    "korvel2": (588, 8, OPAQUE),
+})
+
+PO_TAG = ("TQOPENPO.DAT", 171, {
+    "Number": (0, 4, LONG),
+    "VendorName": (4, 32, TEXT),
+    "VendorInvoice": (36, 11, TEXT),
+    "Status": (47, 2, INTEGER),
+    "amounts": (49, 106, OPAQUE),
+    "FileName": (155, 16, TEXT),
+})
+
+LABOR_KIT = ("TQLABKIT.DAT", 26, {"Code": (0, 5, TEXT), "Kit": (5, 21, TEXT)})
+
 PASSWORDS = ("TQPASSWD.DAT", 252, {"password_%d" % i: (21 * i, 21, TEXT) for i in range(12)})
 
-LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS, INVENTORY_TAG, INVENTORY, KIT)
+LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS, INVENTORY_TAG, INVENTORY, KIT, FOLLOWUP,
+           PO_TAG, LABOR_KIT)
 
 
 def record(layout, **values):
@@ -350,18 +380,64 @@ def make_names(*names):
     return "".join(name.ljust(20) for name in names).encode("cp1252") + b"\r\n"
 
 
+def make_followups():
+    return b"".join((
+        record(FOLLOWUP, Active=1, CustomerNumber=1001, VIN="2G1WH55K019100002", LicenseNumber="ABC 1234",
+               korvel1=pattern(6, 5), WorkorderNumber=4711, FollowupDate=file_date(37900), Miles=0, Days=180,
+               Description=b"TIMING BELT\tDUE AT 90,000\0older", Mechanic=12, Hours=250, Rate=6500, Total=16250,
+               korvel2=pattern(8, 50)),
+        record(FOLLOWUP, Active=0, CustomerNumber=1001, VIN="2G1WH55K019100002", Description="USED"),
+        record(FOLLOWUP, Active=255, CustomerNumber=1003, LicenseNumber="CAB 1", Description="x" * 513, Total=-1,
+               korvel2=pattern(8, 90)),
+    ))
+
+
+SUBLETS = (("Riverside Radiator", "81120", "189.00", "245.70", "RECORE RADIATOR"),
+           ("Valley Machine", "A-17", "10.00", "0.00", "NOTHING CHARGED"))
+
+
+def make_orders():
+    """The second order is open still, the third has no detail text."""
+    tags = b"".join((
+        record(PO_TAG, Number=3101, VendorName="Riverside Radiator", VendorInvoice="81120", Status=1,
+               amounts=pattern(106, 9), FileName="P0003101.TQP"),
+        record(PO_TAG, Number=3102, VendorName="B\u00f6sch", Status=0, FileName="P0003102.TQP"),
+        record(PO_TAG, Number=3103, VendorName="v" * 32, VendorInvoice="i" * 11, Status=4, amounts=pattern(106, 77)),
+    ))
+    lines = "".join(f"{vendor:<31}{invoice:<11}{cost:>11}{price:>12}{text:<64}\r\n"
+                    for vendor, invoice, cost, price, text in SUBLETS)
+    detail = "[Purchase Order]\r\nVendor=Riverside Radiator\r\n\r\n[Sublets]\r\n" + lines + "[Credits]\r\n"
+    return tags, detail.encode("cp1252")
+
+
+def make_canned_labor():
+    """A code of five characters, one of three, and a job of eight lines."""
+    jobs = ((50, 6500, 3250, ("LOF  OIL AND FILTER", "CHECK FLUIDS")), (120, 0, 9900, ("RADIARECHARGE",)),
+            (-10, 6500, -650, ("EIGHTONE", "2", "3", "4", "5", "6", "7", "8")))
+    text = "".join(f"{hours:<12}{rate:<12}{total:>12}" + "\t".join(lines) + "\r\n" for hours, rate, total, lines in jobs)
+    kits = record(LABOR_KIT, Code="LOF", Kit="TUNEUP") + record(LABOR_KIT, Code="RADIA", Kit="None")
+    return text.encode("cp1252"), kits
+
+
+CANNED_NOTES = b"Customer waits\r\nCall before work\tleave word\t3\t4\t5\t6\t7\t8\r\n\r\nK\xe4se\r\n"
+CHECKLIST = b"Loose item\r\n[Engine]\r\n  Oil, the stick \r\n\r\nBelts\r\n[Brakes]\r\nPads\r\n"
+
+
 def main():
     tags, masters = make_customers()
     part_tags, part_masters = make_inventory()
     for layout, content in ((SYSTEM, make_system()), (CUSTOMER_TAG, tags), (CUSTOMER, masters),
                             (VEHICLE, make_vehicles()), (MAKE_MODEL, make_makes()), (EMPLOYEE, make_employees()),
                             (PASSWORDS, make_passwords()), (INVENTORY_TAG, part_tags), (INVENTORY, part_masters),
-                            (KIT, make_kits())):
+                            (KIT, make_kits()), (FOLLOWUP, make_followups()), (PO_TAG, make_orders()[0]),
+                            (LABOR_KIT, make_canned_labor()[1])):
         assert len(content) % layout[1] == 0
         with open(layout[0], "wb") as out:
             out.write(content)
     for name, content in (("TQDEPART.DAT", make_names("FILTERS", "ELECTRIC", "CORES", "KITS")),
-                          ("TQMANUFA.DAT", make_names("AC DELCO", "B\u00f6sch", "A NAME OF TWENTY CHR"))):
+                          ("TQMANUFA.DAT", make_names("AC DELCO", "B\u00f6sch", "A NAME OF TWENTY CHR")),
+                          ("P0003101.TQP", make_orders()[1]), ("TQCANLAB.DAT", make_canned_labor()[0]),
+                          ("TQCANNOT.DAT", CANNED_NOTES), ("CHECKLST.TXT", CHECKLIST)):
         with open(name, "wb") as out:
             out.write(content)
     with open("layouts.txt", "w", encoding="ascii") as out:

@@ -1,0 +1,153 @@
+// The golden files of the shop's lists: followups, purchase orders, canned labor and notes, the checklist.
+#include "GoldenBench.h"
+#include "records/CannedLabor.h"
+
+namespace lantos::test {
+namespace {
+
+std::vector<Field> FollowupFields() {
+  FieldList list(kFollowupFile);
+  list FIELD(followup, Active) FIELD(followup, CustomerNumber) FIELD(followup, VIN) FIELD(followup, LicenseNumber)
+      FIELD(followup, korvel1) FIELD(followup, WorkorderNumber) FIELD(followup, FollowupDate) FIELD(followup, Miles)
+          FIELD(followup, Days) FIELD(followup, Description) FIELD(followup, Mechanic) FIELD(followup, Hours)
+              FIELD(followup, Rate) FIELD(followup, Total) FIELD(followup, korvel2);
+  return list.All();
+}
+
+std::vector<Field> OrderFields() {
+  FieldList list(kOpenOrdersFile);
+  list FIELD(potag, Number) FIELD(potag, VendorName) FIELD(potag, VendorInvoice) FIELD(potag, Status)
+      FIELD(potag, amounts) FIELD(potag, FileName);
+  return list.All();
+}
+
+std::vector<Field> LaborKitFields() {
+  FieldList list(kLaborKitFile);
+  list FIELD(laborkit, Code) FIELD(laborkit, Kit);
+  return list.All();
+}
+
+class ListGolden : public ShopTest {
+ protected:
+  ListGolden() {
+    for (const auto& entry : std::filesystem::directory_iterator(LANTOS_GOLDEN_DIR)) {
+      const std::string name = entry.path().filename().string();
+      if (name != "make.py" && name != "layouts.txt") std::filesystem::copy(entry.path(), PathOf(name));
+    }
+  }
+};
+
+TEST_F(ListGolden, EveryFieldLiesWhereTheGoldenFilesHaveIt) {
+  for (const auto& fields : {FollowupFields(), OrderFields(), LaborKitFields()}) ExpectGoldenLayout(fields);
+}
+
+TEST_F(ListGolden, FollowupsReadAsTheyWereMade) {
+  const auto open = records.followups.OpenFollowups(1001, "2G1WH55K019100002", "");
+  ASSERT_EQ(open.size(), 1u) << "the second is used up";
+  const FollowupRecord& record = open[0].record;
+  EXPECT_EQ(record.Get(followup::Description), "TIMING BELT\tDUE AT 90,000");
+  EXPECT_EQ(record.Get(followup::Total), 16250);
+  EXPECT_EQ(records.followups.OpenFollowups(1003, "", "CAB 1").size(), 1u) << "any number but 0 is active";
+  EXPECT_TRUE(records.followups.OpenFollowups(1003, "", "").empty());
+  EXPECT_TRUE(records.followups.OpenFollowups(1001, "OTHER", "ABC 1234").empty()) << "the VIN goes first";
+}
+
+TEST_F(ListGolden, UsingAFollowupUpChangesItsFirstByteAlone) {
+  auto open = records.followups.OpenFollowups(1003, "", "CAB 1");
+  {
+    Followups::Using file(environment);
+    file.UseUp(open.at(0));
+  }
+  const auto place = Difference(BytesOf(kFollowupFile), GoldenBytes(kFollowupFile));
+  EXPECT_EQ(place, (std::pair<std::size_t, std::size_t>{2 * 596, 2 * 596 + 1}));
+}
+
+TEST_F(ListGolden, OnlyOrdersWithADetailAndAPriceAreOffered) {
+  const auto sublets = records.orders.GetOpenPOSublets();
+  ASSERT_EQ(sublets.size(), 1u);
+  EXPECT_EQ(sublets[0].orderNumber, 3101);
+  EXPECT_EQ(sublets[0].vendor, "Riverside Radiator");
+  EXPECT_EQ(sublets[0].invoice, "81120");
+  EXPECT_EQ(sublets[0].cost, 18900);
+  EXPECT_EQ(sublets[0].price, 24570);
+  EXPECT_EQ(sublets[0].description, "RECORE RADIATOR");
+}
+
+TEST_F(ListGolden, CannedLaborLoadedAndSavedIsTheSameFile) {
+  const auto entries = LoadCannedLabor(environment);
+  ASSERT_EQ(entries.size(), 3u);
+  EXPECT_EQ(entries[0].Code(), "LOF");
+  EXPECT_EQ(entries[0].FirstLine(), "OIL AND FILTER") << "two blanks stand behind a code of three characters";
+  EXPECT_EQ(entries[1].Code(), "RADIA");
+  EXPECT_EQ(entries[1].Desc[1], "") << "a line without a tab has one line of description";
+  EXPECT_EQ(entries[2].Desc[7], "8");
+  EXPECT_EQ(entries[2].Total, -650);
+  SaveCannedLabor(environment, entries);
+  EXPECT_EQ(BytesOf(kCannedLaborFile), GoldenBytes(kCannedLaborFile));
+}
+
+TEST_F(ListGolden, AKitSavedAgainLeavesTheFileAsItWasAndANewOneGoesBehind) {
+  EXPECT_EQ(records.laborKits.KitOf("LOF"), "TUNEUP");
+  EXPECT_EQ(records.laborKits.KitOf("NEW"), "");
+  records.laborKits.Save("LOF", "TUNEUP");
+  EXPECT_EQ(BytesOf(kLaborKitFile), GoldenBytes(kLaborKitFile));
+  records.laborKits.Save("NEW", "A-KIT-NUMBER-OF-MORE-THAN-21");
+  EXPECT_EQ(BytesOf(kLaborKitFile),
+            GoldenBytes(kLaborKitFile) + std::string(Image(26).Text(0, "NEW").Text(5, "A-KIT-NUMBER-OF-MORE-")));
+}
+
+TEST_F(ListGolden, CannedNotesLoadedAndSavedAreTheSameFile) {
+  const auto notes = LoadCannedNotes(environment);
+  ASSERT_EQ(notes.size(), 4u);
+  EXPECT_EQ(notes[1][7], "8");
+  EXPECT_EQ(notes[2], CannedNote{}) << "an empty line is an empty note";
+  EXPECT_EQ(notes[3][0], "K\xE4se");
+  SaveCannedNotes(environment, notes);
+  EXPECT_EQ(BytesOf(kCannedNoteFile), GoldenBytes(kCannedNoteFile));
+}
+
+TEST_F(ListGolden, DeletedEntriesAreLeftOut) {
+  auto notes = LoadCannedNotes(environment);
+  for (CannedNote& note : notes) note[0] = kDeletedEntry;
+  SaveCannedNotes(environment, notes);
+  EXPECT_EQ(BytesOf(kCannedNoteFile), "");
+  auto entries = LoadCannedLabor(environment);
+  entries[1].Desc[0] = kDeletedEntry;
+  SaveCannedLabor(environment, entries);
+  EXPECT_EQ(LoadCannedLabor(environment).size(), 2u);
+}
+
+TEST_F(ListGolden, TheChecklistReadsAsItWasMade) {
+  records.checkList.LoadChecklistFile();
+  std::vector<std::string> names;
+  for (const ChecklistItem& item : records.checkList.items) names.push_back(item.Name);
+  EXPECT_EQ(names, (std::vector<std::string>{"Loose item", "[Engine]", "Oil", "Belts", "[Brakes]", "Pads"}));
+}
+
+TEST_F(ListGolden, LookingWritesNothing) {
+  const auto before = Everything();
+  records.followups.OpenFollowups(1001, "2G1WH55K019100002", "");
+  records.followups.Exists(1001, "2G1WH55K019100002", "ABC 1234", 4711, 731874, 0);
+  records.orders.GetOpenPOSublets();
+  LoadCannedLabor(environment);
+  LoadCannedNotes(environment);
+  records.laborKits.KitOf("LOF");
+  records.checkList.LoadChecklistFile();
+  EXPECT_EQ(Everything(), before);
+}
+
+TEST_F(ListGolden, EveryFileCutAnywhereIsReadWithoutHarm) {
+  for (const std::string_view name : {kFollowupFile, kOpenOrdersFile, kLaborKitFile}) {
+    const std::string whole = GoldenBytes(name);
+    for (std::size_t length = 0; length <= whole.size(); length += 13) {
+      Put(name, whole.substr(0, length));
+      records.followups.OpenFollowups(1001, "2G1WH55K019100002", "");
+      records.orders.GetOpenPOSublets();
+      LaborKits(environment).KitOf("LOF");
+    }
+  }
+  SUCCEED();
+}
+
+}  // namespace
+}  // namespace lantos::test
