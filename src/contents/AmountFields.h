@@ -12,10 +12,8 @@ namespace lantos {
 // "12.5" in a field is 1250, to the nearest.
 inline Cents CentsIn(const ui::TextBox& box) { return RoundHalfEven(Val(box.Text()) * 100); }
 
-// Leaving the field brings it into the form "0.00"; an empty one stays so.
-inline void FormatAmount(ui::TextBox& box) {
-  if (!TrimView(box.Text()).empty()) box.SetText(FormatFixed(Val(box.Text()), 2));
-}
+// Leaving the field brings it into the form "0.00".
+inline void FormatAmount(ui::TextBox& box) { box.SetText(FormatFixed(Val(box.Text()), 2)); }
 
 // Enter goes on to the next of these that can be used.
 void EnterMovesThrough(std::initializer_list<ui::Control*> fields);

@@ -33,9 +33,8 @@ void frmEstFollowup::OnLoad() {
   followups_ = bench_.shop.records.followups.OpenFollowups(estimate.CustomerNumber, Trim(estimate.VehVIN),
                                                            Trim(estimate.VehLic));
   for (const Followup& followup : followups_) {
-    std::string text = followup.record.Get(followup::Description);
-    std::replace(text.begin(), text.end(), '\t', ' ');  // its lines, in one row
-    List1.AddItem(FormatDate(FromFileDate(followup.record.Get(followup::FollowupDate))) + " " + text);
+    List1.AddItem(FormatDate(FromFileDate(followup.record.Get(followup::FollowupDate))) + " " +
+                  followup.record.Get(followup::Description));
   }
 }
 

@@ -18,7 +18,7 @@ class frmNotes : public OkCancelForm {
   frmNotes(Shop& shop, NoteMode mode, const Note& note);
 
   ui::TextBox txtDesc{*this, "txtDesc"};
-  ui::ControlArray<ui::TextBox, kCannedLines> Desc{*this, "Desc"};  // the lines, never shown
+  ui::ControlArray<ui::TextBox, kCannedLines, 1> Desc{*this, "Desc"};  // the lines, never shown
   ui::Label lblMax{*this, "lblMax", "Max 8 lines of 64 characters each -- extra characters will be truncated."};
   ui::Button cmdSpellCheck{*this, "cmdSpellCheck", "Spell &Check"};
   ui::Button cmdSave{*this, "cmdSave", "&Save"};

@@ -32,8 +32,8 @@ frmWOExtra::frmWOExtra(Shop& shop, const std::string& caption, const ExtraLine& 
   WireFields();
   UseButtons(cmdSave, cmdCancel);
   cmdReset.OnClick = [this] {
+    Vendor.SetFocus();  // first, since a field that is left is formatted
     ShowLine();
-    Vendor.SetFocus();
   };
   cmdReset.SetCausesValidation(false);
   cmdSave.SetToolTip("Save <F10>");
@@ -51,7 +51,7 @@ void frmWOExtra::WireFields() {
   }
   Taxable.OnClick = [this] { MarkChanged(); };
   for (ui::TextBox* box : {&Cost, &Price}) {
-    box->OnLostFocus = [box] { box->SetText(FormatFixed(Val(box->Text()), 2)); };
+    box->OnLostFocus = [box] { FormatAmount(*box); };
   }
 }
 

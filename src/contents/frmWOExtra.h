@@ -22,7 +22,7 @@ class frmWOExtra : public OkCancelForm {
   ui::Label lblTaxable{*this, "lblTaxable", "Ta&xable"};
   ui::ComboBox Taxable{*this, "Taxable"};
   ui::Label lblDesc{*this, "lblDesc", "&Description"};
-  ui::ControlArray<ui::TextBox, 4> Desc{*this, "Desc"};
+  ui::ControlArray<ui::TextBox, 4, 1> Desc{*this, "Desc"};
   ui::Button cmdSave{*this, "cmdSave", "&Save"};
   ui::Button cmdReset{*this, "cmdReset", "&Reset"};
   ui::Button cmdCancel{*this, "cmdCancel", "Close"};

@@ -118,8 +118,8 @@ void frmWOPart::KeepForReset() {
 }
 
 void frmWOPart::Reset() {
+  OnActivate();  // first, since a field that is left is formatted
   for (const auto& [box, text] : atLoad_) box->SetText(text);
-  OnActivate();
 }
 
 void frmWOPart::OnKeyDown(ui::KeyPress& key) {
@@ -142,7 +142,6 @@ void frmWOPart::PartNumberLeft() {
 // Proposes the prices that aren't there yet.
 void frmWOPart::CostLeft() {
   FormatAmount(CostPrice);
-  if (TrimView(CostPrice.Text()).empty()) return;
   const std::int32_t markup = bench_.System().Get(sysrec::markups[LevelOf(bench_.workorder.Pricing)]);
   const double cost = Val(CostPrice.Text());
   const std::string proposal = FormatFixed(cost + cost * markup / kWholeMarkup, 2);

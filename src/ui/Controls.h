@@ -318,8 +318,8 @@ class Timer : public Control {
   bool ticking_ = false;
 };
 
-// Members of a control array: List1(0) to List1(6).
-template <class Kind, std::size_t Count>
+// Members of a control array: List1(0) to List1(6). In the program they count from 0, whatever the first is called.
+template <class Kind, std::size_t Count, int First = 0>
 class ControlArray {
  public:
   ControlArray(Form& form, const std::string& name) : ControlArray(form, name, std::make_index_sequence<Count>()) {}
@@ -340,7 +340,7 @@ class ControlArray {
   }
   template <std::size_t... I>
   ControlArray(Form& form, const std::string& name, std::index_sequence<I...>)
-      : members_{Make<Kind>(form, name, static_cast<int>(I))...} {}
+      : members_{Make<Kind>(form, name, First + static_cast<int>(I))...} {}
 
   std::array<Kind, Count> members_;
 };

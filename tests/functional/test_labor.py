@@ -205,7 +205,7 @@ def test_followups_become_labor_lines_and_are_used_up(board, shop):
     before = shop.path("TQFOLLOW.DAT").read_bytes()
     board.click("cmdLaborFollowup")
     board.expect_form("frmEstFollowup")
-    assert texts(board, "List1") == ["09/30/2003 TIMING BELT DUE"]
+    assert texts(board, "List1") == ["09/30/2003 TIMING BELT\tDUE"]
     board.key("F10")
     board.expect_box("No items were selected.")
     board.press("OK")

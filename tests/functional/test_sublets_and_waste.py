@@ -44,7 +44,7 @@ def test_a_sublet_without_an_order(board, shop):
     board.click("POSubletList", row=0)
     board.key("F10")
     assert board.answer["caption"] == "Estimate Sublet"
-    assert [board.text(name) for name in ("Vendor", "VendorInvoice", "Cost", "Price", "Taxable", "Desc(0)")] == [
+    assert [board.text(name) for name in ("Vendor", "VendorInvoice", "Cost", "Price", "Taxable", "Desc(1)")] == [
         "", "", "0.00", "0.00", "Yes", ""]
     assert board.caption("cmdCancel") == "Close"
     board.type("Vendor", "Valley Machine")
@@ -54,8 +54,8 @@ def test_a_sublet_without_an_order(board, shop):
     board.leave()
     assert board.text("Cost") == "11.00"
     board.type("Price", "15.5")
-    board.type("Desc(0)", "TURN DRUMS")
-    board.type("Desc(2)", "BOTH SIDES")
+    board.type("Desc(1)", "TURN DRUMS")
+    board.type("Desc(3)", "BOTH SIDES")
     board.key("F10")
     board.expect_form("frmEstSublets")
     assert texts(board, "listSublets") == ["Valley Machine (A-17) 11.00 15.50", "--> TURN DRUMS", "    BOTH SIDES"]
