@@ -41,7 +41,7 @@ void DayCapacity::LoadSpecialDay(de& database, DaySerial date, std::size_t weekd
   row.Close();
 }
 
-ui::Color ClassifyDay(Hundredths available, Hundredths scheduled, std::int32_t fudgeFactor) {
+ui::Color ClassifyDay(Hundredths available, std::int64_t scheduled, std::int32_t fudgeFactor) {
   if (available == 0) return scheduled == 0 ? kDayClosed.color : kDayClosedWithWork.color;
   const Hundredths low = RoundHalfEven(available * (1 - fudgeFactor / 100.0));
   const Hundredths high = RoundHalfEven(available * (1 + fudgeFactor / 100.0));

@@ -15,7 +15,7 @@ inline constexpr std::size_t kWeekdays = 7;  // index 0 is Sunday
 // What the board knows of the hours of the week on show.
 struct DayCapacity {
   std::array<Hundredths, kWeekdays> AvailableHours{};
-  std::array<Hundredths, kWeekdays> ScheduledHours{};
+  std::array<std::int64_t, kWeekdays> ScheduledHours{};  // Hundredths; a sum of what any row may hold
   std::array<std::string, kWeekdays> DayComment;
   std::int32_t FudgeFactor = 0;  // percent
 
@@ -38,7 +38,7 @@ inline constexpr DayResult kDayUnder{{255, 255, 192}, "Under"};
 inline constexpr DayResult kDayOver{{255, 0, 0}, "Over"};
 
 // The colour of a day; fudgeFactor is the tolerance in percent. Negative available hours aren't guarded.
-ui::Color ClassifyDay(Hundredths available, Hundredths scheduled, std::int32_t fudgeFactor);
+ui::Color ClassifyDay(Hundredths available, std::int64_t scheduled, std::int32_t fudgeFactor);
 // The word for a colour; "Unknown" for any that ClassifyDay doesn't give.
 std::string_view DayStatusText(ui::Color color);
 

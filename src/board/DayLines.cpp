@@ -1,6 +1,6 @@
 #include "board/DayLines.h"
 
-#include "contents/LaborText.h"
+#include "workorders/LaborText.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"

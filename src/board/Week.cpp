@@ -140,11 +140,11 @@ std::vector<std::string> frmMain::FetchLaborLines(std::int32_t estimate) {
 
 void frmMain::ShowDayHeader(std::size_t weekday) {
   const Hundredths available = capacity_.AvailableHours[weekday];
-  const Hundredths scheduled = capacity_.ScheduledHours[weekday];
+  const std::int64_t scheduled = capacity_.ScheduledHours[weekday];
   lblDate.SetCaption(frameWeek[weekday].Caption());
   lblAvail.SetCaption(FormatHundredths(available));
   lblSched.SetCaption(FormatHundredths(scheduled));
-  lblDiff.SetCaption(FormatHundredths(static_cast<std::int64_t>(scheduled) - available));
+  lblDiff.SetCaption(FormatHundredths(scheduled - available));
   const ui::Color color = ClassifyDay(available, scheduled, capacity_.FudgeFactor);
   Frame1.SetBackColor(color);
   lblStatus.SetCaption(std::string(DayStatusText(color)));

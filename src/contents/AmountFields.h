@@ -9,8 +9,16 @@
 
 namespace lantos {
 
+// What doesn't fit ends the event: std::overflow_error.
+std::int32_t WholeOrOverflow(double value);
+std::int32_t Product(std::int32_t a, std::int32_t b);
+std::int32_t Sum(std::int32_t a, std::int32_t b);
+// A field times 100, without the noise that the product has behind its fifteenth digit.
+double HundredfoldOf(const ui::TextBox& box);
 // "12.5" in a field is 1250, to the nearest.
-inline Cents CentsIn(const ui::TextBox& box) { return RoundHalfEven(Val(box.Text()) * 100); }
+inline Cents CentsIn(const ui::TextBox& box) { return WholeOrOverflow(HundredfoldOf(box)); }
+// A quantity that was left empty, or comes to nothing, is 1.
+void AtLeastOne(ui::TextBox& quantity);
 
 // Leaving the field brings it into the form "0.00".
 inline void FormatAmount(ui::TextBox& box) { box.SetText(FormatFixed(Val(box.Text()), 2)); }

@@ -22,7 +22,7 @@ ExtraLine ReadExtra(const Recordset& row) {
   line.Cost = row.Long("Cost");
   line.Price = row.Long("Price");
   for (std::size_t i = 0; i < line.Desc.size(); ++i) line.Desc[i] = Trim(row.Text("Desc" + std::to_string(i + 1)));
-  line.Taxable = row.Text("Taxable");
+  line.Taxable = Trim(row.Text("Taxable"));
   return line;
 }
 

@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "contents/DetailLines.h"
-#include "contents/LaborText.h"
+#include "workorders/LaborText.h"
 #include "contents/frmLabor.h"
 #include "frame/Dates.h"
+#include "frame/Text.h"
 
 namespace lantos {
 
@@ -108,8 +109,15 @@ void LaborLines::Change() {
     return;
   }
   std::int32_t number = bench_.estimate.LaborList().ItemData(row);
-  CurrentLabor = lines_.at(number);
+  const WoLaborLine stored = lines_.at(number);
+  // What the list shows of it, and no more: followup fields aren't kept, and empty lines have no row.
+  ClearLaborLine(stored.Rate);
   CurrentLabor.Date = EstimateDate();
+  CurrentLabor.Mechanic = stored.Mechanic;
+  CurrentLabor.Hours = stored.Hours;
+  CurrentLabor.Total = stored.Total;
+  std::copy_if(stored.Desc.begin(), stored.Desc.end(), CurrentLabor.Desc.begin(),
+               [](const std::string& line) { return !TrimView(line).empty(); });
   if (!EditLaborLine()) return;
   // Between the two the line is in memory alone: it is lost when it can't be added.
   RemoveLaborLine(row);

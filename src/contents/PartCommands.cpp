@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "contents/AmountFields.h"
 #include "contents/PartLines.h"
 #include "contents/frmWOKit.h"
 #include "contents/frmWOPart.h"
@@ -82,7 +83,8 @@ void PartLines::Change() {
   ui::Desktop& desktop = bench_.shop.desktop;
   if (rows.empty()) return desktop.Tell("You must select a part in order to change it.", "Change Part");
   if (rows.size() > 1) return desktop.Tell("You must select a single part to change.", "Change Part");
-  const PartLine line = lines_.at(static_cast<std::size_t>(rows.front()));
+  PartLine line = lines_.at(static_cast<std::size_t>(rows.front()));
+  line.description = Trim(Left(line.description, kPartDescriptionColumn));  // the row shows no more, and so it stays
   UsePriceLevelOfCustomer();
   const Inventory::PartIndex index = Stock().FindPart(line.partNumber);
   FileLink offset = kNoLink;
@@ -120,7 +122,7 @@ PartLine PartLines::KitComponentLine(const KitRow& row, const PartLine& kit) con
   PartLine line;
   line.partNumber = row.partNumber;
   line.description = row.description;
-  line.quantity = row.quantity * kit.quantity;
+  line.quantity = Product(row.quantity, kit.quantity);
   line.cost = pricing.cost;
   if (kit.price == 0) line.price = pricing.atLevel;
   if (kit.list == 0) line.list = Stock().PartPrices(row.partNumber).byLevel[kRetail];
@@ -128,12 +130,15 @@ PartLine PartLines::KitComponentLine(const KitRow& row, const PartLine& kit) con
 }
 
 void PartLines::AddKitLines() {
+  UsePriceLevelOfCustomer();
   frmWOKit form(bench_, "Add Kit to Estimate");
   form.ShowModal();
   if (!form.Saved()) return;
   const PartLine kit = form.Line();
+  std::vector<PartLine> components;
+  for (const KitRow& row : form.Rows()) components.push_back(KitComponentLine(row, kit));
   AddPartLine(kit, true);
-  for (const KitRow& row : form.Rows()) AddPartLine(KitComponentLine(row, kit), false);
+  for (const PartLine& component : components) AddPartLine(component, false);
   surcharge_.ApplySurcharge();
   bench_.estimate.RefreshTotals();
 }

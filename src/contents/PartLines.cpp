@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "contents/AmountFields.h"
 #include "frame/Text.h"
 
 // The parts list and its rows in the database.
@@ -48,13 +49,13 @@ void PartLines::StorePart(const PartLine& entry) {
   Recordset parts = bench_.Data().PartsTable(std::to_string(bench_.Number()));
   while (!parts.Eof() && !EqualsIgnoringCase(Trim(parts.Text("PartNumber")), line.partNumber)) parts.MoveNext();
   if (parts.Eof()) {
-    line.total = line.quantity * line.price;
+    line.total = Product(line.quantity, line.price);
     bench_.Data().AddPartRow(bench_.Number(), RowOf(line));
     return;
   }
   // A second entry of a number adds its quantity, and its prices hold for the whole line.
-  line.quantity += parts.Long("Quantity");
-  line.total = line.quantity * line.price;
+  line.quantity = Sum(line.quantity, parts.Long("Quantity"));
+  line.total = Product(line.quantity, line.price);
   bench_.Data().UpdatePartRow(bench_.Number(), parts.Text("PartNumber"), RowOf(line));
 }
 

@@ -18,7 +18,7 @@ PartLine ReadPartLine(const Recordset& row) {
 }
 
 std::string PartRow(const PartLine& part) {
-  return LeftJustify(part.partNumber, 21) + " " + LeftJustify(part.description, 20) + " " +
+  return LeftJustify(part.partNumber, 21) + " " + LeftJustify(part.description, kPartDescriptionColumn) + " " +
          RightJustify(std::to_string(part.quantity), 5) + " " + RightJustify(FormatHundredths(part.price), 7) + " " +
          RightJustify(FormatHundredths(part.total), 7);
 }

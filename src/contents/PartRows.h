@@ -19,6 +19,7 @@ struct PartLine {
 };
 // A row of Parts; what is null there is 0.
 PartLine ReadPartLine(const Recordset& row);
+inline constexpr std::size_t kPartDescriptionColumn = 20;  // of the row
 // The row that one part gives in listParts, in fixed columns. Its item data is the cost.
 std::string PartRow(const PartLine& part);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "contents/AmountFields.h"
 #include "contents/DetailLines.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -31,7 +32,7 @@ Cents SurchargeOn(std::int64_t sum, Millionths rate) {
   if (rate == 0 || sum <= 0) return 0;
   const std::int64_t amount =
       rate > 0 ? DivideHalfEven(sum * rate, kWholeRate) : DivideHalfEven(-static_cast<std::int64_t>(rate), kFlatUnit);
-  return static_cast<Cents>(amount);
+  return WholeOrOverflow(static_cast<double>(amount));
 }
 
 std::int64_t Surcharge::LaborSum() const {
@@ -51,8 +52,8 @@ std::int64_t Surcharge::PartsSum() const {
 
 Cents Surcharge::Amount() const {
   const SystemRecord& system = bench_.System();
-  return SurchargeOn(LaborSum(), system.Get(sysrec::labor_surcharge_percent)) +
-         SurchargeOn(PartsSum(), system.Get(sysrec::parts_surcharge_percent));
+  return Sum(SurchargeOn(LaborSum(), system.Get(sysrec::labor_surcharge_percent)),
+             SurchargeOn(PartsSum(), system.Get(sysrec::parts_surcharge_percent)));
 }
 
 void Surcharge::ApplySurcharge() {
@@ -75,12 +76,11 @@ void Surcharge::SetSurchargeLine(const SurchargeTable& table, Cents amount) {
     return;
   }
   const SystemRecord& system = bench_.System();
-  // Number 1, whether it is free or not: where it isn't, the table's key refuses the line. The description goes into
-  // the statement as it stands.
+  // Number 1, whether it is free or not: where it isn't, the table's key refuses the line.
   database.Run(
       fmt::format("insert into {} (EstimateNumber, {}, VendorName, VendorInvoice, Cost, Price, Desc1, Desc2, "
                   "Desc3, Desc4, Taxable) values ({},1,'SURCHARGE','',{},{},'{}{}{}')",
-                  table.table, table.number, estimate, amount, amount, system.Get(sysrec::surcharge_description),
+                  table.table, table.number, estimate, amount, amount, QuoteForSql(system.Get(sysrec::surcharge_description)),
                   table.blankDescriptions, DefaultTaxable(system.Get(table.taxRate))),
       {});
 }

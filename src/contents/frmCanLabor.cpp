@@ -1,7 +1,7 @@
 #include "contents/frmCanLabor.h"
 
 #include "contents/AmountFields.h"
-#include "contents/LaborText.h"
+#include "workorders/LaborText.h"
 
 namespace lantos {
 

@@ -1,6 +1,6 @@
 #include "contents/frmCanLaborList.h"
 
-#include "contents/LaborText.h"
+#include "workorders/LaborText.h"
 #include "contents/frmCanLabor.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
@@ -42,8 +42,6 @@ frmCanLaborList::frmCanLaborList(Workbench& bench)
   UpdList.SetCheckBoxes(true);
   UpdList.SetFace(ui::FontFace::FixedPitch);
   UpdList.SetVisible(false);
-  txtCode.SetUpperCase(true);
-  txtCode.SetMaxLength(kLaborCodeWidth);
   txtCode.OnChange = txtDesc.OnChange = [this] { FillGrid(); };
   DataGrid1.OnDoubleClick = [this] { Press(cmdSelect); };
   UseButtons(cmdSelect, cmdClose);

@@ -1,5 +1,7 @@
 #include "contents/frmEstNotes.h"
 
+#include <algorithm>
+
 #include "contents/EstimateCommands.h"
 #include "contents/frmCanNoteList.h"
 #include "contents/frmNotes.h"
@@ -51,6 +53,7 @@ void frmEstNotes::OnLoad() {
   Recordset& stored = bench_.Data().NotesForEstimate(bench_.Number());
   for (; !stored.Eof(); stored.MoveNext()) notes_[stored.Long("NoteNumber")] = ReadNote(stored);
   stored.Close();
+  if (!notes_.empty()) lastNoteNumber_ = notes_.rbegin()->first;
   ShowNotes(notes_.empty() ? 0 : notes_.begin()->first);
 }
 
@@ -93,6 +96,7 @@ void frmEstNotes::Store(std::int32_t number, const Note& note) {
                           std::vector<std::string>(note.begin(), note.end()));
   });
   notes_[number] = note;
+  lastNoteNumber_ = std::max(lastNoteNumber_, number);
   ShowNotes(number);
   listNotes.SetFocus();
 }
@@ -101,7 +105,7 @@ void frmEstNotes::Add(const Note& note, bool canned) {
   frmNotes editor(bench_.shop, canned ? NoteMode::OnItsWay : NoteMode::EstimateNote, note);
   editor.ShowModal();
   if (!editor.Saved()) return;
-  Store(notes_.empty() ? 1 : notes_.rbegin()->first + 1, editor.CurrentNote);
+  Store(lastNoteNumber_ + 1, editor.CurrentNote);
 }
 
 void frmEstNotes::AddCanned() {

@@ -1,6 +1,7 @@
 #include "contents/frmLabor.h"
 
-#include "contents/LaborText.h"
+#include "contents/AmountFields.h"
+#include "workorders/LaborText.h"
 #include "contents/RepairCodes.h"
 #include "contents/SpellCheck.h"
 #include "frame/Dates.h"
@@ -17,7 +18,7 @@ constexpr ui::Twips kHeight = 7200;
 constexpr std::string_view kAllowNoneSetting = "frmLaborEmpNone";
 
 std::string FixedText(const ui::TextBox& box) { return FormatFixed(Val(box.Text()), 2); }
-std::int32_t InHundredths(const ui::TextBox& box) { return RoundHalfEven(Val(box.Text()) * 100); }
+std::int32_t InHundredths(const ui::TextBox& box) { return WholeOrOverflow(Val(box.Text()) * 100); }
 std::string NumberOrNothing(std::int32_t number) { return number == 0 ? std::string() : std::to_string(number); }
 
 // Enter goes on to the next field.
@@ -47,7 +48,7 @@ frmLabor::frmLabor(Workbench& bench, WoLaborLine& line)
   WireAmounts();
   WireFollowup();
   lovRepairCode.OnClick = [this] { RepairCodePicked(); };
-  cmdSpellCheck.OnClick = [this] { SpellCheckText(shop_.desktop); };
+  cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
   OKButton.SetToolTip("OK <F10>");
   CancelButton.SetToolTip("Cancel <Esc>");
   cmdSpellCheck.SetToolTip("Check the spelling of the description");
@@ -168,7 +169,7 @@ void frmLabor::RepairCodePicked() {
 
 // The days of a followup count from here: 0, the first day of all, where no work order is open.
 DaySerial frmLabor::FollowupBase() const {
-  if (!shop_.environment.shopOptions.LaborDateOption) return FromFileDate(bench_.workorder.DateOpen);
+  if (!shop_.environment.shopOptions.LaborDateOption) return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
   return ParseDate(line_.Date).value_or(shop_.environment.Today());
 }
 
@@ -199,7 +200,6 @@ bool frmLabor::CheckFollowup() {
 
 // A line whose followup has been handed out can't change it any more.
 void frmLabor::DisableUsedFollowup() {
-  if (line_.FollowupDate == 0 && line_.FollowupMiles == 0) return;  // it has none
   const Estimate& estimate = bench_.database.estimates.CurrentEstimate;
   const bool used =
       shop_.records.followups.Exists(estimate.CustomerNumber, estimate.VehVIN, estimate.VehLic,

@@ -41,7 +41,8 @@ bool frmRepairCode::Insert() {
                                {});
     return true;
   } catch (const DatabaseError& error) {
-    shop_.desktop.Tell(std::string(error.what()) + "\r\nError inserting Repair Code!", Caption());
+    shop_.desktop.Tell(
+        std::to_string(error.Number()) + " - " + error.Description() + "\r\nError inserting Repair Code!", Caption());
     return false;
   }
 }

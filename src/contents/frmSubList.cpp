@@ -1,5 +1,7 @@
 #include "contents/frmSubList.h"
 
+#include <algorithm>
+
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 
@@ -10,12 +12,13 @@ namespace {
 constexpr ui::Twips kWidth = 9600;
 constexpr ui::Twips kHeight = 4800;
 constexpr std::size_t kVendorShown = 10;
+constexpr std::size_t kInvoiceShown = 10;
 constexpr std::size_t kPriceWidth = 10;
 constexpr std::size_t kDescriptionLine = 64;
 
 std::string RowOf(const OrderedSublet& sublet) {
   return FormatZeros(sublet.orderNumber, 6) + " " + LeftJustify(sublet.vendor, kVendorShown) + " " +
-         LeftJustify(sublet.invoice, 10) + " " + RightJustify(FormatHundredths(sublet.price), kPriceWidth) + " " +
+         LeftJustify(sublet.invoice, std::max(kInvoiceShown, sublet.invoice.size())) + " " + RightJustify(FormatHundredths(sublet.price), kPriceWidth) + " " +
          sublet.description;
 }
 

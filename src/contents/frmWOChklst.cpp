@@ -1,6 +1,7 @@
 #include "contents/frmWOChklst.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lantos {
 
@@ -57,8 +58,17 @@ void frmWOChklst::OnLoad() {
     const int row = List1.AddItem(Heading(item.Name), static_cast<std::int32_t>(i));
     List1.SetChecked(row, item.Used);
   }
-  if (List1.ListCount() > 0) List1.SetListIndex(0);
+  ShowFirstCategory();
   ShowValues();
+}
+
+// Nobody has chosen it yet, so nothing is unticked.
+void frmWOChklst::ShowFirstCategory() {
+  if (List1.ListCount() == 0) return;
+  const auto choose = std::exchange(List1.OnClick, nullptr);
+  List1.SetListIndex(0);
+  List1.OnClick = choose;
+  ListItems(static_cast<std::size_t>(List1.ItemData(0)));
 }
 
 ChecklistItem& frmWOChklst::Item(const ui::ListBox& list, int row) {
@@ -94,10 +104,16 @@ std::size_t frmWOChklst::EndOfCategory(std::size_t category) const {
 
 // A category that isn't ticked has no ticked items.
 void frmWOChklst::FillItems(std::size_t category) {
+  for (std::size_t i = category + 1; i < EndOfCategory(category) && !table_.items[category].Used; ++i) {
+    table_.items[i].Used = false;
+  }
+  ListItems(category);
+}
+
+void frmWOChklst::ListItems(std::size_t category) {
   List2.Clear();
   for (std::size_t i = category + 1; i < EndOfCategory(category); ++i) {
-    ChecklistItem& item = table_.items[i];
-    if (!table_.items[category].Used) item.Used = false;
+    const ChecklistItem& item = table_.items[i];
     const int row = List2.AddItem(item.Name, static_cast<std::int32_t>(i));
     List2.SetChecked(row, item.Used);
   }

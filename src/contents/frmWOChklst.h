@@ -40,6 +40,8 @@ class frmWOChklst : public SizedForm {
   void TickCategory(int row, bool ticked);
   void TickItem(int row, bool ticked);
   void TickAll(ui::ListBox& list, bool ticked);
+  void ShowFirstCategory();
+  void ListItems(std::size_t category);
   void FillItems(std::size_t category);
   void ShowValues();
   std::size_t EndOfCategory(std::size_t category) const;

@@ -1,7 +1,5 @@
 #include "contents/frmWOExtra.h"
 
-#include <fmt/format.h>
-
 #include <cmath>
 
 #include "contents/AmountFields.h"
@@ -13,10 +11,9 @@ namespace {
 constexpr ui::Twips kWidth = 8100;
 constexpr ui::Twips kHeight = 4800;
 
-// Cut to whole cents, where other screens round. The way through a text takes the noise off the product.
+// Cut to whole cents, where other screens round.
 Cents WholeCents(const ui::TextBox& box) {
-  const double cents = std::floor(Val(fmt::format("{:.15g}", Val(box.Text()) * 100)));
-  return RoundHalfEven(cents);
+  return WholeOrOverflow(std::floor(HundredfoldOf(box)));
 }
 
 }  // namespace
@@ -49,7 +46,9 @@ void frmWOExtra::WireFields() {
     box.SetMaxLength(64);
     box.OnChange = [this] { MarkChanged(); };
   }
-  Taxable.OnClick = [this] { MarkChanged(); };
+  Taxable.OnClick = [this] {
+    if (Taxable.Text() != shownTaxable_) MarkChanged();
+  };
   for (ui::TextBox* box : {&Cost, &Price}) {
     box->OnLostFocus = [box] { FormatAmount(*box); };
   }
@@ -64,6 +63,7 @@ void frmWOExtra::ShowLine() {
   for (std::size_t i = 0; i < Desc.size(); ++i) Desc[i].SetText(Trim(CurrentExtra.Desc[i]));
   const int row = Taxable.FindText(CurrentExtra.Taxable);
   Taxable.SetListIndex(row >= 0 ? row : Taxable.FindText(defaultTaxable_));
+  shownTaxable_ = Taxable.Text();
   showing_ = false;
   changed_ = false;
   cmdCancel.SetCaption("Close");

@@ -44,6 +44,7 @@ class frmWOExtra : public OkCancelForm {
 
   Shop& shop_;
   std::string defaultTaxable_;
+  std::string shownTaxable_;
   bool showing_ = false;
   bool changed_ = false;
   bool saved_ = false;

@@ -27,9 +27,7 @@ frmWOKit::frmWOKit(Workbench& bench, const std::string& caption)
   }
   CostLabel.SetVisible(false);
   CostPrice.SetVisible(false);
-  QuantityUsed.OnLostFocus = [this] {
-    if (Val(QuantityUsed.Text()) == 0) QuantityUsed.SetText("1");
-  };
+  QuantityUsed.OnLostFocus = [this] { AtLeastOne(QuantityUsed); };
   for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) box->OnLostFocus = [box] { FormatAmount(*box); };
   EnterMovesThrough({&QuantityUsed, &SalePrice, &ListPrice, &DisposalFee, &cmdSave});
   UseButtons(cmdSave, cmdCancel);
@@ -76,7 +74,7 @@ PartLine frmWOKit::Line() const {
   PartLine line;
   line.partNumber = Trim(PartNumber.Text());
   line.description = Trim(Description.Text());
-  line.quantity = RoundHalfEven(Val(QuantityUsed.Text()));
+  line.quantity = WholeOrOverflow(Val(QuantityUsed.Text()));
   line.price = CentsIn(SalePrice);
   line.cost = CentsIn(CostPrice);
   line.list = CentsIn(ListPrice);
@@ -94,7 +92,7 @@ void frmWOKit::OnKeyDown(ui::KeyPress& key) {
 bool frmWOKit::StockSuffices() {
   if (Right(Caption(), kForEstimate.size()) == kForEstimate) return true;
   for (const KitRow& row : rows_) {
-    const std::int32_t needed = row.quantity * Line().quantity;
+    const std::int32_t needed = Product(row.quantity, Line().quantity);
     const std::int32_t onHand = inventory_.PartInStock(row.partNumber);
     if (needed <= onHand) continue;
     const std::string text = "Quantity " + std::to_string(needed) + " for " + row.partNumber + " exceeds stock of " +
@@ -111,7 +109,9 @@ void frmWOKit::Accept() {
                                             {&CostPrice, "Cost is required."},
                                             {&SalePrice, "Sale Price is required."},
                                             {&ListPrice, "List Price is required."}});
-  if (!complete || !StockSuffices()) return;
+  if (!complete) return;
+  AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
+  if (!StockSuffices()) return;
   saved_ = true;
   Hide();
 }

@@ -46,9 +46,7 @@ frmWOPart::frmWOPart(Workbench& bench, const std::string& caption, Mode mode)
 
 void frmWOPart::WireFields() {
   PartNumber.OnLostFocus = [this] { PartNumberLeft(); };
-  QuantityUsed.OnLostFocus = [this] {
-    if (Val(QuantityUsed.Text()) == 0) QuantityUsed.SetText("1");
-  };
+  QuantityUsed.OnLostFocus = [this] { AtLeastOne(QuantityUsed); };
   CostPrice.OnLostFocus = [this] { CostLeft(); };
   for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) box->OnLostFocus = [box] { FormatAmount(*box); };
 }
@@ -175,7 +173,9 @@ bool frmWOPart::StockSuffices() {
 }
 
 void frmWOPart::Accept() {
-  if (!HasAll() || !StockSuffices()) return;
+  if (!HasAll()) return;
+  AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
+  if (!StockSuffices()) return;
   saved_ = true;
   Hide();
 }
@@ -184,7 +184,7 @@ PartLine frmWOPart::Line() const {
   PartLine line;
   line.partNumber = Trim(PartNumber.Text());
   line.description = Trim(Description.Text());
-  line.quantity = RoundHalfEven(Val(QuantityUsed.Text()));
+  line.quantity = WholeOrOverflow(Val(QuantityUsed.Text()));
   line.price = CentsIn(SalePrice);
   line.cost = CentsIn(CostPrice);
   line.list = CentsIn(ListPrice);

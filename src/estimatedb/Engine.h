@@ -13,7 +13,17 @@ namespace lantos {
 // A statement that the engine refused, with the statement and the values that were involved.
 class DatabaseError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit DatabaseError(const std::string& text) : std::runtime_error(text) {}
+  DatabaseError(const std::string& text, int number, std::string description)
+      : std::runtime_error(text), number_(number), description_(std::move(description)) {}
+
+  // As the engine itself has them; 0 and what() for an error that isn't the engine's.
+  int Number() const { return number_; }
+  std::string Description() const { return description_.empty() ? what() : description_; }
+
+ private:
+  int number_ = 0;
+  std::string description_;
 };
 
 // The one row that a change through a recordset is meant for: the first whose column has the value.

@@ -203,7 +203,8 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
                       "free within {:g} seconds. Nothing was changed. Try again.\n\n{}",
                       path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details));
     }
-    throw DatabaseError(fmt::format("{}\n\n{}", FromUtf8(error.what()), details));
+    const std::string description = FromUtf8(error.what());
+    throw DatabaseError(fmt::format("{}\n\n{}", description, details), code, description);
   }
 }
 

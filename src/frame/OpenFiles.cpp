@@ -35,13 +35,13 @@ void OpenFiles::CloseFile(FileHandle& handle) {
   handle = kNoHandle;
 }
 
-FileHandle OpenFiles::OpenArchivedTagFile(std::string_view caller) {
+FileHandle OpenFiles::OpenArchivedTagFile(std::string_view caller, Access access) {
   if (archivedTagFile_ != kNoHandle) {
     log_.Write(std::string(caller) + ": TQINCTAG already open");
     FileHandle handle = archivedTagFile_;
     CloseFile(handle);
   }
-  archivedTagFile_ = Open("TQINCTAG.DAT", Access::Read, Deny::None);
+  archivedTagFile_ = Open("TQINCTAG.DAT", access, Deny::None);
   log_.Write("Archived WO Tag File Pointer = " + std::to_string(archivedTagFile_) + " requested by " +
              std::string(caller));
   return archivedTagFile_;

@@ -21,7 +21,7 @@ class OpenFiles {
   void CloseFile(FileHandle& handle);
 
   // The archived work-order tag file: a number in use already is logged and closed first.
-  FileHandle OpenArchivedTagFile(std::string_view caller);
+  FileHandle OpenArchivedTagFile(std::string_view caller, Access access = Access::Read);
   void SetReceivingFile(FileHandle handle) { receivingFile_ = handle; }
   // Both global numbers to none.
   void ResetFileMarks();

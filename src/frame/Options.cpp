@@ -151,6 +151,10 @@ ShopOptions LoadShopOptions(const ProfileFile& profile) {
   options.LaborDateOption = ReadAs(profile, "Options", "LaborDateOption", "False", ToBoolean);
   options.RepairCodeOption = ReadAs(profile, "Options", "RepairCodeOption", "False", ToBoolean);
   options.InventoryTagVersion = ReadAs(profile, "Inventory", "InventoryTagVersion", "0", ToInteger);
+  for (std::size_t i = 0; i < kPaymentMethodCount; ++i) {
+    std::string& name = options.PaymentMethodNames[i];
+    name = Left(Trim(profile.Get("Payment Methods", std::to_string(i), name)), kPaymentMethodWidth);
+  }
   return options;
 }
 

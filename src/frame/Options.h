@@ -70,11 +70,19 @@ class WorkstationProfile {
   std::string section_;
 };
 
-// Keys of Lantos.ini that have no screen: sections "Options" and "Inventory".
+// As the main application numbers them; a work order's text has the name, padded to the width.
+inline constexpr std::size_t kPaymentMethodCount = 13;
+inline constexpr std::size_t kPaymentMethodWidth = 8;
+inline constexpr std::string_view kSplitPayment = "Split";
+using PaymentMethodTable = std::array<std::string, kPaymentMethodCount>;
+
+// Keys of Lantos.ini that have no screen: sections "Options", "Inventory" and "Payment Methods" (0 to 12).
 struct ShopOptions {
   bool LaborDateOption = false;
   bool RepairCodeOption = false;
   int InventoryTagVersion = 0;
+  PaymentMethodTable PaymentMethodNames = {"",         "Cash",     "Check",    "Visa",     "MasterCd", "Discover", "AmEx",
+                                           "Debit",    "Account",  "Warranty", "GiftCard", "Other",    "Split"};
 };
 ShopOptions LoadShopOptions(const ProfileFile& profile);
 

@@ -172,6 +172,32 @@ void SharedFile::WriteAt(std::uint64_t offset, std::span<const std::byte> bytes)
   }
 }
 
+std::uint64_t SharedFile::Append(std::span<const std::byte> bytes, std::uint64_t unit) {
+  RequireWritable();
+  struct flock turn = {};
+  turn.l_type = F_WRLCK;
+  turn.l_whence = SEEK_SET;
+  turn.l_start = static_cast<off_t>(kAppendTurn);
+  turn.l_len = 1;
+  if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLKW, &turn); }) != 0) {
+    ThrowFileError(errno, "waiting to append to " + path_.string());
+  }
+  const auto release = [&] {
+    turn.l_type = F_UNLCK;
+    Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &turn); });
+  };
+  const std::uint64_t length = Length();
+  const std::uint64_t offset = length - length % unit;
+  try {
+    WriteAt(offset, bytes);
+  } catch (...) {
+    release();
+    throw;
+  }
+  release();
+  return offset;
+}
+
 // Only when the file ends where this write broke off: what another writer appended in the meantime is never cut.
 void SharedFile::CutBack(std::uint64_t lengthBefore, std::uint64_t endOfWritten) const {
   struct stat status = {};

@@ -11,6 +11,9 @@ inline constexpr std::uint64_t kReadMark = (std::uint64_t{1} << 62) + 1;     // 
 inline constexpr std::uint64_t kWriterSlots = (std::uint64_t{1} << 62) + 2;  // a row of bytes, one for each writer
 inline constexpr std::uint64_t kWriterSlotCount = std::uint64_t{1} << 30;
 
+// One byte for whose turn it is to append.
+inline constexpr std::uint64_t kAppendTurn = kWriterSlots + kWriterSlotCount;
+
 struct Claim {
   bool exclusive = false;
   std::uint64_t first = 0;

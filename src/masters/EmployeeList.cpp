@@ -17,7 +17,7 @@ bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice
   try {
     employees = shop.records.employees.LoadEmployeeList();
   } catch (const FileError&) {
-    shop.desktop.Tell("Could not access employee master file!", kTitle, ui::Icon::Exclamation);
+    shop.desktop.Tell("Could not access employee master file!", list.Owner().Caption());
     return false;
   }
   bool any = choice.withNone;
@@ -26,7 +26,7 @@ bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice
     list.AddItem(LeftJustify(employee.Name, kNameWidth) + FormatZeros(employee.Number, 6), employee.Number);
     any = true;
   }
-  if (!any) shop.desktop.Tell("There are no employees!", kTitle, ui::Icon::Exclamation);
+  if (!any) shop.desktop.Tell("There are no employees!", kTitle);
   return any;
 }
 

@@ -1,6 +1,6 @@
 #include "masters/MasterScreens.h"
 
-#include "masters/KeptRecords.h"
+#include "records/KeptRecords.h"
 #include "masters/NameSearch.h"
 #include "masters/frmCustSearch.h"
 #include "masters/frmVehEdit.h"

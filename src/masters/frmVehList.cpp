@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "frame/Numbers.h"
-#include "masters/KeptRecords.h"
+#include "records/KeptRecords.h"
 
 namespace lantos {
 namespace {

@@ -32,7 +32,7 @@ std::array<std::string, kCannedLines> SplitLines(std::string_view text) {
 
 // The first line, empty or not, then the others that aren't empty.
 std::string JoinLines(const std::array<std::string, kCannedLines>& lines) {
-  std::string text = lines[0];
+  std::string text(lines[0].substr(0, lines[0].find_last_not_of(' ') + 1));
   for (std::size_t i = 1; i < lines.size(); ++i) {
     if (const std::string line = Trim(lines[i]); !line.empty()) text += kLineMark + line;
   }

@@ -140,6 +140,7 @@ class RowControl : public Control {
 
  protected:
   virtual void RowChosen() {}  // the current row changed, before the click fires
+  virtual void RowLost() {}    // it went, without a click
   std::vector<ListRow> rows_;
   int listIndex_ = -1;
   std::size_t measuredRows_ = 0;  // leading rows whose width is known; 0 after any change but an addition
@@ -196,6 +197,9 @@ class ComboBox : public RowControl {
 
  protected:
   void RowChosen() override;
+  void RowLost() override {
+    if (!editable_) RowChosen();  // a text of its own stays
+  }
 
  private:
   std::string text_;

@@ -41,6 +41,7 @@ void RowControl::RemoveItem(int row) {
   ForgetWidths();
   if (listIndex_ == row) {
     listIndex_ = -1;
+    RowLost();
   } else if (listIndex_ > row) {
     --listIndex_;
   }
@@ -50,6 +51,7 @@ void RowControl::RemoveItem(int row) {
 void RowControl::Clear() {
   rows_.clear();
   listIndex_ = -1;
+  RowLost();
   ForgetWidths();
   Changed(Aspect::Rows);
 }

@@ -271,3 +271,26 @@ def test_the_spelling_needs_a_word_processor(board):
     board.click("cmdSpellCheck")
     board.expect_box("Microsoft Word is required in order to check the spelling.")
     board.press("OK")
+
+
+def test_a_change_begins_without_followup_fields_and_without_empty_lines(board, shop):
+    board.click("cmdLaborAdd")
+    board.type("txtDesc", "belt")
+    board.type("Miles", "6000")
+    board.leave()
+    board.key("F10")
+    board.select("listLabor", row=4)
+    board.click("cmdLaborChange")
+    assert board.text("txtDesc") == "BELT"
+    assert [board.text(name) for name in ("Miles", "Days", "FollowupDate")] == ["", "", ""]
+    board.key("Esc")
+
+
+def test_hours_that_no_row_can_hold_are_refused(board, shop):
+    board.click("cmdLaborAdd")
+    board.type("txtDesc", "endless")
+    board.type("Hours", "99999999")
+    board.key("F10")
+    assert "Overflow" in board.answer["text"]
+    board.press("OK")
+    assert labors(shop) == [OLD]

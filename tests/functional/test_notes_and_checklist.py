@@ -175,3 +175,27 @@ def test_both_need_an_estimate(lantos):
         lantos.click(button)
         lantos.expect_box("Must first select an estimate.", title)
         lantos.press("OK")
+
+
+def test_the_number_of_a_removed_note_isnt_given_again(board, shop):
+    board.click("cmdEstimateNotes")
+    board.select("listNotes", row=0)
+    board.click("cmdRemove")
+    board.press("Yes")
+    board.click("cmdAdd")
+    board.type("txtDesc", "next")
+    board.key("F10")
+    assert [row[0] for row in notes(shop)] == [3]
+
+
+def test_looking_at_the_checklist_unticks_nothing(start, shop):
+    one_estimate(shop)
+    for data in ("Oil,x,5", "Pads,y,6"):
+        shop.add_row("Checklist", EstimateNumber=900, ChecklistData=data)
+    shop.write()
+    make_checklist(shop, ["[Engine]", "Oil", "[Brakes]", "Pads"])
+    copy = show(start(shop))
+    copy.click("cmdEstimateChecklist")
+    assert texts(copy, "List2") == ["Oil"]
+    copy.key("F10")
+    assert ticked(shop) == ["Oil,x,5", "Pads,y,6"]

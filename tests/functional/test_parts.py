@@ -258,3 +258,45 @@ def test_prices_are_those_of_the_customers_level(start, shop):
     assert [row["cells"]["Retail1"] for row in cells if row["cells"]["Part"] == "PAD-9"] == ["25.00"]
     pick(copy, "PAD")
     assert fields(copy)[4:6] == ["25.00", "35.00"]
+
+
+def test_what_no_row_can_hold_is_refused_and_nothing_is_written(board, shop):
+    board.click("cmdPartAddNonStock")
+    for name, text in (("PartNumber", "BIG"), ("Description", "BIG"), ("QuantityUsed", "99999"),
+                       ("CostPrice", "1"), ("SalePrice", "99999"), ("ListPrice", "1")):
+        board.type(name, text)
+    board.key("F10")
+    assert "Overflow" in board.answer["text"]
+    board.press("OK")
+    assert stored(shop) == {}
+
+
+def test_a_quantity_of_0_is_saved_as_1_even_when_the_field_is_never_left(board, shop):
+    board.click("cmdPartAdd")
+    pick(board, "PAD")
+    board.type("QuantityUsed", "0.3")
+    board.key("F10")
+    board.key("Esc")
+    assert stored(shop)["PAD-9"][1] == 1
+
+
+def test_half_a_cent_is_rounded_without_the_noise_of_the_product(board, shop):
+    board.click("cmdPartAdd")
+    pick(board, "PAD")
+    board.type("SalePrice", "1.015")
+    board.key("F10")
+    board.key("Esc")
+    assert stored(shop)["PAD-9"][2] == 102, "1.015 x 100 is 101.49999999999999 as a double"
+
+
+def test_a_changed_part_keeps_as_much_of_its_description_as_its_row_shows(board, shop):
+    board.click("cmdPartAddNonStock")
+    for name, text in (("PartNumber", "LONG"), ("Description", "a description of thirty-one cha"),
+                       ("QuantityUsed", "1"), ("CostPrice", "1"), ("SalePrice", "1"), ("ListPrice", "1")):
+        board.type(name, text)
+    board.key("F10")
+    assert stored(shop)["LONG"][0] == "A DESCRIPTION OF THIRTY-ONE CHA"
+    board.select("listParts", rows=[0])
+    board.click("cmdPartChange")
+    board.key("F10")
+    assert stored(shop)["LONG"][0] == "A DESCRIPTION OF THI"

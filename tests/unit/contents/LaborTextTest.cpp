@@ -1,4 +1,4 @@
-#include "contents/LaborText.h"
+#include "workorders/LaborText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "masters/KeptRecords.h"
+#include "records/KeptRecords.h"
 
 namespace lantos {
 

@@ -1,0 +1,43 @@
+#include "records/TextLineReader.h"
+
+#include <algorithm>
+#include <span>
+
+namespace lantos {
+
+namespace {
+constexpr std::size_t kBlock = 8192;
+}
+
+bool TextLineReader::Fill() {
+  block_.resize(kBlock);
+  block_.resize(file_.ReadAt(offset_, std::as_writable_bytes(std::span(block_))));
+  offset_ += block_.size();
+  used_ = 0;
+  return !block_.empty();
+}
+
+int TextLineReader::Take() {
+  if (used_ == block_.size() && !Fill()) return -1;
+  return static_cast<unsigned char>(block_[used_++]);
+}
+
+bool TextLineReader::Next(std::string& line) {
+  line.clear();
+  for (;;) {
+    // What the block holds of the line at once, then its end by character.
+    const std::size_t end = std::min(block_.find_first_of("\r\n", used_), block_.size());
+    line.append(block_, used_, end - used_);
+    used_ = end;
+    const int c = Take();
+    if (c < 0) return !line.empty();
+    if (c == '\n') return true;
+    if (c == '\r') {
+      if (Take() != '\n' && used_ > 0) --used_;
+      return true;
+    }
+    line += static_cast<char>(c);  // the first of a new block
+  }
+}
+
+}  // namespace lantos
