@@ -26,6 +26,8 @@ class QuietDesktop : public ui::Desktop {
   void ShowStatus(std::string_view) override {}
   int OpenDocument(const std::string&, const std::string&) override { return 33; }
   void PrintScreen(ui::Form&) override {}
+  void PreviewReport(const ui::Report&, ui::ControlPlace&) override {}
+  void PrintReport(const ui::Report&, bool) override {}
   bool FindWindowByTitle(std::string_view, bool) override { return false; }
   int TextWidth(const ui::Control&, std::string_view text) override { return static_cast<int>(text.size()) * 8; }
   void ReportFailure(const std::string& text) override { throw std::runtime_error(text); }

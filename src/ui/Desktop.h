@@ -13,6 +13,8 @@ namespace lantos::ui {
 class Control;
 class Form;
 class MenuItem;
+struct ControlPlace;
+struct Report;
 
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
@@ -49,6 +51,11 @@ class Desktop {
   // association.
   virtual int OpenDocument(const std::string& path, const std::string& arguments) = 0;
   virtual void PrintScreen(Form& form) = 0;  // the form as a screen image
+  // Shows a report until the person closes it, who may print it from there. The window appears at the place, which is
+  // where it was in the end when this returns; a width of 0 leaves the place to the desktop.
+  virtual void PreviewReport(const Report& report, ControlPlace& place) = 0;
+  // Prints a report; askFirst offers the printer dialog, where the person may still leave it.
+  virtual void PrintReport(const Report& report, bool askFirst) = 0;
   // A window of this or another running copy of this user, by a part of its caption, without regard to case. An empty
   // pattern finds nothing.
   virtual bool FindWindowByTitle(std::string_view pattern, bool activate) = 0;

@@ -8,6 +8,7 @@
 #include "frame/Types.h"
 #include "ui/Desktop.h"
 #include "ui/Form.h"
+#include "ui/Report.h"
 
 // Where a desktop and whoever drives it from outside meet: the desktop hands over each wait for the person, and offers
 // hands and eyes for its controls.
@@ -24,11 +25,24 @@ class Person {
   virtual void AtPopup(MenuItem& menu, const std::function<void(MenuItem*)>& choose,
                        const std::function<bool()>& over) = 0;
 
+  // A report on show: print() prints it and leaves it there, close() ends it.
+  struct PreviewHands {
+    std::function<void()> print;
+    std::function<void()> close;
+  };
+  virtual void AtPreview(const Report& report, const PreviewHands& hands, const std::function<bool()>& over) = 0;
+  // The printer dialog: answer(true) prints.
+  virtual void AtPrinter(const Report& report, const std::function<void(bool)>& answer,
+                         const std::function<bool()>& over) = 0;
+
   // What happens without waiting for anybody.
   virtual void NoteBeep() = 0;
   virtual void NoteStatus(std::string_view text) = 0;
   virtual void NoteShell(std::string_view path) = 0;
   virtual void NoteFailure(std::string_view text) = 0;
+  // The pdf is empty where there are no real windows.
+  virtual void NotePrinted(const Report& report, const std::filesystem::path& text,
+                           const std::filesystem::path& pdf) = 0;
   // The last word: the process is about to end.
   virtual void NoteEnd(int code) = 0;
 };

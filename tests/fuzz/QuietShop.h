@@ -46,6 +46,8 @@ class QuietDesktop : public ui::Desktop {
   void ShowStatus(std::string_view) override {}
   int OpenDocument(const std::string&, const std::string&) override { return 2; }
   void PrintScreen(ui::Form&) override {}
+  void PreviewReport(const ui::Report&, ui::ControlPlace&) override {}
+  void PrintReport(const ui::Report&, bool) override {}
   bool FindWindowByTitle(std::string_view, bool) override { return false; }
   int TextWidth(const ui::Control&, std::string_view text) override { return static_cast<int>(text.size()); }
   void ReportFailure(const std::string&) override {}

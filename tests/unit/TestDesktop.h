@@ -13,6 +13,8 @@
 
 #include "ui/Desktop.h"
 #include "ui/Form.h"
+#include "ui/Report.h"
+#include "ui/WindowPlace.h"
 #include "ui/Menu.h"
 
 namespace lantos::ui {
@@ -70,6 +72,9 @@ class TestDesktop : public ui::Desktop {
   std::vector<std::pair<std::string, std::string>> documents;  // path and arguments
   std::vector<std::string> activated;                          // captions brought up
   std::vector<std::string> screenPrints;
+  std::vector<ui::Report> previews;  // reports shown; nobody prints from them
+  std::vector<ui::Report> printed;   // reports printed, the dialog accepted
+  int printerDialogs = 0;
   int beeps = 0;
   ui::Pointer pointer = ui::Pointer::Normal;
 
@@ -120,6 +125,15 @@ class TestDesktop : public ui::Desktop {
     return documentResult;
   }
   void PrintScreen(ui::Form& form) override { screenPrints.push_back(form.Name()); }
+  void PreviewReport(const ui::Report& report, ui::ControlPlace& place) override {
+    previews.push_back(report);
+    if (movePreviewTo) place = *movePreviewTo;
+  }
+  void PrintReport(const ui::Report& report, bool askFirst) override {
+    printerDialogs += askFirst ? 1 : 0;
+    printed.push_back(report);
+  }
+  std::optional<ui::ControlPlace> movePreviewTo;  // where the person leaves the next previews
   bool FindWindowByTitle(std::string_view pattern, bool activate) override {
     if (pattern.empty()) return false;
     for (const std::string& caption : windows) {

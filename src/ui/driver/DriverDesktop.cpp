@@ -89,6 +89,26 @@ void DriverDesktop::PrintScreen(Form& form) {
   Note({{"printed", ToUtf8(form.Name())}, {"text", file.string()}});
 }
 
+void DriverDesktop::PreviewReport(const Report& report, ControlPlace&) {
+  bool closed = false;
+  const Person::PreviewHands hands{[&] { Print(report); }, [&] { closed = true; }};
+  person_.AtPreview(report, hands, [&closed] { return closed; });
+}
+
+void DriverDesktop::PrintReport(const Report& report, bool askFirst) {
+  if (!askFirst) return Print(report);
+  std::optional<bool> accepted;
+  person_.AtPrinter(report, [&accepted](bool answer) { accepted = answer; }, [&accepted] { return accepted.has_value(); });
+  if (*accepted) Print(report);
+}
+
+void DriverDesktop::Print(const Report& report) {
+  if (printTo_.empty()) return;
+  const auto file = printTo_ / fmt::format("job-{:03}-{}.txt", ++jobs_, report.design.name);
+  WriteReportText(report, file);
+  person_.NotePrinted(report, file, {});
+}
+
 bool DriverDesktop::FindWindowByTitle(std::string_view pattern, bool activate) {
   if (registry_ != nullptr) return activate ? registry_->Activate(pattern) : registry_->Find(pattern);
   const std::vector<std::string> captions = Captions(nullptr);

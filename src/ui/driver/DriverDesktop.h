@@ -32,6 +32,8 @@ class DriverDesktop : public Desktop {
   void ShowStatus(std::string_view text) override { person_.NoteStatus(text); }
   int OpenDocument(const std::string& path, const std::string& arguments) override;
   void PrintScreen(Form& form) override;
+  void PreviewReport(const Report& report, ControlPlace& place) override;
+  void PrintReport(const Report& report, bool askFirst) override;
   bool FindWindowByTitle(std::string_view pattern, bool activate) override;
   int TextWidth(const Control& control, std::string_view text) override;
   void ReportFailure(const std::string& text) override;
@@ -60,6 +62,7 @@ class DriverDesktop : public Desktop {
   std::vector<std::string> Captions(const Form* butNot) const;
   void NoteRaisedWindows();
   void Note(Json event);
+  void Print(const Report& report);
 
   Person& person_;
   ModelHand hand_;
@@ -67,6 +70,7 @@ class DriverDesktop : public Desktop {
   std::unique_ptr<WindowRegistry> registry_;
   std::filesystem::path printTo_;
   int screens_ = 0;
+  int jobs_ = 0;
 };
 
 }  // namespace lantos::ui

@@ -71,4 +71,40 @@ void PopupPlace::Perform(const Line& line) {
   throw Refusal("the menu has no entry '" + wanted + "'");
 }
 
+Json PreviewPlace::Describe() const {
+  const std::size_t pages = LayOut(report_).pages.size();
+  Json labels = Json::object();
+  for (const ReportLabel& label : report_.design.labels) {
+    if (!label.name.empty()) labels[ToUtf8(label.name)] = JsonText(label.text);
+  }
+  labels[std::string(kPageLabel)] = PageText(1, pages);
+  Json columns = Json::array();
+  for (const ReportColumn& column : report_.design.columns) columns.push_back(ToUtf8(column.name));
+  Json lines = Json::array();
+  for (const std::vector<std::string>& row : report_.lines) {
+    Json& texts = lines.emplace_back(Json::array());
+    for (const std::string& text : row) texts.push_back(JsonText(text));
+  }
+  return {{"waiting", "preview"},           {"report", ToUtf8(report_.design.name)},
+          {"title", JsonText(report_.title)}, {"labels", std::move(labels)},
+          {"columns", std::move(columns)},  {"lines", std::move(lines)},
+          {"pages", pages}};
+}
+
+void PreviewPlace::Perform(const Line& line) {
+  if (line.Subject() == "print") return hands_.print();
+  if (line.Subject() == "close") return hands_.close();
+  throw Refusal("a preview can be printed and closed");
+}
+
+Json PrinterPlace::Describe() const {
+  return {{"waiting", "printer"}, {"report", ToUtf8(report_.design.name)}};
+}
+
+void PrinterPlace::Perform(const Line& line) {
+  if (line.Subject() == "print") return answer_(true);
+  if (line.Subject() == "close") return answer_(false);
+  throw Refusal("the printer dialog can be accepted with print and left with close");
+}
+
 }  // namespace lantos::ui

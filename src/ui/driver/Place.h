@@ -38,4 +38,26 @@ class PopupPlace : public Place {
   const std::function<void(MenuItem*)>& choose_;
 };
 
+class PreviewPlace : public Place {
+ public:
+  PreviewPlace(const Report& report, const Person::PreviewHands& hands) : report_(report), hands_(hands) {}
+  Json Describe() const override;
+  void Perform(const Line& line) override;
+
+ private:
+  const Report& report_;
+  const Person::PreviewHands& hands_;
+};
+
+class PrinterPlace : public Place {
+ public:
+  PrinterPlace(const Report& report, const std::function<void(bool)>& answer) : report_(report), answer_(answer) {}
+  Json Describe() const override;
+  void Perform(const Line& line) override;
+
+ private:
+  const Report& report_;
+  const std::function<void(bool)>& answer_;
+};
+
 }  // namespace lantos::ui

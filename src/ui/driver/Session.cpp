@@ -44,6 +44,23 @@ void Session::AtPopup(MenuItem& menu, const std::function<void(MenuItem*)>& choo
   AtPlace(place, over);
 }
 
+void Session::AtPreview(const Report& report, const PreviewHands& hands, const std::function<bool()>& over) {
+  PreviewPlace place(report, hands);
+  AtPlace(place, over);
+}
+
+void Session::AtPrinter(const Report& report, const std::function<void(bool)>& answer,
+                        const std::function<bool()>& over) {
+  PrinterPlace place(report, answer);
+  AtPlace(place, over);
+}
+
+void Session::NotePrinted(const Report& report, const std::filesystem::path& text, const std::filesystem::path& pdf) {
+  Json event = {{"printed", ToUtf8(report.design.name)}, {"text", text.string()}};
+  if (!pdf.empty()) event["pdf"] = pdf.string();
+  Note(std::move(event));
+}
+
 void Session::AtPlace(Place& place, const std::function<bool()>& over) {
   std::string text;
   while (!over()) {

@@ -31,17 +31,21 @@ class Session : public Person {
   void AtBox(const Box& box, const std::function<void(Answer)>& press, const std::function<bool()>& over) override;
   void AtPopup(MenuItem& menu, const std::function<void(MenuItem*)>& choose,
                const std::function<bool()>& over) override;
-  // Any other place that waits: a preview, the printer dialog.
-  void AtPlace(Place& place, const std::function<bool()>& over);
+  void AtPreview(const Report& report, const PreviewHands& hands, const std::function<bool()>& over) override;
+  void AtPrinter(const Report& report, const std::function<void(bool)>& answer,
+                 const std::function<bool()>& over) override;
 
   void NoteBeep() override { Note({{"beep", true}}); }
   void NoteStatus(std::string_view text) override { Note({{"status", JsonText(text)}}); }
   void NoteShell(std::string_view path) override { Note({{"shell", JsonText(path)}}); }
   void NoteFailure(std::string_view text) override { Note({{"failure", JsonText(text)}}); }
+  void NotePrinted(const Report& report, const std::filesystem::path& text, const std::filesystem::path& pdf) override;
   void NoteEnd(int code) override;
   void Note(Json event) { events_.push_back(std::move(event)); }
 
  private:
+  // Serves the person at a place until it is over.
+  void AtPlace(Place& place, const std::function<bool()>& over);
   void Take(const Line& line, Place& place);
   Json Look(const Line& line);
   Json LookAt(const std::string& subject);

@@ -44,6 +44,8 @@ class QtDesktop : public Desktop {
   void ShowStatus(std::string_view text) override;
   int OpenDocument(const std::string& path, const std::string& arguments) override;
   void PrintScreen(Form& form) override;
+  void PreviewReport(const Report& report, ControlPlace& place) override;
+  void PrintReport(const Report& report, bool askFirst) override;
   bool FindWindowByTitle(std::string_view pattern, bool activate) override;
   int TextWidth(const Control& control, std::string_view text) override;
   void ReportFailure(const std::string& text) override;
@@ -100,6 +102,7 @@ class QtDesktop : public Desktop {
   int waitDepth_ = 0;
   int waitCount_ = 0;
   int screens_ = 0;
+  int jobs_ = 0;
 };
 
 }  // namespace lantos::ui

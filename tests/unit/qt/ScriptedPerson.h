@@ -36,6 +36,19 @@ class ScriptedPerson : public ui::Person {
     popup = &menu;
     while (!over()) Next("a menu");
   }
+  void AtPreview(const ui::Report&, const PreviewHands& hands, const std::function<bool()>& over) override {
+    preview = hands;
+    while (!over()) Next("a preview");
+  }
+  void AtPrinter(const ui::Report&, const std::function<void(bool)>& answer,
+                 const std::function<bool()>& over) override {
+    answerPrinter = answer;
+    while (!over()) Next("the printer dialog");
+  }
+  void NotePrinted(const ui::Report& report, const std::filesystem::path& text,
+                   const std::filesystem::path& pdf) override {
+    jobs.push_back({report.design.name, text, pdf});
+  }
   void NoteBeep() override { ++beeps; }
   void NoteStatus(std::string_view text) override { statuses.emplace_back(text); }
   void NoteShell(std::string_view path) override { opened.emplace_back(path); }
@@ -47,6 +60,13 @@ class ScriptedPerson : public ui::Person {
   std::function<void(ui::Answer)> pressButton;
   std::function<void(ui::MenuItem*)> chooseEntry;
   ui::MenuItem* popup = nullptr;
+  PreviewHands preview;
+  std::function<void(bool)> answerPrinter;
+  struct Job {
+    std::string report;
+    std::filesystem::path text, pdf;
+  };
+  std::vector<Job> jobs;
   std::vector<ui::Box> boxes;
   std::vector<std::string> statuses;
   std::vector<std::string> opened;

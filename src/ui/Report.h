@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lantos::ui {
+
+// A banded report: a page header and footer on every page, detail lines from top to bottom, a report footer behind the
+// last of them. Nothing is measured against the page but the height: a text breaks only where it says so itself, and
+// what is too long for its field is cut off there.
+//
+// Heights and sizes are points, a 72nd of an inch. Places across are shares of the printable width, so that a design
+// fits every paper.
+enum class Band { PageHeader, ReportFooter };
+enum class Align { Left, Center, Right };
+enum class Orientation { Portrait, Landscape };
+
+// In Arial. Its lines are separated by line ends of any kind.
+struct ReportLabel {
+  std::string name;  // empty for what is always the same
+  Band band = Band::PageHeader;
+  double left = 0, top = 0, width = 1;
+  double size = 9;
+  Align align = Align::Left;
+  bool bold = false;
+  bool grows = false;  // the last of its band, which becomes as high as the text needs; in the footer, over pages
+  std::string text;
+};
+
+// A frame, or a line when it has no height.
+struct ReportBox {
+  Band band = Band::PageHeader;
+  double left = 0, top = 0, width = 1, height = 0;
+};
+
+// A field of the detail band, in Courier New.
+struct ReportColumn {
+  std::string name;
+  double left = 0, width = 1;
+  Align align = Align::Left;
+  std::string heading;  // above the first line of each page
+};
+
+struct ReportDesign {
+  std::string name;     // "rptEstimate"
+  std::string caption;  // the window keeps its place under it
+  Orientation orientation = Orientation::Portrait;
+  double headerHeight = 0;  // without what grows
+  double footerHeight = 0;
+  std::size_t characters = 80;  // that the first column must hold; the size of the detail follows from it
+  std::vector<ReportColumn> columns;
+  std::vector<ReportLabel> labels;
+  std::vector<ReportBox> boxes;
+};
+
+// A design, filled in.
+struct Report {
+  ReportDesign design;
+  std::string title;
+  std::vector<std::vector<std::string>> lines;  // a text for each column
+
+  // Sets the label of that name in this design. A name that the design doesn't have throws std::logic_error.
+  void SetLabel(std::string_view name, std::string text);
+};
+
+inline constexpr std::string_view kPageLabel = "lblPage";
+inline constexpr std::string_view kPageText = "Page %p of %P";
+std::string PageText(std::size_t page, std::size_t pages);  // page counted from 1
+
+struct Paper {
+  double width, height;  // points, upright
+};
+inline constexpr Paper kLetterPaper{612, 792};
+inline constexpr Paper kA4Paper{595.3, 841.9};
+inline constexpr double kReportMargin = 36;
+
+// Where everything comes to lie, the same on every desktop.
+struct ReportPage {
+  std::size_t firstLine = 0, lineCount = 0;  // of the detail
+  bool hasFooter = false;                    // the report footer's fixed part, behind the detail
+  std::size_t firstGrown = 0, grownCount = 0;  // lines of the footer's label that grows
+};
+struct ReportLayout {
+  double width = 0, height = 0;  // printable, in the report's orientation
+  double headerHeight = 0;       // with the headings of the columns
+  double headingTop = 0;         // of those
+  double detailSize = 0, detailPitch = 0;
+  std::vector<ReportPage> pages;  // at least one
+};
+ReportLayout LayOut(const Report& report, Paper paper = kLetterPaper);
+double PitchOf(double size);  // from line to line of a label
+std::vector<std::string> LinesOf(std::string_view text);
+
+// What a printed job is where there is no paper: a line of text a report line, its columns apart by tabs. Throws
+// FileError.
+void WriteReportText(const Report& report, const std::filesystem::path& to);
+
+}  // namespace lantos::ui

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "records/Records.h"
+#include "workorders/WorkorderText.h"
+
+namespace lantos {
+
+// The files of the work orders: two tag files, the text of each active one, and the archive of the others. New tags go
+// to the end and no tag is ever changed here, so readers need no lock.
+class Workorders {
+ public:
+  Workorders(Environment& environment, ui::Desktop& desktop, Records& records)
+      : environment_(environment), desktop_(desktop), records_(records) {}
+  Workorders(const Workorders&) = delete;
+
+  Workorder Current;
+  ActiveWoTag CurrentActiveTag;
+  ArchivedWoTag CurrentArchivedTag;
+
+  // Reads the work order of CurrentActiveTag. False when its file isn't there or is held, and the operator skips it.
+  // With keepOpen the file stays open with no sharing, and fileNumberOut has its number.
+  bool GetCurrWoRec(bool keepOpen = false, FileHandle* fileNumberOut = nullptr);
+  // Reads an archived work order by the place of its text. False for a place or number that leads nowhere, when the
+  // text there is another one (which is told), and when the operator gave up a held archive.
+  bool GetArchWo(std::int32_t workorderNumber, FileLink masterOffset);
+
+  // Shared. Throws FileError.
+  FileHandle OpenActiveWOForReading();
+  FileHandle OpenArchWOForReading(std::string_view caller);
+  // The tag at a byte position. True at the end of the file, which a negative position is too (nothing is read then);
+  // what the file doesn't hold of a tag reads as zeros.
+  bool ReadActiveWO(FileHandle file, std::int64_t position, ActiveWoTag& tag);
+  bool ReadArchWO(FileHandle file, std::int64_t position, ArchivedWoTag& tag);
+
+  // The three files of a new work order, from Current and in this order. The tags throw FileError when they can't be
+  // written, but for the second one's prompt: false when the operator gave it up, and there is no such tag then.
+  void WriteActiveWoTag();
+  bool WriteArchivedWoTag();
+  void WriteWorkorderFile();
+  static std::string FileNameOf(std::int32_t workorderNumber);  // "W0001234.tqa"
+
+ private:
+  void Clear();
+  TextSurroundings Around();
+  WorkorderReader Reader(LineSource& lines, const TextSurroundings& around);
+  bool ReadLiveCustomer(std::int32_t number, CustomerRecord& record);
+  bool FindInArchive(LineSource& lines, const std::string& number, std::string& line);
+
+  Environment& environment_;
+  ui::Desktop& desktop_;
+  Records& records_;
+};
+
+}  // namespace lantos
