@@ -13,7 +13,8 @@ struct Board {
       : world(shopDirectory),
         database(world.environment, world.records),
         masters(world.shop),
-        inventoryList(world.shop) {
+        inventoryList(world.shop),
+        workorders(world.environment, world.desktop, world.records) {
     Connect(database, world.environment);
     StartAndStop steps;
     steps.processCommandLine = [] {};
@@ -22,7 +23,7 @@ struct Board {
       return world.environment.log.Open();
     };
     steps.deleteUpdateFileAndCloseLog = [] {};
-    window = std::make_unique<frmMain>(world.shop, database, masters, inventoryList, workorder, std::move(steps));
+    window = std::make_unique<frmMain>(world.shop, database, masters, inventoryList, workorders, std::move(steps));
     window->LoadForm();
   }
 
@@ -30,7 +31,7 @@ struct Board {
   EstimateDatabase database;
   MasterScreens masters;
   frmInvList inventoryList;
-  Workorder workorder;
+  Workorders workorders;
   std::unique_ptr<frmMain> window;
 };
 

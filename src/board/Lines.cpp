@@ -1,4 +1,5 @@
 #include "board/frmMain.h"
+#include "contents/Conversion.h"
 #include "contents/EstimateCommands.h"
 
 // The commands on what an estimate holds, and what their editors see of the board.
@@ -36,7 +37,30 @@ void frmMain::WireLines() {
     EstimateNotes(contents_.bench);
     if (displayedEstimate_ != 0) ShowNotesMark();
   });
+  cmdConvert.OnClick = [this] { ConvertClick(); };
   cmdEstimateChecklist.OnClick = working([&bench] { EstimateChecklist(bench); });
+}
+
+void frmMain::ConvertClick() {
+  CheckDayRollover();
+  if (!HasEstimateOnShow("Convert to WO")) return;
+  // What the conversion has changed is shown however it ends.
+  struct Refresh {
+    frmMain& board;
+    ~Refresh() {
+      board.Run([this] {
+        board.LoadWeek(board.Current().SchedDate);
+        board.ShowEstimateDetail();
+      });
+    }
+  } const refresh{*this};
+  ui::Hourglass hourglass(shop_.desktop);
+  Conversion(contents_.bench, contents_.workorders).Run();
+}
+
+void frmMain::StoreComments(const std::string& comments) {
+  txtComments.SetText(comments);
+  SaveComments();
 }
 
 void frmMain::AddScheduledHours(Hundredths hours) {

@@ -1,4 +1,5 @@
 #include "board/frmMain.h"
+#include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 
@@ -71,26 +72,13 @@ void frmMain::AttachVehicle() {
   const VehicleRecord& record = vehicles.CurrentVehicle;
   Estimate& estimate = Current();
   estimate.VehicleLink = vehicles.CurrentVehicleOffset;
-  estimate.VehYear = record.Get(vehicle::Year);
-  estimate.VehMake = record.Get(vehicle::Make);
-  estimate.VehModel = record.Get(vehicle::Model);
-  estimate.VehVIN = record.Get(vehicle::VIN);
-  estimate.VehLic = record.Get(vehicle::LicenseNumber);
-  const DaySerial seen = FromFileDate(record.Get(vehicle::Date));
-  estimate.VehDate = seen >= 1 ? FormatDate(seen) : " ";
-  estimate.VehMileage = std::to_string(record.Get(vehicle::Mileage));
-  estimate.VehEng = record.Get(vehicle::EngineSize);
-  estimate.VehTrans = record.Get(vehicle::Transmission);
+  PutSnapshot(estimate, SnapshotOf(record));
   ShowVehicle();
   SaveVehicle();
 }
 
 void frmMain::SaveVehicle() {
-  const Estimate& estimate = Current();
-  Data().SetVehicleNew(estimate.VehicleLink,
-                       {estimate.VehYear, estimate.VehMake, estimate.VehModel, estimate.VehVIN, estimate.VehLic,
-                        estimate.VehDate, estimate.VehMileage, estimate.VehEng, estimate.VehTrans},
-                       displayedEstimate_);
+  Data().SetVehicleNew(Current().VehicleLink, SnapshotIn(Current()), displayedEstimate_);
 }
 
 bool frmMain::HasEstimateOnShow(const std::string& title) {

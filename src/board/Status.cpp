@@ -1,7 +1,9 @@
+#include "board/Continue.h"
 #include "board/DayLines.h"
 #include "board/StatusChange.h"
 #include "board/frmEstStatus.h"
 #include "board/frmMain.h"
+#include "board/frmReschedule.h"
 #include "frame/Text.h"
 
 // The status of the current estimate, changed by hand, and its word in the lists.
@@ -20,8 +22,7 @@ void frmMain::ShowStatusPopup() {
     popupStatus_[i]->SetVisible(PopupOffers(options, current, entry));
     popupStatus_[i]->SetChecked(entry == current);
   }
-  popupStatus_[kContinued]->SetEnabled(CanContinue(options, {}));
-  shop_.desktop.PopupMenu(*this, *statusPopup_);
+    shop_.desktop.PopupMenu(*this, *statusPopup_);
 }
 
 bool frmMain::LoadWeekIfCountChanged(std::int16_t oldStatus) {
@@ -38,11 +39,31 @@ void frmMain::ChangeStatusClick() {
   }
   ui::Hourglass hourglass(shop_.desktop);
   const std::int16_t oldStatus = Current().Status;
-  frmEstStatus form(shop_, database_, {});
+  frmEstStatus form(shop_, database_, Continuing());
   form.ShowModal();
   form.Unload();
   RefreshStatusText(StatusText(Current()));
   if (LoadWeekIfCountChanged(oldStatus)) ShowEstimateDetail();
+}
+
+ContinueEstimate frmMain::Continuing() {
+  return [this] { return ContinueCurrentEstimate(shop_, database_); };
+}
+
+void frmMain::RescheduleClick() {
+  CheckDayRollover();
+  if (!HasEstimateOnShow("Reschedule")) return;
+  ui::Hourglass hourglass(shop_.desktop);
+  KeepUnsavedComments();
+  frmReschedule form(shop_, database_, lastSelectedDate_);
+  form.ShowModal();
+  const bool moved = form.ok;
+  const DaySerial date = form.newDate;
+  form.Unload();
+  if (!moved) return;
+  MonthView1.SetValue(date);
+  LoadWeek(date);
+  DayViewClick();
 }
 
 void frmMain::RefreshStatusText(const std::string& word) {

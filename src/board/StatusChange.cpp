@@ -30,7 +30,6 @@ bool ConfirmContinue(Shop& shop) {
 
 // False ends the change.
 bool ContinueToNextDay(Shop& shop, const Estimate& estimate, const ContinueEstimate& continueEstimate) {
-  if (!continueEstimate) return false;
   const bool asks = shop.environment.statusOptions[StatusOption::ContinuedAutoSchedule] == kAsk;
   if (asks && !ConfirmContinue(shop)) return false;
   const DaySerial from = estimate.SchedDate;
@@ -43,10 +42,6 @@ bool ContinueToNextDay(Shop& shop, const Estimate& estimate, const ContinueEstim
 }
 
 }  // namespace
-
-bool CanContinue(const StatusOptions& options, const ContinueEstimate& continueEstimate) {
-  return !Continues(options) || continueEstimate;
-}
 
 bool CanReschedule(const StatusOptions& options) { return options[StatusOption::RescheduledAllow] != kNo; }
 

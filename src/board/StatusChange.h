@@ -33,13 +33,9 @@ inline constexpr std::array<StatusDescription, kStatusCount> kStatusDescriptions
 inline constexpr std::string_view kStatusFootnote = "* Totals not included in daily summary.";
 
 // Makes the estimate of the next business day that carries the work on. The new date, or -1 when the operator stopped.
-// Empty where there is no such operation.
 using ContinueEstimate = std::function<DaySerial()>;
 inline constexpr DaySerial kNotContinued = -1;
 
-// Whether an estimate can be set to Continued by hand: always when that continues nothing, else only with the
-// operation at hand.
-bool CanContinue(const StatusOptions& options, const ContinueEstimate& continueEstimate);
 // Whether an estimate can be set to Rescheduled by hand.
 bool CanReschedule(const StatusOptions& options);
 // Whether the popup shows an entry for an estimate of the current status. A status outside the table offers nothing.

@@ -19,9 +19,7 @@ void frmEstStatus::OnLoad() {
   Estimate& estimate = database_.estimates.CurrentEstimate;
   // Asked for its effect: a Scheduled one of an earlier day becomes a No-show in memory.
   database_.estimates.StatusText(estimate.Status, estimate.SchedDate);
-  const StatusOptions& options = shop_.environment.statusOptions;
-  Option1[kContinued].SetEnabled(CanContinue(options, continueEstimate_));
-  Option1[kRescheduled].SetEnabled(CanReschedule(options));
+  Option1[kRescheduled].SetEnabled(CanReschedule(shop_.environment.statusOptions));
   if (estimate.Status < 0 || estimate.Status >= static_cast<std::int16_t>(kStatusCount)) return;
   ui::OptionButton& current = Option1[static_cast<std::size_t>(estimate.Status)];
   current.SetValue(true);

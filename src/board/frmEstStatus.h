@@ -9,8 +9,7 @@ namespace lantos {
 // has been changed or the person leaves.
 class frmEstStatus : public SizedForm {
  public:
-  // Without continueEstimate the Continued status can't be chosen where choosing it would continue the estimate.
-  frmEstStatus(Shop& shop, EstimateDatabase& database, ContinueEstimate continueEstimate = nullptr);
+  frmEstStatus(Shop& shop, EstimateDatabase& database, ContinueEstimate continueEstimate);
 
   ui::ControlArray<ui::OptionButton, kStatusCount> Option1{*this, "Option1"};
   ui::Label lblFootnote{*this, "lblFootnote", std::string(kStatusFootnote)};

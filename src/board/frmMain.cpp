@@ -19,13 +19,13 @@ std::string Stored(ui::Twips value) { return fmt::format("{}", value); }
 }  // namespace
 
 frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters, frmInvList& inventoryList,
-                 Workorder& workorder, StartAndStop startAndStop)
+                 Workorders& workorders, StartAndStop startAndStop)
     : Form(shop.desktop, "frmMain", "Lantos"),
       shop_(shop),
       database_(database),
       masters_(masters),
       startAndStop_(std::move(startAndStop)),
-      contents_(Workbench{shop, database, inventoryList, workorder, *this}) {
+      contents_(Workbench{shop, database, inventoryList, workorders.Current, *this}, workorders) {
   SetSize(kDefaultSize, kDefaultSize);
   SetResizable(true);
   ArrangePanels();
@@ -142,6 +142,10 @@ void frmMain::WireDetail() {
   txtComments.OnLostFocus = [this] { SaveComments(); };
   cmdNewEstimate.OnClick = [this] { NewEstimateClick(); };
   cmdChangeStatus.OnClick = [this] { ChangeStatusClick(); };
+  cmdPrintEstimate.OnClick = [this] { PrintEstimateClick(); };
+  cmdPrintWorksheet.OnClick = [this] { PrintWorksheetClick(); };
+  cmdPrintDay.OnClick = [this] { PrintDayClick(); };
+  cmdReschedule.OnClick = [this] { RescheduleClick(); };
   cmdCustomerEdit.OnClick = [this] { CustomerEditClick(); };
   cmdVehicleEdit.OnClick = [this] { VehicleEditClick(); };
   cmdWeekView.SetToolTip("Seven days at a glance");
@@ -149,6 +153,11 @@ void frmMain::WireDetail() {
   cmdDetailView.SetToolTip("The selected estimate in full");
   cmdNewEstimate.SetToolTip("Book an estimate on the selected day");
   cmdChangeStatus.SetToolTip("Change the status of the selected estimate");
+  cmdPrintEstimate.SetToolTip("The customer's copy of the selected estimate");
+  cmdPrintWorksheet.SetToolTip("The paper that travels with the vehicle");
+  cmdPrintDay.SetToolTip("The list below on paper");
+  cmdReschedule.SetToolTip("Move the selected estimate to another day");
+  cmdConvert.SetToolTip("Make the selected estimate a work order");
   cmdCustomerEdit.SetToolTip("Choose another customer and vehicle");
   cmdVehicleEdit.SetToolTip("Choose another vehicle of this customer");
   txtComments.SetToolTip("Saved when you leave the field");
@@ -156,8 +165,7 @@ void frmMain::WireDetail() {
 
 void frmMain::DisableWhatIsNotBuilt() {
   for (ui::Button* button :
-       {&cmdPrintEstimate, &cmdPrintWorksheet, &cmdConvert, &cmdReschedule, &cmdFind, &cmdWOHistory, &cmdTechHours,
-        &cmdPrintDay}) {
+       {&cmdFind, &cmdWOHistory, &cmdTechHours}) {
     button->SetEnabled(false);
   }
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "board/DayCapacity.h"
+#include "board/StatusChange.h"
 #include "contents/Contents.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "masters/MasterScreens.h"
@@ -25,7 +26,7 @@ struct StartAndStop {
 class frmMain : public ui::Form, private EstimateOnShow {
  public:
   frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters, frmInvList& inventoryList,
-          Workorder& workorder, StartAndStop startAndStop);
+          Workorders& workorders, StartAndStop startAndStop);
 
   ui::MonthView MonthView1{*this, "MonthView1"};
   ui::Frame Frame1{*this, "Frame1", "Hours"};
@@ -195,6 +196,14 @@ class frmMain : public ui::Form, private EstimateOnShow {
   void SaveComments();
   void KeepUnsavedComments();
 
+  // Papers (Print.cpp).
+  void ReadPrintOptions();
+  bool HasEstimateToPrint();
+  void PrintEstimateClick();
+  void PrintWorksheetClick();
+  void PrintDayClick();
+  void FollowPrint(StatusOption option, const char* question, std::int16_t status);
+
   // What the estimate holds (Lines.cpp).
   void WireLines();
   std::int32_t DisplayedEstimate() const override { return displayedEstimate_; }
@@ -203,6 +212,11 @@ class frmMain : public ui::Form, private EstimateOnShow {
   ui::ListBox& PartList() override { return listParts; }
   void AddScheduledHours(Hundredths hours) override;
   void RefreshDay() override { ShowDayHeader(selectedDayIndex_); }
+  std::string CommentsOnShow() const override { return txtComments.Text(); }
+  void StoreComments(const std::string& comments) override;
+  void ConvertClick();
+  void RescheduleClick();
+  ContinueEstimate Continuing();
 
   // Booking (NewEstimate.cpp).
   void NewEstimateClick();

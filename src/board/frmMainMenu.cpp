@@ -1,4 +1,5 @@
 #include "admin/CheckPassword.h"
+#include "admin/frmDisclaimer.h"
 #include "admin/frmPrintOptions.h"
 #include "board/StatusChange.h"
 #include "board/frmMain.h"
@@ -35,7 +36,7 @@ constexpr CommandEntry kCommands[] = {
     {"mnuEstimateChecklist", "Estimate Check&list", &frmMain::cmdEstimateChecklist},
 };
 // Those whose button does something yet; an entry is never livelier than its button.
-constexpr const char* kBuiltCommands[] = {"mnuNewEstimate",     "mnuChangeStatus",  "mnuEstimateNotes",
+constexpr const char* kBuiltCommands[] = {"mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet", "mnuConvertToWO", "mnuReschedule", "mnuChangeStatus",  "mnuEstimateNotes",
                                           "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"};
 
 constexpr const char* kShowStatusCaptions[kStatusCount] = {
@@ -89,7 +90,11 @@ void frmMain::BuildMaintenanceMenu() {
 
 void frmMain::BuildSystemMenu(ui::MenuItem& system) {
   system.Add("mnuSystemCompanyInfo", "&Company Info").SetEnabled(false);
-  system.Add("mnuDisclaimer", "&Estimate Disclaimer").SetEnabled(false);
+  system.Add("mnuDisclaimer", "&Estimate Disclaimer", [this] {
+    if (!MayEnter(shop_, Section::EditMenu)) return;
+    frmDisclaimer form(shop_);
+    Use(form);
+  });
   system.Add("mnuSystemParameters", "&Parameters").SetEnabled(false);
   system.Add("mnuPrintOptions", "Print &Options", [this] {
     ProfileFile profile = shop_.environment.Profile();
@@ -133,7 +138,7 @@ void frmMain::BuildStatusMenus() {
     const auto status = static_cast<std::int16_t>(i);
     popupStatus_[i] = &statusPopup_->Add(
         "mnuPopupStatus", std::string(kStatusDescriptions[i].popupCaption),
-        [this, status] { ChangeStatusByHand(shop_, database_, {}, status); }, static_cast<int>(i));
+        [this, status] { ChangeStatusByHand(shop_, database_, Continuing(), status); }, static_cast<int>(i));
   }
 }
 

@@ -20,6 +20,9 @@ class EstimateOnShow {
   // The hours and the colour of the selected day.
   virtual void RefreshDay() = 0;
   virtual void RefreshTotals() = 0;
+  virtual std::string CommentsOnShow() const = 0;
+  // Into the comments' field and into the database.
+  virtual void StoreComments(const std::string& comments) = 0;
 };
 
 // What every line editor is handed.

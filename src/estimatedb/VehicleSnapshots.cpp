@@ -10,6 +10,7 @@
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "records/OpenedFile.h"
+#include "records/VehicleMatch.h"
 
 namespace lantos {
 
@@ -90,66 +91,20 @@ void TakeLinkedVehicle(Vehicles& vehicles, FileLink link, FileHandle handle, Sna
   vehicles.CurrentVehicleOffset = link;
   vehicles.ReadVehicle(link, handle);
   if (vehicles.CurrentVehicleOffset != link) GiveUp(fmt::format("The vehicle at {} could not be read.", link));
-  const VehicleRecord& record = vehicles.CurrentVehicle;
-  const FileDate seen = record.Get(vehicle::Date);
-  snapshot = {record.Get(vehicle::Year),
-              record.Get(vehicle::Make),
-              record.Get(vehicle::Model),
-              record.Get(vehicle::VIN),
-              record.Get(vehicle::LicenseNumber),
-              seen >= 1 ? FormatDate(FromFileDate(seen)) : "",
-              fmt::format("{}", record.Get(vehicle::Mileage)),
-              record.Get(vehicle::EngineSize),
-              record.Get(vehicle::Transmission)};
+  const de::VehicleSnapshot taken = SnapshotOf(vehicles.CurrentVehicle);
+  snapshot = {taken.VehYear, taken.VehMake,    taken.VehModel, taken.VehVIN,  taken.VehLic,
+              taken.VehDate, taken.VehMileage, taken.VehEng,   taken.VehTrans};
 }
 
-// The work record as the row's snapshot tells it.
-VehicleRecord AsVehicle(const Snapshot& snapshot, std::int32_t customer) {
-  VehicleRecord record;
-  record.Put(vehicle::Number, customer);
-  record.Put(vehicle::VLink, kNoLink);
-  constexpr TextField kFields[] = {vehicle::Year, vehicle::Make, vehicle::Model, vehicle::VIN, vehicle::LicenseNumber};
-  for (std::size_t i = 0; i < std::size(kFields); ++i) record.Put(kFields[i], snapshot[i]);
-  if (const auto seen = ParseDate(snapshot[5])) record.Put(vehicle::Date, ToFileDate(*seen));
-  return record;
-}
-
-bool HasSame(const VehicleRecord& a, const VehicleRecord& b, std::initializer_list<TextField> fields) {
-  bool hasText = false;
-  for (const TextField field : fields) {
-    if (a.View(field) != b.View(field)) return false;
-    hasText = hasText || !a.View(field).empty();
-  }
-  return hasText;
-}
-
-// Looks for the work record among the vehicles of its customer: the same VIN counts most, then the same licence, then
-// the same year, make and model; of each kind the first in the chain. What was found becomes the work record; with
-// nothing found it stays.
+// Matches the work record against the chain of its customer, whose first link is looked up once.
 class VehicleMatcher {
  public:
   VehicleMatcher(Records& records, FileHandle handle) : records_(records), handle_(handle) {}
 
   bool Match() {
     Vehicles& vehicles = records_.vehicles;
-    const VehicleRecord wanted = vehicles.CurrentVehicle;
-    std::array<std::optional<VehicleRecord>, 3> candidates;
-    vehicles.Walk(FirstLink(wanted.Get(vehicle::Number)), handle_, [&](FileLink) {
-      const VehicleRecord& met = vehicles.CurrentVehicle;
-      const bool isSame[] = {HasSame(wanted, met, {vehicle::VIN}), HasSame(wanted, met, {vehicle::LicenseNumber}),
-                             HasSame(wanted, met, {vehicle::Year, vehicle::Make, vehicle::Model})};
-      for (std::size_t i = 0; i < candidates.size(); ++i) {
-        if (isSame[i] && !candidates[i]) candidates[i] = met;
-      }
-      return true;
-    });
-    vehicles.CurrentVehicle = wanted;
-    for (const auto& candidate : candidates) {
-      if (!candidate) continue;
-      vehicles.CurrentVehicle = *candidate;
-      return true;
-    }
-    return false;
+    const FileLink first = FirstLink(vehicles.CurrentVehicle.Get(vehicle::Number));
+    return MatchVehicle(vehicles, first, handle_);
   }
 
  private:
@@ -170,6 +125,63 @@ class VehicleMatcher {
 
 }  // namespace
 
+de::VehicleSnapshot SnapshotOf(const VehicleRecord& record) {
+  const FileDate seen = record.Get(vehicle::Date);
+  return {record.Get(vehicle::Year),
+          record.Get(vehicle::Make),
+          record.Get(vehicle::Model),
+          record.Get(vehicle::VIN),
+          record.Get(vehicle::LicenseNumber),
+          seen >= 1 ? FormatDate(FromFileDate(seen)) : " ",
+          fmt::format("{}", record.Get(vehicle::Mileage)),
+          record.Get(vehicle::EngineSize),
+          record.Get(vehicle::Transmission)};
+}
+
+VehicleRecord VehicleOf(const de::VehicleSnapshot& snapshot, std::int32_t customer) {
+  VehicleRecord record;
+  record.Put(vehicle::Number, customer);
+  record.Put(vehicle::Deleted, kVehicleLive);
+  record.Put(vehicle::VLink, kNoLink);
+  record.Put(vehicle::Year, Trim(snapshot.VehYear));
+  record.Put(vehicle::Make, Trim(snapshot.VehMake));
+  record.Put(vehicle::Model, Trim(snapshot.VehModel));
+  record.Put(vehicle::VIN, Trim(snapshot.VehVIN));
+  record.Put(vehicle::LicenseNumber, Trim(snapshot.VehLic));
+  record.Put(vehicle::EngineSize, Trim(snapshot.VehEng));
+  record.Put(vehicle::Transmission, Trim(snapshot.VehTrans));
+  record.Put(vehicle::Mileage, ToLongOrZero(Trim(snapshot.VehMileage)));
+  if (const auto seen = ParseDate(Trim(snapshot.VehDate))) record.Put(vehicle::Date, ToFileDate(*seen));
+  return record;
+}
+
+bool IsSnapshotOf(const de::VehicleSnapshot& snapshot, const VehicleRecord& record) {
+  const de::VehicleSnapshot other = SnapshotOf(record);
+  const auto same = [](const std::string& a, const std::string& b) { return TrimView(a) == TrimView(b); };
+  return same(snapshot.VehYear, other.VehYear) && same(snapshot.VehMake, other.VehMake) &&
+         same(snapshot.VehModel, other.VehModel) && same(snapshot.VehVIN, other.VehVIN) &&
+         same(snapshot.VehLic, other.VehLic) && same(snapshot.VehDate, other.VehDate) &&
+         ToLongOrZero(Trim(snapshot.VehMileage)) == record.Get(vehicle::Mileage) &&
+         same(snapshot.VehEng, other.VehEng) && same(snapshot.VehTrans, other.VehTrans);
+}
+
+de::VehicleSnapshot SnapshotIn(const Estimate& estimate) {
+  return {estimate.VehYear, estimate.VehMake,    estimate.VehModel, estimate.VehVIN,  estimate.VehLic,
+          estimate.VehDate, estimate.VehMileage, estimate.VehEng,   estimate.VehTrans};
+}
+
+void PutSnapshot(Estimate& estimate, const de::VehicleSnapshot& snapshot) {
+  estimate.VehYear = snapshot.VehYear;
+  estimate.VehMake = snapshot.VehMake;
+  estimate.VehModel = snapshot.VehModel;
+  estimate.VehVIN = snapshot.VehVIN;
+  estimate.VehLic = snapshot.VehLic;
+  estimate.VehDate = snapshot.VehDate;
+  estimate.VehMileage = snapshot.VehMileage;
+  estimate.VehEng = snapshot.VehEng;
+  estimate.VehTrans = snapshot.VehTrans;
+}
+
 void FillSnapshots(EstimateDatabase& database, Environment& environment, Records& records) {
   OpenedFile file(environment.openFiles);
   file.TakeOver(OpenVehicles(records));
@@ -186,7 +198,10 @@ void FillEngines(EstimateDatabase& database, Environment& environment, Records& 
   VehicleMatcher matcher(records, file.Handle());
   FillEach(database, [&](const Recordset& row, Snapshot& snapshot) {
     for (std::size_t i = 0; i < kEngine; ++i) snapshot[i] = Trim(row.Text(kSnapshotColumns[i].name));
-    records.vehicles.CurrentVehicle = AsVehicle(snapshot, row.Long("CustomerNumber"));
+    // Without the mileage: what was not on a row of that age isn't made up.
+    records.vehicles.CurrentVehicle =
+        VehicleOf({snapshot[0], snapshot[1], snapshot[2], snapshot[3], snapshot[4], snapshot[5], "", "", ""},
+                  row.Long("CustomerNumber"));
     if (!matcher.Match()) return;
     snapshot[kEngine] = records.vehicles.CurrentVehicle.Get(vehicle::EngineSize);
     snapshot[kTransmission] = records.vehicles.CurrentVehicle.Get(vehicle::Transmission);

@@ -14,6 +14,14 @@ inline constexpr SnapshotColumn kSnapshotColumns[] = {
     {"VehDate", 10}, {"VehMileage", 7}, {"VehEng", 12},   {"VehTrans", 12},
 };
 
+// What an estimate keeps of a vehicle, and a vehicle as an estimate tells of it: live, unchained.
+de::VehicleSnapshot SnapshotOf(const VehicleRecord& record);
+VehicleRecord VehicleOf(const de::VehicleSnapshot& snapshot, std::int32_t customer);
+// Whether they agree, blanks around texts apart.
+bool IsSnapshotOf(const de::VehicleSnapshot& snapshot, const VehicleRecord& record);
+de::VehicleSnapshot SnapshotIn(const Estimate& estimate);
+void PutSnapshot(Estimate& estimate, const de::VehicleSnapshot& snapshot);
+
 // Fill columns that have just been added to every row of Estimates. Both throw when the operator gives up on a
 // vehicle or customer file; rows done so far stay done, and a later start doesn't take the work up again.
 

@@ -13,6 +13,8 @@ inline constexpr std::uint64_t kWriterSlotCount = std::uint64_t{1} << 30;
 
 // One byte for whose turn it is to append.
 inline constexpr std::uint64_t kAppendTurn = kWriterSlots + kWriterSlotCount;
+// And for whose turn it is to change what it has read.
+inline constexpr std::uint64_t kUpdateTurn = kAppendTurn + 1;
 
 struct Claim {
   bool exclusive = false;

@@ -10,6 +10,7 @@
 #include "records/NameList.h"
 #include "records/Passwords.h"
 #include "records/PurchaseOrders.h"
+#include "records/UsageHistory.h"
 #include "records/Vehicles.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
@@ -32,7 +33,8 @@ struct Records {
         orders(environment, desktop),
         followups(environment),
         laborKits(environment),
-        checkList(environment) {}
+        checkList(environment),
+        usageHistory(environment, desktop, inventory) {}
 
   modSystem system;
   Vehicles vehicles;
@@ -48,6 +50,7 @@ struct Records {
   Followups followups;
   LaborKits laborKits;
   CheckListTable checkList;
+  UsageHistory usageHistory;
 };
 
 }  // namespace lantos

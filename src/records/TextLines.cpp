@@ -7,9 +7,10 @@
 
 namespace lantos {
 
-std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name) {
+std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name,
+                                                      Deny deny) {
   if (!environment.files.IsThere(name)) return std::nullopt;
-  OpenedFile file(environment.openFiles, name, Access::Read, Deny::All);
+  OpenedFile file(environment.openFiles, name, Access::Read, deny);
   std::vector<std::string> lines;
   TextLineReader reader(*file);
   for (std::string line; reader.Next(line);) lines.push_back(line);

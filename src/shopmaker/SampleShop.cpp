@@ -1,5 +1,7 @@
 #include "shopmaker/SampleShop.h"
 
+#include "records/Statements.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -9,6 +11,7 @@
 #include "frame/Numbers.h"
 #include "records/CheckList.h"
 #include "records/Passwords.h"
+#include "records/UsageHistory.h"
 #include "shopmaker/SampleSteps.h"
 
 namespace lantos {
@@ -59,6 +62,16 @@ std::vector<std::string_view> Departments() {
   return departments;
 }
 
+constexpr const char* kTermsOfWork =
+    "All parts removed are discarded unless asked for before the work begins.\r\n"
+    "Work is guaranteed for 90 days or 4,000 miles, whichever comes first.\r\n";
+constexpr const char* kTermsOfEstimates =
+    "This is an estimate, not an invoice. Prices hold for 30 days.\r\n"
+    "Work that shows to be needed beyond it is done only after your approval.\r\n"
+    "I authorize the work above, and the testing of the vehicle on the road.\r\n"
+    "\r\n"
+    "Signed: ______________________________________   Date: ________________\r\n";
+
 std::string CannedLaborText(const std::vector<CannedLabor>& entries) {
   std::string text;
   for (const CannedLabor& entry : entries) text += CannedLaborLine(entry) + "\r\n";
@@ -82,9 +95,18 @@ void AddListFiles(ShopDirectory& directory, const SampleShop& shop) {
   AddRecords(directory, kOpenOrdersFile, shop.orders);
   for (const auto& [name, text] : shop.orderTexts) directory.AddFile(name, text);
   AddRecords(directory, kFollowupFile, shop.followups);
+  directory.AddFile(kWorkorderDisclaimer, std::string_view(kTermsOfWork));
+  directory.AddFile(kEstimateDisclaimer, std::string_view(kTermsOfEstimates));
 }
 
-void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop) {
+// The parts with the links to their newest use.
+std::vector<InventoryRecord> UsedParts(const SampleShop& shop, const std::vector<FileLink>& newestUse) {
+  std::vector<InventoryRecord> parts = shop.parts;
+  for (std::size_t i = 0; i < parts.size(); ++i) parts[i].Put(inventory::UsageLink, newestUse[i]);
+  return parts;
+}
+
+void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop, Clock& clock) {
   directory.AddFile(kSystemFile, shop.system.Bytes());
   AddRecords(directory, kCustomerTagFile, shop.customerTags);
   AddRecords(directory, kCustomerFile, shop.customers);
@@ -92,7 +114,7 @@ void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop) {
   AddRecords(directory, kMakeModelFile, shop.makes);
   AddRecords(directory, kEmployeeFile, shop.employees);
   AddRecords(directory, kInventoryTagFile, shop.partTags);
-  AddRecords(directory, kInventoryFile, shop.parts);
+  AddRecords(directory, kInventoryFile, UsedParts(shop, sample::WriteWorkorders(directory, shop, clock)));
   AddListFiles(directory, shop);
 }
 
@@ -134,6 +156,7 @@ SampleShop ImagineShop(const SampleOptions& options) {
   sample::ImagineEstimates(shop, options);
   sample::ImagineWork(shop, options);
   sample::ImagineLists(shop, options);
+  sample::ImagineWorkorders(shop, options);
   return shop;
 }
 
@@ -143,11 +166,12 @@ void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& opti
 
 void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock) {
   ShopDirectory directory(path);
-  AddFlatFiles(directory, shop);
-  AddEmptyFiles(directory,
-                {kSystemFile, kCustomerTagFile, kCustomerFile, kVehicleFile, kMakeModelFile, kEmployeeFile,
-                 kInventoryTagFile, kInventoryFile, kDepartmentFile, kManufacturerFile, kKitFile, kCannedLaborFile,
-                 kLaborKitFile, kCannedNoteFile, kCheckListFile, kOpenOrdersFile, kFollowupFile});
+  AddFlatFiles(directory, shop, clock);
+  AddEmptyFiles(directory, {kSystemFile,     kCustomerTagFile,  kCustomerFile,  kVehicleFile,     kMakeModelFile,
+                            kEmployeeFile,   kInventoryTagFile, kInventoryFile, kDepartmentFile,  kManufacturerFile,
+                            kKitFile,        kCannedLaborFile,  kLaborKitFile,  kCannedNoteFile,  kCheckListFile,
+                            kOpenOrdersFile, kFollowupFile,     kActiveTagFile, kArchivedTagFile, kArchiveFile,
+                            kUsageFile,      kWorkorderDisclaimer});
   AddDatabases(directory, clock);
   de database;
   ConnectTo(database, directory, clock);

@@ -21,6 +21,7 @@
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
 #include "shopmaker/EmptyShop.h"
+#include "workorders/WorkorderTags.h"
 
 namespace lantos {
 
@@ -59,6 +60,19 @@ struct SampleEstimate {
   std::vector<de::Extra> sublets, wastes;
   std::vector<std::array<std::string, 8>> notes;
 };
+// A visit that left a work order behind. What stands on it is only worked out when it is written: from its estimate, or
+// else from the seed.
+struct SampleWorkorder {
+  static constexpr std::size_t kNoEstimate = static_cast<std::size_t>(-1);
+  std::int32_t number = 0;
+  std::size_t customer = 0;  // index
+  FileLink vehicle = kNoLink;
+  std::size_t estimate = kNoEstimate;  // index of the one that was converted
+  WoStatus status = WoStatus::Open;
+  bool archived = false;
+  DaySerial opened = 0, closed = 0, paid = 0;  // 0: not yet
+  std::uint64_t seed = 0;
+};
 struct SampleSpecialDay {
   DaySerial date = 0;
   std::int32_t hours = 0;
@@ -85,6 +99,7 @@ struct SampleShop {
   std::vector<std::pair<std::string, std::string>> orderTexts;  // file name and text
   std::vector<FollowupRecord> followups;
   std::vector<SampleEstimate> estimates;
+  std::vector<SampleWorkorder> workorders;      // by number, and so by the day they were opened
   std::array<std::int32_t, 7> standardHours{};  // Sunday to Saturday
   std::vector<SampleSpecialDay> specialDays;
 };

@@ -29,6 +29,10 @@ void AddPart(SampleShop& shop, const InventoryRecord& part);
 // What stands on the estimates of the shop; the days and statuses are there already.
 void ImagineWork(SampleShop& shop, const SampleOptions& options);
 
+// The work orders of three years past, and those that the estimates of these days were converted to. Names them in the
+// followups.
+void ImagineWorkorders(SampleShop& shop, const SampleOptions& options);
+
 // Streams of the generator, one a matter.
 enum Stream : std::uint64_t {
   kStaffStream = 1,
@@ -37,10 +41,15 @@ enum Stream : std::uint64_t {
   kPartStream,
   kScheduleStream,
   kWorkStream,
-  kListStream
+  kListStream,
+  kWorkorderStream
 };
 
 // The rows of Lantos.mdb.
 void WriteEstimates(de& database, const SampleShop& shop);
+
+// The tags, the archive, the texts of the active work orders and the usage history, one work order after the other.
+// The result is the newest usage record of each part, by its index.
+std::vector<FileLink> WriteWorkorders(ShopDirectory& directory, const SampleShop& shop, Clock& clock);
 
 }  // namespace lantos::sample

@@ -17,11 +17,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<std::string_view, 26> kShopFiles = {
+constexpr std::array<std::string_view, 27> kShopFiles = {
     kLantosDatabase, kKorvelDatabase, "TQSYSTEM.DAT", "TQCSTTAG.DAT", "TQCSTDAT.DAT", "TQVEHICL.DAT", "TQMAKMOD.DAT",
     "TQINVTAG.DAT",  "TQINVENT.DAT",  "TQINVKIT.DAT", "TQUSEHST.DAT", "TQVENDOR.DAT", "TQEMPLOY.DAT", "TQDEPART.DAT",
     "TQMANUFA.DAT",  "TQPASSWD.DAT",  "TQOPENWO.DAT", "TQINCTAG.DAT", "TQINVOIC.DAT", "TQFOLLOW.DAT", "TQCANLAB.DAT",
-    "TQLABKIT.DAT",  "TQCANNOT.DAT",  "TQOPENPO.DAT", "TQPAYROL.DAT", "CHECKLST.TXT",
+    "TQLABKIT.DAT",  "TQCANNOT.DAT",  "TQOPENPO.DAT", "TQPAYROL.DAT", "CHECKLST.TXT", "DISCLAIM.TXT",
 };
 
 void RefuseShop(const fs::path& path) {

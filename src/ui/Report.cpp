@@ -29,7 +29,8 @@ std::size_t GrownLines(const Report& report, Band band, double& size) {
 }
 
 void Replace(std::string& text, std::string_view what, std::size_t number) {
-  if (const std::size_t at = text.find(what); at != std::string::npos) text.replace(at, what.size(), std::to_string(number));
+  if (const std::size_t at = text.find(what); at != std::string::npos)
+    text.replace(at, what.size(), std::to_string(number));
 }
 
 }  // namespace
@@ -75,7 +76,7 @@ ReportLayout LayOut(const Report& report, Paper paper) {
   const bool hasHeadings = std::any_of(design.columns.begin(), design.columns.end(),
                                        [](const ReportColumn& column) { return !column.heading.empty(); });
   layout.headerHeight = layout.headingTop + (hasHeadings ? kHeadingHeight : 0);
-  const double field = design.columns.front().width * layout.width;
+  const double field = design.columns.empty() ? layout.width : design.columns.front().width * layout.width;
   layout.detailSize = std::min(kLargestDetail, field / (kCharacterWidth * static_cast<double>(design.characters)));
   layout.detailPitch = layout.detailSize * kDetailLeading;
 
@@ -90,7 +91,7 @@ ReportLayout LayOut(const Report& report, Paper paper) {
   } while (line < report.lines.size());
 
   double left = room - static_cast<double>(layout.pages.back().lineCount) * layout.detailPitch;
-  if (design.footerHeight > left) {
+  if (design.footerHeight > left && layout.pages.back().lineCount > 0) {
     layout.pages.push_back({line, 0, false, 0, 0});
     left = room;
   }
@@ -100,7 +101,7 @@ ReportLayout LayOut(const Report& report, Paper paper) {
   for (std::size_t done = 0; done < grown;) {
     auto count = static_cast<std::size_t>(std::max(left, 0.0) / PitchOf(size));
     // A statement stays in one piece where it can: it begins a page rather than be torn.
-    const bool torn = done == 0 && count < grown && static_cast<double>(grown) * PitchOf(size) <= room;
+    const bool torn = done == 0 && left < room && count < grown && static_cast<double>(grown) * PitchOf(size) <= room;
     if (torn) count = 0;
     count = std::min(count, grown - done);
     layout.pages.back().firstGrown = done;
@@ -117,7 +118,8 @@ void WriteReportText(const Report& report, const std::filesystem::path& to) {
   std::ofstream file(to, std::ios::binary);
   for (const std::vector<std::string>& columns : report.lines) {
     std::string text;
-    for (const std::string& column : columns) text += (text.empty() && &column == &columns.front() ? "" : "\t") + column;
+    for (const std::string& column : columns)
+      text += (text.empty() && &column == &columns.front() ? "" : "\t") + column;
     file << ToUtf8(text.substr(0, text.find_last_not_of(" \t") + 1)) << "\n";
   }
   file.close();

@@ -79,8 +79,8 @@ inline constexpr double kReportMargin = 36;
 
 // Where everything comes to lie, the same on every desktop.
 struct ReportPage {
-  std::size_t firstLine = 0, lineCount = 0;  // of the detail
-  bool hasFooter = false;                    // the report footer's fixed part, behind the detail
+  std::size_t firstLine = 0, lineCount = 0;    // of the detail
+  bool hasFooter = false;                      // the report footer's fixed part, behind the detail
   std::size_t firstGrown = 0, grownCount = 0;  // lines of the footer's label that grows
 };
 struct ReportLayout {

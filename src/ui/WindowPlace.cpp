@@ -38,21 +38,21 @@ void RestoreWindow(const UserSettings& settings, Form& form) {
   form.SetState(ToState(settings.GetNumber(form.Name() + "State", static_cast<double>(form.State()))));
 }
 
-void SaveControlPlace(UserSettings& settings, const Captioned& control, const ControlPlace& place) {
-  settings.Save(control.Caption() + " State", std::to_string(place.state));
+void SaveControlPlace(UserSettings& settings, const std::string& caption, const ControlPlace& place) {
+  settings.Save(caption + " State", std::to_string(place.state));
   if (place.state != 0) return;
-  settings.Save(control.Caption() + " Top", Stored(place.top));
-  settings.Save(control.Caption() + " Left", Stored(place.left));
-  settings.Save(control.Caption() + " Width", Stored(place.width));
-  settings.Save(control.Caption() + " Height", Stored(place.height));
+  settings.Save(caption + " Top", Stored(place.top));
+  settings.Save(caption + " Left", Stored(place.left));
+  settings.Save(caption + " Width", Stored(place.width));
+  settings.Save(caption + " Height", Stored(place.height));
 }
 
-ControlPlace RestoreControlPlace(const UserSettings& settings, const Captioned& control, ControlPlace current) {
-  current.top = Read(settings, control.Caption() + " Top", current.top);
-  current.left = Read(settings, control.Caption() + " Left", current.left);
-  current.width = Read(settings, control.Caption() + " Width", current.width);
-  current.height = Read(settings, control.Caption() + " Height", current.height);
-  current.state = static_cast<int>(settings.GetNumber(control.Caption() + " State", current.state));
+ControlPlace RestoreControlPlace(const UserSettings& settings, const std::string& caption, ControlPlace current) {
+  current.top = Read(settings, caption + " Top", current.top);
+  current.left = Read(settings, caption + " Left", current.left);
+  current.width = Read(settings, caption + " Width", current.width);
+  current.height = Read(settings, caption + " Height", current.height);
+  current.state = static_cast<int>(settings.GetNumber(caption + " State", current.state));
   return current;
 }
 

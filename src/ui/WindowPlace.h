@@ -9,13 +9,14 @@ namespace lantos::ui {
 // maximised one its state alone. No position is kept for these forms.
 void SaveWindow(UserSettings& settings, const Form& form);
 void RestoreWindow(const UserSettings& settings, Form& form);
-// The same for a control, under its caption: " Top", " Left", " Width", " Height", " State".
+// The same for what is no form, as the window of a report, under its caption: " Top", " Left", " Width", " Height",
+// " State".
 struct ControlPlace {
   Twips top = 0, left = 0, width = 0, height = 0;
   int state = 0;
 };
-void SaveControlPlace(UserSettings& settings, const Captioned& control, const ControlPlace& place);
-ControlPlace RestoreControlPlace(const UserSettings& settings, const Captioned& control, ControlPlace current);
+void SaveControlPlace(UserSettings& settings, const std::string& caption, const ControlPlace& place);
+ControlPlace RestoreControlPlace(const UserSettings& settings, const std::string& caption, ControlPlace current);
 // Grows a form in normal state to the minimum; below 1 it is 640 by 480 pixels.
 void FitMinimumSize(Form& form, Twips minimumWidth, Twips minimumHeight);
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 
 #include "frame/Dates.h"
 #include "records/FileNumber.h"
@@ -42,7 +43,7 @@ WoExtraLine ReadExtra(const std::string& row) {
   line.Taxable = taxable.empty() ? ' ' : taxable[0];
   line.Cost = NumberIn(row, extra::Cost);
   line.Price = NumberIn(row, extra::Price);
-  line.Description = Trim(Mid(row, extra::kDescription));
+  line.Description = TrimNull(Mid(row, extra::kDescription));
   return line;
 }
 
@@ -58,6 +59,7 @@ void WorkorderReader::ParseWoSection(std::string& line) {
   struct RowSection {
     std::string_view heading;
     Rows take;
+    void (*begin)(WorkorderReader&);  // a section that comes again is read from its first entry
   };
   static constexpr KeySection kKeySections[] = {
       {"[Totals]", &WorkorderReader::TakeTotalsKey},
@@ -65,9 +67,12 @@ void WorkorderReader::ParseWoSection(std::string& line) {
       {"[Vehicle]", &WorkorderReader::TakeVehicleKey},
   };
   static constexpr RowSection kRowSections[] = {
-      {"[Parts]", &WorkorderReader::TakePart},     {"[Labor]", &WorkorderReader::TakeLabor},
-      {"[Sublets]", &WorkorderReader::TakeSublet}, {"[Waste]", &WorkorderReader::TakeWaste},
-      {"[Credits]", &WorkorderReader::TakeCredit}, {"[Notes]", &WorkorderReader::TakeNote},
+      {"[Parts]", &WorkorderReader::TakePart, [](WorkorderReader& self) { self.workorder_.Parts.Clear(); }},
+      {"[Labor]", &WorkorderReader::TakeLabor, [](WorkorderReader& self) { self.workorder_.Labor.Clear(); }},
+      {"[Sublets]", &WorkorderReader::TakeSublet, [](WorkorderReader& self) { self.workorder_.Sublets.Clear(); }},
+      {"[Waste]", &WorkorderReader::TakeWaste, [](WorkorderReader& self) { self.workorder_.Waste.Clear(); }},
+      {"[Credits]", &WorkorderReader::TakeCredit, [](WorkorderReader& self) { self.workorder_.Credits.Clear(); }},
+      {"[Notes]", &WorkorderReader::TakeNote, [](WorkorderReader& self) { self.notes_ = 0; }},
   };
   const std::size_t end = std::min(line.find(']'), line.size() - (line.empty() ? 0 : 1));
   const std::string heading = line.empty() ? line : line.substr(0, end + 1);
@@ -80,7 +85,9 @@ void WorkorderReader::ParseWoSection(std::string& line) {
     if (heading == section.heading) return lines_.Next(line), ReadKeys(line, section.take);
   }
   for (const RowSection& section : kRowSections) {
-    if (heading == section.heading) return ReadRows(line, section.take);
+    if (heading != section.heading) continue;
+    section.begin(*this);
+    return ReadRows(line, section.take);
   }
   if (heading == "[Check List]") return LoadCheckListValues(line);
   line.clear();
@@ -104,7 +111,7 @@ void WorkorderReader::ReadRows(std::string& line, void (WorkorderReader::*take)(
 void WorkorderReader::TakeHeaderKey(const std::string& key, const std::string& value) {
   if (key == "WorkorderNumber") workorder_.WorkorderNumber = NumberInFile(value);
   if (const HeaderKey* known = FindKey(kHeaderKeys, key)) {
-    workorder_.*known->field = known->limit > 0 ? Left(value, known->limit) : Trim(value);
+    workorder_.*known->field = known->limit > 0 ? Left(value, known->limit) : TrimNull(value);
   }
 }
 
@@ -132,16 +139,19 @@ void WorkorderReader::TakeTotalsKey(const std::string& key, const std::string& v
 
 void WorkorderReader::TakeSplitKey(const std::string& key, const std::string& value) {
   WoTotals& totals = workorder_.Totals;
-  for (std::size_t row = 0; row < wototals::kSplits; ++row) {
-    const std::string number = std::to_string(row + 1);
-    if (key == "SplitType" + number) TakePaymentMethod(wototals::SplitType(row), value);
-    if (key == "SplitDate" + number) totals.Put(wototals::SplitDate(row), DateIn(value));
-    if (key != "SplitAmount" + number) continue;
-    const Cents amount = NumberInFile(value);
-    totals.Put(wototals::SplitAmount(row), amount);
-    const std::int64_t due = static_cast<std::int64_t>(workorder_.AmountDue) - amount;
-    workorder_.AmountDue = RoundHalfEven(static_cast<double>(due));
-  }
+  const std::size_t digits = key.find_last_not_of("0123456789") + 1;
+  const std::string_view name = std::string_view(key).substr(0, digits);
+  const std::string_view number = std::string_view(key).substr(digits);
+  std::size_t row = 0;
+  while (row < wototals::kSplits && number != std::to_string(row + 1)) ++row;
+  if (row == wototals::kSplits) return;
+  if (name == "SplitType") TakePaymentMethod(wototals::SplitType(row), value);
+  if (name == "SplitDate") totals.Put(wototals::SplitDate(row), DateIn(value));
+  if (name != "SplitAmount") return;
+  const Cents amount = NumberInFile(value);
+  totals.Put(wototals::SplitAmount(row), amount);
+  const std::int64_t due = static_cast<std::int64_t>(workorder_.AmountDue) - amount;
+  workorder_.AmountDue = RoundHalfEven(static_cast<double>(due));
 }
 
 void WorkorderReader::TakeCustomerKey(const std::string& key, const std::string& value) {
@@ -170,7 +180,9 @@ void WorkorderReader::TakePart(const std::string& row) {
   WoPartLine line;
   line.PartNumber = CutToField(Cell(row, part::PartNumber), WoPartLine::kNumberWidth);
   line.Description = CutToField(Cell(row, part::Description), WoPartLine::kDescriptionWidth);
-  line.Quantity = static_cast<std::int16_t>(NumberIn(row, part::Quantity));
+  line.Quantity = static_cast<std::int16_t>(std::clamp<std::int32_t>(NumberIn(row, part::Quantity),
+                                                                     std::numeric_limits<std::int16_t>::min(),
+                                                                     std::numeric_limits<std::int16_t>::max()));
   line.Cost = NumberIn(row, part::Cost);
   line.Price = NumberIn(row, part::Price);
   line.List = NumberIn(row, part::List);
@@ -199,7 +211,7 @@ void WorkorderReader::TakeLabor(const std::string& row) {
     line.FollowupMiles = NumberIn(rest, labor::FollowupMiles);
     line.FollowupDays = NumberIn(rest, labor::FollowupDays);
     line.FollowupDate = NumberIn(rest, {labor::FollowupDate.position, labor::FollowupDate.width + 1});
-    if (around_.options.RepairCodeOption) line.RepairCode = Trim(Mid(rest, labor::kRepairCode));
+    if (around_.options.RepairCodeOption) line.RepairCode = TrimNull(Mid(rest, labor::kRepairCode));
   }
   workorder_.Labor.Add(std::move(line));
 }
@@ -212,7 +224,7 @@ void WorkorderReader::TakeCredit(const std::string& row) {
   line.Amount = NumberIn(row, credit::Amount);
   const std::string text = Mid(row, credit::kText);
   std::string_view rest = text;
-  for (std::string& each : line.Text) each = Trim(TakeUpTo(rest, kLineMark));
+  for (std::string& each : line.Text) each = TrimNull(TakeUpTo(rest, kLineMark));
   workorder_.Credits.Add(std::move(line));
 }
 
@@ -220,7 +232,7 @@ void WorkorderReader::TakeCredit(const std::string& row) {
 void WorkorderReader::TakeNote(const std::string& row) {
   if (notes_ == kMaxNotes) return;
   std::string_view rest = row;
-  for (std::string& line : workorder_.Notes[notes_]) line = Trim(TakeUpTo(rest, kLineMark));
+  for (std::string& line : workorder_.Notes[notes_]) line = TrimNull(TakeUpTo(rest, kLineMark));
   ++notes_;
 }
 

@@ -13,8 +13,10 @@ using namespace wotext;
 // The picture "########": a digit that would be a leading zero is dropped, so 0 is nothing at all.
 std::string Picture(std::int64_t value) { return value == 0 ? std::string() : std::to_string(value); }
 
+// Cut at the first NUL, as every text is.
 std::string RightTrim(std::string_view text) {
-  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
+  const std::string_view cut = text.substr(0, text.find('\0'));
+  return std::string(cut.substr(0, cut.find_last_not_of(' ') + 1));
 }
 
 std::string DateText(FileDate date) { return FormatDate(FromFileDate(date)); }
@@ -132,7 +134,7 @@ class Writer {
   void Labor(const WoLaborLine& line) {
     if (TrimView(line.Desc[0]).empty()) return;
     std::string text;
-    if (around_.options.LaborDateOption) text = LeftJustify(line.Date, labor::kDateWidth);
+    if (around_.options.LaborDateOption) text = LeftJustify(TrimNull(line.Date), labor::kDateWidth);
     text += FormatZeros(line.Mechanic, static_cast<int>(labor::Mechanic.width)) +
             RightJustify(Picture(line.Hours), labor::Hours.width) +
             RightJustify(Picture(line.Rate), labor::Rate.width) +
@@ -149,7 +151,7 @@ class Writer {
               RightJustify(std::to_string(line.FollowupDays), labor::FollowupDays.width) + kLineMark +
               RightJustify(std::to_string(line.FollowupDate), labor::FollowupDate.width);
     }
-    if (around_.options.RepairCodeOption) text += kLineMark + line.RepairCode;
+    if (around_.options.RepairCodeOption) text += kLineMark + TrimNull(line.RepairCode);
     lines_.push_back(text);
   }
 
@@ -158,7 +160,7 @@ class Writer {
     lines_.push_back(LeftJustify(TrimNull(line.Vendor), extra::Vendor.width) +
                      LeftJustify(TrimNull(line.Invoice), extra::Invoice.width) + line.Taxable +
                      RightJustify(std::to_string(line.Cost), extra::Cost.width) +
-                     RightJustify(std::to_string(line.Price), extra::Price.width) + Trim(line.Description));
+                     RightJustify(std::to_string(line.Price), extra::Price.width) + TrimNull(line.Description));
   }
 
   void Credit(const WoCreditLine& line) {

@@ -47,6 +47,7 @@ WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& ar
 bool Workorders::ReadLiveCustomer(std::int32_t number, CustomerRecord& record) {
   Customers& customers = records_.customers;
   const KeptCustomer kept(customers);
+  if (customers.Count() == 0) customers.LoadCustomerTags();
   if (customers.FindCustomerTag(number) == customers.Count() || !customers.ReadCustomer()) return false;
   record = customers.CurrentCustomer;
   return true;
@@ -74,7 +75,10 @@ bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {
   const TextSurroundings around = Around();
   WorkorderReader reader = Reader(lines, around);
   std::string line;
-  while (lines.Next(line)) reader.ParseWoSection(line);
+  for (bool more = lines.Next(line); more;) {
+    reader.ParseWoSection(line);
+    if (!line.starts_with(kWorkorderHeading)) more = lines.Next(line);  // which may stand behind a check list
+  }
   if (keepOpen && fileNumberOut != nullptr) *fileNumberOut = file.Release();
   return true;
 }
@@ -190,6 +194,7 @@ bool Workorders::WriteArchivedWoTag() {
       environment_.files.FlushFile(name);
       return true;
     } catch (const FileError&) {
+      file.Close();  // nobody is kept waiting while the operator thinks
       if (desktop_.Ask("Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
                        "WriteArchivedWoTag(" + name + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
         return false;

@@ -19,7 +19,8 @@ NUMBERS = {
 }
 DEFAULTS = {key: value for key, (_, value) in {**SWITCHES, **NUMBERS}.items()}
 
-BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuChangeStatus", "mnuCustomer", "mnuRefreshCustomer",
+BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet",
+         "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuRefreshCustomer",
          "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
          "mnuHQuickStartGuide", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"}
 MENUS = [

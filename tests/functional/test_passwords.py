@@ -16,7 +16,7 @@ GUARDED = {
     "mnuMaintVendors": ("Vendor", None),
     "mnuSystemCompanyInfo": ("System", None),
     "mnuSystemParameters": ("System", None),
-    "mnuDisclaimer": ("Edit Menu", None),
+    "mnuDisclaimer": ("Edit Menu", "frmDisclaimer"),
 }
 OPEN_TO_ALL = {"mnuPrintOptions": "frmPrintOptions"}
 SECTIONS = ("Workorders", "Inventory Maintenance", "Customer", "Employee", "Vendor", "System", "Edit Menu")

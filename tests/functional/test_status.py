@@ -423,14 +423,3 @@ def test_continued_without_continuation_only_changes_the_status(board, shop):
     copy.expect_form("frmMain")
     assert status_of(shop, 901) == 5
     assert shop.query("SELECT COUNT(*) AS Number FROM Estimates") == estimates
-
-
-@pytest.mark.parametrize("letter", ["Y", "A"])
-def test_continued_waits_for_its_operation(board, shop, letter):
-    copy = board(ContinuedAutoSchedule=letter)
-    answer = popup_in_week(copy, 902)
-    assert [item["enabled"] for item in answer["items"]] == [True, True, True, False]
-    copy.choose(None)
-    open_form(copy, 902)
-    assert [i for i in range(10) if not copy.control(f"Option1({i})")["enabled"]] == [5]
-    assert status_of(shop, 902) == 2

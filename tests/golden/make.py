@@ -208,10 +208,49 @@ PO_TAG = ("TQOPENPO.DAT", 171, {
 
 LABOR_KIT = ("TQLABKIT.DAT", 26, {"Code": (0, 5, TEXT), "Kit": (5, 21, TEXT)})
 
+def slots(name, offset, count, first=0, width=4, kind=LONG):
+    return {"%s_%d" % (name, first + i): (offset + width * i, width, kind) for i in range(count)}
+
+
+# The money of a work order, a block within its tags.
+WO_TOTALS = ("WoTotals", 211, {
+    "DateOpen": (0, 4, LONG),
+    "DateClosed": (4, 4, LONG),
+    "DatePaid": (8, 4, LONG),
+    **slots("TaxRate", 12, 4),
+    **slots("Cost", 28, 6),
+    "reserved": (52, 8, OPAQUE),
+    **slots("Subtotal", 60, 8),
+    **slots("Discount", 92, 4),
+    "DollarDiscount": (108, 4, LONG),
+    "WorkorderTax": (112, 4, LONG),
+    "WorkorderTotal": (116, 4, LONG),
+    "PaymentMethod": (120, 1, BYTE),
+    **slots("SplitType", 121, 10, 1, 1, BYTE),
+    **slots("SplitAmount", 131, 10, 1),
+    **slots("SplitDate", 171, 10, 1),
+})
+
+WO_TAG_HEAD = {
+    "WorkorderNumber": (0, 4, LONG),
+    "CustomerName": (4, 32, TEXT),
+    "CustomerNumber": (36, 4, LONG),
+    "VIN": (40, 21, TEXT),
+    "LicenseNumber": (61, 11, TEXT),
+    "Status": (72, 1, BYTE),
+    "Type": (73, 1, BYTE),
+    "TaxExempt": (74, 1, BYTE),
+    "Totals": (75, 211, OPAQUE),
+}
+
+ACTIVE_WO_TAG = ("TQOPENWO.DAT", 302, {**WO_TAG_HEAD, "FileName": (286, 16, TEXT)})
+
+ARCHIVED_WO_TAG = ("TQINCTAG.DAT", 290, {**WO_TAG_HEAD, "MasterOffset": (286, 4, LONG)})
+
 PASSWORDS = ("TQPASSWD.DAT", 252, {"password_%d" % i: (21 * i, 21, TEXT) for i in range(12)})
 
 LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS, INVENTORY_TAG, INVENTORY, KIT, FOLLOWUP,
-           PO_TAG, LABOR_KIT)
+           PO_TAG, LABOR_KIT, WO_TOTALS, ACTIVE_WO_TAG, ARCHIVED_WO_TAG)
 
 
 def record(layout, **values):
@@ -419,6 +458,100 @@ def make_canned_labor():
     return text.encode("cp1252"), kits
 
 
+def part_row(number, description, quantity, *amounts):
+    return f"{number:<20}{description:<38}{quantity or '':>5}" + "".join(f"{amount or '':>12}" for amount in amounts)
+
+
+def labor_row(mechanic, hours, rate, commission, total, lines, followup):
+    texts = "".join(line + "\t" for line in lines + [""] * (8 - len(lines)))
+    return f"{mechanic:06}{hours or '':>12}{rate or '':>12}{commission:>12}{total or '':>12}" + texts + followup
+
+
+def extra_row(vendor, invoice, taxable, cost, price, text):
+    return f"{vendor:<31}{invoice:<10}{taxable}{cost:>12}{price:>12}{text}"
+
+
+def sections(*parts):
+    return "".join("".join(line + "\r\n" for line in part) + "\r\n" for part in parts)
+
+
+def split_rows(*paid):
+    """Ten rows, of which those that are not given are blank."""
+    lines = []
+    for i in range(10):
+        method, amount, date = paid[i] if i < len(paid) else ("", 0, " " * 10)
+        lines += [f"SplitType{i + 1}={method:<8}", f"SplitAmount{i + 1}={amount}", f"SplitDate{i + 1}={date}"]
+    return lines
+
+
+WO_4711 = sections(
+    ["[Workorder]", "WorkorderNumber=004711", "Status=OPEN", "Type=Repair", "Pricing=Retail", "TimeIn=8:15AM",
+     "TimePromised=5PM"],
+    ["[Totals]", "DateOpen=09/30/2003", "PartsTaxRate=57500", "PartsCost=620", "SubletCost=18900",
+     "PartsSubtotal=1398", "LaborSubtotal=16250", "SubletSubtotal=24570", "NonTaxSubletSubtotal=500",
+     "NonTaxWasteSubtotal=250", "CreditSubtotal=1500", "LaborDiscount=100000", "WorkorderTax=80",
+     "WorkorderTotal=18728", "PaymentMethod=Split   ", "PaymentComment=half now",
+     *split_rows(("Cash", 5000, "09/30/2003"), ("Check", 728, " " * 10))],
+    ["[Customer]", "CustomerNumber=1002", "Lastname=Bj\u00f8rnson", "Firstname=Ann", "SpouseLastname=Lee",
+     "Address=22 Second Street", "City=Dayton", "State=OH", "Zip=45402", "Phone1=937-555-0202", "Phone2ext=12",
+     "TaxIDNumber=EX-1", "Salesperson=None"],
+    ["[Vehicle]", "Year=1998", "Make=Ford", "Model=Crown Victoria", "VIN=2FAFP71W0WX100001", "LicenseNumber=CAB 1",
+     "Mileage=188000", "Date=09/30/2003", "VComment2=dent in the door", "OrigMileage=40000", "OrigDate=01/03/2001"],
+    ["[Parts]", part_row("PF47", "OIL FILTER", 2, 310, 699, 750),
+     part_row("12345678901234567890", "x2345678901234567890123456789012345678", -1, 0, 12345, 0)],
+    ["[Labor]", labor_row(12, 250, 6500, 100000, 16250, ["TIMING BELT", "", "CHECK WATER PUMP"],
+                          "  60000\t  180\t 731868"),
+     labor_row(0, 0, 0, 0, 0, ["COURTESY CHECK"], "0      \t0    \t       ")],
+    ["[Sublets]", extra_row("Riverside Radiator", "81120", "Y", 18900, 24570, "RECORE RADIATOR\tBY FRIDAY"),
+     extra_row("SURCHARGE", "", "N", 0, 500, "SHOP SUPPLIES")],
+    ["[Waste]", extra_row("Oil disposal", "", " ", 0, 250, "")],
+    ["[Credits]", f"{1500:<12}Coupon\t\tspring"],
+    ["[Notes]", "first\t\tthird", "Customer waits"],
+    ["[Check List]", "[Engine]", "Oil,changed,3000", "Pads, , "])
+
+# The archive: one with its first key behind the heading and without newer sections, then one without a vehicle.
+WO_4600 = sections(
+    ["[Workorder]WorkorderNumber=004600", "Status=PAID", "Type=Sales 2", "Pricing=Wholesale"],
+    ["[Totals]", "DateOpen=06/02/1999", "DateClosed=06/03/1999", "DatePaid=06/04/1999", "LaborSubtotal=9900",
+     "WorkorderTotal=9900", "PaymentMethod=Cash    "],
+    ["[Customer]", "CustomerNumber=1001", "Lastname=Adams", "Firstname=J."],
+    ["[Vehicle]", "Make=Ford", "Model=Pinto", "Mileage=99999", "OrigMileage=", "OrigDate="],
+    ["[Labor]", f"{12:06}{150:>12}{6600:>12}{0:>12}{9900:>12}TUNE-UP\tCARBURETOR"])
+WO_4601 = sections(
+    ["[Workorder]", "WorkorderNumber=004601", "Status=ON ACCT", "Type=Repair", "Pricing=Retail"],
+    ["[Totals]", "DateClosed=06/05/1999", "PartsSubtotal=699", "WorkorderTotal=699", "PaymentMethod=Account "],
+    ["[Customer]", "CustomerNumber=1003", "Lastname=City Cabs"],
+    ["[Parts]", part_row("PF47", "OIL FILTER", 1, 310, 699, 699)],
+    ["[Notes]", "Send the bill"], ["[Check List]"])
+
+
+def make_workorders():
+    """4711 is active still, with a tag in both files; the others are archived. Their masters lie in another order."""
+    totals = {
+        4711: record(WO_TOTALS, DateOpen=file_date(37894), TaxRate_0=57500, Cost_0=620, Cost_2=18900, Subtotal_0=1398,
+                     Subtotal_1=16250, Subtotal_2=24570, Subtotal_4=500, Subtotal_5=250, Subtotal_6=1500,
+                     Discount_1=100000, WorkorderTax=80, WorkorderTotal=18728, PaymentMethod=12, SplitType_1=1,
+                     SplitAmount_1=5000, SplitDate_1=file_date(37894), SplitType_2=2, SplitAmount_2=728),
+        4600: record(WO_TOTALS, DateOpen=file_date(36313), DateClosed=36314, DatePaid=file_date(36315),
+                     Subtotal_1=9900, WorkorderTotal=9900, PaymentMethod=1),
+        4601: record(WO_TOTALS, DateClosed=file_date(36316), Subtotal_0=699, WorkorderTotal=699, PaymentMethod=8),
+    }
+    heads = {
+        4711: dict(CustomerName="Bj\u00f8rnson,Ann", CustomerNumber=1002, VIN="2FAFP71W0WX100001",
+                   LicenseNumber="CAB 1", Status=0, Type=0, TaxExempt=1),
+        4600: dict(CustomerName=b"Adams,J.\0older", CustomerNumber=1001, VIN="v" * 21, LicenseNumber="l" * 11,
+                   Status=2, Type=4, TaxExempt=0),
+        4601: dict(CustomerName="City Cabs,", CustomerNumber=1003, Status=4, Type=0, TaxExempt=0),
+    }
+    heads = {number: dict(WorkorderNumber=number, Totals=totals[number], **head) for number, head in heads.items()}
+    archive = WO_4601.encode("cp1252") + WO_4600.encode("cp1252")
+    offsets = {4601: 0, 4600: len(WO_4601.encode("cp1252")), 4711: -1}
+    active = record(ACTIVE_WO_TAG, FileName="W0004711.tqa", **heads[4711])
+    archived = b"".join(record(ARCHIVED_WO_TAG, MasterOffset=offsets[number], **heads[number])
+                        for number in (4600, 4601, 4711))
+    return active, archived, WO_4711.encode("cp1252") + b"\0", archive
+
+
 CANNED_NOTES = b"Customer waits\r\nCall before work\tleave word\t3\t4\t5\t6\t7\t8\r\n\r\nK\xe4se\r\n"
 CHECKLIST = b"Loose item\r\n[Engine]\r\n  Oil, the stick \r\n\r\nBelts\r\n[Brakes]\r\nPads\r\n"
 
@@ -430,14 +563,16 @@ def main():
                             (VEHICLE, make_vehicles()), (MAKE_MODEL, make_makes()), (EMPLOYEE, make_employees()),
                             (PASSWORDS, make_passwords()), (INVENTORY_TAG, part_tags), (INVENTORY, part_masters),
                             (KIT, make_kits()), (FOLLOWUP, make_followups()), (PO_TAG, make_orders()[0]),
-                            (LABOR_KIT, make_canned_labor()[1])):
+                            (LABOR_KIT, make_canned_labor()[1]), (ACTIVE_WO_TAG, make_workorders()[0]),
+                            (ARCHIVED_WO_TAG, make_workorders()[1])):
         assert len(content) % layout[1] == 0
         with open(layout[0], "wb") as out:
             out.write(content)
     for name, content in (("TQDEPART.DAT", make_names("FILTERS", "ELECTRIC", "CORES", "KITS")),
                           ("TQMANUFA.DAT", make_names("AC DELCO", "B\u00f6sch", "A NAME OF TWENTY CHR")),
                           ("P0003101.TQP", make_orders()[1]), ("TQCANLAB.DAT", make_canned_labor()[0]),
-                          ("TQCANNOT.DAT", CANNED_NOTES), ("CHECKLST.TXT", CHECKLIST)):
+                          ("TQCANNOT.DAT", CANNED_NOTES), ("CHECKLST.TXT", CHECKLIST),
+                          ("W0004711.tqa", make_workorders()[2]), ("TQINVOIC.DAT", make_workorders()[3])):
         with open(name, "wb") as out:
             out.write(content)
     with open("layouts.txt", "w", encoding="ascii") as out:

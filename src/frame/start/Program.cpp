@@ -26,7 +26,8 @@ struct Program::State {
         shop{desktop, environment, records, keys},
         database(environment, records),
         masters(shop),
-        inventoryList(shop) {
+        inventoryList(shop),
+        workorders(environment, desktop, records) {
     environment.computerName = invocation.computerName;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
@@ -44,7 +45,7 @@ struct Program::State {
   EstimateDatabase database;
   MasterScreens masters;
   frmInvList inventoryList;
-  Workorder workorder;
+  Workorders workorders;
 };
 
 StartAndStop Program::State::Steps() {
@@ -64,7 +65,7 @@ Program::Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Inv
 Program::~Program() = default;
 
 int Program::Run() {
-  frmMain mainWindow(state_->shop, state_->database, state_->masters, state_->inventoryList, state_->workorder,
+  frmMain mainWindow(state_->shop, state_->database, state_->masters, state_->inventoryList, state_->workorders,
                      state_->Steps());
   try {
     mainWindow.LoadForm();

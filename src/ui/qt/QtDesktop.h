@@ -14,12 +14,14 @@
 #include "ui/WindowRegistry.h"
 
 class QEventLoop;
+class QPrinter;
 class QTimer;
 class QWidget;
 
 namespace lantos::ui {
 
 class FormWindow;
+class ReportWindow;
 
 // Real windows. A QApplication must exist. Without a Person whoever sits in front of the screen is served; with one
 // the same windows are shown, and each wait is handed to the Person, who acts on the widgets through a QtHand.
@@ -30,9 +32,10 @@ class QtDesktop : public Desktop {
 
   // Makes the windows known to the user's other copies, and theirs to this one. Without it only own windows are found.
   void JoinRegistry(const std::string& computerName);
-  // Where printed screens land while a Person is served: one PDF each. Without it nothing is written.
+  // Where printed screens and reports land while a Person is served: a PDF each, a report's text too. Without it
+  // nothing is written.
   void PrintTo(std::filesystem::path folder) { printTo_ = std::move(folder); }
-  // Told of each of them: the form's name and the file.
+  // Told of each screen: the form's name and the file.
   std::function<void(const std::string& form, const std::filesystem::path& pdf)> notePrinted;
   // A window was brought up because another copy asked for it.
   std::function<void(const std::string& caption)> noteRaised;
@@ -61,7 +64,7 @@ class QtDesktop : public Desktop {
   bool IsDriven() const { return person_ != nullptr; }
   FormWindow* WindowOf(const Form& form) const;  // null when the form isn't loaded
   FormWindow* TopFormWindow() const;             // of the forms on show; null when there is none
-  QWidget* TopWindow() const;                    // a box or menu before any form
+  QWidget* TopWindow() const;                    // a box, menu or preview before any form
   bool IsWorking() const { return pointer_ == Pointer::Hourglass; }
   // How often the program has waited for the person so far.
   int WaitCount() const { return waitCount_; }
@@ -88,6 +91,13 @@ class QtDesktop : public Desktop {
   void RaiseRequested();
   void PrintPicture(const Form& form, const QString& pdf);
 
+  // In QtDesktopReports.cpp.
+  void ClosePreviews(const std::string& name);
+  void PrintFrom(ReportWindow& window);
+  bool AskForPrinter(const Report& report, QPrinter& printer);
+  void PrintOn(const Report& report, QPrinter& printer);
+  void PrintJob(const Report& report);  // for the Person
+
   Person* person_;
   std::filesystem::path printTo_;
   std::unique_ptr<WindowRegistry> registry_;
@@ -97,7 +107,8 @@ class QtDesktop : public Desktop {
   std::map<const Form*, std::vector<std::unique_ptr<ControlPeer>>> timers_;  // of loaded forms, for a real person
   std::vector<Buried> buried_;
   std::vector<Wait> waits_;
-  std::vector<QWidget*> overlays_;  // boxes and menus on show, the topmost last
+  std::vector<QWidget*> overlays_;  // boxes, menus, previews on show, the topmost last
+  std::vector<ReportWindow*> previews_;
   Pointer pointer_ = Pointer::Normal;
   int waitDepth_ = 0;
   int waitCount_ = 0;

@@ -100,8 +100,8 @@ struct BoardBench : BoardShop {
 
   MasterScreens masters{shop};
   frmInvList inventoryList{shop};
-  Workorder workorder;
-  frmMain board{shop, database, masters, inventoryList, workorder, Steps()};
+  Workorders workorders{environment, desktop, records};
+  frmMain board{shop, database, masters, inventoryList, workorders, Steps()};
 };
 
 }  // namespace lantos::test

@@ -179,18 +179,6 @@ TEST(ChangeStatusByHand, CancellingTheContinuationLeavesTheOldStatus) {
   }
 }
 
-TEST(ChangeStatusByHand, WithoutTheOperationContinuedIsRefusedUnlessItContinuesNothing) {
-  World world;
-  EXPECT_FALSE(CanContinue(world.environment.statusOptions, nullptr));
-  EXPECT_EQ(world.Change(kContinued), ChangeResult::Refused);
-  EXPECT_EQ(world.Stored(), "0");
-  world.Set(StatusOption::ContinuedAutoSchedule, 'N');
-  EXPECT_TRUE(CanContinue(world.environment.statusOptions, nullptr));
-  world.Set(StatusOption::ContinuedAutoSchedule, 'Y');
-  EXPECT_FALSE(CanContinue(world.environment.statusOptions, nullptr));
-  EXPECT_TRUE(CanContinue(world.environment.statusOptions, [] { return DaySerial{1}; }));
-}
-
 TEST(ChangeStatusByHand, OneToSixMovesBetweenCountingAndNotAndOneToThreeDoesnt) {
   EXPECT_NE(modEstimates::CountsTowardDay(kArrived), modEstimates::CountsTowardDay(kCancelled));
   EXPECT_EQ(modEstimates::CountsTowardDay(kArrived), modEstimates::CountsTowardDay(kCompleted));
@@ -297,17 +285,6 @@ TEST(EstStatusForm, WithRescheduledAllowNoTheOptionIsDisabled) {
   Screen screen;
   screen.Set(StatusOption::RescheduledAllow, 'N');
   EXPECT_FALSE(screen.Option(kRescheduled).Enabled());
-}
-
-TEST(EstStatusForm, WithoutTheOperationContinuedIsDisabledUnlessItContinuesNothing) {
-  Screen asks;
-  EXPECT_FALSE(asks.Option(kContinued).Enabled());
-  Screen continuesNothing;
-  continuesNothing.Set(StatusOption::ContinuedAutoSchedule, 'N');
-  EXPECT_TRUE(continuesNothing.Option(kContinued).Enabled());
-  test::Click(continuesNothing.Option(kContinued));
-  test::Press(continuesNothing.Form(), "F10");
-  EXPECT_EQ(continuesNothing.Stored(), "5");
 }
 
 TEST(EstStatusForm, CancellingTheContinuationLeavesTheFormAndTheOldStatus) {

@@ -23,12 +23,15 @@ class PaperBoard : public ui::Form, public EstimateOnShow {
   void AddScheduledHours(Hundredths hours) override { scheduledHours += hours; }
   void RefreshDay() override { ++dayRefreshes; }
   void RefreshTotals() override { ++totalRefreshes; }
+  std::string CommentsOnShow() const override { return comments; }
+  void StoreComments(const std::string& text) override { comments = text; }
 
   std::int32_t number = 1001;
   CustomerRecord customer;
   Hundredths scheduledHours = 0;
   int dayRefreshes = 0;
   int totalRefreshes = 0;
+  std::string comments;
 };
 
 // The line editors on a shop with one estimate, 1001, of Tuesday, 30 September 2003.
@@ -40,10 +43,11 @@ struct ContentsBench : BoardShop {
   }
 
   frmInvList inventoryList{shop};
-  Workorder workorder;
+  Workorders workorders{environment, desktop, records};
   PaperBoard board{desktop};
-  Contents contents{Workbench{shop, database, inventoryList, workorder, board}};
+  Contents contents{Workbench{shop, database, inventoryList, workorders.Current, board}, workorders};
   Workbench& bench = contents.bench;
+  Workorder& workorder = workorders.Current;
 };
 
 }  // namespace lantos::test

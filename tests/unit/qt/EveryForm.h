@@ -3,9 +3,12 @@
 #include <functional>
 
 #include "admin/TestShop.h"
+#include "admin/frmDisclaimer.h"
 #include "admin/frmEnterPwd.h"
 #include "admin/frmPrintOptions.h"
+#include "board/frmContinue.h"
 #include "board/frmEstStatus.h"
+#include "board/frmReschedule.h"
 #include "board/frmMain.h"
 #include "board/frmSpecialDays.h"
 #include "board/frmStatusOptions.h"
@@ -43,7 +46,7 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
                                                         MasterScreens& masters, Contents& contents) {
   Workbench& bench = contents.bench;
   std::vector<std::unique_ptr<ui::Form>> forms;
-  forms.push_back(std::make_unique<frmMain>(shop, database, masters, bench.inventoryList, bench.workorder,
+  forms.push_back(std::make_unique<frmMain>(shop, database, masters, bench.inventoryList, contents.workorders,
                                             StartAndStop{[] {}, [] { return true; }, [] {}}));
   forms.push_back(std::make_unique<frmSplash>(shop.desktop));
   forms.push_back(std::make_unique<frmEnterDir>(shop.desktop, shop.environment));
@@ -51,7 +54,7 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
   forms.push_back(std::make_unique<frmPrintOptions>(shop));
   forms.push_back(std::make_unique<frmStdHours>(shop, database.lantosData));
   forms.push_back(std::make_unique<frmSpecialDays>(shop, database.lantosData));
-  forms.push_back(std::make_unique<frmEstStatus>(shop, database));
+  forms.push_back(std::make_unique<frmEstStatus>(shop, database, [] { return kNotContinued; }));
   forms.push_back(std::make_unique<frmStatusOptions>(shop));
   forms.push_back(std::make_unique<frmCustSearch>(shop));
   forms.push_back(std::make_unique<frmCustEdit>(shop));
@@ -74,6 +77,9 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
   forms.push_back(std::make_unique<frmNotes>(shop, NoteMode::EstimateNote, Note()));
   forms.push_back(std::make_unique<frmCanNoteList>(shop));
   forms.push_back(std::make_unique<frmWOChklst>(shop));
+  forms.push_back(std::make_unique<frmDisclaimer>(shop));
+  forms.push_back(std::make_unique<frmReschedule>(shop, database, 37894));
+  forms.push_back(std::make_unique<frmContinue>(shop));
   return forms;
 }
 
@@ -82,9 +88,9 @@ struct PaperShop : TestShop {
   EstimateDatabase database{environment, records};
   MasterScreens masters{shop};
   frmInvList inventoryList{shop};
-  Workorder workorder;
+  Workorders workorders{environment, shop.desktop, records};
   PaperBoard board{shop.desktop};
-  Contents contents{Workbench{shop, database, inventoryList, workorder, board}};
+  Contents contents{Workbench{shop, database, inventoryList, workorders.Current, board}, workorders};
   std::vector<std::unique_ptr<ui::Form>> forms = EveryForm(shop, database, masters, contents);
 };
 

@@ -20,9 +20,9 @@ struct WindowShop : BoardShop {
   Shop windowed{windows, environment, records, windowKeys};
   MasterScreens masters{windowed};
   frmInvList inventoryList{windowed};
-  Workorder workorder;
+  Workorders workorders{environment, windows, records};
   PaperBoard board{desktop};
-  Contents contents{Workbench{windowed, database, inventoryList, workorder, board}};
+  Contents contents{Workbench{windowed, database, inventoryList, workorders.Current, board}, workorders};
   std::vector<std::unique_ptr<ui::Form>> forms;
 };
 

@@ -40,7 +40,7 @@ TEST_F(EmptyShop, HasEverySharedFileAndNothingElse) {
                          "TQMAKMOD.DAT", "TQINVTAG.DAT", "TQINVENT.DAT", "TQINVKIT.DAT", "TQUSEHST.DAT", "TQVENDOR.DAT",
                          "TQEMPLOY.DAT", "TQDEPART.DAT", "TQMANUFA.DAT", "TQPASSWD.DAT", "TQOPENWO.DAT", "TQINCTAG.DAT",
                          "TQINVOIC.DAT", "TQFOLLOW.DAT", "TQCANLAB.DAT", "TQLABKIT.DAT", "TQCANNOT.DAT", "TQOPENPO.DAT",
-                         "TQPAYROL.DAT", "CHECKLST.TXT"));
+                         "TQPAYROL.DAT", "CHECKLST.TXT", "DISCLAIM.TXT"));
 }
 
 TEST_F(EmptyShop, ItsSharedFilesAreEmptyButForTheSystemRecordAndThePasswords) {

@@ -79,23 +79,23 @@ TEST(WindowPlace, ATextThatIsNoNumberRaisesTheConversionError) {
 
 TEST(ControlPlaces, AreKeptUnderTheCaption) {
   Place place;
-  SaveControlPlace(place.settings, place.label, {10, 20, 300, 400.25F, 0});
+  SaveControlPlace(place.settings, place.label.Caption(), {10, 20, 300, 400.25F, 0});
   EXPECT_EQ(place.Stored("Main list Top"), "10");
   EXPECT_EQ(place.Stored("Main list Left"), "20");
   EXPECT_EQ(place.Stored("Main list Width"), "300");
   EXPECT_EQ(place.Stored("Main list Height"), "400.25");
   EXPECT_EQ(place.Stored("Main list State"), "0");
-  const ControlPlace back = RestoreControlPlace(place.settings, place.label, {1, 2, 3, 4, 5});
+  const ControlPlace back = RestoreControlPlace(place.settings, place.label.Caption(), {1, 2, 3, 4, 5});
   EXPECT_EQ(std::tuple(back.top, back.left, back.width, back.height, back.state),
             std::tuple(10.0F, 20.0F, 300.0F, 400.25F, 0));
 }
 
 TEST(ControlPlaces, OnlyInStateNoughtIsMoreThanTheStateKept) {
   Place place;
-  SaveControlPlace(place.settings, place.label, {10, 20, 300, 400, 1});
+  SaveControlPlace(place.settings, place.label.Caption(), {10, 20, 300, 400, 1});
   EXPECT_EQ(place.Stored("Main list State"), "1");
   EXPECT_EQ(place.Stored("Main list Top"), "(none)");
-  const ControlPlace back = RestoreControlPlace(place.settings, place.label, {1, 2, 3, 4, 0});
+  const ControlPlace back = RestoreControlPlace(place.settings, place.label.Caption(), {1, 2, 3, 4, 0});
   EXPECT_EQ(std::tuple(back.top, back.left, back.width, back.height, back.state),
             std::tuple(1.0F, 2.0F, 3.0F, 4.0F, 1));
 }

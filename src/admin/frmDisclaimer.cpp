@@ -1,0 +1,81 @@
+#include "admin/frmDisclaimer.h"
+
+#include "frame/Text.h"
+#include "records/Statements.h"
+
+namespace lantos {
+
+namespace {
+
+// With CR LF between the lines, whatever stands between them.
+std::string WithLineEnds(std::string_view text) {
+  std::string result;
+  for (const char c : ui::WithLineFeeds(text)) result += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  return result;
+}
+
+}  // namespace
+
+frmDisclaimer::frmDisclaimer(Shop& shop)
+    : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmDisclaimer", "Estimate Disclaimer"),
+      shop_(shop) {
+  SetDesignedSize(9600, 6600);
+  txtDisclaimer.SetMultiLine(true);
+  txtDisclaimer.SetFace(ui::FontFace::FixedPitch);
+  txtDisclaimer.SetToolTip("Will print as shown.");
+  txtDisclaimer.OnChange = [this] {
+    if (!showing_) SetChanged(true);
+  };
+  UseButtons(cmdSave, cmdCancel);
+  cmdReset.OnClick = [this] { ReadText(); };
+  cmdReset.SetCausesValidation(false);
+  cmdSave.SetToolTip("Save <F10>");
+  cmdReset.SetToolTip("Reset <F2>");
+  cmdCancel.SetToolTip("Cancel <Esc>");
+}
+
+void frmDisclaimer::OnLoad() {
+  SizedForm::OnLoad();
+  ReadText();
+}
+
+void frmDisclaimer::ReadText() {
+  const bool own = shop_.environment.files.FileExists(kEstimateDisclaimer);
+  const bool any = own || shop_.environment.files.FileExists(kWorkorderDisclaimer);
+  const std::string text =
+      any ? ReadStatement(shop_.environment, own ? kEstimateDisclaimer : kWorkorderDisclaimer) : std::string();
+  showing_ = true;
+  txtDisclaimer.SetText(text);
+  showing_ = false;
+  SetChanged(false);
+}
+
+void frmDisclaimer::SetChanged(bool changed) {
+  changed_ = changed;
+  cmdCancel.SetCaption(changed ? "Cancel" : "Close");
+}
+
+void frmDisclaimer::OnKeyDown(ui::KeyPress& key) {
+  SizedForm::OnKeyDown(key);
+  if (!key.Is("F2")) return;
+  key.Clear();
+  ReadText();
+}
+
+void frmDisclaimer::OnQueryClose(bool& refuse) {
+  Cancel();
+  refuse = Visible();
+}
+
+// The screen stays, with nothing left to save.
+void frmDisclaimer::Accept() {
+  WriteStatement(shop_.environment, kEstimateDisclaimer, WithLineEnds(txtDisclaimer.Text()));
+  SetChanged(false);
+}
+
+void frmDisclaimer::Cancel() {
+  if (changed_ && shop_.desktop.Ask("Discard changes?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  Hide();
+}
+
+}  // namespace lantos

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "admin/OkCancelForm.h"
+#include "records/Shop.h"
+
+namespace lantos {
+
+// Edits the text at the foot of the estimates. The shop's disclaimer for work orders is where it begins, as long as
+// there is none of its own.
+class frmDisclaimer : public SizedForm {
+ public:
+  explicit frmDisclaimer(Shop& shop);
+
+  ui::TextBox txtDisclaimer{*this, "txtDisclaimer"};
+  ui::Label lblNote{*this, "lblNote",
+                    "Note: the system will attempt to print the estimate disclaimer exactly as shown above."};
+  ui::Button cmdSave{*this, "cmdSave", "&Save <F10>"};
+  ui::Button cmdReset{*this, "cmdReset", "&Reset <F2>"};
+  ui::Button cmdCancel{*this, "cmdCancel", "Close"};
+
+ private:
+  void OnLoad() override;
+  void OnActivate() override { txtDisclaimer.SetFocus(); }
+  void OnKeyDown(ui::KeyPress& key) override;
+  void OnQueryClose(bool& refuse) override;
+  void Accept() override;
+  void Cancel() override;
+  void ReadText();
+  void SetChanged(bool changed);
+
+  Shop& shop_;
+  bool showing_ = false;
+  bool changed_ = false;
+};
+
+}  // namespace lantos

@@ -1,0 +1,55 @@
+#include "board/Continue.h"
+
+#include <algorithm>
+
+#include "board/DayCapacity.h"
+#include "board/frmContinue.h"
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+// Of a line of the employee list, which has the number from character 32 on.
+constexpr std::size_t kNumberColumn = 32;
+constexpr std::size_t kNumberDigits = 6;
+
+std::int32_t HighestLaborNumber(de& database, std::int32_t estimate) {
+  std::int32_t highest = 0;
+  Recordset& labor = database.LaborForEstimate(estimate);
+  for (; !labor.Eof(); labor.MoveNext()) highest = std::max(highest, labor.Long("LaborNumber"));
+  labor.Close();
+  return highest;
+}
+
+}  // namespace
+
+DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
+  const Estimate old = database.estimates.CurrentEstimate;
+  de& data = database.lantosData;
+  const DaySerial next = NextBusinessDay(data, old.SchedDate);
+  frmContinue form(shop);
+  form.SetDate(old.SchedDate);
+  form.ShowModal();
+  const Hundredths hours = RoundHalfEven(Val(form.txtHours.Text()) * 100);
+  const auto mechanic = RoundHalfEven(Val(Mid(form.EmpList.Text(), kNumberColumn, kNumberDigits)));
+  const bool goesOn = form.ok;
+  form.Unload();
+  if (!goesOn) return kNotContinued;
+  const std::int32_t copy = database.estimates.CreateEstimate(next, old.Status);
+  database.estimates.CloneEstimateContents(old.EstimateNumber, copy);
+  data.SetStatus(old.Status, copy);
+  if (hours != 0) {
+    const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
+    const auto total = DivideHalfEven(-static_cast<std::int64_t>(hours) * rate, 100);
+    data.AddLabor(copy, HighestLaborNumber(data, copy) + 1, "HOURS APPLIED ON " + FormatDate(old.SchedDate), -hours,
+                  rate, RoundHalfEven(static_cast<double>(total)), mechanic);
+  }
+  data.SetStatus(kContinued, old.EstimateNumber);
+  database.estimates.CurrentEstimate = old;
+  return next;
+}
+
+}  // namespace lantos

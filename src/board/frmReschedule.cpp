@@ -1,0 +1,40 @@
+#include "board/frmReschedule.h"
+
+#include "frame/Dates.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kCommentsWidth = 255;
+
+}  // namespace
+
+frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial proposed)
+    : OkCancelForm(shop.desktop, shop.keys, "frmReschedule", "Reschedule"), database_(database) {
+  SetSize(6000, 2400);
+  const bool wasSet = proposed >= ToSerial({2003, 1, 1});
+  DTPicker1.SetValue(wasSet ? proposed : shop.environment.Today());
+  cmdOK.SetToolTip("Copy the estimate to that day, and mark this one <F10>");
+  cmdCancel.SetToolTip("Leave the estimate where it is <Esc>");
+  UseButtons(cmdOK, cmdCancel);
+}
+
+// The copy keeps the old comments: it is made before they are changed.
+void frmReschedule::Accept() {
+  const Estimate old = database_.estimates.CurrentEstimate;
+  const DaySerial date = DTPicker1.Value();
+  const std::int32_t copy = database_.estimates.CreateEstimate(date, kScheduled);
+  database_.estimates.CloneEstimateContents(old.EstimateNumber, copy);
+  const bool staysEstimateOnly = old.Status == kEstimateOnly;
+  if (!staysEstimateOnly) database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);
+  const std::string comments = std::string(staysEstimateOnly ? "Scheduled for " : "Rescheduled for ") +
+                               FormatDate(date) + ". " + Trim(old.Comments);
+  database_.lantosData.SetComments(Trim(Left(comments, kCommentsWidth)), std::to_string(old.EstimateNumber));
+  ok = true;
+  newDate = date;
+  Hide();
+}
+
+}  // namespace lantos

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "admin/OkCancelForm.h"
+#include "estimatedb/EstimateDatabase.h"
+#include "records/Shop.h"
+
+namespace lantos {
+
+// Moves the current estimate to another day: never in place, but by a copy on the new day, with the old one marked.
+class frmReschedule : public OkCancelForm {
+ public:
+  // A proposed day before the first one that the program can have been used on is taken for none: today then.
+  frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial proposed);
+
+  ui::Label lblDate{*this, "lblDate", "New &date"};
+  ui::DTPicker DTPicker1{*this, "DTPicker1"};
+  ui::Label lblHint{*this, "lblHint", "(Click the down arrow to select date via the calendar.)"};
+  ui::Button cmdOK{*this, "cmdOK", "&Save <F10>"};
+  ui::Button cmdCancel{*this, "cmdCancel", "&Cancel <Esc>"};
+
+  bool ok = false;
+  DaySerial newDate = 0;
+
+ private:
+  void OnActivate() override { DTPicker1.SetFocus(); }
+  void Accept() override;
+
+  EstimateDatabase& database_;
+};
+
+}  // namespace lantos

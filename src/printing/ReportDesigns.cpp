@@ -1,0 +1,175 @@
+#include "printing/ReportDesigns.h"
+
+namespace lantos {
+
+namespace {
+
+using ui::Align;
+using ui::Band;
+using ui::ReportBox;
+using ui::ReportColumn;
+using ui::ReportDesign;
+using ui::ReportLabel;
+
+constexpr double kRow = 13;  // points from line to line of a block of labels
+constexpr double kMiddle = 0.5;
+constexpr double kInset = 0.012;
+
+ReportLabel Text(double left, double top, double width, std::string text, double size = 9, bool bold = false,
+                 Align align = Align::Left, Band band = Band::PageHeader) {
+  return {"", band, left, top, width, size, align, bold, false, std::move(text)};
+}
+
+ReportLabel Field(std::string name, double left, double top, double width, double size = 9, bool bold = false,
+                  Align align = Align::Left, Band band = Band::PageHeader) {
+  return {std::move(name), band, left, top, width, size, align, bold, false, ""};
+}
+
+void Add(ReportDesign& design, std::initializer_list<ReportLabel> labels) {
+  design.labels.insert(design.labels.end(), labels);
+}
+
+// A caption and the field behind it.
+void AddPair(ReportDesign& design, const std::string& caption, const std::string& name, double left, double top,
+             double captionWidth, double fieldWidth) {
+  Add(design, {Text(left, top, captionWidth, caption, 8), Field(name, left + captionWidth, top, fieldWidth)});
+}
+
+constexpr double kBlockTop = 86;
+constexpr double kBlockHeight = 5 * kRow + 8;
+
+void AddCustomerBlock(ReportDesign& design, double top) {
+  double row = top + 4;
+  for (const char* name : {"lblCustName", "lblSpouse", "lblAddress", "lblCSZ", "lblPhone"}) {
+    Add(design, {Field(name, kInset, row, kMiddle - 2 * kInset, 9, row == top + 4)});
+    row += kRow;
+  }
+}
+
+void AddVehicleRows(ReportDesign& design, double left, double top) {
+  constexpr double kCaption = 0.09;
+  const double width = 0.4 - kInset;
+  Add(design, {Field("lblMake", left + kInset, top + 4, width, 9, true),
+               Field("lblEngTran", left + kInset, top + 4 + kRow, width)});
+  AddPair(design, "VIN", "lblVIN", left + kInset, top + 4 + 2 * kRow, kCaption, width - kCaption);
+  AddPair(design, "License", "lblLic", left + kInset, top + 4 + 3 * kRow, kCaption, width - kCaption);
+}
+
+}  // namespace
+
+ReportDesign EstimateDesign(bool withDisclosure) {
+  ReportDesign design;
+  design.name = withDisclosure ? "rptEstimate2" : "rptEstimate";
+  design.caption = "Estimate";
+  Add(design, {Field("lblCompanyName", 0, 0, 0.64, 14, true), Field("lblCompanyName2", 0, 19, 0.64, 10),
+               Field("lblCompanyAddress", 0, 32, 0.64), Field("lblCompanyCSZ", 0, 44, 0.64),
+               Field("lblCompanyPhone", 0, 56, 0.64), Field("lblCompanyTaxID", 0, 69, 1, 7.5),
+               Text(0.64, 0, 0.36, "ESTIMATE", 16, true, Align::Right)});
+  double row = 22;
+  for (const auto& [caption, name] : {std::pair{"Estimate #", "lblWONumber"}, {"Scheduled", "lblDate"}}) {
+    Add(design, {Text(0.66, row, 0.18, caption, 8, false, Align::Right),
+                 Field(name, 0.85, row, 0.15, 9, true, Align::Right)});
+    row += kRow;
+  }
+  Add(design, {Text(0.60, row, 0.15, "Printed", 8, false, Align::Right),
+               Field("lblPrintDate", 0.75, row, 0.13, 8, false, Align::Right),
+               Field("lblPrintTime", 0.88, row, 0.12, 8, false, Align::Right)});
+  design.boxes = {{Band::PageHeader, 0, kBlockTop, kMiddle - 0.005, kBlockHeight},
+                  {Band::PageHeader, kMiddle + 0.005, kBlockTop, kMiddle - 0.005, kBlockHeight}};
+  AddCustomerBlock(design, kBlockTop);
+  AddVehicleRows(design, kMiddle + 0.005, kBlockTop);
+  AddPair(design, "Mileage", "lblMileage", kMiddle + 0.005 + kInset, kBlockTop + 4 + 4 * kRow, 0.09, 0.3);
+  design.headerHeight = kBlockTop + kBlockHeight + 8;
+  if (withDisclosure) {
+    ReportLabel disclosure = Field("lblDisclosure", 0, design.headerHeight, 1, 8);
+    disclosure.grows = true;
+    design.labels.push_back(disclosure);
+  }
+
+  design.characters = 71;  // a number of a technician, a blank and a line of labor
+  design.columns = {{"DataLine", 0, 0.70, Align::Left, "Description"},
+                    {"Amt1", 0.70, 0.10, Align::Right, "Hours/Qty"},
+                    {"Amt2", 0.80, 0.10, Align::Right, "Rate/Price"},
+                    {"Amt3", 0.90, 0.10, Align::Right, "Total"}};
+
+  constexpr double kTotalsLeft = 0.66;
+  row = 10;
+  const auto total = [&](const char* caption, const char* name, bool bold) {
+    Add(design, {Text(kTotalsLeft + kInset, row, 0.14, caption, 9, bold, Align::Left, Band::ReportFooter),
+                 Field(name, kTotalsLeft + 0.14, row, 0.2 - kInset, 9, bold, Align::Right, Band::ReportFooter)});
+    row += kRow;
+  };
+  total("Labor", "lblLabor", false);
+  total("Parts", "lblParts", false);
+  total("Sublets", "lblSublet", false);
+  total("Waste", "lblWaste", false);
+  total("Tax", "lblTax", false);
+  row += 3;
+  total("Total", "lblTotal", true);
+  const double height = row - 4;
+  design.boxes.push_back({Band::ReportFooter, kTotalsLeft, 6, 1 - kTotalsLeft, height});
+  design.boxes.push_back({Band::ReportFooter, kTotalsLeft, row - kRow - 2, 1 - kTotalsLeft, 0});
+  design.footerHeight = height + 18;
+  ReportLabel disclaimer = Field("lblDisclaimer", 0, design.footerHeight, 1, 8, false, Align::Left, Band::ReportFooter);
+  disclaimer.grows = true;
+  design.labels.push_back(disclaimer);
+  return design;
+}
+
+ReportDesign WorksheetDesign(bool withCustomer) {
+  ReportDesign design;
+  design.name = withCustomer ? "rptWorksheet2" : "rptWorksheet1";
+  design.caption = withCustomer ? "Technician Worksheet" : "Mechanic Worksheet";
+  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, true),
+               Text(0.6, 0, 0.4, design.caption, 13, true, Align::Right),
+               Text(0.66, 19, 0.18, "Estimate #", 8, false, Align::Right),
+               Field("lblWONumber", 0.85, 19, 0.15, 10, true, Align::Right),
+               Text(0.66, 19 + kRow, 0.18, "Scheduled", 8, false, Align::Right),
+               Field("lblDate", 0.85, 19 + kRow, 0.15, 9, true, Align::Right)});
+  constexpr double kTop = 48;
+  const double vehicleLeft = withCustomer ? kMiddle + 0.005 : 0;
+  const double vehicleWidth = withCustomer ? kMiddle - 0.005 : 1;
+  AddVehicleRows(design, vehicleLeft, kTop);
+  const double row = kTop + 4 + 4 * kRow;
+  AddPair(design, "Last seen", "lblLastSeen", vehicleLeft + kInset, row, 0.09, 0.13);
+  AddPair(design, "at", "lblLastMiles", vehicleLeft + kInset + 0.22, row, 0.03, 0.2);
+  design.boxes.push_back({Band::PageHeader, vehicleLeft, kTop, vehicleWidth, kBlockHeight});
+  if (withCustomer) {
+    AddCustomerBlock(design, kTop);
+    design.boxes.push_back({Band::PageHeader, 0, kTop, kMiddle - 0.005, kBlockHeight});
+  }
+  design.headerHeight = kTop + kBlockHeight + 8;
+  design.characters = 101;  // the rule for the hours of a technician
+  design.columns = {{"DataLine", 0, 1, Align::Left, ""}};
+  return design;
+}
+
+ReportDesign DayViewDesign() {
+  ReportDesign design;
+  design.name = "rptDayView";
+  design.caption = "Day View";
+  design.orientation = ui::Orientation::Landscape;
+  Add(design, {Text(0, 0, 0.5, "Day View", 14, true), Field("lblCompanyName", 0, 19, 0.5, 9),
+               Field("lblHeading1", 0.5, 2, 0.5, 11, true, Align::Right)});
+  design.boxes = {{Band::PageHeader, 0, 34, 1, 0}};
+  design.headerHeight = 40;
+  design.characters = 122;  // a main line of the day list
+  design.columns = {{"DataLine", 0, 1, Align::Left, ""}};
+  return design;
+}
+
+ReportDesign GenericDesign() {
+  ReportDesign design;
+  design.name = "rptGeneric";
+  design.caption = "Report";
+  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, true),
+               Field("lblReportName", 0.4, 0, 0.6, 12, true, Align::Right),
+               Field("lblHeading1", 0, 20, 0.6, 9), Field("lblHeading2", 0.4, 20, 0.6, 9, false, Align::Right)});
+  design.boxes = {{Band::PageHeader, 0, 36, 1, 0}};
+  design.headerHeight = 42;
+  design.characters = 100;
+  design.columns = {{"DataLine", 0, 1, Align::Left, ""}};
+  return design;
+}
+
+}  // namespace lantos

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string_view>
+
+#include "printing/ReportLines.h"
+#include "workorders/Workorders.h"
+
+namespace lantos {
+
+// What was done to a vehicle in the last years: its work orders, newest first, the active ones before the archived.
+// All tags are looked at, from the end of each file; only those that belong lead to a text.
+class VehicleSummary {
+ public:
+  VehicleSummary(Environment& environment, Workorders& workorders)
+      : environment_(environment), workorders_(workorders) {}
+
+  // Of the print options' years, up to today, by the exact VIN.
+  void Compose(std::string_view vin, ReportLines& lines);
+
+ private:
+  template <std::size_t Length>
+  std::vector<Record<Length>> Find(FileHandle file, std::string_view vin) const;
+  void PrintWorkorder(FileDate date, ReportLines& lines) const;
+
+  Environment& environment_;
+  Workorders& workorders_;
+};
+
+}  // namespace lantos

@@ -1,0 +1,127 @@
+#include "printing/WorksheetReport.h"
+
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "printing/EstimateReport.h"
+#include "printing/Letterhead.h"
+#include "printing/ReportDesigns.h"
+#include "printing/VehicleSummary.h"
+#include "records/KeptRecords.h"
+#include "workorders/LaborText.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr const char* kTechHeading = "Tech     Hours     Description";
+constexpr const char* kTechRule =
+    "______   _______   __________________________________________________________________________________";
+constexpr const char* kPartRule =
+    "________________________________________________    _________________________________________________";
+constexpr std::size_t kServiceWidth = 68;  // two blanks, a line of text, and what keeps it apart from the due date
+
+std::string FollowupRow(const std::string& service, const std::string& due) {
+  return LeftJustify("  " + service, kServiceWidth) + "  " + due;
+}
+
+}  // namespace
+
+ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
+  ReportLines lines(false);
+  ComposeComments(lines);
+  ComposeLabor(lines);
+  ComposeParts(lines);
+  ComposeNotes(lines);
+  ComposeFollowups(lines);
+  const std::string vin = Trim(Current().VehVIN);
+  if (Options().PrintVehSummaryOnWorksheet && !vin.empty()) {
+    VehicleSummary(environment_, workorders_).Compose(vin, lines);
+  }
+  ui::Report report{WorksheetDesign(Options().PrintCustomerOnWorksheet),
+                    "Technician Worksheet for Estimate " + std::to_string(Number()), lines.Rows()};
+  FillCompany(report, records_.system.SysRec);
+  FillCustomer(report, customer);
+  FillEstimate(report, Current());
+  if (Current().VehicleLink != kNoLink) {
+    const KeptVehicle kept(records_.vehicles);
+    records_.vehicles.ReadVehicle(Current().VehicleLink);
+    const VehicleRecord& record = records_.vehicles.CurrentVehicle;
+    if (records_.vehicles.CurrentVehicleOffset == kNoLink) return report;
+    const DaySerial seen = FromFileDate(record.Get(vehicle::Date));
+    report.SetLabel("lblLastSeen", seen >= 1 ? FormatDate(seen) : "");
+    report.SetLabel("lblLastMiles", std::to_string(record.Get(vehicle::Mileage)));
+  }
+  return report;
+}
+
+void WorksheetReport::ComposeComments(ReportLines& lines) const {
+  const std::string comments = Trim(Current().Comments);
+  if (!Options().PrintCommentsOnWorksheet || comments.empty()) return;
+  lines.Add("____Comments____");
+  for (const std::string& line : ui::LinesOf(comments)) {
+    if (!Trim(line).empty()) lines.Add(line);
+  }
+  lines.AddBlank();
+}
+
+void WorksheetReport::ComposeLabor(ReportLines& lines) const {
+  const int blankLines = Options().BlankLinesPerLabor;
+  lines.Add("____Labor____");
+  lines.Add("       HOURS APPLIED ON");
+  if (blankLines == 0) {
+    lines.Add(kTechHeading);
+    lines.Add(kTechRule);
+  }
+  Recordset& rows = database_.lantosData.LaborForEstimate(Number());
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const LaborText text = SplitLaborText(rows.Text("Description"));
+    for (const std::string& line : text) {
+      if (!line.empty()) lines.Add(line);
+    }
+    if (blankLines <= 0) continue;
+    lines.Add(kTechHeading);
+    for (int i = 0; i < blankLines; ++i) lines.Add(kTechRule);
+  }
+  rows.Close();
+}
+
+void WorksheetReport::ComposeParts(ReportLines& lines) const {
+  lines.Add("____Parts____");
+  Recordset& rows = database_.lantosData.PartsTable(std::to_string(Number()));
+  for (; !rows.Eof(); rows.MoveNext()) lines.Add(PartOnPaper(rows, true));
+  rows.Close();
+  lines.AddBlank();
+  for (int i = 0; i < Options().BlankPartLines; ++i) lines.Add(kPartRule);
+}
+
+void WorksheetReport::ComposeNotes(ReportLines& lines) const {
+  if (!Options().PrintNotesOnWorksheet) return;
+  Recordset& rows = database_.lantosData.NotesForEstimate(Number());
+  if (!rows.Eof()) lines.Add("____Notes____");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    for (int i = 1; i <= 8; ++i) {
+      const std::string text = rows.Text("Desc" + std::to_string(i));
+      if (!Trim(text).empty()) lines.Add(text);
+    }
+  }
+  rows.Close();
+}
+
+// What earlier work orders recommended for this vehicle and nobody has booked yet.
+void WorksheetReport::ComposeFollowups(ReportLines& lines) const {
+  const std::vector<Followup> followups = records_.followups.OpenFollowups(
+      Current().CustomerNumber, Trim(Current().VehVIN), Trim(Current().VehLic));
+  if (followups.empty()) return;
+  lines.Add(FollowupRow("Service", "Due Back"));
+  for (const Followup& followup : followups) {
+    const DaySerial date = FromFileDate(followup.record.Get(followup::FollowupDate));
+    const std::int32_t miles = followup.record.Get(followup::Miles);
+    std::string due = date > 0 ? FormatDate(date) : "";
+    if (miles > 0) due += (due.empty() ? "" : " ") + std::to_string(miles) + " mi";
+    lines.Add(FollowupRow(SplitLaborText(followup.record.Get(followup::Description))[0], due));
+    lines.Add(FollowupRow("________________________", "______________"));
+  }
+}
+
+}  // namespace lantos

@@ -1,0 +1,25 @@
+#include "records/Statements.h"
+
+#include <span>
+
+#include "frame/Text.h"
+#include "records/OpenedFile.h"
+#include "records/TextLines.h"
+
+namespace lantos {
+
+std::string ReadStatement(Environment& environment, std::string_view name) {
+  const auto lines = ReadTextLines(environment, name, Deny::None);
+  if (!lines) throw FileError(FileErrorNumber::FileNotFound, std::string(name));
+  std::string text;
+  for (const std::string& line : *lines) text += (&line == &lines->front() ? "" : "\r\n") + TrimNull(line);
+  return text;
+}
+
+void WriteStatement(Environment& environment, std::string_view name, std::string_view text) {
+  OpenedFile file(environment.openFiles, name, Access::Write, Deny::All);
+  file->WriteAt(0, std::as_bytes(std::span(text)));
+  file->Truncate(text.size());
+}
+
+}  // namespace lantos

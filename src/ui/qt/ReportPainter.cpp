@@ -1,0 +1,212 @@
+#include "ui/qt/ReportPainter.h"
+
+#include <QPageLayout>
+#include <QPageRanges>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/qt/Text.h"
+
+namespace lantos::ui {
+
+namespace {
+
+// Sizes of fonts are whole numbers: in units as small as these they are right on every device.
+constexpr double kUnits = 100;  // of a point
+constexpr double kBoxLine = 0.75;
+constexpr double kThinLine = 0.5;
+constexpr double kHeadingSize = 8.5;
+constexpr double kBelowHeadingRule = 2;
+constexpr double kPageTextSize = 9;
+constexpr double kPointsPerInch = 72;
+constexpr double kPointsPerMillimeter = kPointsPerInch / 25.4;
+
+double ToUnits(double points) { return points * kUnits; }
+QRectF ToUnits(const QRectF& points) {
+  return {ToUnits(points.x()), ToUnits(points.y()), ToUnits(points.width()), ToUnits(points.height())};
+}
+
+// Rounded down: a line that exactly fits its field must go on fitting.
+QFont MakeFont(const QStringList& families, QFont::StyleHint hint, double size, bool bold) {
+  QFont font;
+  font.setFamilies(families);
+  font.setStyleHint(hint);
+  font.setPixelSize(std::max(1, static_cast<int>(ToUnits(size))));
+  font.setBold(bold);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setKerning(false);
+  return font;
+}
+
+// The second of each has the same widths as the first.
+QFont LabelFont(double size, bool bold) {
+  return MakeFont({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")},
+                  QFont::SansSerif, size, bold);
+}
+QFont DetailFont(double size) {
+  QFont font = MakeFont({QStringLiteral("Courier New"), QStringLiteral("Liberation Mono"), QStringLiteral("Courier")},
+                        QFont::Monospace, size, false);
+  font.setFixedPitch(true);
+  return font;
+}
+
+int FlagOf(Align align) {
+  switch (align) {
+    case Align::Center:
+      return Qt::AlignHCenter;
+    case Align::Right:
+      return Qt::AlignRight;
+    case Align::Left:
+      break;
+  }
+  return Qt::AlignLeft;
+}
+
+// A line, cut off at the sides of its field.
+void PaintText(QPainter& painter, const QRectF& field, Align align, const std::string& text) {
+  if (text.empty()) return;
+  const QRectF place = ToUnits(field);
+  painter.save();
+  // Above and below there may be strokes outside of the line's own height.
+  painter.setClipRect(place.adjusted(0, -place.height(), 0, place.height()));
+  painter.drawText(place, Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | FlagOf(align), ToQt(text));
+  painter.restore();
+}
+
+void PaintRule(QPainter& painter, double left, double right, double at) {
+  painter.drawLine(QPointF(ToUnits(left), ToUnits(at)), QPointF(ToUnits(right), ToUnits(at)));
+}
+
+void SetPen(QPainter& painter, double width) {
+  painter.setPen(QPen(Qt::black, ToUnits(width), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+}
+
+}  // namespace
+
+void ReportPainter::PaintPage(QPainter& painter, std::size_t page) const {
+  const ReportPage& plan = layout_.pages.at(page);
+  painter.save();
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+  const double dotsPerPoint = painter.device()->logicalDpiX() / kPointsPerInch;
+  painter.scale(dotsPerPoint / kUnits, dotsPerPoint / kUnits);
+  painter.translate(ToUnits(kReportMargin), ToUnits(kReportMargin));
+  painter.setBrush(Qt::NoBrush);
+  SetPen(painter, kThinLine);
+  PaintBand(painter, Band::PageHeader, 0);
+  PaintHeadings(painter);
+  PaintDetail(painter, plan);
+  PaintFooter(painter, plan);
+  painter.setFont(LabelFont(kPageTextSize, false));
+  PaintText(painter, {0, layout_.height, layout_.width, 2 * PitchOf(kPageTextSize) - kPageTextSize}, Align::Center,
+            PageText(page + 1, PageCount()));
+  painter.restore();
+}
+
+QRectF ReportPainter::Across(double left, double width, double top, double height) const {
+  return {left * layout_.width, top, width * layout_.width, height};
+}
+
+// Without what grows in the footer, which has places of its own.
+void ReportPainter::PaintBand(QPainter& painter, Band band, double top) const {
+  for (const ReportBox& box : report_.design.boxes) {
+    if (box.band == band) PaintBox(painter, box, top);
+  }
+  for (const ReportLabel& label : report_.design.labels) {
+    if (label.band != band || (band == Band::ReportFooter && label.grows)) continue;
+    PaintLabel(painter, label, top + label.top, 0, LinesOf(label.text).size());
+  }
+}
+
+void ReportPainter::PaintBox(QPainter& painter, const ReportBox& box, double top) const {
+  SetPen(painter, kBoxLine);
+  const QRectF place = Across(box.left, box.width, top + box.top, box.height);
+  if (box.height == 0) {
+    PaintRule(painter, place.left(), place.right(), place.top());
+  } else {
+    painter.drawRect(ToUnits(place));
+  }
+}
+
+void ReportPainter::PaintLabel(QPainter& painter, const ReportLabel& label, double top, std::size_t first,
+                               std::size_t count) const {
+  const std::vector<std::string> lines = LinesOf(label.text);
+  painter.setFont(LabelFont(label.size, label.bold));
+  for (std::size_t i = 0; i < count; ++i) {
+    const QRectF field =
+        Across(label.left, label.width, top + static_cast<double>(i) * PitchOf(label.size), PitchOf(label.size));
+    PaintText(painter, field, label.align, lines.at(first + i));
+  }
+}
+
+void ReportPainter::PaintHeadings(QPainter& painter) const {
+  const double height = layout_.headerHeight - layout_.headingTop;
+  if (height <= 0) return;
+  painter.setFont(LabelFont(kHeadingSize, true));
+  for (const ReportColumn& column : report_.design.columns) {
+    PaintText(painter, Across(column.left, column.width, layout_.headingTop, height - kBelowHeadingRule), column.align,
+              column.heading);
+  }
+  SetPen(painter, kThinLine);
+  PaintRule(painter, 0, layout_.width, layout_.headerHeight - kBelowHeadingRule);
+}
+
+void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const {
+  const std::vector<ReportColumn>& columns = report_.design.columns;
+  painter.setFont(DetailFont(layout_.detailSize));
+  for (std::size_t i = 0; i < page.lineCount; ++i) {
+    const std::vector<std::string>& texts = report_.lines.at(page.firstLine + i);
+    const double top = layout_.headerHeight + static_cast<double>(i) * layout_.detailPitch;
+    for (std::size_t column = 0; column < std::min(columns.size(), texts.size()); ++column) {
+      PaintText(painter, Across(columns[column].left, columns[column].width, top, layout_.detailPitch),
+                columns[column].align, texts[column]);
+    }
+  }
+}
+
+void ReportPainter::PaintFooter(QPainter& painter, const ReportPage& page) const {
+  double top = layout_.headerHeight + static_cast<double>(page.lineCount) * layout_.detailPitch;
+  if (page.hasFooter) {
+    PaintBand(painter, Band::ReportFooter, top);
+    top += report_.design.footerHeight;
+  }
+  if (page.grownCount == 0) return;
+  const auto& labels = report_.design.labels;
+  const auto grown = std::find_if(labels.begin(), labels.end(), [](const ReportLabel& label) {
+    return label.band == Band::ReportFooter && label.grows && !label.text.empty();
+  });
+  if (grown != labels.end()) PaintLabel(painter, *grown, top, page.firstGrown, page.grownCount);
+}
+
+Paper PaperOf(const QPagedPaintDevice& device) {
+  const QSizeF size = device.pageLayout().pageSize().size(QPageSize::Millimeter) * kPointsPerMillimeter;
+  return {size.width(), size.height()};
+}
+
+void SetSheet(QPagedPaintDevice& device, const Report& report) {
+  QPageLayout layout = device.pageLayout();
+  layout.setMode(QPageLayout::FullPageMode);
+  layout.setOrientation(report.design.orientation == Orientation::Landscape ? QPageLayout::Landscape
+                                                                            : QPageLayout::Portrait);
+  device.setPageLayout(layout);
+}
+
+bool PaintReport(const Report& report, QPagedPaintDevice& device, int copies) {
+  const ReportPainter pages(report, PaperOf(device));
+  const QPageRanges wanted = device.pageRanges();
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  bool first = true;
+  for (int copy = 0; copy < copies; ++copy) {
+    for (std::size_t page = 0; page < pages.PageCount(); ++page) {
+      if (!wanted.isEmpty() && !wanted.contains(static_cast<int>(page) + 1)) continue;
+      if (!first && !device.newPage()) return false;
+      pages.PaintPage(painter, page);
+      first = false;
+    }
+  }
+  return painter.end();
+}
+
+}  // namespace lantos::ui

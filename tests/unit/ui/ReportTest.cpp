@@ -1,0 +1,217 @@
+#include "ui/Report.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <stdexcept>
+
+#include "frame/FileError.h"
+#include "frame/ScratchDirectory.h"
+
+namespace lantos {
+namespace {
+
+using ui::Align;
+using ui::Band;
+using ui::Report;
+using ui::ReportLayout;
+using ui::ReportPage;
+
+constexpr double kLetterRoom = 792 - 2 * 36 - 18;  // between the margins and above the number of the page
+constexpr double kPitch = 9.5 * 1.2;
+
+// A header of that height and lines of the largest size.
+Report Make(std::size_t lines, double headerHeight = 100, double footerHeight = 0) {
+  Report report;
+  report.design.name = "rptTest";
+  report.design.headerHeight = headerHeight;
+  report.design.footerHeight = footerHeight;
+  report.design.characters = 40;
+  report.design.columns = {{"Text", 0, 0.7, Align::Left, ""}, {"Amount", 0.7, 0.3, Align::Right, ""}};
+  report.design.labels = {{"lblRemark", Band::PageHeader, 0, 100, 1, 8, Align::Left, false, true, ""},
+                          {"lblTerms", Band::ReportFooter, 0, 0, 1, 8, Align::Left, false, true, ""}};
+  report.lines.assign(lines, {"text", "1.00"});
+  return report;
+}
+
+std::string LinesOfText(std::size_t count) {
+  std::string text = "line";
+  for (std::size_t i = 1; i < count; ++i) text += "\r\nline";
+  return text;
+}
+
+std::size_t LinesOn(const ReportLayout& layout) {
+  return std::accumulate(layout.pages.begin(), layout.pages.end(), std::size_t{0},
+                         [](std::size_t sum, const ReportPage& page) { return sum + page.lineCount; });
+}
+
+std::size_t GrownOn(const ReportLayout& layout) {
+  std::size_t grown = 0;
+  for (const ReportPage& page : layout.pages) {
+    if (page.grownCount == 0) continue;
+    EXPECT_EQ(page.firstGrown, grown);
+    grown += page.grownCount;
+  }
+  return grown;
+}
+
+std::size_t FootersOn(const ReportLayout& layout) {
+  std::size_t footers = 0;
+  for (const ReportPage& page : layout.pages) footers += page.hasFooter ? 1 : 0;
+  return footers;
+}
+
+TEST(Report, ALabelIsSetByItsName) {
+  Report report = Make(0);
+  report.SetLabel("lblTerms", "cash");
+  EXPECT_EQ(report.design.labels[1].text, "cash");
+  EXPECT_THROW(report.SetLabel("lblNone", "x"), std::logic_error);
+}
+
+TEST(Report, PagesAreCounted) {
+  EXPECT_EQ(ui::PageText(1, 1), "Page 1 of 1");
+  EXPECT_EQ(ui::PageText(12, 345), "Page 12 of 345");
+}
+
+TEST(Report, TextsBreakAtLineEndsOfAnyKind) {
+  EXPECT_EQ(ui::LinesOf(""), std::vector<std::string>{""});
+  EXPECT_EQ(ui::LinesOf("a\rb\r\nc\n\rd"), (std::vector<std::string>{"a", "b", "c", "", "d"}));
+}
+
+TEST(ReportLayout, FillsAPageBeforeTheNextOneBegins) {
+  const auto perPage = static_cast<std::size_t>((kLetterRoom - 100) / kPitch);
+  EXPECT_EQ(LayOut(Make(perPage)).pages.size(), 1U);
+  const ReportLayout layout = LayOut(Make(2 * perPage + 1));
+  EXPECT_DOUBLE_EQ(layout.width, 540);
+  EXPECT_DOUBLE_EQ(layout.height, kLetterRoom);
+  EXPECT_DOUBLE_EQ(layout.detailSize, 9.5);
+  EXPECT_DOUBLE_EQ(layout.detailPitch, kPitch);
+  ASSERT_EQ(layout.pages.size(), 3U);
+  EXPECT_EQ(layout.pages[1].firstLine, perPage);
+  EXPECT_EQ(layout.pages[1].lineCount, perPage);
+  EXPECT_EQ(layout.pages[2].firstLine, 2 * perPage);
+  EXPECT_EQ(layout.pages[2].lineCount, 1U);
+  EXPECT_FALSE(layout.pages[1].hasFooter);
+  EXPECT_TRUE(layout.pages[2].hasFooter);
+}
+
+TEST(ReportLayout, HasAPageWithoutLines) {
+  const ReportLayout layout = LayOut(Make(0));
+  ASSERT_EQ(layout.pages.size(), 1U);
+  EXPECT_EQ(layout.pages[0].lineCount, 0U);
+  EXPECT_TRUE(layout.pages[0].hasFooter);
+}
+
+TEST(ReportLayout, TheHeaderGrowsWithItsTextAndHasRoomForHeadings) {
+  Report report = Make(1);
+  EXPECT_DOUBLE_EQ(LayOut(report).headerHeight, 100);
+  report.SetLabel("lblRemark", "one\r\ntwo");
+  EXPECT_DOUBLE_EQ(LayOut(report).headingTop, 120);
+  EXPECT_DOUBLE_EQ(LayOut(report).headerHeight, 120);
+  report.design.columns[1].heading = "Amount";
+  EXPECT_DOUBLE_EQ(LayOut(report).headingTop, 120);
+  EXPECT_GT(LayOut(report).headerHeight, 120);
+}
+
+TEST(ReportLayout, TheTextBecomesAsSmallAsItsCharactersNeed) {
+  Report report = Make(1);
+  report.design.characters = 96;
+  const double narrow = LayOut(report).detailSize;
+  EXPECT_LT(narrow, 9.5);
+  EXPECT_LE(96 * 0.6001 * narrow, 0.7 * 540);
+  report.design.orientation = ui::Orientation::Landscape;
+  const ReportLayout lying = LayOut(report);
+  EXPECT_DOUBLE_EQ(lying.width, 720);
+  EXPECT_GT(lying.detailSize, narrow);
+  EXPECT_LT(LayOut(report, ui::kA4Paper).height, lying.height);
+}
+
+TEST(ReportLayout, AFooterThatHasNoRoomGetsAPage) {
+  const auto perPage = static_cast<std::size_t>((kLetterRoom - 100) / kPitch);
+  EXPECT_EQ(LayOut(Make(perPage - 5, 100, 50)).pages.size(), 1U);
+  const ReportLayout layout = LayOut(Make(perPage, 100, 50));
+  ASSERT_EQ(layout.pages.size(), 2U);
+  EXPECT_FALSE(layout.pages[0].hasFooter);
+  EXPECT_TRUE(layout.pages[1].hasFooter);
+  EXPECT_EQ(layout.pages[1].lineCount, 0U);
+}
+
+TEST(ReportLayout, AFooterLargerThanAPageLeavesNoPageEmptyBeforeIt) {
+  EXPECT_EQ(LayOut(Make(0, 100, 5000)).pages.size(), 1U);
+  EXPECT_EQ(LayOut(Make(1, 100, 5000)).pages.size(), 2U);
+}
+
+TEST(ReportLayout, AStatementMovesToANewPageRatherThanBeTorn) {
+  const auto perPage = static_cast<std::size_t>((kLetterRoom - 100) / kPitch);
+  Report report = Make(perPage - 10, 100, 20);
+  report.SetLabel("lblTerms", LinesOfText(5));
+  EXPECT_EQ(LayOut(report).pages.size(), 1U);
+  report.SetLabel("lblTerms", LinesOfText(30));
+  const ReportLayout layout = LayOut(report);
+  ASSERT_EQ(layout.pages.size(), 2U);
+  EXPECT_TRUE(layout.pages[0].hasFooter);
+  EXPECT_EQ(layout.pages[0].grownCount, 0U);
+  EXPECT_EQ(layout.pages[1].grownCount, 30U);
+}
+
+TEST(ReportLayout, AStatementOfSeveralPagesBeginsWhereItCan) {
+  Report report = Make(10, 100, 20);
+  report.SetLabel("lblTerms", LinesOfText(200));
+  const ReportLayout layout = LayOut(report);
+  EXPECT_GT(layout.pages[0].grownCount, 0U);
+  EXPECT_EQ(GrownOn(layout), 200U);
+  EXPECT_EQ(FootersOn(layout), 1U);
+}
+
+// Whatever the numbers are, it comes to an end, and every line has its place.
+TEST(ReportLayout, EveryLineHasItsPlace) {
+  for (const double header : {0.0, 83.3, 400.0, 690.0, 702.0, 900.0}) {
+    for (const double footer : {0.0, 41.7, 600.0}) {
+      for (const std::size_t lines : {0U, 1U, 49U, 53U, 200U}) {
+        for (const std::size_t grown : {1U, 7U, 40U, 61U, 62U, 150U}) {
+          for (const double size : {7.3, 8.0, 9.1, 702 / 1.25 / 61}) {
+            Report report = Make(lines, header, footer);
+            report.SetLabel("lblTerms", LinesOfText(grown));
+            report.design.labels[1].size = size;
+            const ReportLayout layout = LayOut(report);
+            ASSERT_EQ(LinesOn(layout), lines);
+            ASSERT_EQ(GrownOn(layout), grown);
+            ASSERT_EQ(FootersOn(layout), 1U);
+          }
+        }
+      }
+    }
+  }
+}
+
+// A statement that exactly fills a page, as rounding may or may not have it.
+TEST(ReportLayout, AStatementAsLongAsAPageComesToAnEnd) {
+  for (std::size_t lines = 1; lines < 400; ++lines) {
+    for (const double header : {0.0, 0.1, 33.3}) {
+      Report report = Make(1, header);
+      report.SetLabel("lblTerms", LinesOfText(lines));
+      report.design.labels[1].size = (kLetterRoom - header) / static_cast<double>(lines) / 1.25;
+      const ReportLayout layout = LayOut(report);
+      ASSERT_EQ(GrownOn(layout), lines);
+      ASSERT_LE(layout.pages.size(), 3U);
+    }
+  }
+}
+
+TEST(ReportLayout, NeedsNoColumns) {
+  Report report = Make(0);
+  report.design.columns.clear();
+  EXPECT_EQ(LayOut(report).pages.size(), 1U);
+}
+
+TEST(ReportText, HasALineALineAndItsColumnsApart) {
+  const test::ScratchDirectory directory;
+  Report report = Make(0);
+  report.lines = {{"  two words ", "1.00"}, {"", "2.00"}, {"Gr\374n", ""}, {"", ""}};
+  WriteReportText(report, directory / "report.txt");
+  EXPECT_EQ(directory.Content("report.txt"), "  two words \t1.00\n\t2.00\nGr\303\274n\n\n");
+  EXPECT_THROW(WriteReportText(report, directory / "none" / "report.txt"), FileError);
+}
+
+}  // namespace
+}  // namespace lantos
