@@ -27,8 +27,8 @@ bool frmMain::HasEstimateToPrint() {
   return false;
 }
 
+// A customer who waits gets the paper, past midnight too.
 void frmMain::PrintEstimateClick() {
-  CheckDayRollover();
   if (!HasEstimateToPrint()) return;
   if (Current().Status != kScheduled &&
       shop_.desktop.Ask("Current status is not \"Scheduled\".\rDo you want to print the estimate anyway?",

@@ -79,8 +79,8 @@ void ForEachEntry(const std::string& directory, Visit visit) {
 
 }  // namespace
 
-bool DirectoryNames::IsFresh(const struct stat& now) const {
-  return settled_ && now.st_dev == readAt_.st_dev && now.st_ino == readAt_.st_ino &&
+bool DirectoryNames::HasStamp(const struct stat& now) const {
+  return now.st_dev == readAt_.st_dev && now.st_ino == readAt_.st_ino &&
          Nanoseconds(now.st_mtim) == Nanoseconds(readAt_.st_mtim);
 }
 
@@ -92,7 +92,7 @@ void DirectoryNames::Refresh() {
     settled_ = false;
     return;
   }
-  if (IsFresh(now)) return;
+  if (settled_ && HasStamp(now)) return;
   const std::int64_t margin = now.st_mtim.tv_nsec == 0 ? kMarginOfWholeSeconds : kMargin;
   settled_ = KernelNow() - Nanoseconds(now.st_mtim) > margin;
   readAt_ = now;
@@ -104,6 +104,7 @@ void DirectoryNames::Refresh() {
 }
 
 bool DirectoryNames::Exists(std::string_view name) const {
+  if (name.empty()) return false;
   struct stat ignored = {};
   return ::lstat((directory_ + std::string(name)).c_str(), &ignored) == 0;
 }
@@ -118,10 +119,19 @@ std::string DirectoryNames::Look(const std::string& key) const {
                   "two spellings of one name in " + directory_ + ": " + one + " and " + other);
 }
 
+// A name that was read under this very stamp, and is there, needs no second reading, be it ever so close to the change.
+std::string DirectoryNames::KnownSpellingOf(const std::string& key) const {
+  struct stat now = {};
+  if (::stat(directory_.empty() ? "." : directory_.c_str(), &now) != 0 || !HasStamp(now)) return {};
+  std::string spelling = Look(key);
+  return Exists(spelling) ? spelling : std::string();
+}
+
 // A network mount may tell a change of the directory late, so the answer is checked against the file itself.
 std::string DirectoryNames::SpellingOf(std::string_view name) {
-  Refresh();
   const std::string key = Fold(name);
+  if (std::string known = KnownSpellingOf(key); !known.empty()) return known;
+  Refresh();
   std::string spelling = Look(key);
   if (Exists(spelling.empty() ? name : std::string_view(spelling)) != spelling.empty()) return spelling;
   settled_ = false;

@@ -29,7 +29,8 @@ class DirectoryNames {
   };
 
   void Refresh();
-  bool IsFresh(const struct stat& now) const;
+  bool HasStamp(const struct stat& now) const;
+  std::string KnownSpellingOf(const std::string& key) const;
   bool Exists(std::string_view name) const;
   std::string Look(const std::string& key) const;
 

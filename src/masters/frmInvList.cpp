@@ -263,7 +263,7 @@ void frmInvList::UpdateListRow(FileLink /*offset*/, Inventory::PartIndex index, 
   } else {
     table_.Refresh();
   }
-  ShowRows();
+  if (isNew || Visible()) ShowRows();  // a hidden list puts its rows in order when it is shown
 }
 
 bool frmInvList::Pick(const std::string& caption) {

@@ -62,7 +62,7 @@ void FillCompany(ui::Report& report, const SystemRecord& system) {
 
 void FillCustomer(ui::Report& report, const CustomerRecord& customer) {
   SetIfThere(report, "lblCustName", customer.Get(customer::Firstname) + " " + customer.Get(customer::Lastname));
-  SetIfThere(report, "lblSpouse", Trim(customer.Get(customer::Spouse) + " " + customer.Get(customer::SpouseLast)));
+  SetIfThere(report, "lblSpouse", customer.Get(customer::Spouse) + " " + customer.Get(customer::SpouseLast));
   SetIfThere(report, "lblAddress", customer.Get(customer::Address));
   SetIfThere(report, "lblCSZ",
              CityStateZip(customer.Get(customer::City), customer.Get(customer::State), customer.Get(customer::Zip)));

@@ -29,6 +29,13 @@ FileDate DayOf(const Record<Length>& tag) {
   return ToFileDate(FromFileDate(DateOf(tag)));
 }
 
+bool ReadTag(Workorders& workorders, FileHandle file, std::int64_t position, ActiveWoTag& tag) {
+  return workorders.ReadActiveWO(file, position, tag);
+}
+bool ReadTag(Workorders& workorders, FileHandle file, std::int64_t position, ArchivedWoTag& tag) {
+  return workorders.ReadArchWO(file, position, tag);
+}
+
 // The newest first; of one day the higher number.
 template <std::size_t Length>
 void Sort(std::vector<Record<Length>>& tags) {
@@ -46,16 +53,21 @@ std::vector<Record<Length>> VehicleSummary::Find(FileHandle handle, std::string_
   const FileDate cutoff = ToFileDate(YearsBack(environment_.Today(), environment_.printOptions.VehSummaryYears));
   const SharedFile& file = environment_.openFiles[handle];
   std::vector<Record<Length>> found, block(kBlock);
-  for (std::uint64_t end = file.Length(); end >= Length;) {
+  std::uint64_t end = file.Length();
+  while (end >= Length) {
     const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(end / Length, kBlock));
     end -= count * Length;
     file.ReadAt(end, std::as_writable_bytes(std::span(block).first(count)));
     for (std::size_t i = count; i-- > 0;) {
-      if (block[i].View(wotag::VIN) != vin) continue;
+      // Nearly all tags are told apart by the first byte; a blank may stand ahead of the text.
+      const char first = static_cast<char>(block[i].Bytes()[wotag::VIN.offset]);
+      if ((first != vin.front() && first != ' ') || block[i].View(wotag::VIN) != vin) continue;
       const FileDate date = DayOf(block[i]);
       if (date >= cutoff && date <= latest) found.push_back(block[i]);
     }
   }
+  // In a file that isn't whole tags the first one begins inside another's place, which is told.
+  if (end > 0 && file.Length() >= Length) ReadTag(workorders_, handle, static_cast<std::int64_t>(end), block.front());
   Sort(found);
   return found;
 }

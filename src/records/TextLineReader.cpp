@@ -26,9 +26,10 @@ bool TextLineReader::Next(std::string& line) {
   line.clear();
   for (;;) {
     // What the block holds of the line at once, then its end by character.
-    const std::size_t end = std::min(block_.find_first_of("\r\n", used_), block_.size());
-    line.append(block_, used_, end - used_);
-    used_ = end;
+    const auto begin = block_.begin() + static_cast<std::ptrdiff_t>(used_);
+    const auto end = std::find_if(begin, block_.end(), [](char each) { return each == '\r' || each == '\n'; });
+    line.append(begin, end);
+    used_ = static_cast<std::size_t>(end - block_.begin());
     const int c = Take();
     if (c < 0) return !line.empty();
     if (c == '\n') return true;

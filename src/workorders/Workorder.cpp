@@ -3,7 +3,8 @@
 namespace lantos {
 
 void ClearWorkorder(Workorder& workorder) {
-  workorder = {};
+  static const Workorder kBlank;
+  workorder = kBlank;
   workorder.Customer.Put(customer::salesperson, "None");
   workorder.Vehicle.Put(vehicle::VLink, kNoLink);
 }

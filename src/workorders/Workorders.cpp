@@ -26,6 +26,21 @@ bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::i
   return openFiles[file].ReadAt(static_cast<std::uint64_t>(position), tag.Bytes()) < Length;
 }
 
+// Another copy that has just written its tag flushes the file, and has it alone for that moment.
+constexpr int kActiveTagTries = 20;
+constexpr std::int64_t kActiveTagPause = 100;  // milliseconds
+
+FileHandle OpenActiveTagFile(Environment& environment) {
+  for (int tries = 1;; ++tries) {
+    try {
+      return environment.openFiles.Open(kActiveTagFile, Access::Write, Deny::None);
+    } catch (const FileError& error) {
+      if (tries == kActiveTagTries || error.Number() != FileErrorNumber::PermissionDenied) throw;
+    }
+    environment.clock.Wait(kActiveTagPause);
+  }
+}
+
 }  // namespace
 
 void Workorders::Clear() {
@@ -169,7 +184,8 @@ void Workorders::WriteActiveWoTag() {
   tag.Put(wotag::TaxExempt, owner.View(customer::tax_id_number).empty() ? 0 : 1);
   std::copy(Current.Totals.Bytes().begin(), Current.Totals.Bytes().end(), tag.Bytes().begin() + wotag::Totals.offset);
   PutText(tag, wotag::FileName, FileNameOf(Current.WorkorderNumber));
-  OpenedFile file(environment_.openFiles, kActiveTagFile, Access::Write, Deny::None);
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(OpenActiveTagFile(environment_));
   file->Append(tag.Bytes(), ActiveWoTag::kLength);
   file.Close();
   environment_.files.FlushFile(std::string(kActiveTagFile));

@@ -19,8 +19,7 @@ void Try(std::string_view bytes) {
       if (!workorders.GetArchWo(number, offset)) continue;
       Require(workorders.Current.WorkorderNumber == number);
       SeeWorkorder(workorders.Current);
-      WorkorderLines(workorders.Current,
-                     {shop.environment.shopOptions, records.checkList, shop.environment.Today()});
+      WorkorderLines(workorders.Current, {shop.environment.shopOptions, records.checkList, shop.environment.Today()});
     }
     workorders.GetArchWo(4600, offset + 1);
   }

@@ -72,9 +72,8 @@ TEST(SharedFileAppend, ThreadsLoseNothing) {
   {
     std::vector<std::jthread> threads;
     for (int writer = 0; writer < kWriters; ++writer) {
-      threads.emplace_back([&, writer] {
-        results[static_cast<std::size_t>(writer)] = AppendAll(shop / "TQOPENWO.DAT", writer, true);
-      });
+      threads.emplace_back(
+          [&, writer] { results[static_cast<std::size_t>(writer)] = AppendAll(shop / "TQOPENWO.DAT", writer, true); });
     }
   }
   EXPECT_EQ(results, std::vector<int>(kWriters, 0));
@@ -108,7 +107,6 @@ TEST(SharedFileAppend, WorksUnderAnOpenThatDeniesAllOthers) {
   EXPECT_EQ(shop.Content("A.DAT"), "xy");
 }
 
-// One who waits for a turn gets it as soon as the other is through, be it that the other ends without closing.
 TEST(SharedFileAppend, AFailedAppendLeavesTheTurnToOthersAndNoHalfRecord) {
   const ScratchDirectory shop;
   EXPECT_EQ(InChild([&] {

@@ -42,14 +42,14 @@ TEST_F(GetLaborCostTest, TheWageOfEachPayPeriod) {
   EXPECT_EQ(HourlyWage(Hourly(1850)), 1850);
   EXPECT_EQ(HourlyWage(Hourly(1850, 0)), 0) << "not paid by the hour";
   EXPECT_EQ(HourlyWage(Hourly(1850, 255)), 1850);
-  EXPECT_EQ(HourlyWage(Salaried(1, 80000)), 2000);     // a week of 40 hours
-  EXPECT_EQ(HourlyWage(Salaried(2, 160000)), 2000);    // two weeks
-  EXPECT_EQ(HourlyWage(Salaried(3, 173333)), 2000);    // half a month: 173333 / 86.667 is 1999.996
-  EXPECT_EQ(HourlyWage(Salaried(4, 346667)), 2000);    // a month: 346667 / 173.333 is 2000.002
-  EXPECT_EQ(HourlyWage(Salaried(5, 1040000)), 2000);   // a quarter of 520 hours
-  EXPECT_EQ(HourlyWage(Salaried(6, 2080000)), 2000);   // half a year
-  EXPECT_EQ(HourlyWage(Salaried(7, 4160000)), 2000);   // a year of 2080 hours
-  EXPECT_EQ(HourlyWage(Salaried(8, 16000)), 2000);     // a day of 8 hours
+  EXPECT_EQ(HourlyWage(Salaried(1, 80000)), 2000);    // a week of 40 hours
+  EXPECT_EQ(HourlyWage(Salaried(2, 160000)), 2000);   // two weeks
+  EXPECT_EQ(HourlyWage(Salaried(3, 173333)), 2000);   // half a month: 173333 / 86.667 is 1999.996
+  EXPECT_EQ(HourlyWage(Salaried(4, 346667)), 2000);   // a month: 346667 / 173.333 is 2000.002
+  EXPECT_EQ(HourlyWage(Salaried(5, 1040000)), 2000);  // a quarter of 520 hours
+  EXPECT_EQ(HourlyWage(Salaried(6, 2080000)), 2000);  // half a year
+  EXPECT_EQ(HourlyWage(Salaried(7, 4160000)), 2000);  // a year of 2080 hours
+  EXPECT_EQ(HourlyWage(Salaried(8, 16000)), 2000);    // a day of 8 hours
   EXPECT_EQ(HourlyWage(Salaried(9, 16000)), 0);
   EXPECT_EQ(HourlyWage(Salaried(255, 16000)), 0);
 }

@@ -4,8 +4,8 @@
 namespace lantos::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::Each;
+using testing::ElementsAre;
 using Text = std::vector<std::string>;
 
 class WorkorderReaderTest : public WorkorderBench {
@@ -36,8 +36,8 @@ TEST_F(WorkorderReaderTest, AWorkOrderWithNoPartsHoldsOnlyTheSentinel) {
 }
 
 TEST_F(WorkorderReaderTest, EveryListEndsInItsSentinel) {
-  const Workorder workorder = ReadBack({"[Parts]", "A", "", "[Labor]", "1", "", "[Sublets]", "A", "", "[Waste]", "A", "",
-                                        "[Credits]", "1", ""});
+  const Workorder workorder = ReadBack(
+      {"[Parts]", "A", "", "[Labor]", "1", "", "[Sublets]", "A", "", "[Waste]", "A", "", "[Credits]", "1", ""});
   ASSERT_EQ(workorder.Parts.Size(), 2u);
   EXPECT_EQ(workorder.Parts[1].PartNumber, "done");
   EXPECT_EQ(workorder.Labor[1].Desc[0], "done");
@@ -182,17 +182,17 @@ TEST_F(WorkorderReaderTest, CustomerTextsAreCutToTheirFields) {
 }
 
 TEST_F(WorkorderReaderTest, TheVehicleByItsKeys) {
-  const Workorder workorder = ReadSection(
-      "[Vehicle]", {"Year=1998", "Make=Ford", "Model=Crown Victoria", "Engine=4.6L", "Transmission=AUTO", "VIN=2FAFP7",
-                    "LicenseNumber=CAB 1", "State=OH", "Mileage=188000", "Date=09/30/2003", "VComment1=one",
-                    "VComment2=two", "VComment3=three", "VComment4=" + std::string(70, '4'), "OrigMileage=40000",
-                    "OrigDate="});
+  const Workorder workorder =
+      ReadSection("[Vehicle]", {"Year=1998", "Make=Ford", "Model=Crown Victoria", "Engine=4.6L", "Transmission=AUTO",
+                                "VIN=2FAFP7", "LicenseNumber=CAB 1", "State=OH", "Mileage=188000", "Date=09/30/2003",
+                                "VComment1=one", "VComment2=two", "VComment3=three",
+                                "VComment4=" + std::string(70, '4'), "OrigMileage=40000", "OrigDate="});
   VehicleRecord expected;
   const std::pair<TextField, std::string> texts[] = {
-      {vehicle::Year, "1998"},           {vehicle::Make, "Ford"},          {vehicle::Model, "Crown Victoria"},
-      {vehicle::EngineSize, "4.6L"},     {vehicle::Transmission, "AUTO"},  {vehicle::VIN, "2FAFP7"},
-      {vehicle::LicenseNumber, "CAB 1"}, {vehicle::State, "OH"},           {vehicle::VComment[0], "one"},
-      {vehicle::VComment[1], "two"},     {vehicle::VComment[2], "three"},  {vehicle::VComment[3], std::string(65, '4')}};
+      {vehicle::Year, "1998"},           {vehicle::Make, "Ford"},         {vehicle::Model, "Crown Victoria"},
+      {vehicle::EngineSize, "4.6L"},     {vehicle::Transmission, "AUTO"}, {vehicle::VIN, "2FAFP7"},
+      {vehicle::LicenseNumber, "CAB 1"}, {vehicle::State, "OH"},          {vehicle::VComment[0], "one"},
+      {vehicle::VComment[1], "two"},     {vehicle::VComment[2], "three"}, {vehicle::VComment[3], std::string(65, '4')}};
   for (const auto& [field, text] : texts) expected.Put(field, text);
   expected.Put(vehicle::Mileage, 188000);
   expected.Put(vehicle::Date, kToday);
@@ -229,8 +229,7 @@ TEST_F(WorkorderReaderTest, ALineOfLabor) {
 TEST_F(WorkorderReaderTest, ALineOfLaborWithDateAndRepairCode) {
   Options().LaborDateOption = true;
   Options().RepairCodeOption = true;
-  const WoLaborLine line =
-      ReadLabor("09/30/2003" + figures + "1\t2\t3\t4\t5\t6\t7\t8\t0      \t0    \t       \tTB1 x");
+  const WoLaborLine line = ReadLabor("09/30/2003" + figures + "1\t2\t3\t4\t5\t6\t7\t8\t0      \t0    \t       \tTB1 x");
   EXPECT_EQ(line.Date, "09/30/2003");
   EXPECT_EQ(line.Mechanic, 12);
   EXPECT_EQ(line.Total, 16250);
@@ -297,7 +296,8 @@ TEST_F(WorkorderReaderTest, ExtraLines) {
 }
 
 TEST_F(WorkorderReaderTest, Credits) {
-  const Workorder workorder = ReadSection("[Credits]", {"1500        Coupon\t\tspring", "-5", "7           a\tb\tc\td\te"});
+  const Workorder workorder =
+      ReadSection("[Credits]", {"1500        Coupon\t\tspring", "-5", "7           a\tb\tc\td\te"});
   ASSERT_EQ(workorder.Credits.Size(), 4u);
   EXPECT_EQ(workorder.Credits[0].Amount, 1500);
   EXPECT_THAT(workorder.Credits[0].Text, ElementsAre("Coupon", "", "spring", ""));
@@ -325,8 +325,8 @@ TEST_F(WorkorderReaderTest, NotesBeyondTheThirtiethArePassedOver) {
 }
 
 TEST_F(WorkorderReaderTest, ASectionThatComesAgainIsReadFromItsFirstEntry) {
-  const Workorder workorder = ReadBack({"[Parts]", "A", "B", "", "[Notes]", "one", "two", "", "[Parts]", "C", "",
-                                        "[Notes]", "three", ""});
+  const Workorder workorder =
+      ReadBack({"[Parts]", "A", "B", "", "[Notes]", "one", "two", "", "[Parts]", "C", "", "[Notes]", "three", ""});
   ASSERT_EQ(workorder.Parts.Size(), 2u);
   EXPECT_EQ(workorder.Parts[0].PartNumber, "C");
   EXPECT_EQ(workorder.Notes[0][0], "three");
@@ -372,8 +372,8 @@ TEST_F(CheckListReader, ANameThatIsNotThereIsToldAndSkipped) {
 }
 
 TEST_F(CheckListReader, RunsOverEmptyLinesToTheEndOrTheNextWorkOrder) {
-  const Workorder workorder = ReadBack({"[Check List]", "Oil,a,", "", "Belts,b,", "[Workorder]", "WorkorderNumber=7",
-                                        "", "[Parts]", "A", ""});
+  const Workorder workorder =
+      ReadBack({"[Check List]", "Oil,a,", "", "Belts,b,", "[Workorder]", "WorkorderNumber=7", "", "[Parts]", "A", ""});
   EXPECT_THAT(Marked(), ElementsAre("Oil=a|", "Belts=b|"));
   EXPECT_EQ(workorder.WorkorderNumber, 7);
   EXPECT_EQ(workorder.Parts.Size(), 2u);

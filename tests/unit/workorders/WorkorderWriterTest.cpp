@@ -53,13 +53,12 @@ TEST_F(WorkorderWriter, TheHeader) {
 
 TEST_F(WorkorderWriter, EveryTotalStandsInItsPlaceAndZerosAreLeftOut) {
   WoTotals& totals = workorder.Totals;
-  const LongField fields[] = {wototals::DateOpen,    wototals::DateClosed,  wototals::DatePaid,
-                              wototals::TaxRate[0],  wototals::TaxRate[1],  wototals::TaxRate[2],
-                              wototals::TaxRate[3],  wototals::Cost[0],     wototals::Cost[1],
-                              wototals::Subtotal[0], wototals::Subtotal[1], wototals::Subtotal[7],
-                              wototals::Discount[0], wototals::Discount[1], wototals::Discount[2],
-                              wototals::Discount[3], wototals::DollarDiscount, wototals::WorkorderTax,
-                              wototals::WorkorderTotal};
+  const LongField fields[] = {
+      wototals::DateOpen,       wototals::DateClosed,   wototals::DatePaid,      wototals::TaxRate[0],
+      wototals::TaxRate[1],     wototals::TaxRate[2],   wototals::TaxRate[3],    wototals::Cost[0],
+      wototals::Cost[1],        wototals::Subtotal[0],  wototals::Subtotal[1],   wototals::Subtotal[7],
+      wototals::Discount[0],    wototals::Discount[1],  wototals::Discount[2],   wototals::Discount[3],
+      wototals::DollarDiscount, wototals::WorkorderTax, wototals::WorkorderTotal};
   for (std::int32_t i = 0; i < static_cast<std::int32_t>(std::size(fields)); ++i) {
     totals.Put(fields[i], i < 3 ? kToday + i : 101 + i);
   }
@@ -74,21 +73,20 @@ TEST_F(WorkorderWriter, EveryTotalStandsInItsPlaceAndZerosAreLeftOut) {
   workorder.Credits.Add({9, {"E"}});
   EXPECT_THAT(Section("[Totals]"),
               ElementsAre("DateOpen=09/30/2003", "DateClosed=10/01/2003", "DatePaid=10/02/2003", "PartsTaxRate=104",
-                          "LaborTaxRate=105", "SubletTaxRate=106", "WasteTaxRate=107", "PartsCost=108",
-                          "LaborCost=109", "SubletCost=1", "NonTaxSubletCost=3", "WasteCost=5", "NonTaxWasteCost=7",
-                          "PartsSubtotal=110", "LaborSubtotal=111", "SubletSubtotal=2", "NonTaxSubletSubtotal=4",
-                          "WasteSubtotal=6", "NonTaxWasteSubtotal=8", "CreditSubtotal=9", "FuelSubtotal=112",
-                          "PartsDiscount=113", "LaborDiscount=114", "SubletDiscount=115", "WasteDiscount=116",
-                          "DollarDiscount=117", "WorkorderTax=-100000000", "WorkorderTotal=119",
-                          "PaymentMethod=MasterCd", "PaymentComment=half now"));
+                          "LaborTaxRate=105", "SubletTaxRate=106", "WasteTaxRate=107", "PartsCost=108", "LaborCost=109",
+                          "SubletCost=1", "NonTaxSubletCost=3", "WasteCost=5", "NonTaxWasteCost=7", "PartsSubtotal=110",
+                          "LaborSubtotal=111", "SubletSubtotal=2", "NonTaxSubletSubtotal=4", "WasteSubtotal=6",
+                          "NonTaxWasteSubtotal=8", "CreditSubtotal=9", "FuelSubtotal=112", "PartsDiscount=113",
+                          "LaborDiscount=114", "SubletDiscount=115", "WasteDiscount=116", "DollarDiscount=117",
+                          "WorkorderTax=-100000000", "WorkorderTotal=119", "PaymentMethod=MasterCd",
+                          "PaymentComment=half now"));
 }
 
 TEST_F(WorkorderWriter, AStoredDateBelow693975IsTakenAsAPlainSerial) {
   workorder.Totals.Put(wototals::DateOpen, 37894);
   workorder.Totals.Put(wototals::DateClosed, -1);
   workorder.Totals.Put(wototals::DatePaid, 693975);
-  EXPECT_THAT(Section("[Totals]"),
-              ElementsAre("DateOpen=09/30/2003", "DatePaid=12/31/1899", "PaymentMethod=        "));
+  EXPECT_THAT(Section("[Totals]"), ElementsAre("DateOpen=09/30/2003", "DatePaid=12/31/1899", "PaymentMethod=        "));
 }
 
 TEST_F(WorkorderWriter, APaymentMethodIsPaddedToEight) {
@@ -107,7 +105,7 @@ TEST_F(WorkorderWriter, ASplitHasTenRowsOfWhichTheFirstIsWrittenInFull) {
   totals.Put(wototals::SplitDate(1), kToday - 1);
   totals.Put(wototals::SplitType(9), 3);
   totals.Put(wototals::SplitAmount(9), -5);
-  Text expected = {"PaymentMethod=Split   ", "SplitType1=        ", "SplitAmount1=0",   "SplitDate1=09/30/2003",
+  Text expected = {"PaymentMethod=Split   ", "SplitType1=        ", "SplitAmount1=0",       "SplitDate1=09/30/2003",
                    "SplitType2=Check   ",    "SplitAmount2=728",    "SplitDate2=09/29/2003"};
   for (const char* row : {"3", "4", "5", "6", "7", "8", "9"}) {
     expected.push_back(std::string("SplitType") + row + "=        ");
@@ -129,18 +127,27 @@ TEST_F(WorkorderWriter, NoRowsOfASplitWithoutThatMethod) {
 TEST_F(WorkorderWriter, TheCustomer) {
   CustomerRecord& record = workorder.Customer;
   record.Put(customer::Number, 1002);
-  const std::pair<TextField, const char*> texts[] = {
-      {customer::Lastname, " Adams "},      {customer::Firstname, "John"},        {customer::Spouse, "Mary"},
-      {customer::SpouseLast, "Lee"},        {customer::Address, "1 First Street"}, {customer::City, "Springfield"},
-      {customer::State, "OH"},              {customer::Zip, "45501"},             {customer::HomePhone, "937-555-0101"},
-      {customer::WorkPhone, "937-555-0102"}, {customer::WorkExt, "12"},            {customer::OtherPhone, "none"},
-      {customer::tax_id_number, "EX-1"},    {customer::Comment, "not written"},   {customer::salesperson, "Bob"}};
+  const std::pair<TextField, const char*> texts[] = {{customer::Lastname, " Adams "},
+                                                     {customer::Firstname, "John"},
+                                                     {customer::Spouse, "Mary"},
+                                                     {customer::SpouseLast, "Lee"},
+                                                     {customer::Address, "1 First Street"},
+                                                     {customer::City, "Springfield"},
+                                                     {customer::State, "OH"},
+                                                     {customer::Zip, "45501"},
+                                                     {customer::HomePhone, "937-555-0101"},
+                                                     {customer::WorkPhone, "937-555-0102"},
+                                                     {customer::WorkExt, "12"},
+                                                     {customer::OtherPhone, "none"},
+                                                     {customer::tax_id_number, "EX-1"},
+                                                     {customer::Comment, "not written"},
+                                                     {customer::salesperson, "Bob"}};
   for (const auto& [field, text] : texts) record.Put(field, text);
-  EXPECT_THAT(Section("[Customer]"),
-              ElementsAre("CustomerNumber=1002", "Lastname=Adams", "Firstname=John", "Spouse=Mary",
-                          "SpouseLastname=Lee", "Address=1 First Street", "City=Springfield", "State=OH", "Zip=45501",
-                          "Phone1=937-555-0101", "Phone2=937-555-0102", "Phone2ext=12", "Phone3=none",
-                          "TaxIDNumber=EX-1", "Salesperson=Bob"));
+  EXPECT_THAT(
+      Section("[Customer]"),
+      ElementsAre("CustomerNumber=1002", "Lastname=Adams", "Firstname=John", "Spouse=Mary", "SpouseLastname=Lee",
+                  "Address=1 First Street", "City=Springfield", "State=OH", "Zip=45501", "Phone1=937-555-0101",
+                  "Phone2=937-555-0102", "Phone2ext=12", "Phone3=none", "TaxIDNumber=EX-1", "Salesperson=Bob"));
   record = {};
   record.Put(customer::City, std::string_view("  \0old", 6));
   record.Put(customer::Number, 1234567);
@@ -150,10 +157,10 @@ TEST_F(WorkorderWriter, TheCustomer) {
 TEST_F(WorkorderWriter, TheVehicle) {
   VehicleRecord& record = workorder.Vehicle;
   const std::pair<TextField, const char*> texts[] = {
-      {vehicle::Year, "1998"},         {vehicle::Make, "Ford"},          {vehicle::Model, "Crown Victoria"},
-      {vehicle::EngineSize, "4.6L"},   {vehicle::Transmission, "AUTO"},  {vehicle::VIN, "2FAFP71W0WX100001"},
-      {vehicle::LicenseNumber, "CAB 1"}, {vehicle::State, "OH"},         {vehicle::VComment[0], "one"},
-      {vehicle::VComment[1], "two"},   {vehicle::VComment[2], "three"},  {vehicle::VComment[3], "four"}};
+      {vehicle::Year, "1998"},           {vehicle::Make, "Ford"},         {vehicle::Model, "Crown Victoria"},
+      {vehicle::EngineSize, "4.6L"},     {vehicle::Transmission, "AUTO"}, {vehicle::VIN, "2FAFP71W0WX100001"},
+      {vehicle::LicenseNumber, "CAB 1"}, {vehicle::State, "OH"},          {vehicle::VComment[0], "one"},
+      {vehicle::VComment[1], "two"},     {vehicle::VComment[2], "three"}, {vehicle::VComment[3], "four"}};
   for (const auto& [field, text] : texts) record.Put(field, text);
   record.Put(vehicle::Mileage, 188000);
   record.Put(vehicle::Date, kToday);
@@ -193,25 +200,24 @@ TEST_F(WorkorderWriter, Parts) {
   workorder.Parts.Add({"123456789012345678901", "1234567890123456789012345678901234567890", -9999, -2147483647, 1, 0});
   workorder.Parts.Add({" done ", "", 1, 1, 1, 1});
   workorder.Parts.Add({"BEHIND", "", 1, 1, 1, 1});
-  EXPECT_THAT(Section("[Parts]"),
-              ElementsAre("PF47                "
-                          "OIL FILTER                            "
-                          "    2"
-                          "         310"
-                          "         699"
-                          "         750",
-                          "X                   "
-                          "                                      "
-                          "     "
-                          "            "
-                          "            "
-                          "            ",
-                          "12345678901234567890"
-                          "12345678901234567890123456789012345678"
-                          "-9999"
-                          " -2147483647"
-                          "           1"
-                          "            "));
+  EXPECT_THAT(Section("[Parts]"), ElementsAre("PF47                "
+                                              "OIL FILTER                            "
+                                              "    2"
+                                              "         310"
+                                              "         699"
+                                              "         750",
+                                              "X                   "
+                                              "                                      "
+                                              "     "
+                                              "            "
+                                              "            "
+                                              "            ",
+                                              "12345678901234567890"
+                                              "12345678901234567890123456789012345678"
+                                              "-9999"
+                                              " -2147483647"
+                                              "           1"
+                                              "            "));
 }
 
 class LaborWriter : public WorkorderWriter {
@@ -279,13 +285,14 @@ TEST_F(LaborWriter, ARepairCodeStandsBehindAll) {
 TEST_F(LaborWriter, HoursOfZeroPrintAsTwelveBlanks) {
   line = {};
   line.Desc[0] = "COURTESY CHECK";
-  EXPECT_EQ(Row(), "000000"
-                   "            "
-                   "            "
-                   "           0"
-                   "            "
-                   "COURTESY CHECK\t\t\t\t\t\t\t\t"
-                   "0      \t0    \t       ");
+  EXPECT_EQ(Row(),
+            "000000"
+            "            "
+            "            "
+            "           0"
+            "            "
+            "COURTESY CHECK\t\t\t\t\t\t\t\t"
+            "0      \t0    \t       ");
 }
 
 TEST_F(LaborWriter, RemovedAndBlankEntriesAreLeftOut) {

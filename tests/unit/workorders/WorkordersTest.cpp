@@ -70,8 +70,8 @@ TEST_F(GetCurrWoRecTest, AMissingFileIsAskedForUntilTheOperatorSkipsIt) {
   EXPECT_FALSE(workorders.GetCurrWoRec());
   ASSERT_EQ(desktop.boxes.size(), 2u);
   for (const ui::Box& box : desktop.boxes) {
-    ExpectBox(box, "GetCurrWoRec(W0004711.tqa)",
-              "File not found: \rClick Retry to try again, or Cancel to skip.", Buttons::RetryCancel, Icon::None);
+    ExpectBox(box, "GetCurrWoRec(W0004711.tqa)", "File not found: \rClick Retry to try again, or Cancel to skip.",
+              Buttons::RetryCancel, Icon::None);
   }
   EXPECT_EQ(Told(Current()), Told(Cleared())) << "cleared before it is looked for";
   EXPECT_FALSE(Checks().ChecklistLoaded);
@@ -232,8 +232,8 @@ TEST_F(GetArchWoTest, TheNextLineMayStandBehindTheHeading) {
 }
 
 TEST_F(GetArchWoTest, TheNumberNeedNotBeTheFirstKey) {
-  const FileLink offset = PutArchive({{"[Workorder]Type=Sales", "Status=PAID", "WorkorderNumber=004710", "Pricing=Cost",
-                                       "", "[Parts]", "A", ""}}, 0);
+  const FileLink offset = PutArchive(
+      {{"[Workorder]Type=Sales", "Status=PAID", "WorkorderNumber=004710", "Pricing=Cost", "", "[Parts]", "A", ""}}, 0);
   ASSERT_TRUE(workorders.GetArchWo(4710, offset));
   EXPECT_EQ(Current().Pricing, "Cost");
   EXPECT_EQ(Current().Status, "") << "what stands ahead of the number was walked over";
@@ -398,15 +398,24 @@ TYPED_TEST(TagReading, APositionWithinTheFirstTagIsToldAndStillRead) {
   this->environment.openFiles.CloseFile(file);
 }
 
-TYPED_TEST(TagReading, AFileOfLengthZeroEndsAtTheFirstStep) {
-  using Of = Reading<TypeParam>;
-  this->Put(Of::kName, "");
-  FileHandle file = Of::Open(this->workorders);
-  TypeParam tag;
-  const auto length = static_cast<std::int64_t>(this->environment.openFiles[file].Length());
-  EXPECT_TRUE(Of::Read(this->workorders, file, length - static_cast<std::int64_t>(TypeParam::kLength), tag));
-  EXPECT_TRUE(this->desktop.boxes.empty());
-  this->environment.openFiles.CloseFile(file);
+TEST_F(WorkordersTest, AFileOfActiveTagsOfLengthZeroEndsAtTheFirstStep) {
+  Put(kActiveTagFile, "");
+  FileHandle file = workorders.OpenActiveWOForReading();
+  ActiveWoTag tag;
+  EXPECT_TRUE(workorders.ReadActiveWO(file, -302, tag));
+  EXPECT_EQ(environment.openFiles[file].Length(), 0u);
+  EXPECT_TRUE(desktop.boxes.empty());
+  environment.openFiles.CloseFile(file);
+}
+
+TEST_F(WorkordersTest, AFileOfArchivedTagsOfLengthZeroEndsAtTheFirstStep) {
+  Put(kArchivedTagFile, "");
+  FileHandle file = workorders.OpenArchWOForReading("");
+  ArchivedWoTag tag;
+  EXPECT_TRUE(workorders.ReadArchWO(file, -290, tag));
+  EXPECT_EQ(environment.openFiles[file].Length(), 0u);
+  EXPECT_TRUE(desktop.boxes.empty());
+  environment.openFiles.CloseFile(file);
 }
 
 TYPED_TEST(TagReading, ReadersShareTheFile) {
@@ -421,11 +430,12 @@ TEST_F(WorkordersTest, TheArchivedTagFileIsOpenedThroughItsBookkeeping) {
   FileHandle file = workorders.OpenArchWOForReading("");
   FileHandle again = workorders.OpenArchWOForReading("History");
   environment.openFiles.CloseFile(again);
-  EXPECT_THAT(Log(), testing::HasSubstr("Archived WO Tag File Pointer = 2 requested by Workorders.OpenArchWOForReading\n"
-                                        "History: TQINCTAG already open\n"
-                                        "Archived Wo Tag File pointer = 2 Closed.\n"
-                                        "Archived WO Tag File Pointer = 2 requested by History\n"
-                                        "Archived Wo Tag File pointer = 2 Closed.\n"));
+  EXPECT_THAT(Log(),
+              testing::HasSubstr("Archived WO Tag File Pointer = 2 requested by Workorders.OpenArchWOForReading\n"
+                                 "History: TQINCTAG already open\n"
+                                 "Archived Wo Tag File pointer = 2 Closed.\n"
+                                 "Archived WO Tag File Pointer = 2 requested by History\n"
+                                 "Archived Wo Tag File pointer = 2 Closed.\n"));
   EXPECT_EQ(file, 2);
 }
 

@@ -1,0 +1,160 @@
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+
+#include "bench/BoardBench.h"
+#include "bench/PlainEngine.h"
+#include "workorders/Workorders.h"
+
+// An estimate of 50 lines, 20 of them stock parts, becomes a work order: from the confirmation to the message that
+// names it. Plain is the same opens, reads, writes and flushes, made bare, and the same statements.
+namespace lantos::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::int32_t kEstimate = 1001;
+constexpr int kStockParts = 20;
+constexpr int kLaborLines = 30;
+
+double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
+
+void FillEstimate(Board& board) {
+  Inventory& inventory = board.world.records.inventory;
+  Engine& engine = board.database.lantosData.Connection();
+  const std::string key = " where EstimateNumber = " + std::to_string(kEstimate);
+  for (const char* table : {"Parts", "Labors", "Sublets", "Waste", "Notes"}) {
+    engine.Run("delete from " + std::string(table) + key, {});
+  }
+  for (Inventory::PartIndex i = 0; i < kStockParts; ++i) {
+    board.database.lantosData.AddPartRow(
+        kEstimate, {inventory.Tag(i * 7).Get(inventorytag::StockNumber), "PART", 1, 4200, 4200, 2100, 4500});
+  }
+  for (int i = 0; i < kLaborLines; ++i) {
+    board.database.lantosData.AddLabor(kEstimate, i + 1, "REPLACE FRONT BRAKE PADS\tROAD TEST\t\t\t\t\t\t", 100, 8500,
+                                       8500, 3);
+  }
+}
+
+// All tags at once, as the background load leaves them.
+void LoadInventory(World& world) {
+  Inventory& inventory = world.records.inventory;
+  inventory.SizeArrays();
+  SharedFile file(world.environment.files.PathOf(kInventoryTagFile), Access::Read, Deny::None);
+  InventoryTag tag;
+  for (std::uint64_t offset = 0; offset < file.Length(); offset += InventoryTag::kLength) {
+    file.ReadAt(offset, tag.Bytes());
+    inventory.AppendTag(tag);
+  }
+}
+
+void Convert(benchmark::State& state) {
+  Board board(FullDayShop());
+  LoadInventory(board.world);
+  FillEstimate(board);
+  frmMain& window = *board.window;
+  ui::ListBox& day = window.List1[static_cast<std::size_t>(2)];
+  Clock::time_point start, end;
+  board.world.desktop.atForm = [](ui::Form& form) { form.Hide(); };
+  board.world.desktop.atBox = [&](const ui::Box& box) {
+    if (box.text.starts_with("Vehicle update")) start = Clock::now();
+    if (box.text.starts_with("Estimate # ")) end = Clock::now();
+    return box.buttons != ui::Buttons::YesNo ? ui::Answer::Ok
+           : box.text.starts_with("Change status") ? ui::Answer::No
+                                                   : ui::Answer::Yes;
+  };
+  for (auto _ : state) {
+    day.DoSelect(day.FindData(kEstimate));
+    window.cmdConvert.OnClick();
+    state.SetIterationTime(Seconds(end - start));
+  }
+}
+
+class PlainFiles {
+ public:
+  explicit PlainFiles(std::filesystem::path directory) : directory_(std::move(directory)) {}
+
+  void Read(const char* name, off_t offset, std::size_t length) {
+    const int file = Open(name, O_RDONLY);
+    if (::pread(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("read");
+    Close(file);
+  }
+  void Write(std::string_view name, off_t offset, std::size_t length) {
+    const int file = Open(name, O_RDWR | O_CREAT);
+    if (offset < 0) offset = ::lseek(file, 0, SEEK_END);
+    if (::pwrite(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("write");
+    Close(file);
+  }
+  void Flush(std::string_view name) {
+    const int file = Open(name, O_RDWR);
+    ::fsync(file);
+    ::close(file);  // the run log doesn't tell of flushes
+  }
+
+ private:
+  int Open(std::string_view name, int flags) {
+    const int file = ::open((directory_ / name).c_str(), flags | O_CLOEXEC, 0644);
+    if (file < 0) throw std::runtime_error("open");
+    return file;
+  }
+  // Each file that is closed leaves a line in the run log.
+  void Close(int file) {
+    ::close(file);
+    if (::pwrite(log_, bytes_.data(), kLogLine, logEnd_) < 0) throw std::runtime_error("log");
+    logEnd_ += kLogLine;
+  }
+  static constexpr off_t kLogLine = 64;
+  std::filesystem::path directory_;
+  std::array<char, 8192> bytes_{};
+  int log_ = ::open((directory_ / "PLAIN.LOG").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  off_t logEnd_ = 0;
+};
+
+void RunBare(benchmark::State& state) {
+  const std::filesystem::path directory = FullDayShop();
+  PlainFiles files(directory);
+  PlainEngine engine(directory / "Lantos.mdb");
+  const std::string key = " where EstimateNumber = " + std::to_string(kEstimate);
+  std::vector<sqlite3_stmt*> reads;
+  for (const char* table : {"Parts", "Labors", "Sublets", "Waste", "Notes"}) {
+    reads.push_back(engine.Prepare(("select * from " + std::string(table) + key).c_str()));
+  }
+  sqlite3_stmt* vehicle = engine.Prepare(("update Estimates set VehYear = VehYear" + key).c_str());
+  sqlite3_stmt* comments = engine.Prepare(("update Estimates set Comments = 'Workorder # 012001'" + key).c_str());
+  for (auto _ : state) {
+    const Clock::time_point start = Clock::now();
+    files.Read("TQVEHICL.DAT", 0, 397);
+    files.Write("TQVEHICL.DAT", 0, 397);
+    files.Flush("TQVEHICL.DAT");
+    engine.Run(vehicle);
+    files.Read("TQSYSTEM.DAT", 0, 1038);
+    files.Write("TQSYSTEM.DAT", 0, 1038);
+    for (sqlite3_stmt* read : reads) engine.Run(read);
+    for (int i = 0; i < kStockParts; ++i) {
+      files.Read("TQINVTAG.DAT", i * 7 * 128, 128);
+      files.Write("TQINVTAG.DAT", i * 7 * 128, 128);
+      files.Read("TQINVENT.DAT", i * 7 * 344, 344);
+      files.Write("TQINVENT.DAT", i * 7 * 344, 344);
+      files.Write("TQUSEHST.DAT", -1, 76);
+      files.Flush("TQUSEHST.DAT");
+    }
+    files.Write("TQOPENWO.DAT", -1, 302);
+    files.Flush("TQOPENWO.DAT");
+    files.Write("TQINCTAG.DAT", -1, 290);
+    files.Flush("TQINCTAG.DAT");
+    files.Write("W0999999.tqa", 0, 6000);
+    engine.Run(comments);
+    state.SetIterationTime(Seconds(Clock::now() - start));
+  }
+}
+
+BENCHMARK(Convert)->Name("Conversion")->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(RunBare)->Name("Conversion/plain")->Unit(benchmark::kMillisecond)->UseManualTime();
+
+}  // namespace
+
+}  // namespace lantos::bench

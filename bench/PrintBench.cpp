@@ -1,0 +1,93 @@
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QPicture>
+#include <QPrinter>
+
+#include "bench/BoardBench.h"
+#include "printing/WorksheetReport.h"
+#include "ui/WindowPlace.h"
+#include "ui/qt/ReportPainter.h"
+#include "ui/qt/ReportWindow.h"
+#include "ui/qt/Text.h"
+
+// A worksheet of 20 pages: composed, laid out and painted for the preview. Plain draws the same lines, page by page,
+// with nothing around them.
+namespace lantos::bench {
+
+namespace {
+
+constexpr std::int32_t kEstimate = 1002;
+constexpr std::int16_t kBlankLines = 215;  // for each of five jobs: 20 pages
+
+void NeedWindows() {
+  static int count = 1;
+  static char name[] = "lantos-bench";
+  static char platform[] = "QT_QPA_PLATFORM=offscreen";
+  static char* arguments[] = {name, nullptr};
+  static const bool set = ::putenv(platform) == 0;
+  static const QApplication application(count, arguments);
+  (void)set;
+}
+
+struct Worksheet {
+  Worksheet() {
+    NeedWindows();
+    world.environment.printOptions.BlankLinesPerLabor = kBlankLines;
+    world.environment.printOptions.PrintVehSummaryOnWorksheet = false;
+    board.database.estimates.LoadEstimate(kEstimate);
+  }
+  ui::Report Make() {
+    return WorksheetReport(world.environment, world.records, board.database, board.workorders).Make({});
+  }
+  Board board{FullDayShop()};
+  World& world = board.world;
+};
+
+// As the preview takes them: pictures of pages.
+void ComposeAndPreview(benchmark::State& state) {
+  Worksheet worksheet;
+  for (auto _ : state) {
+    const ui::Report report = worksheet.Make();
+    const ui::ReportPainter painter(report, ui::kLetterPaper);
+    if (painter.PageCount() != 20) {
+      state.SkipWithError(("not 20 pages: " + std::to_string(painter.PageCount())).c_str());
+      break;
+    }
+    for (std::size_t page = 0; page < painter.PageCount(); ++page) {
+      QPicture picture;
+      QPainter on(&picture);
+      painter.PaintPage(on, page);
+      on.end();
+      benchmark::DoNotOptimize(picture.size());
+    }
+  }
+}
+
+void DrawBare(benchmark::State& state) {
+  Worksheet worksheet;
+  const ui::Report report = worksheet.Make();
+  const ui::ReportLayout layout = ui::LayOut(report);
+  for (auto _ : state) {
+    for (const ui::ReportPage& page : layout.pages) {
+      QPicture picture;
+      QPainter on(&picture);
+      QFont font(QStringLiteral("Liberation Mono"));
+      font.setPixelSize(9);
+      on.setFont(font);
+      for (std::size_t i = 0; i < page.lineCount; ++i) {
+        on.drawText(QPointF(36, 160 + 10.0 * static_cast<double>(i)), ui::ToQt(report.lines[page.firstLine + i][0]));
+      }
+      on.end();
+      benchmark::DoNotOptimize(picture.size());
+    }
+  }
+}
+
+BENCHMARK(ComposeAndPreview)->Name("Worksheet")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(DrawBare)->Name("Worksheet/plain")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+
+}  // namespace lantos::bench
