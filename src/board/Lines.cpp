@@ -1,6 +1,7 @@
 #include "board/frmMain.h"
 #include "contents/Conversion.h"
 #include "contents/EstimateCommands.h"
+#include "frame/Text.h"
 
 // The commands on what an estimate holds, and what their editors see of the board.
 namespace lantos {
@@ -60,7 +61,9 @@ void frmMain::ConvertClick() {
 
 void frmMain::StoreComments(const std::string& comments) {
   txtComments.SetText(comments);
-  SaveComments();
+  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  savedComment_ = Trim(comments);
+  Current().Comments = comments;
 }
 
 void frmMain::AddScheduledHours(Hundredths hours) {

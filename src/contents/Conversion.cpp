@@ -8,6 +8,7 @@
 #include "contents/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
+#include "frame/FileError.h"
 #include "frame/Numbers.h"
 #include "frame/UpdateTurn.h"
 #include "masters/frmVehEdit.h"
@@ -21,6 +22,8 @@ namespace lantos {
 namespace {
 
 constexpr const char* kTitle = "Convert to WO";
+constexpr std::int64_t kTagPause = 20;  // milliseconds
+constexpr int kTagTries = 100;
 
 // Quantities of work orders and stock have 16 bits.
 std::int16_t Quantity16(std::int64_t value) {
@@ -258,7 +261,7 @@ void Conversion::TakeNotes() {
 }
 
 void Conversion::WriteFiles() {
-  workorders_.WriteActiveWoTag();
+  WriteActiveTag();
   Done("the tag in " + std::string(kActiveTagFile) + " was written");
   if (workorders_.WriteArchivedWoTag()) {
     Done("the tag in " + std::string(kArchivedTagFile) + " was written");
@@ -268,6 +271,18 @@ void Conversion::WriteFiles() {
   }
   workorders_.WriteWorkorderFile();
   Done("the work order was written to " + Workorders::FileNameOf(Order().WorkorderNumber));
+}
+
+// Another workstation that converts has the file to itself while its own tag is flushed to the disk.
+void Conversion::WriteActiveTag() {
+  for (int tries = 1;; ++tries) {
+    try {
+      return workorders_.WriteActiveWoTag();
+    } catch (const FileError& error) {
+      if (error.Number() != FileErrorNumber::PermissionDenied || tries == kTagTries) throw;
+    }
+    bench_.shop.environment.clock.Wait(kTagPause);
+  }
 }
 
 void Conversion::TellOfReorders() {

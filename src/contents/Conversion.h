@@ -36,6 +36,7 @@ class Conversion {
   void TakeExtras(Recordset& rows, WoLines<WoExtraLine>& lines);
   void TakeNotes();
   void WriteFiles();
+  void WriteActiveTag();
   void TellOfReorders();
   void MarkEstimate();
   void ChangeStatus();

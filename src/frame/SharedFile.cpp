@@ -77,6 +77,7 @@ off_t RandomSlot(const Claim& claim) {
 SharedFile::SharedFile(const std::filesystem::path& path, Access access, Deny deny, Absent absent) : SharedFile() {
   path_ = path;
   access_ = access;
+  alone_ = deny == Deny::All;
   const Claim claim = ClaimOf(access, deny);
   for (int i = 0; i < kReplacedTries; ++i) {
     descriptor_ = OpenDescriptor(path_, FlagsOf(access, deny), absent);
@@ -90,13 +91,19 @@ SharedFile::SharedFile(const std::filesystem::path& path, Access access, Deny de
 SharedFile::~SharedFile() { Release(); }
 
 SharedFile::SharedFile(SharedFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), access_(other.access_), path_(std::move(other.path_)) {}
+    : descriptor_(std::exchange(other.descriptor_, -1)),
+      access_(other.access_),
+      alone_(other.alone_),
+      aloneLength_(other.aloneLength_),
+      path_(std::move(other.path_)) {}
 
 SharedFile& SharedFile::operator=(SharedFile&& other) noexcept {
   if (this != &other) {
     Release();
     descriptor_ = std::exchange(other.descriptor_, -1);
     access_ = other.access_;
+    alone_ = other.alone_;
+    aloneLength_ = other.aloneLength_;
     path_ = std::move(other.path_);
   }
   return *this;
@@ -157,7 +164,8 @@ void SharedFile::WriteAt(std::uint64_t offset, std::span<const std::byte> bytes)
   RequireWritable();
   const auto what = [&] { return "writing " + path_.string() + " at " + std::to_string(offset); };
   if (offset > kLargestOffset || bytes.size() > kLargestOffset - offset) ThrowFileError(EINVAL, what());
-  const std::uint64_t lengthBefore = Length();
+  const std::uint64_t lengthBefore = alone_ && aloneLength_ >= 0 ? static_cast<std::uint64_t>(aloneLength_) : Length();
+  aloneLength_ = -1;
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t count = Uninterrupted([&] {
@@ -170,6 +178,7 @@ void SharedFile::WriteAt(std::uint64_t offset, std::span<const std::byte> bytes)
     }
     done += static_cast<std::size_t>(count);
   }
+  aloneLength_ = static_cast<std::int64_t>(std::max(lengthBefore, offset + bytes.size()));
 }
 
 std::uint64_t SharedFile::Append(std::span<const std::byte> bytes, std::uint64_t unit) {
@@ -209,6 +218,7 @@ void SharedFile::CutBack(std::uint64_t lengthBefore, std::uint64_t endOfWritten)
 
 void SharedFile::Truncate(std::uint64_t length) {
   RequireWritable();
+  aloneLength_ = -1;
   // A length beyond the system's offsets turns negative here, and is refused by the call.
   const int result = Uninterrupted([&] { return ::ftruncate(descriptor_, static_cast<off_t>(length)); });
   if (result != 0) ThrowFileError(errno, "cutting " + path_.string() + " to " + std::to_string(length));

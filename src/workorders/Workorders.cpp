@@ -27,18 +27,28 @@ bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::i
 }
 
 // Another copy that has just written its tag flushes the file, and has it alone for that moment.
-constexpr int kActiveTagTries = 20;
-constexpr std::int64_t kActiveTagPause = 100;  // milliseconds
+constexpr int kTagTries = 20;
+constexpr std::int64_t kTagPause = 100;  // milliseconds
 
-FileHandle OpenActiveTagFile(Environment& environment) {
+template <class Open>
+FileHandle OpenTags(Environment& environment, Open open) {
   for (int tries = 1;; ++tries) {
     try {
-      return environment.openFiles.Open(kActiveTagFile, Access::Write, Deny::None);
+      return open(environment.openFiles);
     } catch (const FileError& error) {
-      if (tries == kActiveTagTries || error.Number() != FileErrorNumber::PermissionDenied) throw;
+      if (tries == kTagTries || error.Number() != FileErrorNumber::PermissionDenied) throw;
     }
-    environment.clock.Wait(kActiveTagPause);
+    environment.clock.Wait(kTagPause);
   }
+}
+
+FileHandle OpenActiveTags(Environment& environment, Access access) {
+  return OpenTags(environment, [access](OpenFiles& files) { return files.Open(kActiveTagFile, access, Deny::None); });
+}
+
+FileHandle OpenArchivedTags(Environment& environment, std::string_view caller, Access access) {
+  return OpenTags(environment,
+                  [caller, access](OpenFiles& files) { return files.OpenArchivedTagFile(caller, access); });
 }
 
 }  // namespace
@@ -152,11 +162,11 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
 }
 
 FileHandle Workorders::OpenActiveWOForReading() {
-  return environment_.openFiles.Open(kActiveTagFile, Access::Read, Deny::None);
+  return OpenActiveTags(environment_, Access::Read);
 }
 
 FileHandle Workorders::OpenArchWOForReading(std::string_view caller) {
-  return environment_.openFiles.OpenArchivedTagFile(caller.empty() ? "Workorders.OpenArchWOForReading" : caller);
+  return OpenArchivedTags(environment_, caller.empty() ? "Workorders.OpenArchWOForReading" : caller, Access::Read);
 }
 
 bool Workorders::ReadActiveWO(FileHandle file, std::int64_t position, ActiveWoTag& tag) {
@@ -185,7 +195,7 @@ void Workorders::WriteActiveWoTag() {
   std::copy(Current.Totals.Bytes().begin(), Current.Totals.Bytes().end(), tag.Bytes().begin() + wotag::Totals.offset);
   PutText(tag, wotag::FileName, FileNameOf(Current.WorkorderNumber));
   OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenActiveTagFile(environment_));
+  file.TakeOver(OpenActiveTags(environment_, Access::Write));
   file->Append(tag.Bytes(), ActiveWoTag::kLength);
   file.Close();
   environment_.files.FlushFile(std::string(kActiveTagFile));
@@ -202,7 +212,7 @@ bool Workorders::WriteArchivedWoTag() {
   for (;;) {
     OpenedFile file(environment_.openFiles);
     try {
-      file.TakeOver(environment_.openFiles.OpenArchivedTagFile("Workorders.WriteArchivedWoTag", Access::ReadWrite));
+      file.TakeOver(OpenArchivedTags(environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
       environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) +
                              ")");
       file->Append(tag.Bytes());

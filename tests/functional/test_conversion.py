@@ -5,7 +5,7 @@ import os
 
 import pytest
 
-from boardlines import TODAY, row_of, shown_date, view_of
+from boardlines import TODAY, row_of, view_of
 from inventoryfiles import MASTER, MASTER_LENGTH, make_inventory, part, read_masters, read_tags
 from inventoryfiles import TAG as STOCK_TAG
 from inventoryfiles import TAG_LENGTH as STOCK_TAG_LENGTH
@@ -139,7 +139,7 @@ def fill_whole_estimate(shop):
     for table, key, rows in (
             ("Sublets", "SubletNumber", [("Towing Inc", "INV-1", 4000, 5000, "tow", "", "far", "", "Yes"),
                                          ("Glass Co", "", 1000, 1500, "pane", "", "", "", "No")]),
-            ("Waste", "WasteNumber", [("Waste Disposal Fee", "", 100, 250, "Disposal Fee for: OIL-1", "", "", "", "Yes"),
+            ("Waste", "WasteNumber", [("Disposal Fee", "", 100, 250, "for: OIL-1", "", "", "", "Yes"),
                                       ("Old tires", "W-7", 30, 75, "", "", "", "", "No")])):
         for i, (vendor, invoice, cost, price, *texts, taxable) in enumerate(rows):
             shop.add_row(table, EstimateNumber=900, **{key: i + 1}, VendorName=vendor, VendorInvoice=invoice,
@@ -156,7 +156,8 @@ def fill_whole_estimate(shop):
 def test_the_whole_work_order_byte_for_byte(start, shop):
     """Amounts worked out by hand. Parts: 175.00 + 66.00 + 12.99 + 2.02, tax 14.44 (14.4375) + 5.44 (5.445, to the even
     cent) + 1.07 + 0.17. Labor: 97.50 + 20.00 + 12.34, tax 5.61 + 1.15 + 0.71. Sublets 50.00 taxed 3.00; waste 2.50
-    taxed 0.15, at the rate of sublets. Cost of labor: 1.5 h x 24.50 + 5.5 % of 97.50, and 0.25 h of a month's 3466.67."""
+    taxed 0.15, at the rate of sublets. Cost of labor: 1.5 h x 24.50 + 5.5 % of 97.50, and 0.25 h of 3466.67 a
+    month."""
     fill_whole_estimate(shop)
     copy = begin(start, shop, PARTS, panel=4, usage=OLD_USAGE)
     before = {name: shop.path(name).read_bytes() for name in shop.names("TQ*")}
@@ -209,7 +210,7 @@ def test_the_whole_work_order_byte_for_byte(start, shop):
         "Towing Inc                     INV-1     Y        4000        5000tow\t\tfar\t",
         "Glass Co                                 N        1000        1500pane\t\t\t", "",
         "[Waste]",
-        "Waste Disposal Fee                       Y         100         250Disposal Fee for: OIL-1\t\t\t",
+        "Disposal Fee                             Y         100         250for: OIL-1\t\t\t",
         "Old tires                      W-7       N          30          75\t\t\t", "",
         "[Credits]", "",
         "[Notes]", "first\t\tthird", "the other", "",
@@ -247,7 +248,8 @@ def test_the_whole_work_order_byte_for_byte(start, shop):
 def test_running_totals_stand_in_the_tags_and_totals_by_line_in_the_text(start, shop):
     """Waste counts as sublets while the total is built; the text sorts it out, the tax and the total keep it."""
     estimate(shop)
-    for table, rows in (("Sublets", [(1000, 2000, "Yes"), (10, 20, "No")]), ("Waste", [(300, 500, "Yes"), (7, 9, "No")])):
+    for table, rows in (("Sublets", [(1000, 2000, "Yes"), (10, 20, "No")]),
+                        ("Waste", [(300, 500, "Yes"), (7, 9, "No")])):
         for i, (cost, price, taxable) in enumerate(rows):
             shop.add_row(table, EstimateNumber=900, **{f"{table.rstrip('s')}Number": i + 1}, VendorName="V", Cost=cost,
                          Price=price, Taxable=taxable)
@@ -413,7 +415,8 @@ def test_a_status_from_completed_on_can_not_be_converted(start, shop):
     for status, word in words.items():
         show(copy, 900 + status)
         copy.click("cmdConvert")
-        copy.expect_box(f"Estimate status of '{word}' can not be converted to a workorder", TITLE, "exclamation", ["OK"])
+        copy.expect_box(f"Estimate status of '{word}' can not be converted to a workorder", TITLE, "exclamation",
+                        ["OK"])
         copy.press("OK")
         copy.expect_form("frmMain")
     assert shared_files(shop) == before
@@ -467,6 +470,17 @@ def test_an_estimate_whose_customer_is_gone_is_refused(start, shop):
     tell(copy, "The customer of this estimate isn't on file. Choose a customer first.", TITLE)
     copy.expect_form("frmMain")
     assert shared_files(shop) == before
+
+
+def test_past_midnight_the_program_ends_instead(start, shop):
+    estimate(shop)
+    copy = begin(start, shop)
+    copy.set_now("2003-10-01T00:00:05")
+    copy.click("cmdConvert")
+    copy.expect_box(title="Restart required.", icon="information", buttons=["OK"])
+    copy.press("OK")
+    copy.expect_end()
+    assert is_untouched(shop) and not shop.path(ACTIVE_FILE).exists()
 
 
 def test_the_section_password_stands_before_everything(start, shop):
@@ -612,7 +626,7 @@ def snapshot(shop):
 
 
 def vehicle_shop(shop, **columns):
-    """Beth's three vehicles; the newest comes first when they are looked through."""
+    """Di's three vehicles; the newest comes first when they are looked through."""
     owner = shop.add_customer(9, "Driver", "Di")
     shop.add_vehicle(owner, "Ford", "Focus", "1999", "2003-09-01", VIN="VIN-1", LicenseNumber="LIC-1", Mileage=100,
                      FirstMileage=50, FirstDate=file_date("2000-01-03"))
@@ -885,8 +899,8 @@ def test_a_part_whose_tag_is_gone_asks_and_cancel_moves_nothing(start, shop):
     before = shop.path("TQINVTAG.DAT").read_bytes(), shop.path("TQINVENT.DAT").read_bytes()
     convert(copy)
     for answer in ("Retry", "Cancel"):
-        copy.expect_box("Can not read tags record for PAD-9\nError 57: Device I/O error", "ReadInventory", "exclamation",
-                        ["Retry", "Cancel"])
+        copy.expect_box("Can not read tags record for PAD-9\nError 57: Device I/O error", "ReadInventory",
+                        "exclamation", ["Retry", "Cancel"])
         copy.press(answer)
     expect_converted(copy, FIRST)
     assert (shop.path("TQINVTAG.DAT").read_bytes(), shop.path("TQINVENT.DAT").read_bytes()) == before
@@ -909,15 +923,16 @@ def test_the_list_in_memory_knows_the_new_stock(start, shop):
     assert copy.caption("lblInStock") == "4 in stock"
 
 
-@pytest.mark.parametrize("quantity, stock, why", [(40000, 5, "quantity"), (32767, -100, "stock")])
-def test_a_quantity_beyond_16_bits_stops_it_with_its_stock_unmoved(start, shop, quantity, stock, why):
+@pytest.mark.parametrize("quantity, stock", [(40000, 5), (32767, -100)])
+def test_a_quantity_beyond_16_bits_stops_it_with_its_stock_unmoved(start, shop, quantity, stock):
     estimate(shop)
     shop.add_part(900, "PAD-9", "BRAKE PADS", 1, 3500)
     shop.add_part(900, "OIL-1", "MOTOR OIL QT", quantity, 1)
     copy = begin(start, shop, [part("PAD-9", "BRAKE PADS", in_stock=9), part("OIL-1", "MOTOR OIL QT", in_stock=stock)])
     convert(copy)
     box = copy.expect_box(icon="critical")
-    assert "verflow" in box["text"] and "- the number was taken\n- the stock of PAD-9 is now 8\nNothing else" in box["text"]
+    assert box["text"].startswith("Overflow: the quantity")
+    assert "- the number was taken\n- the stock of PAD-9 is now 8\nNothing else was written." in box["text"]
     copy.press("OK")
     assert [tag["InStock"] for tag in read_tags(shop.directory)] == [8, stock]
     assert not shop.names("W*.tqa") and not active_tags(shop) and len(usage_records(shop)) == 1
@@ -1007,8 +1022,8 @@ def test_thirty_one_notes_fail_with_stock_moved_the_number_used_and_no_file(star
     copy = begin(start, shop, PARTS)
     convert(copy)
     box = copy.expect_box(icon="critical", buttons=["OK"])
-    assert box["text"] == ("Subscript out of range: a work order has room for 30 notes.\n\nThe conversion to work order "
-                           "# 005001 stopped here. What was done before stays:\n- the number was taken\n- the stock of "
+    assert box["text"] == ("Subscript out of range: a work order has room for 30 notes.\n\n"
+                           "The conversion to work order # 005001 stopped here. What was done before stays:\n- the number was taken\n- the stock of "
                            "PAD-9 is now 4\nNothing else was written.")
     copy.press("OK")
     copy.expect_form("frmMain")
