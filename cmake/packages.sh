@@ -2,8 +2,8 @@
 build_packages=(g++ cmake ninja-build pkg-config libfmt-dev nlohmann-json3-dev libcli11-dev libsqlitecpp-dev
   libsqlite3-dev)
 window_packages=(qt6-base-dev libqt6opengl6-dev libgl-dev libegl-dev libvulkan-dev fonts-liberation)
-demo_packages=(python3)
-test_packages=(python3 python3-pytest python3-pytest-xdist libgtest-dev libgmock-dev clang libclang-rt-14-dev)
+demo_packages=(python3 poppler-utils)
+test_packages=(python3 python3-pytest python3-pytest-xdist poppler-utils libgtest-dev libgmock-dev clang libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev)
 
 # Installs those of its arguments that aren't there yet; as another user than root through sudo.

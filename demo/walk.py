@@ -1,4 +1,5 @@
-"""Books and fills an estimate through real windows off-screen, and leaves a picture of each station.
+"""Walks the road of one estimate through real windows off-screen: booked, filled, printed, continued, made a work order.
+Leaves a picture of each station, and the papers.
 
 The windows are the program's own; a pipe stands for the person (see lantos-drive --help).
 """
@@ -7,6 +8,7 @@ import argparse
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -21,12 +23,13 @@ class Walk:
     def __init__(self, bin_dir, shop, pictures, now):
         self.pictures = pictures
         self.made = []
+        self.papers = []
         self.home = tempfile.TemporaryDirectory(prefix="lantos-walk-")
         environment = dict(os.environ, QT_QPA_PLATFORM=f"offscreen:configfile={self.make_screen()}",
                            XDG_RUNTIME_DIR=self.home.name)
         self.leave_board_size()
         command = [str(bin_dir / "lantos-drive"), "--desktop", "qt", "--settings", self.home.name,
-                   "--computer", "COUNTER", *(["--now", now] if now else []), "--", f"/D={shop}"]
+                   "--computer", "COUNTER", "--print-to", self.home.name, *(["--now", now] if now else []), "--", f"/D={shop}"]
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
                                         env=environment)
         self.answer = self.read()
@@ -66,6 +69,19 @@ class Walk:
         path = self.pictures / f"{len(self.made) + 1:02}-{name}.png"
         self.say({"get": "screenshot", "to": str(path)})
         self.made.append(path)
+
+    def keep_paper(self, name):
+        """The job just printed: its PDF, and each of its pages as a picture."""
+        job = next(event for event in self.answer["events"] if "printed" in event)
+        pdf = self.pictures / f"paper-{name}.pdf"
+        shutil.copyfile(job["pdf"], pdf)
+        self.papers.append(pdf)
+        subprocess.run(["pdftoppm", "-r", "80", "-png", str(pdf), str(self.pictures / f"paper-{name}")], check=True)
+        self.papers += sorted(self.pictures.glob(f"paper-{name}-*.png"))
+
+    def answer_boxes(self, button):
+        while self.answer["waiting"] == "box":
+            self.do("answer", button=button)
 
     def rows(self, control):
         return self.say({"get": control})["result"]["rows"]
@@ -197,6 +213,63 @@ def fill(road):
     road.picture("filled")
     road.do("click", control="cmdWeekView")
     road.picture("week-after")
+    road.do("click", control="cmdDetailView")
+
+
+def print_paper(road, button, name):
+    """Looked at, printed, and the status that follows from it agreed to."""
+    road.do("click", control=button)
+    road.answer_boxes("Yes")
+    road.picture(f"preview-{name}")
+    road.do("print")
+    road.keep_paper(name)
+    road.do("close")
+    road.answer_boxes("Yes")
+
+
+def continue_tomorrow(road):
+    """Half an hour was done today; the rest goes on the next business day, which is shown."""
+    road.do("click", control="cmdChangeStatus")
+    road.do("check", control="Option1(5)", value=True)
+    road.do("click", control="cmdOK")
+    road.do("answer", button="Yes")
+    road.do("type", control="txtHours", text="0.5")
+    road.do("select", control="EmpList", row=1)
+    road.picture("continue")
+    road.do("key", key="F10")
+    road.picture("continued")
+    to = road.answer["text"].rsplit(" ", 1)[1]
+    road.do("answer", button="OK")
+    month, day, year = to.split("/")
+    road.do("pick", control="MonthView1", date=f"{year}-{month}-{day}", double=True)
+    newest = max(row["data"] for row in road.rows("frmMain.List2"))
+    row = [row["data"] for row in road.rows("frmMain.List2")].index(newest)
+    road.do("click", control="List2", row=row)
+    road.do("click", control="cmdDetailView")
+    road.picture("next-day")
+
+
+def convert(road):
+    """With the question about the vehicle, and the messages at the end."""
+    road.do("click", control="cmdConvert")
+    road.picture("convert")
+    road.do("answer", button="Yes")
+    if road.answer.get("form") == "frmVehEdit":
+        road.picture("convert-vehicle")
+        road.do("key", key="F10")
+    while road.answer["waiting"] == "box":
+        if "is now Workorder" in road.answer["text"]:
+            road.picture("converted")
+        road.do("answer", button=road.answer["buttons"][0])
+    road.picture("work-order")
+
+
+def print_day(road):
+    road.do("click", control="cmdDayView")
+    road.do("click", control="cmdPrintDay")
+    road.do("print")
+    road.keep_paper("day")
+    road.do("close")
 
 
 def walk(bin_dir, shop, pictures, now):
@@ -205,8 +278,13 @@ def walk(bin_dir, shop, pictures, now):
     show_day(road)
     book(road)
     fill(road)
+    print_paper(road, "cmdPrintEstimate", "estimate")
+    print_paper(road, "cmdPrintWorksheet", "worksheet")
+    continue_tomorrow(road)
+    convert(road)
+    print_day(road)
     road.end()
-    return road.made
+    return road.made, road.papers
 
 
 def main():
@@ -216,9 +294,12 @@ def main():
     parser.add_argument("--pictures", type=pathlib.Path, required=True, help="where the pictures go")
     parser.add_argument("--now", help="the local time at which it happens, as 2003-09-30T08:15:00; else the real one")
     options = parser.parse_args()
-    made = walk(options.bin, options.shop, options.pictures, options.now)
+    made, papers = walk(options.bin, options.shop, options.pictures, options.now)
     print("Pictures:")
     for path in made:
+        print(f"  {path}")
+    print("Papers:")
+    for path in papers:
         print(f"  {path}")
 
 

@@ -22,8 +22,6 @@ namespace lantos {
 namespace {
 
 constexpr const char* kTitle = "Convert to WO";
-constexpr std::int64_t kTagPause = 20;  // milliseconds
-constexpr int kTagTries = 100;
 
 // Quantities of work orders and stock have 16 bits.
 std::int16_t Quantity16(std::int64_t value) {
@@ -261,7 +259,7 @@ void Conversion::TakeNotes() {
 }
 
 void Conversion::WriteFiles() {
-  WriteActiveTag();
+  workorders_.WriteActiveWoTag();
   Done("the tag in " + std::string(kActiveTagFile) + " was written");
   if (workorders_.WriteArchivedWoTag()) {
     Done("the tag in " + std::string(kArchivedTagFile) + " was written");
@@ -271,18 +269,6 @@ void Conversion::WriteFiles() {
   }
   workorders_.WriteWorkorderFile();
   Done("the work order was written to " + Workorders::FileNameOf(Order().WorkorderNumber));
-}
-
-// Another workstation that converts has the file to itself while its own tag is flushed to the disk.
-void Conversion::WriteActiveTag() {
-  for (int tries = 1;; ++tries) {
-    try {
-      return workorders_.WriteActiveWoTag();
-    } catch (const FileError& error) {
-      if (error.Number() != FileErrorNumber::PermissionDenied || tries == kTagTries) throw;
-    }
-    bench_.shop.environment.clock.Wait(kTagPause);
-  }
 }
 
 void Conversion::TellOfReorders() {

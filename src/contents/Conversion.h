@@ -36,7 +36,6 @@ class Conversion {
   void TakeExtras(Recordset& rows, WoLines<WoExtraLine>& lines);
   void TakeNotes();
   void WriteFiles();
-  void WriteActiveTag();
   void TellOfReorders();
   void MarkEstimate();
   void ChangeStatus();

@@ -5,6 +5,8 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "printing/ListReport.h"
+#include "printing/ShowReport.h"
 
 namespace lantos {
 
@@ -49,7 +51,7 @@ frmCanLaborList::frmCanLaborList(Workbench& bench)
   cmdEdit.OnClick = [this] { Edit(); };
   cmdDelete.OnClick = [this] { Delete(); };
   cmdUpdateRate.OnClick = [this] { UpdateRate(); };
-  cmdPrint.SetEnabled(false);
+  cmdPrint.OnClick = [this] { Print(); };
   cmdSelect.SetToolTip("Add to workorder <F10>");
   cmdAdd.SetToolTip("Add canned labor item <Insert>");
   cmdEdit.SetToolTip("Edit canned labor item <F4>");
@@ -152,6 +154,25 @@ void frmCanLaborList::Delete() {
   FillGrid();
 }
 
+// All entries, whatever the grid is filtered by.
+void frmCanLaborList::Print() {
+  Environment& environment = bench_.shop.environment;
+  if (bench_.shop.desktop.Ask("Print Canned Labor List?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  ReportLines lines(true);
+  for (const CannedLabor& entry : entries_) {
+    if (entry.IsDeleted()) continue;
+    lines.Add(LeftJustify(entry.Code(), kLaborCodeWidth) + " " + entry.FirstLine(), FormatHundredths(entry.Hours),
+              FormatHundredths(entry.Rate), FormatHundredths(entry.Total));
+    for (std::size_t i = 1; i < entry.Desc.size(); ++i) {
+      if (!entry.Desc[i].empty()) lines.Add(std::string(kLaborCodeWidth + 1, ' ') + entry.Desc[i]);
+    }
+  }
+  constexpr AmountHeadings kHeadings{"Hours", "Rate", "Price"};
+  environment.printOptions = LoadPrintOptions(environment.Profile());
+  ShowReport(bench_.shop.desktop, environment,
+             ListReport("Canned Labor List", environment.Today(), bench_.System(), lines, &kHeadings), false);
+}
+
 void frmCanLaborList::UpdateRate() {
   if (updating_) {
     UpdateTicked();
@@ -177,7 +198,7 @@ void frmCanLaborList::ShowRateList(bool shown) {
   updating_ = shown;
   DataGrid1.SetVisible(!shown);
   UpdList.SetVisible(shown);
-  for (ui::Button* button : {&cmdDelete, &cmdEdit, &cmdSelect}) button->SetEnabled(!shown);
+  for (ui::Button* button : {&cmdDelete, &cmdEdit, &cmdSelect, &cmdPrint}) button->SetEnabled(!shown);
   cmdUpdateRate.SetCaption(shown ? "Update Now" : "Update Rate");
 }
 

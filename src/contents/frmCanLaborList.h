@@ -40,6 +40,7 @@ class frmCanLaborList : public SizedForm {
   void Add();
   void Edit();
   void Delete();
+  void Print();
   void UpdateRate();
   void UpdateTicked();
   void ShowRateList(bool shown);

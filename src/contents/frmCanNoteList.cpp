@@ -2,6 +2,8 @@
 
 #include "contents/frmNotes.h"
 #include "frame/Text.h"
+#include "printing/ListReport.h"
+#include "printing/ShowReport.h"
 
 namespace lantos {
 
@@ -23,7 +25,7 @@ frmCanNoteList::frmCanNoteList(Shop& shop)
   cmdAdd.OnClick = [this] { Add(); };
   cmdEdit.OnClick = [this] { Edit(); };
   cmdDelete.OnClick = [this] { Delete(); };
-  cmdPrint.SetEnabled(false);
+  cmdPrint.OnClick = [this] { Print(); };
   // The words of the list of canned labor, which this screen was made after.
   cmdSelect.SetToolTip("Add to workorder <F10>");
   cmdAdd.SetToolTip("Add canned labor item <Insert>");
@@ -100,6 +102,15 @@ void frmCanNoteList::Delete() {
   note[0] = kDeletedEntry;
   changed_ = true;
   ShowNotes(-1);
+}
+
+void frmCanNoteList::Print() {
+  if (shop_.desktop.Ask("Print Canned Notes List?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  ReportLines lines(false);
+  for (const ui::ListRow& row : CanList.Rows()) lines.Add(row.text);
+  shop_.environment.printOptions = LoadPrintOptions(shop_.environment.Profile());
+  ShowReport(shop_.desktop, shop_.environment,
+             ListReport("Canned Notes List", shop_.environment.Today(), shop_.records.system.SysRec, lines), false);
 }
 
 void frmCanNoteList::Accept() {

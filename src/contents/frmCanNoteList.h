@@ -33,6 +33,7 @@ class frmCanNoteList : public SizedForm {
   void Add();
   void Edit();
   void Delete();
+  void Print();
   void ShowNotes(int selected);
   int SelectedNote();  // -1 when there is none, which has been told
   void SaveIfChanged();

@@ -6,7 +6,6 @@
 #include "printing/Letterhead.h"
 #include "printing/ReportDesigns.h"
 #include "records/Statements.h"
-#include "workorders/LaborText.h"
 
 namespace lantos {
 
@@ -35,6 +34,12 @@ std::string TimeOfDay(LocalTime now) {
 std::string ReadDisclaimer(Environment& environment) {
   const bool own = environment.files.FileExists(kEstimateDisclaimer);
   return ReadStatement(environment, own ? kEstimateDisclaimer : kWorkorderDisclaimer);
+}
+
+LaborText LaborOnPaper(std::string_view description) {
+  LaborText lines = SplitLaborText(description);
+  for (std::string& line : lines) line = Left(line, kLaborLineWidth);
+  return lines;
 }
 
 std::string PartOnPaper(const Recordset& part, bool withNumber) {
@@ -76,7 +81,7 @@ void EstimateReport::ComposeLabor(ReportLines& lines) const {
   const bool any = !rows.Eof();
   if (any) lines.Add("____Labor____");
   for (; !rows.Eof(); rows.MoveNext()) {
-    const LaborText text = SplitLaborText(rows.Text("Description"));
+    const LaborText text = LaborOnPaper(rows.Text("Description"));
     lines.Add(FormatZeros(rows.Long("Mechanic"), 6) + " " + text[0], FormatHundredths(rows.Long("LaborHours")),
               FormatHundredths(rows.Long("LaborRate")), FormatHundredths(rows.Long("LaborTotal")));
     for (std::size_t i = 1; i < text.size(); ++i) {

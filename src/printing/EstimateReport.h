@@ -6,6 +6,7 @@
 #include "printing/ReportLines.h"
 #include "records/Records.h"
 #include "ui/Report.h"
+#include "workorders/LaborText.h"
 
 namespace lantos {
 
@@ -40,6 +41,9 @@ class EstimateReport {
 
 // The estimate's disclaimer, else the work order's.
 std::string ReadDisclaimer(Environment& environment);
+
+// The lines of a description, each as long as its field at most.
+LaborText LaborOnPaper(std::string_view description);
 
 // One part of an estimate on paper, with its number or without.
 std::string PartOnPaper(const Recordset& part, bool withNumber);

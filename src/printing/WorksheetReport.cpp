@@ -8,7 +8,6 @@
 #include "printing/ReportDesigns.h"
 #include "printing/VehicleSummary.h"
 #include "records/KeptRecords.h"
-#include "workorders/LaborText.h"
 
 namespace lantos {
 
@@ -76,7 +75,7 @@ void WorksheetReport::ComposeLabor(ReportLines& lines) const {
   }
   Recordset& rows = database_.lantosData.LaborForEstimate(Number());
   for (; !rows.Eof(); rows.MoveNext()) {
-    const LaborText text = SplitLaborText(rows.Text("Description"));
+    const LaborText text = LaborOnPaper(rows.Text("Description"));
     for (const std::string& line : text) {
       if (!line.empty()) lines.Add(line);
     }
@@ -120,7 +119,7 @@ void WorksheetReport::ComposeFollowups(ReportLines& lines) const {
     const std::int32_t miles = followup.record.Get(followup::Miles);
     std::string due = date > 0 ? FormatDate(date) : "";
     if (miles > 0) due += (due.empty() ? "" : " ") + std::to_string(miles) + " mi";
-    lines.Add(FollowupRow(SplitLaborText(followup.record.Get(followup::Description))[0], due));
+    lines.Add(FollowupRow(LaborOnPaper(followup.record.Get(followup::Description))[0], due));
     lines.Add(FollowupRow("________________________", "______________"));
   }
 }

@@ -95,6 +95,9 @@ void AddListFiles(ShopDirectory& directory, const SampleShop& shop) {
   AddRecords(directory, kOpenOrdersFile, shop.orders);
   for (const auto& [name, text] : shop.orderTexts) directory.AddFile(name, text);
   AddRecords(directory, kFollowupFile, shop.followups);
+  // A year, as without the file, would leave most vehicles without a past on the worksheet.
+  directory.AddFile("Lantos.ini",
+                    std::string_view("[Print Options]\r\nVehSummaryYears=3\r\nVehSummaryLaborLines=2\r\n"));
   directory.AddFile(kWorkorderDisclaimer, std::string_view(kTermsOfWork));
   directory.AddFile(kEstimateDisclaimer, std::string_view(kTermsOfEstimates));
 }

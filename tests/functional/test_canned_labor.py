@@ -44,7 +44,6 @@ def test_the_list_shows_code_and_text(board):
                               ("AC", "RECHARGE", "1.20", "0.00", "99.00"),
                               ("BRKFL", "ADJUST BRAKES a b c d e f g", "0.10", "65.00", "6.50")]
     assert board.control("cmdSelect")["tooltip"] == "Add to workorder <F10>"
-    assert not board.control("cmdPrint")["enabled"]
     board.key("F10")
     board.expect_box("Must select entry in grid.")
     board.press("OK")
@@ -149,3 +148,18 @@ def test_a_shop_without_the_files_has_an_empty_list(start, shop):
     assert entries(copy) == []
     copy.key("Esc")
     copy.expect_form("frmMain")
+
+
+def test_the_list_is_printed_after_a_question(board):
+    board.click("cmdPrint")
+    board.expect_box("Print Canned Labor List?", buttons=["Yes", "No"])
+    board.press("No")
+    board.expect_form("frmCanLaborList")
+    board.click("cmdPrint")
+    board.press("Yes")
+    assert board.answer["waiting"] == "printer" and board.answer["report"] == "rptGeneric"
+    board.send(do="print")
+    printed = [event for event in board.answer["events"] if "printed" in event]
+    lines = open(printed[0]["text"], encoding="utf-8").read().splitlines()
+    assert lines[:3] == ["LOF   OIL AND FILTER\t0.50\t60.00\t30.00", "      CHECK FLUIDS",
+                         "AC    RECHARGE\t1.20\t0.00\t99.00"]

@@ -1023,8 +1023,8 @@ def test_thirty_one_notes_fail_with_stock_moved_the_number_used_and_no_file(star
     convert(copy)
     box = copy.expect_box(icon="critical", buttons=["OK"])
     assert box["text"] == ("Subscript out of range: a work order has room for 30 notes.\n\n"
-                           "The conversion to work order # 005001 stopped here. What was done before stays:\n- the number was taken\n- the stock of "
-                           "PAD-9 is now 4\nNothing else was written.")
+                           "The conversion to work order # 005001 stopped here. What was done before stays:\n"
+                           "- the number was taken\n- the stock of PAD-9 is now 4\nNothing else was written.")
     copy.press("OK")
     copy.expect_form("frmMain")
     assert shop.read_system()["last_workorder_number"] == FIRST + 1

@@ -125,13 +125,13 @@ def stock_masters(shop):
 
 def used_from(shop, master):
     """The usage records of a part's chain, newest first."""
-    records, link = [], master["UsageLink"]
+    history, chain, link = usage_records(shop), [], master["UsageLink"]
     while link != NO_LINK:
         assert link % USAGE_LENGTH == 0
-        records.append(usage_records(shop)[link // USAGE_LENGTH])
-        link = records[-1]["PrevLink"]
-        assert len(records) <= len(usage_records(shop)), "the chain is a ring"
-    return records
+        chain.append(history[link // USAGE_LENGTH])
+        link = chain[-1]["PrevLink"]
+        assert len(chain) <= len(history), "the chain is a ring"
+    return chain
 
 
 def read_workorder(shop, number):

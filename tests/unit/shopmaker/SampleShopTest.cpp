@@ -96,7 +96,7 @@ TEST_F(MadeShop, HasFilesOfWholeRecords) {
   const auto files = Contents(Shop());
   const auto active =
       std::count_if(files.begin(), files.end(), [](const auto& file) { return file.first.ends_with(".tqa"); });
-  EXPECT_EQ(files.size(), 34u + static_cast<std::size_t>(active));
+  EXPECT_EQ(files.size(), 35u + static_cast<std::size_t>(active));
   EXPECT_EQ(files.at("TQOPENWO.DAT").size(), 302u * static_cast<std::size_t>(active));
   EXPECT_GT(files.at("TQINCTAG.DAT").size(), 290u * static_cast<std::size_t>(active));
   EXPECT_EQ(files.at("TQINCTAG.DAT").size() % 290, 0u);

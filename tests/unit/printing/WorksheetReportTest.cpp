@@ -1,0 +1,129 @@
+#include "printing/WorksheetReport.h"
+
+#include "frame/Dates.h"
+#include "printing/PrintingBench.h"
+
+namespace lantos {
+namespace {
+
+using test::Image;
+using test::LabelOf;
+
+constexpr std::string_view kVin = "1FAFP34P3XW123456";
+
+class WorksheetOnPaper : public testing::Test, protected test::PrintingBench {
+ protected:
+  WorksheetOnPaper() {
+    database.estimates.CurrentEstimate.VehVIN = kVin;
+    Options() = {};
+    Options().BlankLinesPerLabor = 0;
+    Options().BlankPartLines = 0;
+  }
+
+  std::vector<std::string> Lines() {
+    std::vector<std::string> lines;
+    for (const auto& row : WorksheetReport(environment, records, database, workorders).Make(customer).lines) {
+      EXPECT_EQ(row.size(), 1u);
+      lines.push_back(row.front());
+    }
+    return lines;
+  }
+  // The numbers of the work orders that the summary lists.
+  std::vector<std::string> Listed() {
+    std::vector<std::string> numbers;
+    for (const std::string& line : Lines()) {
+      if (line.starts_with("Workorder: ")) numbers.push_back(line.substr(11, 6));
+    }
+    return numbers;
+  }
+  // A tag that was paid on that day, of either file by its length.
+  static Image Tag(std::size_t length, std::int32_t number, DaySerial paid, std::string_view vin = kVin) {
+    return Image(length).Long(0, number).Text(40, vin).Text(72, "\x02").Long(83, ToFileDate(paid));
+  }
+  void PutActive(std::int32_t number, DaySerial paid, bool withText = true) {
+    const std::string name = Workorders::FileNameOf(number);
+    active_.Append(Tag(302, number, paid).Text(286, name));
+    directory.Put("TQOPENWO.DAT", active_);
+    if (withText) directory.Put(name, "[Workorder]\r\nWorkorderNumber=" + std::to_string(100000 + number) + "\r\n\r\n");
+  }
+
+ private:
+  Image active_;
+};
+
+TEST_F(WorksheetOnPaper, ABareEstimateHasTheHeadingsOfWorkAndParts) {
+  Options().PrintVehSummaryOnWorksheet = false;
+  EXPECT_EQ(Lines(), (std::vector<std::string>{
+                         "____Labor____", "       HOURS APPLIED ON", "Tech     Hours     Description",
+                         "______   _______   " + std::string(82, '_'), "____Parts____", " "}));
+}
+
+TEST_F(WorksheetOnPaper, WorkOrdersOfOneDayComeByTheirNumbersHighestFirst) {
+  for (const std::int32_t number : {2, 9, 5}) PutActive(number, Today());
+  PutActive(7, Today() - 1);
+  PutActive(1, Today() - 400);
+  PutActive(8, Today() + 1);
+  EXPECT_EQ(Listed(), (std::vector<std::string>{"100009", "100005", "100002", "100007"}));
+}
+
+TEST_F(WorksheetOnPaper, FarBackYearsBeginWithTheCalendar) {
+  Options().VehSummaryYears = 32767;
+  PutActive(1, ToSerial({1980, 1, 1}));
+  EXPECT_EQ(Listed(), (std::vector<std::string>{"100001"}));
+}
+
+TEST_F(WorksheetOnPaper, OnlyTheTagsThatQualifyLeadToATextFile) {
+  PutActive(1, Today() - 400, false);
+  PutActive(2, Today() + 1, false);
+  EXPECT_EQ(Listed(), std::vector<std::string>{});
+  EXPECT_TRUE(desktop.boxes.empty());
+  PutActive(3, Today(), false);
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_EQ(Listed(), std::vector<std::string>{});
+  ASSERT_EQ(desktop.boxes.size(), 1u);
+  EXPECT_EQ(desktop.boxes[0].title, "GetCurrWoRec(W0000003.tqa)");
+}
+
+TEST_F(WorksheetOnPaper, TheArchivedTagsLeadIntoTheArchive) {
+  const std::string other = "[Workorder]\r\nWorkorderNumber=000003\r\n\r\n";
+  const std::string text = "[Workorder]\r\nWorkorderNumber=000004\r\n\r\n";
+  directory.Put("TQINVOIC.DAT", other + text);
+  directory.Put("TQINCTAG.DAT", Image()
+                                    .Append(Tag(290, 4, Today()).Long(286, static_cast<std::int32_t>(other.size())))
+                                    .Append(Tag(290, 9, Today()).Long(286, -1))
+                                    .Append(Tag(290, 3, Today(), "OTHER").Long(286, 0)));
+  EXPECT_EQ(Listed(), (std::vector<std::string>{"000004"}));
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(WorksheetOnPaper, TagFilesThatAreNotWholeAreToldAbout) {
+  directory.Put("TQOPENWO.DAT", std::string(7, '\0') + std::string(Tag(302, 1, Today(), "OTHER")));
+  directory.Put("TQINCTAG.DAT", std::string(289, '\0') + std::string(Tag(290, 1, Today(), "OTHER")));
+  desktop.WillAnswer({ui::Answer::Ok, ui::Answer::Ok});
+  EXPECT_EQ(Listed(), std::vector<std::string>{});
+  ASSERT_EQ(desktop.boxes.size(), 2u);
+  EXPECT_EQ(desktop.boxes[0].text, "Invalid offset supplied to ReadActiveWO = 7");
+  EXPECT_EQ(desktop.boxes[1].text, "Invalid offset supplied to ReadArchWO = 289");
+}
+
+TEST_F(WorksheetOnPaper, LessThanATagIsNone) {
+  directory.Put("TQOPENWO.DAT", std::string(301, '\1'));
+  directory.Put("TQINCTAG.DAT", std::string(289, '\1'));
+  EXPECT_EQ(Listed(), std::vector<std::string>{});
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(WorksheetOnPaper, TheCustomerStandsOnTheSecondDesignAlone) {
+  WorksheetReport worksheet(environment, records, database, workorders);
+  customer.Put(customer::Lastname, "Adams");
+  const ui::Report with = worksheet.Make(customer);
+  EXPECT_EQ(with.design.name, "rptWorksheet2");
+  EXPECT_EQ(LabelOf(with, "lblCustName"), " Adams");
+  Options().PrintCustomerOnWorksheet = false;
+  const ui::Report without = worksheet.Make(customer);
+  EXPECT_EQ(without.design.name, "rptWorksheet1");
+  EXPECT_EQ(without.title, "Technician Worksheet for Estimate 1001");
+}
+
+}  // namespace
+}  // namespace lantos
