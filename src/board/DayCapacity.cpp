@@ -1,5 +1,7 @@
 #include "board/DayCapacity.h"
 
+#include <stdexcept>
+
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -60,7 +62,8 @@ DaySerial NextBusinessDay(de& database, DaySerial date) {
   Recordset& standard = database.GetStdHours();
   const std::array<Hundredths, kWeekdays> standardHours = ReadStandardHours(standard);
   standard.Close();
-  for (DaySerial day = date + 1;; ++day) {
+  constexpr DaySerial kFarthest = 3660;  // ten years
+  for (DaySerial day = date + 1; day <= date + kFarthest; ++day) {
     Recordset& row = database.SpecialDaysByDate(day);
     const std::int32_t special = row.Eof() ? kNoSpecialDay : WholeSpecialHours(row);
     row.Close();
@@ -68,6 +71,8 @@ DaySerial NextBusinessDay(de& database, DaySerial date) {
     const Hundredths hours = standardHours[static_cast<std::size_t>(WeekdayIndex(day))];
     if (special >= 1 || (special == kNoSpecialDay && hours >= 1)) return day;
   }
+  throw std::runtime_error("The shop has no open day in the ten years after " + FormatDate(date) +
+                           ". See Maintenance, System, Standard Hours.");
 }
 
 }  // namespace lantos

@@ -42,8 +42,7 @@ ui::Color ClassifyDay(Hundredths available, std::int64_t scheduled, std::int32_t
 // The word for a colour; "Unknown" for any that ClassifyDay doesn't give.
 std::string_view DayStatusText(ui::Color color);
 
-// The next open day after a date. Precondition: the standard hours have a day above 0, else a search past the last
-// special day doesn't end.
+// The next open day after a date. A shop that is closed on all days, ten years long, throws std::runtime_error.
 DaySerial NextBusinessDay(de& database, DaySerial date);
 
 }  // namespace lantos

@@ -152,6 +152,7 @@ void Conversion::FillHeader() {
 }
 
 void Conversion::TakeParts() {
+  bench_.inventoryList.FinishLoading();
   Recordset rows = bench_.Data().PartsTable(std::to_string(bench_.Number()));
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);

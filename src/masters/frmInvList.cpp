@@ -161,6 +161,10 @@ void frmInvList::ReadNextBlock() {
   }
 }
 
+void frmInvList::FinishLoading() {
+  while (IsLoading()) ReadNextBlock();
+}
+
 void frmInvList::ListTags(const std::vector<InventoryTag>& block) {
   for (const InventoryTag& tag : block) {
     const bool isKept = tag.Get(inventorytag::Tag) > 0 || !tag.View(inventorytag::StockNumber).empty() ||

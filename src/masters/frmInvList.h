@@ -51,6 +51,8 @@ class frmInvList : public SizedForm {
   // The row of a part, from its tag in the list. With isNew the part isn't listed yet.
   void UpdateListRow(FileLink offset, Inventory::PartIndex index, bool isNew);
   bool IsLoading() const { return nextBlock_ < blockCount_; }
+  // Reads at once what the timer hasn't come to yet: for those who must not take a part for unknown.
+  void FinishLoading();
 
  private:
   void OnLoad() override;

@@ -1207,3 +1207,16 @@ def test_the_log_has_the_number_and_each_step(start, shop):
                      "the comments of the estimate name the work order"]
     assert any("WriteInventory PAD-9 In stock=4" in line for line in copy.log_lines())
     assert any("WriteArchivedWoTag: Opened TQINCTAG.DAT (update,fp=" in line for line in copy.log_lines())
+
+
+def test_parts_that_the_background_load_hasnt_reached_leave_the_stock_too(start, shop):
+    estimate(shop)
+    shop.add_part(900, "PAD-9", "BRAKE PADS", 2, 3500)
+    shop.write()
+    make_inventory(shop.directory, PARTS)
+    copy = start(shop)  # with a standing clock the list's timer hasn't run yet
+    copy.double_click("List1(2)", row=row_of(copy, "List1(2)", 900))
+    convert(copy)
+    expect_converted(copy, FIRST)
+    answer_status(copy)
+    assert {tag["StockNumber"]: tag["InStock"] for tag in read_tags(shop.directory)}["PAD-9"] == 4

@@ -1,4 +1,4 @@
-"""The customer's copy of an estimate and the printed day: what stands on them, where they go, and what status follows."""
+"""The customer's copy of an estimate and the printed day: what stands on them, where they go, what status follows."""
 
 import re
 import shutil
@@ -50,7 +50,7 @@ def full_shop(shop):
     shop.add_row("Waste", EstimateNumber=900, WasteNumber=1, VendorName="Waste Disposal Fee", Price=25, Taxable="No",
                  Desc1="Disposal Fee for: OIL-1", Cost=25)
     shop.add_note(900, 1, "Customer waits", "", "  indented", *[""] * 4, "eighth")
-    shop.add_note(900, 2, "Second note")
+    shop.add_note(900, 2, "Caf\u00e9 \u20ac 5")
     return shop
 
 
@@ -204,7 +204,7 @@ LINES = [
     row("Tax", " ", " ", "18.31"),
     BLANK,
     row("____Notes____"),
-    row("Customer waits"), row("  indented"), row("eighth"), row("Second note"),
+    row("Customer waits"), row("  indented"), row("eighth"), row("Caf\u00e9 \u20ac 5"),
     BLANK,
 ]
 LABELS = {
@@ -514,6 +514,17 @@ def test_the_options_are_those_that_the_shop_has_now(start, shop):
     options(shop, PrintDisclosure="True")
     print_estimate(copy)
     expect_preview(copy, "rptEstimate2")
+
+
+def test_an_option_that_is_no_yes_or_no_prints_nothing(start, shop):
+    plain_shop(shop)
+    options(shop, {"ScheduledToArrived": "Y"}, PreviewEstimate="maybe")
+    copy = choose(start(shop))
+    print_estimate(copy)
+    copy.expect_box(title="Lantos", icon="critical", buttons=["OK"])
+    copy.press("OK")
+    copy.expect_form("frmMain")
+    assert (jobs(copy), shop.estimate(900)["Status"]) == ([], 0)
 
 
 def test_the_place_of_a_preview_is_kept(start, shop, tmp_path):

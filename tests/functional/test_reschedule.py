@@ -1,9 +1,10 @@
-"""Work that moves to another day: the copy made there, and the trace left behind. By hand, and hours applied taken off."""
+"""Work that moves to another day: the copy made there, the trace left behind, the hours applied taken off."""
 
 import pytest
 
 from boardlines import (CREATED, TODAY, add_elsewhere, hours_of, labor_line, listed, main_line, row_of, serial,
                         shown_date, status_line, view_of)
+from locks import denied_to_all
 from shopfiles import NO_LINK
 from workfiles import make_checklist
 
@@ -11,8 +12,8 @@ MONDAY, WEDNESDAY, THURSDAY, FRIDAY = "2003-09-29", "2003-10-01", "2003-10-02", 
 NEXT_MONDAY = "2003-10-06"
 NEW = 1001  # what the system record hands out next
 TABLES = ("Estimates", "Labors", "Parts", "Notes", "Sublets", "Waste", "Checklist")
-COPIED = ("CustomerNumber", "VehicleLink", "Mechanic", "TotalPrice", "VehYear", "VehMake", "VehModel", "VehVIN", "VehLic",
-          "VehDate", "VehMileage")
+COPIED = ("CustomerNumber", "VehicleLink", "Mechanic", "TotalPrice", "VehYear", "VehMake", "VehModel", "VehVIN",
+          "VehLic", "VehDate", "VehMileage")
 
 
 def full_shop(shop, status=0, date=TODAY, comments="Waits for a call", **columns):
@@ -540,6 +541,36 @@ def test_the_line_names_the_technician(start, shop, row, technician):
     copy.key("F10")
     copy.press("OK")
     expect_copied(shop, labor=[applied(100, technician=technician)])
+
+
+def test_with_the_employees_out_of_reach_it_is_continued_all_the_same(start, shop):
+    continued_shop(shop)
+    copy = start(shop)
+    with denied_to_all(shop.path("TQEMPLOY.DAT")):
+        by_week_popup(copy)
+        copy.expect_box("Could not access employee master file!", buttons=["OK"])
+        copy.press("OK")
+    copy.expect_form("frmContinue")
+    copy.type("txtHours", "1")
+    copy.key("F10")
+    told(copy, "Automatically continued", "Wed 10/01/2003")
+    expect_copied(shop, labor=[applied(100)])
+
+
+def test_a_held_system_record_stops_the_copy_before_anything_has_changed(start, shop):
+    full_shop(shop)
+    copy = choose(start(shop))
+    before = everything(shop)
+    with denied_to_all(shop.path("TQSYSTEM.DAT")):
+        reschedule(copy)
+        copy.pick("DTPicker1", FRIDAY)
+        copy.click("cmdOK")
+        copy.expect_box(buttons=["Retry", "Cancel"])
+        assert "System file locked by another user." in copy.answer["text"]
+        assert everything(shop) == before
+    copy.press("Retry")
+    copy.expect_form("frmMain")
+    assert (shop.estimate(900)["Status"], shop.estimate(NEW)["SchedDate"]) == (7, FRIDAY)
 
 
 def test_the_line_comes_behind_the_highest_number_and_first_where_there_is_no_labor(start, shop):

@@ -4,12 +4,13 @@ import pytest
 
 from boardlines import CREATED, TODAY, elsewhere
 from historyfiles import ACTIVE_LENGTH, ARCHIVED_LENGTH, History, order_text
+from locks import denied_to_all
 from test_printing import (MONDAY, NOTHING_CHOSEN, TITLE, VIN, as_text, choose, expect_on_paper, expect_preview, jobs,
                            options, text_of)
 from workfiles import followup, make_followups
 
 WORKSHEET = "Print Worksheet"
-SURE = ('Current status is neither "Scheduled" nor "Arrived".\n\nAre you sure you want to print the worksheet?')
+SURE = 'Current status is neither "Scheduled" nor "Arrived".\n\nAre you sure you want to print the worksheet?'
 NOT_SCHEDULED = ('To print the worksheet, the current status must not be "Scheduled".\n'
                  'You must either first print the Estimate, or change the status via\n'
                  'the "Change Status" command button.')
@@ -491,6 +492,45 @@ def test_cancel_skips_a_missing_text_and_the_report_goes_on(start, shop):
     expect_retry(copy, *missing(""))
     copy.press("Cancel")
     assert numbers_of(summary_on_show(copy)) == [4001, 3001]
+
+
+def test_a_text_that_somebody_writes_is_asked_about_until_it_is_free(start, shop):
+    history = History(VIN)
+    history.add_active(4001, opened=TODAY)
+    write_history(shop, history)
+    options(shop, NO_CHANGE, **HISTORY)
+    copy = choose(start(shop))
+    with denied_to_all(shop.path("W0004001.tqa")):
+        copy.click("cmdPrintWorksheet")
+        held = ("File locked by another user.\nClick Retry to try again, or Cancel to skip.",
+                "GetCurrWoRec(W0004001.tqa)")
+        expect_retry(copy, *held)
+        copy.press("Retry")
+        expect_retry(copy, *held)
+        copy.press("Cancel")
+        assert summary_on_show(copy) == []
+        copy.close()
+        copy.click("cmdPrintWorksheet")
+        expect_retry(copy, *held)
+    copy.press("Retry")
+    assert summary_on_show(copy) == past(4001, "09/30/2003")
+
+
+def test_a_held_archive_is_asked_about_for_each_of_its_work_orders(start, shop):
+    history = History(VIN)
+    history.add_archived(3001, paid=TODAY)
+    history.add_archived(3002, paid=TODAY)
+    write_history(shop, history)
+    options(shop, NO_CHANGE, **HISTORY)
+    copy = choose(start(shop))
+    held = ("File locked by another user.\nClick Retry to try again, or Cancel to exit.", "GetArchWo(TQINVOIC.DAT)")
+    with denied_to_all(shop.path("TQINVOIC.DAT")):
+        copy.click("cmdPrintWorksheet")
+        expect_retry(copy, *held)
+        copy.press("Cancel")
+        expect_retry(copy, *held)
+    copy.press("Retry")
+    assert numbers_of(summary_on_show(copy)) == [3001]
 
 
 def test_an_archive_tag_that_leads_elsewhere_is_told_and_skipped(start, shop):

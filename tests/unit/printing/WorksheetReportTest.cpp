@@ -53,9 +53,9 @@ class WorksheetOnPaper : public testing::Test, protected test::PrintingBench {
 
 TEST_F(WorksheetOnPaper, ABareEstimateHasTheHeadingsOfWorkAndParts) {
   Options().PrintVehSummaryOnWorksheet = false;
-  EXPECT_EQ(Lines(), (std::vector<std::string>{
-                         "____Labor____", "       HOURS APPLIED ON", "Tech     Hours     Description",
-                         "______   _______   " + std::string(82, '_'), "____Parts____", " "}));
+  EXPECT_EQ(Lines(),
+            (std::vector<std::string>{"____Labor____", "       HOURS APPLIED ON", "Tech     Hours     Description",
+                                      "______   _______   " + std::string(82, '_'), "____Parts____", " "}));
 }
 
 TEST_F(WorksheetOnPaper, WorkOrdersOfOneDayComeByTheirNumbersHighestFirst) {
