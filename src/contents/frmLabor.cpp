@@ -1,6 +1,7 @@
 #include "contents/frmLabor.h"
 
 #include "contents/AmountFields.h"
+#include "workorders/LaborCost.h"
 #include "workorders/LaborText.h"
 #include "contents/RepairCodes.h"
 #include "contents/SpellCheck.h"
@@ -222,19 +223,12 @@ bool frmLabor::TakeDescription() {
   return false;
 }
 
-Millionths frmLabor::CommissionOf(std::int32_t mechanic) const {
-  for (const EmployeeRecord& record : shop_.records.employees.Employees()) {
-    if (record.Get(employee::EmpNumber) == mechanic) return record.Get(employee::Commission);
-  }
-  return 0;
-}
-
 void frmLabor::StoreLine() {
   line_.Date = shop_.environment.shopOptions.LaborDateOption ? FormatDate(shop_.environment.Today()) : std::string();
   line_.Mechanic = SelectedMechanic();
   line_.Hours = InHundredths(Hours);
   line_.Rate = InHundredths(ShopRate);
-  line_.Commission = CommissionOf(line_.Mechanic);
+  line_.Commission = GetMechanicCommission(shop_.records.employees, line_.Mechanic);
   line_.Total = InHundredths(TotalLabor);
   for (std::size_t i = 0; i < line_.Desc.size(); ++i) line_.Desc[i] = ToUpper(description_[i]);
   line_.FollowupMiles = RoundHalfEven(Val(Miles.Text()));

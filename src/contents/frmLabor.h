@@ -72,7 +72,6 @@ class frmLabor : public OkCancelForm {
 
   bool TakeDescription();
   void StoreLine();
-  Millionths CommissionOf(std::int32_t mechanic) const;
   void MarkChanged() { changed_ = changed_ || !showing_; }
   bool DiscardsChanges(ui::Buttons buttons);
 

@@ -1,5 +1,7 @@
 #include "ui/Key.h"
 
+#include <utility>
+
 #include "frame/Text.h"
 
 namespace lantos::ui {
@@ -18,14 +20,20 @@ constexpr Spelling kSpellings[] = {
     {"Space", "Space"},   {" ", "Space"},     {"Backspace", "Backspace"}, {"BackTab", "BackTab"},
 };
 
+constexpr int kFunctionKeys = 24;
+
+// False when it is held already.
+bool Hold(bool& modifier) { return !std::exchange(modifier, true); }
+
 std::string KeyName(std::string_view text) {
   for (const Spelling& spelling : kSpellings) {
     if (EqualsIgnoringCase(spelling.written, text)) return std::string(spelling.key);
   }
   if (text.size() == 1) return ToUpper(text);
-  const bool isFunctionKey = text.size() <= 3 && text.size() >= 2 && ToUpper(text[0]) == 'F' &&
-                             text.find_first_not_of("0123456789", 1) == std::string_view::npos;
-  return isFunctionKey ? ToUpper(text) : std::string();
+  for (int number = 1; number <= kFunctionKeys; ++number) {
+    if (EqualsIgnoringCase(text, "F" + std::to_string(number))) return ToUpper(text);
+  }
+  return {};
 }
 
 }  // namespace
@@ -36,15 +44,10 @@ KeyPress ParseKey(std::string_view text) {
     const std::size_t plus = text.find('+');
     if (plus == std::string_view::npos || plus == 0 || plus + 1 == text.size()) break;
     const std::string_view word = text.substr(0, plus);
-    if (EqualsIgnoringCase(word, "Ctrl") || EqualsIgnoringCase(word, "Control")) {
-      press.control = true;
-    } else if (EqualsIgnoringCase(word, "Alt")) {
-      press.alt = true;
-    } else if (EqualsIgnoringCase(word, "Shift")) {
-      press.shift = true;
-    } else {
-      return {};
-    }
+    const bool isControl = EqualsIgnoringCase(word, "Ctrl") || EqualsIgnoringCase(word, "Control");
+    const bool isHeld = (isControl && Hold(press.control)) || (EqualsIgnoringCase(word, "Alt") && Hold(press.alt)) ||
+                        (EqualsIgnoringCase(word, "Shift") && Hold(press.shift));
+    if (!isHeld) return {};
     text.remove_prefix(plus + 1);
   }
   press.key = KeyName(text);
