@@ -14,8 +14,8 @@ class frmDisclaimer : public SizedForm {
   ui::TextBox txtDisclaimer{*this, "txtDisclaimer"};
   ui::Label lblNote{*this, "lblNote",
                     "Note: the system will attempt to print the estimate disclaimer exactly as shown above."};
-  ui::Button cmdSave{*this, "cmdSave", "&Save <F10>"};
-  ui::Button cmdReset{*this, "cmdReset", "&Reset <F2>"};
+  ui::Button cmdSave{*this, "cmdSave", "Save <F10>"};
+  ui::Button cmdReset{*this, "cmdReset", "Reset <F2>"};
   ui::Button cmdCancel{*this, "cmdCancel", "Close"};
 
  private:

@@ -20,7 +20,7 @@ frmContinue::frmContinue(Shop& shop) : OkCancelForm(shop.desktop, shop.keys, "fr
 }
 
 void frmContinue::SetDate(DaySerial date) {
-  lblHours.SetCaption("Enter number of &hours applied on " + FormatDate(date) + ".");
+  lblHours.SetCaption("Enter number of hours applied on " + FormatDate(date) + ".");
 }
 
 void frmContinue::OnLoad() { FillEmployees(); }

@@ -16,9 +16,9 @@ class frmContinue : public OkCancelForm {
   ui::TextBox txtHours{*this, "txtHours"};
   ui::Label lblEmployee{*this, "lblEmployee", "&Technician"};
   ui::ComboBox EmpList{*this, "EmpList"};
-  ui::CheckBox Check1{*this, "Check1", "&Active Emp. Only"};
-  ui::Button OKButton{*this, "OKButton", "&Continue <F10>"};
-  ui::Button CancelButton{*this, "CancelButton", "&Stop <Esc>"};
+  ui::CheckBox Check1{*this, "Check1", "Active Emp. Only"};
+  ui::Button OKButton{*this, "OKButton", "Continue <F10>"};
+  ui::Button CancelButton{*this, "CancelButton", "Stop <Esc>"};
 
   bool ok = false;
 

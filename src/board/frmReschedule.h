@@ -15,8 +15,8 @@ class frmReschedule : public OkCancelForm {
   ui::Label lblDate{*this, "lblDate", "New &date"};
   ui::DTPicker DTPicker1{*this, "DTPicker1"};
   ui::Label lblHint{*this, "lblHint", "(Click the down arrow to select date via the calendar.)"};
-  ui::Button cmdOK{*this, "cmdOK", "&Save <F10>"};
-  ui::Button cmdCancel{*this, "cmdCancel", "&Cancel <Esc>"};
+  ui::Button cmdOK{*this, "cmdOK", "Save <F10>"};
+  ui::Button cmdCancel{*this, "cmdCancel", "Cancel <Esc>"};
 
   bool ok = false;
   DaySerial newDate = 0;

@@ -15,7 +15,7 @@ class frmLabor : public OkCancelForm {
 
   ui::Label lblEmployee{*this, "lblEmployee", "&Technician"};
   ui::ComboBox EmpList{*this, "EmpList"};
-  ui::CheckBox Check1{*this, "Check1", "&Active Emp. Only"};
+  ui::CheckBox Check1{*this, "Check1", "Active Emp. Only"};
   ui::CheckBox Check2{*this, "Check2", "Allow N&one"};
   ui::Button cmdTechHours{*this, "cmdTechHours", "Tech Hrs"};
   ui::Label lblHours{*this, "lblHours", "&Hours"};

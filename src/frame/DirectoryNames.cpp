@@ -123,8 +123,9 @@ std::string DirectoryNames::Look(const std::string& key) const {
 std::string DirectoryNames::KnownSpellingOf(const std::string& key) const {
   struct stat now = {};
   if (::stat(directory_.empty() ? "." : directory_.c_str(), &now) != 0 || !HasStamp(now)) return {};
-  std::string spelling = Look(key);
-  return Exists(spelling) ? spelling : std::string();
+  const auto found = names_.find(key);
+  if (found == names_.end() || !found->second.second.empty() || !Exists(found->second.first)) return {};
+  return found->second.first;
 }
 
 // A network mount may tell a change of the directory late, so the answer is checked against the file itself.
