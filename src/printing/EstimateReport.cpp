@@ -3,6 +3,7 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "printing/EstimateText.h"
 #include "printing/Letterhead.h"
 #include "printing/ReportDesigns.h"
 #include "records/Statements.h"
@@ -36,16 +37,6 @@ std::string ReadDisclaimer(Environment& environment) {
   return ReadStatement(environment, own ? kEstimateDisclaimer : kWorkorderDisclaimer);
 }
 
-LaborText LaborOnPaper(std::string_view description) {
-  LaborText lines = SplitLaborText(description);
-  for (std::string& line : lines) line = Left(line, kLaborLineWidth);
-  return lines;
-}
-
-std::string PartOnPaper(const Recordset& part, bool withNumber) {
-  return (withNumber ? part.Text("PartNumber") + " " : std::string()) + part.Text("PartDesc");
-}
-
 ui::Report EstimateReport::Make(const CustomerRecord& customer, const TotalTexts& totals) const {
   ReportLines lines(true);
   ComposeLabor(lines);
@@ -56,7 +47,7 @@ ui::Report EstimateReport::Make(const CustomerRecord& customer, const TotalTexts
     lines.Add("Tax", " ", " ", totals.tax);
     lines.AddBlank();
   }
-  ComposeNotes(lines);
+  if (AddNotes(lines, database_.lantosData.NotesForEstimate(Number()))) lines.AddBlank();
 
   const bool withDisclosure = environment_.printOptions.PrintDisclosure;
   ui::Report report{EstimateDesign(withDisclosure), "Estimate " + std::to_string(Number()), lines.Rows()};
@@ -113,20 +104,6 @@ void EstimateReport::ComposeExtras(ReportLines& lines, Recordset& rows, const ch
     for (const char* column : {"Desc1", "Desc2", "Desc3", "Desc4"}) {
       const std::string text = rows.Text(column);
       if (!Trim(text).empty()) lines.Add(kIndent + text);
-    }
-  }
-  rows.Close();
-  if (any) lines.AddBlank();
-}
-
-void EstimateReport::ComposeNotes(ReportLines& lines) const {
-  Recordset& rows = database_.lantosData.NotesForEstimate(Number());
-  const bool any = !rows.Eof();
-  if (any) lines.Add("____Notes____");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    for (int i = 1; i <= 8; ++i) {
-      const std::string text = rows.Text("Desc" + std::to_string(i));
-      if (!Trim(text).empty()) lines.Add(text);
     }
   }
   rows.Close();

@@ -6,7 +6,6 @@
 #include "printing/ReportLines.h"
 #include "records/Records.h"
 #include "ui/Report.h"
-#include "workorders/LaborText.h"
 
 namespace lantos {
 
@@ -29,7 +28,6 @@ class EstimateReport {
   void ComposeLabor(ReportLines& lines) const;
   void ComposeParts(ReportLines& lines) const;
   void ComposeExtras(ReportLines& lines, Recordset& rows, const char* heading) const;
-  void ComposeNotes(ReportLines& lines) const;
   std::string Disclosure() const;
 
   std::int32_t Number() const { return database_.estimates.CurrentEstimate.EstimateNumber; }
@@ -41,11 +39,5 @@ class EstimateReport {
 
 // The estimate's disclaimer, else the work order's.
 std::string ReadDisclaimer(Environment& environment);
-
-// The lines of a description, each as long as its field at most.
-LaborText LaborOnPaper(std::string_view description);
-
-// One part of an estimate on paper, with its number or without.
-std::string PartOnPaper(const Recordset& part, bool withNumber);
 
 }  // namespace lantos

@@ -3,7 +3,7 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "printing/EstimateReport.h"
+#include "printing/EstimateText.h"
 #include "printing/Letterhead.h"
 #include "printing/ReportDesigns.h"
 #include "printing/VehicleSummary.h"
@@ -31,7 +31,7 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
   ComposeComments(lines);
   ComposeLabor(lines);
   ComposeParts(lines);
-  ComposeNotes(lines);
+  if (Options().PrintNotesOnWorksheet) AddNotes(lines, database_.lantosData.NotesForEstimate(Number()));
   ComposeFollowups(lines);
   const std::string vin = Trim(Current().VehVIN);
   if (Options().PrintVehSummaryOnWorksheet && !vin.empty()) {
@@ -93,19 +93,6 @@ void WorksheetReport::ComposeParts(ReportLines& lines) const {
   rows.Close();
   lines.AddBlank();
   for (int i = 0; i < Options().BlankPartLines; ++i) lines.Add(kPartRule);
-}
-
-void WorksheetReport::ComposeNotes(ReportLines& lines) const {
-  if (!Options().PrintNotesOnWorksheet) return;
-  Recordset& rows = database_.lantosData.NotesForEstimate(Number());
-  if (!rows.Eof()) lines.Add("____Notes____");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    for (int i = 1; i <= 8; ++i) {
-      const std::string text = rows.Text("Desc" + std::to_string(i));
-      if (!Trim(text).empty()) lines.Add(text);
-    }
-  }
-  rows.Close();
 }
 
 // What earlier work orders recommended for this vehicle and nobody has booked yet.

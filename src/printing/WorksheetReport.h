@@ -22,7 +22,6 @@ class WorksheetReport {
   void ComposeComments(ReportLines& lines) const;
   void ComposeLabor(ReportLines& lines) const;
   void ComposeParts(ReportLines& lines) const;
-  void ComposeNotes(ReportLines& lines) const;
   void ComposeFollowups(ReportLines& lines) const;
 
   const Estimate& Current() const { return database_.estimates.CurrentEstimate; }

@@ -376,11 +376,12 @@ def test_with_no_estimate_chosen_there_is_nothing_to_print(start, shop, way):
     assert jobs(copy) == []
 
 
+@pytest.mark.parametrize("letter", ["Y", "A"])
 @pytest.mark.parametrize("status", [1, 2, 3, 4, 5, 6, 7, 8, 9])
-def test_any_other_status_asks_first_and_offers_no_change_afterwards(start, shop, status):
+def test_any_other_status_asks_first_and_offers_no_change_afterwards(start, shop, status, letter):
     """Arrived as well."""
     plain_shop(shop, status)
-    options(shop, {"ScheduledToArrived": "Y"})
+    options(shop, {"ScheduledToArrived": letter})
     copy = choose(start(shop))
     before = shop.hashes(but=("LN*",))
     print_estimate(copy)

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "estimatedb/Recordset.h"
+#include "printing/ReportLines.h"
+#include "workorders/LaborText.h"
+
+namespace lantos {
+
+// How what an estimate holds reads on every paper.
+
+// The lines of a labor description, each as long as its field at most.
+LaborText LaborOnPaper(std::string_view description);
+// A part, with its number or without.
+std::string PartOnPaper(const Recordset& part, bool withNumber);
+// The notes under their heading, a row for each line with text. False, and nothing added, when there are none. Closes
+// the rows.
+bool AddNotes(ReportLines& lines, Recordset& rows);
+
+}  // namespace lantos
