@@ -46,9 +46,9 @@ SampleEstimate BusyEstimate(const SampleShop& shop, std::int32_t number, DaySeri
   estimate.customer = static_cast<std::size_t>(shop.vehicles[index].Get(vehicle::Number) - 1);
   estimate.created = day - 3;
   estimate.scheduled = day;
+  const std::string brakeJob = "REPLACE FRONT BRAKE PADS\tRESURFACE ROTORS\tROAD TEST\t\t\t\t\t";
   for (int line = 0; line < kLaborLines; ++line) {
-    estimate.labors.push_back({shop.technicians.front(), 50 + 10 * line, 8500,
-                               "REPLACE FRONT BRAKE PADS\tRESURFACE ROTORS\tROAD TEST\t\t\t\t\t"});
+    estimate.labors.push_back({shop.technicians.front(), 50 + 10 * line, 8500, brakeJob});
   }
   return estimate;
 }

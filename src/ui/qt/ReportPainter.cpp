@@ -5,7 +5,6 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 
 #include "ui/qt/Text.h"
 
@@ -13,8 +12,10 @@ namespace lantos::ui {
 
 namespace {
 
-// Sizes of fonts are whole numbers: in units as small as these they are right on every device.
-constexpr double kUnits = 100;  // of a point
+// Sizes of fonts are whole numbers of units. Beyond 64 of them Qt loads each glyph anew each time it is measured: the
+// unit is as small as leaves the labels below that, and the detail has one of its own, for its size is any fraction.
+constexpr double kUnits = 6;        // a point
+constexpr double kDetailUnits = 60;  // the size of the detail
 constexpr double kBoxLine = 0.75;
 constexpr double kThinLine = 0.5;
 constexpr double kHeadingSize = 8.5;
@@ -24,16 +25,15 @@ constexpr double kPointsPerInch = 72;
 constexpr double kPointsPerMillimeter = kPointsPerInch / 25.4;
 
 double ToUnits(double points) { return points * kUnits; }
-QRectF ToUnits(const QRectF& points) {
-  return {ToUnits(points.x()), ToUnits(points.y()), ToUnits(points.width()), ToUnits(points.height())};
+QRectF Times(const QRectF& place, double factor) {
+  return {place.x() * factor, place.y() * factor, place.width() * factor, place.height() * factor};
 }
 
-// Rounded down: a line that exactly fits its field must go on fitting.
-QFont MakeFont(const QStringList& families, QFont::StyleHint hint, double size, bool bold) {
+QFont MakeFont(const QStringList& families, QFont::StyleHint hint, double units, bool bold) {
   QFont font;
   font.setFamilies(families);
   font.setStyleHint(hint);
-  font.setPixelSize(std::max(1, static_cast<int>(ToUnits(size))));
+  font.setPixelSize(static_cast<int>(units));
   font.setBold(bold);
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setKerning(false);
@@ -43,11 +43,11 @@ QFont MakeFont(const QStringList& families, QFont::StyleHint hint, double size, 
 // The second of each has the same widths as the first.
 QFont LabelFont(double size, bool bold) {
   return MakeFont({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Helvetica")},
-                  QFont::SansSerif, size, bold);
+                  QFont::SansSerif, ToUnits(size), bold);
 }
-QFont DetailFont(double size) {
+QFont DetailFont() {
   QFont font = MakeFont({QStringLiteral("Courier New"), QStringLiteral("Liberation Mono"), QStringLiteral("Courier")},
-                        QFont::Monospace, size, false);
+                        QFont::Monospace, kDetailUnits, false);
   font.setFixedPitch(true);
   return font;
 }
@@ -64,10 +64,9 @@ int FlagOf(Align align) {
   return Qt::AlignLeft;
 }
 
-// A line, cut off at the sides of its field.
-void PaintText(QPainter& painter, const QRectF& field, Align align, const std::string& text) {
+// A line, cut off at the sides of its field, which is in units.
+void PaintText(QPainter& painter, const QRectF& place, Align align, const std::string& text) {
   if (text.empty()) return;
-  const QRectF place = ToUnits(field);
   painter.save();
   // Above and below there may be strokes outside of the line's own height.
   painter.setClipRect(place.adjusted(0, -place.height(), 0, place.height()));
@@ -99,8 +98,8 @@ void ReportPainter::PaintPage(QPainter& painter, std::size_t page) const {
   PaintDetail(painter, plan);
   PaintFooter(painter, plan);
   painter.setFont(LabelFont(kPageTextSize, false));
-  PaintText(painter, {0, layout_.height, layout_.width, 2 * PitchOf(kPageTextSize) - kPageTextSize}, Align::Center,
-            PageText(page + 1, PageCount()));
+  PaintText(painter, Times({0, layout_.height, layout_.width, 2 * PitchOf(kPageTextSize) - kPageTextSize}, kUnits),
+            Align::Center, PageText(page + 1, PageCount()));
   painter.restore();
 }
 
@@ -125,7 +124,7 @@ void ReportPainter::PaintBox(QPainter& painter, const ReportBox& box, double top
   if (box.height == 0) {
     PaintRule(painter, place.left(), place.right(), place.top());
   } else {
-    painter.drawRect(ToUnits(place));
+    painter.drawRect(Times(place, kUnits));
   }
 }
 
@@ -136,7 +135,7 @@ void ReportPainter::PaintLabel(QPainter& painter, const ReportLabel& label, doub
   for (std::size_t i = 0; i < count; ++i) {
     const QRectF field =
         Across(label.left, label.width, top + static_cast<double>(i) * PitchOf(label.size), PitchOf(label.size));
-    PaintText(painter, field, label.align, lines.at(first + i));
+    PaintText(painter, Times(field, kUnits), label.align, lines.at(first + i));
   }
 }
 
@@ -145,8 +144,8 @@ void ReportPainter::PaintHeadings(QPainter& painter) const {
   if (height <= 0) return;
   painter.setFont(LabelFont(kHeadingSize, true));
   for (const ReportColumn& column : report_.design.columns) {
-    PaintText(painter, Across(column.left, column.width, layout_.headingTop, height - kBelowHeadingRule), column.align,
-              column.heading);
+    const QRectF field = Across(column.left, column.width, layout_.headingTop, height - kBelowHeadingRule);
+    PaintText(painter, Times(field, kUnits), column.align, column.heading);
   }
   SetPen(painter, kThinLine);
   PaintRule(painter, 0, layout_.width, layout_.headerHeight - kBelowHeadingRule);
@@ -154,15 +153,19 @@ void ReportPainter::PaintHeadings(QPainter& painter) const {
 
 void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const {
   const std::vector<ReportColumn>& columns = report_.design.columns;
-  painter.setFont(DetailFont(layout_.detailSize));
+  const double units = kDetailUnits / layout_.detailSize;  // a point
+  painter.save();
+  painter.scale(kUnits / units, kUnits / units);
+  painter.setFont(DetailFont());
   for (std::size_t i = 0; i < page.lineCount; ++i) {
     const std::vector<std::string>& texts = report_.lines.at(page.firstLine + i);
     const double top = layout_.headerHeight + static_cast<double>(i) * layout_.detailPitch;
     for (std::size_t column = 0; column < std::min(columns.size(), texts.size()); ++column) {
-      PaintText(painter, Across(columns[column].left, columns[column].width, top, layout_.detailPitch),
-                columns[column].align, texts[column]);
+      const QRectF field = Across(columns[column].left, columns[column].width, top, layout_.detailPitch);
+      PaintText(painter, Times(field, units), columns[column].align, texts[column]);
     }
   }
+  painter.restore();
 }
 
 void ReportPainter::PaintFooter(QPainter& painter, const ReportPage& page) const {
