@@ -168,7 +168,7 @@ void frmLabor::RepairCodePicked() {
   MarkChanged();
 }
 
-// The days of a followup count from here: 0, the first day of all, where no work order is open.
+// The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
 DaySerial frmLabor::FollowupBase() const {
   if (!shop_.environment.shopOptions.LaborDateOption) return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
   return ParseDate(line_.Date).value_or(shop_.environment.Today());

@@ -34,7 +34,7 @@ std::string TimeOfDay(LocalTime now) {
 
 std::string ReadDisclaimer(Environment& environment) {
   const bool own = environment.files.FileExists(kEstimateDisclaimer);
-  return ReadStatement(environment, own ? kEstimateDisclaimer : kWorkorderDisclaimer);
+  return ReadTrimmedStatement(environment, own ? kEstimateDisclaimer : kWorkorderDisclaimer);
 }
 
 ui::Report EstimateReport::Make(const CustomerRecord& customer, const TotalTexts& totals) const {

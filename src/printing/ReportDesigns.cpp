@@ -46,9 +46,9 @@ void AddCustomerBlock(ReportDesign& design, double top) {
   }
 }
 
-void AddVehicleRows(ReportDesign& design, double left, double top) {
+void AddVehicleRows(ReportDesign& design, double left, double top, double blockWidth) {
   constexpr double kCaption = 0.09;
-  const double width = 0.4 - kInset;
+  const double width = blockWidth - 2 * kInset;
   Add(design, {Field("lblMake", left + kInset, top + 4, width, 9, true),
                Field("lblEngTran", left + kInset, top + 4 + kRow, width)});
   AddPair(design, "VIN", "lblVIN", left + kInset, top + 4 + 2 * kRow, kCaption, width - kCaption);
@@ -77,7 +77,7 @@ ReportDesign EstimateDesign(bool withDisclosure) {
   design.boxes = {{Band::PageHeader, 0, kBlockTop, kMiddle - 0.005, kBlockHeight},
                   {Band::PageHeader, kMiddle + 0.005, kBlockTop, kMiddle - 0.005, kBlockHeight}};
   AddCustomerBlock(design, kBlockTop);
-  AddVehicleRows(design, kMiddle + 0.005, kBlockTop);
+  AddVehicleRows(design, kMiddle + 0.005, kBlockTop, kMiddle - 0.005);
   AddPair(design, "Mileage", "lblMileage", kMiddle + 0.005 + kInset, kBlockTop + 4 + 4 * kRow, 0.09, 0.3);
   design.headerHeight = kBlockTop + kBlockHeight + 8;
   if (withDisclosure) {
@@ -87,10 +87,10 @@ ReportDesign EstimateDesign(bool withDisclosure) {
   }
 
   design.characters = 71;  // a number of a technician, a blank and a line of labor
-  design.columns = {{"DataLine", 0, 0.70, Align::Left, "Description"},
-                    {"Amt1", 0.70, 0.10, Align::Right, "Hours/Qty"},
-                    {"Amt2", 0.80, 0.10, Align::Right, "Rate/Price"},
-                    {"Amt3", 0.90, 0.10, Align::Right, "Total"}};
+  design.columns = {{"DataLine", 0, 0.66, Align::Left, "Description"},
+                    {"Amt1", 0.66, 0.11, Align::Right, "Hours/Qty"},
+                    {"Amt2", 0.77, 0.11, Align::Right, "Rate/Price"},
+                    {"Amt3", 0.88, 0.12, Align::Right, "Total"}};
 
   constexpr double kTotalsLeft = 0.66;
   row = 10;
@@ -129,7 +129,7 @@ ReportDesign WorksheetDesign(bool withCustomer) {
   constexpr double kTop = 48;
   const double vehicleLeft = withCustomer ? kMiddle + 0.005 : 0;
   const double vehicleWidth = withCustomer ? kMiddle - 0.005 : 1;
-  AddVehicleRows(design, vehicleLeft, kTop);
+  AddVehicleRows(design, vehicleLeft, kTop, vehicleWidth);
   const double row = kTop + 4 + 4 * kRow;
   AddPair(design, "Last seen", "lblLastSeen", vehicleLeft + kInset, row, 0.09, 0.13);
   AddPair(design, "at", "lblLastMiles", vehicleLeft + kInset + 0.22, row, 0.03, 0.2);

@@ -45,6 +45,23 @@ void Sort(std::vector<Record<Length>>& tags) {
   });
 }
 
+// The work order and the tag that others hold while past ones are read through the same place.
+class KeptWorkorder {
+ public:
+  explicit KeptWorkorder(Workorders& workorders)
+      : workorders_(workorders), order_(workorders.Current), tag_(workorders.CurrentActiveTag) {}
+  ~KeptWorkorder() {
+    workorders_.Current = std::move(order_);
+    workorders_.CurrentActiveTag = tag_;
+  }
+  KeptWorkorder(const KeptWorkorder&) = delete;
+
+ private:
+  Workorders& workorders_;
+  Workorder order_;
+  ActiveWoTag tag_;
+};
+
 }  // namespace
 
 template <std::size_t Length>
@@ -73,6 +90,7 @@ std::vector<Record<Length>> VehicleSummary::Find(FileHandle handle, std::string_
 }
 
 void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
+  const KeptWorkorder kept(workorders_);
   lines.Add("***** Vehicle Summary *****");
   lines.AddBlank();
   OpenedFile file(environment_.openFiles);

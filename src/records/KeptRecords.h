@@ -46,4 +46,21 @@ class KeptCustomer {
   bool settled_ = false;
 };
 
+// Nobody writes from the table of the check list but who shows it: it is always put back.
+class KeptCheckList {
+ public:
+  explicit KeptCheckList(CheckListTable& table)
+      : table_(table), items_(table.items), loaded_(table.ChecklistLoaded) {}
+  ~KeptCheckList() {
+    table_.items = std::move(items_);
+    table_.ChecklistLoaded = loaded_;
+  }
+  KeptCheckList(const KeptCheckList&) = delete;
+
+ private:
+  CheckListTable& table_;
+  std::vector<ChecklistItem> items_;
+  bool loaded_;
+};
+
 }  // namespace lantos

@@ -49,6 +49,11 @@ std::string WithLineFeeds(std::string_view text) {
   return result;
 }
 
+void Desktop::EndEvent(const std::exception& error) {
+  if (logFailure) logFailure(error.what());
+  ReportFailure(error.what());
+}
+
 Form* Desktop::FindForm(std::string_view name) const {
   const auto found = std::find_if(forms_.rbegin(), forms_.rend(), [&](Form* form) { return form->Name() == name; });
   return found == forms_.rend() ? nullptr : *found;

@@ -79,6 +79,8 @@ class Desktop {
 
   // What is to be written down when an event fails.
   std::function<void(const std::string&)> logFailure;
+  // Writes it down and reports it.
+  void EndEvent(const std::exception& error);
 
   // Loaded forms, the topmost last.
   const std::vector<Form*>& LoadedForms() const { return forms_; }

@@ -64,6 +64,9 @@ struct ControlState {
 // From the plain control itself.
 ControlState ReadControl(const Control& control);
 
+// Whether a character comes from one key that doesn't lead elsewhere, as Tab does.
+inline bool CanBeTyped(char character) { return static_cast<unsigned char>(character) >= ' ' && character != 0x7f; }
+
 // The person's hand at a desktop's controls. The control has been found to be on the topmost form, shown, enabled, and
 // to have the row: what is left is to do it. Each returns an error text, empty when it was done.
 class Hand {

@@ -192,8 +192,7 @@ void Form::Run(const std::function<void()>& event) {
     event();
   } catch (const std::exception& error) {
     desktop_.SetPointer(Pointer::Normal);
-    if (desktop_.logFailure) desktop_.logFailure(error.what());
-    desktop_.ReportFailure(error.what());
+    desktop_.EndEvent(error);
   }
 }
 

@@ -17,16 +17,9 @@ constexpr double kLargestDetail = 9.5;
 constexpr double kDetailLeading = 1.2;
 constexpr double kLabelLeading = 1.25;
 constexpr double kHeadingHeight = 14;
+constexpr double kBelowGrown = 8;         // between a header that grew and what follows
+constexpr std::size_t kLeastLines = 12;  // of the detail that a page must have room for below one
 constexpr double kPageFooterHeight = 18;
-
-std::size_t GrownLines(const Report& report, Band band, double& size) {
-  for (const ReportLabel& label : report.design.labels) {
-    if (label.band != band || !label.grows || label.text.empty()) continue;
-    size = label.size;
-    return LinesOf(label.text).size();
-  }
-  return 0;
-}
 
 void Replace(std::string& text, std::string_view what, std::size_t number) {
   if (const std::size_t at = text.find(what); at != std::string::npos)
@@ -64,53 +57,112 @@ std::vector<std::string> LinesOf(std::string_view text) {
   }
 }
 
+const ReportLabel* GrowingLabel(const Report& report, Band band) {
+  for (const ReportLabel& label : report.design.labels) {
+    if (label.band == band && label.grows && !label.text.empty()) return &label;
+  }
+  return nullptr;
+}
+
+namespace {
+
+// Lays out pages one behind the other. The header comes first, the detail below it, the footer behind its last line.
+class Pages {
+ public:
+  Pages(const Report& report, ReportLayout& layout) : report_(report), layout_(layout) {
+    if (const ReportLabel* label = GrowingLabel(report, Band::PageHeader)) {
+      headerLines_ = LinesOf(label->text).size();
+      headerPitch_ = PitchOf(label->size);
+    }
+    const auto& columns = report.design.columns;
+    hasHeadings_ = std::any_of(columns.begin(), columns.end(),
+                               [](const ReportColumn& column) { return !column.heading.empty(); });
+    const double least = std::max(report.design.footerHeight, static_cast<double>(kLeastLines) * layout.detailPitch);
+    repeatsHeader_ = layout.height - HeaderHeight(headerLines_) >= least;
+  }
+
+  void LayOut() {
+    std::size_t line = 0;
+    do {
+      Begin(line);
+      const auto fitting = static_cast<std::size_t>(left_ / layout_.detailPitch);
+      const std::size_t count = std::min(fitting, report_.lines.size() - line);
+      Page().lineCount = count;
+      left_ -= static_cast<double>(count) * layout_.detailPitch;
+      line += count;
+    } while (line < report_.lines.size() || headerDone_ < headerLines_);
+    const bool fresh = Page().lineCount == 0 && (repeatsHeader_ || Page().header.count == 0);
+    if (report_.design.footerHeight > left_ && !fresh) Begin(line);
+    Page().hasFooter = true;
+    left_ -= report_.design.footerHeight;
+    if (const ReportLabel* label = GrowingLabel(report_, Band::ReportFooter)) GrowFooter(*label);
+  }
+
+ private:
+  ReportPage& Page() { return layout_.pages.back(); }
+
+  double HeadingTop(std::size_t grown) const {
+    return report_.design.headerHeight + static_cast<double>(grown) * headerPitch_ + (grown > 0 ? kBelowGrown : 0);
+  }
+  double HeaderHeight(std::size_t grown) const { return HeadingTop(grown) + (hasHeadings_ ? kHeadingHeight : 0); }
+
+  void Begin(std::size_t line) {
+    ReportPage page;
+    page.firstLine = line;
+    if (repeatsHeader_) {
+      page.header = {0, headerLines_};
+      headerDone_ = headerLines_;
+    } else if (headerDone_ < headerLines_) {
+      const double room = std::max(layout_.height - HeaderHeight(0) - kBelowGrown, headerPitch_);
+      page.header = {headerDone_, std::min(static_cast<std::size_t>(room / headerPitch_), headerLines_ - headerDone_)};
+      headerDone_ += page.header.count;
+    }
+    page.headingTop = HeadingTop(page.header.count);
+    page.headerHeight = HeaderHeight(page.header.count);
+    left_ = std::max(layout_.height - page.headerHeight, 0.0);
+    // A design whose header leaves no room for a line would never come to an end: it gets one all the same.
+    if (page.header.count == 0 || repeatsHeader_) left_ = std::max(left_, layout_.detailPitch);
+    layout_.pages.push_back(page);
+  }
+
+  void GrowFooter(const ReportLabel& label) {
+    const std::size_t lines = LinesOf(label.text).size();
+    const double pitch = PitchOf(label.size), height = static_cast<double>(lines) * pitch;
+    const double whole = layout_.height - Page().headerHeight;
+    for (std::size_t done = 0; done < lines;) {
+      auto count = std::min(static_cast<std::size_t>(std::max(left_, 0.0) / pitch), lines - done);
+      // A statement stays in one piece where it can: it begins a page rather than be torn.
+      if (done == 0 && left_ < whole && count < lines && height <= whole) count = 0;
+      Page().footer = {done, count};
+      done += count;
+      if (done == lines) break;
+      Begin(report_.lines.size());
+      left_ = std::max(left_, pitch);
+    }
+  }
+
+  const Report& report_;
+  ReportLayout& layout_;
+  std::size_t headerLines_ = 0;  // that grow, and what each page has of them
+  double headerPitch_ = 0;
+  bool hasHeadings_ = false;
+  bool repeatsHeader_ = true;
+  std::size_t headerDone_ = 0;
+  double left_ = 0;  // of the last page's height
+};
+
+}  // namespace
+
 ReportLayout LayOut(const Report& report, Paper paper) {
   const ReportDesign& design = report.design;
   if (design.orientation == Orientation::Landscape) std::swap(paper.width, paper.height);
   ReportLayout layout;
   layout.width = paper.width - 2 * kReportMargin;
   layout.height = paper.height - 2 * kReportMargin - kPageFooterHeight;
-  double size = 0;
-  const std::size_t grownHeader = GrownLines(report, Band::PageHeader, size);
-  layout.headingTop = design.headerHeight + static_cast<double>(grownHeader) * PitchOf(size);
-  const bool hasHeadings = std::any_of(design.columns.begin(), design.columns.end(),
-                                       [](const ReportColumn& column) { return !column.heading.empty(); });
-  layout.headerHeight = layout.headingTop + (hasHeadings ? kHeadingHeight : 0);
   const double field = design.columns.empty() ? layout.width : design.columns.front().width * layout.width;
   layout.detailSize = std::min(kLargestDetail, field / (kCharacterWidth * static_cast<double>(design.characters)));
   layout.detailPitch = layout.detailSize * kDetailLeading;
-
-  // A header that leaves no room for a line would never come to an end: it gets one all the same.
-  const double room = std::max(layout.height - layout.headerHeight, layout.detailPitch);
-  const auto perPage = static_cast<std::size_t>(room / layout.detailPitch);
-  std::size_t line = 0;
-  do {
-    const std::size_t count = std::min(perPage, report.lines.size() - line);
-    layout.pages.push_back({line, count, false, 0, 0});
-    line += count;
-  } while (line < report.lines.size());
-
-  double left = room - static_cast<double>(layout.pages.back().lineCount) * layout.detailPitch;
-  if (design.footerHeight > left && layout.pages.back().lineCount > 0) {
-    layout.pages.push_back({line, 0, false, 0, 0});
-    left = room;
-  }
-  layout.pages.back().hasFooter = true;
-  left -= design.footerHeight;
-  const std::size_t grown = GrownLines(report, Band::ReportFooter, size);
-  for (std::size_t done = 0; done < grown;) {
-    auto count = static_cast<std::size_t>(std::max(left, 0.0) / PitchOf(size));
-    // A statement stays in one piece where it can: it begins a page rather than be torn.
-    const bool torn = done == 0 && left < room && count < grown && static_cast<double>(grown) * PitchOf(size) <= room;
-    if (torn) count = 0;
-    count = std::min(count, grown - done);
-    layout.pages.back().firstGrown = done;
-    layout.pages.back().grownCount = count;
-    done += count;
-    if (done == grown) break;
-    layout.pages.push_back({line, 0, false, done, 0});
-    left = std::max(room, PitchOf(size));
-  }
+  Pages(report, layout).LayOut();
   return layout;
 }
 
@@ -118,8 +170,10 @@ void WriteReportText(const Report& report, const std::filesystem::path& to) {
   std::ofstream file(to, std::ios::binary);
   for (const std::vector<std::string>& columns : report.lines) {
     std::string text;
-    for (const std::string& column : columns)
-      text += (text.empty() && &column == &columns.front() ? "" : "\t") + column;
+    for (const std::string& column : columns) {
+      if (&column != &columns.front()) text += '\t';
+      for (const char c : column) text += c == '\r' || c == '\n' || c == '\t' ? ' ' : c;
+    }
     file << ToUtf8(text.substr(0, text.find_last_not_of(" \t") + 1)) << "\n";
   }
   file.close();

@@ -26,7 +26,7 @@ struct ReportLabel {
   double size = 9;
   Align align = Align::Left;
   bool bold = false;
-  bool grows = false;  // the last of its band, which becomes as high as the text needs; in the footer, over pages
+  bool grows = false;  // the last of its band, which becomes as high as the text needs, over pages if it must
   std::string text;
 };
 
@@ -77,25 +77,33 @@ inline constexpr Paper kLetterPaper{612, 792};
 inline constexpr Paper kA4Paper{595.3, 841.9};
 inline constexpr double kReportMargin = 36;
 
+// Lines of a label that grows.
+struct GrownLines {
+  std::size_t first = 0, count = 0;
+};
+
 // Where everything comes to lie, the same on every desktop.
 struct ReportPage {
-  std::size_t firstLine = 0, lineCount = 0;    // of the detail
-  bool hasFooter = false;                      // the report footer's fixed part, behind the detail
-  std::size_t firstGrown = 0, grownCount = 0;  // lines of the footer's label that grows
+  GrownLines header;           // all on every page; where that leaves too little room, on the first ones only
+  double headingTop = 0;       // of the columns
+  double headerHeight = 0;     // with them
+  std::size_t firstLine = 0, lineCount = 0;  // of the detail
+  bool hasFooter = false;      // the report footer's fixed part, behind the detail
+  GrownLines footer;           // behind that
 };
 struct ReportLayout {
   double width = 0, height = 0;  // printable, in the report's orientation
-  double headerHeight = 0;       // with the headings of the columns
-  double headingTop = 0;         // of those
   double detailSize = 0, detailPitch = 0;
   std::vector<ReportPage> pages;  // at least one
 };
 ReportLayout LayOut(const Report& report, Paper paper = kLetterPaper);
+// The label of the band that grows, null where there is none or it is empty.
+const ReportLabel* GrowingLabel(const Report& report, Band band);
 double PitchOf(double size);  // from line to line of a label
 std::vector<std::string> LinesOf(std::string_view text);
 
-// What a printed job is where there is no paper: a line of text a report line, its columns apart by tabs. Throws
-// FileError.
+// What a printed job is where there is no paper: a line of text a report line, its columns apart by tabs; those and
+// line ends within a column are blanks. Throws FileError.
 void WriteReportText(const Report& report, const std::filesystem::path& to);
 
 }  // namespace lantos::ui

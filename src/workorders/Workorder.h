@@ -117,7 +117,8 @@ using WoNote = std::array<std::string, kNoteLines>;
 inline constexpr std::size_t kTimeWidth = 6;
 inline constexpr std::size_t kPaymentCommentWidth = 32;
 
-// The one current work order of a run, shared by all who read or write one. Nothing fills it while estimates are edited.
+// The one current work order of a run, shared by all who read or write one. Cleared until an estimate is converted; that
+// work order stays.
 struct Workorder {
   std::int32_t WorkorderNumber = 0;
   std::string Status, Type, Pricing;  // Pricing is the name of a price level

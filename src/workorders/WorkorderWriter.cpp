@@ -184,7 +184,10 @@ class Writer {
 
   void CheckList() {
     if (!around_.checkList.ChecklistLoaded) return;
-    const auto value = [](const std::string& text) { return text.empty() ? std::string(" ") : text; };
+    const auto value = [](std::string_view typed) {
+      const std::string text = TrimNull(typed);
+      return text.empty() ? std::string(" ") : text;
+    };
     for (const ChecklistItem& item : around_.checkList.items) {
       if (!item.Used) continue;
       lines_.push_back(item.IsCategory() ? item.Name

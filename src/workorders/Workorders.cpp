@@ -13,7 +13,7 @@ constexpr std::size_t kNumberDigits = 6;
 
 template <std::size_t Length>
 void PutText(Record<Length>& tag, TextField field, std::string_view text) {
-  tag.Put(field, CutToField(text, field.width));
+  tag.Put(field, text.substr(0, std::min<std::size_t>(text.find('\0'), field.width - 1)));
 }
 
 template <std::size_t Length>

@@ -6,6 +6,7 @@ import os
 import pytest
 
 from boardlines import TODAY, row_of, view_of
+from historyfiles import History, order_text
 from inventoryfiles import MASTER, MASTER_LENGTH, make_inventory, part, read_masters, read_tags
 from inventoryfiles import TAG as STOCK_TAG
 from inventoryfiles import TAG_LENGTH as STOCK_TAG_LENGTH
@@ -1049,6 +1050,44 @@ def test_an_estimate_without_ticks_has_an_empty_checklist_section(start, shop):
     convert_whole(copy, FIRST + 1, 901)
     assert read_workorder(shop, FIRST)["Check List"] == ["[Brakes]", "Pads,thin, "]
     assert read_workorder(shop, FIRST + 1)["Check List"] == []
+
+
+def test_past_work_orders_on_a_worksheet_leave_the_checklist_of_the_estimate(start, shop):
+    shop.path("").mkdir(parents=True, exist_ok=True)
+    make_checklist(shop, ["[Brakes]", "Pads", "Discs"])
+    estimate(shop, VehVIN="VIN-1")
+    for data in ("[Brakes], , ", "Discs,worn,95000"):
+        shop.add_row("Checklist", EstimateNumber=900, ChecklistData=data)
+    history = History("VIN-1")
+    text = order_text(4001).replace("[Check List]\r\n", "[Check List]\r\n[Brakes]\r\nPads,old,11\r\n")
+    history.add_active(4001, opened="2003-09-29", text=text)
+    copy = begin(start, shop, profile={"Print Options": {"PrintVehSummaryOnWorksheet": "True"}},
+                 options={"ScheduledToInProgress": "N"})
+    history.write(shop)
+    copy.click("cmdPrintWorksheet")
+    assert any(line[0].startswith("Workorder: 004001") for line in copy.answer["lines"]), copy.answer
+    copy.close()
+    convert_whole(copy)
+    assert read_workorder(shop, FIRST)["Check List"] == ["[Brakes]", "Discs,worn,95000"]
+
+
+def test_values_of_the_checklist_are_written_trimmed(start, shop):
+    shop.path("").mkdir(parents=True, exist_ok=True)
+    make_checklist(shop, ["[Brakes]", "Pads", "Discs"])
+    estimate(shop)
+    copy = begin(start, shop)
+    copy.click("cmdEstimateChecklist")
+    copy.expect_form("frmWOChklst")
+    copy.check("List1", row=0)
+    copy.select("List1", row=0)
+    copy.check("List2", row=0)
+    copy.select("List2", row=0)
+    copy.type("Service", "  thin ")
+    copy.type("DueBackMiles", "   ")
+    copy.key("F10")
+    copy.expect_form("frmMain")
+    convert_whole(copy)
+    assert read_workorder(shop, FIRST)["Check List"] == ["[Brakes]", "Pads,thin, "]
 
 
 # Held files.

@@ -58,6 +58,7 @@ def test_the_screen(editor):
     ({"DISC_EST.TXT": b"", "DISCLAIM.TXT": b"Other."}, ""),
     ({"DISCLAIM.TXT": b"Other.\r\nCaf\xe9"}, "Other.\nCaf\u00e9"),
     ({"disclaim.txt": b"Other."}, "Other."),
+    ({"DISC_EST.TXT": b"Sign:\r\n    [ ] here  \r\n"}, "Sign:\n    [ ] here  "),
     ({}, ""),
 ])
 def test_the_text_is_the_estimates_own_else_the_work_orders(editor, shop, files, shown):

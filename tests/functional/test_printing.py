@@ -528,6 +528,22 @@ def test_an_option_that_is_no_yes_or_no_prints_nothing(start, shop):
     assert (jobs(copy), shop.estimate(900)["Status"]) == ([], 0)
 
 
+def test_a_print_that_fails_is_told_and_the_preview_stays(start, shop):
+    plain_shop(shop)
+    copy = choose(start(shop))
+    print_estimate(copy)
+    expect_preview(copy, "rptEstimate")
+    shutil.rmtree(copy.print_to)
+    copy.send(do="print")
+    copy.expect_box(icon="critical", buttons=["OK"])
+    assert jobs(copy) == []
+    copy.press("OK")
+    expect_preview(copy, "rptEstimate")
+    copy.print_to.mkdir()
+    copy.send(do="print")
+    assert [job["printed"] for job in jobs(copy)] == ["rptEstimate"]
+
+
 def test_the_place_of_a_preview_is_kept(start, shop, tmp_path):
     """Under the caption of its design; without windows there is a state alone to keep."""
     plain_shop(shop)
@@ -626,7 +642,7 @@ def test_the_default_disclosure(start, shop):
 
 
 @pytest.mark.parametrize("text, shown", [
-    (b"Our one line.", "Our one line."), (b"One\r\n\r\n two \r\n", "One\n\ntwo"), (b"", "")])
+    (b"Our one line.", "Our one line."), (b"One\r\n\r\n   [ ] two \r\n", "One\n\n   [ ] two "), (b"", "")])
 def test_a_disclosure_of_the_shops_own_stands_alone(start, shop, text, shown):
     plain_shop(shop)
     shop.path("disclosure.txt").write_bytes(text)

@@ -91,7 +91,14 @@ void DriverDesktop::PrintScreen(Form& form) {
 
 void DriverDesktop::PreviewReport(const Report& report, ControlPlace&) {
   bool closed = false;
-  const Person::PreviewHands hands{[&] { Print(report); }, [&] { closed = true; }};
+  const auto print = [&] {
+    try {
+      Print(report);
+    } catch (const std::exception& error) {
+      EndEvent(error);
+    }
+  };
+  const Person::PreviewHands hands{print, [&] { closed = true; }};
   person_.AtPreview(report, hands, [&closed] { return closed; });
 }
 

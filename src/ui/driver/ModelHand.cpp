@@ -29,8 +29,6 @@ void SelectWithoutMoving(Control& control, const std::vector<int>& rows) {
   }
 }
 
-bool CanBeTyped(char character) { return static_cast<unsigned char>(character) >= ' ' && character != 0x7f; }
-
 // Clicking a drop-down opens it; only a row of it is a click of the program's.
 bool HasOwnClick(const Control& control) { return dynamic_cast<const ComboBox*>(&control) == nullptr; }
 

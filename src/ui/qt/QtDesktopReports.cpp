@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 #include <exception>
+#include <stdexcept>
 #include <utility>
 
 #include "frame/FileError.h"
@@ -103,15 +104,14 @@ void QtDesktop::PrintFrom(ReportWindow& window) {
     if (AskForPrinter(window.GetReport(), window.Printer())) PrintOn(window.GetReport(), window.Printer());
     window.Refresh();
   } catch (const std::exception& error) {
-    if (logFailure) logFailure(error.what());
-    ReportFailure(error.what());
+    EndEvent(error);
   }
 }
 
 void QtDesktop::PrintReport(const Report& report, bool askFirst) {
   if (!askFirst && IsDriven()) return PrintJob(report);
   if (!askFirst && QPrinterInfo::defaultPrinter().isNull()) {
-    return Tell("No printer is installed.", report.title, Icon::Exclamation);
+    throw std::runtime_error("No printer is installed.");
   }
   const std::unique_ptr<QPrinter> printer = MakePrinter(IsDriven());
   if (askFirst && !AskForPrinter(report, *printer)) return;
@@ -156,7 +156,7 @@ void QtDesktop::PrintOn(const Report& report, QPrinter& printer) {
   const bool printed = PaintReport(report, printer, printer.supportsMultipleCopies() ? 1 : printer.copyCount());
   SetPointer(pointer);
   printer.setPageRanges({});  // the preview shows all of them
-  if (!printed) Tell("The report could not be printed.", report.title, Icon::Exclamation);
+  if (!printed) throw std::runtime_error("The report could not be printed.");
 }
 
 void QtDesktop::PrintJob(const Report& report) {

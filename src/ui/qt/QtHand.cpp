@@ -207,7 +207,7 @@ std::string QtHand::Type(Control& control, const std::string& text) {
   for (const char character : WithLineFeeds(text)) {
     // What the text does to the screen may take the keyboard elsewhere.
     if (desktop_.WindowOf(control.Owner()) != window || !CanTouch(control) || !control.HasFocus()) break;
-    if (character == '\n' && page == nullptr) continue;
+    if (character == '\n' ? page == nullptr : !CanBeTyped(character)) continue;
     window->SendKey(MakeKeyEvent(QEvent::KeyPress, character), MakeKeyEvent(QEvent::KeyRelease, character));
     if (window->IsAttached()) window->Flush();
   }

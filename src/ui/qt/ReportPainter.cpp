@@ -1,5 +1,6 @@
 #include "ui/qt/ReportPainter.h"
 
+#include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPageRanges>
 #include <QPagedPaintDevice>
@@ -21,6 +22,7 @@ constexpr double kThinLine = 0.5;
 constexpr double kHeadingSize = 8.5;
 constexpr double kBelowHeadingRule = 2;
 constexpr double kPageTextSize = 9;
+constexpr std::size_t kTabColumns = 8;
 constexpr double kPointsPerInch = 72;
 constexpr double kPointsPerMillimeter = kPointsPerInch / 25.4;
 
@@ -64,14 +66,24 @@ int FlagOf(Align align) {
   return Qt::AlignLeft;
 }
 
-// A line, cut off at the sides of its field, which is in units.
-void PaintText(QPainter& painter, const QRectF& place, Align align, const std::string& text) {
-  if (text.empty()) return;
+// A line in a field, in units. What is too long is cut off at the field's end, whatever side the text keeps to: an amount
+// without its first digits would be another one.
+void PaintText(QPainter& painter, const QRectF& place, Align align, const std::string& line) {
+  if (line.empty()) return;
+  const QString text = ToQt(line);
+  if (align != Align::Left && QFontMetricsF(painter.font()).horizontalAdvance(text) > place.width()) align = Align::Left;
   painter.save();
   // Above and below there may be strokes outside of the line's own height.
   painter.setClipRect(place.adjusted(0, -place.height(), 0, place.height()));
-  painter.drawText(place, Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | FlagOf(align), ToQt(text));
+  painter.drawText(place, Qt::TextSingleLine | Qt::TextDontClip | Qt::AlignVCenter | FlagOf(align), text);
   painter.restore();
+}
+
+// Blanks up to the next eighth column.
+std::string WithoutTabs(const std::string& line) {
+  std::string plain;
+  for (const char c : line) c == '\t' ? plain.append(kTabColumns - plain.size() % kTabColumns, ' ') : plain.append(1, c);
+  return plain;
 }
 
 void PaintRule(QPainter& painter, double left, double right, double at) {
@@ -94,7 +106,8 @@ void ReportPainter::PaintPage(QPainter& painter, std::size_t page) const {
   painter.setBrush(Qt::NoBrush);
   SetPen(painter, kThinLine);
   PaintBand(painter, Band::PageHeader, 0);
-  PaintHeadings(painter);
+  PaintGrown(painter, Band::PageHeader, report_.design.headerHeight, plan.header);
+  PaintHeadings(painter, plan);
   PaintDetail(painter, plan);
   PaintFooter(painter, plan);
   painter.setFont(LabelFont(kPageTextSize, false));
@@ -107,15 +120,19 @@ QRectF ReportPainter::Across(double left, double width, double top, double heigh
   return {left * layout_.width, top, width * layout_.width, height};
 }
 
-// Without what grows in the footer, which has places of its own.
+// Without what grows, which has places of its own.
 void ReportPainter::PaintBand(QPainter& painter, Band band, double top) const {
   for (const ReportBox& box : report_.design.boxes) {
     if (box.band == band) PaintBox(painter, box, top);
   }
   for (const ReportLabel& label : report_.design.labels) {
-    if (label.band != band || (band == Band::ReportFooter && label.grows)) continue;
-    PaintLabel(painter, label, top + label.top, 0, LinesOf(label.text).size());
+    if (label.band != band || label.grows) continue;
+    PaintLabel(painter, label, top + label.top, {0, LinesOf(label.text).size()});
   }
+}
+
+void ReportPainter::PaintGrown(QPainter& painter, Band band, double top, GrownLines lines) const {
+  if (lines.count > 0) PaintLabel(painter, *GrowingLabel(report_, band), top, lines);
 }
 
 void ReportPainter::PaintBox(QPainter& painter, const ReportBox& box, double top) const {
@@ -128,27 +145,26 @@ void ReportPainter::PaintBox(QPainter& painter, const ReportBox& box, double top
   }
 }
 
-void ReportPainter::PaintLabel(QPainter& painter, const ReportLabel& label, double top, std::size_t first,
-                               std::size_t count) const {
+void ReportPainter::PaintLabel(QPainter& painter, const ReportLabel& label, double top, GrownLines shown) const {
   const std::vector<std::string> lines = LinesOf(label.text);
   painter.setFont(LabelFont(label.size, label.bold));
-  for (std::size_t i = 0; i < count; ++i) {
+  for (std::size_t i = 0; i < shown.count; ++i) {
     const QRectF field =
         Across(label.left, label.width, top + static_cast<double>(i) * PitchOf(label.size), PitchOf(label.size));
-    PaintText(painter, Times(field, kUnits), label.align, lines.at(first + i));
+    PaintText(painter, Times(field, kUnits), label.align, WithoutTabs(lines.at(shown.first + i)));
   }
 }
 
-void ReportPainter::PaintHeadings(QPainter& painter) const {
-  const double height = layout_.headerHeight - layout_.headingTop;
-  if (height <= 0) return;
+void ReportPainter::PaintHeadings(QPainter& painter, const ReportPage& page) const {
+  const double height = page.headerHeight - page.headingTop;
+  if (height <= 0 || (page.lineCount == 0 && !page.hasFooter)) return;
   painter.setFont(LabelFont(kHeadingSize, true));
   for (const ReportColumn& column : report_.design.columns) {
-    const QRectF field = Across(column.left, column.width, layout_.headingTop, height - kBelowHeadingRule);
+    const QRectF field = Across(column.left, column.width, page.headingTop, height - kBelowHeadingRule);
     PaintText(painter, Times(field, kUnits), column.align, column.heading);
   }
   SetPen(painter, kThinLine);
-  PaintRule(painter, 0, layout_.width, layout_.headerHeight - kBelowHeadingRule);
+  PaintRule(painter, 0, layout_.width, page.headerHeight - kBelowHeadingRule);
 }
 
 void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const {
@@ -159,7 +175,7 @@ void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const
   painter.setFont(DetailFont());
   for (std::size_t i = 0; i < page.lineCount; ++i) {
     const std::vector<std::string>& texts = report_.lines.at(page.firstLine + i);
-    const double top = layout_.headerHeight + static_cast<double>(i) * layout_.detailPitch;
+    const double top = page.headerHeight + static_cast<double>(i) * layout_.detailPitch;
     for (std::size_t column = 0; column < std::min(columns.size(), texts.size()); ++column) {
       const QRectF field = Across(columns[column].left, columns[column].width, top, layout_.detailPitch);
       PaintText(painter, Times(field, units), columns[column].align, texts[column]);
@@ -169,17 +185,12 @@ void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const
 }
 
 void ReportPainter::PaintFooter(QPainter& painter, const ReportPage& page) const {
-  double top = layout_.headerHeight + static_cast<double>(page.lineCount) * layout_.detailPitch;
+  double top = page.headerHeight + static_cast<double>(page.lineCount) * layout_.detailPitch;
   if (page.hasFooter) {
     PaintBand(painter, Band::ReportFooter, top);
     top += report_.design.footerHeight;
   }
-  if (page.grownCount == 0) return;
-  const auto& labels = report_.design.labels;
-  const auto grown = std::find_if(labels.begin(), labels.end(), [](const ReportLabel& label) {
-    return label.band == Band::ReportFooter && label.grows && !label.text.empty();
-  });
-  if (grown != labels.end()) PaintLabel(painter, *grown, top, page.firstGrown, page.grownCount);
+  PaintGrown(painter, Band::ReportFooter, top, page.footer);
 }
 
 Paper PaperOf(const QPagedPaintDevice& device) {

@@ -25,8 +25,9 @@ class ReportPainter {
   // In points from the corner of the printable part, as all of these.
   void PaintBand(QPainter& painter, Band band, double top) const;
   void PaintBox(QPainter& painter, const ReportBox& box, double top) const;
-  void PaintLabel(QPainter& painter, const ReportLabel& label, double top, std::size_t first, std::size_t count) const;
-  void PaintHeadings(QPainter& painter) const;
+  void PaintGrown(QPainter& painter, Band band, double top, GrownLines lines) const;
+  void PaintLabel(QPainter& painter, const ReportLabel& label, double top, GrownLines shown) const;
+  void PaintHeadings(QPainter& painter, const ReportPage& page) const;
   void PaintDetail(QPainter& painter, const ReportPage& page) const;
   void PaintFooter(QPainter& painter, const ReportPage& page) const;
   QRectF Across(double left, double width, double top, double height) const;

@@ -48,9 +48,9 @@ std::size_t LinesOn(const ReportLayout& layout) {
 std::size_t GrownOn(const ReportLayout& layout) {
   std::size_t grown = 0;
   for (const ReportPage& page : layout.pages) {
-    if (page.grownCount == 0) continue;
-    EXPECT_EQ(page.firstGrown, grown);
-    grown += page.grownCount;
+    if (page.footer.count == 0) continue;
+    EXPECT_EQ(page.footer.first, grown);
+    grown += page.footer.count;
   }
   return grown;
 }
@@ -104,13 +104,49 @@ TEST(ReportLayout, HasAPageWithoutLines) {
 
 TEST(ReportLayout, TheHeaderGrowsWithItsTextAndHasRoomForHeadings) {
   Report report = Make(1);
-  EXPECT_DOUBLE_EQ(LayOut(report).headerHeight, 100);
+  EXPECT_DOUBLE_EQ(LayOut(report).pages[0].headerHeight, 100);
   report.SetLabel("lblRemark", "one\r\ntwo");
-  EXPECT_DOUBLE_EQ(LayOut(report).headingTop, 120);
-  EXPECT_DOUBLE_EQ(LayOut(report).headerHeight, 120);
+  EXPECT_GT(LayOut(report).pages[0].headingTop, 120);  // with a gap below
+  EXPECT_DOUBLE_EQ(LayOut(report).pages[0].headerHeight, LayOut(report).pages[0].headingTop);
   report.design.columns[1].heading = "Amount";
-  EXPECT_DOUBLE_EQ(LayOut(report).headingTop, 120);
-  EXPECT_GT(LayOut(report).headerHeight, 120);
+  EXPECT_GT(LayOut(report).pages[0].headerHeight, LayOut(report).pages[0].headingTop);
+}
+
+TEST(ReportLayout, AHeaderThatGrewStandsOnEveryPageWhileThereIsRoom) {
+  Report report = Make(200, 100, 100);
+  report.SetLabel("lblRemark", LinesOfText(20));
+  const ReportLayout layout = LayOut(report);
+  ASSERT_GT(layout.pages.size(), 2U);
+  for (const ReportPage& page : layout.pages) {
+    EXPECT_EQ(page.header.first, 0U);
+    EXPECT_EQ(page.header.count, 20U);
+    EXPECT_EQ(page.headerHeight, layout.pages[0].headerHeight);
+  }
+}
+
+// Neither a line nor the totals are driven off the paper by it.
+TEST(ReportLayout, AHeaderThatLeavesNoRoomStandsOnTheFirstPagesOnly) {
+  for (std::size_t header = 30; header < 200; ++header) {
+    for (const std::size_t lines : {0U, 1U, 9U, 60U, 150U}) {
+      for (const std::size_t terms : {1U, 12U, 80U}) {
+        Report report = Make(lines, 100, 120);
+        report.SetLabel("lblRemark", LinesOfText(header));
+        report.SetLabel("lblTerms", LinesOfText(terms));
+        const ReportLayout layout = LayOut(report);
+        std::size_t shown = 0;
+        for (const ReportPage& page : layout.pages) {
+          if (page.header.first == shown) shown += page.header.count;
+          const double foot = page.headerHeight + static_cast<double>(page.lineCount) * layout.detailPitch +
+                              (page.hasFooter ? 120 : 0) + static_cast<double>(page.footer.count) * ui::PitchOf(8);
+          ASSERT_LE(foot, layout.height + 0.001) << header << " " << lines;
+        }
+        ASSERT_EQ(shown, header);
+        ASSERT_EQ(LinesOn(layout), lines);
+        ASSERT_EQ(GrownOn(layout), terms);
+        ASSERT_EQ(FootersOn(layout), 1U);
+      }
+    }
+  }
 }
 
 TEST(ReportLayout, TheTextBecomesAsSmallAsItsCharactersNeed) {
@@ -150,15 +186,15 @@ TEST(ReportLayout, AStatementMovesToANewPageRatherThanBeTorn) {
   const ReportLayout layout = LayOut(report);
   ASSERT_EQ(layout.pages.size(), 2U);
   EXPECT_TRUE(layout.pages[0].hasFooter);
-  EXPECT_EQ(layout.pages[0].grownCount, 0U);
-  EXPECT_EQ(layout.pages[1].grownCount, 30U);
+  EXPECT_EQ(layout.pages[0].footer.count, 0U);
+  EXPECT_EQ(layout.pages[1].footer.count, 30U);
 }
 
 TEST(ReportLayout, AStatementOfSeveralPagesBeginsWhereItCan) {
   Report report = Make(10, 100, 20);
   report.SetLabel("lblTerms", LinesOfText(200));
   const ReportLayout layout = LayOut(report);
-  EXPECT_GT(layout.pages[0].grownCount, 0U);
+  EXPECT_GT(layout.pages[0].footer.count, 0U);
   EXPECT_EQ(GrownOn(layout), 200U);
   EXPECT_EQ(FootersOn(layout), 1U);
 }
@@ -207,9 +243,10 @@ TEST(ReportLayout, NeedsNoColumns) {
 TEST(ReportText, HasALineALineAndItsColumnsApart) {
   const test::ScratchDirectory directory;
   Report report = Make(0);
-  report.lines = {{"  two words ", "1.00"}, {"", "2.00"}, {"Gr\374n", ""}, {"", ""}};
+  report.lines = {{"  two words ", "1.00"}, {"", "2.00"}, {"Gr\374n", ""}, {"", ""}, {"one\r\ntwo\tthree", "3.00"}};
   WriteReportText(report, directory / "report.txt");
-  EXPECT_EQ(directory.Content("report.txt"), "  two words \t1.00\n\t2.00\nGr\303\274n\n\n");
+  EXPECT_EQ(directory.Content("report.txt"),
+            "  two words \t1.00\n\t2.00\nGr\303\274n\n\none  two three\t3.00\n");
   EXPECT_THROW(WriteReportText(report, directory / "none" / "report.txt"), FileError);
 }
 
