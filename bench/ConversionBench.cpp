@@ -7,19 +7,25 @@
 
 #include "bench/BoardBench.h"
 #include "bench/PlainEngine.h"
+#include "frame/SharingClaim.h"
 #include "workorders/Workorders.h"
 
-// An estimate of 50 lines, 20 of them stock parts, becomes a work order: from the confirmation to the message that
-// names it. Plain is the same opens, reads, writes and flushes, made bare, and the same statements.
+// An estimate of 50 lines, 20 of them stock parts, becomes a work order: from the last question about it to the message
+// that names it. Plain is the same opens with the claim that each makes, reads, writes and flushes, made bare, the lines
+// of the run log among them, and the same statements.
 namespace lantos::bench {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::int32_t kEstimate = 1001;
+constexpr std::int32_t kEstimate = 1003;
 constexpr int kStockParts = 20;
 constexpr int kLaborLines = 30;
+constexpr int kEverySeventh = 7;  // of the parts
+constexpr int kLogLinesAPart = 4;  // on what was done, beside those of the closed files
+constexpr off_t kAtTheEnd = -1;
+constexpr std::size_t kTextLength = 6000;  // about as long as the text that the program writes
 
 double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
 
@@ -32,7 +38,7 @@ void FillEstimate(Board& board) {
   }
   for (Inventory::PartIndex i = 0; i < kStockParts; ++i) {
     board.database.lantosData.AddPartRow(
-        kEstimate, {inventory.Tag(i * 7).Get(inventorytag::StockNumber), "PART", 1, 4200, 4200, 2100, 4500});
+        kEstimate, {inventory.Tag(i * kEverySeventh).Get(inventorytag::StockNumber), "PART", 1, 4200, 4200, 2100, 4500});
   }
   for (int i = 0; i < kLaborLines; ++i) {
     board.database.lantosData.AddLabor(kEstimate, i + 1, "REPLACE FRONT BRAKE PADS\tROAD TEST\t\t\t\t\t\t", 100, 8500,
@@ -78,32 +84,45 @@ class PlainFiles {
  public:
   explicit PlainFiles(std::filesystem::path directory) : directory_(std::move(directory)) {}
 
-  void Read(const char* name, off_t offset, std::size_t length) {
+  void Read(std::string_view name, off_t offset, std::size_t length) {
     const int file = Open(name, O_RDONLY);
     if (::pread(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("read");
     Close(file);
   }
   void Write(std::string_view name, off_t offset, std::size_t length) {
     const int file = Open(name, O_RDWR | O_CREAT);
-    if (offset < 0) offset = ::lseek(file, 0, SEEK_END);
+    if (offset == kAtTheEnd) offset = ::lseek(file, 0, SEEK_END);
     if (::pwrite(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("write");
     Close(file);
   }
+  // The run log doesn't tell of flushes.
   void Flush(std::string_view name) {
     const int file = Open(name, O_RDWR);
     ::fsync(file);
-    ::close(file);  // the run log doesn't tell of flushes
+    ::close(file);
+  }
+  void Log(int lines) {
+    for (int i = 0; i < lines; ++i) LogLine();
   }
 
  private:
   int Open(std::string_view name, int flags) {
     const int file = ::open((directory_ / name).c_str(), flags | O_CLOEXEC, 0644);
     if (file < 0) throw std::runtime_error("open");
+    struct flock claim = {};
+    claim.l_type = flags == O_RDONLY ? F_RDLCK : F_WRLCK;
+    claim.l_whence = SEEK_SET;
+    claim.l_start = static_cast<off_t>(kReadMark);
+    claim.l_len = 1;
+    if (::fcntl(file, F_OFD_SETLK, &claim) != 0) throw std::runtime_error("claim");
     return file;
   }
   // Each file that is closed leaves a line in the run log.
   void Close(int file) {
     ::close(file);
+    LogLine();
+  }
+  void LogLine() {
     if (::pwrite(log_, bytes_.data(), kLogLine, logEnd_) < 0) throw std::runtime_error("log");
     logEnd_ += kLogLine;
   }
@@ -123,30 +142,29 @@ void RunBare(benchmark::State& state) {
   for (const char* table : {"Parts", "Labors", "Sublets", "Waste", "Notes"}) {
     reads.push_back(engine.Prepare(("select * from " + std::string(table) + key).c_str()));
   }
-  sqlite3_stmt* vehicle = engine.Prepare(("update Estimates set VehYear = VehYear" + key).c_str());
   sqlite3_stmt* comments = engine.Prepare(("update Estimates set Comments = 'Workorder # 012001'" + key).c_str());
+  std::int32_t number = 900'000;
   for (auto _ : state) {
     const Clock::time_point start = Clock::now();
-    files.Read("TQVEHICL.DAT", 0, 397);
-    files.Write("TQVEHICL.DAT", 0, 397);
-    files.Flush("TQVEHICL.DAT");
-    engine.Run(vehicle);
-    files.Read("TQSYSTEM.DAT", 0, 1038);
-    files.Write("TQSYSTEM.DAT", 0, 1038);
+    files.Read(kSystemFile, 0, SystemRecord::kLength);
+    files.Write(kSystemFile, 0, SystemRecord::kLength);
     for (sqlite3_stmt* read : reads) engine.Run(read);
     for (int i = 0; i < kStockParts; ++i) {
-      files.Read("TQINVTAG.DAT", i * 7 * 128, 128);
-      files.Write("TQINVTAG.DAT", i * 7 * 128, 128);
-      files.Read("TQINVENT.DAT", i * 7 * 344, 344);
-      files.Write("TQINVENT.DAT", i * 7 * 344, 344);
-      files.Write("TQUSEHST.DAT", -1, 76);
-      files.Flush("TQUSEHST.DAT");
+      const off_t tag = i * kEverySeventh * static_cast<off_t>(InventoryTag::kLength);
+      const off_t master = i * kEverySeventh * static_cast<off_t>(InventoryRecord::kLength);
+      files.Read(kInventoryTagFile, tag, InventoryTag::kLength);
+      files.Write(kInventoryTagFile, tag, InventoryTag::kLength);
+      files.Read(kInventoryFile, master, InventoryRecord::kLength);
+      files.Write(kInventoryFile, master, InventoryRecord::kLength);
+      files.Write(kUsageFile, kAtTheEnd, UsageRecord::kLength);
+      files.Flush(kUsageFile);
+      files.Log(kLogLinesAPart);
     }
-    files.Write("TQOPENWO.DAT", -1, 302);
-    files.Flush("TQOPENWO.DAT");
-    files.Write("TQINCTAG.DAT", -1, 290);
-    files.Flush("TQINCTAG.DAT");
-    files.Write("W0999999.tqa", 0, 6000);
+    files.Write(kActiveTagFile, kAtTheEnd, ActiveWoTag::kLength);
+    files.Flush(kActiveTagFile);
+    files.Write(kArchivedTagFile, kAtTheEnd, ArchivedWoTag::kLength);
+    files.Flush(kArchivedTagFile);
+    files.Write(Workorders::FileNameOf(number++), 0, kTextLength);
     engine.Run(comments);
     state.SetIterationTime(Seconds(Clock::now() - start));
   }

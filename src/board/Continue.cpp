@@ -33,19 +33,21 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   frmContinue form(shop);
   form.SetDate(old.SchedDate);
   form.ShowModal();
-  const Hundredths hours = RoundHalfEven(Val(form.txtHours.Text()) * 100);
+  const double typed = Val(form.txtHours.Text()) * 100;
   const auto mechanic = RoundHalfEven(Val(Mid(form.EmpList.Text(), kNumberColumn, kNumberDigits)));
   const bool goesOn = form.ok;
   form.Unload();
   if (!goesOn) return kNotContinued;
+  // Before anything is made: what doesn't fit leaves all as it was.
+  const Hundredths taken = WholeOrOverflow(-typed);
+  const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
+  const Cents total = LongOrOverflow(DivideHalfEven(static_cast<std::int64_t>(taken) * rate, 100));
   const std::int32_t copy = database.estimates.CreateEstimate(next, old.Status);
   database.estimates.CloneEstimateContents(old.EstimateNumber, copy);
   data.SetStatus(old.Status, copy);
-  if (hours != 0) {
-    const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
-    const auto total = DivideHalfEven(-static_cast<std::int64_t>(hours) * rate, 100);
-    data.AddLabor(copy, HighestLaborNumber(data, copy) + 1, "HOURS APPLIED ON " + FormatDate(old.SchedDate), -hours,
-                  rate, RoundHalfEven(static_cast<double>(total)), mechanic);
+  if (taken != 0) {
+    data.AddLabor(copy, HighestLaborNumber(data, copy) + 1, "HOURS APPLIED ON " + FormatDate(old.SchedDate), taken,
+                  rate, total, mechanic);
   }
   data.SetStatus(kContinued, old.EstimateNumber);
   database.estimates.CurrentEstimate = old;

@@ -45,18 +45,13 @@ void frmMain::WireLines() {
 void frmMain::ConvertClick() {
   CheckDayRollover();
   if (!HasEstimateOnShow("Convert to WO")) return;
-  // What the conversion has changed is shown however it ends.
-  struct Refresh {
-    frmMain& board;
-    ~Refresh() {
-      board.Run([this] {
-        board.LoadWeek(board.Current().SchedDate);
-        board.ShowEstimateDetail();
-      });
-    }
-  } const refresh{*this};
-  ui::Hourglass hourglass(shop_.desktop);
-  Conversion(contents_.bench, contents_.workorders).Run();
+  Run([this] {
+    const ui::Hourglass hourglass(shop_.desktop);
+    Conversion(contents_.bench, contents_.workorders).Run();
+  });
+  // What it has changed is shown however it ended.
+  LoadWeek(Current().SchedDate);
+  ShowEstimateDetail();
 }
 
 void frmMain::StoreComments(const std::string& comments) {

@@ -31,12 +31,16 @@ bool frmMain::LoadWeekIfCountChanged(std::int16_t oldStatus) {
   return true;
 }
 
+// Chosen, though the lists may have been filled anew since and the detail view be empty.
+bool frmMain::HasCurrentEstimate(const std::string& title) {
+  if (Current().EstimateNumber > 0) return true;
+  shop_.desktop.Tell("No estimate is selected.", title, ui::Icon::Information);
+  return false;
+}
+
 void frmMain::ChangeStatusClick() {
   CheckDayRollover();
-  if (Current().EstimateNumber == 0) {
-    shop_.desktop.Tell("No estimate is selected.", "Change Status", ui::Icon::Information);
-    return;
-  }
+  if (!HasCurrentEstimate("Change Status")) return;
   ui::Hourglass hourglass(shop_.desktop);
   const std::int16_t oldStatus = Current().Status;
   frmEstStatus form(shop_, database_, Continuing());
@@ -47,12 +51,15 @@ void frmMain::ChangeStatusClick() {
 }
 
 ContinueEstimate frmMain::Continuing() {
-  return [this] { return ContinueCurrentEstimate(shop_, database_); };
+  return [this] {
+    KeepUnsavedComments();
+    return ContinueCurrentEstimate(shop_, database_);
+  };
 }
 
 void frmMain::RescheduleClick() {
   CheckDayRollover();
-  if (!HasEstimateOnShow("Reschedule")) return;
+  if (!HasCurrentEstimate("Reschedule")) return;
   ui::Hourglass hourglass(shop_.desktop);
   KeepUnsavedComments();
   frmReschedule form(shop_, database_, lastSelectedDate_);

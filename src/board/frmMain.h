@@ -222,6 +222,7 @@ class frmMain : public ui::Form, private EstimateOnShow {
   void NewEstimateClick();
   bool AskForPastDate();
   bool HasEstimateOnShow(const std::string& title);  // says so when there is none
+  bool HasCurrentEstimate(const std::string& title);
   void AttachCustomer();
   void AttachVehicle();
   void SaveVehicle();

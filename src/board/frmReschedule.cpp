@@ -23,15 +23,20 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
 
 // The copy keeps the old comments: it is made before they are changed.
 void frmReschedule::Accept() {
-  const Estimate old = database_.estimates.CurrentEstimate;
+  Estimate& current = database_.estimates.CurrentEstimate;
+  const Estimate old = current;
   const DaySerial date = DTPicker1.Value();
   const std::int32_t copy = database_.estimates.CreateEstimate(date, kScheduled);
   database_.estimates.CloneEstimateContents(old.EstimateNumber, copy);
   const bool staysEstimateOnly = old.Status == kEstimateOnly;
-  if (!staysEstimateOnly) database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);
-  const std::string comments = std::string(staysEstimateOnly ? "Scheduled for " : "Rescheduled for ") +
-                               FormatDate(date) + ". " + Trim(old.Comments);
-  database_.lantosData.SetComments(Trim(Left(comments, kCommentsWidth)), std::to_string(old.EstimateNumber));
+  if (!staysEstimateOnly) {
+    database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);
+    current.Status = kRescheduled;
+  }
+  const std::string mark = staysEstimateOnly ? "Scheduled for " : "Rescheduled for ";
+  const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(old.Comments), kCommentsWidth));
+  database_.lantosData.SetComments(comments, std::to_string(old.EstimateNumber));
+  current.Comments = comments;
   ok = true;
   newDate = date;
   Hide();

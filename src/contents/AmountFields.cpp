@@ -2,33 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
-#include <limits>
-#include <stdexcept>
-
 #include <vector>
 
 namespace lantos {
 
-namespace {
+std::int32_t Product(std::int32_t a, std::int32_t b) { return LongOrOverflow(static_cast<std::int64_t>(a) * b); }
 
-std::int32_t Fitting(std::int64_t value) {
-  if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
-    throw std::overflow_error("Overflow: " + std::to_string(value) + " is too large.");
-  }
-  return static_cast<std::int32_t>(value);
-}
-
-}  // namespace
-
-std::int32_t WholeOrOverflow(double value) {
-  if (!(std::fabs(value) < 1e15)) throw std::overflow_error("Overflow: the number is too large.");
-  return Fitting(std::llrint(value));  // halves to even
-}
-
-std::int32_t Product(std::int32_t a, std::int32_t b) { return Fitting(static_cast<std::int64_t>(a) * b); }
-
-std::int32_t Sum(std::int32_t a, std::int32_t b) { return Fitting(static_cast<std::int64_t>(a) + b); }
+std::int32_t Sum(std::int32_t a, std::int32_t b) { return LongOrOverflow(static_cast<std::int64_t>(a) + b); }
 
 double HundredfoldOf(const ui::TextBox& box) { return Val(fmt::format("{:.15g}", Val(box.Text()) * 100)); }
 

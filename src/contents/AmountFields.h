@@ -10,7 +10,6 @@
 namespace lantos {
 
 // What doesn't fit ends the event: std::overflow_error.
-std::int32_t WholeOrOverflow(double value);
 std::int32_t Product(std::int32_t a, std::int32_t b);
 std::int32_t Sum(std::int32_t a, std::int32_t b);
 // A field times 100, without the noise that the product has behind its fifteenth digit.

@@ -10,7 +10,7 @@
 #include "frame/Dates.h"
 #include "frame/FileError.h"
 #include "frame/Numbers.h"
-#include "frame/UpdateTurn.h"
+#include "frame/UpdateTurns.h"
 #include "masters/frmVehEdit.h"
 #include "records/VehicleMatch.h"
 #include "workorders/LaborCost.h"
@@ -31,13 +31,6 @@ std::int16_t Quantity16(std::int64_t value) {
   return static_cast<std::int16_t>(value);
 }
 
-Cents Cents32(std::int64_t value) {
-  if (value < std::numeric_limits<Cents>::min() || value > std::numeric_limits<Cents>::max()) {
-    throw std::overflow_error("Overflow: the amount " + FormatHundredths(value) + " is too large for a work order.");
-  }
-  return static_cast<Cents>(value);
-}
-
 }  // namespace
 
 void Conversion::Run() {
@@ -45,9 +38,9 @@ void Conversion::Run() {
   ClearWorkorder(Order());
   if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
   Order().Customer = bench_.shop.records.customers.CurrentCustomer;
-  if (!TakeVehicle()) return;
-  TakeNumber();
   try {
+    if (!TakeVehicle()) return;
+    TakeNumber();
     FillHeader();
     TakeParts();
     TakeLabor();
@@ -73,7 +66,7 @@ bool Conversion::MayConvert() {
     text = "Can not Convert to WO if estimate status is 'Scheduled'";
   } else if (status == kArrived && options[StatusOption::ArrivedToComplete] == 'E') {
     text = "Can not Convert to WO if estimate status is 'Arrived'";
-  } else if (status >= kCompleted) {
+  } else if (status < kScheduled || status >= kCompleted) {
     text = "Estimate status of '" + bench_.database.estimates.StatusText(Current().Status, Current().SchedDate) +
            "' can not be converted to a workorder";
   }
@@ -125,10 +118,16 @@ void Conversion::StoreVehicleIfChanged() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
   if (IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
   vehicles.WriteVehicle();
+  const FileLink written = vehicles.CurrentVehicleOffset;
+  if (written != kNoLink) Done("the vehicle was written");
   Order().Vehicle = vehicles.CurrentVehicle;
-  PutSnapshot(Current(), SnapshotOf(vehicles.CurrentVehicle));
-  if (vehicles.CurrentVehicleOffset != kNoLink) Current().VehicleLink = vehicles.CurrentVehicleOffset;
-  bench_.Data().SetVehicleNew(Current().VehicleLink, SnapshotIn(Current()), bench_.Number());
+  const FileLink link = written != kNoLink ? written : Current().VehicleLink;
+  const auto snapshot = SnapshotOf(vehicles.CurrentVehicle);
+  // The record in memory last: while it differs, the next conversion stores it once more.
+  bench_.Data().SetVehicleNew(link, snapshot, bench_.Number());
+  Done("the estimate has its vehicle as it is now");
+  PutSnapshot(Current(), snapshot);
+  Current().VehicleLink = link;
 }
 
 // From here on the number is used up, whatever follows.
@@ -153,6 +152,9 @@ void Conversion::FillHeader() {
 
 void Conversion::TakeParts() {
   bench_.inventoryList.FinishLoading();
+  Environment& environment = bench_.shop.environment;
+  const FileIO::SteadyNames names(environment.files);
+  UpdateTurns turns(environment.files.PathOf(kInventoryTagFile), environment.clock);
   Recordset rows = bench_.Data().PartsTable(std::to_string(bench_.Number()));
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
@@ -165,8 +167,10 @@ void Conversion::TakeParts() {
     line.List = part.list;
     Order().Parts.Add(line);
     AddWoCost(Order(), WoCategory::Parts, static_cast<std::int64_t>(line.Quantity) * line.Cost);
-    AddWoAmount(Order(), WoCategory::Parts, 0, Cents32(static_cast<std::int64_t>(line.Quantity) * line.Price));
+    AddWoAmount(Order(), WoCategory::Parts, 0, LongOrOverflow(static_cast<std::int64_t>(line.Quantity) * line.Price));
     const std::string number = Trim(part.partNumber);
+    // Other copies that take from stock wait from the reading to the writing: the stock falls by all of them.
+    const UpdateTurns::Turn turn(turns);
     const std::int16_t stock = UpdateStockForConversion(number, line.Quantity, line.Cost, line.Price);
     if (stock < 1) reorderList_ += "\r" + number + " quantity in stock is now " + std::to_string(stock);
   }
@@ -186,8 +190,6 @@ std::int16_t Conversion::UpdateStockForConversion(const std::string& partNumber,
   const Inventory::PartIndex index = inventory.FindPart(partNumber);
   if (index == Inventory::kNoPart) return 1;
   Environment& environment = bench_.shop.environment;
-  // Other copies that take from stock wait from the reading to the writing: the stock falls by all of them.
-  const UpdateTurn turn(environment.files.PathOf(kInventoryTagFile), environment.clock);
   FileLink offset = kNoLink;
   if (!inventory.ReadInventory(offset, index)) {
     environment.log.Write("Convert: the stock of " + partNumber + " could not be read and was not moved");
@@ -205,6 +207,7 @@ std::int16_t Conversion::UpdateStockForConversion(const std::string& partNumber,
   // The cost goes where the history has the price, and the price where it has the cost: so every record was made.
   const FileLink link = records.usageHistory.UpdateUsage(use, cost, price, quantity);
   if (link != kNoLink) inventory.CurrentInv.Put(inventory::UsageLink, link);
+  Done("the usage of " + partNumber + " was noted");
   inventory.WriteInventory(offset, index, false, true);
   bench_.inventoryList.UpdateListRow(offset, index, false);
   Done("the stock of " + partNumber + " is now " + std::to_string(stock));
@@ -269,6 +272,7 @@ void Conversion::WriteFiles() {
                                       std::string(kArchivedTagFile));
   }
   workorders_.WriteWorkorderFile();
+  isWritten_ = true;
   Done("the work order was written to " + Workorders::FileNameOf(Order().WorkorderNumber));
 }
 
@@ -305,18 +309,24 @@ void Conversion::ChangeStatus() {
 
 std::string Conversion::OrderNumber() const { return FormatZeros(Order().WorkorderNumber, 6); }
 
+std::string Conversion::Goal() const {
+  return Order().WorkorderNumber == 0 ? "a work order" : "work order # " + OrderNumber();
+}
+
 void Conversion::Done(std::string step) {
-  bench_.shop.environment.log.Write("Convert: estimate " + FormatZeros(bench_.Number(), 6) + " to work order " +
-                                    OrderNumber() + ": " + step);
+  bench_.shop.environment.log.Write("Convert: estimate " + FormatZeros(bench_.Number(), 6) + " to " + Goal() + ": " +
+                                    step);
   done_.push_back(std::move(step));
 }
 
 // Nothing is undone, so the operator has to know how far it came.
 void Conversion::RethrowWithWords(const std::exception& error) const {
-  std::string text = std::string(error.what()) + "\r\rThe conversion to work order # " + OrderNumber() +
+  if (done_.empty()) throw;
+  std::string text = std::string(error.what()) + "\r\rThe conversion to " + Goal() +
                      " stopped here. What was done before stays:";
   for (const std::string& step : done_) text += "\r- " + step;
-  text += "\rNothing else was written.";
+  text += "\rThe next step was not finished.";
+  if (isWritten_) text += "\r\rThe work order is there. Don't convert the estimate once more.";
   throw std::runtime_error(text);
 }
 

@@ -50,11 +50,13 @@ class Conversion {
   Estimate& Current() const { return bench_.database.estimates.CurrentEstimate; }
   Workorder& Order() const { return workorders_.Current; }
   std::string OrderNumber() const;
+  std::string Goal() const;  // the work order, in words
 
   Workbench bench_;
   Workorders& workorders_;
   std::string reorderList_;
   std::vector<std::string> done_;
+  bool isWritten_ = false;
 };
 
 }  // namespace lantos

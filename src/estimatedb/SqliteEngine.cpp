@@ -200,7 +200,7 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
     if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
       throw DatabaseError(
           fmt::format("Another copy of the program has the database \"{}\" locked; it didn't become "
-                      "free within {:g} seconds. Nothing was changed. Try again.\n\n{}",
+                      "free within {:g} seconds. What was to be done in it was not done.\n\n{}",
                       path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details));
     }
     const std::string description = FromUtf8(error.what());

@@ -59,7 +59,7 @@ void FileIO::SetDataDir(std::string text) {
   answersLate_ = IsOnNetworkMount(PlatformPath(dataDir_));
 }
 
-std::string FileIO::PathText(std::string_view name) const {
+std::string FileIO::LookUp(std::string_view name) const {
   std::string path = PlatformText(dataDir_ + std::string(name));
   const std::size_t nameStart = path.find_last_of('/') + 1;
   const std::string_view directory = std::string_view(path).substr(0, nameStart);
@@ -71,7 +71,12 @@ std::string FileIO::PathText(std::string_view name) const {
   return path;
 }
 
-std::filesystem::path FileIO::PathOf(std::string_view name) const { return PathText(name); }
+std::filesystem::path FileIO::PathOf(std::string_view name) const {
+  if (!steadyNames_) return LookUp(name);
+  auto known = steadyNames_->find(name);
+  if (known == steadyNames_->end()) known = steadyNames_->emplace(name, LookUp(name)).first;
+  return known->second;
+}
 
 bool FileIO::FileExists(std::string_view name) const {
   const std::string_view trimmed = TrimView(name);
@@ -99,7 +104,9 @@ std::vector<std::string> FileIO::List(std::string_view pattern) const {
 std::uintmax_t FileIO::Length(std::string_view name) const {
   std::error_code error;
   const std::uintmax_t length = std::filesystem::file_size(PathOf(name), error);
-  return error ? 0 : length;
+  if (!error) return length;
+  if (error != std::errc::no_such_file_or_directory) ThrowFileError(error.value(), "measuring " + std::string(name));
+  return 0;
 }
 
 // Under a claim that denies all, so that a file that somebody has open stays, and nobody opens it meanwhile.

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,19 +50,31 @@ class FileIO {
   // The data directory as the settings have it.
   std::function<std::string()> storedDataDir;
 
+  // While one of these stands, a name once looked up keeps its spelling: for a few opens of the same files at once.
+  class SteadyNames {
+   public:
+    explicit SteadyNames(FileIO& files) : files_(files) { files_.steadyNames_.emplace(); }
+    ~SteadyNames() { files_.steadyNames_.reset(); }
+    SteadyNames(const SteadyNames&) = delete;
+
+   private:
+    FileIO& files_;
+  };
+
   Clock& GetClock() const { return clock_; }
   // Told from the mount that DataDir lies on.
   bool AnswersLate() const { return answersLate_; }
   void SetAnswersLate(bool late) { answersLate_ = late; }
 
  private:
-  std::string PathText(std::string_view name) const;
+  std::string LookUp(std::string_view name) const;
 
   Clock& clock_;
   std::string dataDir_;
   bool answersLate_ = false;
   // Of the directory asked for last, which is the data directory.
   mutable DirectoryNames names_{""};
+  mutable std::optional<std::map<std::string, std::string, std::less<>>> steadyNames_;  // paths by name
 };
 
 }  // namespace lantos

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 
 namespace lantos {
 
@@ -17,6 +18,18 @@ std::int32_t RoundHalfEven(double value) {
     return std::numeric_limits<std::int32_t>::min();
   }
   return static_cast<std::int32_t>(whole);
+}
+
+std::int32_t LongOrOverflow(std::int64_t value) {
+  if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
+    throw std::overflow_error("Overflow: " + std::to_string(value) + " is too large.");
+  }
+  return static_cast<std::int32_t>(value);
+}
+
+std::int32_t WholeOrOverflow(double value) {
+  if (!(std::fabs(value) < 1e15)) throw std::overflow_error("Overflow: the number is too large.");
+  return LongOrOverflow(std::llrint(value));  // halves to even
 }
 
 std::int64_t DivideHalfEven(std::int64_t numerator, std::int64_t denominator) {

@@ -9,6 +9,9 @@ namespace lantos {
 
 // To the nearest whole number, halves to even, saturating at the ends of 32 bits.
 std::int32_t RoundHalfEven(double value);
+// The same, but what 32 bits can't hold ends the event: std::overflow_error.
+std::int32_t WholeOrOverflow(double value);
+std::int32_t LongOrOverflow(std::int64_t value);
 // numerator / denominator in whole numbers, halves to even.
 std::int64_t DivideHalfEven(std::int64_t numerator, std::int64_t denominator);
 

@@ -41,9 +41,8 @@ FileHandle OpenFiles::OpenArchivedTagFile(std::string_view caller, Access access
     FileHandle handle = archivedTagFile_;
     CloseFile(handle);
   }
+  log_.Write("Archived WO Tag File Pointer = " + std::to_string(FreeFile()) + " requested by " + std::string(caller));
   archivedTagFile_ = Open("TQINCTAG.DAT", access, Deny::None);
-  log_.Write("Archived WO Tag File Pointer = " + std::to_string(archivedTagFile_) + " requested by " +
-             std::string(caller));
   return archivedTagFile_;
 }
 

@@ -49,7 +49,7 @@ bool RunLog::Open() {
 void RunLog::Write(std::string_view message) noexcept {
   if (!file_.IsOpen()) return;
   try {
-    std::string line = LeftJustify(FormatDateTime(files_.GetClock().Now()), kStampWidth);
+    std::string line = Stamp();
     line += message;
     line += "\r\n";
     file_.WriteAt(offset_, std::as_bytes(std::span(line)));
@@ -57,6 +57,15 @@ void RunLog::Write(std::string_view message) noexcept {
   } catch (...) {
     // A log that can't be written is nobody's business.
   }
+}
+
+// Lines come in hundreds a second, and their stamp shows no more than that.
+const std::string& RunLog::Stamp() {
+  const LocalTime now = files_.GetClock().Now();
+  const LocalTime second{now.day, now.millisecondOfDay - now.millisecondOfDay % 1000};
+  if (stamp_.empty() || second != stampedSecond_) stamp_ = LeftJustify(FormatDateTime(second), kStampWidth);
+  stampedSecond_ = second;
+  return stamp_;
 }
 
 void RunLog::Close() {

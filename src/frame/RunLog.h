@@ -29,8 +29,12 @@ class RunLog {
   std::filesystem::path Path() const;
 
  private:
+  const std::string& Stamp();
+
   FileIO& files_;
   SharedFile file_;
+  std::string stamp_;
+  LocalTime stampedSecond_;
   std::string name_;
   std::uint64_t offset_ = 0;
 };

@@ -129,11 +129,12 @@ void SharedFile::TakeClaim(const Claim& claim) const {
 }
 
 // A claim on a file that was deleted or replaced in the meantime would keep nobody out.
-bool SharedFile::IsStillAtItsPath() const {
+bool SharedFile::IsStillAtItsPath() {
   struct stat mine = {};
   struct stat there = {};
   if (::fstat(descriptor_, &mine) != 0) ThrowFileError(errno, "looking at " + path_.string());
   if (S_ISDIR(mine.st_mode)) ThrowFileError(EISDIR, "opening " + path_.string());
+  aloneLength_ = static_cast<std::int64_t>(mine.st_size);
   return ::stat(path_.c_str(), &there) == 0 && mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
 }
 

@@ -53,7 +53,7 @@ class SharedFile {
 
  private:
   void TakeClaim(const Claim& claim) const;
-  bool IsStillAtItsPath() const;
+  bool IsStillAtItsPath();
   void CutBack(std::uint64_t lengthBefore, std::uint64_t endOfWritten) const;
   void RequireWritable() const;
   int Release() noexcept;  // errno of the close, 0 when it went well

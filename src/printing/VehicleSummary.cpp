@@ -23,10 +23,11 @@ DaySerial YearsBack(DaySerial day, int years) {
   return ToSerial(date);
 }
 
-// An old record has the bare serial.
+// An old record has the bare serial. 0 for a tag without its day.
 template <std::size_t Length>
 FileDate DayOf(const Record<Length>& tag) {
-  return ToFileDate(FromFileDate(DateOf(tag)));
+  const FileDate date = DateOf(tag);
+  return date == 0 ? 0 : ToFileDate(FromFileDate(date));
 }
 
 bool ReadTag(Workorders& workorders, FileHandle file, std::int64_t position, ActiveWoTag& tag) {
@@ -80,7 +81,7 @@ std::vector<Record<Length>> VehicleSummary::Find(FileHandle handle, std::string_
       const char first = static_cast<char>(block[i].Bytes()[wotag::VIN.offset]);
       if ((first != vin.front() && first != ' ') || block[i].View(wotag::VIN) != vin) continue;
       const FileDate date = DayOf(block[i]);
-      if (date >= cutoff && date <= latest) found.push_back(block[i]);
+      if (date != 0 && date >= cutoff && date <= latest) found.push_back(block[i]);
     }
   }
   // In a file that isn't whole tags the first one begins inside another's place, which is told.

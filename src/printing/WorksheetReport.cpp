@@ -35,8 +35,7 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
   ComposeFollowups(lines);
   const std::string vin = Trim(Current().VehVIN);
   if (Options().PrintVehSummaryOnWorksheet && !vin.empty()) {
-    const Customers::Reading reading(records_.customers);  // each past work order asks for its customer
-    const KeptCheckList kept(records_.checkList);           // and brings values of its own
+    const KeptCheckList kept(records_.checkList);  // past work orders bring values of their own
     VehicleSummary(environment_, workorders_).Compose(vin, lines);
   }
   ui::Report report{WorksheetDesign(Options().PrintCustomerOnWorksheet),

@@ -1,8 +1,5 @@
 #include "workorders/RunningTotals.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "frame/Numbers.h"
 
 namespace lantos {
@@ -13,13 +10,8 @@ constexpr std::int64_t kWhole = 1000000;  // millionths
 
 std::size_t Place(WoCategory category) { return static_cast<std::size_t>(category); }
 
-Cents Saturated(std::int64_t value) {
-  return static_cast<Cents>(std::clamp<std::int64_t>(value, std::numeric_limits<Cents>::min(),
-                                                     std::numeric_limits<Cents>::max()));
-}
-
 void Add(WoTotals& totals, LongField field, std::int64_t amount) {
-  totals.Put(field, Saturated(totals.Get(field) + amount));
+  totals.Put(field, LongOrOverflow(totals.Get(field) + amount));
 }
 
 std::int64_t PartOf(Millionths rate, Cents amount) {
@@ -65,7 +57,7 @@ void AddWoAmount(Workorder& workorder, WoCategory category, Cents oldAmount, Cen
   Add(totals, wototals::Subtotal[Place(category)], static_cast<std::int64_t>(newAmount) - oldAmount);
   const int sign = category == WoCategory::Credit ? -1 : 1;
   const std::int64_t change = sign * (newAmount + newTax) - sign * (oldAmount + oldTax) + oldDiscount - newDiscount;
-  workorder.AmountDue = Saturated(workorder.AmountDue + change);
+  workorder.AmountDue = LongOrOverflow(workorder.AmountDue + change);
   Add(totals, wototals::WorkorderTotal, change);
   Add(totals, wototals::WorkorderTax, newTax - oldTax);
 }
@@ -87,7 +79,7 @@ void SumCredits(Workorder& workorder) {
   workorder.Credits.ForEach([&](const WoCreditLine& line) {
     if (!TrimView(line.Text[0]).empty()) sum += line.Amount;
   });
-  workorder.Totals.Put(wototals::Subtotal[Place(WoCategory::Credit)], Saturated(sum));
+  workorder.Totals.Put(wototals::Subtotal[Place(WoCategory::Credit)], LongOrOverflow(sum));
 }
 
 }  // namespace lantos

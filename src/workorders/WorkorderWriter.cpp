@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "workorders/RunningTotals.h"
@@ -43,6 +45,10 @@ class Writer {
     Section("[Credits]", [this] { workorder_.Credits.ForEach([this](const WoCreditLine& line) { Credit(line); }); });
     Section("[Notes]", [this] { Notes(); });
     Section("[Check List]", [this] { CheckList(); });
+    // A line end inside of a text would end the line, or the section.
+    for (std::string& line : lines_) {
+      std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    }
     return std::move(lines_);
   }
 

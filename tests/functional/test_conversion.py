@@ -1,11 +1,13 @@
 """An estimate becomes a work order of the main application: questions and refusals, the vehicle, stock and usage, the
 two tags and the text, and what is left when it fails halfway."""
 
+import contextlib
 import os
+import sqlite3
 
 import pytest
 
-from boardlines import TODAY, row_of, view_of
+from boardlines import TODAY, elsewhere, row_of, view_of
 from historyfiles import History, order_text
 from inventoryfiles import MASTER, MASTER_LENGTH, make_inventory, part, read_masters, read_tags
 from inventoryfiles import TAG as STOCK_TAG
@@ -933,7 +935,8 @@ def test_a_quantity_beyond_16_bits_stops_it_with_its_stock_unmoved(start, shop, 
     convert(copy)
     box = copy.expect_box(icon="critical")
     assert box["text"].startswith("Overflow: the quantity")
-    assert "- the number was taken\n- the stock of PAD-9 is now 8\nNothing else was written." in box["text"]
+    assert box["text"].endswith("- the number was taken\n- the usage of PAD-9 was noted\n"
+                                "- the stock of PAD-9 is now 8\nThe next step was not finished.")
     copy.press("OK")
     assert [tag["InStock"] for tag in read_tags(shop.directory)] == [8, stock]
     assert not shop.names("W*.tqa") and not active_tags(shop) and len(usage_records(shop)) == 1
@@ -1025,7 +1028,8 @@ def test_thirty_one_notes_fail_with_stock_moved_the_number_used_and_no_file(star
     box = copy.expect_box(icon="critical", buttons=["OK"])
     assert box["text"] == ("Subscript out of range: a work order has room for 30 notes.\n\n"
                            "The conversion to work order # 005001 stopped here. What was done before stays:\n"
-                           "- the number was taken\n- the stock of PAD-9 is now 4\nNothing else was written.")
+                           "- the number was taken\n- the usage of PAD-9 was noted\n- the stock of PAD-9 is now 4\n"
+                           "The next step was not finished.")
     copy.press("OK")
     copy.expect_form("frmMain")
     assert shop.read_system()["last_workorder_number"] == FIRST + 1
@@ -1090,6 +1094,104 @@ def test_values_of_the_checklist_are_written_trimmed(start, shop):
     assert read_workorder(shop, FIRST)["Check List"] == ["[Brakes]", "Pads,thin, "]
 
 
+# What stops it.
+
+
+@pytest.mark.parametrize("status", [-1, -32768, 10, 77])
+def test_a_status_that_is_none_is_refused(start, shop, status):
+    estimate(shop)
+    copy = begin(start, shop)
+    copy.click("cmdWeekView")
+    row = row_of(copy, "List1(2)", 900)
+    elsewhere(shop, "UPDATE Estimates SET Status = ?", status)
+    copy.double_click("List1(2)", row=row)
+    copy.click("cmdConvert")
+    copy.expect_box("Estimate status of 'Unknown' can not be converted to a workorder", TITLE, "exclamation")
+    copy.press("OK")
+    assert is_untouched(shop)
+
+
+@pytest.mark.parametrize("parts", [[(32767, 100, 100000)], [(1, 2000000000, 1), (1, 2000000000, 1)]])
+def test_totals_that_no_field_holds_stop_it(start, shop, parts):
+    """Rather than that a wrong amount is billed."""
+    estimate(shop)
+    for i, (quantity, price, cost) in enumerate(parts):
+        shop.add_part(900, f"X-{i}", "BIG", quantity, price, cost)
+    copy = begin(start, shop)
+    convert(copy)
+    assert copy.expect_box(icon="critical")["text"].startswith("Overflow: ")
+    copy.press("OK")
+    copy.expect_form("frmMain")
+    assert not shop.names("W*.tqa") and active_tags(shop) == []
+
+
+def test_a_failure_names_the_vehicle_that_was_written(start, shop):
+    vehicle_shop(shop, **AS_ON_FILE)
+    for i in range(31):
+        shop.add_note(900, i + 1, f"note {i}")
+    copy = to_vehicle(begin(start, shop))
+    copy.type("Mileage", "12345")
+    copy.key("F10")
+    assert ("stays:\n- the vehicle was written\n- the estimate has its vehicle as it is now\n"
+            "- the number was taken\nThe next step" in copy.expect_box()["text"])
+    assert shop.read_vehicles()[0]["Mileage"] == 12345
+
+
+@contextlib.contextmanager
+def locked_database(shop):
+    with contextlib.closing(sqlite3.connect(shop.path("Lantos.mdb"), isolation_level=None)) as database:
+        database.execute("BEGIN EXCLUSIVE")
+        yield
+        database.execute("ROLLBACK")
+
+
+def test_a_vehicle_that_the_database_has_not_taken_is_stored_by_the_next_conversion(start, shop):
+    vehicle_shop(shop, **AS_ON_FILE)
+    copy = to_vehicle(begin(start, shop))
+    copy.type("Mileage", "12345")
+    with locked_database(shop):
+        copy.key("F10")
+        box = copy.expect_box(icon="critical")
+        assert "The conversion to a work order stopped here." in box["text"]
+        while copy.answer["waiting"] == "box":
+            copy.press("OK")
+    copy.expect_form("frmMain")
+    assert (shop.read_vehicles()[0]["Mileage"], shop.estimate(900)["VehMileage"]) == (12345, "100")
+    show(copy)
+    to_vehicle(copy)
+    copy.key("F10")
+    expect_converted(copy, FIRST)
+    answer_status(copy)
+    assert shop.estimate(900)["VehMileage"] == "12345"
+
+
+def test_a_database_that_is_held_at_the_end_says_that_the_work_order_is_there(start, shop):
+    estimate(shop)
+    shop.add_part(900, "FLT-2", "OIL FILTER", 1, 100)
+    copy = begin(start, shop, PARTS)
+    convert(copy)
+    copy.expect_box(title="Convert - Inventory Status")
+    with locked_database(shop):
+        copy.press("OK")
+        box = copy.expect_box(icon="critical")
+        assert box["text"].startswith("Another copy of the program has the database")
+        assert box["text"].endswith("The work order is there. Don't convert the estimate once more.")
+        while copy.answer["waiting"] == "box":
+            copy.press("OK")
+    copy.expect_form("frmMain")
+    assert len(active_tags(shop)) == 1 and shop.names("W*.tqa") == [file_name(FIRST)]
+
+
+def test_line_ends_inside_of_texts_leave_the_sections_whole(start, shop):
+    estimate(shop)
+    shop.add_part(900, "X-1", "ONE\r\nTWO", 1, 100)
+    shop.add_note(900, 1, "first\r\n\r\nsecond")
+    convert_whole(begin(start, shop))
+    sections = read_workorder(shop, FIRST)
+    assert sections["Parts"] == [part_row("X-1", "ONE  TWO", 1, 0, 100, 0)]
+    assert sections["Notes"] == ["first    second"]
+
+
 # Held files.
 
 
@@ -1144,8 +1246,9 @@ def test_a_held_active_tag_file_stops_it_and_the_box_says_how_far_it_came(start,
     with denied_to_all(shop.path(ACTIVE_FILE)):
         convert(copy)
         box = copy.expect_box(icon="critical", buttons=["OK"])
-        assert box["text"].endswith("stopped here. What was done before stays:\n- the number was taken\n- the stock of "
-                                    "PAD-9 is now 4\nNothing else was written.")
+        assert box["text"].endswith("stopped here. What was done before stays:\n- the number was taken\n"
+                                    "- the usage of PAD-9 was noted\n- the stock of PAD-9 is now 4\n"
+                                    "The next step was not finished.")
         copy.press("OK")
         copy.expect_form("frmMain")
     assert active_tags(shop) == archived_tags(shop) == [] and not shop.names("W*.tqa")
@@ -1159,7 +1262,7 @@ def test_a_held_text_leaves_both_tags(start, shop):
         convert(copy)
         box = copy.expect_box(icon="critical")
         assert box["text"].endswith("- the number was taken\n- the tag in TQOPENWO.DAT was written\n"
-                                    "- the tag in TQINCTAG.DAT was written\nNothing else was written.")
+                                    "- the tag in TQINCTAG.DAT was written\nThe next step was not finished.")
         copy.press("OK")
     assert len(active_tags(shop)) == len(archived_tags(shop)) == 1
 
@@ -1239,11 +1342,11 @@ def test_the_log_has_the_number_and_each_step(start, shop):
     shop.add_part(900, "PAD-9", "BRAKE PADS", 2, 3500)
     copy = begin(start, shop, PARTS)
     convert_whole(copy)
-    mark = "Convert: estimate 000900 to work order 005001: "
+    mark = "Convert: estimate 000900 to work order # 005001: "
     steps = [line.split(mark)[1] for line in copy.log_lines() if mark in line]
-    assert steps == ["the number was taken", "the stock of PAD-9 is now 4", "the tag in TQOPENWO.DAT was written",
-                     "the tag in TQINCTAG.DAT was written", "the work order was written to W0005001.tqa",
-                     "the comments of the estimate name the work order"]
+    assert steps == ["the number was taken", "the usage of PAD-9 was noted", "the stock of PAD-9 is now 4",
+                     "the tag in TQOPENWO.DAT was written", "the tag in TQINCTAG.DAT was written",
+                     "the work order was written to W0005001.tqa", "the comments of the estimate name the work order"]
     assert any("WriteInventory PAD-9 In stock=4" in line for line in copy.log_lines())
     assert any("WriteArchivedWoTag: Opened TQINCTAG.DAT (update,fp=" in line for line in copy.log_lines())
 

@@ -376,6 +376,21 @@ def test_with_no_estimate_chosen_there_is_nothing_to_print(start, shop, way):
     assert jobs(copy) == []
 
 
+@pytest.mark.parametrize("button, report", [("cmdPrintEstimate", "rptEstimate"), ("cmdPrintWorksheet", "rptWorksheet2")])
+def test_what_was_chosen_is_printed_from_lists_filled_anew(start, shop, button, report):
+    """The boxes of the totals are empty then, and so is what stands of them on paper."""
+    plain_shop(shop)
+    options(shop, {"ScheduledToArrived": "N", "ScheduledToInProgress": "N"})
+    copy = choose(start(shop))
+    copy.click("cmdDayView")
+    copy.click(button)
+    shown = expect_preview(copy, report)
+    assert shown["title"].endswith(" 900")
+    if report == "rptEstimate":
+        assert [line[0] for line in shown["lines"]] == ["____Labor____", "000000 Labor", " "], "no tax"
+        assert shown["labels"]["lblTotal"] == ""
+
+
 @pytest.mark.parametrize("letter", ["Y", "A"])
 @pytest.mark.parametrize("status", [1, 2, 3, 4, 5, 6, 7, 8, 9])
 def test_any_other_status_asks_first_and_offers_no_change_afterwards(start, shop, status, letter):

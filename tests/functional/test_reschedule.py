@@ -236,6 +236,37 @@ def test_comments_still_being_typed_go_along(start, shop):
     assert shop.estimate(NEW)["Comments"] == "New text"
 
 
+def test_the_old_one_keeps_its_trace_when_it_is_looked_at(start, shop):
+    """Leaving its comments writes what stands there."""
+    full_shop(shop)
+    copy = start(shop)
+    copy.click("List1(2)", row=row_of(copy, "List1(2)", 900))
+    copy.click("cmdReschedule")
+    copy.pick("DTPicker1", THURSDAY)
+    copy.key("F10")
+    copy.expect_form("frmMain")
+    copy.click("cmdDetailView")
+    assert copy.caption("frameDetailView") == "Est. # 000900  09/30/2003  Rescheduled"
+    trace = "Rescheduled for 10/02/2003. Waits for a call"
+    assert copy.text("txtComments") == trace
+    copy.type("txtComments", trace)
+    copy.click("cmdWeekView")
+    assert shop.estimate(900)["Comments"] == trace
+
+
+def test_what_was_chosen_can_be_rescheduled_from_lists_filled_anew(start, shop):
+    full_shop(shop)
+    copy = start(shop)
+    copy.click("List1(2)", row=row_of(copy, "List1(2)", 900))
+    copy.click("cmdDayView")
+    copy.click("cmdReschedule")
+    copy.expect_form("frmReschedule")
+    copy.pick("DTPicker1", THURSDAY)
+    copy.key("F10")
+    copy.expect_form("frmMain")
+    assert shop.estimate(NEW)["SchedDate"].startswith(THURSDAY)
+
+
 def test_deleting_the_copys_lines_doesnt_touch_the_old_ones(start, shop):
     full_shop(shop)
     content = {table: lines(shop, table, 900) for table in TABLES[1:]}
@@ -480,6 +511,40 @@ def test_hours_must_be_numeric(start, shop, text):
     copy.expect_form("frmContinue")
     assert copy.answer["focus"] != "txtHours"
     assert shop.estimate(NEW) is None
+
+
+@pytest.mark.parametrize("text", ["-99999999", "-21474836.48", "99999999", "1e300"])
+def test_hours_that_no_line_holds_leave_all_as_it_was(start, shop, text):
+    continued_shop(shop)
+    copy = by_week_popup(start(shop))
+    before = everything(shop)
+    copy.type("txtHours", text)
+    copy.key("F10")
+    assert copy.expect_box(title="Lantos", icon="critical")["text"].startswith("Overflow")
+    copy.press("OK")
+    copy.expect_form("frmMain")
+    assert everything(shop) == before
+
+
+@pytest.mark.parametrize("way", ["menu", "popup"])
+def test_comments_still_being_typed_are_continued(start, shop, way):
+    continued_shop(shop)
+    copy = start(shop)
+    copy.click("List1(2)", row=row_of(copy, "List1(2)", 900))
+    copy.click("cmdDetailView")
+    copy.type("txtComments", "Typed now")
+    if way == "menu":
+        copy.menu("mnuChangeStatus")
+        copy.check("Option1(5)")
+        copy.key("F10")
+    else:
+        copy.right_click("frameDetailView")
+        copy.choose("Continued")
+    copy.expect_form("frmContinue")
+    copy.key("F10")
+    copy.press("OK")
+    copy.expect_form("frmMain")
+    assert (shop.estimate(900)["Comments"], shop.estimate(NEW)["Comments"]) == ("Typed now", "Typed now")
 
 
 @pytest.mark.parametrize("typed, shown", [("2", "2.00"), (".5", "0.50"), ("1.257", "1.26"), ("-1", "-1.00"),

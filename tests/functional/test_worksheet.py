@@ -367,6 +367,58 @@ def test_a_vehicle_without_a_vin_has_no_summary_at_all(start, shop, vin):
     assert lines == EMPTY_BODY
 
 
+def test_a_work_order_without_its_date_belongs_to_no_year(start, shop):
+    car_shop(shop).write()
+    history = History(VIN)
+    history.add_active(4001, status="PAID", opened=TODAY)
+    history.write(shop)
+    lines, _ = open_worksheet(start, shop, **HISTORY, VehSummaryYears=150)
+    assert not [line for line in lines if line.startswith("Workorder: ")]
+
+
+def test_nothing_is_held_while_the_operator_is_asked(start, shop):
+    shop.add_customer(8, "Baker", "Ann")
+    car_shop(shop).write()
+    history = History(VIN)
+    history.add_active(4002, opened=TODAY, text=order_text(4002).replace("CustomerNumber=7", "CustomerNumber=8"))
+    history.add_active(4001, opened=TODAY)
+    history.write(shop)
+    shop.path("W0004001.tqa").unlink()
+    options(shop, NO_CHANGE, **HISTORY)
+    copy = choose(start(shop))
+    copy.click("cmdPrintWorksheet")
+    copy.expect_box()
+    for name in ("TQCSTDAT.DAT", "TQOPENWO.DAT", "TQINCTAG.DAT"):
+        with denied_to_all(shop.path(name)):
+            pass
+    copy.press("Cancel")
+    assert copy.answer["waiting"] == "preview"
+
+
+def test_what_past_work_orders_say_is_no_work_order_of_the_estimate(start, shop):
+    """A price is proposed at the level of the current work order, and none is open."""
+    car_shop(shop).write()
+    history = History(VIN)
+    history.add_active(4001, opened=TODAY, text=order_text(4001).replace("Pricing=Retail", "Pricing=Wholesale"))
+    history.write(shop)
+    options(shop, NO_CHANGE, **HISTORY)
+    proposals = []
+    copy = choose(start(shop))
+    copy.click("cmdDetailView")
+    for _ in range(2):
+        copy.click("cmdPartAddNonStock")
+        copy.type("CostPrice", "10")
+        copy.leave()
+        proposals.append(copy.text("ListPrice"))
+        copy.key("Esc")
+        while copy.answer["waiting"] == "box":
+            copy.press("Yes")
+        copy.click("cmdPrintWorksheet")
+        assert copy.answer["waiting"] == "preview"
+        copy.close()
+    assert proposals[0] == proposals[1] != ""
+
+
 def test_the_summary_is_left_out_where_the_shop_wants_that(start, shop):
     history = History(VIN)
     history.add_active(4001, opened=TODAY, text="")

@@ -84,6 +84,19 @@ TEST(FileIO, TwoSpellingsOfOneNameAreRefusedAndBothNamed) {
   EXPECT_EQ(shop.files.PathOf("TQSYSTEM.DAT"), shop.directory / "tqsystem.dat");
 }
 
+TEST(FileIO, ANameKeepsItsSpellingWhileNamesAreSteady) {
+  Shop shop;
+  shop.directory.Put("tqvendor.dat", "");
+  {
+    const FileIO::SteadyNames steady(shop.files);
+    EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "tqvendor.dat");
+    EXPECT_EQ(shop.files.PathOf("TQNEW.DAT"), shop.directory / "TQNEW.DAT");
+    std::filesystem::rename(shop.directory / "tqvendor.dat", shop.directory / "Tqvendor.dat");
+    EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "tqvendor.dat");
+  }
+  EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "Tqvendor.dat");
+}
+
 TEST(FileIO, EachChangeOfTheDirectoryIsSeenAtTheNextLook) {
   const Shop shop;
   for (int i = 0; i < 50; ++i) {

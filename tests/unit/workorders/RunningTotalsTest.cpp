@@ -104,16 +104,21 @@ TEST(AddWoAmount, ANegativeDiscountRateIsNone) {
   EXPECT_EQ(workorder.AmountDue, 1000);
 }
 
-TEST(AddWoAmount, MoneyBeyondAllBoundsStaysAtTheBound) {
+// A wrong amount would be billed.
+TEST(AddWoAmount, MoneyThatNoFieldHoldsIsAnError) {
   Workorder workorder = WithRates();
   constexpr Cents kMost = std::numeric_limits<Cents>::max();
   AddWoAmount(workorder, Fuel, 0, kMost);
-  AddWoAmount(workorder, Fuel, 0, kMost);
   EXPECT_EQ(workorder.Totals.Get(wototals::WorkorderTotal), kMost);
-  EXPECT_EQ(workorder.AmountDue, kMost);
-  AddWoAmount(workorder, Parts, kMost, std::numeric_limits<Cents>::min());
-  AddWoAmount(workorder, Parts, kMost, std::numeric_limits<Cents>::min());
-  EXPECT_EQ(workorder.AmountDue, std::numeric_limits<Cents>::min());
+  EXPECT_THROW(AddWoAmount(workorder, Fuel, 0, 1), std::overflow_error);
+  EXPECT_THROW(AddWoAmount(workorder, Parts, 0, 1), std::overflow_error);
+  EXPECT_THROW(AddWoAmount(workorder, Parts, 0, kMost), std::overflow_error);
+}
+
+TEST(AddWoCost, ACostThatNoFieldHoldsIsAnError) {
+  Workorder workorder = WithRates();
+  AddWoCost(workorder, Parts, std::numeric_limits<Cents>::max());
+  EXPECT_THROW(AddWoCost(workorder, Parts, 1), std::overflow_error);
 }
 
 TEST(AddWoCost, GoesToTheCostOfItsCategoryAlone) {

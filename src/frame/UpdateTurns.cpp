@@ -1,0 +1,44 @@
+#include "frame/UpdateTurns.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "frame/SharingClaim.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::int64_t kPause = 20;  // milliseconds
+constexpr int kTries = 250;
+
+}  // namespace
+
+UpdateTurns::UpdateTurns(const std::filesystem::path& path, Clock& clock)
+    : clock_(clock), descriptor_(::open(path.c_str(), O_RDWR | O_CLOEXEC)) {}
+
+UpdateTurns::~UpdateTurns() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+bool UpdateTurns::Lock(short type) {
+  struct flock turn = {};
+  turn.l_type = type;
+  turn.l_whence = SEEK_SET;
+  turn.l_start = static_cast<off_t>(kUpdateTurn);
+  turn.l_len = 1;
+  return ::fcntl(descriptor_, F_OFD_SETLK, &turn) == 0;
+}
+
+void UpdateTurns::Begin() {
+  for (int i = 0; descriptor_ >= 0 && i < kTries; ++i) {
+    if (Lock(F_WRLCK)) return;
+    clock_.Wait(kPause);
+  }
+}
+
+void UpdateTurns::End() {
+  if (descriptor_ >= 0) Lock(F_UNLCK);
+}
+
+}  // namespace lantos
