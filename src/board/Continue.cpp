@@ -7,14 +7,11 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "masters/EmployeeList.h"
 
 namespace lantos {
 
 namespace {
-
-// Of a line of the employee list, which has the number from character 32 on.
-constexpr std::size_t kNumberColumn = 32;
-constexpr std::size_t kNumberDigits = 6;
 
 std::int32_t HighestLaborNumber(de& database, std::int32_t estimate) {
   std::int32_t highest = 0;
@@ -34,7 +31,7 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   form.SetDate(old.SchedDate);
   form.ShowModal();
   const double typed = Val(form.txtHours.Text()) * 100;
-  const auto mechanic = RoundHalfEven(Val(Mid(form.EmpList.Text(), kNumberColumn, kNumberDigits)));
+  const std::int32_t mechanic = EmployeeNumberOf(form.EmpList.Text());
   const bool goesOn = form.ok;
   form.Unload();
   if (!goesOn) return kNotContinued;

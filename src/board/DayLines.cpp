@@ -1,6 +1,6 @@
 #include "board/DayLines.h"
 
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"

@@ -2,6 +2,7 @@
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
+#include "records/KeptRecords.h"
 
 // Booking: a new estimate for a customer chosen first and a vehicle chosen after that.
 namespace lantos {
@@ -61,13 +62,9 @@ void frmMain::AttachCustomer() {
 
 void frmMain::AttachVehicle() {
   Vehicles& vehicles = shop_.records.vehicles;
-  const VehicleRecord kept = vehicles.CurrentVehicle;
-  const FileLink keptOffset = vehicles.CurrentVehicleOffset;
-  if (masters_.VehicleMaintenance() != kVehicleSelected) {
-    vehicles.CurrentVehicle = kept;
-    vehicles.CurrentVehicleOffset = keptOffset;
-    return;
-  }
+  KeptVehicle kept(vehicles);
+  if (masters_.VehicleMaintenance() != kVehicleSelected) return;
+  kept.Release();
   estimateCustomer_ = shop_.records.customers.CurrentCustomer;
   const VehicleRecord& record = vehicles.CurrentVehicle;
   Estimate& estimate = Current();

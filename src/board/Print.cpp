@@ -22,9 +22,7 @@ void frmMain::ReadPrintOptions() {
 
 // The title is the same for both papers.
 bool frmMain::HasEstimateToPrint() {
-  if (Current().EstimateNumber > 0) return true;
-  shop_.desktop.Tell("Must first select an estimate to print.", kEstimateTitle, ui::Icon::Information);
-  return false;
+  return HasCurrentEstimate(kEstimateTitle, "Must first select an estimate to print.");
 }
 
 // A customer who waits gets the paper, past midnight too.

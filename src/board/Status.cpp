@@ -32,9 +32,9 @@ bool frmMain::LoadWeekIfCountChanged(std::int16_t oldStatus) {
 }
 
 // Chosen, though the lists may have been filled anew since and the detail view be empty.
-bool frmMain::HasCurrentEstimate(const std::string& title) {
+bool frmMain::HasCurrentEstimate(const std::string& title, const std::string& text) {
   if (Current().EstimateNumber > 0) return true;
-  shop_.desktop.Tell("No estimate is selected.", title, ui::Icon::Information);
+  shop_.desktop.Tell(text, title, ui::Icon::Information);
   return false;
 }
 

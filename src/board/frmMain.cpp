@@ -35,8 +35,8 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
   WireRightButton();
   WireDetail();
   WireLines();
-  BuildMenus();
   DisableWhatIsNotBuilt();
+  BuildMenus();
 }
 
 void frmMain::ArrangePanels() {

@@ -221,8 +221,10 @@ class frmMain : public ui::Form, private EstimateOnShow {
   // Booking (NewEstimate.cpp).
   void NewEstimateClick();
   bool AskForPastDate();
-  bool HasEstimateOnShow(const std::string& title);  // says so when there is none
-  bool HasCurrentEstimate(const std::string& title);
+  // Each says so when there is none. On show: what the detail view holds, which a load of the week empties. Current:
+  // what was chosen last, on show or not.
+  bool HasEstimateOnShow(const std::string& title);
+  bool HasCurrentEstimate(const std::string& title, const std::string& text = "No estimate is selected.");
   void AttachCustomer();
   void AttachVehicle();
   void SaveVehicle();

@@ -35,9 +35,6 @@ constexpr CommandEntry kCommands[] = {
     {"mnuEstimateWaste", "Estimate W&aste", &frmMain::cmdEstimateWaste},
     {"mnuEstimateChecklist", "Estimate Check&list", &frmMain::cmdEstimateChecklist},
 };
-// Those whose button does something yet; an entry is never livelier than its button.
-constexpr const char* kBuiltCommands[] = {"mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet", "mnuConvertToWO", "mnuReschedule", "mnuChangeStatus",  "mnuEstimateNotes",
-                                          "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"};
 
 constexpr const char* kShowStatusCaptions[kStatusCount] = {
     "&0 Scheduled", "&1 Arrived",   "&2 In Progress", "&3 Completed", "&4 Departed",
@@ -59,9 +56,8 @@ void frmMain::BuildMenus() {
   ui::MenuItem& commands = AddMenu("mnuCommand", "&Commands");
   for (const CommandEntry& entry : kCommands) {
     ui::Button& button = this->*entry.button;
-    commands.Add(entry.name, entry.caption, [&button] { button.OnClick(); }).SetEnabled(false);
+    commands.Add(entry.name, entry.caption, [&button] { button.OnClick(); }).SetEnabled(button.Enabled());
   }
-  for (const char* name : kBuiltCommands) commands.Find(name)->SetEnabled(true);
 
   BuildMaintenanceMenu();
   BuildStatusMenus();

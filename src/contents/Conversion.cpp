@@ -14,7 +14,7 @@
 #include "masters/frmVehEdit.h"
 #include "records/VehicleMatch.h"
 #include "workorders/LaborCost.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "workorders/RunningTotals.h"
 
 namespace lantos {

@@ -9,8 +9,8 @@
 namespace lantos {
 
 // Turns the estimate on show into an open work order of the main application, and takes its parts out of stock. There
-// is no transaction around it: what goes wrong halfway stays halfway, and the error then says in words what was done
-// and what was not. The run log has the work order's number and each step.
+// is no transaction around it: what goes wrong halfway stays halfway, and the error then says in words what was done.
+// The run log has the work order's number and each step.
 class Conversion {
  public:
   Conversion(const Workbench& bench, Workorders& workorders) : bench_(bench), workorders_(workorders) {}

@@ -1,6 +1,6 @@
 #include "contents/DetailLines.h"
 
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "contents/DetailLines.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "contents/frmLabor.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"

@@ -1,7 +1,7 @@
 #include "contents/frmCanLabor.h"
 
 #include "contents/AmountFields.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

@@ -1,6 +1,6 @@
 #include "contents/frmCanLaborList.h"
 
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "contents/frmCanLabor.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"

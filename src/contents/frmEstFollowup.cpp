@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "contents/EstimateCommands.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 

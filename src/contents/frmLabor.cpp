@@ -2,7 +2,7 @@
 
 #include "contents/AmountFields.h"
 #include "workorders/LaborCost.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "contents/RepairCodes.h"
 #include "contents/SpellCheck.h"
 #include "frame/Dates.h"

@@ -25,7 +25,6 @@ class DataEnvironment {
 
   // What the connection string says; the engine is made of it on first use.
   void SetOpener(Opener opener) { open_ = std::move(opener); }
-  bool IsConnected() const { return engine_ != nullptr; }
   void Disconnect();
 
   // The recordset of a command ("rsGetEstimatesByDate" is Rs("GetEstimatesByDate")).

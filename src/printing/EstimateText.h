@@ -4,7 +4,7 @@
 
 #include "estimatedb/Recordset.h"
 #include "printing/ReportLines.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

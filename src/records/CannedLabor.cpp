@@ -4,6 +4,7 @@
 
 #include "frame/Text.h"
 #include "records/FileNumber.h"
+#include "records/LaborText.h"
 #include "records/OpenedFile.h"
 #include "records/TextLines.h"
 
@@ -18,20 +19,8 @@ std::int32_t Amount(std::string_view line, std::size_t column) {
   return NumberInFile(Mid(line, column, kAmountWidth));
 }
 
-// Up to eight, each trimmed; what follows the eighth is left out.
-std::array<std::string, kCannedLines> SplitLines(std::string_view text) {
-  std::array<std::string, kCannedLines> lines;
-  for (std::string& line : lines) {
-    const std::size_t mark = text.find(kLineMark);
-    line = Trim(text.substr(0, mark));
-    if (mark == std::string_view::npos) break;
-    text.remove_prefix(mark + 1);
-  }
-  return lines;
-}
-
 // The first line, empty or not, then the others that aren't empty.
-std::string JoinLines(const std::array<std::string, kCannedLines>& lines) {
+std::string JoinLines(const LaborText& lines) {
   std::string text(lines[0].substr(0, lines[0].find_last_not_of(' ') + 1));
   for (std::size_t i = 1; i < lines.size(); ++i) {
     if (const std::string line = Trim(lines[i]); !line.empty()) text += kLineMark + line;
@@ -51,7 +40,7 @@ CannedLabor ParseCannedLabor(std::string_view line) {
   entry.Rate = Amount(line, 1 + kAmountWidth);
   entry.Total = Amount(line, 1 + 2 * kAmountWidth);
   const std::string_view text = line.substr(std::min(line.size(), 3 * kAmountWidth));
-  entry.Desc = SplitLines(text);
+  entry.Desc = SplitLaborText(text);
   // The code has its five places, blank or not.
   const std::string_view first = text.substr(0, text.find(kLineMark));
   entry.Desc[0] = std::string(first.substr(0, first.find_last_not_of(' ') + 1));
@@ -130,7 +119,7 @@ std::string CannedNoteLine(const CannedNote& note) {
 std::vector<CannedNote> LoadCannedNotes(Environment& environment) {
   std::vector<CannedNote> notes;
   for (const std::string& line : ReadTextLines(environment, kCannedNoteFile).value_or(std::vector<std::string>())) {
-    notes.push_back(SplitLines(line));
+    notes.push_back(SplitLaborText(line));
   }
   return notes;
 }

@@ -13,8 +13,8 @@ inline constexpr LongField WorkorderNumber{StockNumber.End()};
 inline constexpr LongField Date{WorkorderNumber.End()};     // FileDate of the work order
 inline constexpr TextField CustomerKey{Date.End(), 32};     // "Last,First"
 inline constexpr IntegerField Quantity{CustomerKey.End()};
-inline constexpr LongField Price{Quantity.End()};  // Cents
-inline constexpr LongField Cost{Price.End()};      // Cents
+inline constexpr LongField Price{Quantity.End()};  // Cents; a conversion puts the part's cost here
+inline constexpr LongField Cost{Price.End()};      // and here its price
 inline constexpr LongField PrevLink{Cost.End()};   // FileLink of the part's record before this one
 inline constexpr ByteField reserved{PrevLink.End()};
 static_assert(reserved.End() == 76);

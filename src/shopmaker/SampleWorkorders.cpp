@@ -14,7 +14,7 @@
 #include "shopmaker/Random.h"
 #include "shopmaker/SampleSteps.h"
 #include "workorders/LaborCost.h"
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 #include "workorders/RunningTotals.h"
 #include "workorders/WorkorderText.h"
 #include "workorders/Workorders.h"
@@ -586,8 +586,8 @@ class UsageWriter {
       record.Put(usage::Date, workorder.Totals.Get(wototals::DateOpen));
       record.Put(usage::CustomerKey, tag.View(wotag::CustomerName));
       record.Put(usage::Quantity, line.Quantity);
-      record.Put(usage::Price, line.Price);
-      record.Put(usage::Cost, line.Cost);
+      record.Put(usage::Price, line.Cost);  // handed over crosswise, as a conversion does
+      record.Put(usage::Cost, line.Price);
       record.Put(usage::PrevLink, newest);
       newest = file_.Next();
       file_.Add(record);

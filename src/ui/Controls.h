@@ -128,7 +128,6 @@ class RowControl : public Control {
   const std::string& List(int row) const { return rows_.at(static_cast<std::size_t>(row)).text; }
   void SetList(int row, std::string text);
   std::int32_t ItemData(int row) const { return rows_.at(static_cast<std::size_t>(row)).data; }
-  void SetItemData(int row, std::int32_t data) { rows_.at(static_cast<std::size_t>(row)).data = data; }
   int AddItem(std::string text, std::int32_t data = 0);  // at the end (or in order, when sorted); returns the row
   void InsertItem(int row, std::string text, std::int32_t data = 0);
   void RemoveItem(int row);  // a removed current row leaves none current

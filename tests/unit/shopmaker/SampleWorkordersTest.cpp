@@ -296,6 +296,7 @@ TEST_F(SampleWorkorders, APartsUseIsChainedFromItsMasterNewestFirst) {
       EXPECT_EQ(use.Get(usage::StockNumber), part.Get(inventory::StockNumber));
       EXPECT_EQ(use.Get(usage::Date), opened.at(use.Get(usage::WorkorderNumber)));
       EXPECT_GT(use.Get(usage::Quantity), 0);
+      EXPECT_LT(use.Get(usage::Price), use.Get(usage::Cost)) << "what it has cost lies where the price should";
       before = link;
       link = use.Get(usage::PrevLink);
       ++met;

@@ -1,4 +1,4 @@
-#include "workorders/LaborText.h"
+#include "records/LaborText.h"
 
 #include <algorithm>
 #include <stdexcept>
