@@ -11,8 +11,8 @@
 #include "workorders/Workorders.h"
 
 // An estimate of 50 lines, 20 of them stock parts, becomes a work order: from the last question about it to the message
-// that names it. Plain is the same opens with the claim that each makes, reads, writes and flushes, made bare, the lines
-// of the run log among them, and the same statements.
+// that names it. Plain is the same opens with the claim that each makes, reads, writes and flushes, made bare, the
+// lines of the run log among them, and the same statements.
 namespace lantos::bench {
 
 namespace {
@@ -22,7 +22,7 @@ using Clock = std::chrono::steady_clock;
 constexpr std::int32_t kEstimate = 1003;
 constexpr int kStockParts = 20;
 constexpr int kLaborLines = 30;
-constexpr int kEverySeventh = 7;  // of the parts
+constexpr int kEverySeventh = 7;   // of the parts
 constexpr int kLogLinesAPart = 4;  // on what was done, beside those of the closed files
 constexpr off_t kAtTheEnd = -1;
 constexpr std::size_t kTextLength = 6000;  // about as long as the text that the program writes
@@ -37,8 +37,8 @@ void FillEstimate(Board& board) {
     engine.Run("delete from " + std::string(table) + key, {});
   }
   for (Inventory::PartIndex i = 0; i < kStockParts; ++i) {
-    board.database.lantosData.AddPartRow(
-        kEstimate, {inventory.Tag(i * kEverySeventh).Get(inventorytag::StockNumber), "PART", 1, 4200, 4200, 2100, 4500});
+    board.database.lantosData.AddPartRow(kEstimate, {inventory.Tag(i * kEverySeventh).Get(inventorytag::StockNumber),
+                                                     "PART", 1, 4200, 4200, 2100, 4500});
   }
   for (int i = 0; i < kLaborLines; ++i) {
     board.database.lantosData.AddLabor(kEstimate, i + 1, "REPLACE FRONT BRAKE PADS\tROAD TEST\t\t\t\t\t\t", 100, 8500,
@@ -69,7 +69,7 @@ void Convert(benchmark::State& state) {
   board.world.desktop.atBox = [&](const ui::Box& box) {
     if (box.text.starts_with("Vehicle update")) start = Clock::now();
     if (box.text.starts_with("Estimate # ")) end = Clock::now();
-    return box.buttons != ui::Buttons::YesNo ? ui::Answer::Ok
+    return box.buttons != ui::Buttons::YesNo       ? ui::Answer::Ok
            : box.text.starts_with("Change status") ? ui::Answer::No
                                                    : ui::Answer::Yes;
   };

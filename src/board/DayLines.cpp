@@ -1,9 +1,9 @@
 #include "board/DayLines.h"
 
-#include "records/LaborText.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

@@ -55,13 +55,13 @@ ExtraSum SumExtras(Recordset& rows, Millionths rate) {
 void frmMain::ClearDetail() {
   displayedEstimate_ = 0;
   frameDetailView.SetCaption("");
-  for (ui::Label* label : {&lblCustName, &lblCustSpouse, &lblCustAddr, &lblCustCSZ, &lblCustPhoneH, &lblCustPhoneW,
-                           &lblCustPhoneO, &lblVehYMM, &lblVehVIN, &lblVehLic, &lblVehDate, &lblVehMileage,
-                           &lblEngTrans}) {
+  for (ui::Label* label :
+       {&lblCustName, &lblCustSpouse, &lblCustAddr, &lblCustCSZ, &lblCustPhoneH, &lblCustPhoneW, &lblCustPhoneO,
+        &lblVehYMM, &lblVehVIN, &lblVehLic, &lblVehDate, &lblVehMileage, &lblEngTrans}) {
     label->SetCaption("");
   }
-  for (ui::TextBox* total : {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste,
-                             &txtTotalTax, &txtTotalCost}) {
+  for (ui::TextBox* total :
+       {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste, &txtTotalTax, &txtTotalCost}) {
     total->SetText("");
   }
   txtComments.SetText("");
@@ -140,7 +140,8 @@ void frmMain::RefreshTotals() {
     tax += TaxOn(labor, system.Get(sysrec::tax_rate_labor));
     tax += TaxOn(parts, system.Get(sysrec::tax_rate_parts));
   }
-  const ExtraSum sublets = SumExtras(Data().SubletsForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_sublet));
+  const ExtraSum sublets =
+      SumExtras(Data().SubletsForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_sublet));
   Mark(cmdEstimateSublets, sublets.any);
   const ExtraSum waste = SumExtras(Data().WasteForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_waste));
   Mark(cmdEstimateWaste, waste.any);

@@ -74,9 +74,7 @@ void frmMain::AttachVehicle() {
   SaveVehicle();
 }
 
-void frmMain::SaveVehicle() {
-  Data().SetVehicleNew(Current().VehicleLink, SnapshotIn(Current()), displayedEstimate_);
-}
+void frmMain::SaveVehicle() { Data().SetVehicleNew(Current().VehicleLink, SnapshotIn(Current()), displayedEstimate_); }
 
 bool frmMain::HasEstimateOnShow(const std::string& title) {
   if (displayedEstimate_ != 0) return true;

@@ -16,9 +16,7 @@ constexpr const char* kWorksheetTitle = "Print Worksheet";
 }  // namespace
 
 // As the shop has them now: another workstation may have changed them.
-void frmMain::ReadPrintOptions() {
-  shop_.environment.printOptions = LoadPrintOptions(shop_.environment.Profile());
-}
+void frmMain::ReadPrintOptions() { shop_.environment.printOptions = LoadPrintOptions(shop_.environment.Profile()); }
 
 // The title is the same for both papers.
 bool frmMain::HasEstimateToPrint() {
@@ -47,18 +45,18 @@ void frmMain::PrintWorksheetClick() {
   CheckDayRollover();
   if (!HasEstimateToPrint()) return;
   ui::Desktop& desktop = shop_.desktop;
-  if (Current().Status > kArrived &&
-      desktop.Ask("Current status is neither \"Scheduled\" nor \"Arrived\".\r\r"
-                  "Are you sure you want to print the worksheet?",
-                  kWorksheetTitle, ui::Buttons::YesNo) != ui::Answer::Yes) {
+  if (Current().Status > kArrived && desktop.Ask("Current status is neither \"Scheduled\" nor \"Arrived\".\r\r"
+                                                 "Are you sure you want to print the worksheet?",
+                                                 kWorksheetTitle, ui::Buttons::YesNo) != ui::Answer::Yes) {
     return;
   }
   const StatusOptions& options = shop_.environment.statusOptions;
   if (Current().Status == kScheduled && options[StatusOption::ScheduledToInProgress] == 'E') {
-    desktop.Tell("To print the worksheet, the current status must not be \"Scheduled\".\r"
-                 "You must either first print the Estimate, or change the status via\r"
-                 "the \"Change Status\" command button.",
-                 kWorksheetTitle);
+    desktop.Tell(
+        "To print the worksheet, the current status must not be \"Scheduled\".\r"
+        "You must either first print the Estimate, or change the status via\r"
+        "the \"Change Status\" command button.",
+        kWorksheetTitle);
     return;
   }
   ReadPrintOptions();
@@ -76,9 +74,8 @@ void frmMain::PrintWorksheetClick() {
 // The status that a printed paper leads to, as the option wants it.
 void frmMain::FollowPrint(StatusOption option, const char* question, std::int16_t status) {
   const char letter = shop_.environment.statusOptions[option];
-  if (letter != 'Y' &&
-      (letter != 'A' || shop_.desktop.Ask(std::string("Shall I change the status from\r") + question, kEstimateTitle,
-                                          ui::Buttons::YesNo) != ui::Answer::Yes)) {
+  if (letter != 'Y' && (letter != 'A' || shop_.desktop.Ask(std::string("Shall I change the status from\r") + question,
+                                                           kEstimateTitle, ui::Buttons::YesNo) != ui::Answer::Yes)) {
     return;
   }
   const std::int16_t oldStatus = Current().Status;

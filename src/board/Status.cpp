@@ -22,7 +22,7 @@ void frmMain::ShowStatusPopup() {
     popupStatus_[i]->SetVisible(PopupOffers(options, current, entry));
     popupStatus_[i]->SetChecked(entry == current);
   }
-    shop_.desktop.PopupMenu(*this, *statusPopup_);
+  shop_.desktop.PopupMenu(*this, *statusPopup_);
 }
 
 bool frmMain::LoadWeekIfCountChanged(std::int16_t oldStatus) {

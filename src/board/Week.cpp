@@ -93,7 +93,8 @@ void frmMain::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows) {
 }
 
 bool frmMain::IsShown(std::int16_t status) const {
-  return status >= 0 && status < static_cast<int>(kStatusCount) && showStatus_[static_cast<std::size_t>(status)]->Checked();
+  return status >= 0 && status < static_cast<int>(kStatusCount) &&
+         showStatus_[static_cast<std::size_t>(status)]->Checked();
 }
 
 const CustomerRecord* frmMain::FindCustomerOf(const Estimate& estimate) {

@@ -42,8 +42,8 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
 void frmMain::ArrangePanels() {
   Frame1.Holds(lblDate, lblAvail, lblSched, lblDiff, lblStatus);
   frameCommands.Holds(cmdWeekView, cmdDayView, cmdDetailView, cmdNewEstimate, cmdPrintEstimate, cmdPrintWorksheet,
-                      cmdConvert, cmdReschedule, cmdChangeStatus, cmdFind, cmdWOHistory, cmdTechHours,
-                      cmdEstimateNotes, cmdEstimateSublets, cmdEstimateWaste, cmdEstimateChecklist);
+                      cmdConvert, cmdReschedule, cmdChangeStatus, cmdFind, cmdWOHistory, cmdTechHours, cmdEstimateNotes,
+                      cmdEstimateSublets, cmdEstimateWaste, cmdEstimateChecklist);
   frameWeekView.Holds(lblWeekComment);
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     frameWeek[i].SetContainer(frameWeekView);
@@ -64,8 +64,8 @@ void frmMain::ArrangePanels() {
 
 void frmMain::ArrangeDetail() {
   frameDetailView.Holds(frameCustomer, frameVehicle, frameComments, frameLabor, frameParts, frameTotals);
-  frameCustomer.Holds(lblCustName, lblCustSpouse, lblCustAddr, lblCustCSZ, lblCustPhoneH, lblCustPhoneW,
-                      lblCustPhoneO, cmdCustomerEdit);
+  frameCustomer.Holds(lblCustName, lblCustSpouse, lblCustAddr, lblCustCSZ, lblCustPhoneH, lblCustPhoneW, lblCustPhoneO,
+                      cmdCustomerEdit);
   frameVehicle.Holds(lblVehYMM, lblVehVIN, lblVehLic, lblVehDate, lblVehMileage, lblEngTrans, cmdVehicleEdit);
   frameComments.Holds(txtComments);
   txtComments.SetMaxLength(255);
@@ -76,8 +76,8 @@ void frmMain::ArrangeDetail() {
   listParts.SetFace(ui::FontFace::FixedPitch);
   frameTotals.Holds(txtTotalHours, txtTotalLabor, txtTotalParts, txtTotalSublet, txtTotalWaste, txtTotalTax,
                     txtTotalCost);
-  for (ui::TextBox* total : {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste,
-                             &txtTotalTax, &txtTotalCost}) {
+  for (ui::TextBox* total :
+       {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste, &txtTotalTax, &txtTotalCost}) {
     total->SetLocked(true);
     total->SetTabStop(false);
   }
@@ -164,8 +164,7 @@ void frmMain::WireDetail() {
 }
 
 void frmMain::DisableWhatIsNotBuilt() {
-  for (ui::Button* button :
-       {&cmdFind, &cmdWOHistory, &cmdTechHours}) {
+  for (ui::Button* button : {&cmdFind, &cmdWOHistory, &cmdTechHours}) {
     button->SetEnabled(false);
   }
 }
@@ -196,14 +195,18 @@ void frmMain::OnLoad() {
 bool frmMain::StartSecondCopy() {
   ui::Desktop& desktop = shop_.desktop;
   if (!desktop.FindWindowByTitle(kRunningCaption, false)) return true;
-  switch (desktop.Ask("The Korvel Apppointment Scheduler is already running.\r\r"
-                      "Click Yes to switch to the running application.\r\r"
-                      "Click No to allow another copy to run.\r\r"
-                      "Click Cancel to exit this copy.",
-                      "Multiple Lantos Instances", ui::Buttons::YesNoCancel, ui::Icon::Question)) {
-    case ui::Answer::Yes: return !desktop.FindWindowByTitle(kRunningCaption, true);
-    case ui::Answer::No: return true;
-    default: return false;
+  switch (
+      desktop.Ask("The Korvel Apppointment Scheduler is already running.\r\r"
+                  "Click Yes to switch to the running application.\r\r"
+                  "Click No to allow another copy to run.\r\r"
+                  "Click Cancel to exit this copy.",
+                  "Multiple Lantos Instances", ui::Buttons::YesNoCancel, ui::Icon::Question)) {
+    case ui::Answer::Yes:
+      return !desktop.FindWindowByTitle(kRunningCaption, true);
+    case ui::Answer::No:
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -215,9 +218,7 @@ void frmMain::RestoreSettings() {
   SetPosition(place("MainLeft", kDefaultPlace), place("MainTop", kDefaultPlace));
   SetSize(place("MainWidth", kDefaultSize), place("MainHeight", kDefaultSize));
   const double state = settings.GetNumber("MainState", 0);
-  SetState(state == 1   ? ui::WindowState::Minimized
-           : state == 2 ? ui::WindowState::Maximized
-                        : ui::WindowState::Normal);
+  SetState(state == 1 ? ui::WindowState::Minimized : state == 2 ? ui::WindowState::Maximized : ui::WindowState::Normal);
   cbShowLabor.SetValue(settings.GetNumber("LaborOnDayView", 1) != 0);
 }
 
@@ -278,12 +279,17 @@ void frmMain::OnMouseUp(ui::MouseButton button) { PopupRefresh(button); }
 void frmMain::CheckDayRollover() {
   const std::string currentDate = FormatDate(Today());
   if (currentDate == startedDate_) return;
-  shop_.desktop.Tell("NOTE: This application must be restarted each \r\n"
-                     "day in order to maintain data files integrity.\r\n\r\n"
-                     "Started date: " + startedDate_ + "\r\n"
-                     "Current date: " + currentDate + "\r\n\r\n"
-                     "Click OK to exit the application.",
-                     "Restart required.", ui::Icon::Information);
+  shop_.desktop.Tell(
+      "NOTE: This application must be restarted each \r\n"
+      "day in order to maintain data files integrity.\r\n\r\n"
+      "Started date: " +
+          startedDate_ +
+          "\r\n"
+          "Current date: " +
+          currentDate +
+          "\r\n\r\n"
+          "Click OK to exit the application.",
+      "Restart required.", ui::Icon::Information);
   shop_.desktop.EndProcess(0);
 }
 

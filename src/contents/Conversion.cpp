@@ -12,9 +12,9 @@
 #include "frame/Numbers.h"
 #include "frame/UpdateTurns.h"
 #include "masters/frmVehEdit.h"
+#include "records/LaborText.h"
 #include "records/VehicleMatch.h"
 #include "workorders/LaborCost.h"
-#include "records/LaborText.h"
 #include "workorders/RunningTotals.h"
 
 namespace lantos {
@@ -83,10 +83,11 @@ bool Conversion::FindCustomer() {
 
 bool Conversion::Confirm() {
   const CustomerRecord& customer = bench_.shop.records.customers.CurrentCustomer;
-  const std::string text = "This function will convert an estimate\rto a workorder which can then be managed\r"
-                           "by the Korvel application.\r\rThe estimate to be converted is # " +
-                           FormatZeros(bench_.Number(), 6) + "\rfor " + customer.Get(customer::Firstname) + " " +
-                           customer.Get(customer::Lastname) + ".\r\rDo you wish to continue?";
+  const std::string text =
+      "This function will convert an estimate\rto a workorder which can then be managed\r"
+      "by the Korvel application.\r\rThe estimate to be converted is # " +
+      FormatZeros(bench_.Number(), 6) + "\rfor " + customer.Get(customer::Firstname) + " " +
+      customer.Get(customer::Lastname) + ".\r\rDo you wish to continue?";
   return bench_.shop.desktop.Ask(text, kTitle, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
@@ -109,9 +110,8 @@ bool Conversion::EditVehicle() {
   form.ShowModal();
   const bool saved = form.Saved();
   form.Unload();
-  return saved || bench_.shop.desktop.Ask(
-                      "Vehicle update cancelled.\r\rDo you wish to continue with the conversion?", kTitle,
-                      ui::Buttons::YesNo) == ui::Answer::Yes;
+  return saved || bench_.shop.desktop.Ask("Vehicle update cancelled.\r\rDo you wish to continue with the conversion?",
+                                          kTitle, ui::Buttons::YesNo) == ui::Answer::Yes;
 }
 
 void Conversion::StoreVehicleIfChanged() {
@@ -285,9 +285,8 @@ void Conversion::TellOfReorders() {
 void Conversion::MarkEstimate() {
   bench_.estimate.StoreComments("Workorder # " + OrderNumber() + " " + Trim(bench_.estimate.CommentsOnShow()));
   Done("the comments of the estimate name the work order");
-  bench_.shop.desktop.Tell(
-      "Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber(), kTitle,
-      ui::Icon::Information);
+  bench_.shop.desktop.Tell("Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber(),
+                           kTitle, ui::Icon::Information);
 }
 
 void Conversion::ChangeStatus() {
@@ -302,9 +301,9 @@ void Conversion::ChangeStatus() {
     bench_.database.estimates.SaveStatus();
   }
   if (Current().Status == kCompleted) return;
-  desktop.Tell("Estimate status is still '" +
-                   bench_.database.estimates.StatusText(Current().Status, Current().SchedDate) + "'",
-               kTitle, ui::Icon::Information);
+  desktop.Tell(
+      "Estimate status is still '" + bench_.database.estimates.StatusText(Current().Status, Current().SchedDate) + "'",
+      kTitle, ui::Icon::Information);
 }
 
 std::string Conversion::OrderNumber() const { return FormatZeros(Order().WorkorderNumber, 6); }
@@ -322,8 +321,8 @@ void Conversion::Done(std::string step) {
 // Nothing is undone, so the operator has to know how far it came.
 void Conversion::RethrowWithWords(const std::exception& error) const {
   if (done_.empty()) throw;
-  std::string text = std::string(error.what()) + "\r\rThe conversion to " + Goal() +
-                     " stopped here. What was done before stays:";
+  std::string text =
+      std::string(error.what()) + "\r\rThe conversion to " + Goal() + " stopped here. What was done before stays:";
   for (const std::string& step : done_) text += "\r- " + step;
   text += "\rThe next step was not finished.";
   if (isWritten_) text += "\r\rThe work order is there. Don't convert the estimate once more.";

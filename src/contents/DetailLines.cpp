@@ -1,8 +1,8 @@
 #include "contents/DetailLines.h"
 
-#include "records/LaborText.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "contents/DetailLines.h"
-#include "records/LaborText.h"
 #include "contents/frmLabor.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

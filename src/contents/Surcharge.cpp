@@ -77,12 +77,12 @@ void Surcharge::SetSurchargeLine(const SurchargeTable& table, Cents amount) {
   }
   const SystemRecord& system = bench_.System();
   // Number 1, whether it is free or not: where it isn't, the table's key refuses the line.
-  database.Run(
-      fmt::format("insert into {} (EstimateNumber, {}, VendorName, VendorInvoice, Cost, Price, Desc1, Desc2, "
-                  "Desc3, Desc4, Taxable) values ({},1,'SURCHARGE','',{},{},'{}{}{}')",
-                  table.table, table.number, estimate, amount, amount, QuoteForSql(system.Get(sysrec::surcharge_description)),
-                  table.blankDescriptions, DefaultTaxable(system.Get(table.taxRate))),
-      {});
+  database.Run(fmt::format("insert into {} (EstimateNumber, {}, VendorName, VendorInvoice, Cost, Price, Desc1, Desc2, "
+                           "Desc3, Desc4, Taxable) values ({},1,'SURCHARGE','',{},{},'{}{}{}')",
+                           table.table, table.number, estimate, amount, amount,
+                           QuoteForSql(system.Get(sysrec::surcharge_description)), table.blankDescriptions,
+                           DefaultTaxable(system.Get(table.taxRate))),
+               {});
 }
 
 }  // namespace lantos

@@ -1,12 +1,12 @@
 #include "contents/frmCanLaborList.h"
 
-#include "records/LaborText.h"
 #include "contents/frmCanLabor.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "printing/ListReport.h"
 #include "printing/ShowReport.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "contents/EstimateCommands.h"
-#include "records/LaborText.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
+#include "records/LaborText.h"
 
 namespace lantos {
 

@@ -36,7 +36,7 @@ class frmEstNotes : public SizedForm {
 
   Workbench& bench_;
   std::map<std::int32_t, Note> notes_;  // behind the rows, by number
-  std::int32_t lastNoteNumber_ = 0;  // the highest there has been; a removed one isn't given again
+  std::int32_t lastNoteNumber_ = 0;     // the highest there has been; a removed one isn't given again
 };
 
 }  // namespace lantos

@@ -1,14 +1,14 @@
 #include "contents/frmLabor.h"
 
 #include "contents/AmountFields.h"
-#include "workorders/LaborCost.h"
-#include "records/LaborText.h"
 #include "contents/RepairCodes.h"
 #include "contents/SpellCheck.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "masters/EmployeeList.h"
+#include "records/LaborText.h"
+#include "workorders/LaborCost.h"
 
 namespace lantos {
 
@@ -170,7 +170,8 @@ void frmLabor::RepairCodePicked() {
 
 // The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
 DaySerial frmLabor::FollowupBase() const {
-  if (!shop_.environment.shopOptions.LaborDateOption) return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
+  if (!shop_.environment.shopOptions.LaborDateOption)
+    return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
   return ParseDate(line_.Date).value_or(shop_.environment.Today());
 }
 

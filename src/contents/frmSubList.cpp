@@ -18,8 +18,8 @@ constexpr std::size_t kDescriptionLine = 64;
 
 std::string RowOf(const OrderedSublet& sublet) {
   return FormatZeros(sublet.orderNumber, 6) + " " + LeftJustify(sublet.vendor, kVendorShown) + " " +
-         LeftJustify(sublet.invoice, std::max(kInvoiceShown, sublet.invoice.size())) + " " + RightJustify(FormatHundredths(sublet.price), kPriceWidth) + " " +
-         sublet.description;
+         LeftJustify(sublet.invoice, std::max(kInvoiceShown, sublet.invoice.size())) + " " +
+         RightJustify(FormatHundredths(sublet.price), kPriceWidth) + " " + sublet.description;
 }
 
 }  // namespace

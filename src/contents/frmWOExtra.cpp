@@ -12,9 +12,7 @@ constexpr ui::Twips kWidth = 8100;
 constexpr ui::Twips kHeight = 4800;
 
 // Cut to whole cents, where other screens round.
-Cents WholeCents(const ui::TextBox& box) {
-  return WholeOrOverflow(std::floor(HundredfoldOf(box)));
-}
+Cents WholeCents(const ui::TextBox& box) { return WholeOrOverflow(std::floor(HundredfoldOf(box))); }
 
 }  // namespace
 

@@ -153,11 +153,11 @@ void de::DeleteChecklist(std::int32_t estimate) { Run("DeleteChecklist", {Long(e
 Recordset& de::ChecklistTable() { return Run("ChecklistTable", {}); }
 
 void de::AddPartRow(std::int32_t estimate, const Part& part) {
-  Connection().Insert(kParts,
-                      {"EstimateNumber", "PartNumber", "PartDesc", "Quantity", "PartPrice", "PartTotal", "PartCost",
-                       "PartList"},
-                      {Long(estimate), Text(part.PartNumber), Text(part.PartDesc), Long(part.Quantity),
-                       Long(part.PartPrice), Long(part.PartTotal), Long(part.PartCost), Long(part.PartList)});
+  Connection().Insert(
+      kParts,
+      {"EstimateNumber", "PartNumber", "PartDesc", "Quantity", "PartPrice", "PartTotal", "PartCost", "PartList"},
+      {Long(estimate), Text(part.PartNumber), Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice),
+       Long(part.PartTotal), Long(part.PartCost), Long(part.PartList)});
 }
 
 void de::UpdatePartRow(std::int32_t estimate, std::string_view storedNumber, const Part& part) {

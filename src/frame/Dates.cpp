@@ -20,8 +20,9 @@ constexpr sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
 
 constexpr std::array<std::string_view, 7> kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                        "Thursday", "Friday", "Saturday"};
-constexpr std::array<std::string_view, 12> kMonths = {"January", "February", "March",     "April",   "May",      "June",
-                                                      "July",    "August",   "September", "October", "November", "December"};
+constexpr std::array<std::string_view, 12> kMonths = {"January",   "February", "March",    "April",
+                                                      "May",       "June",     "July",     "August",
+                                                      "September", "October",  "November", "December"};
 
 }  // namespace
 
@@ -58,7 +59,9 @@ std::string FormatDate(DaySerial day) {
 
 namespace {
 
-std::string_view ShortWeekday(DaySerial day) { return kWeekdays[static_cast<std::size_t>(WeekdayIndex(day))].substr(0, 3); }
+std::string_view ShortWeekday(DaySerial day) {
+  return kWeekdays[static_cast<std::size_t>(WeekdayIndex(day))].substr(0, 3);
+}
 
 }  // namespace
 

@@ -26,11 +26,11 @@ CivilDate FromSerial(DaySerial day);
 bool IsValid(const CivilDate& date);  // years 100 to 9999
 int WeekdayIndex(DaySerial day);      // 0 for Sunday
 
-std::string FormatDate(DaySerial day);              // "mm/dd/yyyy"
-std::string FormatPanelDate(DaySerial day);         // "ddd m/d": "Tue 9/30"
-std::string FormatDateWithWeekday(DaySerial day);   // "ddd mm/dd/yyyy"
-std::string FormatLongDate(DaySerial day);          // "Tuesday, September 30, 2003"
-std::string FormatIsoDate(DaySerial day);           // "yyyy-mm-dd"
+std::string FormatDate(DaySerial day);             // "mm/dd/yyyy"
+std::string FormatPanelDate(DaySerial day);        // "ddd m/d": "Tue 9/30"
+std::string FormatDateWithWeekday(DaySerial day);  // "ddd mm/dd/yyyy"
+std::string FormatLongDate(DaySerial day);         // "Tuesday, September 30, 2003"
+std::string FormatIsoDate(DaySerial day);          // "yyyy-mm-dd"
 
 // A date as a person types it: month/day/year with "/", "-" or "." and a year of two or four digits (00 to 29 are
 // 2000 to 2029), month/day of defaultYear, "yyyy-mm-dd", or with the month's name. Empty when it is no date.

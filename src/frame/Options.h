@@ -81,8 +81,8 @@ struct ShopOptions {
   bool LaborDateOption = false;
   bool RepairCodeOption = false;
   int InventoryTagVersion = 0;
-  PaymentMethodTable PaymentMethodNames = {"",         "Cash",     "Check",    "Visa",     "MasterCd", "Discover", "AmEx",
-                                           "Debit",    "Account",  "Warranty", "GiftCard", "Other",    "Split"};
+  PaymentMethodTable PaymentMethodNames = {"",      "Cash",    "Check",    "Visa",     "MasterCd", "Discover", "AmEx",
+                                           "Debit", "Account", "Warranty", "GiftCard", "Other",    "Split"};
 };
 ShopOptions LoadShopOptions(const ProfileFile& profile);
 

@@ -60,8 +60,8 @@ class SharedFile {
 
   int descriptor_ = -1;
   Access access_ = Access::Read;
-  bool alone_ = false;               // nobody else changes the length
-  std::int64_t aloneLength_ = -1;    // then, as far as it is known
+  bool alone_ = false;             // nobody else changes the length
+  std::int64_t aloneLength_ = -1;  // then, as far as it is known
   std::filesystem::path path_;
 };
 

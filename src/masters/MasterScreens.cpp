@@ -1,9 +1,9 @@
 #include "masters/MasterScreens.h"
 
-#include "records/KeptRecords.h"
 #include "masters/NameSearch.h"
 #include "masters/frmCustSearch.h"
 #include "masters/frmVehEdit.h"
+#include "records/KeptRecords.h"
 
 namespace lantos {
 namespace {

@@ -88,9 +88,8 @@ void EstimateReport::ComposeParts(ReportLines& lines) const {
   const bool any = !rows.Eof();
   if (any) lines.Add("____Parts____");
   for (; !rows.Eof(); rows.MoveNext()) {
-    lines.Add(PartOnPaper(rows, environment_.printOptions.ShowPartNumbersOnEst),
-              std::to_string(rows.Long("Quantity")), FormatHundredths(rows.Long("PartPrice")),
-              FormatHundredths(rows.Long("PartTotal")));
+    lines.Add(PartOnPaper(rows, environment_.printOptions.ShowPartNumbersOnEst), std::to_string(rows.Long("Quantity")),
+              FormatHundredths(rows.Long("PartPrice")), FormatHundredths(rows.Long("PartTotal")));
   }
   rows.Close();
   if (any) lines.AddBlank();

@@ -67,8 +67,8 @@ ReportDesign EstimateDesign(bool withDisclosure) {
                Text(0.64, 0, 0.36, "ESTIMATE", 16, true, Align::Right)});
   double row = 22;
   for (const auto& [caption, name] : {std::pair{"Estimate #", "lblWONumber"}, {"Scheduled", "lblDate"}}) {
-    Add(design, {Text(0.66, row, 0.18, caption, 8, false, Align::Right),
-                 Field(name, 0.85, row, 0.15, 9, true, Align::Right)});
+    Add(design,
+        {Text(0.66, row, 0.18, caption, 8, false, Align::Right), Field(name, 0.85, row, 0.15, 9, true, Align::Right)});
     row += kRow;
   }
   Add(design, {Text(0.60, row, 0.15, "Printed", 8, false, Align::Right),
@@ -120,8 +120,7 @@ ReportDesign WorksheetDesign(bool withCustomer) {
   ReportDesign design;
   design.name = withCustomer ? "rptWorksheet2" : "rptWorksheet1";
   design.caption = withCustomer ? "Technician Worksheet" : "Mechanic Worksheet";
-  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, true),
-               Text(0.6, 0, 0.4, design.caption, 13, true, Align::Right),
+  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, true), Text(0.6, 0, 0.4, design.caption, 13, true, Align::Right),
                Text(0.66, 19, 0.18, "Estimate #", 8, false, Align::Right),
                Field("lblWONumber", 0.85, 19, 0.15, 10, true, Align::Right),
                Text(0.66, 19 + kRow, 0.18, "Scheduled", 8, false, Align::Right),
@@ -162,9 +161,9 @@ ReportDesign GenericDesign() {
   ReportDesign design;
   design.name = "rptGeneric";
   design.caption = "Report";
-  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, true),
-               Field("lblReportName", 0.4, 0, 0.6, 12, true, Align::Right),
-               Field("lblHeading1", 0, 20, 0.6, 9), Field("lblHeading2", 0.4, 20, 0.6, 9, false, Align::Right)});
+  Add(design,
+      {Field("lblCompanyName", 0, 0, 0.6, 12, true), Field("lblReportName", 0.4, 0, 0.6, 12, true, Align::Right),
+       Field("lblHeading1", 0, 20, 0.6, 9), Field("lblHeading2", 0.4, 20, 0.6, 9, false, Align::Right)});
   design.boxes = {{Band::PageHeader, 0, 36, 1, 0}};
   design.headerHeight = 42;
   design.characters = 100;

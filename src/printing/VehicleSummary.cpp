@@ -12,8 +12,7 @@ namespace {
 
 constexpr std::size_t kBlock = 256;  // tags
 constexpr const char* kNotesRule = "*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*-*";
-constexpr const char* kNotesHeading =
-    "*-*-*-*-*-*-*-*-*-*-*-*-*-* Workorder Notes *-*-*-*-*-*-*-*-*-*-*-*-*-*";
+constexpr const char* kNotesHeading = "*-*-*-*-*-*-*-*-*-*-*-*-*-* Workorder Notes *-*-*-*-*-*-*-*-*-*-*-*-*-*";
 
 // The same day of an earlier year; of a year without that day the day before it.
 DaySerial YearsBack(DaySerial day, int years) {

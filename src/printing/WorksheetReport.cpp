@@ -97,8 +97,8 @@ void WorksheetReport::ComposeParts(ReportLines& lines) const {
 
 // What earlier work orders recommended for this vehicle and nobody has booked yet.
 void WorksheetReport::ComposeFollowups(ReportLines& lines) const {
-  const std::vector<Followup> followups = records_.followups.OpenFollowups(
-      Current().CustomerNumber, Trim(Current().VehVIN), Trim(Current().VehLic));
+  const std::vector<Followup> followups =
+      records_.followups.OpenFollowups(Current().CustomerNumber, Trim(Current().VehVIN), Trim(Current().VehLic));
   if (followups.empty()) return;
   lines.Add(FollowupRow("Service", "Due Back"));
   for (const Followup& followup : followups) {

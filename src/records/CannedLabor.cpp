@@ -15,9 +15,7 @@ namespace {
 constexpr std::size_t kAmountWidth = 12;
 constexpr char kLineMark = '\t';  // between the lines of a description
 
-std::int32_t Amount(std::string_view line, std::size_t column) {
-  return NumberInFile(Mid(line, column, kAmountWidth));
-}
+std::int32_t Amount(std::string_view line, std::size_t column) { return NumberInFile(Mid(line, column, kAmountWidth)); }
 
 // The first line, empty or not, then the others that aren't empty.
 std::string JoinLines(const LaborText& lines) {

@@ -49,8 +49,7 @@ class KeptCustomer {
 // Nobody writes from the table of the check list but who shows it: it is always put back.
 class KeptCheckList {
  public:
-  explicit KeptCheckList(CheckListTable& table)
-      : table_(table), items_(table.items), loaded_(table.ChecklistLoaded) {}
+  explicit KeptCheckList(CheckListTable& table) : table_(table), items_(table.items), loaded_(table.ChecklistLoaded) {}
   ~KeptCheckList() {
     table_.items = std::move(items_);
     table_.ChecklistLoaded = loaded_;

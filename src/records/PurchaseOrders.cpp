@@ -24,9 +24,9 @@ bool RetryOrSkip(ui::Desktop& desktop, const std::string& what, Statement statem
       statement();
       return true;
     } catch (const FileError& error) {
-      const ui::Answer answer = desktop.Ask(
-          what + "\rlocked by another user.\rClick RETRY to try again, or CANCEL to skip.",
-          "zGetOpenPOSublets " + error.Text(), ui::Buttons::RetryCancel);
+      const ui::Answer answer =
+          desktop.Ask(what + "\rlocked by another user.\rClick RETRY to try again, or CANCEL to skip.",
+                      "zGetOpenPOSublets " + error.Text(), ui::Buttons::RetryCancel);
       if (answer == ui::Answer::Cancel) return false;
     }
   }

@@ -12,7 +12,8 @@ inline constexpr std::string_view kEstimateDisclaimer = "DISC_EST.TXT";  // pref
 inline constexpr std::string_view kWorkorderDisclaimer = "DISCLAIM.TXT";
 inline constexpr std::string_view kDisclosureFile = "DISCLOSURE.TXT";
 
-// The lines, each cut at its first NUL, joined by CR LF. Opened shared. Throws FileError (53) when there is no such file.
+// The lines, each cut at its first NUL, joined by CR LF. Opened shared. Throws FileError (53) when there is no such
+// file.
 std::string ReadStatement(Environment& environment, std::string_view name);
 // The same with each line trimmed.
 std::string ReadTrimmedStatement(Environment& environment, std::string_view name);

@@ -7,8 +7,7 @@
 
 namespace lantos {
 
-std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name,
-                                                      Deny deny) {
+std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name, Deny deny) {
   if (!environment.files.IsThere(name)) return std::nullopt;
   OpenedFile file(environment.openFiles, name, Access::Read, deny);
   std::vector<std::string> lines;

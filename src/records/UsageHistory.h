@@ -10,8 +10,8 @@ namespace lantos {
 namespace usage {
 inline constexpr TextField StockNumber{0, 21};
 inline constexpr LongField WorkorderNumber{StockNumber.End()};
-inline constexpr LongField Date{WorkorderNumber.End()};     // FileDate of the work order
-inline constexpr TextField CustomerKey{Date.End(), 32};     // "Last,First"
+inline constexpr LongField Date{WorkorderNumber.End()};  // FileDate of the work order
+inline constexpr TextField CustomerKey{Date.End(), 32};  // "Last,First"
 inline constexpr IntegerField Quantity{CustomerKey.End()};
 inline constexpr LongField Price{Quantity.End()};  // Cents; a conversion puts the part's cost here
 inline constexpr LongField Cost{Price.End()};      // and here its price

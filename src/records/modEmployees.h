@@ -27,10 +27,10 @@ inline constexpr ByteField FICAExempt{NumExemptions.End()};
 inline constexpr OpaqueField payroll{FICAExempt.End(), 54};
 static_assert(payroll.End() == 199);
 // Within it.
-inline constexpr LongField Wage{payroll.offset};           // Cents an hour
-inline constexpr ByteField WagePeriod{Wage.End()};         // above 0: paid by the hour
-inline constexpr LongField Salary{WagePeriod.End()};       // Cents a period
-inline constexpr ByteField SalaryPeriod{Salary.End()};     // code of the pay period, 0 for no salary
+inline constexpr LongField Wage{payroll.offset};                  // Cents an hour
+inline constexpr ByteField WagePeriod{Wage.End()};                // above 0: paid by the hour
+inline constexpr LongField Salary{WagePeriod.End()};              // Cents a period
+inline constexpr ByteField SalaryPeriod{Salary.End()};            // code of the pay period, 0 for no salary
 inline constexpr ByteField CommissionPeriod{SalaryPeriod.End()};  // above 0: earns commission
 inline constexpr LongField Commission{CommissionPeriod.End()};    // Millionths
 static_assert(Commission.offset == 156);

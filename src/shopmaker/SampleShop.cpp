@@ -170,10 +170,10 @@ void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& opti
 void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock) {
   ShopDirectory directory(path);
   AddFlatFiles(directory, shop, clock);
-  AddEmptyFiles(directory, {kSystemFile,     kCustomerTagFile,  kCustomerFile,  kVehicleFile,     kMakeModelFile,
-                            kEmployeeFile,   kInventoryTagFile, kInventoryFile, kDepartmentFile,  kManufacturerFile,
-                            kKitFile,        kCannedLaborFile,  kLaborKitFile,  kCannedNoteFile,  kCheckListFile,
-                            kOpenOrdersFile, kFollowupFile,     kActiveTagFile, kArchivedTagFile, kArchiveFile,
+  AddEmptyFiles(directory, {kSystemFile,     kCustomerTagFile,    kCustomerFile,  kVehicleFile,     kMakeModelFile,
+                            kEmployeeFile,   kInventoryTagFile,   kInventoryFile, kDepartmentFile,  kManufacturerFile,
+                            kKitFile,        kCannedLaborFile,    kLaborKitFile,  kCannedNoteFile,  kCheckListFile,
+                            kOpenOrdersFile, kFollowupFile,       kActiveTagFile, kArchivedTagFile, kArchiveFile,
                             kUsageFile,      kWorkorderDisclaimer});
   AddDatabases(directory, clock);
   de database;

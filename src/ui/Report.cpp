@@ -17,7 +17,7 @@ constexpr double kLargestDetail = 9.5;
 constexpr double kDetailLeading = 1.2;
 constexpr double kLabelLeading = 1.25;
 constexpr double kHeadingHeight = 14;
-constexpr double kBelowGrown = 8;         // between a header that grew and what follows
+constexpr double kBelowGrown = 8;        // between a header that grew and what follows
 constexpr std::size_t kLeastLines = 12;  // of the detail that a page must have room for below one
 constexpr double kPageFooterHeight = 18;
 
@@ -75,8 +75,8 @@ class Pages {
       headerPitch_ = PitchOf(label->size);
     }
     const auto& columns = report.design.columns;
-    hasHeadings_ = std::any_of(columns.begin(), columns.end(),
-                               [](const ReportColumn& column) { return !column.heading.empty(); });
+    hasHeadings_ =
+        std::any_of(columns.begin(), columns.end(), [](const ReportColumn& column) { return !column.heading.empty(); });
     const double least = std::max(report.design.footerHeight, static_cast<double>(kLeastLines) * layout.detailPitch);
     repeatsHeader_ = layout.height - HeaderHeight(headerLines_) >= least;
   }

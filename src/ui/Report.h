@@ -84,12 +84,12 @@ struct GrownLines {
 
 // Where everything comes to lie, the same on every desktop.
 struct ReportPage {
-  GrownLines header;           // all on every page; where that leaves too little room, on the first ones only
-  double headingTop = 0;       // of the columns
-  double headerHeight = 0;     // with them
+  GrownLines header;        // all on every page; where that leaves too little room, on the first ones only
+  double headingTop = 0;    // of the columns
+  double headerHeight = 0;  // with them
   std::size_t firstLine = 0, lineCount = 0;  // of the detail
-  bool hasFooter = false;      // the report footer's fixed part, behind the detail
-  GrownLines footer;           // behind that
+  bool hasFooter = false;                    // the report footer's fixed part, behind the detail
+  GrownLines footer;                         // behind that
 };
 struct ReportLayout {
   double width = 0, height = 0;  // printable, in the report's orientation

@@ -16,7 +16,7 @@ struct PayPeriod {
 };
 constexpr PayPeriod kPayPeriods[] = {
     {0, 1},  // paid by the hour
-    {1, 40},         {1, 80},        {24, kHoursAYear}, {12, kHoursAYear},
+    {1, 40},          {1, 80},          {24, kHoursAYear}, {12, kHoursAYear},
     {4, kHoursAYear}, {2, kHoursAYear}, {1, kHoursAYear},  {1, 8},
 };
 
@@ -43,8 +43,7 @@ Cents HourlyWage(const EmployeeRecord& record) {
 Cents GetLaborCost(modEmployees& employees, Hundredths hours, Cents rate, std::int32_t mechanic) {
   const EmployeeRecord* record = Find(employees, mechanic);
   if (record == nullptr) return 0;
-  const Millionths commission =
-      record->Get(employee::CommissionPeriod) > 0 ? record->Get(employee::Commission) : 0;
+  const Millionths commission = record->Get(employee::CommissionPeriod) > 0 ? record->Get(employee::Commission) : 0;
   // Hundredths of an hour times cents, in millionths: whole, so that a half cent is a half.
   const long double cost = static_cast<long double>(hours) *
                            (static_cast<long double>(HourlyWage(*record)) * 1e6L +

@@ -2,11 +2,14 @@
 
 namespace lantos {
 
+Workorder::Workorder() {
+  Customer.Put(customer::salesperson, "None");
+  Vehicle.Put(vehicle::VLink, kNoLink);
+}
+
 void ClearWorkorder(Workorder& workorder) {
-  static const Workorder kBlank;
-  workorder = kBlank;
-  workorder.Customer.Put(customer::salesperson, "None");
-  workorder.Vehicle.Put(vehicle::VLink, kNoLink);
+  static const Workorder kCleared;
+  workorder = kCleared;
 }
 
 }  // namespace lantos

@@ -35,7 +35,7 @@ struct WoPartLine {
 // A line of labor, of an estimate or a work order.
 struct WoLaborLine {
   static constexpr std::size_t kDescWidth = 64;
-  std::string Date;  // "mm/dd/yyyy", or empty
+  std::string Date;           // "mm/dd/yyyy", or empty
   std::int32_t Mechanic = 0;  // employee number, 0 for none
   Hundredths Hours = 0;
   Cents Rate = 0;  // an hour
@@ -117,9 +117,12 @@ using WoNote = std::array<std::string, kNoteLines>;
 inline constexpr std::size_t kTimeWidth = 6;
 inline constexpr std::size_t kPaymentCommentWidth = 32;
 
-// The one current work order of a run, shared by all who read or write one. Cleared until an estimate is converted; that
-// work order stays.
+// The one current work order of a run, shared by all who read or write one. Cleared until an estimate is converted;
+// that work order stays. Cleared means: texts empty but for the salesperson "None", no vehicle, all figures 0, every
+// list just its sentinel.
 struct Workorder {
+  Workorder();
+
   std::int32_t WorkorderNumber = 0;
   std::string Status, Type, Pricing;  // Pricing is the name of a price level
   std::string TimeIn, TimeOut, TimePromised;
@@ -136,7 +139,6 @@ struct Workorder {
   std::array<WoNote, kMaxNotes> Notes;
 };
 
-// As before the first one: texts empty but for the salesperson "None", all figures 0, every list just its sentinel.
 void ClearWorkorder(Workorder& workorder);
 
 }  // namespace lantos

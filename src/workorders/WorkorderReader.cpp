@@ -248,9 +248,9 @@ void WorkorderReader::TakeCheckListRow(const std::string& row) {
   table.ChecklistLoaded = true;
   const bool isCategory = row.front() == '[';
   std::string_view rest = row;
-  const std::string name =
-      isCategory ? row.substr(0, row.find(']') == std::string::npos ? row.size() : row.find(']') + 1)
-                 : Trim(TakeUpTo(rest, ','));
+  const std::string name = isCategory
+                               ? row.substr(0, row.find(']') == std::string::npos ? row.size() : row.find(']') + 1)
+                               : Trim(TakeUpTo(rest, ','));
   const int index = table.Find(name);
   if (index < 0) {
     desktop_.Tell("Couldn't locate " + name + " in checklist.  Item skipped.", "LoadCheckListValues");

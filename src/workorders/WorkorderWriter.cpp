@@ -47,7 +47,8 @@ class Writer {
     Section("[Check List]", [this] { CheckList(); });
     // A line end inside of a text would end the line, or the section.
     for (std::string& line : lines_) {
-      std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+      std::replace_if(
+          line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     }
     return std::move(lines_);
   }

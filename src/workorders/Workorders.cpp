@@ -58,13 +58,13 @@ void Workorders::Clear() {
   records_.checkList.ClearCheckListValues();
 }
 
-TextSurroundings Workorders::Around() {
-  return {environment_.shopOptions, records_.checkList, environment_.Today()};
-}
+TextSurroundings Workorders::Around() { return {environment_.shopOptions, records_.checkList, environment_.Today()}; }
 
 WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& around) {
   WorkorderReader reader(Current, around, desktop_, lines);
-  reader.liveCustomer = [this](std::int32_t number, CustomerRecord& record) { return ReadLiveCustomer(number, record); };
+  reader.liveCustomer = [this](std::int32_t number, CustomerRecord& record) {
+    return ReadLiveCustomer(number, record);
+  };
   return reader;
 }
 
@@ -134,8 +134,7 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
       file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail));
     } catch (const FileError&) {
       if (desktop_.Ask(std::string(kLocked) + "\rClick Retry to try again, or Cancel to exit.",
-                       "GetArchWo(" + std::string(kArchiveFile) + ")",
-                       ui::Buttons::RetryCancel) != ui::Answer::Retry) {
+                       "GetArchWo(" + std::string(kArchiveFile) + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
         return false;
       }
     }
@@ -161,9 +160,7 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
   return true;
 }
 
-FileHandle Workorders::OpenActiveWOForReading() {
-  return OpenActiveTags(environment_, Access::Read);
-}
+FileHandle Workorders::OpenActiveWOForReading() { return OpenActiveTags(environment_, Access::Read); }
 
 FileHandle Workorders::OpenArchWOForReading(std::string_view caller) {
   return OpenArchivedTags(environment_, caller.empty() ? "Workorders.OpenArchWOForReading" : caller, Access::Read);

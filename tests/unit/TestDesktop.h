@@ -13,9 +13,9 @@
 
 #include "ui/Desktop.h"
 #include "ui/Form.h"
+#include "ui/Menu.h"
 #include "ui/Report.h"
 #include "ui/WindowPlace.h"
-#include "ui/Menu.h"
 
 namespace lantos::ui {
 // For GoogleTest's messages.

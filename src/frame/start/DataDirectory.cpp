@@ -55,9 +55,9 @@ bool ResolveDataDir(Environment& environment, ui::Desktop& desktop) {
   for (;;) {
     files.SetDataDir(directory);
     if (files.FileExists(kDatabaseFile)) return true;
-    const ui::Answer answer = desktop.Ask(
-        "No scheduler files in data directory '" + directory + "'!\r\rChange directory?", "Error",
-        ui::Buttons::YesNoCancel, ui::Icon::Question);
+    const ui::Answer answer =
+        desktop.Ask("No scheduler files in data directory '" + directory + "'!\r\rChange directory?", "Error",
+                    ui::Buttons::YesNoCancel, ui::Icon::Question);
     if (answer == ui::Answer::Cancel) return false;
     if (answer == ui::Answer::No) continue;
     const std::string entered = AskForDirectory(environment, desktop);

@@ -105,7 +105,8 @@ void DriverDesktop::PreviewReport(const Report& report, ControlPlace&) {
 void DriverDesktop::PrintReport(const Report& report, bool askFirst) {
   if (!askFirst) return Print(report);
   std::optional<bool> accepted;
-  person_.AtPrinter(report, [&accepted](bool answer) { accepted = answer; }, [&accepted] { return accepted.has_value(); });
+  person_.AtPrinter(
+      report, [&accepted](bool answer) { accepted = answer; }, [&accepted] { return accepted.has_value(); });
   if (*accepted) Print(report);
 }
 

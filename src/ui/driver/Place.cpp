@@ -85,9 +85,12 @@ Json PreviewPlace::Describe() const {
     Json& texts = lines.emplace_back(Json::array());
     for (const std::string& text : row) texts.push_back(JsonText(text));
   }
-  return {{"waiting", "preview"},           {"report", ToUtf8(report_.design.name)},
-          {"title", JsonText(report_.title)}, {"labels", std::move(labels)},
-          {"columns", std::move(columns)},  {"lines", std::move(lines)},
+  return {{"waiting", "preview"},
+          {"report", ToUtf8(report_.design.name)},
+          {"title", JsonText(report_.title)},
+          {"labels", std::move(labels)},
+          {"columns", std::move(columns)},
+          {"lines", std::move(lines)},
           {"pages", pages}};
 }
 
@@ -97,9 +100,7 @@ void PreviewPlace::Perform(const Line& line) {
   throw Refusal("a preview can be printed and closed");
 }
 
-Json PrinterPlace::Describe() const {
-  return {{"waiting", "printer"}, {"report", ToUtf8(report_.design.name)}};
-}
+Json PrinterPlace::Describe() const { return {{"waiting", "printer"}, {"report", ToUtf8(report_.design.name)}}; }
 
 void PrinterPlace::Perform(const Line& line) {
   if (line.Subject() == "print") return answer_(true);

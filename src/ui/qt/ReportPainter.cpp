@@ -15,7 +15,7 @@ namespace {
 
 // Sizes of fonts are whole numbers of units. Beyond 64 of them Qt loads each glyph anew each time it is measured: the
 // unit is as small as leaves the labels below that, and the detail has one of its own, for its size is any fraction.
-constexpr double kUnits = 6;        // a point
+constexpr double kUnits = 6;         // a point
 constexpr double kDetailUnits = 60;  // the size of the detail
 constexpr double kBoxLine = 0.75;
 constexpr double kThinLine = 0.5;
@@ -66,12 +66,13 @@ int FlagOf(Align align) {
   return Qt::AlignLeft;
 }
 
-// A line in a field, in units. What is too long is cut off at the field's end, whatever side the text keeps to: an amount
-// without its first digits would be another one.
+// A line in a field, in units. What is too long is cut off at the field's end, whatever side the text keeps to: an
+// amount without its first digits would be another one.
 void PaintText(QPainter& painter, const QRectF& place, Align align, const std::string& line) {
   if (line.empty()) return;
   const QString text = ToQt(line);
-  if (align != Align::Left && QFontMetricsF(painter.font()).horizontalAdvance(text) > place.width()) align = Align::Left;
+  if (align != Align::Left && QFontMetricsF(painter.font()).horizontalAdvance(text) > place.width())
+    align = Align::Left;
   painter.save();
   // Above and below there may be strokes outside of the line's own height.
   painter.setClipRect(place.adjusted(0, -place.height(), 0, place.height()));
@@ -82,7 +83,8 @@ void PaintText(QPainter& painter, const QRectF& place, Align align, const std::s
 // Blanks up to the next eighth column.
 std::string WithoutTabs(const std::string& line) {
   std::string plain;
-  for (const char c : line) c == '\t' ? plain.append(kTabColumns - plain.size() % kTabColumns, ' ') : plain.append(1, c);
+  for (const char c : line)
+    c == '\t' ? plain.append(kTabColumns - plain.size() % kTabColumns, ' ') : plain.append(1, c);
   return plain;
 }
 

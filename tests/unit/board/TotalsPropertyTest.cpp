@@ -66,8 +66,8 @@ struct AnyHand : BoardBench {
         std::stoll(Ask("select coalesce(sum(" + what + "), 0) from Labors where EstimateNumber = 900")));
   }
   std::string SumOf(const char* table) {
-    return FormatHundredths(std::stoll(
-        Ask("select coalesce(sum(Price), 0) from " + std::string(table) + " where EstimateNumber = 900")));
+    return FormatHundredths(
+        std::stoll(Ask("select coalesce(sum(Price), 0) from " + std::string(table) + " where EstimateNumber = 900")));
   }
 
   std::mt19937 random{1903};

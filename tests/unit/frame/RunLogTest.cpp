@@ -4,8 +4,8 @@
 
 #include <fmt/format.h>
 
-#include "frame/ScratchDirectory.h"
 #include "frame/Environment.h"
+#include "frame/ScratchDirectory.h"
 
 namespace lantos {
 

@@ -8,8 +8,8 @@
 #include "admin/frmPrintOptions.h"
 #include "board/frmContinue.h"
 #include "board/frmEstStatus.h"
-#include "board/frmReschedule.h"
 #include "board/frmMain.h"
+#include "board/frmReschedule.h"
 #include "board/frmSpecialDays.h"
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
@@ -42,8 +42,8 @@
 namespace lantos::test {
 
 // One of each form of the program, made but not loaded.
-inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateDatabase& database,
-                                                        MasterScreens& masters, Contents& contents) {
+inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
+                                                        Contents& contents) {
   Workbench& bench = contents.bench;
   std::vector<std::unique_ptr<ui::Form>> forms;
   forms.push_back(std::make_unique<frmMain>(shop, database, masters, bench.inventoryList, contents.workorders,

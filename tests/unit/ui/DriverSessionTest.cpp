@@ -109,8 +109,7 @@ TEST_F(Answers, RefuseAMalformedLineAndGoOn) {
         R"j({"do":"click","control":"cmdOther","shift":true})j", R"j({"do":"click","control":"List1(3)","row":"1"})j",
         R"j({"get":"form","to":"x"})j", R"j({"get":"screenshot"})j", R"j({"do":"wait","ms":1.5})j",
         R"j({"do":"wait","ms":-1})j", R"j({"do":"now","at":"yesterday"})j", R"j({"do":"print"})j",
-        R"j({"do":"answer","button":"OK"})j", R"j({"do":"key","key":"F10+X"})j",
-        R"j({"do":"wait","ms":99999999999})j",
+        R"j({"do":"answer","button":"OK"})j", R"j({"do":"key","key":"F10+X"})j", R"j({"do":"wait","ms":99999999999})j",
         R"j({"do":"select","control":"List1(3)","row":18446744073709551615})j"}) {
     EXPECT_NE(Refused(line), "") << line;
   }

@@ -132,8 +132,8 @@ TEST_F(Forms, HidingOrDisablingTheFocusedControlMovesTheFocusOn) {
 TEST_F(Forms, KeysStepThroughARowOfLines) {
   for (int i = 0; i < 30; ++i) screen.list.AddItem(std::to_string(i));
   screen.MoveFocus(&screen.list);
-  for (const auto& [key, row] : {std::pair("Down", 0), std::pair("Down", 1), std::pair("PgDn", 11), std::pair("End", 29),
-                                 std::pair("Up", 28), std::pair("Home", 0)}) {
+  for (const auto& [key, row] : {std::pair("Down", 0), std::pair("Down", 1), std::pair("PgDn", 11),
+                                 std::pair("End", 29), std::pair("Up", 28), std::pair("Home", 0)}) {
     screen.PressKey(ParseKey(key));
     EXPECT_EQ(screen.list.ListIndex(), row) << key;
   }
@@ -258,8 +258,6 @@ TEST_F(Forms, AListIsMeasuredWithTwoBlanksAddedAndOnlyItsNewRows) {
   EXPECT_EQ(screen.list.HorizontalExtent(), 5 * 8);
 }
 
-TEST(LineEnds, CarriageReturnsBecomeLineFeeds) {
-  EXPECT_EQ(WithLineFeeds("a\rb\r\nc\nd\r\re"), "a\nb\nc\nd\n\ne");
-}
+TEST(LineEnds, CarriageReturnsBecomeLineFeeds) { EXPECT_EQ(WithLineFeeds("a\rb\r\nc\nd\r\re"), "a\nb\nc\nd\n\ne"); }
 
 }  // namespace lantos::ui

@@ -245,8 +245,7 @@ TEST(ReportText, HasALineALineAndItsColumnsApart) {
   Report report = Make(0);
   report.lines = {{"  two words ", "1.00"}, {"", "2.00"}, {"Gr\374n", ""}, {"", ""}, {"one\r\ntwo\tthree", "3.00"}};
   WriteReportText(report, directory / "report.txt");
-  EXPECT_EQ(directory.Content("report.txt"),
-            "  two words \t1.00\n\t2.00\nGr\303\274n\n\none  two three\t3.00\n");
+  EXPECT_EQ(directory.Content("report.txt"), "  two words \t1.00\n\t2.00\nGr\303\274n\n\none  two three\t3.00\n");
   EXPECT_THROW(WriteReportText(report, directory / "none" / "report.txt"), FileError);
 }
 

@@ -43,12 +43,16 @@ TEST_F(DamagedText, EveryTruncationIsRead) {
   }
 }
 
+// It comes to an end, and the sanitizers see nothing. No flip makes more lines than there are and one more.
 TEST_F(DamagedText, EveryFlippedBitIsRead) {
+  const std::size_t lines = LinesOf(whole_).size();
   for (std::size_t at = 0; at < whole_.size(); ++at) {
     for (int bit = 0; bit < 8; ++bit) {
       std::string text = whole_;
       text[at] = static_cast<char>(text[at] ^ (1 << bit));
-      ReadBack(LinesOf(text));
+      std::size_t read = 0;
+      ReadBack(LinesOf(text)).Labor.ForEach([&read](const WoLaborLine&) { ++read; });
+      ASSERT_LE(read, lines + 1) << at;
     }
   }
 }
@@ -68,8 +72,8 @@ TEST_F(DamagedText, EveryTruncationOfTheFileIsReadFromTheDisk) {
   for (std::size_t length = 0; length <= whole_.size(); length += 7) {
     Put("W0004711.tqa", whole_.substr(0, length));
     ASSERT_TRUE(workorders.GetCurrWoRec()) << length;
-    if (length < 35) continue;
-    EXPECT_EQ(workorders.Current.WorkorderNumber, 4711);
+    if (length < whole_.find("4711") + 4) continue;  // not yet its number
+    EXPECT_EQ(workorders.Current.WorkorderNumber, 4711) << length;
   }
 }
 

@@ -170,10 +170,12 @@ TEST_F(WorkorderGolden, LookingWritesNothing) {
   for (const std::string_view name : {kCustomerTagFile, kCustomerFile}) Put(name, GoldenBytes(name));
   const auto before = Everything();
   workorders.CurrentActiveTag = ActiveTags().at(0);
-  workorders.GetCurrWoRec();
+  EXPECT_TRUE(workorders.GetCurrWoRec());
+  std::size_t read = 0;
   for (const ArchivedWoTag& tag : ArchivedTags()) {
-    workorders.GetArchWo(tag.Get(wotag::WorkorderNumber), tag.Get(wotag::MasterOffset));
+    read += workorders.GetArchWo(tag.Get(wotag::WorkorderNumber), tag.Get(wotag::MasterOffset)) ? 1 : 0;
   }
+  EXPECT_GT(read, 0u);
   EXPECT_EQ(Everything(), before);
 }
 

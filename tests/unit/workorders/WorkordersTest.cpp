@@ -37,7 +37,6 @@ class GetCurrWoRecTest : public WorkordersTest {
 };
 
 TEST_F(GetCurrWoRecTest, ReadsTheWorkOrderOfTheCurrentTag) {
-  workorders.Current.WorkorderNumber = 4711;
   workorders.Current = Sample();
   workorders.WriteWorkorderFile();
   workorders.Current = Cleared();
