@@ -37,7 +37,7 @@ void Conversion::Run() {
   if (!MayEnter(bench_.shop, Section::Workorders) || !MayConvert() || !FindCustomer() || !Confirm()) return;
   ClearWorkorder(Order());
   if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
-  Order().Customer = bench_.shop.records.customers.CurrentCustomer;
+  TakeCustomer();
   try {
     if (!TakeVehicle()) return;
     TakeNumber();
@@ -89,6 +89,13 @@ bool Conversion::Confirm() {
       FormatZeros(bench_.Number(), 6) + "\rfor " + customer.Get(customer::Firstname) + " " +
       customer.Get(customer::Lastname) + ".\r\rDo you wish to continue?";
   return bench_.shop.desktop.Ask(text, kTitle, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
+}
+
+// Whole, but a salesperson who was never set stays what a cleared work order has.
+void Conversion::TakeCustomer() {
+  const std::string nobody = Order().Customer.Get(customer::salesperson);
+  Order().Customer = bench_.shop.records.customers.CurrentCustomer;
+  if (Order().Customer.View(customer::salesperson).empty()) Order().Customer.Put(customer::salesperson, nobody);
 }
 
 bool Conversion::TakeVehicle() {

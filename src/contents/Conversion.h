@@ -23,6 +23,7 @@ class Conversion {
   bool MayConvert();
   bool Confirm();
   bool FindCustomer();
+  void TakeCustomer();
   // The vehicle as the files know it, or as the estimate tells of it, into the work order. False when the operator
   // ends the conversion.
   bool TakeVehicle();

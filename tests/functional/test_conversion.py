@@ -281,7 +281,7 @@ def test_an_estimate_with_no_lines_gives_only_sentinels_and_a_total_of_0(start, 
         "[Workorder]", "WorkorderNumber=005001", "Status=OPEN", "Type=Repair", "Pricing=Retail", "",
         "[Totals]", "DateOpen=09/30/2003", "PartsTaxRate=82500", "LaborTaxRate=57500", "SubletTaxRate=60000",
         "WasteTaxRate=10000", "PaymentMethod=        ", "",
-        "[Customer]", "CustomerNumber=7", "Lastname=Adams", "Firstname=Beth", "",
+        "[Customer]", "CustomerNumber=7", "Lastname=Adams", "Firstname=Beth", "Salesperson=None", "",
         "[Parts]", "", "[Labor]", "", "[Sublets]", "", "[Waste]", "", "[Credits]", "", "[Notes]", "",
         "[Check List]", "")
     active, archived = tags_of(FIRST, CustomerName="Adams,Beth", CustomerNumber=7, DateOpen=731868,
@@ -329,6 +329,17 @@ def test_lines_without_a_name_stay_out_of_the_text_and_of_its_sums(start, shop):
     tag = active_tags(shop)[0]
     assert (tag["SubletCost"], tag["SubletSubtotal"], text["SubletCost"], text["SubletSubtotal"]) == (350, 800, 50, 100)
     assert tag["LaborSubtotal"] == text["LaborSubtotal"] == 5000
+
+
+@pytest.mark.parametrize("stored, written", [("", "None"), ("   ", "None"), ("Sue", "Sue")])
+def test_a_salesperson_that_was_never_set_is_none(start, shop, stored, written):
+    shop.add_customer(9, "Driver", "Di", salesperson=stored)
+    estimate(shop, customer=9)
+    copy = begin(start, shop)
+    convert(copy, name="Di Driver")
+    expect_converted(copy, FIRST)
+    answer_status(copy)
+    assert keys(read_workorder(shop, FIRST)["Customer"])["Salesperson"] == written
 
 
 def test_long_texts_are_cut_to_their_fields(start, shop):
@@ -613,7 +624,7 @@ def test_a_second_estimate_has_nothing_of_the_first(start, shop):
     assert "Vehicle" not in sections
     assert {name: lines for name, lines in sections.items() if lines} == {
         "Workorder": sections["Workorder"], "Totals": sections["Totals"],
-        "Customer": ["CustomerNumber=7", "Lastname=Adams", "Firstname=Beth"]}
+        "Customer": ["CustomerNumber=7", "Lastname=Adams", "Firstname=Beth", "Salesperson=None"]}
     assert totals_in_text(shop, FIRST + 1)["WorkorderTotal"] == active_tags(shop)[1]["WorkorderTotal"] == 0
 
 
