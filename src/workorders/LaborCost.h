@@ -4,11 +4,13 @@
 
 namespace lantos {
 
-// What an hour of an employee costs, from their wage or the salary of their pay period.
+// What an hour of an employee costs: a salary goes before a wage, each by its pay period. Here and below halves are
+// rounded to even, and what 32 bits can't hold stays at their end.
 Cents HourlyWage(const EmployeeRecord& employee);
 
-// What a line of labor costs the shop: wage and commission of its mechanic. 0 for nobody and for a number that isn't
-// found. Loads the employee table if need be.
+// What a line of labor costs the shop: wage and commission of its mechanic for the hours, the commission on the rate
+// (an hour). 0 for nobody and for a number that isn't found. Loads the employee table if need be; throws FileError
+// then.
 Cents GetLaborCost(modEmployees& employees, Hundredths hours, Cents rate, std::int32_t mechanic);
 
 // As the employee file has it; 0 for a number that isn't found.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "frame/Environment.h"
@@ -24,7 +26,7 @@ struct TextSurroundings {
 };
 
 // All sections in order, with their headings and empty lines. Sublets, waste and credits are summed up anew first, and
-// a split payment without a date is dated today.
+// a split payment without a date is dated today. A sum that 32 bits can't hold is std::overflow_error.
 std::vector<std::string> WorkorderLines(Workorder& workorder, const TextSurroundings& around);
 
 // Reads sections into a work order that has been cleared. Nothing in a text is an error: what is missing or blank stays
