@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "Target.h"
 #include "WorkorderReaders.h"
 
@@ -19,7 +21,11 @@ void Try(std::string_view bytes) {
       if (!workorders.GetArchWo(number, offset)) continue;
       Require(workorders.Current.WorkorderNumber == number);
       SeeWorkorder(workorders.Current);
-      WorkorderLines(workorders.Current, {shop.environment.shopOptions, records.checkList, shop.environment.Today()});
+      try {
+        WorkorderLines(workorders.Current, {shop.environment.shopOptions, records.checkList, shop.environment.Today()});
+      } catch (const std::overflow_error&) {
+        continue;  // sums that no field holds
+      }
     }
     workorders.GetArchWo(4600, offset + 1);
   }
