@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "frame/FileIO.h"
 #include "frame/Text.h"
+#include "ui/Documents.h"
 #include "ui/Form.h"
 
 namespace lantos::ui {
@@ -15,26 +15,6 @@ namespace lantos::ui {
 namespace {
 
 constexpr int kPixelsPerCharacter = 8;
-constexpr int kOpened = 33;
-constexpr int kFileNotFound = 2;
-constexpr int kPathNotFound = 3;
-
-bool IsAddress(std::string_view path) {
-  return Contains(path, "://") || path.starts_with("mailto:") || path.starts_with("www.");
-}
-
-std::string WithoutQuotes(std::string text) {
-  std::erase(text, '"');
-  return text;
-}
-
-// 0 when the file is there.
-int WhatIsMissing(const std::filesystem::path& file) {
-  std::error_code failed;
-  if (std::filesystem::exists(file, failed)) return 0;
-  const bool hasFolder = !file.has_parent_path() || std::filesystem::is_directory(file.parent_path(), failed);
-  return hasFolder ? kFileNotFound : kPathNotFound;
-}
 
 }  // namespace
 
@@ -76,10 +56,9 @@ void DriverDesktop::PopupMenu(Form&, MenuItem& menu) {
 }
 
 int DriverDesktop::OpenDocument(const std::string& path, const std::string&) {
-  const std::string plain = WithoutQuotes(path);
-  if (const int missing = IsAddress(plain) ? 0 : WhatIsMissing(PlatformPath(Trim(plain)))) return missing;
-  person_.NoteShell(plain);
-  return kOpened;
+  const int look = LookAtDocument(path);
+  if (look == kOpened) person_.NoteShell(PlainDocument(path));
+  return look;
 }
 
 void DriverDesktop::PrintScreen(Form& form) {

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "ui/Documents.h"
 #include "ui/qt/Appearance.h"
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
@@ -226,11 +227,9 @@ void QtDesktop::ShowStatus(std::string_view text) {
 
 int QtDesktop::OpenDocument(const std::string& path, const std::string& arguments) {
   if (!IsDriven()) return OpenInPlatform(path, arguments);
-  const int result = LookAtDocument(path);
-  std::string plain = path;
-  std::erase(plain, '"');
-  if (result == kOpened) person_->NoteShell(plain);
-  return result;
+  const int look = LookAtDocument(path);
+  if (look == kOpened) person_->NoteShell(PlainDocument(path));
+  return look;
 }
 
 int QtDesktop::TextWidth(const Control& control, std::string_view text) {

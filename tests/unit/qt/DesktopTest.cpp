@@ -8,6 +8,7 @@
 
 #include "frame/ScratchDirectory.h"
 #include "qt/TestForms.h"
+#include "ui/Documents.h"
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
 #include "ui/qt/Text.h"
