@@ -348,6 +348,25 @@ def expect_whole_shop(shop, torn):
     assert max(known) < shop.read_system()["last_customer_number"]
 
 
+def time_of(victim, lines):
+    """How long it takes when nobody is killed before it is through."""
+    begun = time.monotonic()
+    for line in lines:
+        assert "error" not in victim.send_text(line), victim.evidence()
+    victim.expect_form("frmMain")
+    took = time.monotonic() - begun
+    victim.kill()
+    return took
+
+
+def kill_within(victim, lines, seconds):
+    """The moment is what is tried."""
+    victim.process.stdin.write("".join(line + "\n" for line in lines))
+    victim.process.stdin.flush()
+    time.sleep(seconds)
+    victim.kill()
+
+
 def test_kills_in_the_middle_of_booking_leave_a_whole_shop(copies, shop, tmp_path):
     kills = int(os.environ.get("LANTOS_KILLS", "30"))
     (survivor,) = workstations(copies, shop, 1)
@@ -361,17 +380,10 @@ def test_kills_in_the_middle_of_booking_leave_a_whole_shop(copies, shop, tmp_pat
         victim.first_answer()
         victim.expect_form("frmMain")
         lines = [line for part in range(2) for line in booking_lines(f"K{kill}-{part}")]
-        begun = time.monotonic()
-        if kill == 0:  # nobody is killed: how long it takes
-            for line in lines:
-                assert "error" not in victim.send_text(line), victim.evidence()
-            victim.expect_form("frmMain")
-            whole_time = time.monotonic() - begun
+        if kill == 0:
+            whole_time = time_of(victim, lines)
         else:
-            victim.process.stdin.write("".join(line + "\n" for line in lines))
-            victim.process.stdin.flush()
-            time.sleep(chance.uniform(0, whole_time))  # the moment is what is tried
-        victim.kill()
+            kill_within(victim, lines, chance.uniform(0, whole_time))
         book(survivor, 7)
         expect_whole_shop(shop, torn)
         finished += sum(vehicle["VIN"] == f"K{kill}-1" for vehicle in shop.read_vehicles())
@@ -544,17 +556,10 @@ def test_kills_in_the_middle_of_converting_leave_whole_files(copies, work, tmp_p
         victim.first_answer()
         show(victim, 901)
         lines = conversion_lines() * 2
-        begun = time.monotonic()
-        if kill == 0:  # nobody is killed: how long it takes
-            for line in lines:
-                assert "error" not in victim.send_text(line), victim.evidence()
-            victim.expect_form("frmMain")
-            whole_time = time.monotonic() - begun
+        if kill == 0:
+            whole_time = time_of(victim, lines)
         else:
-            victim.process.stdin.write("".join(line + "\n" for line in lines))
-            victim.process.stdin.flush()
-            time.sleep(chance.uniform(0, whole_time))  # the moment is what is tried
-        victim.kill()
+            kill_within(victim, lines, chance.uniform(0, whole_time))
         before = work.read_system()["last_workorder_number"]
         orders.append(convert_patiently(survivor))
         assert orders[-1] == before and orders[-1] not in taken
