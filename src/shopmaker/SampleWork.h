@@ -2,7 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <utility>
+
+#include "estimatedb/de.h"
 
 // What the sample shops sell: kinds of parts, and jobs that take them.
 namespace lantos::sample {
@@ -154,6 +158,17 @@ struct ExtraEntry {
   std::int32_t cost, price;  // Cents
   bool taxable;
 };
+inline de::Extra ExtraLine(const ExtraEntry& entry, std::string invoice) {
+  de::Extra line;
+  line.VendorName = entry.vendor;
+  line.VendorInvoice = std::move(invoice);
+  line.Cost = entry.cost;
+  line.Price = entry.price;
+  line.Desc1 = entry.lines[0];
+  line.Desc2 = entry.lines[1];
+  line.Taxable = entry.taxable ? "Yes" : "No";
+  return line;
+}
 inline constexpr ExtraEntry kSublets[] = {
     {"TRI-COUNTY TOWING", {"TOW VEHICLE TO SHOP", ""}, 6500, 8500, false},
     {"MILLBROOK MACHINE", {"RESURFACE CYLINDER HEAD", "CHECK FOR CRACKS"}, 9000, 12600, true},

@@ -69,18 +69,6 @@ void AddJobs(Random& random, const SampleShop& shop, const PartShelf& shelf, Sam
 }
 static_assert(std::size(kJobs) % 7 != 0);
 
-de::Extra ExtraLine(const ExtraEntry& entry, std::string invoice) {
-  de::Extra line;
-  line.VendorName = entry.vendor;
-  line.VendorInvoice = std::move(invoice);
-  line.Cost = entry.cost;
-  line.Price = entry.price;
-  line.Desc1 = entry.lines[0];
-  line.Desc2 = entry.lines[1];
-  line.Taxable = entry.taxable ? "Yes" : "No";
-  return line;
-}
-
 void AddExtras(Random& random, SampleEstimate& estimate) {
   if (random.Chance(35)) estimate.comments = random.Pick(kEstimateComments);
   if (random.Chance(12)) {

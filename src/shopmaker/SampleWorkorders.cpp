@@ -341,8 +341,10 @@ class Maker {
       for (const JobPart& wanted : entry.parts) AddPart(random, order, wanted, workorder, visit);
       job = (job + 7) % std::size(kJobs);  // no job twice: the step is prime to their count
     }
-    if (random.Chance(8)) AddExtra(random.Pick(kSublets), visit.sublets, std::to_string(random.Between(10000, 99999)));
-    if (random.Chance(18)) AddExtra(random.Pick(kWastes), visit.wastes, "");
+    if (random.Chance(8)) {
+      visit.sublets.push_back(ExtraLine(random.Pick(kSublets), std::to_string(random.Between(10000, 99999))));
+    }
+    if (random.Chance(18)) visit.wastes.push_back(ExtraLine(random.Pick(kWastes), ""));
     if (random.Chance(18)) {
       auto& note = visit.notes.emplace_back();
       const auto& lines = random.Pick(kNotes);
@@ -371,17 +373,6 @@ class Maker {
     visit.parts.push_back({std::string(number), part.Get(inventory::Description), wanted.quantity,
                            part.Get(inventory::Pricing[Level(order)]), part.Get(inventory::Pricing[0]),
                            part.Get(inventory::Pricing[3])});
-  }
-
-  static void AddExtra(const ExtraEntry& entry, std::vector<de::Extra>& lines, std::string invoice) {
-    de::Extra& line = lines.emplace_back();
-    line.VendorName = entry.vendor;
-    line.VendorInvoice = std::move(invoice);
-    line.Cost = entry.cost;
-    line.Price = entry.price;
-    line.Desc1 = entry.lines[0];
-    line.Desc2 = entry.lines[1];
-    line.Taxable = entry.taxable ? "Yes" : "No";
   }
 
   void AddLines(const SampleWorkorder& order, const SampleEstimate& from, Workorder& workorder) const {
