@@ -5,6 +5,8 @@
 #include <stdexcept>
 
 #include "frame/Dates.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 
 namespace lantos::bench {
 

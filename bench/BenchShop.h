@@ -4,7 +4,7 @@
 #include <string>
 
 #include "bench/QuietDesktop.h"
-#include "records/Shop.h"
+#include "shop/Shop.h"
 #include "shopmaker/SampleShop.h"
 #include "ui/GlobalKeys.h"
 

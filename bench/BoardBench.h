@@ -4,6 +4,7 @@
 
 #include "bench/BenchShop.h"
 #include "board/frmMain.h"
+#include "records/modSystem.h"
 
 namespace lantos::bench {
 

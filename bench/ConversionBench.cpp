@@ -8,6 +8,9 @@
 #include "bench/BoardBench.h"
 #include "bench/PlainEngine.h"
 #include "frame/SharingClaim.h"
+#include "records/inventory/Inventory.h"
+#include "records/inventory/UsageHistory.h"
+#include "records/modSystem.h"
 #include "workorders/Workorders.h"
 
 // An estimate of 50 lines, 20 of them stock parts, becomes a work order: from the last question about it to the message

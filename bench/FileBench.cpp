@@ -9,6 +9,9 @@
 
 #include "bench/BenchShop.h"
 #include "bench/Ratios.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
+#include "records/modSystem.h"
 
 // Loading the tables that are held for a run. Each loads into memory of its own, as at the start of a run; plain is
 // reading the same bytes with the same calls into memory of its own too.

@@ -10,7 +10,8 @@
 #include "bench/BenchShop.h"
 #include "bench/CountCaseless.h"
 #include "bench/Ratios.h"
-#include "masters/frmInvList.h"
+#include "masters/inventory/frmInvList.h"
+#include "records/inventory/Inventory.h"
 
 // The inventory list with 100,000 parts: its load in the background, the timer's pauses apart, and a keystroke in its
 // search. Plain are the same blocks read, each through an open of its own and kept; and one pass over the texts of all

@@ -6,7 +6,7 @@
 #include "bench/BoardBench.h"
 #include "bench/PlainEngine.h"
 #include "bench/Ratios.h"
-#include "contents/frmLabor.h"
+#include "contents/labor/frmLabor.h"
 
 // A labor line added on a full day of 60 estimates: from the OK of the labor screen until list, totals, hours and
 // colour stand. Plain is the same statements on the engine alone, prepared once.

@@ -6,6 +6,8 @@
 
 #include "bench/BenchShop.h"
 #include "bench/Ratios.h"
+#include "records/inventory/Inventory.h"
+#include "records/modSystem.h"
 
 // The look-ups of parts by number in a list of 100,000; plain is the same in a list of 1,000. 500 numbers are known,
 // spread over the list, and 500 aren't.

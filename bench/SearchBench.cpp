@@ -5,7 +5,8 @@
 #include "bench/BenchShop.h"
 #include "bench/CountCaseless.h"
 #include "bench/Ratios.h"
-#include "masters/CustomerSearch.h"
+#include "masters/customers/CustomerSearch.h"
+#include "records/Customers.h"
 
 // The customer search by name over all tags of the largest shop; plain is one pass over the bytes of the same tags
 // that looks for the same letters in either case.

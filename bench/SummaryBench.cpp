@@ -5,7 +5,10 @@
 #include "bench/BenchShop.h"
 #include "frame/Dates.h"
 #include "printing/VehicleSummary.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
 #include "records/OpenedFile.h"
+#include "records/Vehicles.h"
 #include "workorders/Workorders.h"
 
 // The past of a vehicle out of 50,000 archived and 2,000 active tags, 20 of which are its own. Plain reads both tag

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "frame/Text.h"
-#include "frame/start/Program.h"
+#include "start/Program.h"
 #include "ui/driver/ControlJson.h"
 #include "ui/driver/DriverDesktop.h"
 #include "ui/driver/Session.h"

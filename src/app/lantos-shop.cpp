@@ -8,6 +8,7 @@
 
 #include "frame/Dates.h"
 #include "frame/Text.h"
+#include "records/MakesModels.h"
 #include "shopmaker/EmptyShop.h"
 #include "shopmaker/SampleShop.h"
 

@@ -4,7 +4,7 @@
 
 #include "frame/Clock.h"
 #include "frame/UserSettings.h"
-#include "frame/start/Program.h"
+#include "start/Program.h"
 #include "ui/qt/Platform.h"
 #include "ui/qt/QtDesktop.h"
 #include "ui/qt/Text.h"

@@ -7,7 +7,8 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "masters/EmployeeList.h"
+#include "records/modSystem.h"
+#include "screens/EmployeeList.h"
 
 namespace lantos {
 

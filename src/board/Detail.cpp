@@ -1,9 +1,11 @@
 #include "board/frmMain.h"
-#include "contents/DetailLines.h"
-#include "contents/EstimateCommands.h"
+#include "contents/RowTotals.h"
+#include "contents/notes/EstimateChecklist.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/Customers.h"
+#include "records/modSystem.h"
 
 // The detail view: one estimate in full, and its totals, which are stored nowhere.
 namespace lantos {

@@ -1,7 +1,13 @@
 #include "board/frmMain.h"
-#include "contents/Conversion.h"
-#include "contents/EstimateCommands.h"
+#include "contents/conversion/Conversion.h"
+#include "contents/extras/frmEstSublets.h"
+#include "contents/extras/frmEstWaste.h"
+#include "contents/labor/LaborAddCanned.h"
+#include "contents/labor/frmEstFollowup.h"
+#include "contents/notes/EstimateChecklist.h"
+#include "contents/notes/frmEstNotes.h"
 #include "frame/Text.h"
+#include "records/Followups.h"
 
 // The commands on what an estimate holds, and what their editors see of the board.
 namespace lantos {

@@ -2,7 +2,9 @@
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
-#include "records/KeptRecords.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
+#include "shop/KeptRecords.h"
 
 // Booking: a new estimate for a customer chosen first and a vehicle chosen after that.
 namespace lantos {

@@ -4,6 +4,8 @@
 #include "printing/ReportDesigns.h"
 #include "printing/ShowReport.h"
 #include "printing/WorksheetReport.h"
+#include "records/MakesModels.h"
+#include "records/modSystem.h"
 
 // What goes on paper from the board, and the status that follows from it.
 namespace lantos {

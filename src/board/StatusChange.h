@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "estimatedb/EstimateDatabase.h"
-#include "records/Shop.h"
+#include "shop/Shop.h"
 
 namespace lantos {
 

@@ -3,6 +3,7 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/Customers.h"
 #include "ui/GlobalKeys.h"
 
 // LoadWeek and the lines it makes.

@@ -3,7 +3,7 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "masters/EmployeeList.h"
+#include "screens/EmployeeList.h"
 
 namespace lantos {
 

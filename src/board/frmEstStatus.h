@@ -1,7 +1,7 @@
 #pragma once
 
-#include "admin/OkCancelForm.h"
 #include "board/StatusChange.h"
+#include "screens/OkCancelForm.h"
 
 namespace lantos {
 

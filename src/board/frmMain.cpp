@@ -4,6 +4,8 @@
 
 #include "frame/Dates.h"
 #include "frame/Text.h"
+#include "records/MakesModels.h"
+#include "records/modSystem.h"
 #include "ui/GlobalKeys.h"
 
 namespace lantos {

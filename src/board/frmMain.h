@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "board/Contents.h"
 #include "board/DayCapacity.h"
 #include "board/StatusChange.h"
-#include "contents/Contents.h"
 #include "estimatedb/EstimateDatabase.h"
-#include "masters/MasterScreens.h"
-#include "records/Shop.h"
+#include "masters/customers/MasterScreens.h"
+#include "records/Customers.h"
+#include "records/Followups.h"
+#include "shop/Shop.h"
 #include "ui/Form.h"
 
 namespace lantos {

@@ -1,4 +1,3 @@
-#include "admin/CheckPassword.h"
 #include "admin/frmDisclaimer.h"
 #include "admin/frmPrintOptions.h"
 #include "board/StatusChange.h"
@@ -6,6 +5,9 @@
 #include "board/frmSpecialDays.h"
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
+#include "records/Customers.h"
+#include "records/inventory/Inventory.h"
+#include "screens/CheckPassword.h"
 #include "ui/Shell.h"
 
 namespace lantos {

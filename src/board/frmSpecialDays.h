@@ -1,8 +1,8 @@
 #pragma once
 
-#include "admin/OkCancelForm.h"
 #include "estimatedb/de.h"
-#include "records/Shop.h"
+#include "screens/OkCancelForm.h"
+#include "shop/Shop.h"
 
 namespace lantos {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "admin/OkCancelForm.h"
-#include "records/Shop.h"
+#include "screens/OkCancelForm.h"
+#include "shop/Shop.h"
 
 namespace lantos {
 

@@ -5,9 +5,10 @@
 #include <algorithm>
 
 #include "contents/AmountFields.h"
-#include "contents/DetailLines.h"
+#include "contents/RowTotals.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 

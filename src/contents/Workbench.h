@@ -1,8 +1,10 @@
 #pragma once
 
 #include "estimatedb/EstimateDatabase.h"
-#include "masters/frmInvList.h"
-#include "records/Shop.h"
+#include "masters/inventory/frmInvList.h"
+#include "records/Customers.h"
+#include "records/modSystem.h"
+#include "shop/Shop.h"
 #include "workorders/Workorder.h"
 
 namespace lantos {

@@ -1,6 +1,6 @@
 #include "estimatedb/CommandTable.h"
 
-#include "estimatedb/Engine.h"
+#include "estimatedb/engine/Engine.h"
 
 namespace lantos {
 

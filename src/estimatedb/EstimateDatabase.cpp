@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "estimatedb/Schema.h"
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
 
 namespace lantos {
 

@@ -5,6 +5,7 @@
 
 #include "estimatedb/de.h"
 #include "estimatedb/modEstimates.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 

@@ -9,6 +9,7 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/Customers.h"
 #include "records/OpenedFile.h"
 #include "records/VehicleMatch.h"
 

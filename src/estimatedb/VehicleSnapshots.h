@@ -1,6 +1,7 @@
 #pragma once
 
 #include "estimatedb/EstimateDatabase.h"
+#include "records/Vehicles.h"
 
 namespace lantos {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "estimatedb/CommandTable.h"
-#include "estimatedb/Engine.h"
+#include "estimatedb/engine/Engine.h"
 #include "frame/Clock.h"
 
 namespace lantos {

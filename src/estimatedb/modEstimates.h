@@ -4,7 +4,8 @@
 #include <string>
 
 #include "estimatedb/de.h"
-#include "records/Records.h"
+#include "records/modSystem.h"
+#include "shop/Records.h"
 
 namespace lantos {
 

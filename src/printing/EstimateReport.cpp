@@ -7,6 +7,7 @@
 #include "printing/Letterhead.h"
 #include "printing/ReportDesigns.h"
 #include "records/Statements.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 

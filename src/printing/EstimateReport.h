@@ -4,7 +4,9 @@
 
 #include "estimatedb/EstimateDatabase.h"
 #include "printing/ReportLines.h"
-#include "records/Records.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "shop/Records.h"
 #include "ui/Report.h"
 
 namespace lantos {

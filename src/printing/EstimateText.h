@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "estimatedb/Recordset.h"
+#include "estimatedb/engine/Recordset.h"
 #include "printing/ReportLines.h"
 #include "records/LaborText.h"
 

@@ -4,7 +4,9 @@
 
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
+#include "records/Customers.h"
 #include "records/OpenedFile.h"
+#include "records/Vehicles.h"
 
 namespace lantos {
 

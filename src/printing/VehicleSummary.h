@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "printing/ReportLines.h"
+#include "records/Record.h"
 #include "workorders/Workorders.h"
 
 namespace lantos {

@@ -7,7 +7,12 @@
 #include "printing/Letterhead.h"
 #include "printing/ReportDesigns.h"
 #include "printing/VehicleSummary.h"
-#include "records/KeptRecords.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
+#include "records/Followups.h"
+#include "records/Vehicles.h"
+#include "records/modSystem.h"
+#include "shop/KeptRecords.h"
 
 namespace lantos {
 

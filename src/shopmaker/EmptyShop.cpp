@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "estimatedb/EstimateDatabase.h"
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
 #include "records/Passwords.h"
 
 namespace lantos {

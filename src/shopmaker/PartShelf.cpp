@@ -1,6 +1,7 @@
 #include "shopmaker/PartShelf.h"
 
 #include "frame/Text.h"
+#include "records/inventory/InventoryLayout.h"
 
 namespace lantos::sample {
 

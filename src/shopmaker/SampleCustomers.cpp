@@ -1,6 +1,8 @@
 #include <fmt/format.h>
 
 #include "frame/Dates.h"
+#include "records/Customers.h"
+#include "records/modSystem.h"
 #include "shopmaker/Random.h"
 #include "shopmaker/SampleSteps.h"
 #include "shopmaker/SampleWords.h"

@@ -1,7 +1,9 @@
 #include <fmt/format.h>
 
-#include "estimatedb/Engine.h"
+#include "estimatedb/engine/Engine.h"
 #include "frame/Dates.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
 #include "shopmaker/SampleSteps.h"
 
 namespace lantos::sample {

@@ -2,6 +2,8 @@
 
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/modSystem.h"
 #include "shopmaker/Random.h"
 #include "shopmaker/SampleMakes.h"
 #include "shopmaker/SampleSteps.h"

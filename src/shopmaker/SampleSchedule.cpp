@@ -3,6 +3,8 @@
 
 #include "estimatedb/modEstimates.h"
 #include "frame/Dates.h"
+#include "records/Vehicles.h"
+#include "records/modSystem.h"
 #include "shopmaker/Random.h"
 #include "shopmaker/SampleSteps.h"
 

@@ -11,7 +11,7 @@
 #include "frame/Numbers.h"
 #include "records/CheckList.h"
 #include "records/Passwords.h"
-#include "records/UsageHistory.h"
+#include "records/inventory/UsageHistory.h"
 #include "shopmaker/SampleSteps.h"
 
 namespace lantos {

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "frame/Dates.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 #include "shopmaker/Random.h"
 #include "shopmaker/SampleSteps.h"
 #include "shopmaker/SampleWords.h"

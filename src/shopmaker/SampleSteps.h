@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/inventory/InventoryLayout.h"
+#include "records/modSystem.h"
 #include "shopmaker/SampleShop.h"
 #include "shopmaker/SampleWork.h"
 

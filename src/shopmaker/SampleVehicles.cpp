@@ -4,6 +4,9 @@
 #include <string>
 
 #include "frame/Dates.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 #include "shopmaker/Random.h"
 #include "shopmaker/SampleMakes.h"
 #include "shopmaker/SampleSteps.h"

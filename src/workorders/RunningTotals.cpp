@@ -1,6 +1,7 @@
 #include "workorders/RunningTotals.h"
 
 #include "frame/Numbers.h"
+#include "records/Record.h"
 
 namespace lantos {
 

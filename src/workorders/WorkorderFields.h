@@ -2,6 +2,9 @@
 
 #include <string_view>
 
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 #include "workorders/Workorder.h"
 
 // The sections of a work order's text as tables of their fields, in the order in which they are written. Writer and

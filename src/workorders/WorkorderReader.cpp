@@ -2,7 +2,10 @@
 #include <limits>
 
 #include "frame/Dates.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
 #include "records/FileNumber.h"
+#include "records/Vehicles.h"
 #include "workorders/WorkorderFields.h"
 #include "workorders/WorkorderText.h"
 

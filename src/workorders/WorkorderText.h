@@ -7,6 +7,7 @@
 
 #include "frame/Environment.h"
 #include "records/CheckList.h"
+#include "records/Customers.h"
 #include "records/TextLineReader.h"
 #include "ui/Desktop.h"
 #include "workorders/Workorder.h"

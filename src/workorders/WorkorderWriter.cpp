@@ -2,6 +2,9 @@
 
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
 #include "workorders/RunningTotals.h"
 #include "workorders/WorkorderFields.h"
 #include "workorders/WorkorderText.h"

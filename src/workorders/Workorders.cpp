@@ -1,8 +1,10 @@
 #include "workorders/Workorders.h"
 
 #include "frame/Numbers.h"
-#include "records/KeptRecords.h"
+#include "records/CheckList.h"
 #include "records/OpenedFile.h"
+#include "records/Vehicles.h"
+#include "shop/KeptRecords.h"
 
 namespace lantos {
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "records/Records.h"
+#include "records/Customers.h"
+#include "shop/Records.h"
 #include "workorders/WorkorderText.h"
 
 namespace lantos {

@@ -3,6 +3,9 @@
 #include <stdexcept>
 
 #include "Readers.h"
+#include "records/inventory/Inventory.h"
+#include "records/inventory/InventoryKits.h"
+#include "records/inventory/NameList.h"
 
 // What the program does with the inventory's files, whatever their bytes are.
 namespace lantos::fuzz {

@@ -2,6 +2,8 @@
 
 #include "Readers.h"
 #include "records/CannedLabor.h"
+#include "records/Followups.h"
+#include "records/PurchaseOrders.h"
 
 // What the program does with the shop's lists, whatever their bytes are.
 namespace lantos::fuzz {

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "records/Records.h"
+#include "shop/Records.h"
 #include "ui/Desktop.h"
 
 namespace lantos::fuzz {

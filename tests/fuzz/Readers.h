@@ -5,6 +5,12 @@
 #include "QuietShop.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Passwords.h"
+#include "records/Vehicles.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 
 // Everything that the program does with each of the shared files, whatever their bytes are. The Read… procedures change
 // no file. Each takes the shop as it lies on the disk, with nothing in memory.

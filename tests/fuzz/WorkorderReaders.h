@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Readers.h"
+#include "records/Record.h"
 #include "workorders/Workorders.h"
 
 // What the program does with the files of work orders, whatever their bytes are.

@@ -2,6 +2,7 @@
 
 #include "Target.h"
 #include "WorkorderReaders.h"
+#include "records/CheckList.h"
 
 // The archive, looked into at the places where its headings stand and beside them.
 namespace lantos::fuzz {

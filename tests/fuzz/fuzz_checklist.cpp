@@ -1,5 +1,6 @@
 #include "Readers.h"
 #include "Target.h"
+#include "records/CheckList.h"
 
 namespace lantos::fuzz {
 

@@ -1,5 +1,5 @@
 #include "Target.h"
-#include "frame/start/DataDirectory.h"
+#include "start/DataDirectory.h"
 
 namespace lantos::fuzz {
 

@@ -1,4 +1,7 @@
 #include "Target.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
+#include "records/modSystem.h"
 
 namespace lantos::fuzz {
 

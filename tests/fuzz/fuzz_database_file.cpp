@@ -1,6 +1,6 @@
 #include "Target.h"
-#include "estimatedb/DatabaseFileKind.h"
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/DatabaseFileKind.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
 
 namespace lantos::fuzz {
 

@@ -1,5 +1,7 @@
 #include "InventoryReaders.h"
 #include "Target.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/modSystem.h"
 
 namespace lantos::fuzz {
 

@@ -1,5 +1,6 @@
 #include "ListReaders.h"
 #include "Target.h"
+#include "records/PurchaseOrders.h"
 
 // The tags up to the first three records, and the detail text behind them.
 namespace lantos::fuzz {

@@ -1,4 +1,6 @@
 #include "Target.h"
+#include "records/Customers.h"
+#include "records/modSystem.h"
 
 namespace lantos::fuzz {
 

@@ -2,6 +2,8 @@
 
 #include "Target.h"
 #include "WorkorderReaders.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
 
 // The first byte says which options the shop has, the rest is the text of an active work order. What was read is
 // written; that text must read and write again as many lines.

@@ -1,7 +1,8 @@
-#include "admin/CheckPassword.h"
+#include "screens/CheckPassword.h"
 
 #include "admin/TestShop.h"
-#include "admin/frmEnterPwd.h"
+#include "records/Passwords.h"
+#include "screens/frmEnterPwd.h"
 
 namespace lantos {
 namespace {

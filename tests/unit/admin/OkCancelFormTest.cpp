@@ -1,4 +1,4 @@
-#include "admin/OkCancelForm.h"
+#include "screens/OkCancelForm.h"
 
 #include "admin/TestShop.h"
 

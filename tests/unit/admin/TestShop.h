@@ -6,7 +6,7 @@
 #include "TestDesktop.h"
 #include "frame/Dates.h"
 #include "frame/ScratchDirectory.h"
-#include "records/Shop.h"
+#include "shop/Shop.h"
 
 namespace lantos::test {
 

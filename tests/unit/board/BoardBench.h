@@ -8,6 +8,7 @@
 #include "board/DayCapacityDatabase.h"
 #include "board/frmMain.h"
 #include "records/Fixture.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 

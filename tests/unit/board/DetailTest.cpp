@@ -1,6 +1,7 @@
 #include "board/BoardBench.h"
-#include "masters/frmCustSearch.h"
-#include "masters/frmVehList.h"
+#include "masters/customers/frmCustSearch.h"
+#include "masters/vehicles/frmVehList.h"
+#include "records/modSystem.h"
 
 // One estimate in full: totals, comments, another vehicle, and a new one.
 namespace lantos {

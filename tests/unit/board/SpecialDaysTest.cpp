@@ -1,5 +1,6 @@
 #include "board/DayCapacityDatabase.h"
 #include "board/frmSpecialDays.h"
+#include "records/inventory/Inventory.h"
 
 namespace lantos {
 namespace {

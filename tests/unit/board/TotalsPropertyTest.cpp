@@ -1,7 +1,7 @@
 #include <random>
 
 #include "board/BoardBench.h"
-#include "contents/frmLabor.h"
+#include "contents/labor/frmLabor.h"
 #include "frame/Numbers.h"
 
 // Whatever is added, changed and removed, in whatever order: the totals are the sums of what the database holds.

@@ -1,4 +1,5 @@
 #include "board/BoardBench.h"
+#include "records/modSystem.h"
 
 // Estimates with their money worked out by hand, from the lines to the total.
 namespace lantos {

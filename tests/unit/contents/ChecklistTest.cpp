@@ -1,8 +1,9 @@
 #include <gmock/gmock.h>
 
 #include "contents/ContentsBench.h"
-#include "contents/EstimateCommands.h"
-#include "contents/frmWOChklst.h"
+#include "contents/notes/EstimateChecklist.h"
+#include "contents/notes/frmWOChklst.h"
+#include "records/CheckList.h"
 
 namespace lantos {
 namespace {

@@ -3,8 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "board/Contents.h"
 #include "board/DayCapacityDatabase.h"
-#include "contents/Contents.h"
+#include "records/Customers.h"
 
 namespace lantos::test {
 

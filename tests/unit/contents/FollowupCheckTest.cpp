@@ -1,8 +1,9 @@
-#include "contents/FollowupCheck.h"
+#include "contents/labor/FollowupCheck.h"
 
 #include <gtest/gtest.h>
 
 #include "frame/Dates.h"
+#include "records/Vehicles.h"
 
 namespace lantos {
 namespace {

@@ -1,4 +1,4 @@
-#include "contents/NoteText.h"
+#include "contents/notes/NoteText.h"
 
 #include <gtest/gtest.h>
 

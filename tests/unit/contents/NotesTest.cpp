@@ -1,10 +1,9 @@
 #include <gmock/gmock.h>
 
 #include "contents/ContentsBench.h"
-#include "contents/EstimateCommands.h"
-#include "contents/frmCanNoteList.h"
-#include "contents/frmEstNotes.h"
-#include "contents/frmNotes.h"
+#include "contents/notes/frmCanNoteList.h"
+#include "contents/notes/frmEstNotes.h"
+#include "contents/notes/frmNotes.h"
 
 namespace lantos {
 namespace {

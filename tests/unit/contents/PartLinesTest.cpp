@@ -1,4 +1,4 @@
-#include "contents/PartLines.h"
+#include "contents/parts/PartLines.h"
 
 #include <gmock/gmock.h>
 
@@ -6,9 +6,12 @@
 #include <random>
 
 #include "contents/ContentsBench.h"
-#include "contents/DetailLines.h"
-#include "contents/frmWOKit.h"
-#include "contents/frmWOPart.h"
+#include "contents/RowTotals.h"
+#include "contents/parts/frmWOKit.h"
+#include "contents/parts/frmWOPart.h"
+#include "records/inventory/Inventory.h"
+#include "records/inventory/InventoryKits.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 namespace {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "contents/ContentsBench.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 namespace {

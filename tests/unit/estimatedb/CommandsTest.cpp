@@ -1,4 +1,5 @@
 #include "DatabaseFixture.h"
+#include "records/inventory/Inventory.h"
 
 namespace lantos::test {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "estimatedb/EstimateDatabase.h"
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
 #include "frame/Dates.h"
 #include "records/Fixture.h"
 

@@ -1,7 +1,7 @@
-#include "estimatedb/Dialect.h"
+#include "estimatedb/sqlite/Dialect.h"
 
 #include "DatabaseFixture.h"
-#include "estimatedb/SqlWords.h"
+#include "estimatedb/sqlite/SqlWords.h"
 
 namespace lantos::test {
 namespace {

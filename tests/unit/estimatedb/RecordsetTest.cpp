@@ -1,4 +1,5 @@
 #include "DatabaseFixture.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

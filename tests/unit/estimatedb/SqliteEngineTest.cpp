@@ -1,7 +1,7 @@
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
 
 #include "DatabaseFixture.h"
-#include "estimatedb/DatabaseFileKind.h"
+#include "estimatedb/sqlite/DatabaseFileKind.h"
 
 namespace lantos::test {
 namespace {

@@ -1,5 +1,6 @@
 #include "MasterShop.h"
-#include "masters/EmployeeList.h"
+#include "records/Customers.h"
+#include "screens/EmployeeList.h"
 
 namespace lantos::test {
 namespace {

@@ -1,5 +1,7 @@
 #include "MasterShop.h"
-#include "masters/frmCustSearch.h"
+#include "masters/customers/frmCustSearch.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
 
 namespace lantos::test {
 namespace {
@@ -260,7 +262,7 @@ TEST_F(CustSearch, ANewCustomerForAnEstimateIsTheChosenOneAndTakesTheTypedName) 
     As<frmCustSearch>(shown).NameKey.DoType("Doe, Ann");
     Press(shown, "Insert");
   });
-  desktop.WillUse([this](ui::Form& shown) {
+  desktop.WillUse([](ui::Form& shown) {
     auto& edit = As<frmCustEdit>(shown);
     EXPECT_EQ(edit.CustomerNumber.Text(), "001001");
     EXPECT_EQ(edit.Lastname.Text(), "Doe");

@@ -8,8 +8,10 @@
 
 #include "TestDesktop.h"
 #include "frame/ScratchDirectory.h"
-#include "masters/MasterScreens.h"
-#include "records/Shop.h"
+#include "masters/customers/MasterScreens.h"
+#include "records/Customers.h"
+#include "records/modSystem.h"
+#include "shop/Shop.h"
 #include "ui/Controls.h"
 
 namespace lantos::test {

@@ -1,4 +1,5 @@
-#include "masters/NameSearch.h"
+#include "masters/customers/NameSearch.h"
+#include "records/CustomerTag.h"
 
 #include <gtest/gtest.h>
 

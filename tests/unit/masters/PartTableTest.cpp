@@ -1,9 +1,10 @@
-#include "masters/PartTable.h"
+#include "masters/inventory/PartTable.h"
 
 #include <gtest/gtest.h>
 
 #include "admin/TestShop.h"
-#include "masters/PartOrder.h"
+#include "masters/inventory/PartOrder.h"
+#include "records/inventory/Inventory.h"
 
 namespace lantos {
 namespace {

@@ -1,6 +1,8 @@
 #include "MasterShop.h"
-#include "masters/frmMakeModel.h"
-#include "masters/frmVehEdit.h"
+#include "masters/vehicles/frmMakeModel.h"
+#include "masters/vehicles/frmVehEdit.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

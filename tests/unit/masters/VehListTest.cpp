@@ -1,5 +1,7 @@
 #include "MasterShop.h"
-#include "masters/frmVehEdit.h"
+#include "masters/vehicles/frmVehEdit.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

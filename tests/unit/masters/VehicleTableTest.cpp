@@ -1,4 +1,5 @@
-#include "masters/VehicleTable.h"
+#include "masters/vehicles/VehicleTable.h"
+#include "records/MakesModels.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,8 @@
 #include "printing/EstimateReport.h"
 
 #include "printing/PrintingBench.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
 
 namespace lantos {
 namespace {

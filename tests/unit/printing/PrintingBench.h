@@ -6,6 +6,7 @@
 
 #include "board/DayCapacityDatabase.h"
 #include "frame/Text.h"
+#include "records/Customers.h"
 #include "records/Fixture.h"
 #include "workorders/Workorders.h"
 

@@ -8,6 +8,7 @@
 #include <QTableView>
 
 #include "qt/WindowShop.h"
+#include "records/MakesModels.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/QtHand.h"
 

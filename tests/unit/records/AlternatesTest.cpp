@@ -1,5 +1,6 @@
 // Alternate part numbers, kept symmetrical.
 #include "InventoryFixture.h"
+#include "records/inventory/InventoryLayout.h"
 
 namespace lantos::test {
 namespace {

@@ -1,5 +1,7 @@
 // The core of a part, a part of its own.
 #include "InventoryFixture.h"
+#include "records/inventory/Inventory.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 namespace {

@@ -1,4 +1,5 @@
 #include "CustomersFixture.h"
+#include "records/Customers.h"
 
 namespace lantos::test {
 namespace {

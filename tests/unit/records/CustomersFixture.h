@@ -2,6 +2,7 @@
 
 #include "Fixture.h"
 #include "frame/Dates.h"
+#include "records/Customers.h"
 
 namespace lantos::test {
 

@@ -1,4 +1,6 @@
 #include "CustomersFixture.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

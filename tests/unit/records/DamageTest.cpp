@@ -2,6 +2,12 @@
 #include <vector>
 
 #include "Fixture.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Passwords.h"
+#include "records/Vehicles.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 namespace {

@@ -3,6 +3,12 @@
 #include <functional>
 
 #include "../../fuzz/Readers.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Passwords.h"
+#include "records/Vehicles.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 
 // Every cut and every flipped bit of a small file of each format: nothing crashes, looking changes no byte, and what is
 // written afterwards keeps the file a row of whole records.
@@ -11,7 +17,6 @@ namespace {
 
 using fuzz::QuietShop;
 
-constexpr FileLink kTagLength = CustomerTag::kLength;
 constexpr FileLink kCustomerLength = CustomerRecord::kLength;
 constexpr FileLink kVehicleLength = VehicleRecord::kLength;
 constexpr FileLink kMakeLength = MakeModelRecord::kLength;

@@ -1,4 +1,5 @@
 #include "Fixture.h"
+#include "records/modEmployees.h"
 
 namespace lantos::test {
 namespace {

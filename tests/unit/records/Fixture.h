@@ -11,8 +11,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "GoldenDirectory.h"
 #include "TestDesktop.h"
-#include "records/Records.h"
+#include "shop/Records.h"
 
 namespace lantos::test {
 
@@ -82,14 +83,12 @@ class ShopTest : public testing::Test {
   }
   std::string BytesOf(std::string_view name) const { return ReadAll(PathOf(name)); }
   void PutGolden() const {
-    for (const auto& entry : std::filesystem::directory_iterator(LANTOS_GOLDEN_DIR)) {
+    for (const auto& entry : std::filesystem::directory_iterator(test::GoldenDirectory())) {
       if (entry.path().extension() == ".DAT")
         std::filesystem::copy(entry.path(), PathOf(entry.path().filename().string()));
     }
   }
-  static std::string GoldenBytes(std::string_view name) {
-    return ReadAll(std::filesystem::path(LANTOS_GOLDEN_DIR) / name);
-  }
+  static std::string GoldenBytes(std::string_view name) { return ReadAll(test::GoldenDirectory() / name); }
   // Every file of the directory.
   std::map<std::string, std::string> Everything() const {
     std::map<std::string, std::string> all;

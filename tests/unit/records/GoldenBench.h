@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "Fixture.h"
+#include "GoldenDirectory.h"
+#include "records/Record.h"
 
 // The program's layouts and routines against files that were made without it (tests/golden/make.py).
 namespace lantos::test {
@@ -52,7 +54,7 @@ class FieldList {
 // The lines of layouts.txt that tell of the fields' file.
 inline void ExpectGoldenLayout(const std::vector<Field>& fields) {
   const std::string file(fields.front().file);
-  std::ifstream in(std::string(LANTOS_GOLDEN_DIR) + "/layouts.txt");
+  std::ifstream in(test::GoldenDirectory() / "layouts.txt");
   std::vector<std::string> expected;
   for (std::string line; std::getline(in, line);) {
     if (line.starts_with(file + " ")) expected.push_back(line);

@@ -1,4 +1,10 @@
 #include "GoldenBench.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Passwords.h"
+#include "records/Vehicles.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 namespace {

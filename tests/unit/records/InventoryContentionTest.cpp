@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "InventoryFixture.h"
+#include "records/inventory/Inventory.h"
 
 namespace lantos::test {
 namespace {

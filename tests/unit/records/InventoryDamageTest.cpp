@@ -4,6 +4,9 @@
 #include <functional>
 
 #include "../../fuzz/InventoryReaders.h"
+#include "records/inventory/InventoryKits.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 namespace {

@@ -1,5 +1,7 @@
 // Tag and master of a part, read and written.
 #include "InventoryFixture.h"
+#include "records/inventory/Inventory.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 namespace {

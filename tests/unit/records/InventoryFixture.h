@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "Fixture.h"
+#include "records/inventory/Inventory.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 

@@ -1,5 +1,8 @@
 // The inventory's golden files.
 #include "GoldenBench.h"
+#include "records/inventory/Inventory.h"
+#include "records/inventory/InventoryKits.h"
+#include "records/inventory/NameList.h"
 
 namespace lantos::test {
 namespace {

@@ -1,5 +1,6 @@
 // Kits and their components.
 #include "Fixture.h"
+#include "records/inventory/InventoryKits.h"
 
 namespace lantos::test {
 namespace {

@@ -2,6 +2,7 @@
 #include <random>
 
 #include "InventoryFixture.h"
+#include "records/inventory/Inventory.h"
 
 namespace lantos::test {
 namespace {

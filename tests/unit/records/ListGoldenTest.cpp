@@ -1,6 +1,10 @@
 // The golden files of the shop's lists: followups, purchase orders, canned labor and notes, the checklist.
 #include "GoldenBench.h"
+#include "GoldenDirectory.h"
 #include "records/CannedLabor.h"
+#include "records/CheckList.h"
+#include "records/Followups.h"
+#include "records/PurchaseOrders.h"
 
 namespace lantos::test {
 namespace {
@@ -30,7 +34,7 @@ std::vector<Field> LaborKitFields() {
 class ListGolden : public ShopTest {
  protected:
   ListGolden() {
-    for (const auto& entry : std::filesystem::directory_iterator(LANTOS_GOLDEN_DIR)) {
+    for (const auto& entry : std::filesystem::directory_iterator(test::GoldenDirectory())) {
       const std::string name = entry.path().filename().string();
       if (name != "make.py" && name != "layouts.txt") std::filesystem::copy(entry.path(), PathOf(name));
     }

@@ -1,4 +1,5 @@
 #include "Fixture.h"
+#include "records/MakesModels.h"
 
 namespace lantos::test {
 namespace {

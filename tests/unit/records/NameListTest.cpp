@@ -1,5 +1,7 @@
 // Departments and manufacturers.
 #include "Fixture.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/inventory/NameList.h"
 
 namespace lantos::test {
 namespace {

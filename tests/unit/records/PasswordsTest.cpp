@@ -1,4 +1,6 @@
 #include "Fixture.h"
+#include "records/Passwords.h"
+#include "records/inventory/Inventory.h"
 
 namespace lantos::test {
 namespace {

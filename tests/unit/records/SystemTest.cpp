@@ -1,5 +1,6 @@
 #include "Fixture.h"
 #include "records/Contention.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 namespace {

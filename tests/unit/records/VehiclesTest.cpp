@@ -1,5 +1,7 @@
 #include "Fixture.h"
 #include "records/Contention.h"
+#include "records/Vehicles.h"
+#include "records/modSystem.h"
 
 namespace lantos::test {
 namespace {

@@ -5,7 +5,9 @@
 #include <signal.h>
 #include <sys/resource.h>
 
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
+#include "records/MakesModels.h"
+#include "records/modSystem.h"
 #include "shopmaker/TemporaryDirectory.h"
 
 namespace lantos {

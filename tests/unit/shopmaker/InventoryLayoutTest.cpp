@@ -1,4 +1,4 @@
-#include "records/InventoryLayout.h"
+#include "records/inventory/InventoryLayout.h"
 
 #include <gtest/gtest.h>
 

@@ -6,6 +6,10 @@
 #include "estimatedb/modEstimates.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/modSystem.h"
 #include "shopmaker/SampleShop.h"
 
 namespace lantos {

@@ -4,6 +4,12 @@
 #include <set>
 
 #include "frame/Dates.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 #include "shopmaker/SampleShop.h"
 
 namespace lantos {

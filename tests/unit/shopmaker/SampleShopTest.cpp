@@ -5,8 +5,15 @@
 
 #include <set>
 
-#include "estimatedb/SqliteEngine.h"
+#include "estimatedb/sqlite/SqliteEngine.h"
 #include "frame/Dates.h"
+#include "records/CannedLabor.h"
+#include "records/CustomerTag.h"
+#include "records/MakesModels.h"
+#include "records/PurchaseOrders.h"
+#include "records/Vehicles.h"
+#include "records/inventory/InventoryKits.h"
+#include "records/inventory/InventoryLayout.h"
 #include "shopmaker/TemporaryDirectory.h"
 
 namespace lantos {

@@ -2,7 +2,15 @@
 #include <set>
 
 #include "frame/Dates.h"
+#include "records/Customers.h"
 #include "records/Fixture.h"
+#include "records/Followups.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
+#include "records/inventory/InventoryLayout.h"
+#include "records/inventory/UsageHistory.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 #include "shopmaker/SampleShop.h"
 #include "shopmaker/SampleWork.h"
 #include "workorders/RunningTotals.h"

@@ -1,4 +1,4 @@
-#include "frame/start/DataDirectory.h"
+#include "start/DataDirectory.h"
 
 #include "start/InstalledShop.h"
 

@@ -1,6 +1,6 @@
 #include "admin/TestShop.h"
-#include "frame/start/frmEnterDir.h"
-#include "frame/start/frmSplash.h"
+#include "start/frmEnterDir.h"
+#include "start/frmSplash.h"
 
 namespace lantos {
 namespace {

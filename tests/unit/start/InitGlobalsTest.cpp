@@ -1,7 +1,9 @@
-#include "frame/start/InitGlobals.h"
+#include "start/InitGlobals.h"
 
 #include <fmt/format.h>
 
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
 #include "start/InstalledShop.h"
 
 namespace lantos {

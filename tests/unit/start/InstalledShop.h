@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "board/DayCapacityDatabase.h"
-#include "frame/start/Program.h"
+#include "start/Program.h"
 
 namespace lantos::test {
 

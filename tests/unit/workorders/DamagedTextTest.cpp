@@ -1,5 +1,6 @@
 // A work order's text cut or changed anywhere is still read, and what was read of it can be written.
 #include "WorkorderBench.h"
+#include "records/Customers.h"
 
 namespace lantos::test {
 namespace {

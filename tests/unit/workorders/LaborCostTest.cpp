@@ -1,6 +1,7 @@
 #include "workorders/LaborCost.h"
 
 #include "records/Fixture.h"
+#include "records/modEmployees.h"
 
 namespace lantos::test {
 namespace {

@@ -5,7 +5,10 @@
 #include <vector>
 
 #include "frame/Dates.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
 #include "records/Fixture.h"
+#include "records/Vehicles.h"
 #include "workorders/Workorders.h"
 
 namespace lantos::test {

@@ -1,6 +1,8 @@
 // The files of work orders against files that were made without the program (tests/golden/make.py).
 #include "WorkorderBench.h"
+#include "records/Customers.h"
 #include "records/GoldenBench.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

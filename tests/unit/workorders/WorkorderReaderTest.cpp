@@ -1,5 +1,9 @@
 // Texts as this program and others write them, read into a work order.
 #include "WorkorderBench.h"
+#include "records/CheckList.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

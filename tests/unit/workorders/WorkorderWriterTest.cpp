@@ -1,5 +1,8 @@
 // Each section of a work order's text against lines written by hand.
 #include "WorkorderBench.h"
+#include "records/Customers.h"
+#include "records/MakesModels.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

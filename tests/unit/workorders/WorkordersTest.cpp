@@ -1,5 +1,7 @@
 // The files of work orders: reading, the prompts when one isn't to be had, and the three that a new one makes.
 #include "WorkorderBench.h"
+#include "records/Customers.h"
+#include "records/Vehicles.h"
 
 namespace lantos::test {
 namespace {

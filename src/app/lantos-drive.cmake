@@ -1,6 +1,0 @@
-add_executable(lantos-drive lantos-drive.cpp)
-target_link_libraries(lantos-drive PRIVATE lantos_start lantos_driver CLI11::CLI11)
-if(LANTOS_QT)
-  target_compile_definitions(lantos-drive PRIVATE LANTOS_WITH_QT)
-  target_link_libraries(lantos-drive PRIVATE lantos_qt)
-endif()

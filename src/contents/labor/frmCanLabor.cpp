@@ -1,0 +1,78 @@
+#include "contents/labor/frmCanLabor.h"
+
+#include "contents/AmountFields.h"
+#include "records/LaborText.h"
+#include "records/inventory/InventoryKits.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ui::Twips kWidth = 8700;
+constexpr ui::Twips kHeight = 5700;
+constexpr const char* kNoKit = " None";
+
+}  // namespace
+
+frmCanLabor::frmCanLabor(Workbench& bench, Mode mode, const CannedLabor& entry)
+    : SizedForm(bench.shop.desktop, bench.shop.keys, bench.shop.environment.settings, "frmCanLabor",
+                mode == Mode::Add ? "Add Canned Labor Item" : "Edit Canned Labor Item"),
+      Entry(entry),
+      bench_(bench) {
+  SetDesignedSize(kWidth, kHeight);
+  cmdSave.SetCaption(mode == Mode::Add ? "Add" : "Save");
+  txtCode.SetMaxLength(kLaborCodeWidth);
+  txtCode.SetUpperCase(true);
+  txtDesc.SetMultiLine(true);
+  txtDesc.SetFace(ui::FontFace::FixedPitch);
+  WireAmounts();
+  UseButtons(cmdSave, cmdCancel);
+  cmdSave.SetToolTip("Save <F10>");
+  cmdCancel.SetToolTip("Cancel <Esc>");
+}
+
+void frmCanLabor::WireAmounts() {
+  for (ui::TextBox* box : {&Hours, &ShopRate}) {
+    box->OnLostFocus = [this, box] {
+      box->SetText(FormatFixed(Val(box->Text()), 2));
+      TotalLabor.SetText(FormatFixed(Val(Hours.Text()) * Val(ShopRate.Text()), 2));
+    };
+  }
+  TotalLabor.OnLostFocus = [this] { FormatAmount(TotalLabor); };
+  EnterMovesThrough({&txtCode, &Hours, &ShopRate, &TotalLabor, &txtDesc});
+}
+
+void frmCanLabor::OnLoad() {
+  SizedForm::OnLoad();
+  txtCode.SetText(Entry.Code());
+  Hours.SetText(FormatHundredths(Entry.Hours));
+  ShopRate.SetText(FormatHundredths(Entry.Rate));
+  TotalLabor.SetText(FormatHundredths(Entry.Total));
+  LaborText lines = Entry.Desc;
+  lines[0] = Entry.FirstLine();
+  txtDesc.SetText(TextOfLabor(lines));
+  FillKits();
+}
+
+void frmCanLabor::FillKits() {
+  Combo1.AddItem(kNoKit);
+  for (std::string& number : bench_.shop.records.kits.KitNumbers()) Combo1.AddItem(std::move(number));
+  const std::string kit = Entry.Code().empty() ? std::string() : bench_.shop.records.laborKits.KitOf(Entry.Code());
+  const int row = Combo1.FindText(kit);
+  Combo1.SetListIndex(row < 0 ? 0 : row);
+}
+
+void frmCanLabor::Accept() {
+  const LaborText lines = FlowDescription(txtDesc.Text()).lines;
+  const std::string code = Trim(txtCode.Text());
+  bench_.shop.records.laborKits.Save(code, Trim(Combo1.Text()));
+  Entry.Hours = CentsIn(Hours);
+  Entry.Rate = CentsIn(ShopRate);
+  Entry.Total = CentsIn(TotalLabor);
+  Entry.Desc = lines;
+  Entry.Desc[0] = LeftJustify(code, kLaborCodeWidth) + lines[0];
+  saved_ = true;
+  Hide();
+}
+
+}  // namespace lantos

@@ -1,0 +1,234 @@
+#include "contents/labor/frmCanLaborList.h"
+
+#include "contents/labor/frmCanLabor.h"
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "printing/ListReport.h"
+#include "printing/ShowReport.h"
+#include "records/LaborText.h"
+#include "records/modSystem.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ui::Twips kWidth = 9600;
+constexpr ui::Twips kHeight = 6300;
+
+// All lines in one row, without the code.
+std::string Description(const CannedLabor& entry) {
+  std::string text = Trim(entry.FirstLine());
+  for (std::size_t i = 1; i < entry.Desc.size(); ++i) {
+    if (!entry.Desc[i].empty()) text += (text.empty() ? "" : " ") + entry.Desc[i];
+  }
+  return text;
+}
+
+void Press(ui::Button& button) {
+  if (button.IsUsable()) button.OnClick();
+}
+
+}  // namespace
+
+frmCanLaborList::frmCanLaborList(Workbench& bench)
+    : SizedForm(bench.shop.desktop, bench.shop.keys, bench.shop.environment.settings, "frmCanLaborList",
+                "Canned Labor List"),
+      bench_(bench) {
+  SetDesignedSize(kWidth, kHeight);
+  DataGrid1.SetColumns({{"ArrayIndex", "ArrayIndex", true, true},
+                        {"Code", "Code"},
+                        {"Description", "Description"},
+                        {"Hours", "Hours", true},
+                        {"Rate", "Rate", true},
+                        {"Total", "Total", true}});
+  UpdList.SetCheckBoxes(true);
+  UpdList.SetFace(ui::FontFace::FixedPitch);
+  UpdList.SetVisible(false);
+  txtCode.OnChange = txtDesc.OnChange = [this] { FillGrid(); };
+  DataGrid1.OnDoubleClick = [this] { Press(cmdSelect); };
+  UseButtons(cmdSelect, cmdClose);
+  cmdAdd.OnClick = [this] { Add(); };
+  cmdEdit.OnClick = [this] { Edit(); };
+  cmdDelete.OnClick = [this] { Delete(); };
+  cmdUpdateRate.OnClick = [this] { UpdateRate(); };
+  cmdPrint.OnClick = [this] { Print(); };
+  cmdSelect.SetToolTip("Add to workorder <F10>");
+  cmdAdd.SetToolTip("Add canned labor item <Insert>");
+  cmdEdit.SetToolTip("Edit canned labor item <F4>");
+  cmdDelete.SetToolTip("Delete canned labor item <Delete>");
+  cmdUpdateRate.SetToolTip("Set the rate of several items to the shop rate");
+  cmdPrint.SetToolTip("Print canned labor items");
+  cmdClose.SetToolTip("Close <Esc>");
+}
+
+void frmCanLaborList::OnLoad() {
+  SizedForm::OnLoad();
+  entries_ = LoadCannedLabor(bench_.shop.environment);
+  FillGrid();
+}
+
+void frmCanLaborList::OnKeyDown(ui::KeyPress& key) {
+  if (key.Is("F10")) {
+    key.Clear();
+    return Press(cmdSelect);
+  }
+  const bool inText = txtCode.HasFocus() || txtDesc.HasFocus();
+  ui::Button* button = key.Is("Insert")              ? &cmdAdd
+                       : key.Is("F4")                ? &cmdEdit
+                       : key.Is("Delete") && !inText ? &cmdDelete
+                                                     : nullptr;
+  if (button == nullptr) return SizedForm::OnKeyDown(key);
+  key.Clear();
+  Press(*button);
+}
+
+bool frmCanLaborList::IsListed(const CannedLabor& entry) const {
+  if (entry.IsDeleted()) return false;
+  const std::string code = entry.Code();
+  const std::string description = Description(entry);
+  if (txtCode.Text().empty() && txtDesc.Text().empty()) return !code.empty() || !description.empty();
+  return ContainsIgnoringCase(code, txtCode.Text()) && ContainsIgnoringCase(description, txtDesc.Text());
+}
+
+void frmCanLaborList::FillGrid() {
+  std::vector<ui::GridRow> rows;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const CannedLabor& entry = entries_[i];
+    if (!IsListed(entry)) continue;
+    rows.push_back({{std::to_string(i), entry.Code(), Description(entry), FormatHundredths(entry.Hours),
+                     FormatHundredths(entry.Rate), FormatHundredths(entry.Total)},
+                    static_cast<std::int32_t>(i)});
+  }
+  DataGrid1.SetRows(std::move(rows));
+}
+
+void frmCanLaborList::FillRateList() {
+  UpdList.Clear();
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const CannedLabor& entry = entries_[i];
+    if (entry.IsDeleted()) continue;
+    UpdList.AddItem(LeftJustify(entry.Code(), kLaborCodeWidth) + " " + RightJustify(FormatHundredths(entry.Rate), 8) +
+                        "  " + Description(entry),
+                    static_cast<std::int32_t>(i));
+  }
+}
+
+int frmCanLaborList::SelectedEntry() {
+  const int row = DataGrid1.Row();
+  if (row >= 0) return DataGrid1.RowAt(row).data;
+  bench_.shop.desktop.Tell("Must select entry in grid.", Caption());
+  return -1;
+}
+
+void frmCanLaborList::Add() {
+  frmCanLabor editor(bench_, frmCanLabor::Mode::Add, {});
+  editor.ShowModal();
+  if (!editor.Saved()) return;
+  entries_.push_back(editor.Entry);
+  changed_ = true;
+  FillGrid();
+  if (updating_) FillRateList();
+}
+
+void frmCanLaborList::Edit() {
+  const int index = SelectedEntry();
+  if (index < 0) return;
+  CannedLabor& entry = entries_[static_cast<std::size_t>(index)];
+  frmCanLabor editor(bench_, frmCanLabor::Mode::Edit, entry);
+  editor.ShowModal();
+  if (!editor.Saved()) return;
+  entry = editor.Entry;
+  changed_ = true;
+  FillGrid();
+}
+
+void frmCanLaborList::Delete() {
+  const int index = SelectedEntry();
+  if (index < 0) return;
+  CannedLabor& entry = entries_[static_cast<std::size_t>(index)];
+  if (bench_.shop.desktop.Ask("Delete " + entry.Desc[0] + "?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) {
+    return;
+  }
+  entry.Desc[0] = kDeletedEntry;
+  changed_ = true;
+  FillGrid();
+}
+
+// All entries, whatever the grid is filtered by.
+void frmCanLaborList::Print() {
+  Environment& environment = bench_.shop.environment;
+  if (bench_.shop.desktop.Ask("Print Canned Labor List?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  ReportLines lines(true);
+  for (const CannedLabor& entry : entries_) {
+    if (entry.IsDeleted()) continue;
+    lines.Add(LeftJustify(entry.Code(), kLaborCodeWidth) + " " + entry.FirstLine(), FormatHundredths(entry.Hours),
+              FormatHundredths(entry.Rate), FormatHundredths(entry.Total));
+    for (std::size_t i = 1; i < entry.Desc.size(); ++i) {
+      if (!entry.Desc[i].empty()) lines.Add(std::string(kLaborCodeWidth + 1, ' ') + entry.Desc[i]);
+    }
+  }
+  constexpr AmountHeadings kHeadings{"Hours", "Rate", "Price"};
+  environment.printOptions = LoadPrintOptions(environment.Profile());
+  ShowReport(bench_.shop.desktop, environment,
+             ListReport("Canned Labor List", environment.Today(), bench_.System(), lines, &kHeadings), false);
+}
+
+void frmCanLaborList::UpdateRate() {
+  if (updating_) {
+    UpdateTicked();
+    FillGrid();
+  } else {
+    FillRateList();
+  }
+  ShowRateList(!updating_);
+}
+
+void frmCanLaborList::UpdateTicked() {
+  const Cents rate = bench_.System().Get(sysrec::shop_rate);
+  for (const ui::ListRow& row : UpdList.Rows()) {
+    if (!row.checked) continue;
+    CannedLabor& entry = entries_[static_cast<std::size_t>(row.data)];
+    entry.Rate = rate;
+    entry.Total = static_cast<Cents>(DivideHalfEven(static_cast<std::int64_t>(entry.Hours) * rate, 100));
+    changed_ = true;
+  }
+}
+
+void frmCanLaborList::ShowRateList(bool shown) {
+  updating_ = shown;
+  DataGrid1.SetVisible(!shown);
+  UpdList.SetVisible(shown);
+  for (ui::Button* button : {&cmdDelete, &cmdEdit, &cmdSelect, &cmdPrint}) button->SetEnabled(!shown);
+  cmdUpdateRate.SetCaption(shown ? "Update Now" : "Update Rate");
+}
+
+void frmCanLaborList::Accept() {
+  const int index = SelectedEntry();
+  if (index < 0) return;
+  const CannedLabor& entry = entries_[static_cast<std::size_t>(index)];
+  CurrentLabor = {};
+  CurrentLabor.Date = FormatDate(bench_.shop.environment.Today());
+  CurrentLabor.Hours = entry.Hours;
+  CurrentLabor.Rate = entry.Rate;
+  CurrentLabor.Total = entry.Total;
+  CurrentLabor.Desc = entry.Desc;
+  CurrentLabor.Desc[0] = entry.FirstLine();
+  PickedCode = entry.Code();
+  SaveIfChanged();
+  picked_ = true;
+  Hide();
+}
+
+void frmCanLaborList::Cancel() {
+  SaveIfChanged();
+  Hide();
+}
+
+void frmCanLaborList::SaveIfChanged() {
+  if (!changed_) return;
+  SaveCannedLabor(bench_.shop.environment, entries_);
+  changed_ = false;
+}
+
+}  // namespace lantos

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <vector>
+
+#include "contents/Workbench.h"
+#include "records/CannedLabor.h"
+#include "screens/OkCancelForm.h"
+
+namespace lantos {
+
+// The shop's standard jobs, to pick one from and to keep. The list is written as a whole when it was changed.
+class frmCanLaborList : public SizedForm {
+ public:
+  explicit frmCanLaborList(Workbench& bench);
+
+  ui::Label lblCode{*this, "lblCode", "C&ode"};
+  ui::TextBox txtCode{*this, "txtCode"};
+  ui::Label lblDesc{*this, "lblDesc", "Descript&ion"};
+  ui::TextBox txtDesc{*this, "txtDesc"};
+  ui::Grid DataGrid1{*this, "DataGrid1"};
+  ui::ListBox UpdList{*this, "UpdList"};
+  ui::Button cmdSelect{*this, "cmdSelect", "&Select"};
+  ui::Button cmdAdd{*this, "cmdAdd", "&Add"};
+  ui::Button cmdEdit{*this, "cmdEdit", "&Edit"};
+  ui::Button cmdDelete{*this, "cmdDelete", "&Delete"};
+  ui::Button cmdUpdateRate{*this, "cmdUpdateRate", "Update Rate"};
+  ui::Button cmdPrint{*this, "cmdPrint", "&Print"};
+  ui::Button cmdClose{*this, "cmdClose", "&Close"};
+
+  bool Picked() const { return picked_; }
+  WoLaborLine CurrentLabor;  // of the one picked
+  std::string PickedCode;
+
+ private:
+  void OnLoad() override;
+  void OnKeyDown(ui::KeyPress& key) override;
+  void Accept() override;
+  void Cancel() override;
+
+  void Add();
+  void Edit();
+  void Delete();
+  void Print();
+  void UpdateRate();
+  void UpdateTicked();
+  void ShowRateList(bool shown);
+  void FillGrid();
+  void FillRateList();
+  bool IsListed(const CannedLabor& entry) const;
+  int SelectedEntry();  // -1 when there is none, which has been told
+  void SaveIfChanged();
+
+  Workbench& bench_;
+  std::vector<CannedLabor> entries_;
+  bool changed_ = false;
+  bool picked_ = false;
+  bool updating_ = false;  // the rates are being chosen
+};
+
+}  // namespace lantos

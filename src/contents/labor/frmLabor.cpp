@@ -1,0 +1,261 @@
+#include "contents/labor/frmLabor.h"
+
+#include "contents/AmountFields.h"
+#include "contents/SpellCheck.h"
+#include "contents/labor/RepairCodes.h"
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "records/Followups.h"
+#include "records/LaborText.h"
+#include "records/modEmployees.h"
+#include "screens/EmployeeList.h"
+#include "workorders/LaborCost.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ui::Twips kWidth = 9600;
+constexpr ui::Twips kHeight = 7200;
+constexpr std::string_view kAllowNoneSetting = "frmLaborEmpNone";
+
+std::string FixedText(const ui::TextBox& box) { return FormatFixed(Val(box.Text()), 2); }
+std::int32_t InHundredths(const ui::TextBox& box) { return WholeOrOverflow(Val(box.Text()) * 100); }
+std::string NumberOrNothing(std::int32_t number) { return number == 0 ? std::string() : std::to_string(number); }
+
+// Enter goes on to the next field.
+void EnterMovesOn(ui::TextBox& from, ui::TextBox& to) {
+  from.OnKeyDown = [&to](ui::KeyPress& key) {
+    if (!key.Is("Enter")) return;
+    key.Clear();
+    to.Owner().MoveFocus(&to);
+  };
+}
+
+}  // namespace
+
+frmLabor::frmLabor(Workbench& bench, WoLaborLine& line)
+    : OkCancelForm(bench.shop.desktop, bench.shop.keys, "frmLabor", "Estimate Labor"),
+      bench_(bench),
+      shop_(bench.shop),
+      line_(line) {
+  SetSize(kWidth, kHeight);
+  UseButtons(OKButton, CancelButton);
+  frameFollowup.Holds(lblMiles, Miles, lblDays, Days, lblFollowupDate, FollowupDate);
+  txtDesc.SetMultiLine(true);
+  txtDesc.SetFace(ui::FontFace::FixedPitch);
+  txtDesc.OnChange = [this] { MarkChanged(); };
+  cmdTechHours.SetVisible(false);  // of the program that has the hours of the technicians at hand
+  WireEmployees();
+  WireAmounts();
+  WireFollowup();
+  lovRepairCode.OnClick = [this] { RepairCodePicked(); };
+  cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
+  OKButton.SetToolTip("OK <F10>");
+  CancelButton.SetToolTip("Cancel <Esc>");
+  cmdSpellCheck.SetToolTip("Check the spelling of the description");
+}
+
+void frmLabor::WireEmployees() {
+  EmpList.OnClick = [this] { MarkChanged(); };
+  Check1.OnClick = [this] { ActiveOnlyClicked(); };
+  Check2.OnClick = [this] { AllowNoneClicked(); };
+}
+
+void frmLabor::WireAmounts() {
+  for (ui::TextBox* box : {&Hours, &ShopRate}) {
+    box->SetUpperCase(true);
+    box->OnLostFocus = [box] { box->SetText(FixedText(*box)); };
+    box->OnChange = [this] {
+      MarkChanged();
+      if (!showing_) TotalLabor.SetText(FormatFixed(Val(Hours.Text()) * Val(ShopRate.Text()), 2));
+    };
+  }
+  TotalLabor.SetUpperCase(true);
+  TotalLabor.OnChange = [this] { MarkChanged(); };
+  EnterMovesOn(Hours, ShopRate);
+  EnterMovesOn(ShopRate, TotalLabor);
+  EnterMovesOn(TotalLabor, txtDesc);
+}
+
+void frmLabor::WireFollowup() {
+  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) {
+    box->OnChange = [this] { MarkChanged(); };
+    box->OnLostFocus = [this, box] { CheckOf(*box); };
+  }
+}
+
+void frmLabor::OnLoad() {
+  showing_ = true;
+  Check2.SetValue(line_.Mechanic == 0 || shop_.environment.settings.GetBoolean(kAllowNoneSetting, false));
+  hasEmployees_ = FillEmployees();
+  LoadRepairCodes();
+  showing_ = false;
+  ShowLine();
+  DisableUsedFollowup();
+}
+
+void frmLabor::ShowLine() {
+  showing_ = true;
+  SelectMechanic(line_.Mechanic);
+  Hours.SetText(FormatHundredths(line_.Hours));
+  ShopRate.SetText(FormatHundredths(line_.Rate));
+  TotalLabor.SetText(FormatHundredths(line_.Total));
+  txtDesc.SetText(TextOfLabor(line_.Desc));
+  followupAtLoad_ = {NumberOrNothing(line_.FollowupMiles), NumberOrNothing(line_.FollowupDays),
+                     line_.FollowupDate == 0 ? std::string() : FormatDate(FromFileDate(line_.FollowupDate))};
+  ShowFollowup(followupAtLoad_);
+  showing_ = false;
+  changed_ = false;
+}
+
+bool frmLabor::FillEmployees() { return FillEmployeeList(shop_, EmpList, {Check1.Value(), Check2.Value()}); }
+
+void frmLabor::SelectMechanic(std::int32_t mechanic) {
+  for (int row = 0; row < EmpList.ListCount(); ++row) {
+    if (EmployeeNumberOf(EmpList.List(row)) == mechanic) return EmpList.SetListIndex(row);
+  }
+}
+
+std::int32_t frmLabor::SelectedMechanic() const { return EmployeeNumberOf(EmpList.Text()); }
+
+bool frmLabor::DiscardsChanges(ui::Buttons buttons) {
+  const ui::Answer answer = shop_.desktop.Ask("Discard changes?", Caption(), buttons);
+  return buttons == ui::Buttons::YesNoCancel ? answer != ui::Answer::No : answer == ui::Answer::Yes;
+}
+
+void frmLabor::ActiveOnlyClicked() {
+  if (showing_ || switching_) return;
+  if (changed_ && !DiscardsChanges(ui::Buttons::YesNo)) {
+    switching_ = true;
+    Check1.SetValue(!Check1.Value());
+    switching_ = false;
+    return;
+  }
+  showing_ = true;
+  const bool filled = FillEmployees();
+  showing_ = false;
+  if (filled) ShowLine();
+}
+
+// The list keeps its place on the same person.
+void frmLabor::AllowNoneClicked() {
+  if (showing_) return;
+  showing_ = true;
+  const int row = EmpList.ListIndex();
+  if (Check2.Value()) {
+    EmpList.InsertItem(0, std::string(kNoEmployee));
+    EmpList.SetListIndex(row + 1);
+  } else {
+    EmpList.RemoveItem(0);
+    EmpList.SetListIndex(row - 1 < 0 ? -1 : row - 1);
+  }
+  showing_ = false;
+}
+
+void frmLabor::OnUnload(bool& /*refuse*/) {
+  shop_.environment.settings.Save(kAllowNoneSetting, Check2.Value() ? "True" : "False");
+}
+
+void frmLabor::LoadRepairCodes() {
+  const bool used = shop_.environment.shopOptions.RepairCodeOption && shop_.environment.hasKorvelDatabase;
+  lblRepairCode.SetVisible(used);
+  lovRepairCode.SetVisible(used);
+  if (used) FillRepairCodes(bench_.database.korvelData, lovRepairCode);
+}
+
+void frmLabor::RepairCodePicked() {
+  if (!showing_) EditNewRepairCode(shop_, bench_.database.korvelData, lovRepairCode);
+  MarkChanged();
+}
+
+// The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
+DaySerial frmLabor::FollowupBase() const {
+  if (!shop_.environment.shopOptions.LaborDateOption)
+    return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
+  return ParseDate(line_.Date).value_or(shop_.environment.Today());
+}
+
+FollowupFields frmLabor::ReadFollowup() const { return {Miles.Text(), Days.Text(), FollowupDate.Text()}; }
+
+void frmLabor::ShowFollowup(const FollowupFields& fields) {
+  Miles.SetText(fields.miles);
+  Days.SetText(fields.days);
+  FollowupDate.SetText(fields.date);
+}
+
+bool frmLabor::CheckOf(const ui::TextBox& field) {
+  FollowupFields fields = ReadFollowup();
+  const DaySerial today = shop_.environment.Today();
+  const bool good = &field == &Miles  ? CheckMiles(fields, today, YearlyMiles(bench_.workorder.Vehicle))
+                    : &field == &Days ? CheckDays(fields, FollowupBase())
+                                      : CheckFollowupDate(fields, FollowupBase(), today);
+  if (good) ShowFollowup(fields);
+  return good;
+}
+
+bool frmLabor::CheckFollowup() {
+  const FollowupFields now = ReadFollowup();
+  const bool untouched =
+      now.miles == followupAtLoad_.miles && now.days == followupAtLoad_.days && now.date == followupAtLoad_.date;
+  return untouched || (CheckOf(Miles) && CheckOf(Days) && CheckOf(FollowupDate));
+}
+
+// A line whose followup has been handed out can't change it any more.
+void frmLabor::DisableUsedFollowup() {
+  const Estimate& estimate = bench_.database.estimates.CurrentEstimate;
+  const bool used =
+      shop_.records.followups.Exists(estimate.CustomerNumber, estimate.VehVIN, estimate.VehLic,
+                                     bench_.workorder.WorkorderNumber, line_.FollowupDate, line_.FollowupMiles);
+  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->SetEnabled(!used);
+}
+
+// False when there is none. A word that is longer than a line ends the whole event.
+bool frmLabor::TakeDescription() {
+  const FlowedLabor flowed = FlowDescription(txtDesc.Text());
+  if (!flowed.remainder.empty()) {
+    shop_.desktop.Tell(
+        "Labor description exceeded maximum allowed.\rThe following text was truncated:\r" + flowed.remainder,
+        "Labor description trunctated.");
+  }
+  description_ = flowed.lines;
+  if (!TrimView(description_[0]).empty()) return true;
+  shop_.desktop.Tell("The labor description is required.", Caption());
+  txtDesc.SetFocus();
+  return false;
+}
+
+void frmLabor::StoreLine() {
+  line_.Date = shop_.environment.shopOptions.LaborDateOption ? FormatDate(shop_.environment.Today()) : std::string();
+  line_.Mechanic = SelectedMechanic();
+  line_.Hours = InHundredths(Hours);
+  line_.Rate = InHundredths(ShopRate);
+  line_.Commission = GetMechanicCommission(shop_.records.employees, line_.Mechanic);
+  line_.Total = InHundredths(TotalLabor);
+  for (std::size_t i = 0; i < line_.Desc.size(); ++i) line_.Desc[i] = ToUpper(description_[i]);
+  line_.FollowupMiles = RoundHalfEven(Val(Miles.Text()));
+  line_.FollowupDays = RoundHalfEven(Val(Days.Text()));
+  const bool isDue = Val(Miles.Text()) > 0 || Val(Days.Text()) > 0;
+  const auto date = ParseDate(FollowupDate.Text(), FromSerial(shop_.environment.Today()).year);
+  line_.FollowupDate = isDue && date ? ToFileDate(*date) : 0;
+  line_.RepairCode = lovRepairCode.ListCount() > 1 ? Left(lovRepairCode.Text(), kRepairCodeWidth) : std::string();
+}
+
+void frmLabor::Accept() {
+  if (!TakeDescription()) return;
+  if (!CheckFollowup()) {
+    shop_.desktop.Tell("Followup information is invalid.", Caption());
+    return;
+  }
+  StoreLine();
+  ok = true;
+  Hide();
+}
+
+void frmLabor::Cancel() {
+  if (changed_ && !DiscardsChanges(ui::Buttons::YesNoCancel)) return;
+  Hide();
+}
+
+}  // namespace lantos

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "contents/Workbench.h"
+#include "contents/labor/FollowupCheck.h"
+#include "records/Followups.h"
+#include "screens/OkCancelForm.h"
+
+namespace lantos {
+
+// One line of labor: who, how long, at what rate, for how much, and its text. Works on the line it is given, which is
+// changed only when the screen is left with OK.
+class frmLabor : public OkCancelForm {
+ public:
+  frmLabor(Workbench& bench, WoLaborLine& line);
+  ~frmLabor() override { Unload(); }
+
+  ui::Label lblEmployee{*this, "lblEmployee", "&Technician"};
+  ui::ComboBox EmpList{*this, "EmpList"};
+  ui::CheckBox Check1{*this, "Check1", "Active Emp. Only"};
+  ui::CheckBox Check2{*this, "Check2", "Allow N&one"};
+  ui::Button cmdTechHours{*this, "cmdTechHours", "Tech Hrs"};
+  ui::Label lblHours{*this, "lblHours", "&Hours"};
+  ui::TextBox Hours{*this, "Hours"};
+  ui::Label lblShopRate{*this, "lblShopRate", "&Rate"};
+  ui::TextBox ShopRate{*this, "ShopRate"};
+  ui::Label lblTotalLabor{*this, "lblTotalLabor", "Tota&l"};
+  ui::TextBox TotalLabor{*this, "TotalLabor"};
+  ui::Label lblDesc{*this, "lblDesc", "&Description"};
+  ui::TextBox txtDesc{*this, "txtDesc"};
+  ui::Label lblMax{*this, "lblMax", "Max 8 lines of 64 characters each -- extra characters will be truncated."};
+  ui::Frame frameFollowup{*this, "frameFollowup", "Followup"};
+  ui::Label lblMiles{*this, "lblMiles", "&Miles"};
+  ui::TextBox Miles{*this, "Miles"};
+  ui::Label lblDays{*this, "lblDays", "Da&ys"};
+  ui::TextBox Days{*this, "Days"};
+  ui::Label lblFollowupDate{*this, "lblFollowupDate", "Dat&e"};
+  ui::TextBox FollowupDate{*this, "FollowupDate"};
+  ui::Label lblRepairCode{*this, "lblRepairCode", "Repair &Code"};
+  ui::ComboBox lovRepairCode{*this, "lovRepairCode"};
+  ui::Button cmdSpellCheck{*this, "cmdSpellCheck", "&Spell Check"};
+  ui::Button OKButton{*this, "OKButton", "OK"};
+  ui::Button CancelButton{*this, "CancelButton", "Cancel"};
+
+  // False when no list of employees could be built: the screen isn't shown then.
+  bool HasEmployees() const { return hasEmployees_; }
+  bool ok = false;
+
+ private:
+  void OnLoad() override;
+  void OnActivate() override { Hours.SetFocus(); }
+  void OnUnload(bool& refuse) override;
+  void Accept() override;
+  void Cancel() override;
+
+  void WireAmounts();
+  void WireEmployees();
+  void WireFollowup();
+  void ShowLine();
+  bool FillEmployees();
+  void SelectMechanic(std::int32_t mechanic);
+  std::int32_t SelectedMechanic() const;
+  void ActiveOnlyClicked();
+  void AllowNoneClicked();
+  void LoadRepairCodes();
+  void RepairCodePicked();
+
+  FollowupFields ReadFollowup() const;
+  void ShowFollowup(const FollowupFields& fields);
+  bool CheckFollowup();
+  bool CheckOf(const ui::TextBox& field);
+  DaySerial FollowupBase() const;
+  void DisableUsedFollowup();
+
+  bool TakeDescription();
+  void StoreLine();
+  void MarkChanged() { changed_ = changed_ || !showing_; }
+  bool DiscardsChanges(ui::Buttons buttons);
+
+  Workbench& bench_;
+  Shop& shop_;
+  WoLaborLine& line_;
+  std::array<std::string, 8> description_;  // as it will be stored
+  FollowupFields followupAtLoad_;
+  bool hasEmployees_ = false;
+  bool showing_ = false;  // the fields are being filled
+  bool changed_ = false;
+  bool switching_ = false;  // a box is being put back
+};
+
+}  // namespace lantos

@@ -1,0 +1,26 @@
+#include "contents/parts/PartRows.h"
+
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+PartLine ReadPartLine(const Recordset& row) {
+  PartLine part;
+  part.partNumber = Trim(row.Text("PartNumber"));
+  part.description = row.Text("PartDesc");
+  part.quantity = row.Long("Quantity");
+  part.price = row.Long("PartPrice");
+  part.total = row.Long("PartTotal");
+  part.cost = row.Long("PartCost");
+  part.list = row.Long("PartList");
+  return part;
+}
+
+std::string PartRow(const PartLine& part) {
+  return LeftJustify(part.partNumber, 21) + " " + LeftJustify(part.description, kPartDescriptionColumn) + " " +
+         RightJustify(std::to_string(part.quantity), 5) + " " + RightJustify(FormatHundredths(part.price), 7) + " " +
+         RightJustify(FormatHundredths(part.total), 7);
+}
+
+}  // namespace lantos

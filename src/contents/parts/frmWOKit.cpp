@@ -1,0 +1,120 @@
+#include "contents/parts/frmWOKit.h"
+
+#include "contents/AmountFields.h"
+#include "records/inventory/Inventory.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ui::Twips kWidth = 8400;
+constexpr ui::Twips kHeight = 6300;
+constexpr std::string_view kForEstimate = "Estimate";
+constexpr std::size_t kQuantityWidth = 5;
+constexpr std::size_t kNumberWidth = 21;
+
+}  // namespace
+
+frmWOKit::frmWOKit(Workbench& bench, const std::string& caption)
+    : SizedForm(bench.shop.desktop, bench.shop.keys, bench.shop.environment.settings, "frmWOKit", caption),
+      shop_(bench.shop),
+      inventory_(bench.shop.records.inventory) {
+  SetDesignedSize(kWidth, kHeight);
+  List1.SetFace(ui::FontFace::FixedPitch);
+  lblHeading.SetFace(ui::FontFace::FixedPitch);
+  for (ui::TextBox* box : {&PartNumber, &Description}) {
+    box->SetLocked(true);
+    box->SetTabStop(false);
+  }
+  CostLabel.SetVisible(false);
+  CostPrice.SetVisible(false);
+  QuantityUsed.OnLostFocus = [this] { AtLeastOne(QuantityUsed); };
+  for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) box->OnLostFocus = [box] { FormatAmount(*box); };
+  EnterMovesThrough({&QuantityUsed, &SalePrice, &ListPrice, &DisposalFee, &cmdSave});
+  UseButtons(cmdSave, cmdCancel);
+  cmdReset.OnClick = [this] {
+    ShowKit();
+    QuantityUsed.SetFocus();
+  };
+  cmdReset.SetCausesValidation(false);
+  cmdSave.SetToolTip("Add to workorder <F10>");
+  cmdReset.SetToolTip("Reset <F2>");
+  cmdCancel.SetToolTip("Cancel <Esc>");
+}
+
+void frmWOKit::OnLoad() {
+  SizedForm::OnLoad();
+  ShowKit();
+  FillList();
+}
+
+void frmWOKit::ShowKit() {
+  const InventoryRecord& kit = inventory_.CurrentInv;
+  const KitPrices prices = ParseKitPrices(kit.View(inventory::Location));
+  PartNumber.SetText(kit.Get(inventory::StockNumber));
+  Description.SetText(kit.Get(inventory::Description));
+  QuantityUsed.SetText("1");
+  CostPrice.SetText(FormatHundredths(kit.Get(inventory::Pricing[0])));
+  SalePrice.SetText(FormatHundredths(prices.sale));
+  ListPrice.SetText(FormatHundredths(prices.list));
+  DisposalFee.SetText(FormatHundredths(kit.Get(inventory::DisposalFee)));
+}
+
+void frmWOKit::FillList() {
+  InventoryKitRecord kit;
+  shop_.records.kits.FindKit(inventory_.CurrentInv.View(inventory::StockNumber), kit);
+  for (const KitComponent& component : ComponentsOf(kit)) {
+    rows_.push_back({component.partNumber, component.quantity, inventory_.PartDescription(component.partNumber)});
+    const KitRow& row = rows_.back();
+    List1.AddItem(RightJustify(std::to_string(row.quantity), kQuantityWidth) + "   " +
+                  LeftJustify(row.partNumber, kNumberWidth) + row.description);
+  }
+}
+
+PartLine frmWOKit::Line() const {
+  PartLine line;
+  line.partNumber = Trim(PartNumber.Text());
+  line.description = Trim(Description.Text());
+  line.quantity = WholeOrOverflow(Val(QuantityUsed.Text()));
+  line.price = CentsIn(SalePrice);
+  line.cost = CentsIn(CostPrice);
+  line.list = CentsIn(ListPrice);
+  return line;
+}
+
+void frmWOKit::OnKeyDown(ui::KeyPress& key) {
+  SizedForm::OnKeyDown(key);
+  if (!key.Is("F2")) return;
+  key.Clear();
+  cmdReset.OnClick();
+}
+
+// An estimate takes nothing from stock, and is never asked.
+bool frmWOKit::StockSuffices() {
+  if (Right(Caption(), kForEstimate.size()) == kForEstimate) return true;
+  for (const KitRow& row : rows_) {
+    const std::int32_t needed = Product(row.quantity, Line().quantity);
+    const std::int32_t onHand = inventory_.PartInStock(row.partNumber);
+    if (needed <= onHand) continue;
+    const std::string text = "Quantity " + std::to_string(needed) + " for " + row.partNumber + " exceeds stock of " +
+                             std::to_string(onHand) + "\rDo you wish to continue?";
+    if (shop_.desktop.Ask(text, Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return false;
+  }
+  return true;
+}
+
+void frmWOKit::Accept() {
+  const bool complete = HasRequired(*this, {{&PartNumber, "Part number is required."},
+                                            {&Description, "Description is required."},
+                                            {&QuantityUsed, "Quantity Used is required."},
+                                            {&CostPrice, "Cost is required."},
+                                            {&SalePrice, "Sale Price is required."},
+                                            {&ListPrice, "List Price is required."}});
+  if (!complete) return;
+  AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
+  if (!StockSuffices()) return;
+  saved_ = true;
+  Hide();
+}
+
+}  // namespace lantos

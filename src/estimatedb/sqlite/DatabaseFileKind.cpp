@@ -1,0 +1,49 @@
+#include "estimatedb/sqlite/DatabaseFileKind.h"
+
+#include <fmt/core.h>
+
+namespace lantos {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view kSqliteMark = "SQLite format 3\0"sv;
+constexpr std::string_view kJetMarks[] = {"\0\1\0\0Standard Jet DB\0"sv, "\0\1\0\0Standard ACE DB\0"sv};
+
+constexpr std::string_view kWaysOut =
+    "Restore the file from a backup, or make a new shop in an empty directory with \"lantos-shop new\".";
+
+}  // namespace
+
+DatabaseFileKind KindOfDatabaseFile(std::string_view firstBytes) {
+  if (firstBytes.empty()) return DatabaseFileKind::Empty;
+  if (firstBytes.starts_with(kSqliteMark)) return DatabaseFileKind::Sqlite;
+  for (const std::string_view mark : kJetMarks) {
+    if (firstBytes.starts_with(mark)) return DatabaseFileKind::Jet;
+  }
+  return DatabaseFileKind::Unknown;
+}
+
+std::string RefusalOf(DatabaseFileKind kind, const std::filesystem::path& path) {
+  const std::string file = path.string();
+  switch (kind) {
+    case DatabaseFileKind::Jet:
+      return fmt::format(
+          "\"{}\" is a Jet database, made by the earlier program. This program keeps its tables in another form and "
+          "can't work in it. The file has been left as it is.\n\nExport its tables with the earlier program's tools "
+          "and bring them into a new shop, made in an empty directory with \"lantos-shop new\"; or, when the shop has "
+          "been moved over already, restore the database from a backup.",
+          file);
+    case DatabaseFileKind::Empty:
+      return fmt::format("\"{}\" is empty: it holds no database. The file has been left as it is.\n\n{}", file,
+                         kWaysOut);
+    default:
+      return fmt::format(
+          "\"{}\" isn't a database of this program: it is damaged, or something else under that name. The file has "
+          "been left as it is.\n\n{}",
+          file, kWaysOut);
+  }
+}
+
+}  // namespace lantos

@@ -1,0 +1,211 @@
+#include "estimatedb/sqlite/SqliteEngine.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Transaction.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <array>
+
+#include "estimatedb/sqlite/DatabaseFileKind.h"
+#include "estimatedb/sqlite/Dialect.h"
+#include "estimatedb/sqlite/SqlWords.h"
+#include "frame/Dates.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+// More different statements than the program has; texts made up on the way push nothing out that matters.
+constexpr std::size_t kStatementsKept = 128;
+
+std::string ForPeople(const Value& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return QuotedText(*text);
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return fmt::format("{}", *whole);
+  if (const auto* number = std::get_if<double>(&value)) return fmt::format("{}", *number);
+  if (const auto* date = std::get_if<DateValue>(&value)) return FormatDate(date->day);
+  return "null";
+}
+
+std::string ForPeople(std::string_view statement, const std::vector<Value>& parameters) {
+  std::string text = fmt::format("Statement: {}", statement);
+  std::string_view joint = "\nValues: ";
+  for (const Value& value : parameters) {
+    text += joint;
+    text += ForPeople(value);
+    joint = ", ";
+  }
+  return text;
+}
+
+// SQLite's own number of a row tells equal ones apart.
+std::string FirstRowWhere(std::string_view table, std::string_view column) {
+  return fmt::format("rowid = (SELECT rowid FROM {} WHERE {} = ? ORDER BY rowid LIMIT 1)", table, column);
+}
+
+}  // namespace
+
+SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock, Mode mode,
+                           std::chrono::milliseconds busyTimeout)
+    : path_(std::filesystem::absolute(path)), clockVfs_(clock), busyTimeout_(busyTimeout) {
+  const std::string opening = fmt::format("opening \"{}\"", path_.string());
+  if (mode == Mode::New && std::filesystem::exists(path_)) {
+    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", path_.string()));
+  }
+  try {
+    // One thread alone uses a connection, so it needs no mutex of its own.
+    const int flags = SQLite::OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_NOMUTEX |
+                      (mode == Mode::New ? SQLite::OPEN_CREATE : 0);
+    database_ = std::make_unique<SQLite::Database>(path_.string(), flags, static_cast<int>(busyTimeout_.count()),
+                                                   clockVfs_.Name());
+    if (mode == Mode::Existing) RefuseForeignFile();
+    Configure();
+  } catch (const SQLite::Exception&) {
+    Rethrow(opening, {});
+  }
+}
+
+SqliteEngine::~SqliteEngine() = default;
+
+// The look goes through the engine's own descriptor: closing another one would drop the locks that this process holds
+// on the file. The engine itself hasn't read more than that yet, and has written nothing.
+void SqliteEngine::RefuseForeignFile() {
+  sqlite3_file* file = nullptr;
+  sqlite3_file_control(database_->getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  if (file == nullptr || file->pMethods == nullptr) throw SQLite::Exception("The file isn't open.");
+  std::error_code noSize;  // then the length is the greatest there is, and the read tells what is wrong
+  std::array<char, kDatabaseMarkLength> bytes{};
+  const auto length =
+      static_cast<std::size_t>(std::min<std::uintmax_t>(std::filesystem::file_size(path_, noSize), bytes.size()));
+  const int result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(length), 0);
+  if (result != SQLITE_OK) throw SQLite::Exception("The file can't be read.", result);
+  const DatabaseFileKind kind = KindOfDatabaseFile({bytes.data(), length});
+  if (kind != DatabaseFileKind::Sqlite) throw DatabaseError(RefusalOf(kind, path_));
+}
+
+void SqliteEngine::Configure() {
+  Execute("PRAGMA mmap_size = 0");
+  Execute("PRAGMA synchronous = FULL");
+  SqliteStatement journal(database_->getHandle(), "PRAGMA journal_mode = DELETE");
+  if (const Recordset mode = journal.Run({}); mode.Eof() || mode.Text("journal_mode") != "delete") {
+    throw SQLite::Exception("The database doesn't give up its write-ahead log.");
+  }
+}
+
+Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>& parameters) {
+  try {
+    const auto known = statements_.find(statement);
+    if (known != statements_.end()) return known->second.Run(parameters);
+    if (const auto change = AsColumnChange(statement)) {
+      ChangeColumnType(*change);
+      return {};
+    }
+    return Prepared(statement).Run(parameters);
+  } catch (const SQLite::Exception&) {
+    Rethrow(statement, parameters);
+  }
+}
+
+SqliteStatement& SqliteEngine::Prepared(std::string_view statement) {
+  if (statements_.size() >= kStatementsKept) statements_.clear();
+  ++statementsPrepared_;
+  SqliteStatement prepared(database_->getHandle(), ToUtf8(ToSqlite(statement)));
+  return statements_.emplace(statement, std::move(prepared)).first->second;
+}
+
+void SqliteEngine::Insert(std::string_view table, const std::vector<std::string>& columns,
+                          const std::vector<Value>& values) {
+  std::string places;
+  for (std::size_t i = 0; i < columns.size(); ++i) places += i == 0 ? "?" : ", ?";
+  Run(fmt::format("INSERT INTO {} ({}) VALUES ({})", table, fmt::join(columns, ", "), places), values);
+}
+
+void SqliteEngine::UpdateFirst(std::string_view table, const std::vector<std::string>& columns,
+                               const std::vector<Value>& values, const RowKey& key) {
+  std::vector<Value> all = values;
+  all.push_back(key.value);
+  Run(fmt::format("UPDATE {} SET {} = ? WHERE {}", table, fmt::join(columns, " = ?, "),
+                  FirstRowWhere(table, key.column)),
+      all);
+}
+
+void SqliteEngine::DeleteFirst(std::string_view table, const RowKey& key) {
+  Run(fmt::format("DELETE FROM {} WHERE {}", table, FirstRowWhere(table, key.column)), {key.value});
+}
+
+void SqliteEngine::Together(const std::function<void()>& work) {
+  try {
+    InTransaction(Purpose::Write, work);
+  } catch (const SQLite::Exception&) {
+    Rethrow("several changes together", {});
+  }
+}
+
+void SqliteEngine::ReadTogether(const std::function<void()>& work) {
+  try {
+    InTransaction(Purpose::Read, work);
+  } catch (const SQLite::Exception&) {
+    Rethrow("several statements together", {});
+  }
+}
+
+// Within a transaction the work is part of that one.
+void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& work) {
+  if (sqlite3_get_autocommit(database_->getHandle()) == 0) return work();
+  using Behavior = SQLite::TransactionBehavior;
+  SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
+  work();
+  transaction.commit();
+}
+
+void SqliteEngine::Execute(const std::string& sqlite) { SqliteStatement(database_->getHandle(), sqlite).Run({}); }
+
+// SQLite can't change a column: the table is made anew beside the old one, takes its rows over, and then its name.
+void SqliteEngine::ChangeColumnType(const ColumnChange& change) {
+  const std::string table = QuotedName(change.table);
+  const std::string temporary = QuotedName(change.table + "_changed");
+  InTransaction(Purpose::Write, [&] {
+    SqliteStatement parts(database_->getHandle(),
+                          "SELECT type, sql FROM sqlite_master WHERE lower(tbl_name) = lower(?) AND sql IS NOT NULL");
+    std::optional<std::string> made;
+    std::vector<std::string> others;  // indexes and triggers
+    for (Recordset part = parts.Run({change.table}); !part.Eof(); part.MoveNext()) {
+      const std::string text = part.Text("sql");
+      if (part.Text("type") == "table") {
+        made = WithColumnType(text, change.table + "_changed", change.column, change.type);
+      } else {
+        others.push_back(ToUtf8(text));
+      }
+    }
+    if (!made) throw SQLite::Exception(fmt::format("no such column: {}.{}", change.table, change.column));
+    Execute(ToUtf8(*made));
+    Execute(fmt::format("INSERT INTO {} SELECT * FROM {}", temporary, table));
+    Execute("DROP TABLE " + table);
+    Execute("PRAGMA legacy_alter_table = ON");  // views may speak of the table while it bears the other name
+    Execute(fmt::format("ALTER TABLE {} RENAME TO {}", temporary, table));
+    Execute("PRAGMA legacy_alter_table = OFF");
+    for (const std::string& other : others) Execute(other);
+  });
+}
+
+// Called while an SQLite::Exception is on its way.
+void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>& parameters) {
+  const std::string details = ForPeople(statement, parameters);
+  try {
+    throw;
+  } catch (const SQLite::Exception& error) {
+    const int code = error.getErrorCode() & 0xFF;
+    if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
+      throw DatabaseError(
+          fmt::format("Another copy of the program has the database \"{}\" locked; it didn't become "
+                      "free within {:g} seconds. What was to be done in it was not done.\n\n{}",
+                      path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details));
+    }
+    const std::string description = FromUtf8(error.what());
+    throw DatabaseError(fmt::format("{}\n\n{}", description, details), code, description);
+  }
+}
+
+}  // namespace lantos

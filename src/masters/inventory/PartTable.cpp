@@ -1,0 +1,124 @@
+#include "masters/inventory/PartTable.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "frame/Text.h"
+#include "masters/inventory/PartOrder.h"
+
+namespace lantos {
+
+namespace {
+
+struct Keyed {
+  std::array<unsigned char, 39> key;
+  Inventory::PartIndex part;
+  bool operator<(const Keyed& other) const {
+    const int order = std::memcmp(key.data(), other.key.data(), key.size());
+    return order != 0 ? order < 0 : part < other.part;
+  }
+};
+
+}  // namespace
+
+void PartTable::Clear() {
+  rows_.clear();
+  matches_.clear();
+  ordered_ = 0;
+  filtered_ = true;
+}
+
+void PartTable::Add(Inventory::PartIndex part) {
+  rows_.push_back(part);
+  filtered_ = false;
+}
+
+void PartTable::Refresh() {
+  ordered_ = 0;
+  filtered_ = false;
+}
+
+void PartTable::SetFilter(const PartFilter& filter) {
+  filter_ = filter;
+  partNeedle_ = CaselessNeedle(filter.part);
+  descriptionNeedle_ = CaselessNeedle(filter.description);
+  filtered_ = false;
+}
+
+void PartTable::SetSort(PartSort sort) {
+  sort_ = sort;
+  Refresh();
+}
+
+PartTable::Key PartTable::KeyOf(Inventory::PartIndex part) const {
+  const InventoryTag& tag = inventory_.Tag(part);
+  const bool byDescription = sort_ == PartSort::ByDescription || sort_ == PartSort::ByDescriptionDown;
+  const bool down = sort_ == PartSort::ByPartDown || sort_ == PartSort::ByDescriptionDown;
+  const std::string text = byDescription              ? tag.Get(inventorytag::Description)
+                           : sort_ == PartSort::ByKey ? ComputeSortKey(tag.View(inventorytag::StockNumber))
+                                                      : tag.Get(inventorytag::StockNumber);
+  Key key{};
+  for (std::size_t i = 0; i < std::min(text.size(), key.size()); ++i) {
+    key[i] = static_cast<unsigned char>(ToUpper(text[i]));
+  }
+  if (down) {
+    for (unsigned char& c : key) c = static_cast<unsigned char>(~c);
+  }
+  return key;
+}
+
+// Rows that came since are put in order by themselves and merged.
+void PartTable::PutInOrder() const {
+  if (ordered_ == rows_.size()) return;
+  std::vector<Keyed> keyed;
+  keyed.reserve(rows_.size());
+  for (const Inventory::PartIndex part : rows_) keyed.push_back({KeyOf(part), part});
+  const auto middle = keyed.begin() + static_cast<std::ptrdiff_t>(ordered_);
+  std::sort(middle, keyed.end());
+  std::inplace_merge(keyed.begin(), middle, keyed.end());
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = keyed[i].part;
+  ordered_ = rows_.size();
+}
+
+bool PartTable::Matches(Inventory::PartIndex part) const {
+  const InventoryTag& tag = inventory_.Tag(part);
+  if (filter_.stocked && *filter_.stocked != (tag.Get(inventorytag::IsStocked) == 1)) return false;
+  if (!partNeedle_.IsEmpty() && !partNeedle_.OccursIn(tag.View(inventorytag::StockNumber))) return false;
+  return descriptionNeedle_.IsEmpty() || descriptionNeedle_.OccursIn(tag.View(inventorytag::Description));
+}
+
+void PartTable::FilterRows() const {
+  PutInOrder();
+  if (filtered_) return;
+  matches_.clear();
+  if (!filter_.IsEmpty()) {
+    // The tags are looked at as they lie in memory, the rows are then taken in their order.
+    std::vector<char> matching(static_cast<std::size_t>(inventory_.Count()));
+    for (Inventory::PartIndex part = 0; part < inventory_.Count(); ++part) {
+      matching[static_cast<std::size_t>(part)] = Matches(part) ? 1 : 0;
+    }
+    std::copy_if(rows_.begin(), rows_.end(), std::back_inserter(matches_),
+                 [&](Inventory::PartIndex part) { return matching[static_cast<std::size_t>(part)] != 0; });
+  }
+  filtered_ = true;
+}
+
+std::size_t PartTable::MatchCount() const {
+  if (filter_.IsEmpty()) return rows_.size();
+  FilterRows();
+  return matches_.size();
+}
+
+Inventory::PartIndex PartTable::At(std::size_t row) const {
+  FilterRows();
+  return filter_.IsEmpty() ? rows_.at(row) : matches_.at(row);
+}
+
+int PartTable::RowOf(Inventory::PartIndex part) const {
+  FilterRows();
+  const std::vector<Inventory::PartIndex>& shown = filter_.IsEmpty() ? rows_ : matches_;
+  const auto found = std::find(shown.begin(), shown.end(), part);
+  return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
+}
+
+}  // namespace lantos

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/CaselessNeedle.h"
+#include "records/inventory/Inventory.h"
+
+namespace lantos {
+
+// What is looked for in the list of parts. All that is set must hold.
+struct PartFilter {
+  std::string part;         // occurs in the stock number, in either case
+  std::string description;  // occurs in the description
+  std::optional<bool> stocked;
+
+  bool IsEmpty() const { return part.empty() && description.empty() && !stocked; }
+};
+
+enum class PartSort { ByKey, ByPart, ByPartDown, ByDescription, ByDescriptionDown };
+
+// The rows of the inventory list: which parts are listed, in which order, and which of them match. It holds places in
+// the list of tags, never their texts. The order is made when somebody looks at it, so that rows are added cheaply.
+class PartTable {
+ public:
+  explicit PartTable(const Inventory& inventory) : inventory_(inventory) {}
+
+  void Clear();
+  void Add(Inventory::PartIndex part);
+  // A part's tag has changed.
+  void Refresh();
+  void SetFilter(const PartFilter& filter);
+  void SetSort(PartSort sort);
+  PartSort Sort() const { return sort_; }
+
+  std::size_t TotalCount() const { return rows_.size(); }
+  std::size_t MatchCount() const;
+  // Of the parts that match, in order.
+  Inventory::PartIndex At(std::size_t row) const;
+  // The row of a part; -1 when it isn't among those that match.
+  int RowOf(Inventory::PartIndex part) const;
+
+ private:
+  using Key = std::array<unsigned char, 39>;
+  Key KeyOf(Inventory::PartIndex part) const;
+  bool Matches(Inventory::PartIndex part) const;
+  void PutInOrder() const;
+  void FilterRows() const;
+
+  const Inventory& inventory_;
+  PartSort sort_ = PartSort::ByKey;
+  PartFilter filter_;
+  CaselessNeedle partNeedle_;
+  CaselessNeedle descriptionNeedle_;
+  mutable std::vector<Inventory::PartIndex> rows_;
+  mutable std::size_t ordered_ = 0;                    // leading rows that are in order
+  mutable std::vector<Inventory::PartIndex> matches_;  // with a filter only
+  mutable bool filtered_ = true;                       // matches_ holds for the rows as they are
+};
+
+}  // namespace lantos

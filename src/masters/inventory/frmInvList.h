@@ -1,0 +1,90 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "masters/inventory/PartTable.h"
+#include "records/inventory/Inventory.h"
+#include "screens/OkCancelForm.h"
+#include "shop/Shop.h"
+
+namespace lantos {
+
+// The inventory list: where a part is found, and the keeper of the list in memory. Loaded hidden at the start of the
+// run, it stays loaded until the end; its timers serve the list between the person's actions.
+class frmInvList : public SizedForm {
+ public:
+  explicit frmInvList(Shop& shop);
+
+  ui::Label lblSearchPart{*this, "lblSearchPart", "&Part"};
+  ui::TextBox SearchPart{*this, "SearchPart"};
+  ui::Label lblSearchDesc{*this, "lblSearchDesc", "Descr&iption"};
+  ui::TextBox SearchDesc{*this, "SearchDesc"};
+  ui::CheckBox cbAutoSearch{*this, "cbAutoSearch", "&Auto-search"};
+  ui::Button cmdSearch{*this, "cmdSearch", "Searc&h"};
+  ui::Frame frameStocked{*this, "frameStocked", "Show"};
+  ui::OptionButton optBoth{*this, "optBoth", "&Both"};
+  ui::OptionButton optStk{*this, "optStk", "S&tocked"};
+  ui::OptionButton optNonStk{*this, "optNonStk", "&Non-stocked"};
+  ui::Grid DataGrid1{*this, "DataGrid1"};
+  ui::Label TotalParts{*this, "TotalParts"};
+  ui::Label lblMatchParts{*this, "lblMatchParts"};
+  ui::Label LoadingLabel{*this, "LoadingLabel", "Loading..."};
+  ui::ProgressBar LoadProgress{*this, "LoadProgress"};
+  ui::Label lblElapsedTime{*this, "lblElapsedTime"};
+  ui::Button cmdSelect{*this, "cmdSelect", "&Select"};
+  ui::Button cmdView{*this, "cmdView", "&View"};
+  ui::Button cmdAdd{*this, "cmdAdd", "A&dd..."};
+  ui::Button cmdChange{*this, "cmdChange", "Chan&ge"};
+  ui::Button cmdDelete{*this, "cmdDelete", "De&lete"};
+  ui::Button cmdClose{*this, "cmdClose", "&Close"};
+  ui::Timer AuditTimer{*this, "AuditTimer"};
+  ui::Timer UpdTimer{*this, "UpdTimer"};
+  ui::Timer ReadTimer{*this, "ReadTimer"};
+
+  // For as long as the person looks for a part: true when one was selected, whose master is at PickedTag and whose
+  // place in the list is PickedIndex.
+  bool Pick(const std::string& caption);
+  FileLink PickedTag = kNoLink;
+  Inventory::PartIndex PickedIndex = Inventory::kNoPart;
+  void ClearPicking();
+  // The row of a part, from its tag in the list. With isNew the part isn't listed yet.
+  void UpdateListRow(FileLink offset, Inventory::PartIndex index, bool isNew);
+  bool IsLoading() const { return nextBlock_ < blockCount_; }
+  // Reads at once what the timer hasn't come to yet: for those who must not take a part for unknown.
+  void FinishLoading();
+
+ private:
+  void OnLoad() override;
+  void OnActivate() override;
+  void OnKeyDown(ui::KeyPress& key) override;
+  void Accept() override;
+
+  void WireSearch();
+  void StartLoading();
+  void ReadNextBlock();
+  void ListTags(const std::vector<InventoryTag>& block);
+  void EndLoading();
+  void EnableSearch(bool enabled);
+  void ShowTotal();
+  void FilterParts();
+  void SearchTyped();
+  void SortBy(const std::string& column);
+  void ShowRows();
+  ui::GridRow RowOf(Inventory::PartIndex part) const;
+  bool HasStockedFlag() const;
+
+  Shop& shop_;
+  Inventory& inventory_;
+  PartTable table_;
+  std::filesystem::path tagFile_;
+  std::uint64_t blockCount_ = 0;
+  std::uint64_t nextBlock_ = 0;
+  std::vector<InventoryTag> block_;
+  LocalTime loadStarted_;
+  Inventory::PartIndex currentPart_ = Inventory::kNoPart;
+  bool picked_ = false;
+};
+
+}  // namespace lantos

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <vector>
+
+#include "masters/vehicles/VehicleTable.h"
+#include "shop/Shop.h"
+#include "ui/Form.h"
+
+namespace lantos {
+
+// The vehicles of the current customer. It is left with a request, which whoever shows it carries out; shown again,
+// it stands as it was left.
+class frmVehList : public ui::Form {
+ public:
+  enum class Request { None, New, Edit, Select };
+
+  explicit frmVehList(Shop& shop);
+
+  Request Result() const { return request_; }
+  FileLink Chosen() const;  // the current row's vehicle, kNoLink without one
+  // The working record has become a vehicle of the customer, the first of the chain.
+  void AddRow();
+  // The working record has changed.
+  void UpdateRow();
+
+  ui::TextBox CustomerNumber{*this, "CustomerNumber"};
+  ui::TextBox CustName{*this, "CustName"};
+  ui::TextBox txtYear{*this, "txtYear"};
+  ui::TextBox txtMake{*this, "txtMake"};
+  ui::TextBox txtModel{*this, "txtModel"};
+  ui::Label lblLicense{*this, "lblLicense"};
+  ui::TextBox txtLicense{*this, "txtLicense"};
+  ui::TextBox txtVIN{*this, "txtVIN"};
+  ui::CheckBox chkShowDeleted{*this, "chkShowDeleted", "Show Deleted (X)"};
+  ui::Grid DataGrid1{*this, "DataGrid1"};
+  ui::Button cmdSelect{*this, "cmdSelect", "&Select"};
+  ui::Button cmdEdit{*this, "cmdEdit", "&Edit"};
+  ui::Button cmdNew{*this, "cmdNew", "&New"};
+  ui::Button cmdDelete{*this, "cmdDelete", "&Delete"};
+  ui::Button cmdHistory{*this, "cmdHistory", "H&istory"};
+  ui::Button cmdCancel{*this, "cmdCancel", "Close"};
+
+ protected:
+  void OnLoad() override;
+  void OnActivate() override;
+  void OnKeyDown(ui::KeyPress& key) override;
+  void OnQueryClose(bool& refuse) override;
+
+ private:
+  void WireFilters();
+  void WireButtons();
+  void ReadRows();
+  void ShowRows();
+  void SortBy(VehicleColumn column);
+  void LeaveWithRow(Request request);
+  void LeaveWith(Request request);
+  void Delete();
+  void Toggle(FileLink link, const std::string& title);
+  VehicleRow* FindRow(FileLink link);
+
+  Shop& shop_;
+  bool fleet_;
+  VehicleSort sort_;
+  std::vector<VehicleRow> rows_;  // in the order of the chain
+  Request request_ = Request::None;
+};
+
+}  // namespace lantos

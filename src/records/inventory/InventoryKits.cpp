@@ -1,0 +1,126 @@
+#include "records/inventory/InventoryKits.h"
+
+#include <stdexcept>
+
+#include "frame/Numbers.h"
+#include "records/FileNumber.h"
+#include "records/OpenedFile.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::string_view kKitMark = "KIT:";
+
+// What stands between the first "(" and the ")" behind it; empty without one.
+std::string_view Bracketed(std::string_view text) {
+  const std::size_t open = text.find('(');
+  if (open == std::string_view::npos) return {};
+  return text.substr(open + 1, text.find(')', open) - open - 1);
+}
+
+Cents DollarsToCents(std::string_view text) { return NumberInFile(text, 100); }
+
+}  // namespace
+
+KitComponent ParseKitLine(std::string_view line) {
+  const std::string_view used = TrimView(line.substr(0, inventorykit::kLineUsed));
+  KitComponent component;
+  component.partNumber = Trim(used.substr(0, used.find('(')));
+  const std::string_view quantity = TrimView(Bracketed(used));
+  if (!quantity.empty()) component.quantity = NumberInFile(quantity);
+  return component;
+}
+
+std::string KitLine(const KitComponent& component) {
+  if (component.quantity == 1) return component.partNumber;
+  return component.partNumber + "(" + std::to_string(component.quantity) + ")";
+}
+
+std::vector<KitComponent> ComponentsOf(const InventoryKitRecord& kit) {
+  std::vector<KitComponent> components;
+  for (std::size_t i = 0; i < inventorykit::kLineCount; ++i) {
+    const std::string_view used = kit.View(TextField{inventorykit::Line(i).offset, inventorykit::kLineUsed});
+    if (!used.empty()) components.push_back(ParseKitLine(used));
+  }
+  return components;
+}
+
+bool IsKit(std::string_view location) { return location.starts_with(kKitMark); }
+
+KitPrices ParseKitPrices(std::string_view location) {
+  const std::string_view prices = Bracketed(location);
+  const std::size_t comma = prices.find(',');
+  KitPrices parsed;
+  parsed.sale = DollarsToCents(prices.substr(0, comma));
+  if (comma != std::string_view::npos) parsed.list = DollarsToCents(prices.substr(comma + 1));
+  return parsed;
+}
+
+FileHandle InventoryKits::OpenKitFile(bool exclusive) {
+  OpenedFile file(environment_.openFiles);
+  try {
+    if (exclusive) {
+      file.Open(kKitFile, Access::ReadWrite, Deny::All);
+    } else {
+      file.Open(kKitFile, Access::Read, Deny::None);
+    }
+  } catch (const FileError& error) {
+    environment_.log.Write(error.what());
+    desktop_.Tell(exclusive ? "Could not open TQINVKIT.DAT for exclusive access."
+                            : "Could not open TQINVKIT.DAT for shared access.",
+                  "Lantos");
+    return kNoHandle;
+  }
+  return file.Release();
+}
+
+FileLink InventoryKits::FindKit(std::string_view stockNumber, InventoryKitRecord& kit, FileHandle handle) {
+  const std::string number = Trim(stockNumber);  // a copy: it may be a view into the record that is filled
+  OpenedFile own(environment_.openFiles);
+  if (handle == kNoHandle) {
+    own.TakeOver(OpenKitFile(false));
+    handle = own.Handle();
+  }
+  if (handle != kNoHandle) {
+    const SharedFile& file = environment_.openFiles[handle];
+    const std::uint64_t length = file.Length();
+    for (std::uint64_t offset = 0; offset < length; offset += InventoryKitRecord::kLength) {
+      file.ReadAt(offset, kit.Bytes());
+      if (kit.View(inventorykit::KitNumber) == number) return LinkAtEnd(offset, kKitFile);
+    }
+  }
+  kit = {};
+  kit.Put(inventorykit::KitNumber, number);
+  return kNoLink;
+}
+
+bool InventoryKits::SaveKit(const InventoryKitRecord& kit) {
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(OpenKitFile(true));
+  if (!file.IsOpen()) return false;
+  InventoryKitRecord found;
+  FileLink offset = FindKit(kit.View(inventorykit::KitNumber), found, file.Handle());
+  if (offset == kNoLink) offset = LinkAtEnd(file->Length(), kKitFile);
+  WriteRecord(*file, offset, kit);
+  file.Close();
+  environment_.files.FlushFile(kKitFile);
+  return true;
+}
+
+std::vector<std::string> InventoryKits::KitNumbers() {
+  std::vector<std::string> numbers;
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(OpenKitFile(false));
+  if (!file.IsOpen()) return numbers;
+  InventoryKitRecord kit;
+  const std::uint64_t length = file->Length();
+  for (std::uint64_t offset = 0; offset < length; offset += InventoryKitRecord::kLength) {
+    file->ReadAt(offset, kit.Bytes());
+    std::string number = kit.Get(inventorykit::KitNumber);
+    if (!number.empty()) numbers.push_back(std::move(number));
+  }
+  return numbers;
+}
+
+}  // namespace lantos

@@ -1,0 +1,130 @@
+#include "screens/EditForm.h"
+
+#include "frame/Dates.h"
+#include "records/Record.h"
+
+namespace lantos {
+namespace {
+
+constexpr DaySerial kLastDay = 2958465;  // 31 December 9999
+
+}  // namespace
+
+std::string TextOfFileDate(FileDate date) {
+  const DaySerial day = FromFileDate(date);
+  return day < 1 || day > kLastDay ? std::string() : FormatDate(day);
+}
+
+void EditForm::SetEditButtons(ui::Button& save, ui::Button& reset, ui::Button& cancel) {
+  save_ = &save;
+  reset_ = &reset;
+  cancel_ = &cancel;
+  save.SetToolTip("Save <F10>");
+  reset.SetToolTip("Reset <F2>");
+  cancel.SetToolTip("Cancel <Esc>");
+  save.OnClick = [this] { Save(); };
+  reset.OnClick = [this] { Reset(); };
+  cancel.OnClick = [this] { Cancel(); };
+  cancel.SetCausesValidation(false);
+  reset.SetCausesValidation(false);
+  SetDefaultButton(save);
+  SetCancelButton(cancel);
+}
+
+void EditForm::Watch(ui::TextBox& box) {
+  box.OnChange = [this] { MarkChanged(); };
+}
+
+void EditForm::Bind(ui::TextBox& box, TextField field) {
+  box.SetMaxLength(field.width - 1);
+  Watch(box);
+  texts_.push_back({field, [&box] { return box.Text(); }, [&box](const std::string& text) { box.SetText(text); }, ""});
+}
+
+void EditForm::Bind(ui::ComboBox& box, TextField field) {
+  box.SetMaxLength(field.width - 1);
+  texts_.push_back({field, [&box] { return box.Text(); }, [&box](const std::string& text) { box.SetText(text); }, ""});
+}
+
+void EditForm::BindDate(ui::TextBox& box) {
+  box.SetMaxLength(10);
+  Watch(box);
+  box.OnValidate = [this, &box](bool& keepFocus) { keepFocus = !CheckDate(box); };
+}
+
+void EditForm::ShowOnly(ui::TextBox& box) {
+  box.SetLocked(true);
+  box.SetTabStop(false);
+}
+
+void EditForm::ShowDate(ui::TextBox& box, FileDate date) { box.SetText(TextOfFileDate(date)); }
+
+// Days up to the first serial can't be told apart from bare serials once they are stored.
+std::optional<FileDate> EditForm::ParseDateText(const std::string& text) const {
+  if (TrimView(text).empty()) return 0;
+  const std::optional<DaySerial> day = ParseDate(text, FromSerial(shop_.environment.Today()).year);
+  if (!day || *day < 1) return std::nullopt;
+  return ToFileDate(*day);
+}
+
+bool EditForm::CheckDate(ui::TextBox& box) {
+  const std::optional<FileDate> date = ParseDateText(box.Text());
+  if (date) {
+    box.SetText(TextOfFileDate(*date));
+    return true;
+  }
+  shop_.desktop.Tell("Invalid date!", Caption(), ui::Icon::Exclamation);
+  return false;
+}
+
+FileDate EditForm::DateIn(const ui::TextBox& box, FileDate inRecord) const {
+  if (box.Text() == TextOfFileDate(inRecord)) return inRecord;
+  return ParseDateText(box.Text()).value_or(inRecord);
+}
+
+void EditForm::MarkChanged() {
+  if (quiet_ > 0 || changed_) return;
+  changed_ = true;
+  cancel_->SetCaption("Cancel");
+}
+
+void EditForm::MarkUnchanged() {
+  changed_ = false;
+  cancel_->SetCaption("Close");
+}
+
+void EditForm::Reset() {
+  {
+    const Quiet quiet(*this);
+    ShowFields();
+  }
+  MarkUnchanged();
+}
+
+void EditForm::Cancel() {
+  if (changed_ &&
+      shop_.desktop.Ask("Discard changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) {
+    return;
+  }
+  MarkUnchanged();
+  Hide();
+}
+
+void EditForm::Press(ui::Button& button) {
+  if (button.IsUsable() && button.OnClick) button.OnClick();
+}
+
+void EditForm::OnKeyDown(ui::KeyPress& key) {
+  if (shop_.keys.HandleGlobalKeys(key, *this)) return;
+  ui::Button* button = key.Is("F10") ? save_ : key.Is("F2") ? reset_ : key.Is("Esc") ? cancel_ : nullptr;
+  if (button == nullptr) return OtherKey(key);
+  key.Clear();
+  Press(*button);
+}
+
+void EditForm::OnQueryClose(bool& refuse) {
+  Cancel();
+  refuse = Visible();
+}
+
+}  // namespace lantos

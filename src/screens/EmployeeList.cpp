@@ -1,0 +1,40 @@
+#include "screens/EmployeeList.h"
+
+#include "frame/Numbers.h"
+#include "records/modEmployees.h"
+
+namespace lantos {
+namespace {
+
+constexpr std::size_t kNameWidth = 31;
+constexpr const char* kTitle = "Load Employee List";
+
+}  // namespace
+
+bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice& choice) {
+  list.Clear();
+  if (choice.withNone) list.AddItem(std::string(kNoEmployee));
+  std::vector<EmployeeName> employees;
+  try {
+    employees = shop.records.employees.LoadEmployeeList();
+  } catch (const FileError&) {
+    shop.desktop.Tell("Could not access employee master file!", list.Owner().Caption());
+    return false;
+  }
+  bool any = choice.withNone;
+  for (const EmployeeName& employee : employees) {
+    if (choice.activeOnly && !employee.IsActive()) continue;
+    list.AddItem(LeftJustify(employee.Name, kNameWidth) + FormatZeros(employee.Number, 6), employee.Number);
+    any = true;
+  }
+  if (!any) shop.desktop.Tell("There are no employees!", kTitle);
+  return any;
+}
+
+std::string EmployeeNameOf(std::string_view line) {
+  return line == kNoEmployee ? std::string() : Trim(Left(line, kNameWidth));
+}
+
+std::int32_t EmployeeNumberOf(std::string_view line) { return ToLongOrZero(Trim(Mid(line, kNameWidth + 1))); }
+
+}  // namespace lantos

@@ -1,0 +1,92 @@
+#include "start/InitGlobals.h"
+
+#include "frame/NetworkMount.h"
+#include "frame/Text.h"
+#include "records/CheckList.h"
+#include "records/MakesModels.h"
+#include "records/Passwords.h"
+#include "records/inventory/Inventory.h"
+#include "records/inventory/NameList.h"
+#include "records/modEmployees.h"
+#include "records/modSystem.h"
+#include "start/DataDirectory.h"
+#include "start/frmSplash.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kComputerNameBuffer = 50;
+constexpr std::size_t kProfileSectionWidth = 20;
+
+void EndWithTooManyUsers(ui::Desktop& desktop) {
+  desktop.Tell("More than 1000 network users - can not continue!", "KorvelMain", ui::Icon::Critical);
+  desktop.EndProcess(0);
+}
+
+std::string ProfileSectionOf(const std::string& computerName) {
+  const std::string name = TrimNull(Left(Left(computerName, kComputerNameBuffer), kProfileSectionWidth));
+  return name.empty() ? std::string(kDefaultsSection) : name;
+}
+
+void TakeUpdateFile(Shop& shop) {
+  Environment& environment = shop.environment;
+  const DaySerial today = environment.Today();
+  environment.updateFileName = FreeUpdateFileName(environment.files, today);
+  if (environment.updateFileName.empty()) EndWithTooManyUsers(shop.desktop);
+  DeleteOldUpdateFiles(environment.files, today);
+  try {
+    SharedFile(environment.files.PathOf(environment.updateFileName), Access::Write, Deny::All).Truncate(0);
+  } catch (const FileError& error) {
+    environment.log.Write(error.what());  // a run without an update file goes on
+  }
+}
+
+void LoadSharedTables(Records& records) {
+  records.employees.LoadEmployees();
+  records.passwords.LoadPasswords();
+  records.departments.Load();
+  records.manufacturers.Load();
+  records.makes.LoadMakes();
+  records.checkList.LoadChecklistFile();
+}
+
+void WarnOfNetworkMount(Shop& shop) {
+  if (!IsOnNetworkMount(shop.environment.files.PathOf("Lantos.mdb"))) return;
+  constexpr const char* advice =
+      "The data directory is on a network mount: for several workstations a database server is the safe choice.";
+  shop.environment.log.Write(advice);
+  shop.desktop.ShowStatus(advice);
+}
+
+}  // namespace
+
+bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList) {
+  Environment& environment = shop.environment;
+  if (!ResolveDataDir(environment, shop.desktop)) return false;
+  shop.records.system.ReadSystem(false);
+  if (!environment.log.Open()) EndWithTooManyUsers(shop.desktop);
+  environment.log.Write("Korvel Appointment Scheduler Started.");
+  frmSplash splash(shop.desktop);
+  splash.Show();
+  environment.profileSection = ProfileSectionOf(environment.computerName);
+  Connect(database, environment);
+  environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
+  UpgradeDatabase(database, environment, shop.records);
+  WarnOfNetworkMount(shop);
+  TakeUpdateFile(shop);
+  ProfileFile profile = environment.Profile();
+  environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
+  environment.statusOptions = LoadStatusOptions(profile);
+  environment.shopOptions = LoadShopOptions(profile);
+  shop.records.inventory.SizeArrays();
+  inventoryList.LoadForm();  // hidden; its timer fills the list between the person's actions
+  environment.openFiles.ResetFileMarks();
+  LoadSharedTables(shop.records);
+  environment.openFiles.ResetFileMarks();
+  environment.fleetVersion = environment.settings.GetBoolean(kMainApplication, kSettingsSection, "FleetVersion", false);
+  splash.Unload();
+  return true;
+}
+
+}  // namespace lantos

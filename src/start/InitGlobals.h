@@ -1,0 +1,14 @@
+#pragma once
+
+#include "estimatedb/EstimateDatabase.h"
+#include "masters/inventory/frmInvList.h"
+#include "shop/Shop.h"
+
+namespace lantos {
+
+// Everything that must stand before the board can be filled, in order: data directory, system record, log, splash
+// window, databases and their upgrade, update file, options, the inventory list, shared tables. False ends the process
+// silently.
+bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList);
+
+}  // namespace lantos

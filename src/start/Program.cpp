@@ -1,0 +1,92 @@
+#include "start/Program.h"
+
+#include <unistd.h>
+
+#include <array>
+
+#include "board/frmMain.h"
+#include "start/DataDirectory.h"
+#include "start/InitGlobals.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr int kStartFailed = 1;
+
+}  // namespace
+
+struct Program::State {
+  State(ui::Desktop& theDesktop, Clock& clock, UserSettings& settings, Invocation theInvocation)
+      : desktop(theDesktop),
+        invocation(std::move(theInvocation)),
+        environment(clock, settings),
+        records(environment, desktop),
+        keys(desktop),
+        shop{desktop, environment, records, keys},
+        database(environment, records),
+        masters(shop),
+        inventoryList(shop),
+        workorders(environment, desktop, records) {
+    environment.computerName = invocation.computerName;
+    environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
+    desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
+  }
+  ~State() { desktop.logFailure = nullptr; }
+
+  StartAndStop Steps();
+
+  ui::Desktop& desktop;
+  Invocation invocation;
+  Environment environment;
+  Records records;
+  ui::GlobalKeys keys;
+  Shop shop;
+  EstimateDatabase database;
+  MasterScreens masters;
+  frmInvList inventoryList;
+  Workorders workorders;
+};
+
+StartAndStop Program::State::Steps() {
+  StartAndStop steps;
+  steps.processCommandLine = [this] { ProcessCommandLine(environment, invocation.commandLine); };
+  steps.initGlobals = [this] { return InitGlobals(shop, database, inventoryList); };
+  steps.deleteUpdateFileAndCloseLog = [this] {
+    if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
+    environment.log.Close();
+  };
+  return steps;
+}
+
+Program::Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Invocation invocation)
+    : state_(std::make_unique<State>(desktop, clock, settings, std::move(invocation))) {}
+
+Program::~Program() = default;
+
+int Program::Run() {
+  frmMain mainWindow(state_->shop, state_->database, state_->masters, state_->inventoryList, state_->workorders,
+                     state_->Steps());
+  try {
+    mainWindow.LoadForm();
+  } catch (const std::exception& error) {
+    state_->environment.log.Write(error.what());
+    state_->desktop.SetPointer(ui::Pointer::Normal);
+    state_->desktop.Tell(error.what(), "Lantos can not start", ui::Icon::Critical);
+    return kStartFailed;
+  }
+  if (!mainWindow.IsLoaded()) return 0;
+  mainWindow.Show();
+  state_->desktop.RunUntilUnloaded(mainWindow);
+  return 0;
+}
+
+std::string Program::LogPath() const { return state_->environment.log.Path().string(); }
+
+std::string PlatformComputerName() {
+  std::array<char, 256> name{};
+  if (gethostname(name.data(), name.size() - 1) != 0) return {};
+  return name.data();
+}
+
+}  // namespace lantos
