@@ -1,4 +1,5 @@
-#include "board/frmMain.h"
+#include "board/DetailPane.h"
+
 #include "contents/RowTotals.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "frame/Dates.h"
@@ -7,20 +8,12 @@
 #include "records/Customers.h"
 #include "records/modSystem.h"
 
-// The detail view: one estimate in full, and its totals, which are stored nowhere.
 namespace lantos {
 
 namespace {
 
 constexpr double kWholeRate = 1000000;  // 100 %
-constexpr int kPlainPoints = 8;
-constexpr int kMarkedPoints = 10;
-
-// A button whose screen has something to show stands out.
-void Mark(ui::Button& button, bool marked) {
-  button.SetBold(marked);
-  button.SetFontSize(marked ? kMarkedPoints : kPlainPoints);
-}
+constexpr std::size_t kCommentsWidth = 255;
 
 CustomerRecord UnknownCustomer() {
   CustomerRecord record;
@@ -54,7 +47,45 @@ ExtraSum SumExtras(Recordset& rows, Millionths rate) {
 
 }  // namespace
 
-void frmMain::ClearDetail() {
+DetailPane::DetailPane(ui::Form& form, Shop& shop, EstimateDatabase& database, frmInvList& inventoryList,
+                       Workorders& workorders, BoardState& state, CommandPane& commands)
+    : form_(form),
+      contents(Workbench{shop, database, inventoryList, workorders.Current, *this}, workorders),
+      shop_(shop),
+      database_(database),
+      state_(state),
+      commands_(commands) {
+  ArrangeBoxes();
+  txtComments.SetMaxLength(kCommentsWidth);
+  txtComments.SetToolTip("Saved when you leave the field");
+  txtComments.OnLostFocus = [this] { SaveComments(); };
+  listParts.SetMultiSelect(true);
+  listLabor.SetFace(ui::FontFace::FixedPitch);
+  listParts.SetFace(ui::FontFace::FixedPitch);
+  for (ui::TextBox* total : Totals()) {
+    total->SetLocked(true);
+    total->SetTabStop(false);
+  }
+  frameDetailView.SetVisible(false);
+}
+
+void DetailPane::ArrangeBoxes() {
+  frameDetailView.Holds(frameCustomer, frameVehicle, frameComments, frameLabor, frameParts, frameTotals);
+  frameCustomer.Holds(lblCustName, lblCustSpouse, lblCustAddr, lblCustCSZ, lblCustPhoneH, lblCustPhoneW, lblCustPhoneO,
+                      cmdCustomerEdit);
+  frameVehicle.Holds(lblVehYMM, lblVehVIN, lblVehLic, lblVehDate, lblVehMileage, lblEngTrans, cmdVehicleEdit);
+  frameComments.Holds(txtComments);
+  frameLabor.Holds(listLabor, cmdLaborAdd, cmdLaborAddCanned, cmdLaborChange, cmdLaborRemove, cmdLaborFollowup);
+  frameParts.Holds(listParts, cmdPartAdd, cmdPartAddNonStock, cmdPartChange, cmdPartRemove);
+  frameTotals.Holds(txtTotalHours, txtTotalLabor, txtTotalParts, txtTotalSublet, txtTotalWaste, txtTotalTax,
+                    txtTotalCost);
+}
+
+std::array<ui::TextBox*, 7> DetailPane::Totals() {
+  return {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste, &txtTotalTax, &txtTotalCost};
+}
+
+void DetailPane::ClearDetail() {
   displayedEstimate_ = 0;
   frameDetailView.SetCaption("");
   for (ui::Label* label :
@@ -62,17 +93,14 @@ void frmMain::ClearDetail() {
         &lblVehYMM, &lblVehVIN, &lblVehLic, &lblVehDate, &lblVehMileage, &lblEngTrans}) {
     label->SetCaption("");
   }
-  for (ui::TextBox* total :
-       {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste, &txtTotalTax, &txtTotalCost}) {
-    total->SetText("");
-  }
+  for (ui::TextBox* total : Totals()) total->SetText("");
   txtComments.SetText("");
   savedComment_.clear();
   listLabor.Clear();
   listParts.Clear();
 }
 
-void frmMain::ShowEstimateDetail() {
+void DetailPane::ShowEstimateDetail() {
   KeepUnsavedComments();
   ClearDetail();
   if (Current().EstimateNumber == 0) return;
@@ -80,26 +108,32 @@ void frmMain::ShowEstimateDetail() {
   // Before anything that can fail: leaving the field writes what stands in it.
   txtComments.SetText(Current().Comments);
   savedComment_ = Trim(Current().Comments);
-  RefreshDetailCaption(StatusText(Current()));
+  RefreshDetailCaption("");
   const bool known = shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
-  estimateCustomer_ = known ? shop_.records.customers.CurrentCustomer : UnknownCustomer();
-  ShowCustomer();
+  ShowCustomer(known ? shop_.records.customers.CurrentCustomer : UnknownCustomer());
   ShowVehicle();
-  contents_.parts.LoadPartList();
-  contents_.labor.LoadLaborList();
+  contents.parts.LoadPartList();
+  contents.labor.LoadLaborList();
   if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
   RefreshTotals();
-  LoadEstimateChecklist(contents_.bench);
+  LoadEstimateChecklist(contents.bench);
   ShowNotesMark();
 }
 
-void frmMain::RefreshDetailCaption(const std::string& text) {
-  frameDetailView.SetCaption("Est. # " + FormatZeros(Current().EstimateNumber, 6) + "  " +
-                             FormatDate(Current().SchedDate) + "  " + (text.empty() ? StatusText(Current()) : text));
+void DetailPane::BeginNew(std::int32_t number) {
+  displayedEstimate_ = number;
+  RefreshDetailCaption("");
 }
 
-void frmMain::ShowCustomer() {
-  const CustomerRecord& record = estimateCustomer_;
+void DetailPane::RefreshDetailCaption(const std::string& word) {
+  Estimate& estimate = Current();
+  const std::string status = word.empty() ? database_.estimates.StatusText(estimate.Status, estimate.SchedDate) : word;
+  frameDetailView.SetCaption("Est. # " + FormatZeros(estimate.EstimateNumber, 6) + "  " +
+                             FormatDate(estimate.SchedDate) + "  " + status);
+}
+
+void DetailPane::ShowCustomer(const CustomerRecord& record) {
+  estimateCustomer_ = record;
   const auto text = [&](TextField field) { return record.Get(field); };
   lblCustName.SetCaption(text(customer::Firstname) + " " + text(customer::Lastname));
   const std::string spouseLast = text(customer::SpouseLast);
@@ -113,7 +147,7 @@ void frmMain::ShowCustomer() {
 }
 
 // From the estimate's own snapshot, not from the vehicle file.
-void frmMain::ShowVehicle() {
+void DetailPane::ShowVehicle() {
   const Estimate& estimate = Current();
   lblVehYMM.SetCaption(estimate.VehYear + " " + estimate.VehMake + " " + estimate.VehModel);
   lblVehVIN.SetCaption(estimate.VehVIN);
@@ -124,7 +158,7 @@ void frmMain::ShowVehicle() {
   lblEngTrans.SetCaption(engine + (engine.empty() ? "" : " ") + Trim(estimate.VehTrans));
 }
 
-void frmMain::RefreshTotals() {
+void DetailPane::RefreshTotals() {
   const SystemRecord& system = shop_.records.system.SysRec;
   const bool exempt = !estimateCustomer_.Get(customer::tax_id_number).empty();
   double hours = 0;
@@ -144,9 +178,9 @@ void frmMain::RefreshTotals() {
   }
   const ExtraSum sublets =
       SumExtras(Data().SubletsForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_sublet));
-  Mark(cmdEstimateSublets, sublets.any);
+  CommandPane::Mark(commands_.cmdEstimateSublets, sublets.any);
   const ExtraSum waste = SumExtras(Data().WasteForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_waste));
-  Mark(cmdEstimateWaste, waste.any);
+  CommandPane::Mark(commands_.cmdEstimateWaste, waste.any);
   tax += sublets.tax;
   tax += waste.tax;
   txtTotalHours.SetText(FormatFixed(hours, 2));
@@ -158,14 +192,13 @@ void frmMain::RefreshTotals() {
   txtTotalCost.SetText(FormatFixed(labor + parts + sublets.price + waste.price + tax, 2));
 }
 
-void frmMain::ShowNotesMark() {
+void DetailPane::ShowNotesMark() {
   Recordset& notes = Data().NotesForEstimate(displayedEstimate_);
-  Mark(cmdEstimateNotes, !notes.Eof());
+  CommandPane::Mark(commands_.cmdEstimateNotes, !notes.Eof());
   notes.Close();
 }
 
-// Written every time the field is left, changed or not.
-void frmMain::SaveComments() {
+void DetailPane::SaveComments() {
   if (displayedEstimate_ == 0) return;
   const std::string comments = Trim(txtComments.Text());
   Data().SetComments(comments, std::to_string(displayedEstimate_));
@@ -173,10 +206,19 @@ void frmMain::SaveComments() {
   if (Current().EstimateNumber == displayedEstimate_) Current().Comments = comments;
 }
 
-// Before the view is filled anew: a menu doesn't take the focus from the comments, and the database may have refused
-// them when they were left.
-void frmMain::KeepUnsavedComments() {
+void DetailPane::KeepUnsavedComments() {
   if (Trim(txtComments.Text()) != savedComment_) SaveComments();
+}
+
+void DetailPane::StoreComments(const std::string& comments) {
+  txtComments.SetText(comments);
+  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  savedComment_ = Trim(comments);
+  Current().Comments = comments;
+}
+
+void DetailPane::AddScheduledHours(Hundredths hours) {
+  if (modEstimates::CountsTowardDay(Current().Status)) state_.capacity.ScheduledHours[state_.selectedDay] += hours;
 }
 
 }  // namespace lantos
