@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 #include "frame/Dates.h"
-#include "records/MakesModels.h"
 #include "records/Vehicles.h"
 
 namespace lantos::bench {

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "board/BoardState.h"
-#include "estimatedb/modEstimates.h"
 #include "ui/Form.h"
 
 namespace lantos {

@@ -4,7 +4,6 @@
 
 #include "frame/Dates.h"
 #include "frame/Text.h"
-#include "records/MakesModels.h"
 #include "records/modSystem.h"
 #include "ui/GlobalKeys.h"
 
