@@ -1,6 +1,10 @@
+import pathlib
 import subprocess
 
 import pytest
+
+# Before any of them is imported: their assertions say as much as those of the tests.
+pytest.register_assert_rewrite(*(helper.stem for helper in (pathlib.Path(__file__).parent / "support").glob("*.py")))
 
 from driver import DriverError, Lantos, data_option, program_path
 from shopfiles import Shop

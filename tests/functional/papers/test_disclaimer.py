@@ -4,7 +4,7 @@ import pytest
 
 from boardlines import TODAY
 from driver import Settings
-from test_printing import choose, png_size, print_estimate
+from printsteps import choose, png_size, print_estimate
 
 NOTE = "Note: the system will attempt to print the estimate disclaimer exactly as shown above."
 

@@ -5,36 +5,18 @@ import sqlite3
 
 import pytest
 
-from driver import Settings, data_option
 from locks import deny_to_all, foreign_window
+from startsteps import MAIN_CAPTION, settings_of
 
-MAIN_CAPTION = "Lantos: Miller's Garage ({directory}\\)"
 SECOND_COPY = ("The Korvel Apppointment Scheduler is already running.\n\n"
                "Click Yes to switch to the running application.\n\n"
                "Click No to allow another copy to run.\n\n"
                "Click Cancel to exit this copy.")
-NO_FILES = "No scheduler files in data directory '{directory}'!\n\nChange directory?"
 TOO_MANY = "More than 1000 network users - can not continue!"
-
-
-def expect_no_files_box(copy, directory):
-    copy.expect_box(NO_FILES.format(directory=directory), "Error", "question", ["Yes", "No", "Cancel"])
-
-
-def expect_must_be_specified(copy):
-    copy.expect_box("Data directory must be specified!", "Fatal Error", "critical", ["OK"])
 
 
 def expect_second_copy_question(copy):
     copy.expect_box(SECOND_COPY, "Multiple Lantos Instances", "question", ["Yes", "No", "Cancel"])
-
-
-def settings_of(tmp_path):
-    return Settings(tmp_path / "settings")
-
-
-def stored_directory(tmp_path):
-    return settings_of(tmp_path).read("Korvel", "DataDir")
 
 
 # What stands on the screen after a start.
@@ -91,135 +73,6 @@ def test_the_labor_switch_comes_back(start, shop, tmp_path, stored, checked):
     if stored is not None:
         settings_of(tmp_path).write("Lantos", {"LaborOnDayView": stored})
     assert start(shop).control("cbShowLabor")["checked"] is checked
-
-
-# The data directory.
-
-
-@pytest.mark.parametrize("switch", ["/D=", "/d="])
-@pytest.mark.parametrize("end", ["", "\\"])
-def test_the_switch_in_either_case_with_or_without_backslash_stores_the_same(start, shop, tmp_path, switch, end):
-    shop.write()
-    start(arguments=(f"{switch}{shop.directory}{end}",)).expect_form("frmMain")
-    assert stored_directory(tmp_path) == f"{shop.directory}\\"
-
-
-def test_the_switch_is_for_good(start, shop):
-    shop.write()
-    start(shop).close_window()
-    second = start()
-    assert second.expect_form("frmMain")["caption"] == MAIN_CAPTION.format(directory=shop.directory)
-
-
-def test_there_is_no_other_switch(start, shop, tmp_path):
-    shop.write()
-    copy = start(arguments=(f"/X={shop.directory}",))
-    copy.expect_form("frmEnterDir")
-    assert stored_directory(tmp_path) is None
-
-
-def test_without_a_directory_the_program_asks_and_keeps_the_odd_pair_of_ends(start, shop, tmp_path):
-    shop.write()
-    copy = start()
-    assert copy.expect_form("frmEnterDir")["caption"] == "Enter Data Files Directory"
-    copy.type("TextString", f"  {shop.directory}  ")
-    copy.click("cmdOK")
-    assert copy.expect_form("frmMain")["caption"] == f"Lantos: Miller's Garage ({shop.directory}/\\)"
-    assert stored_directory(tmp_path) == f"{shop.directory}/"
-    copy.close_window()
-
-    again = start()
-    assert again.expect_form("frmMain")["caption"] == MAIN_CAPTION.format(directory=shop.directory)
-    assert stored_directory(tmp_path) == f"{shop.directory}/", "mended in memory only"
-
-
-def test_choosing_a_directory_copies_its_path(start, shop, tmp_path):
-    shop.write()
-    copy = start()
-    copy.expect_form("frmEnterDir")
-    copy.select("Drive1", text=str(tmp_path))
-    copy.select("Dir1", text="shop")
-    assert copy.text("TextString") == str(shop.directory)
-    copy.key("F10")
-    copy.expect_form("frmMain")
-
-
-def test_no_answer_at_all_goes_on_with_an_empty_directory(start, tmp_path):
-    copy = start()
-    copy.expect_form("frmEnterDir")
-    copy.click("cmdCancel")
-    expect_must_be_specified(copy)
-    copy.press("OK")
-    expect_no_files_box(copy, "")
-    copy.press("Cancel")
-    copy.expect_end()
-    assert stored_directory(tmp_path) is None
-
-
-def test_cancel_ends_without_window_log_or_further_message(start, tmp_path):
-    empty = tmp_path / "empty"
-    empty.mkdir()
-    copy = start(arguments=(data_option(empty),))
-    expect_no_files_box(copy, f"{empty}\\")
-    assert copy.get("forms") == ["frmMain"]
-    assert copy.get("frmMain")["visible"] is False
-    copy.press("Cancel")
-    copy.expect_end()
-    assert list(empty.iterdir()) == []
-
-
-def test_no_repeats_the_question_until_the_file_turns_up(start, shop):
-    shop.write()
-    database = shop.path("Lantos.mdb")
-    hidden = database.rename(shop.path("elsewhere"))
-    copy = start(shop)
-    for _ in range(2):
-        expect_no_files_box(copy, f"{shop.directory}\\")
-        copy.press("No")
-    expect_no_files_box(copy, f"{shop.directory}\\")
-    hidden.rename(database)
-    copy.press("No")
-    copy.expect_form("frmMain")
-
-
-def test_yes_asks_for_another_directory_and_stores_even_a_wrong_one(start, shop, tmp_path):
-    shop.write()
-    wrong = tmp_path / "wrong"
-    wrong.mkdir()
-    copy = start(arguments=(data_option(tmp_path / "gone"),))
-    expect_no_files_box(copy, f"{tmp_path / 'gone'}\\")
-    copy.press("Yes")
-    copy.expect_form("frmEnterDir")
-    copy.type("TextString", str(wrong))
-    copy.click("cmdOK")
-    expect_no_files_box(copy, f"{wrong}/\\")
-    assert stored_directory(tmp_path) == f"{wrong}/"
-    copy.press("Yes")
-    copy.type("TextString", str(shop.directory))
-    copy.click("cmdOK")
-    copy.expect_form("frmMain")
-    assert stored_directory(tmp_path) == f"{shop.directory}/"
-
-
-def test_yes_and_then_no_answer_ends_the_start(start, tmp_path):
-    copy = start(arguments=(data_option(tmp_path / "gone"),))
-    copy.press("Yes")
-    copy.expect_form("frmEnterDir")
-    copy.key("Esc")
-    expect_must_be_specified(copy)
-    copy.press("OK")
-    copy.expect_end()
-
-
-def test_names_are_found_in_any_case(start, shop):
-    shop.write()
-    for path in list(shop.directory.iterdir()):
-        path.rename(path.with_name(path.name.lower()))
-    before = shop.names()
-    copy = start(shop)
-    copy.expect_form("frmMain")
-    copy.close_window()
-    assert [name for name in shop.names() if not name.startswith(("LN", "Lantos.ini"))] == before
 
 
 # The second copy.

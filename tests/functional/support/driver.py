@@ -31,7 +31,7 @@ class Refused(DriverError):
 def program_path():
     folder = os.environ.get("LANTOS_BIN_DIR")
     if not folder:
-        folder = Path(__file__).resolve().parents[2] / "build" / "test" / "bin"
+        folder = Path(__file__).resolve().parents[3] / "build" / "test" / "bin"
     return Path(folder) / "lantos-drive"
 
 

@@ -1,0 +1,61 @@
+"""Several copies of the program on one directory, what they ask of files that are held, and kills in the middle."""
+
+import time
+
+import pytest
+
+from boardlines import TODAY
+from conftest import Starter
+
+SYSTEM_LOCKED = "System file locked by another user."
+
+
+@pytest.fixture
+def shop(shop):
+    shop.add_employee(1, "Bob Wrench")
+    smith = shop.add_customer(7, "Smith", "John", phone="555-1111")
+    shop.add_customer(8, "Walker", "Wes", phone="555-2222")
+    shop.add_vehicle(smith, "Ford", "Focus", "1999", VIN="V1")
+    return shop
+
+
+@pytest.fixture
+def copies(tmp_path):
+    """Several copies on the desktop without windows: what they share is files."""
+    starter = Starter(tmp_path, "driver")
+    yield starter
+    starter.clean_up()
+
+
+def time_of(victim, lines):
+    """How long it takes when nobody is killed before it is through."""
+    begun = time.monotonic()
+    for line in lines:
+        assert "error" not in victim.send_text(line), victim.evidence()
+    victim.expect_form("frmMain")
+    took = time.monotonic() - begun
+    victim.kill()
+    return took
+
+
+def kill_within(victim, lines, seconds):
+    """The moment is what is tried."""
+    victim.process.stdin.write("".join(line + "\n" for line in lines))
+    victim.process.stdin.flush()
+    time.sleep(seconds)
+    victim.kill()
+
+
+USED = {"P-1": 1, "P-2": 3}  # by each conversion
+
+
+@pytest.fixture
+def work(shop):
+    """Estimates 900 to 903 of today, of John Smith, with parts and labor. They may be converted any number of times."""
+    shop.system["tax_rate"] = (100000, 0, 0, 0)
+    for number in range(900, 904):
+        shop.add_estimate(number, TODAY, customer=7, CreateDate=TODAY)
+        for name, quantity in USED.items():
+            shop.add_part(number, name, f"PART OF {number}", quantity, 1000, 600)
+        shop.add_labor(number, 1, f"Labor of {number}", 1)
+    return shop

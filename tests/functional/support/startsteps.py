@@ -1,0 +1,9 @@
+"""The questions of a start, and what is stored of its answers."""
+
+from driver import Settings
+
+MAIN_CAPTION = "Lantos: Miller's Garage ({directory}\\)"
+
+
+def settings_of(tmp_path):
+    return Settings(tmp_path / "settings")
