@@ -9,14 +9,6 @@
 // The parts list and its rows in the database.
 namespace lantos {
 
-namespace {
-
-de::Part RowOf(const PartLine& line) {
-  return {line.partNumber, line.description, line.quantity, line.price, line.total, line.cost, line.list};
-}
-
-}  // namespace
-
 void PartLines::LoadPartList() {
   lines_.clear();
   Recordset& parts = bench_.Data().PartsTable(std::to_string(bench_.Number()));
