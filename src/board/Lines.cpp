@@ -1,7 +1,6 @@
 #include "board/frmMain.h"
 #include "contents/conversion/Conversion.h"
-#include "contents/extras/frmEstSublets.h"
-#include "contents/extras/frmEstWaste.h"
+#include "contents/extras/frmEstExtras.h"
 #include "contents/labor/LaborAddCanned.h"
 #include "contents/labor/frmEstFollowup.h"
 #include "contents/notes/EstimateChecklist.h"

@@ -103,8 +103,8 @@ void frmMain::VehicleEditClick() {
     if (answer == ui::Answer::Cancel) return;
     if (answer == ui::Answer::No) {
       // On the screen only: the rows stay in the tables and come back at the next selection.
-      listParts.Clear();
-      listLabor.Clear();
+      contents_.parts.ClearPartList();
+      contents_.labor.ClearLaborList();
     }
   }
   // Filling the lists has read other customers since: the vehicles are those of the estimate's own.
