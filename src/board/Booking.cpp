@@ -92,8 +92,8 @@ void Booking::EditVehicle() {
     if (answer == ui::Answer::Cancel) return;
     if (answer == ui::Answer::No) {
       // On the screen only: the rows stay in the tables and come back at the next selection.
-      parts_.detail.listParts.Clear();
-      parts_.detail.listLabor.Clear();
+      parts_.detail.contents.parts.ClearPartList();
+      parts_.detail.contents.labor.ClearLaborList();
     }
   }
   // Filling the lists has read other customers since: the vehicles are those of the estimate's own.

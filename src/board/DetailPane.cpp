@@ -1,6 +1,6 @@
 #include "board/DetailPane.h"
 
-#include "contents/RowTotals.h"
+#include "contents/EstimateTotals.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
@@ -12,7 +12,6 @@ namespace lantos {
 
 namespace {
 
-constexpr double kWholeRate = 1000000;  // 100 %
 constexpr std::size_t kCommentsWidth = 255;
 
 CustomerRecord UnknownCustomer() {
@@ -21,28 +20,6 @@ CustomerRecord UnknownCustomer() {
   record.Put(customer::Firstname, "UNKNOWN");
   record.Put(customer::VLink, kNoLink);
   return record;
-}
-
-// A rate below 1 means that nothing is taxed.
-double TaxOn(double sum, Millionths rate) { return rate < 1 ? 0 : rate * sum / kWholeRate; }
-
-struct ExtraSum {
-  double price = 0;  // dollars
-  double tax = 0;
-  bool any = false;
-};
-
-// Sublets or waste. The tax doesn't ask whether the customer is exempt.
-ExtraSum SumExtras(Recordset& rows, Millionths rate) {
-  ExtraSum sum;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    const double price = rows.Long("Price") / 100.0;
-    sum.any = true;
-    sum.price += price;
-    if (rows.Text("Taxable") == "Yes") sum.tax += TaxOn(price, rate);
-  }
-  rows.Close();
-  return sum;
 }
 
 }  // namespace
@@ -96,8 +73,8 @@ void DetailPane::ClearDetail() {
   for (ui::TextBox* total : Totals()) total->SetText("");
   txtComments.SetText("");
   savedComment_.clear();
-  listLabor.Clear();
-  listParts.Clear();
+  contents.labor.ClearLaborList();
+  contents.parts.ClearPartList();
 }
 
 void DetailPane::ShowEstimateDetail() {
@@ -159,37 +136,20 @@ void DetailPane::ShowVehicle() {
 }
 
 void DetailPane::RefreshTotals() {
-  const SystemRecord& system = shop_.records.system.SysRec;
-  const bool exempt = !estimateCustomer_.Get(customer::tax_id_number).empty();
-  double hours = 0;
-  double labor = 0;
-  double parts = 0;
-  for (const ui::ListRow& row : listLabor.Rows()) {
-    if (row.text.empty() || row.text[0] == ' ') continue;  // a line of the description
-    const double total = TotalOfRow(row.text);
-    if (total > 0) labor += total;  // hours already applied take off hours, not money
-    hours += HoursOfLaborRow(row.text);
-  }
-  for (const ui::ListRow& row : listParts.Rows()) parts += TotalOfRow(row.text);
-  double tax = 0;
-  if (!exempt) {
-    tax += TaxOn(labor, system.Get(sysrec::tax_rate_labor));
-    tax += TaxOn(parts, system.Get(sysrec::tax_rate_parts));
-  }
-  const ExtraSum sublets =
-      SumExtras(Data().SubletsForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_sublet));
-  CommandPane::Mark(commands_.cmdEstimateSublets, sublets.any);
-  const ExtraSum waste = SumExtras(Data().WasteForEstimate(displayedEstimate_), system.Get(sysrec::tax_rate_waste));
-  CommandPane::Mark(commands_.cmdEstimateWaste, waste.any);
-  tax += sublets.tax;
-  tax += waste.tax;
-  txtTotalHours.SetText(FormatFixed(hours, 2));
-  txtTotalLabor.SetText(FormatFixed(labor, 2));
-  txtTotalParts.SetText(FormatFixed(parts, 2));
-  txtTotalSublet.SetText(FormatFixed(sublets.price, 2));
-  txtTotalWaste.SetText(FormatFixed(waste.price, 2));
-  txtTotalTax.SetText(FormatFixed(tax, 2));
-  txtTotalCost.SetText(FormatFixed(labor + parts + sublets.price + waste.price + tax, 2));
+  const std::vector<Charge> sublets = ReadCharges(Data().SubletsForEstimate(displayedEstimate_));
+  CommandPane::Mark(commands_.cmdEstimateSublets, !sublets.empty());
+  const std::vector<Charge> waste = ReadCharges(Data().WasteForEstimate(displayedEstimate_));
+  CommandPane::Mark(commands_.cmdEstimateWaste, !waste.empty());
+  const EstimateTotals totals = TotalsOf(
+      {contents.lines.labor.Lines(), contents.lines.parts, sublets, waste}, TaxRatesOf(shop_.records.system.SysRec),
+      estimateCustomer_.View(customer::tax_id_number).empty() ? TaxStanding::Taxed : TaxStanding::Exempt);
+  txtTotalHours.SetText(FormatHundredths(totals.hours));
+  txtTotalLabor.SetText(FormatHundredths(totals.labor));
+  txtTotalParts.SetText(FormatHundredths(totals.parts));
+  txtTotalSublet.SetText(FormatHundredths(totals.sublets));
+  txtTotalWaste.SetText(FormatHundredths(totals.waste));
+  txtTotalTax.SetText(FormatHundredths(totals.tax));
+  txtTotalCost.SetText(FormatHundredths(totals.cost));
 }
 
 void DetailPane::ShowNotesMark() {

@@ -10,7 +10,7 @@
 namespace lantos {
 
 void PartLines::LoadPartList() {
-  lines_.clear();
+  ClearPartList();
   Recordset& parts = bench_.Data().PartsTable(std::to_string(bench_.Number()));
   for (; !parts.Eof(); parts.MoveNext()) {
     lines_.push_back(ReadPartLine(parts));
@@ -19,13 +19,16 @@ void PartLines::LoadPartList() {
   parts.Close();
 }
 
+void PartLines::ClearPartList() {
+  lines_.clear();
+  bench_.estimate.PartList().Clear();
+}
+
 void PartLines::ReloadList(std::string_view selected) {
-  ui::ListBox& list = bench_.estimate.PartList();
-  list.Clear();
   LoadPartList();
   for (std::size_t i = 0; i < lines_.size() && !selected.empty(); ++i) {
     if (!EqualsIgnoringCase(lines_[i].partNumber, selected)) continue;
-    list.SelectRow(static_cast<int>(i));
+    bench_.estimate.PartList().SelectRow(static_cast<int>(i));
     return;
   }
 }
@@ -51,9 +54,9 @@ void PartLines::StorePart(const PartLine& entry) {
   bench_.Data().UpdatePartRow(bench_.Number(), parts.Text("PartNumber"), RowOf(line));
 }
 
-void PartLines::AddPartLine(const PartLine& entry, bool refresh) {
+void PartLines::AddPartLine(const PartLine& entry, Choosing choosing) {
   StorePart(entry);
-  ReloadList(refresh ? Trim(entry.partNumber) : std::string());
+  ReloadList(choosing == Choosing::ItsRow ? Trim(entry.partNumber) : std::string());
 }
 
 void PartLines::RemovePartLine(int row) {
