@@ -9,7 +9,7 @@
 namespace lantos {
 
 // What was done to a vehicle in the last years: its work orders, newest first, the active ones before the archived.
-// All tags are looked at, from the end of each file; only those that belong lead to a text.
+// Only the tags that belong to it lead to a text.
 class VehicleSummary {
  public:
   VehicleSummary(Environment& environment, Workorders& workorders)
@@ -19,8 +19,6 @@ class VehicleSummary {
   void Compose(std::string_view vin, ReportLines& lines);
 
  private:
-  template <std::size_t Length>
-  std::vector<Record<Length>> Find(FileHandle file, std::string_view vin) const;
   void PrintWorkorder(FileDate date, ReportLines& lines) const;
 
   Environment& environment_;

@@ -150,10 +150,6 @@ void frmEstExtras::Remove() {
 namespace {
 
 void ShowExtras(Workbench& bench, const ExtrasTable& table) {
-  if (bench.Number() == 0) {
-    bench.shop.desktop.Tell("Must first select an estimate.", table.caption);
-    return;
-  }
   frmEstExtras form(bench, table);
   form.ShowModal();
   bench.estimate.RefreshTotals();

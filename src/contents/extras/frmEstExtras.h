@@ -38,9 +38,9 @@ class frmEstExtras : public SizedForm {
   NumberedList<ExtraLine> lines_;
 };
 
-// The sublets of the estimate on show.
+// The sublets of the estimate on show; there must be one.
 void EstimateSublets(Workbench& bench);
-// The waste charges of the estimate on show.
+// The waste charges of the estimate on show; there must be one.
 void EstimateWaste(Workbench& bench);
 
 }  // namespace lantos

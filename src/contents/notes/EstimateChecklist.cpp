@@ -67,10 +67,6 @@ void LoadEstimateChecklist(Workbench& bench) {
 }
 
 void EstimateChecklist(Workbench& bench) {
-  if (bench.Number() == 0) {
-    bench.shop.desktop.Tell("Must first select an estimate.", "Estimate Checklist");
-    return;
-  }
   LoadEstimateChecklist(bench);
   frmWOChklst form(bench.shop);
   form.ShowModal();

@@ -124,10 +124,6 @@ void frmEstNotes::Remove() {
 }
 
 void EstimateNotes(Workbench& bench) {
-  if (bench.Number() == 0) {
-    bench.shop.desktop.Tell("Must first select an estimate.", "Estimate Notes");
-    return;
-  }
   frmEstNotes form(bench);
   form.ShowModal();
 }

@@ -36,7 +36,7 @@ class frmEstNotes : public SizedForm {
   NumberedList<Note> notes_;
 };
 
-// The notes of the estimate on show.
+// The notes of the estimate on show; there must be one.
 void EstimateNotes(Workbench& bench);
 
 }  // namespace lantos
