@@ -1,7 +1,6 @@
 #include "bench/BenchShop.h"
 
 #include "frame/Dates.h"
-#include "records/MakesModels.h"
 #include "records/Vehicles.h"
 #include "support/ScratchDirectory.h"
 

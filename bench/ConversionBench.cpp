@@ -66,7 +66,7 @@ void Convert(benchmark::State& state) {
   LoadInventory(board.world);
   FillEstimate(board);
   frmMain& window = *board.window;
-  ui::ListBox& day = window.List1[static_cast<std::size_t>(2)];
+  ui::ListBox& day = window.week.List1[static_cast<std::size_t>(2)];
   Clock::time_point start, end;
   board.world.desktop.atForm = [](ui::Form& form) { form.Hide(); };
   board.world.desktop.atBox = [&](const ui::Box& box) {
@@ -78,7 +78,7 @@ void Convert(benchmark::State& state) {
   };
   for (auto _ : state) {
     day.DoSelect(day.FindData(kEstimate));
-    window.cmdConvert.OnClick();
+    window.commands.cmdConvert.OnClick();
     state.SetIterationTime(Seconds(end - start));
   }
 }

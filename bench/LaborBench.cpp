@@ -24,7 +24,7 @@ double Seconds(Clock::duration time) { return std::chrono::duration<double>(time
 void AddLaborLine(benchmark::State& state) {
   Board board(FullDayShop());
   frmMain& window = *board.window;
-  ui::ListBox& day = window.List1[static_cast<std::size_t>(2)];
+  ui::ListBox& day = window.week.List1[static_cast<std::size_t>(2)];
   day.DoSelect(day.FindData(kEstimate));
   Clock::time_point start;
   board.world.desktop.atForm = [&start](ui::Form& form) {
@@ -35,12 +35,12 @@ void AddLaborLine(benchmark::State& state) {
     labor.OKButton.OnClick();
   };
   board.world.desktop.atBox = [](const ui::Box&) { return ui::Answer::Yes; };
-  const std::string before = window.txtTotalHours.Text();
+  const std::string before = window.detail.txtTotalHours.Text();
   for (auto _ : state) {
-    window.cmdLaborAdd.OnClick();
+    window.detail.cmdLaborAdd.OnClick();
     state.SetIterationTime(Seconds(Clock::now() - start));
-    if (window.txtTotalHours.Text() == before) state.SkipWithError("the totals don't follow");
-    window.cmdLaborRemove.OnClick();  // the line that was added is the selected one
+    if (window.detail.txtTotalHours.Text() == before) state.SkipWithError("the totals don't follow");
+    window.detail.cmdLaborRemove.OnClick();  // the line that was added is the selected one
   }
 }
 

@@ -7,7 +7,6 @@
 
 #include "bench/BoardBench.h"
 #include "printing/WorksheetReport.h"
-#include "records/MakesModels.h"
 #include "ui/WindowPlace.h"
 #include "ui/qt/ReportPainter.h"
 #include "ui/qt/ReportWindow.h"

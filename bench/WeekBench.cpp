@@ -18,7 +18,7 @@ constexpr int kDayLines = 40 * 8;  // main, status, five labor lines and the bla
 void LoadWeek(benchmark::State& state) {
   Board board(BusyWeekShop());
   for (auto _ : state) board.window->LoadWeek(kBenchDay);
-  if (board.window->List2.ListCount() != kDayLines) state.SkipWithError("lines of the day are missing");
+  if (board.window->day.List2.ListCount() != kDayLines) state.SkipWithError("lines of the day are missing");
 }
 
 void RunStatements(benchmark::State& state) {

@@ -32,7 +32,7 @@ inline constexpr std::array<StatusDescription, kStatusCount> kStatusDescriptions
 }};
 inline constexpr std::string_view kStatusFootnote = "* Totals not included in daily summary.";
 
-// Makes the estimate of the next business day that carries the work on. The new date, or -1 when the operator stopped.
+// Makes the estimate of the next business day that carries the work on. The new date, or -1 when the person stopped.
 using ContinueEstimate = std::function<DaySerial()>;
 inline constexpr DaySerial kNotContinued = -1;
 
@@ -43,10 +43,10 @@ bool PopupOffers(const StatusOptions& options, std::int16_t current, std::int16_
 
 enum class ChangeResult {
   Unchanged,  // it has that status already; nothing at all happened
-  Refused,    // the operator, or an option, ended the operation
+  Refused,    // the person, or an option, ended the operation
   Changed,    // in memory and in the database
 };
-// A change of the current estimate's status by the operator's hand, with the questions that belong to it.
+// A change of the current estimate's status by the person's hand, with the questions that belong to it.
 ChangeResult ChangeStatusByHand(Shop& shop, EstimateDatabase& database, const ContinueEstimate& continueEstimate,
                                 std::int16_t newStatus);
 

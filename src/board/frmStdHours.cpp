@@ -11,7 +11,7 @@ constexpr std::array<const char*, 8> kColumns = {"SunHours", "MonHours", "TueHou
                                                  "ThuHours", "FriHours", "SatHours", "FudgeFactor"};
 constexpr std::array<const char*, 8> kCaptions = {"Sunday",   "Monday", "Tuesday",  "Wednesday",
                                                   "Thursday", "Friday", "Saturday", "Fudge factor (%)"};
-// Word for word as the operators know them, slips included.
+// Word for word as people at the counter know them, slips included.
 constexpr std::array<const char*, 3> kHelp = {
     "Standard hours are the total \"mechanic\" hours for each day of the week.  For example, if you have 2 mechanics "
     "each working 8 hours on a particular day of the week, then the standard hours for that day would be 16.  "

@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <limits>
 
 #include "contents/AmountFields.h"
-#include "contents/RowTotals.h"
+#include "contents/EstimateTotals.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "records/modSystem.h"
@@ -31,30 +31,15 @@ constexpr std::int64_t kFlatUnit = 100;  // a flat amount is in hundredths of a 
 
 Cents SurchargeOn(std::int64_t sum, Millionths rate) {
   if (rate == 0 || sum <= 0) return 0;
-  const std::int64_t amount =
-      rate > 0 ? DivideHalfEven(sum * rate, kWholeRate) : DivideHalfEven(-static_cast<std::int64_t>(rate), kFlatUnit);
-  return WholeOrOverflow(static_cast<double>(amount));
-}
-
-std::int64_t Surcharge::LaborSum() const {
-  std::int64_t sum = 0;
-  for (const ui::ListRow& row : bench_.estimate.LaborList().Rows()) {
-    if (row.text.empty() || row.text[0] == ' ') continue;
-    sum += std::max(0, CentsOfRow(row.text));
-  }
-  return sum;
-}
-
-std::int64_t Surcharge::PartsSum() const {
-  std::int64_t sum = 0;
-  for (const ui::ListRow& row : bench_.estimate.PartList().Rows()) sum += CentsOfRow(row.text);
-  return sum;
+  if (rate < 0) return LongOrOverflow(DivideHalfEven(-static_cast<std::int64_t>(rate), kFlatUnit));
+  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+  return LongOrOverflow(sum > kMost / rate ? kMost : DivideHalfEven(sum * rate, kWholeRate));
 }
 
 Cents Surcharge::Amount() const {
   const SystemRecord& system = bench_.System();
-  return Sum(SurchargeOn(LaborSum(), system.Get(sysrec::labor_surcharge_percent)),
-             SurchargeOn(PartsSum(), system.Get(sysrec::parts_surcharge_percent)));
+  return Sum(SurchargeOn(LaborSum(lines_.labor.Lines()), system.Get(sysrec::labor_surcharge_percent)),
+             SurchargeOn(PartsSum(lines_.parts), system.Get(sysrec::parts_surcharge_percent)));
 }
 
 void Surcharge::ApplySurcharge() {

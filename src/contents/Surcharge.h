@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contents/EstimateLines.h"
 #include "contents/Workbench.h"
 
 namespace lantos {
@@ -7,22 +8,22 @@ namespace lantos {
 // The one line that the program writes by itself: it follows the totals of labor and parts.
 class Surcharge {
  public:
-  explicit Surcharge(Workbench& bench) : bench_(bench) {}
+  Surcharge(Workbench& bench, const EstimateLines& lines) : bench_(bench), lines_(lines) {}
 
-  // After every change of labor or parts, from the rows of the two lists. Writes the line, 0 included, to Sublets or
-  // Waste; nothing at all when the shop has no rate or no description for it.
+  // After every change of labor or parts, from the lines behind the two lists. Writes the line, 0 included, to Sublets
+  // or Waste; nothing at all when the shop has no rate or no description for it.
   void ApplySurcharge();
 
  private:
   Cents Amount() const;
-  std::int64_t LaborSum() const;
-  std::int64_t PartsSum() const;
   void SetSurchargeLine(const struct SurchargeTable& table, Cents amount);
 
   Workbench& bench_;
+  const EstimateLines& lines_;
 };
 
-// A rate on a sum of cents, to a whole cent: millionths of it, or, negative, a flat amount. Nothing without a sum.
+// A rate on a sum of cents, to a whole cent, halves to even: millionths of it, or, negative, a flat amount. Nothing
+// without a sum. What doesn't fit ends the event: std::overflow_error.
 Cents SurchargeOn(std::int64_t sum, Millionths rate);
 
 }  // namespace lantos

@@ -23,7 +23,7 @@ bool IsSnapshotOf(const de::VehicleSnapshot& snapshot, const VehicleRecord& reco
 de::VehicleSnapshot SnapshotIn(const Estimate& estimate);
 void PutSnapshot(Estimate& estimate, const de::VehicleSnapshot& snapshot);
 
-// Fill columns that have just been added to every row of Estimates. Both throw when the operator gives up on a
+// Fill columns that have just been added to every row of Estimates. Both throw when the person gives up on a
 // vehicle or customer file; rows done so far stay done, and a later start doesn't take the work up again.
 
 // All nine, from the vehicle that the row is linked to.

@@ -5,7 +5,7 @@
 
 namespace lantos {
 
-// The failures of file calls, numbered as the operators know them.
+// The failures of file calls, numbered as people at the counter know them.
 enum class FileErrorNumber {
   FileNotFound = 53,
   DeviceIo = 57,

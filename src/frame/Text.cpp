@@ -163,20 +163,24 @@ double Val(std::string_view text) {
 
 namespace {
 
-// The number in plain form, or empty when the text is none.
-std::string PlainNumber(std::string_view text) {
-  std::string_view rest = TrimView(text);
+// What stands around the digits: brackets, a sign in front or behind, a dollar sign. Each once, in any order.
+struct Unsigned {
+  std::string_view digits;
   bool negative = false;
+};
+Unsigned TakeSigns(std::string_view text) {
+  Unsigned number{TrimView(text)};
+  std::string_view& rest = number.digits;
   if (rest.size() >= 2 && rest.front() == '(' && rest.back() == ')') {
-    negative = true;
+    number.negative = true;
     rest = TrimView(rest.substr(1, rest.size() - 2));
   }
-  bool sawSign = negative;
+  bool sawSign = number.negative;
   bool sawDollar = false;
   for (bool more = true; more && !rest.empty();) {
     more = false;
     if (!sawSign && (rest.front() == '-' || rest.front() == '+')) {
-      negative = rest.front() == '-';
+      number.negative = rest.front() == '-';
       sawSign = more = true;
     } else if (!sawDollar && rest.front() == '$') {
       sawDollar = more = true;
@@ -184,15 +188,21 @@ std::string PlainNumber(std::string_view text) {
     if (more) rest = TrimView(rest.substr(1));
   }
   if (!sawSign && !rest.empty() && (rest.back() == '-' || rest.back() == '+')) {
-    negative = rest.back() == '-';
+    number.negative = rest.back() == '-';
     rest = TrimView(rest.substr(0, rest.size() - 1));
   }
+  return number;
+}
+
+// The digits and the point at the head of a text, which are taken off it, commas between them left out. Empty when
+// there is no digit.
+std::string TakeDigits(std::string_view& text) {
   std::string plain;
   bool sawPoint = false;
   bool sawDigit = false;
   std::size_t i = 0;
-  for (; i < rest.size(); ++i) {
-    const char c = rest[i];
+  for (; i < text.size(); ++i) {
+    const char c = text[i];
     if (IsDigit(c)) {
       sawDigit = true;
       plain += c;
@@ -203,15 +213,28 @@ std::string PlainNumber(std::string_view text) {
       break;
     }
   }
-  if (!sawDigit) return {};
-  if (i < rest.size()) {
-    const std::string_view exponent = rest.substr(i);
-    const char mark = ToUpper(exponent[0]);
-    std::size_t digits = exponent.size() > 1 && (exponent[1] == '-' || exponent[1] == '+') ? 2 : 1;
-    if ((mark != 'E' && mark != 'D') || exponent.size() <= digits) return {};
-    if (exponent.find_first_not_of("0123456789", digits) != std::string_view::npos) return {};
-    plain += 'e';
-    plain += exponent[1] == '+' ? exponent.substr(2) : exponent.substr(1);
+  text = text.substr(i);
+  return sawDigit ? plain : std::string();
+}
+
+// "E" or "D" and its digits, as from_chars takes them; empty when the text is no exponent.
+std::string PlainExponent(std::string_view text) {
+  const char mark = ToUpper(text[0]);
+  const std::size_t digits = text.size() > 1 && (text[1] == '-' || text[1] == '+') ? 2 : 1;
+  if ((mark != 'E' && mark != 'D') || text.size() <= digits) return {};
+  if (text.find_first_not_of("0123456789", digits) != std::string_view::npos) return {};
+  return "e" + std::string(text[1] == '+' ? text.substr(2) : text.substr(1));
+}
+
+// The number in plain form, or empty when the text is none.
+std::string PlainNumber(std::string_view text) {
+  auto [rest, negative] = TakeSigns(text);
+  std::string plain = TakeDigits(rest);
+  if (plain.empty()) return {};
+  if (!rest.empty()) {
+    const std::string exponent = PlainExponent(rest);
+    if (exponent.empty()) return {};
+    plain += exponent;
   }
   return (negative ? "-" : "") + plain;
 }

@@ -5,7 +5,6 @@
 #include "estimatedb/EstimateDatabase.h"
 #include "printing/ReportLines.h"
 #include "records/Customers.h"
-#include "records/MakesModels.h"
 #include "shop/Records.h"
 #include "ui/Report.h"
 

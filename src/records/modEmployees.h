@@ -55,6 +55,11 @@ class modEmployees {
   // The names, sorted by number, read from the file afresh.
   std::vector<EmployeeName> LoadEmployeeList();
   void LoadEmployees();
+  // The table as given, of a shop that has no file yet.
+  void SetEmployees(std::vector<EmployeeRecord> employees) {
+    employees_ = std::move(employees);
+    loaded_ = true;
+  }
   // Rewrites the whole file without the records that are to be dropped; not safe against a reader meanwhile. Does
   // nothing when the table isn't loaded, and leaves it unloaded.
   void SaveEmployees();

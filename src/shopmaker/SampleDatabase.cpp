@@ -24,7 +24,7 @@ void AppendVehicleColumns(const SampleShop& shop, const SampleEstimate& estimate
     for (int i = 0; i < 9; ++i) values.emplace_back(std::string(" "));
     return;
   }
-  const VehicleRecord& record = shop.vehicles[static_cast<std::size_t>(estimate.vehicle) / VehicleRecord::kLength];
+  const VehicleRecord& record = shop.vehicles[IndexOf(estimate.vehicle)];
   const FileDate seen = record.Get(vehicle::Date);
   for (const TextField field : {vehicle::Year, vehicle::Make, vehicle::Model, vehicle::VIN, vehicle::LicenseNumber}) {
     values.emplace_back(OrBlank(record.Get(field)));

@@ -20,6 +20,12 @@ void ImagineLists(SampleShop& shop, const SampleOptions& options);
 void ImagineSchedule(SampleShop& shop, const SampleOptions& options);
 void ImagineEstimates(SampleShop& shop, const SampleOptions& options);
 
+// Pays no tax.
+inline bool IsFleet(const SampleShop& shop, std::size_t customer) {
+  return !shop.customers[customer].View(customer::tax_id_number).empty();
+}
+inline std::size_t IndexOf(FileLink vehicle) { return static_cast<std::size_t>(vehicle) / VehicleRecord::kLength; }
+
 // Mechanic hours of a day: the special day's, or the weekday's.
 std::int32_t AvailableOn(const SampleShop& shop, DaySerial day);
 

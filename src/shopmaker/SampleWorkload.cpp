@@ -37,7 +37,7 @@ std::string JoinLines(const std::string_view* begin, const std::string_view* end
 
 std::string_view MakeOf(const SampleShop& shop, const SampleEstimate& estimate) {
   if (estimate.vehicle == kNoLink) return {};
-  return shop.vehicles[static_cast<std::size_t>(estimate.vehicle) / VehicleRecord::kLength].View(vehicle::Make);
+  return shop.vehicles[IndexOf(estimate.vehicle)].View(vehicle::Make);
 }
 
 void AddPart(Random& random, const SampleShop& shop, const PartShelf& shelf, const JobPart& wanted,

@@ -15,7 +15,7 @@ void ProcessCommandLine(Environment& environment, const std::string& commandLine
 std::string StoredDataDir(const Environment& environment);
 
 // Finds the data directory through the main application's setting, asking where there is none, and makes sure that
-// it holds the scheduler's database. False when the operator gave up.
+// it holds the scheduler's database. False when the person gave up.
 bool ResolveDataDir(Environment& environment, ui::Desktop& desktop);
 
 }  // namespace lantos

@@ -8,7 +8,7 @@ Control::Control(Form& form, std::string name, int index) : form_(form), name_(s
   form_.Register(*this);
 }
 
-Control::~Control() { form_.Forget(*this); }
+Control::~Control() { static_cast<TabOrder&>(form_).Forget(*this); }
 
 std::string Control::FullName() const { return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")"; }
 
@@ -31,35 +31,6 @@ void Control::SetEnabled(bool enabled) {
 bool Control::IsShown() const { return visible_ && (container_ == nullptr || container_->IsShown()); }
 
 bool Control::IsUsable() const { return visible_ && enabled_ && (container_ == nullptr || container_->IsUsable()); }
-
-void Control::SetToolTip(std::string text) {
-  toolTip_ = std::move(text);
-  Changed(Aspect::ToolTip);
-}
-
-void Control::SetBackColor(std::optional<Color> color) {
-  if (backColor_ == color) return;
-  backColor_ = color;
-  Changed(Aspect::Look);
-}
-
-void Control::SetBold(bool bold) {
-  if (bold_ == bold) return;
-  bold_ = bold;
-  Changed(Aspect::Look);
-}
-
-void Control::SetFontSize(int points) {
-  if (fontSize_ == points) return;
-  fontSize_ = points;
-  Changed(Aspect::Look);
-}
-
-void Control::SetFace(FontFace face) {
-  if (face_ == face) return;
-  face_ = face;
-  Changed(Aspect::Look);
-}
 
 bool Control::HasFocus() const { return form_.Focus() == this; }
 

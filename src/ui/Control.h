@@ -5,16 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "ui/ControlLook.h"
 #include "ui/Key.h"
-#include "ui/Look.h"
 
 namespace lantos::ui {
 
 class Form;
 class Frame;
-
-// What of a control has changed, for whoever shows it.
-enum class Aspect { Text, Caption, Value, Rows, Selection, Shown, Enabled, Look, ToolTip, Date };
 
 // The pixels of a control, if it has any.
 class ControlPeer {
@@ -29,10 +26,10 @@ class ControlPeer {
 // Setters are for code: they fire what the platform fires for a change from code. The Do… procedures are for the
 // person's hand: they do what the platform does for a click or a key, events included, and expect that the control
 // is shown and enabled. Both desktops come in through them.
-class Control {
+class Control : public ControlLook {
  public:
   Control(Form& form, std::string name, int index = -1);
-  virtual ~Control();
+  ~Control() override;
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
@@ -50,19 +47,6 @@ class Control {
   void SetEnabled(bool enabled);
   bool IsShown() const;   // itself and everything around it
   bool IsUsable() const;  // shown and enabled, itself and everything around it
-
-  const std::string& ToolTip() const { return toolTip_; }
-  void SetToolTip(std::string text);
-  const std::string& Tag() const { return tag_; }
-  void SetTag(std::string text) { tag_ = std::move(text); }
-  const std::optional<Color>& BackColor() const { return backColor_; }
-  void SetBackColor(std::optional<Color> color);
-  bool Bold() const { return bold_; }
-  void SetBold(bool bold);
-  int FontSize() const { return fontSize_; }  // points; 0 leaves it to the theme
-  void SetFontSize(int points);
-  FontFace Face() const { return face_; }
-  void SetFace(FontFace face);
 
   virtual bool TakesFocus() const { return false; }
   bool TabStop() const { return tabStop_; }
@@ -90,7 +74,7 @@ class Control {
   ControlPeer* Peer() const { return peer_; }
 
  protected:
-  void Changed(Aspect aspect);
+  void Changed(Aspect aspect) override;
   void FireClick();
 
  private:
@@ -100,14 +84,8 @@ class Control {
   Frame* container_ = nullptr;
   bool visible_ = true;
   bool enabled_ = true;
-  bool bold_ = false;
   bool tabStop_ = true;
   bool causesValidation_ = true;
-  int fontSize_ = 0;
-  FontFace face_ = FontFace::Normal;
-  std::string toolTip_;
-  std::string tag_;
-  std::optional<Color> backColor_;
   ControlPeer* peer_ = nullptr;
 };
 

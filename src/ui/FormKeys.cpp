@@ -1,7 +1,8 @@
+#include "ui/FormKeys.h"
+
 #include <algorithm>
 
 #include "frame/Text.h"
-#include "ui/Form.h"
 
 // The platform's part of the keyboard, for desktops that have no window system to do it.
 namespace lantos::ui {
@@ -50,20 +51,26 @@ int StepOf(const KeyPress& key) {
 
 }  // namespace
 
-void Form::PreviewKey(KeyPress& key) {
+void FormKeys::Forget(Control& control) {
+  TabOrder::Forget(control);
+  if (defaultButton_ == &control) defaultButton_ = nullptr;
+  if (cancelButton_ == &control) cancelButton_ = nullptr;
+}
+
+void FormKeys::PreviewKey(KeyPress& key) {
   Run([&] { OnKeyDown(key); });
-  if (key.cleared || !visible_ || focus_ == nullptr) return;
+  if (key.cleared || !Visible() || Focus() == nullptr) return;
   Run([&] {
-    if (focus_->OnKeyDown) focus_->OnKeyDown(key);
+    if (Focus()->OnKeyDown) Focus()->OnKeyDown(key);
   });
 }
 
-void Form::PressKey(KeyPress key) {
+void FormKeys::PressKey(KeyPress key) {
   PreviewKey(key);
-  if (!key.cleared && visible_) PlatformKey(key);
+  if (!key.cleared && Visible()) PlatformKey(key);
 }
 
-void Form::PlatformKey(const KeyPress& key) {
+void FormKeys::PlatformKey(const KeyPress& key) {
   if (key.IsAlt("F4")) return DoClose();
   if (key.alt && !key.control && key.key.size() == 1) {
     PressMnemonic(key.key[0]);
@@ -72,23 +79,32 @@ void Form::PlatformKey(const KeyPress& key) {
   } else if (key.Is("Esc")) {
     if (cancelButton_ != nullptr && cancelButton_->IsUsable()) cancelButton_->DoClick();
   } else if (key.Is("Enter")) {
-    if (auto* page = dynamic_cast<TextBox*>(focus_); page != nullptr && page->MultiLine()) return BreakLine(*page);
-    auto* focused = dynamic_cast<Button*>(focus_);
-    Button* button = focused != nullptr ? focused : defaultButton_;
-    if (button != nullptr && button->IsUsable()) button->DoClick();
+    PressEnter();
   } else if (key.Is("Space")) {
-    const bool toggles = dynamic_cast<Button*>(focus_) != nullptr || dynamic_cast<CheckBox*>(focus_) != nullptr ||
-                         dynamic_cast<OptionButton*>(focus_) != nullptr;
-    if (toggles && focus_->IsUsable()) focus_->DoClick();
+    PressSpace();
   } else if (const int step = StepOf(key)) {
-    if (auto* rows = dynamic_cast<RowControl*>(focus_)) StepRow(*rows, step);
-    if (auto* grid = dynamic_cast<Grid*>(focus_)) StepRow(*grid, step);
+    if (auto* rows = dynamic_cast<RowControl*>(Focus())) StepRow(*rows, step);
+    if (auto* grid = dynamic_cast<Grid*>(Focus())) StepRow(*grid, step);
   }
 }
 
-bool Form::PressMnemonic(char letter) {
+void FormKeys::PressEnter() {
+  if (auto* page = dynamic_cast<TextBox*>(Focus()); page != nullptr && page->MultiLine()) return BreakLine(*page);
+  auto* focused = dynamic_cast<Button*>(Focus());
+  Button* button = focused != nullptr ? focused : defaultButton_;
+  if (button != nullptr && button->IsUsable()) button->DoClick();
+}
+
+void FormKeys::PressSpace() {
+  Control* focus = Focus();
+  const bool toggles = dynamic_cast<Button*>(focus) != nullptr || dynamic_cast<CheckBox*>(focus) != nullptr ||
+                       dynamic_cast<OptionButton*>(focus) != nullptr;
+  if (toggles && focus->IsUsable()) focus->DoClick();
+}
+
+bool FormKeys::PressMnemonic(char letter) {
   bool labelHit = false;
-  for (Control* control : controls_) {
+  for (Control* control : Controls()) {
     if (labelHit && control->TakesFocus() && control->IsUsable()) {
       MoveFocus(control);
       return true;

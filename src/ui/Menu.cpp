@@ -48,4 +48,16 @@ void MenuItem::Changed() {
   if (OnChanged) OnChanged();
 }
 
+MenuItem& MenuBar::AddMenu(std::string name, std::string caption) {
+  menus_.push_back(std::make_unique<MenuItem>(form_, std::move(name), std::move(caption)));
+  return *menus_.back();
+}
+
+MenuItem* MenuBar::FindMenu(const std::string& fullName) const {
+  for (const auto& menu : menus_) {
+    if (MenuItem* found = menu->Find(fullName)) return found;
+  }
+  return nullptr;
+}
+
 }  // namespace lantos::ui

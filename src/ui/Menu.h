@@ -46,4 +46,19 @@ class MenuItem {
   std::vector<std::unique_ptr<MenuItem>> items_;
 };
 
+// The menus of a form: those on its bar, and those that only pop up (their own entries invisible on the bar).
+class MenuBar {
+ public:
+  MenuItem& AddMenu(std::string name, std::string caption);
+  const std::vector<std::unique_ptr<MenuItem>>& Menus() const { return menus_; }
+  MenuItem* FindMenu(const std::string& fullName) const;  // an entry of any of them; null when there is none
+
+ protected:
+  explicit MenuBar(Form& form) : form_(form) {}
+
+ private:
+  Form& form_;
+  std::vector<std::unique_ptr<MenuItem>> menus_;
+};
+
 }  // namespace lantos::ui

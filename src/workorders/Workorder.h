@@ -23,6 +23,9 @@ inline std::string CutToField(std::string_view text, std::size_t width) {
   return TrimNull(text.substr(0, std::min(text.find('\0'), width - 1)));
 }
 
+// Quantities of work orders and stock have 16 bits; std::overflow_error for more.
+std::int16_t WoQuantity(std::int64_t value);
+
 struct WoPartLine {
   static constexpr std::size_t kNumberWidth = 21;
   static constexpr std::size_t kDescriptionWidth = 39;

@@ -29,6 +29,8 @@ struct TextSurroundings {
 // All sections in order, with their headings and empty lines. Sublets, waste and credits are summed up anew first, and
 // a split payment without a date is dated today. A sum that 32 bits can't hold is std::overflow_error.
 std::vector<std::string> WorkorderLines(Workorder& workorder, const TextSurroundings& around);
+// The same with their line ends, as they stand in the archive. The text of an active one has a NUL behind them.
+std::string WorkorderText(Workorder& workorder, const TextSurroundings& around);
 
 // Reads sections into a work order that has been cleared. Nothing in a text is an error: what is missing or blank stays
 // as cleared, what can't be understood is passed over.

@@ -216,4 +216,13 @@ std::vector<std::string> WorkorderLines(Workorder& workorder, const TextSurround
   return Writer(workorder, around).Lines();
 }
 
+std::string WorkorderText(Workorder& workorder, const TextSurroundings& around) {
+  std::string text;
+  for (const std::string& line : WorkorderLines(workorder, around)) {
+    text += line;
+    text += "\r\n";
+  }
+  return text;
+}
+
 }  // namespace lantos

@@ -5,6 +5,7 @@
 #include "records/OpenedFile.h"
 #include "records/Vehicles.h"
 #include "shop/KeptRecords.h"
+#include "workorders/TagOfWorkorder.h"
 
 namespace lantos {
 
@@ -12,11 +13,6 @@ namespace {
 
 constexpr std::string_view kLocked = "File locked by another user.";
 constexpr std::size_t kNumberDigits = 6;
-
-template <std::size_t Length>
-void PutText(Record<Length>& tag, TextField field, std::string_view text) {
-  tag.Put(field, text.substr(0, std::min<std::size_t>(text.find('\0'), field.width - 1)));
-}
 
 template <std::size_t Length>
 bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::int64_t position, Record<Length>& tag,
@@ -181,29 +177,16 @@ std::string Workorders::FileNameOf(std::int32_t workorderNumber) {
 }
 
 void Workorders::WriteActiveWoTag() {
-  ActiveWoTag& tag = CurrentActiveTag;
-  const CustomerRecord& owner = Current.Customer;
-  tag.Put(wotag::WorkorderNumber, Current.WorkorderNumber);
-  PutText(tag, wotag::CustomerName, owner.Get(customer::Lastname) + "," + owner.Get(customer::Firstname));
-  tag.Put(wotag::CustomerNumber, owner.Get(customer::Number));
-  PutText(tag, wotag::VIN, Current.Vehicle.View(vehicle::VIN));
-  PutText(tag, wotag::LicenseNumber, Current.Vehicle.View(vehicle::LicenseNumber));
-  tag.Put(wotag::Status, WoStatusCode(Current.Status, tag.Get(wotag::Status)));
-  tag.Put(wotag::Type, WoTypeCode(Current.Type));
-  tag.Put(wotag::TaxExempt, owner.View(customer::tax_id_number).empty() ? 0 : 1);
-  std::copy(Current.Totals.Bytes().begin(), Current.Totals.Bytes().end(), tag.Bytes().begin() + wotag::Totals.offset);
-  PutText(tag, wotag::FileName, FileNameOf(Current.WorkorderNumber));
+  PutIntoTag(Current, CurrentActiveTag);
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenActiveTags(environment_, Access::Write));
-  file->Append(tag.Bytes(), ActiveWoTag::kLength);
+  file->Append(CurrentActiveTag.Bytes(), ActiveWoTag::kLength);
   file.Close();
   environment_.files.FlushFile(std::string(kActiveTagFile));
 }
 
 bool Workorders::WriteArchivedWoTag() {
-  ArchivedWoTag& tag = CurrentArchivedTag;
-  std::copy_n(CurrentActiveTag.Bytes().begin(), wotag::MasterOffset.offset, tag.Bytes().begin());
-  tag.Put(wotag::MasterOffset, kNoLink);
+  PutIntoTag(CurrentActiveTag, kNoLink, CurrentArchivedTag);
   const std::string name(kArchivedTagFile);
   if (environment_.files.Length(name) % ArchivedWoTag::kLength != 0) {
     desktop_.Tell("Archived WO Tag File has invalid size", "WriteArchivedWoTag(" + name + ")");
@@ -214,12 +197,12 @@ bool Workorders::WriteArchivedWoTag() {
       file.TakeOver(OpenArchivedTags(environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
       environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) +
                              ")");
-      file->Append(tag.Bytes());
+      file->Append(CurrentArchivedTag.Bytes());
       file.Close();
       environment_.files.FlushFile(name);
       return true;
     } catch (const FileError&) {
-      file.Close();  // nobody is kept waiting while the operator thinks
+      file.Close();  // nobody is kept waiting while the person thinks
       if (desktop_.Ask("Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
                        "WriteArchivedWoTag(" + name + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
         return false;
@@ -229,9 +212,7 @@ bool Workorders::WriteArchivedWoTag() {
 }
 
 void Workorders::WriteWorkorderFile() {
-  std::string text;
-  for (const std::string& line : WorkorderLines(Current, Around())) text += line + "\r\n";
-  text += '\0';
+  const std::string text = WorkorderText(Current, Around()) + '\0';
   OpenedFile file(environment_.openFiles, FileNameOf(Current.WorkorderNumber), Access::Write, Deny::All);
   file->WriteAt(0, std::as_bytes(std::span(text)));
   file->Truncate(text.size());

@@ -9,10 +9,9 @@ void LaborAddCanned(Workbench& bench, LaborLines& labor, PartLines& parts) {
   frmCanLaborList list(bench);
   list.ShowModal();
   if (!list.Picked()) return;
-  labor.CurrentLabor = list.CurrentLabor;
-  if (!labor.EditLaborLine()) return;
-  std::int32_t number = LaborLines::kNextNumber;
-  labor.AddLaborLine(number);
+  WoLaborLine line = list.CurrentLabor;
+  if (!labor.EditLaborLine(line)) return;
+  labor.AddLaborLine(line);
   OfferLaborKit(bench, parts, list.PickedCode);
 }
 

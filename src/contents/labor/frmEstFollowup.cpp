@@ -52,8 +52,8 @@ void frmEstFollowup::Accept() {
 
 void frmEstFollowup::TakeUp(Followup& followup, Followups::Using& file) {
   const FollowupRecord& record = followup.record;
-  labor_.ClearLaborLine(record.Get(followup::Rate));
-  WoLaborLine& line = labor_.CurrentLabor;
+  WoLaborLine line;
+  line.Rate = record.Get(followup::Rate);
   const Environment& environment = bench_.shop.environment;
   if (environment.shopOptions.LaborDateOption) line.Date = FormatDate(environment.Today()) + " ";
   line.Mechanic = record.Get(followup::Mechanic);
@@ -61,8 +61,7 @@ void frmEstFollowup::TakeUp(Followup& followup, Followups::Using& file) {
   line.Total = record.Get(followup::Total);
   line.Desc = SplitLaborText(record.Get(followup::Description));
   for (std::string& text : line.Desc) text = Left(text, kLaborLineWidth);
-  std::int32_t number = LaborLines::kNextNumber;
-  labor_.AddLaborLine(number);
+  labor_.AddLaborLine(line);
   file.UseUp(followup);
 }
 

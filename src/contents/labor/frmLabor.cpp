@@ -249,7 +249,7 @@ void frmLabor::Accept() {
     return;
   }
   StoreLine();
-  ok = true;
+  saved_ = true;
   Hide();
 }
 

@@ -43,7 +43,7 @@ class frmLabor : public OkCancelForm {
 
   // False when no list of employees could be built: the screen isn't shown then.
   bool HasEmployees() const { return hasEmployees_; }
-  bool ok = false;
+  bool Saved() const { return saved_; }
 
  private:
   void OnLoad() override;
@@ -82,6 +82,7 @@ class frmLabor : public OkCancelForm {
   std::array<std::string, 8> description_;  // as it will be stored
   FollowupFields followupAtLoad_;
   bool hasEmployees_ = false;
+  bool saved_ = false;
   bool showing_ = false;  // the fields are being filled
   bool changed_ = false;
   bool switching_ = false;  // a box is being put back

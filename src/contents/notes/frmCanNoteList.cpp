@@ -14,11 +14,20 @@ constexpr ui::Twips kWidth = 7500;
 constexpr ui::Twips kHeight = 5400;
 constexpr std::string_view kIndent = "    ";
 
+std::vector<std::string> RowsOf(const Note& note) {
+  std::vector<std::string> rows = {Left(note[0], kNoteLineWidth)};
+  for (std::size_t line = 1; line < note.size(); ++line) {
+    if (!note[line].empty()) rows.push_back(std::string(kIndent) + note[line]);
+  }
+  return rows;
+}
+
 }  // namespace
 
 frmCanNoteList::frmCanNoteList(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmCanNoteList", "Canned Notes List"),
-      shop_(shop) {
+      shop_(shop),
+      notes_(CanList, RowsOf, NumberAt::EveryRow, 0) {
   SetDesignedSize(kWidth, kHeight);
   CanList.SetFace(ui::FontFace::FixedPitch);
   CanList.OnDoubleClick = [this] { Accept(); };
@@ -38,8 +47,9 @@ frmCanNoteList::frmCanNoteList(Shop& shop)
 
 void frmCanNoteList::OnLoad() {
   SizedForm::OnLoad();
-  notes_ = LoadCannedNotes(shop_.environment);
-  ShowNotes(0);
+  std::int32_t place = 0;
+  for (const Note& note : LoadCannedNotes(shop_.environment)) List(place++, note);
+  notes_.Select(0);
 }
 
 void frmCanNoteList::OnKeyDown(ui::KeyPress& key) {
@@ -53,56 +63,45 @@ void frmCanNoteList::OnKeyDown(ui::KeyPress& key) {
   SizedForm::OnKeyDown(key);
 }
 
-void frmCanNoteList::ShowNotes(int selected) {
-  CanList.Clear();
-  for (std::size_t i = 0; i < notes_.size(); ++i) {
-    const Note& note = notes_[i];
-    if (IsDeleted(note)) continue;
-    const auto index = static_cast<std::int32_t>(i);
-    CanList.AddItem(Left(note[0], kNoteLineWidth), index);
-    for (std::size_t line = 1; line < note.size(); ++line) {
-      if (!note[line].empty()) CanList.AddItem(std::string(kIndent) + note[line], index);
-    }
-  }
-  const int row = CanList.FindData(selected);
-  if (row >= 0) CanList.SetListIndex(row);
+// A note whose first line is the mark of the deleted ones is gone.
+void frmCanNoteList::List(std::int32_t place, const Note& note) {
+  notes_.Reserve(place);
+  if (IsDeleted(note)) return notes_.Remove(place);
+  notes_.Put(place, note);
 }
 
-int frmCanNoteList::SelectedNote() {
-  if (CanList.ListIndex() >= 0) return CanList.ItemData(CanList.ListIndex());
-  shop_.desktop.Tell("Must select entry in list.", Caption());
-  return -1;
+std::optional<std::int32_t> frmCanNoteList::SelectedNote() {
+  const std::optional<std::int32_t> place = notes_.Selected();
+  if (!place) shop_.desktop.Tell("Must select entry in list.", Caption());
+  return place;
 }
 
 void frmCanNoteList::Add() {
   frmNotes editor(shop_, NoteMode::OfTheList, {});
   editor.ShowModal();
-  if (!editor.Saved()) return;
-  notes_.push_back(editor.CurrentNote);
-  changed_ = true;
-  ShowNotes(static_cast<int>(notes_.size()) - 1);
+  if (editor.Saved()) Keep(notes_.NextNumber(), editor.CurrentNote);
 }
 
 void frmCanNoteList::Edit() {
-  const int index = SelectedNote();
-  if (index < 0) return;
-  Note& note = notes_[static_cast<std::size_t>(index)];
-  frmNotes editor(shop_, NoteMode::OfTheList, note);
+  const std::optional<std::int32_t> place = SelectedNote();
+  if (!place) return;
+  frmNotes editor(shop_, NoteMode::OfTheList, notes_[*place]);
   editor.ShowModal();
-  if (!editor.Saved()) return;
-  note = editor.CurrentNote;
+  if (editor.Saved()) Keep(*place, editor.CurrentNote);
+}
+
+void frmCanNoteList::Keep(std::int32_t place, const Note& note) {
+  List(place, note);
   changed_ = true;
-  ShowNotes(index);
+  notes_.Select(place);
 }
 
 void frmCanNoteList::Delete() {
-  const int index = SelectedNote();
-  if (index < 0) return;
-  Note& note = notes_[static_cast<std::size_t>(index)];
-  if (shop_.desktop.Ask("Delete " + note[0] + "?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  note[0] = kDeletedEntry;
+  const std::optional<std::int32_t> place = SelectedNote();
+  if (!place) return;
+  if (shop_.desktop.Ask("Delete " + notes_[*place][0] + "?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  notes_.Remove(*place);
   changed_ = true;
-  ShowNotes(-1);
 }
 
 void frmCanNoteList::Print() {
@@ -115,9 +114,9 @@ void frmCanNoteList::Print() {
 }
 
 void frmCanNoteList::Accept() {
-  const int index = SelectedNote();
-  if (index < 0) return;
-  CurrentNote = notes_[static_cast<std::size_t>(index)];
+  const std::optional<std::int32_t> place = SelectedNote();
+  if (!place) return;
+  CurrentNote = notes_[*place];
   SaveIfChanged();
   picked_ = true;
   Hide();
@@ -130,7 +129,9 @@ void frmCanNoteList::Cancel() {
 
 void frmCanNoteList::SaveIfChanged() {
   if (!changed_) return;
-  SaveCannedNotes(shop_.environment, notes_);
+  std::vector<Note> notes;
+  for (const auto& [place, note] : notes_.Lines()) notes.push_back(note);
+  SaveCannedNotes(shop_.environment, notes);
   changed_ = false;
 }
 

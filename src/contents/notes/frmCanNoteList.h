@@ -1,7 +1,6 @@
 #pragma once
 
-#include <vector>
-
+#include "contents/NumberedList.h"
 #include "contents/notes/NoteText.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
@@ -34,12 +33,13 @@ class frmCanNoteList : public SizedForm {
   void Edit();
   void Delete();
   void Print();
-  void ShowNotes(int selected);
-  int SelectedNote();  // -1 when there is none, which has been told
+  void List(std::int32_t place, const Note& note);
+  void Keep(std::int32_t place, const Note& note);
+  std::optional<std::int32_t> SelectedNote();  // nothing when there is none, which has been told
   void SaveIfChanged();
 
   Shop& shop_;
-  std::vector<Note> notes_;
+  NumberedList<Note> notes_;  // by their place in the file as it was loaded, from 0
   bool changed_ = false;
   bool picked_ = false;
 };

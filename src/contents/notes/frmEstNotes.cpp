@@ -1,9 +1,6 @@
 #include "contents/notes/frmEstNotes.h"
 
-#include <algorithm>
-
 #include "contents/notes/frmCanNoteList.h"
-#include "contents/notes/frmNotes.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -26,16 +23,26 @@ Note ReadNote(const Recordset& row) {
   return note;
 }
 
+// The first line has its row without a text too, so that the note can be removed.
+std::vector<std::string> RowsOf(const Note& note) {
+  std::vector<std::string> rows = {std::string(kFirstRow) + note[0]};
+  for (std::size_t i = 1; i < note.size(); ++i) {
+    if (!note[i].empty()) rows.push_back(std::string(kOtherRows) + note[i]);
+  }
+  return rows;
+}
+
 }  // namespace
 
 frmEstNotes::frmEstNotes(Workbench& bench)
     : SizedForm(bench.shop.desktop, bench.shop.keys, bench.shop.environment.settings, "frmEstNotes", "Estimate Notes"),
-      bench_(bench) {
+      bench_(bench),
+      notes_(listNotes, RowsOf) {
   SetDesignedSize(kWidth, kHeight);
   listNotes.SetFace(ui::FontFace::FixedPitch);
   listNotes.OnDoubleClick = [this] { Change(); };
   UseButtons(cmdClose, cmdClose);
-  cmdAdd.OnClick = [this] { Add({}, false); };
+  cmdAdd.OnClick = [this] { Add({}, NoteMode::EstimateNote); };
   cmdCanned.OnClick = [this] { AddCanned(); };
   cmdChange.OnClick = [this] { Change(); };
   cmdRemove.OnClick = [this] { Remove(); };
@@ -50,16 +57,15 @@ frmEstNotes::frmEstNotes(Workbench& bench)
 void frmEstNotes::OnLoad() {
   SizedForm::OnLoad();
   Recordset& stored = bench_.Data().NotesForEstimate(bench_.Number());
-  for (; !stored.Eof(); stored.MoveNext()) notes_[stored.Long("NoteNumber")] = ReadNote(stored);
+  for (; !stored.Eof(); stored.MoveNext()) notes_.Put(stored.Long("NoteNumber"), ReadNote(stored));
   stored.Close();
-  if (!notes_.empty()) lastNoteNumber_ = notes_.rbegin()->first;
-  ShowNotes(notes_.empty() ? 0 : notes_.begin()->first);
+  if (!notes_.Lines().empty()) notes_.Select(notes_.Lines().begin()->first);
 }
 
 void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
   if (key.Is("Insert")) {
     key.Clear();
-    Add({}, false);
+    Add({}, NoteMode::EstimateNote);
   } else if (key.Is("Delete")) {
     key.Clear();
     Remove();
@@ -68,74 +74,52 @@ void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
   }
 }
 
-void frmEstNotes::ShowNotes(std::int32_t selected) {
-  listNotes.Clear();
-  int selectedRow = -1;
-  for (const auto& [number, note] : notes_) {
-    // Shown without a text too, so that it can be removed.
-    const int row = listNotes.AddItem(std::string(kFirstRow) + note[0], number);
-    if (number == selected) selectedRow = row;
-    for (std::size_t i = 1; i < note.size(); ++i) {
-      if (!note[i].empty()) listNotes.AddItem(std::string(kOtherRows) + note[i]);
-    }
-  }
-  if (selectedRow >= 0) listNotes.SetListIndex(selectedRow);
-}
-
-std::int32_t frmEstNotes::SelectedNote() const {
-  int row = listNotes.ListIndex();
-  while (row > 0 && !listNotes.List(row).starts_with(kFirstRow)) --row;
-  return row < 0 ? 0 : listNotes.ItemData(row);
-}
-
 void frmEstNotes::Store(std::int32_t number, const Note& note) {
   bench_.Data().Connection().Together([&] {
-    if (notes_.contains(number)) bench_.Data().DeleteNote(bench_.Number(), number);
+    if (notes_.Contains(number)) bench_.Data().DeleteNote(bench_.Number(), number);
     bench_.Data().AddNote(std::to_string(bench_.Number()), std::to_string(number),
                           std::vector<std::string>(note.begin(), note.end()));
   });
-  notes_[number] = note;
-  lastNoteNumber_ = std::max(lastNoteNumber_, number);
-  ShowNotes(number);
+  notes_.Put(number, note);
+  notes_.Select(number);
   listNotes.SetFocus();
 }
 
-void frmEstNotes::Add(const Note& note, bool canned) {
-  frmNotes editor(bench_.shop, canned ? NoteMode::OnItsWay : NoteMode::EstimateNote, note);
+void frmEstNotes::Add(const Note& note, NoteMode mode) {
+  frmNotes editor(bench_.shop, mode, note);
   editor.ShowModal();
   if (!editor.Saved()) return;
-  Store(lastNoteNumber_ + 1, editor.CurrentNote);
+  Store(notes_.NextNumber(), editor.CurrentNote);
 }
 
 void frmEstNotes::AddCanned() {
   frmCanNoteList list(bench_.shop);
   list.ShowModal();
-  if (list.Picked()) Add(list.CurrentNote, true);
+  if (list.Picked()) Add(list.CurrentNote, NoteMode::OnItsWay);
 }
 
 void frmEstNotes::Change() {
-  const std::int32_t number = SelectedNote();
-  if (number == 0) {
+  const std::optional<std::int32_t> number = notes_.Selected();
+  if (!number) {
     bench_.shop.desktop.Tell("Must select a note to change.", "Change Note");
     return;
   }
-  frmNotes editor(bench_.shop, NoteMode::EstimateNote, notes_.at(number));
+  frmNotes editor(bench_.shop, NoteMode::EstimateNote, notes_[*number]);
   editor.ShowModal();
   if (!editor.Saved()) return;
-  Store(number, editor.CurrentNote);
+  Store(*number, editor.CurrentNote);
 }
 
 void frmEstNotes::Remove() {
-  const std::int32_t number = SelectedNote();
-  if (number == 0) {
+  const std::optional<std::int32_t> number = notes_.Selected();
+  if (!number) {
     bench_.shop.desktop.Tell("You must select a note in order to remove it.", "Remove Note");
     return;
   }
-  const std::string question = "Remove\r    " + notes_.at(number)[0] + "\rfrom this estimate?";
+  const std::string question = "Remove\r    " + notes_[*number][0] + "\rfrom this estimate?";
   if (bench_.shop.desktop.Ask(question, "Remove Note", ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  bench_.Data().DeleteNote(bench_.Number(), number);
-  notes_.erase(number);
-  ShowNotes(0);
+  bench_.Data().DeleteNote(bench_.Number(), *number);
+  notes_.Remove(*number);
   listNotes.SetFocus();
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <map>
-
+#include "contents/NumberedList.h"
 #include "contents/Workbench.h"
 #include "contents/notes/NoteText.h"
+#include "contents/notes/frmNotes.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -25,18 +25,15 @@ class frmEstNotes : public SizedForm {
   void OnKeyDown(ui::KeyPress& key) override;
   void Accept() override { Hide(); }
 
-  void Add(const Note& note, bool canned);
+  void Add(const Note& note, NoteMode mode);
   void AddCanned();
   void Change();
   void Remove();
   // Under that number, in place of the note that has it.
   void Store(std::int32_t number, const Note& note);
-  void ShowNotes(std::int32_t selected);
-  std::int32_t SelectedNote() const;  // 0 when no row is selected
 
   Workbench& bench_;
-  std::map<std::int32_t, Note> notes_;  // behind the rows, by number
-  std::int32_t lastNoteNumber_ = 0;     // the highest there has been; a removed one isn't given again
+  NumberedList<Note> notes_;
 };
 
 // The notes of the estimate on show.

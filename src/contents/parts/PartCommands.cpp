@@ -39,10 +39,10 @@ void PartLines::Add() {
 
 // The part in the working records, through its screen. False when the person left it.
 bool PartLines::AddStockPart() {
-  frmWOPart form(bench_, "Add Part to Estimate", {true, false});
+  frmWOPart form(bench_, "Add Part to Estimate", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
   form.ShowModal();
   if (!form.Saved()) return false;
-  AddPartLine(form.Line(), true);
+  AddPartLine(form.Line(), Choosing::ItsRow);
   if (Stock().CurrentInv.Get(inventory::HasWaste) == 1) AddDisposalFee();
   return true;
 }
@@ -70,13 +70,13 @@ void PartLines::AddDisposalFee() {
 
 void PartLines::AddNonStock() {
   UsePriceLevelOfCustomer();
-  frmWOPart form(bench_, "Add Non-Stocked Part", {true, true});
+  frmWOPart form(bench_, "Add Non-Stocked Part", frmWOPart::Task::Add, frmWOPart::Kind::NonStock);
   form.ShowModal();
   if (!form.Saved()) return;
   PartLine line = form.Line();
   line.partNumber = ToUpper(line.partNumber);
   line.description = ToUpper(line.description);
-  AddPartLine(line, true);
+  AddPartLine(line, Choosing::ItsRow);
   surcharge_.ApplySurcharge();
   bench_.estimate.RefreshTotals();
 }
@@ -92,7 +92,8 @@ void PartLines::Change() {
   const Inventory::PartIndex index = Stock().FindPart(line.partNumber);
   FileLink offset = kNoLink;
   const bool inStock = index != Inventory::kNoPart && Stock().ReadInventory(offset, index);
-  frmWOPart form(bench_, "Change Part for Estimate", {false, !inStock});
+  frmWOPart form(bench_, "Change Part for Estimate", frmWOPart::Task::Change,
+                 inStock ? frmWOPart::Kind::Stocked : frmWOPart::Kind::NonStock);
   form.SetLine(line);
   form.ShowModal();
   if (!form.Saved()) return;
@@ -140,8 +141,8 @@ void PartLines::AddKitLines() {
   const PartLine kit = form.Line();
   std::vector<PartLine> components;
   for (const KitRow& row : form.Rows()) components.push_back(KitComponentLine(row, kit));
-  AddPartLine(kit, true);
-  for (const PartLine& component : components) AddPartLine(component, false);
+  AddPartLine(kit, Choosing::ItsRow);
+  for (const PartLine& component : components) AddPartLine(component, Choosing::NoRow);
   surcharge_.ApplySurcharge();
   bench_.estimate.RefreshTotals();
 }

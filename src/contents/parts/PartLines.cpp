@@ -9,16 +9,8 @@
 // The parts list and its rows in the database.
 namespace lantos {
 
-namespace {
-
-de::Part RowOf(const PartLine& line) {
-  return {line.partNumber, line.description, line.quantity, line.price, line.total, line.cost, line.list};
-}
-
-}  // namespace
-
 void PartLines::LoadPartList() {
-  lines_.clear();
+  ClearPartList();
   Recordset& parts = bench_.Data().PartsTable(std::to_string(bench_.Number()));
   for (; !parts.Eof(); parts.MoveNext()) {
     lines_.push_back(ReadPartLine(parts));
@@ -27,13 +19,16 @@ void PartLines::LoadPartList() {
   parts.Close();
 }
 
+void PartLines::ClearPartList() {
+  lines_.clear();
+  bench_.estimate.PartList().Clear();
+}
+
 void PartLines::ReloadList(std::string_view selected) {
-  ui::ListBox& list = bench_.estimate.PartList();
-  list.Clear();
   LoadPartList();
   for (std::size_t i = 0; i < lines_.size() && !selected.empty(); ++i) {
     if (!EqualsIgnoringCase(lines_[i].partNumber, selected)) continue;
-    list.SelectRow(static_cast<int>(i));
+    bench_.estimate.PartList().SelectRow(static_cast<int>(i));
     return;
   }
 }
@@ -59,9 +54,9 @@ void PartLines::StorePart(const PartLine& entry) {
   bench_.Data().UpdatePartRow(bench_.Number(), parts.Text("PartNumber"), RowOf(line));
 }
 
-void PartLines::AddPartLine(const PartLine& entry, bool refresh) {
+void PartLines::AddPartLine(const PartLine& entry, Choosing choosing) {
   StorePart(entry);
-  ReloadList(refresh ? Trim(entry.partNumber) : std::string());
+  ReloadList(choosing == Choosing::ItsRow ? Trim(entry.partNumber) : std::string());
 }
 
 void PartLines::RemovePartLine(int row) {

@@ -10,19 +10,23 @@
 
 namespace lantos {
 
-class frmWOPart;
-
 // The parts of the estimate on show. Nothing here writes to the inventory: stock moves at conversion.
 class PartLines {
  public:
-  PartLines(Workbench& bench, Surcharge& surcharge) : bench_(bench), surcharge_(surcharge) {}
+  PartLines(Workbench& bench, std::vector<PartLine>& lines, Surcharge& surcharge)
+      : bench_(bench), lines_(lines), surcharge_(surcharge) {}
+
+  // Whether an added part's row becomes the selected one.
+  enum class Choosing { ItsRow, NoRow };
 
   // A part can stand only once on an estimate: another entry of its number is merged into its row, and its prices
-  // replace those of the whole row. The total follows from quantity and price. With refresh the part's row is selected.
-  void AddPartLine(const PartLine& entry, bool refresh);
+  // replace those of the whole row. The total follows from quantity and price.
+  void AddPartLine(const PartLine& entry, Choosing choosing);
   void RemovePartLine(int row);
-  // Fills the list, empty until now, from the database.
+  // Fills the list from the database.
   void LoadPartList();
+  // On the screen only: the parts stay in the database.
+  void ClearPartList();
   // The kit in the working inventory records, and its components at the kit's price, through the kit screen.
   void AddKitLines();
 
@@ -44,8 +48,8 @@ class PartLines {
   Inventory& Stock() const { return bench_.shop.records.inventory; }
 
   Workbench& bench_;
+  std::vector<PartLine>& lines_;  // behind the rows
   Surcharge& surcharge_;
-  std::vector<PartLine> lines_;  // behind the rows
 };
 
 }  // namespace lantos

@@ -17,6 +17,10 @@ PartLine ReadPartLine(const Recordset& row) {
   return part;
 }
 
+de::Part RowOf(const PartLine& part) {
+  return {part.partNumber, part.description, part.quantity, part.price, part.total, part.cost, part.list};
+}
+
 std::string PartRow(const PartLine& part) {
   return LeftJustify(part.partNumber, 21) + " " + LeftJustify(part.description, kPartDescriptionColumn) + " " +
          RightJustify(std::to_string(part.quantity), 5) + " " + RightJustify(FormatHundredths(part.price), 7) + " " +

@@ -28,12 +28,13 @@ std::size_t LevelOf(std::string& pricing) {
 
 }  // namespace
 
-frmWOPart::frmWOPart(Workbench& bench, const std::string& caption, Mode mode)
+frmWOPart::frmWOPart(Workbench& bench, const std::string& caption, Task task, Kind kind)
     : OkCancelForm(bench.shop.desktop, bench.shop.keys, "frmWOPart", caption),
       bench_(bench),
       shop_(bench.shop),
       inventory_(bench.shop.records.inventory),
-      mode_(mode) {
+      task_(task),
+      kind_(kind) {
   SetSize(kWidth, kHeight);
   PartNumber.SetMaxLength(20);
   Description.SetMaxLength(38);
@@ -66,16 +67,16 @@ void frmWOPart::EnterMoves() {
 
 void frmWOPart::OnLoad() {
   EnterMoves();
-  if (!mode_.add) {
+  if (task_ == Task::Change) {
     ShowLine();
-  } else if (!mode_.nonStock) {
+  } else if (IsStocked()) {
     ShowInventory();
   }
-  PartNumber.SetLocked(!(mode_.add && mode_.nonStock));
+  PartNumber.SetLocked(task_ == Task::Change || IsStocked());
   PartNumber.SetTabStop(!PartNumber.Locked());
-  CostLabel.SetVisible(mode_.nonStock);
-  CostPrice.SetVisible(mode_.nonStock);
-  lblInStock.SetVisible(!mode_.nonStock);
+  CostLabel.SetVisible(!IsStocked());
+  CostPrice.SetVisible(!IsStocked());
+  lblInStock.SetVisible(IsStocked());
   lblInStock.SetCaption(std::to_string(inventory_.CurrentInv.Get(inventory::QtyInStock)) + " in stock");
   KeepForReset();
 }
@@ -105,8 +106,8 @@ void frmWOPart::ShowLine() {
   QuantityUsed.SetText(std::to_string(line_.quantity));
   CostPrice.SetText(FormatHundredths(line_.cost));
   SalePrice.SetText(FormatHundredths(line_.price));
-  ListPrice.SetText(FormatHundredths(mode_.nonStock ? line_.list : part.Get(inventory::Pricing[kRetail])));
-  if (!mode_.nonStock) DisposalFee.SetText(FormatHundredths(part.Get(inventory::DisposalFee)));
+  ListPrice.SetText(FormatHundredths(IsStocked() ? part.Get(inventory::Pricing[kRetail]) : line_.list));
+  if (IsStocked()) DisposalFee.SetText(FormatHundredths(part.Get(inventory::DisposalFee)));
 }
 
 void frmWOPart::KeepForReset() {
@@ -161,13 +162,13 @@ bool frmWOPart::HasAll() {
 
 // Asks when the stock doesn't hold that many. An estimate takes none, and is never asked.
 bool frmWOPart::StockSuffices() {
-  if (IsForEstimate() || mode_.nonStock) return true;
+  if (IsForEstimate() || !IsStocked()) return true;
   const std::int32_t onHand = inventory_.CurrentInv.Get(inventory::QtyInStock);
-  const double more = Val(QuantityUsed.Text()) - (mode_.add ? 0 : line_.quantity);
+  const double more = Val(QuantityUsed.Text()) - (task_ == Task::Add ? 0 : line_.quantity);
   if (more <= onHand) return true;
   const std::string quantity = std::to_string(RoundHalfEven(more));
   const std::string stock = std::to_string(onHand);
-  const std::string text = mode_.add
+  const std::string text = task_ == Task::Add
                                ? "Quantity used (" + quantity + ") is more than quantity in stock (" + stock + ")."
                                : "Additional quantity (" + quantity + ") exceeds quantity in stock (" + stock + ").";
   return shop_.desktop.Ask(text + "\r\n\r\nAre you sure you wish to continue?", Caption(), ui::Buttons::YesNo) ==

@@ -7,15 +7,13 @@
 
 namespace lantos {
 
-// One part: number, text, quantity and prices. The caller says by the caption what it is for, by the two flags whether
-// the part comes from stock or is a line of the estimate, and whether it is one that the shop doesn't stock.
+// One part: number, text, quantity and prices. Whether it is for an estimate or for a work order is told by the
+// caption.
 class frmWOPart : public OkCancelForm {
  public:
-  struct Mode {
-    bool add = true;        // from the inventory record, or empty; else from the line
-    bool nonStock = false;  // number and cost are the person's
-  };
-  frmWOPart(Workbench& bench, const std::string& caption, Mode mode);
+  enum class Task { Add, Change };        // from the inventory's record, or empty; from the line
+  enum class Kind { Stocked, NonStock };  // the number and cost of a non-stocked part are the person's
+  frmWOPart(Workbench& bench, const std::string& caption, Task task, Kind kind);
 
   ui::Label lblPartNumber{*this, "lblPartNumber", "&Part Number"};
   ui::TextBox PartNumber{*this, "PartNumber"};
@@ -56,6 +54,7 @@ class frmWOPart : public OkCancelForm {
   void Reset();
   void PartNumberLeft();
   void CostLeft();
+  bool IsStocked() const { return kind_ == Kind::Stocked; }
   bool HasAll();
   bool StockSuffices();
   bool IsForEstimate() const;
@@ -63,7 +62,8 @@ class frmWOPart : public OkCancelForm {
   Workbench& bench_;
   Shop& shop_;
   Inventory& inventory_;
-  Mode mode_;
+  Task task_;
+  Kind kind_;
   PartLine line_;
   std::string currentPart_;
   std::vector<std::pair<ui::TextBox*, std::string>> atLoad_;

@@ -65,6 +65,7 @@ frmInvList::frmInvList(Shop& shop)
   UseButtons(cmdSelect, cmdClose);
   SetDefaultButton(cmdSearch);
   WireSearch();
+  Subscribe();
   ReadTimer.SetEnabled(false);
   ReadTimer.SetInterval(kReadInterval);
   ReadTimer.OnTimer = [this] { ReadNextBlock(); };
@@ -81,6 +82,18 @@ frmInvList::frmInvList(Shop& shop)
   cmdDelete.SetToolTip("Delete Part Number *NOT RECOMMENDED*");
   cmdClose.SetToolTip("Close <Esc>");
   cbAutoSearch.SetToolTip("Search with each key");
+}
+
+frmInvList::~frmInvList() {
+  inventory_.onNewPart = nullptr;
+  inventory_.onPartChanged = nullptr;
+  inventory_.onFinishLoading = nullptr;
+}
+
+void frmInvList::Subscribe() {
+  inventory_.onNewPart = [this](FileLink, Inventory::PartIndex index) { UpdateListRow(index, ListedPart::New); };
+  inventory_.onPartChanged = [this](FileLink, Inventory::PartIndex index) { UpdateListRow(index, ListedPart::Known); };
+  inventory_.onFinishLoading = [this] { FinishLoading(); };
 }
 
 void frmInvList::WireSearch() {
@@ -260,7 +273,8 @@ ui::GridRow frmInvList::RowOf(Inventory::PartIndex part) const {
   return row;
 }
 
-void frmInvList::UpdateListRow(FileLink /*offset*/, Inventory::PartIndex index, bool isNew) {
+void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
+  const bool isNew = part == ListedPart::New;
   if (isNew) {
     table_.Add(index);
     ShowTotal();

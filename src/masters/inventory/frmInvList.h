@@ -16,6 +16,7 @@ namespace lantos {
 class frmInvList : public SizedForm {
  public:
   explicit frmInvList(Shop& shop);
+  ~frmInvList() override;
 
   ui::Label lblSearchPart{*this, "lblSearchPart", "&Part"};
   ui::TextBox SearchPart{*this, "SearchPart"};
@@ -49,10 +50,8 @@ class frmInvList : public SizedForm {
   FileLink PickedTag = kNoLink;
   Inventory::PartIndex PickedIndex = Inventory::kNoPart;
   void ClearPicking();
-  // The row of a part, from its tag in the list. With isNew the part isn't listed yet.
-  void UpdateListRow(FileLink offset, Inventory::PartIndex index, bool isNew);
   bool IsLoading() const { return nextBlock_ < blockCount_; }
-  // Reads at once what the timer hasn't come to yet: for those who must not take a part for unknown.
+  // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
 
  private:
@@ -61,11 +60,16 @@ class frmInvList : public SizedForm {
   void OnKeyDown(ui::KeyPress& key) override;
   void Accept() override;
 
+  // To the inventory's changes of parts.
+  void Subscribe();
   void WireSearch();
   void StartLoading();
   void ReadNextBlock();
   void ListTags(const std::vector<InventoryTag>& block);
   void EndLoading();
+  // The row of a part, from its tag in the list.
+  enum class ListedPart { New, Known };
+  void UpdateListRow(Inventory::PartIndex index, ListedPart part);
   void EnableSearch(bool enabled);
   void ShowTotal();
   void FilterParts();

@@ -93,11 +93,18 @@ class Inventory {
   // records come back as they were.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);
 
-  // Told by the routines above, when set: a part joined the list, the count changed, a change is to be told to the
-  // other copies (of CurrentInvTag).
+  // Told by the routines above, when set: a part joined the list, a part of the list was written, the count changed, a
+  // change is to be told to the other copies (of CurrentInvTag).
   std::function<void(FileLink offset, PartIndex index)> onNewPart;
+  std::function<void(FileLink offset, PartIndex index)> onPartChanged;
   std::function<void()> onCountChanged;
   std::function<void()> onBroadcast;
+  // The list is filled bit by bit after the start of the run. Who must not take a part for unknown asks for the rest,
+  // and whoever fills the list reads it at once.
+  void FinishLoading() const {
+    if (onFinishLoading) onFinishLoading();
+  }
+  std::function<void()> onFinishLoading;
 
  private:
   // A stock number as three overlapping words of its field: what is trimmed and NUL-filled compares so.

@@ -125,9 +125,11 @@ void Inventory::WriteInventory(FileLink offset, PartIndex index, bool keepCore, 
     NameUnnamed(CurrentInv, inventory::Description, inventory::StockNumber);
     NameUnnamed(CurrentInvTag, inventorytag::Description, inventorytag::StockNumber);
   }
+  const bool isListed = index < Count();
   WriteTag(index);
   WriteMaster(offset);
   if (broadcast && onBroadcast) onBroadcast();
+  if (isListed && onPartChanged) onPartChanged(offset, index);
   const bool hasCore = CurrentInv.Get(inventory::HasACore) == 1;
   if (keepCore && hasCore && !IsCore(CurrentInv.View(inventory::StockNumber))) UpdateCorePart();
 }

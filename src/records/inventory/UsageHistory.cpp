@@ -30,19 +30,26 @@ FileLink UsageHistory::UpdateUsage(const Use& use, Cents price, Cents cost, std:
     }
   }
   environment_.log.Write("UpdateUsage: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
+  WriteRecord(*file, offset,
+              RecordOf(use, inventory_.CurrentInvTag.View(inventorytag::StockNumber), price, cost, quantity,
+                       inventory_.CurrentInv.Get(inventory::UsageLink)));
+  file.Close();
+  environment_.files.FlushFile(name);
+  return offset;
+}
+
+UsageRecord UsageHistory::RecordOf(const Use& use, std::string_view stockNumber, Cents price, Cents cost,
+                                   std::int16_t quantity, FileLink prevLink) {
   UsageRecord record;
-  record.Put(usage::StockNumber, inventory_.CurrentInvTag.View(inventorytag::StockNumber));
+  record.Put(usage::StockNumber, stockNumber);
   record.Put(usage::WorkorderNumber, use.workorderNumber);
   record.Put(usage::Date, use.date);
   record.Put(usage::CustomerKey, Trim(use.customerLastname) + "," + Trim(use.customerFirstname));
   record.Put(usage::Quantity, quantity);
   record.Put(usage::Price, price);
   record.Put(usage::Cost, cost);
-  record.Put(usage::PrevLink, inventory_.CurrentInv.Get(inventory::UsageLink));
-  WriteRecord(*file, offset, record);
-  file.Close();
-  environment_.files.FlushFile(name);
-  return offset;
+  record.Put(usage::PrevLink, prevLink);
+  return record;
 }
 
 }  // namespace lantos

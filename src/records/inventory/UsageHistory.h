@@ -37,6 +37,9 @@ class UsageHistory {
   // Adds a record for the part in the working records of the inventory, and returns its link, which the caller puts
   // into the part's master. A file that somebody holds is waited for, with a box after each three tries.
   FileLink UpdateUsage(const Use& use, Cents price, Cents cost, std::int16_t quantity);
+  // The record that it adds; the part's newest one until then is at prevLink.
+  static UsageRecord RecordOf(const Use& use, std::string_view stockNumber, Cents price, Cents cost,
+                              std::int16_t quantity, FileLink prevLink);
 
  private:
   Environment& environment_;

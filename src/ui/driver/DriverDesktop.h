@@ -18,7 +18,7 @@ class DriverDesktop : public Desktop {
   explicit DriverDesktop(Person& person);
 
   ModelHand& GetHand() { return hand_; }
-  // Makes the windows known to the user's other copies, and theirs to this one. Without it only own windows are found.
+  // Makes the windows known to this user's other copies, and theirs to this one. Without it only own windows are found.
   void JoinRegistry(const std::string& computerName);
   // Where printed jobs land. Without it nothing is written.
   void PrintTo(std::filesystem::path folder) { printTo_ = std::move(folder); }

@@ -8,7 +8,7 @@
 
 namespace lantos::ui {
 
-// The form that has the user. Finds what a line names, refuses what a person couldn't do, and leaves the rest to the
+// The form that has the person. Finds what a line names, refuses what a person couldn't do, and leaves the rest to the
 // hand.
 class FormPlace : public Place {
  public:

@@ -219,7 +219,7 @@ void FormWindow::paintEvent(QPaintEvent* event) {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (!IsAttached()) return false;
-  if (watched == windowHandle()) return HandleWindowEvent(*event);
+  if (watched == windowHandle()) return input_.HandleWindowEvent(*event);
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -245,6 +245,11 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   // The form decides, and hides the window itself.
   event->ignore();
   if (IsAttached()) form_->DoClose();
+}
+
+void FormWindow::SendKey(QKeyEvent down, QKeyEvent up) {
+  QApplication::sendEvent(windowHandle(), &down);
+  if (IsAttached() && isVisible() && windowHandle() != nullptr) QApplication::sendEvent(windowHandle(), &up);
 }
 
 }  // namespace lantos::ui

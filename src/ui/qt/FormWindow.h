@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/Form.h"
+#include "ui/qt/FormInput.h"
 #include "ui/qt/MenuActions.h"
 #include "ui/qt/WidgetPeer.h"
 
@@ -15,8 +16,8 @@ namespace lantos::ui {
 
 class QtDesktop;
 
-// The window of one form. Every key and every press of the mouse comes by here before any widget sees it: the program
-// has the first say on keys, and the control that is left may refuse to let the focus go.
+// The window of one form. Every key and every press of the mouse comes by its FormInput before any widget sees it: the
+// program has the first say on keys, and the control that is left may refuse to let the focus go.
 class FormWindow : public QMainWindow, public FormPeer {
  public:
   FormWindow(QtDesktop& desktop, Form& form);
@@ -37,7 +38,10 @@ class FormWindow : public QMainWindow, public FormPeer {
   bool IsWorking() const;
   void MarkDirty(WidgetPeer& peer);
 
+  QtDesktop& Owner() const { return desktop_; }
   WidgetPeer* PeerOf(const Control& control) const;
+  // The control that a widget, or what lies around it, shows; null when none does.
+  Control* ControlAt(QWidget* widget) const;
   MenuActions& Actions() { return *actions_; }
 
   // The person goes to a control. False when the focus stayed where it was.
@@ -70,22 +74,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   void ReportPlace();
   WindowState ShownState() const;
   void FocusWidgetChanged(QWidget* now);
-  Control* ControlAt(QWidget* widget) const;
   bool HandleRootMouse(QMouseEvent& event);
-
-  // In FormWindowInput.cpp.
-  bool HasTheUser() const;
-  bool HandleWindowEvent(QEvent& event);
-  bool HandlePress(QMouseEvent& event);
-  bool HandleKey(QKeyEvent& event);
-  bool PlatformKey(const KeyPress& key);
-  void ShowKeyboardFocus();
-  bool PressEnter();
-  bool PressMnemonic(QChar letter);
-  bool PressLabelMnemonic(QChar letter);
-  bool OpenMenu(QChar letter);
-  bool FilterCharacter(QKeyEvent& event);
-  bool ClickButton(Button* button);
 
   QtDesktop& desktop_;
   Form* form_;
@@ -95,6 +84,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   QHash<const QObject*, WidgetPeer*> byMouseTarget_;
   QHash<const QWidget*, Control*> byWidget_;
   std::unique_ptr<MenuActions> actions_;
+  FormInput input_{*this};
   std::vector<WidgetPeer*> dirty_;
   bool flushing_ = false;
   bool painted_ = false;
@@ -102,7 +92,6 @@ class FormWindow : public QMainWindow, public FormPeer {
   bool focusDirty_ = false;
   bool placing_ = false;
   bool movingFocus_ = false;
-  bool swallowRelease_ = false;
   Twips placedLeft_ = 0;
   Twips placedTop_ = 0;
   QSize placedSize_;

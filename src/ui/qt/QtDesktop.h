@@ -30,7 +30,7 @@ class QtDesktop : public Desktop {
   explicit QtDesktop(Person* person = nullptr);
   ~QtDesktop() override;
 
-  // Makes the windows known to the user's other copies, and theirs to this one. Without it only own windows are found.
+  // Makes the windows known to this user's other copies, and theirs to this one. Without it only own windows are found.
   void JoinRegistry(const std::string& computerName);
   // Where printed screens and reports land while a Person is served: a PDF each, a report's text too. Without it
   // nothing is written.

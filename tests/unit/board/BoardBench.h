@@ -70,13 +70,13 @@ struct BoardBench : BoardShop {
   Estimate& Current() { return database.estimates.CurrentEstimate; }
   // The summary panel.
   Texts Hours() const {
-    return {board.lblDate.Caption(), board.lblAvail.Caption(), board.lblSched.Caption(), board.lblDiff.Caption(),
-            board.lblStatus.Caption()};
+    return {board.hours.lblDate.Caption(), board.hours.lblAvail.Caption(), board.hours.lblSched.Caption(),
+            board.hours.lblDiff.Caption(), board.hours.lblStatus.Caption()};
   }
   Texts Totals() const {
-    return {board.txtTotalHours.Text(),  board.txtTotalLabor.Text(), board.txtTotalParts.Text(),
-            board.txtTotalSublet.Text(), board.txtTotalWaste.Text(), board.txtTotalTax.Text(),
-            board.txtTotalCost.Text()};
+    return {board.detail.txtTotalHours.Text(),  board.detail.txtTotalLabor.Text(), board.detail.txtTotalParts.Text(),
+            board.detail.txtTotalSublet.Text(), board.detail.txtTotalWaste.Text(), board.detail.txtTotalTax.Text(),
+            board.detail.txtTotalCost.Text()};
   }
   // The person's hand on a row: the right button selects it first.
   void Choose(ui::ListBox& list, int row) { list.DoSelect(row); }

@@ -16,9 +16,9 @@ struct Detail : BoardBench {
   // Shows an estimate of today in the detail view.
   void Show(std::int32_t number) {
     if (!board.IsLoaded()) Start();
-    test::Click(board.cmdWeekView);
-    Choose(board.List1[kTuesday], board.List1[kTuesday].FindData(number));
-    test::Click(board.cmdDetailView);
+    test::Click(board.commands.cmdWeekView);
+    Choose(board.week.List1[kTuesday], board.week.List1[kTuesday].FindData(number));
+    test::Click(board.commands.cmdDetailView);
   }
   // Labor 97.50 + 16.25, parts 99.96, sublets 120.00 taxed and 30.00 not, waste 3.50 taxed.
   void Fill(std::int32_t number, std::int32_t customer) {
@@ -43,10 +43,10 @@ TEST(Totals, AreWorkedOutFromTheListsAndTheTwoTables) {
   bench.Show(900);
   // 6 % of 113.75 = 6.825, 8.25 % of 99.96 = 8.2467, 5 % of 120.00 = 6.00, 4 % of 3.50 = 0.14.
   EXPECT_EQ(bench.Totals(), (Texts{"1.25", "113.75", "99.96", "150.00", "3.50", "21.21", "388.42"}));
-  EXPECT_TRUE(bench.board.cmdEstimateSublets.Bold() && bench.board.cmdEstimateWaste.Bold());
-  EXPECT_EQ(bench.board.cmdEstimateSublets.FontSize(), 10);
-  EXPECT_FALSE(bench.board.cmdEstimateNotes.Bold());
-  EXPECT_EQ(bench.board.cmdEstimateNotes.FontSize(), 8);
+  EXPECT_TRUE(bench.board.commands.cmdEstimateSublets.Bold() && bench.board.commands.cmdEstimateWaste.Bold());
+  EXPECT_EQ(bench.board.commands.cmdEstimateSublets.FontSize(), 10);
+  EXPECT_FALSE(bench.board.commands.cmdEstimateNotes.Bold());
+  EXPECT_EQ(bench.board.commands.cmdEstimateNotes.FontSize(), 8);
 }
 
 TEST(Totals, ATaxExemptCustomerStillPaysTaxOnSubletsAndWaste) {
@@ -79,10 +79,10 @@ TEST(Totals, AnEstimateWithOnlyANegativeLaborLineShowsNegativeHoursAndNoMoney) {
 
 TEST(DetailView, WithoutACurrentEstimateItsFieldsAreEmpty) {
   Detail bench;
-  test::Click(bench.Start().cmdDetailView);
-  EXPECT_EQ(bench.board.frameDetailView.Caption(), "");
+  test::Click(bench.Start().commands.cmdDetailView);
+  EXPECT_EQ(bench.board.detail.frameDetailView.Caption(), "");
   EXPECT_EQ(bench.Totals(), Texts(7, ""));
-  EXPECT_EQ(bench.board.lblVehYMM.Caption() + bench.board.lblCustCSZ.Caption(), "");
+  EXPECT_EQ(bench.board.detail.lblVehYMM.Caption() + bench.board.detail.lblCustCSZ.Caption(), "");
 }
 
 // Comments.
@@ -92,32 +92,32 @@ struct Comments : Detail {
     AddEstimate(900, Today(), kArrived);
     database.lantosData.SetComments("Old", "900");
     Show(900);
-    test::Type(board.txtComments, "  New  ");
+    test::Type(board.detail.txtComments, "  New  ");
   }
 };
 
 TEST(Comments, AreWrittenTrimmedWhenTheFieldIsLeft) {
   Comments bench;
   EXPECT_EQ(bench.StoredComments(), "Old");
-  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
   EXPECT_EQ(bench.StoredComments(), "New");
   EXPECT_EQ(bench.Current().Comments, "New");
 }
 
 TEST(Comments, AreWrittenEachTimeChangedOrNot) {
   Comments bench;
-  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
   bench.database.lantosData.SetComments("Theirs", "900");
-  bench.board.MoveFocus(&bench.board.txtComments);
-  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.board.MoveFocus(&bench.board.detail.txtComments);
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
   EXPECT_EQ(bench.StoredComments(), "New");
 }
 
 TEST(Comments, TypedAndNotYetLeftOutliveAnythingThatFillsTheViewAnew) {
   const std::function<void(frmMain&)> ways[] = {
       [](frmMain& board) { board.LoadWeek(board.MonthView1.Value()); },
-      [](frmMain& board) { board.ShowEstimateDetail(); },
-      [](frmMain& board) { board.List2.DoSelect(0); },
+      [](frmMain& board) { board.detail.ShowEstimateDetail(); },
+      [](frmMain& board) { board.day.List2.DoSelect(0); },
       [](frmMain& board) { board.DoClose(); },
   };
   for (const auto& way : ways) {
@@ -131,13 +131,13 @@ TEST(Comments, RefusedByTheDatabaseStayInTheFieldAndAreWrittenLater) {
   Comments bench;
   bench.desktop.failuresExpected = true;
   bench.Hide("Estimates");
-  bench.board.MoveFocus(&bench.board.listLabor);
-  bench.board.frameWeek[3].DoClick();
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
+  bench.board.week.frameWeek[3].DoClick();
   bench.Reveal("Estimates");
   EXPECT_EQ(bench.desktop.failures.size(), 2U);
-  EXPECT_EQ(bench.board.txtComments.Text(), "  New  ");
+  EXPECT_EQ(bench.board.detail.txtComments.Text(), "  New  ");
   EXPECT_EQ(bench.Current().Comments, "Old");
-  bench.board.frameWeek[3].DoClick();
+  bench.board.week.frameWeek[3].DoClick();
   EXPECT_EQ(bench.StoredComments(), "New");
 }
 
@@ -153,13 +153,13 @@ TEST(Comments, ThatCannotBeWrittenDoNotKeepTheWindowOpen) {
 
 TEST(Comments, OfAnEstimateThatCouldBeShownOnlyInPartAreNotLost) {
   Comments bench;
-  bench.board.MoveFocus(&bench.board.listLabor);
-  bench.board.MoveFocus(&bench.board.txtComments);
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
+  bench.board.MoveFocus(&bench.board.detail.txtComments);
   bench.desktop.failuresExpected = true;
   bench.Hide("Parts");
-  bench.board.Run([&] { bench.board.ShowEstimateDetail(); });
+  bench.board.Run([&] { bench.board.detail.ShowEstimateDetail(); });
   bench.Reveal("Parts");
-  bench.board.MoveFocus(&bench.board.listLabor);
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_EQ(bench.StoredComments(), "New");
 }
@@ -194,19 +194,19 @@ TEST(NewEstimate, TakesANumberAndIsListedAndShown) {
   });
   bench.WillPickCustomer(7);
   bench.desktop.WillUse([&](ui::Form& form) {
-    EXPECT_EQ(board.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
-    EXPECT_EQ(board.lblCustName.Caption(), "Beth Adams");
+    EXPECT_EQ(board.detail.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
+    EXPECT_EQ(board.detail.lblCustName.Caption(), "Beth Adams");
     form.PressKey(ui::ParseKey("Esc"));
   });
-  test::Click(board.cmdNewEstimate);
+  test::Click(board.commands.cmdNewEstimate);
   EXPECT_EQ(bench.desktop.forms, (Texts{"frmCustSearch", "frmVehList"}));
   EXPECT_EQ(bench.NextNumber(), 1002);
   EXPECT_EQ(bench.Stored("CustomerNumber", 1001), "7");
   EXPECT_EQ(bench.Stored("VehicleLink", 1001), "0");
-  EXPECT_EQ(TextsOf(board.List1[BoardBench::kTuesday]), (Texts{"001001 ", "  Adams,Beth"}));
-  EXPECT_EQ(TextsOf(board.List2)[1], "       Created on 09/30/2003, Scheduled for 09/30/2003, Status = Scheduled");
-  EXPECT_TRUE(board.frameDetailView.Visible());
-  EXPECT_EQ(board.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
+  EXPECT_EQ(TextsOf(board.week.List1[BoardBench::kTuesday]), (Texts{"001001 ", "  Adams,Beth"}));
+  EXPECT_EQ(TextsOf(board.day.List2)[1], "       Created on 09/30/2003, Scheduled for 09/30/2003, Status = Scheduled");
+  EXPECT_TRUE(board.detail.frameDetailView.Visible());
+  EXPECT_EQ(board.detail.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
 }
 
 TEST(NewEstimate, ACancelledCustomerSearchSpendsNoNumberAndShowsTheOldOneAgain) {
@@ -216,27 +216,27 @@ TEST(NewEstimate, ACancelledCustomerSearchSpendsNoNumberAndShowsTheOldOneAgain) 
   const Texts totals = bench.Totals();
   bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
   bench.WillLeave();
-  test::Click(bench.board.cmdNewEstimate);
+  test::Click(bench.board.commands.cmdNewEstimate);
   EXPECT_EQ(bench.desktop.boxes.at(1).text, "New Estimate cancelled.\r\rPrevious estimate redisplayed.");
   EXPECT_EQ(bench.desktop.boxes[1].title, "New Estimate - Cancelled");
   EXPECT_EQ(bench.desktop.boxes[1].icon, ui::Icon::Information);
   EXPECT_EQ(bench.NextNumber(), 1001);
-  EXPECT_EQ(bench.board.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Arrived");
+  EXPECT_EQ(bench.board.detail.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Arrived");
   EXPECT_EQ(bench.Totals(), totals);
 }
 
 TEST(NewEstimate, OnAPastDayNoCreatesNothingAndSpendsNoNumber) {
   Booking bench;
   frmMain& board = bench.Start();
-  board.frameWeek[1].DoClick();
+  board.week.frameWeek[1].DoClick();
   bench.desktop.WillAnswer(Answer::No);
-  test::Click(board.cmdNewEstimate);
+  test::Click(board.commands.cmdNewEstimate);
   EXPECT_EQ(bench.desktop.boxes.at(0).text,
             "Warning.\r\rThe scheduled date is in the past.\r\rAre you sure you wish to schedule\r\r"
             "a new estimate for 09/29/2003 ?");
   EXPECT_EQ(bench.desktop.boxes[0].icon, ui::Icon::Question);
   EXPECT_EQ(bench.NextNumber(), 1001);
-  EXPECT_FALSE(board.frameDetailView.Visible());
+  EXPECT_FALSE(board.detail.frameDetailView.Visible());
 }
 
 TEST(NewEstimate, WhoseCustomerCannotBeWrittenHoldsNothingOfTheOneBefore) {
@@ -248,12 +248,12 @@ TEST(NewEstimate, WhoseCustomerCannotBeWrittenHoldsNothingOfTheOneBefore) {
   bench.desktop.failuresExpected = true;
   bench.desktop.WillAnswer(Answer::No);
   bench.WillPickCustomer(8);
-  test::Click(bench.board.cmdNewEstimate);
+  test::Click(bench.board.commands.cmdNewEstimate);
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
-  test::Click(bench.board.cmdDetailView);
-  EXPECT_EQ(bench.board.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
-  EXPECT_EQ(bench.board.lblVehYMM.Caption(), "  ");
-  EXPECT_EQ(bench.board.txtComments.Text(), "");
+  test::Click(bench.board.commands.cmdDetailView);
+  EXPECT_EQ(bench.board.detail.frameDetailView.Caption(), "Est. # 001001  09/30/2003  Scheduled");
+  EXPECT_EQ(bench.board.detail.lblVehYMM.Caption(), "  ");
+  EXPECT_EQ(bench.board.detail.txtComments.Text(), "");
 }
 
 TEST(AnotherVehicle, OfAnUnknownCustomerIsNotAskedFor) {
@@ -262,7 +262,7 @@ TEST(AnotherVehicle, OfAnUnknownCustomerIsNotAskedFor) {
   bench.AddEstimate(901, bench.Today(), kArrived, 99);
   bench.Show(901);
   bench.desktop.WillAnswer(Answer::Ok);
-  test::Click(bench.board.cmdVehicleEdit);
+  test::Click(bench.board.detail.cmdVehicleEdit);
   EXPECT_EQ(bench.desktop.boxes.at(0).text, "The customer of this estimate isn't on file. Choose a customer first.");
   EXPECT_TRUE(bench.desktop.forms.empty()) << "nobody else's vehicles are shown";
 }

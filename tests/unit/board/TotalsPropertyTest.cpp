@@ -16,7 +16,7 @@ struct AnyHand : BoardBench {
     directory.Put("TQEMPLOY.DAT", "");
     AddEstimate(900, Today(), kScheduled);
     frmMain& window = Start();
-    Choose(window.List1[kTuesday], 0);
+    Choose(window.week.List1[kTuesday], 0);
   }
 
   std::int32_t Any(std::int32_t below) { return static_cast<std::int32_t>(random() % static_cast<unsigned>(below)); }
@@ -33,17 +33,17 @@ struct AnyHand : BoardBench {
   }
   void AddLabor() {
     UseLaborScreen();
-    board.cmdLaborAdd.DoClick();
+    board.detail.cmdLaborAdd.DoClick();
   }
   void ChangeLabor() {
-    board.listLabor.DoSelect(Any(board.listLabor.ListCount()));
+    board.detail.listLabor.DoSelect(Any(board.detail.listLabor.ListCount()));
     UseLaborScreen();
-    board.cmdLaborChange.DoClick();
+    board.detail.cmdLaborChange.DoClick();
   }
   void RemoveLabor() {
-    board.listLabor.DoSelect(Any(board.listLabor.ListCount()));
+    board.detail.listLabor.DoSelect(Any(board.detail.listLabor.ListCount()));
     desktop.WillAnswer(ui::Answer::Yes);
-    board.cmdLaborRemove.DoClick();
+    board.detail.cmdLaborRemove.DoClick();
   }
   void AddExtra(bool waste) {
     const de::Extra line{"VENDOR", "", 0, Any(9000) - 500, "", "", "", "", Any(2) == 0 ? "Yes" : "No"};
@@ -77,7 +77,7 @@ struct AnyHand : BoardBench {
 TEST(Totals, AnySequenceOfAddingChangingAndRemovingLeavesThemEqualToTheRows) {
   AnyHand hand;
   for (int round = 0; round < 250; ++round) {
-    const bool hasLabor = hand.board.listLabor.ListCount() > 0;
+    const bool hasLabor = hand.board.detail.listLabor.ListCount() > 0;
     switch (hand.Any(7)) {
       case 0:
         if (hasLabor) hand.ChangeLabor();
@@ -101,7 +101,7 @@ TEST(Totals, AnySequenceOfAddingChangingAndRemovingLeavesThemEqualToTheRows) {
     ASSERT_EQ(totals[1], hand.Sum("max(LaborTotal, 0)")) << round;
     ASSERT_EQ(totals[3], hand.SumOf("Sublets")) << round;
     ASSERT_EQ(totals[4], hand.SumOf("Waste")) << round;
-    ASSERT_EQ(hand.board.lblSched.Caption(), totals[0]) << "the day has this estimate alone";
+    ASSERT_EQ(hand.board.hours.lblSched.Caption(), totals[0]) << "the day has this estimate alone";
   }
 }
 

@@ -190,11 +190,11 @@ TEST_P(WorkedTotals, AreAsWorkedOutByHand) {
   system.Put(sysrec::parts_surcharge_percent, worked.partsSurcharge);
   system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
   system.Put(sysrec::surcharge_is_sublet, static_cast<std::uint8_t>(worked.surchargeIsSublet));
-  bench.Choose(board.List1[BoardBench::kTuesday], 0);
-  test::Click(board.cmdDetailView);
-  bench.Choose(board.listLabor, board.listLabor.ListCount() - 1);
+  bench.Choose(board.week.List1[BoardBench::kTuesday], 0);
+  test::Click(board.commands.cmdDetailView);
+  bench.Choose(board.detail.listLabor, board.detail.listLabor.ListCount() - 1);
   bench.desktop.WillAnswer(Answer::Yes);
-  test::Click(board.cmdLaborRemove);
+  test::Click(board.detail.cmdLaborRemove);
   const Texts totals = bench.Totals();
   EXPECT_EQ(Texts(totals.begin() + 1, totals.end()), worked.totals) << worked.name;
 }

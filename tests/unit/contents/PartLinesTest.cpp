@@ -6,9 +6,9 @@
 #include <random>
 
 #include "contents/ContentsBench.h"
-#include "contents/RowTotals.h"
 #include "contents/parts/frmWOKit.h"
 #include "contents/parts/frmWOPart.h"
+#include "frame/Numbers.h"
 #include "records/inventory/Inventory.h"
 #include "records/inventory/InventoryKits.h"
 #include "records/modSystem.h"
@@ -32,7 +32,9 @@ struct PartsBench : ContentsBench {
   }
   std::int64_t SumOfRows() const {
     std::int64_t sum = 0;
-    for (const ui::ListRow& row : board.listParts.Rows()) sum += CentsOfRow(row.text);
+    for (const ui::ListRow& row : board.listParts.Rows()) {
+      sum += RoundHalfEven(Val(row.text.substr(row.text.rfind(' ') + 1)) * 100);
+    }
     return sum;
   }
   std::string Stored() { return Ask("select sum(PartTotal) from Parts where EstimateNumber = 1001"); }
@@ -49,8 +51,8 @@ PartLine Line(std::string number, std::int32_t quantity, Cents price) {
 
 TEST(PartLines, ASecondEntryOfANumberIsMergedInEitherCase) {
   PartsBench bench;
-  bench.contents.parts.AddPartLine(Line("abc", 2, 100), true);
-  bench.contents.parts.AddPartLine(Line(" ABC ", 3, 150), true);
+  bench.contents.parts.AddPartLine(Line("abc", 2, 100), PartLines::Choosing::ItsRow);
+  bench.contents.parts.AddPartLine(Line(" ABC ", 3, 150), PartLines::Choosing::ItsRow);
   EXPECT_EQ(bench.board.listParts.ListCount(), 1);
   EXPECT_EQ(bench.Stored(), "750");
   EXPECT_EQ(bench.Ask("select Quantity from Parts"), "5");
@@ -58,8 +60,9 @@ TEST(PartLines, ASecondEntryOfANumberIsMergedInEitherCase) {
 
 TEST(PartLines, AnApostropheBreaksTheSearchAndLeavesEverythingAsItWas) {
   PartsBench bench;
-  bench.contents.parts.AddPartLine(Line("A-1", 1, 100), true);
-  EXPECT_THROW(bench.contents.parts.AddPartLine(Line("O'RING", 1, 100), true), std::invalid_argument);
+  bench.contents.parts.AddPartLine(Line("A-1", 1, 100), PartLines::Choosing::ItsRow);
+  EXPECT_THROW(bench.contents.parts.AddPartLine(Line("O'RING", 1, 100), PartLines::Choosing::ItsRow),
+               std::invalid_argument);
   EXPECT_EQ(bench.Stored(), "100");
   EXPECT_EQ(bench.board.listParts.ListCount(), 1);
 }
@@ -83,7 +86,8 @@ TEST(PartLines, AnySequenceOfAddingChangingAndRemovingLeavesTheRowsEqualToTheDat
     const auto quantity = static_cast<std::int32_t>(random() % 9) - 2;
     const auto price = static_cast<Cents>(random() % 5000);
     if (random() % 3 != 0 || expected.empty()) {
-      bench.contents.parts.AddPartLine(Line(number, quantity, price), random() % 2 == 0);
+      bench.contents.parts.AddPartLine(Line(number, quantity, price),
+                                       random() % 2 == 0 ? PartLines::Choosing::ItsRow : PartLines::Choosing::NoRow);
       expected[number] = {expected[number].first + quantity, price};
     } else {
       const int row = static_cast<int>(random() % expected.size());
@@ -103,7 +107,7 @@ TEST(PartLines, AnySequenceOfAddingChangingAndRemovingLeavesTheRowsEqualToTheDat
 TEST(frmWOPart, AsksBeforeItSellsMoreThanThereIs) {
   PartsBench bench;
   bench.Stock("A-1", 3);
-  frmWOPart form(bench.bench, "Add Part to Workorder", {true, false});
+  frmWOPart form(bench.bench, "Add Part to Workorder", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
   form.LoadForm();
   form.Show();
   test::Type(form.QuantityUsed, "4");
@@ -120,7 +124,7 @@ TEST(frmWOPart, AsksBeforeItSellsMoreThanThereIs) {
 TEST(frmWOPart, AChangedLineIsAskedAboutItsIncrease) {
   PartsBench bench;
   bench.Stock("A-1", 3);
-  frmWOPart form(bench.bench, "Change Part", {false, false});
+  frmWOPart form(bench.bench, "Change Part", frmWOPart::Task::Change, frmWOPart::Kind::Stocked);
   PartLine line = Line("A-1", 5, 100);
   form.SetLine(line);
   form.LoadForm();
@@ -138,7 +142,7 @@ TEST(frmWOPart, AChangedLineIsAskedAboutItsIncrease) {
 TEST(frmWOPart, EnterInTheListPriceGoesToTheFeeWhereItIsNotForAnEstimate) {
   PartsBench bench;
   bench.Stock("A-1", 3);
-  frmWOPart form(bench.bench, "Add Part to Workorder", {true, false});
+  frmWOPart form(bench.bench, "Add Part to Workorder", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
   form.LoadForm();
   form.Show();
   form.MoveFocus(&form.ListPrice);
@@ -152,7 +156,7 @@ TEST(frmWOPart, ThePriceLevelOfTheWorkOrderIsTakenByItsNameInEitherForm) {
   bench.records.system.SysRec.Put(sysrec::markups[3], 500000);
   const auto proposal = [&](const std::string& pricing) {
     bench.workorder.Pricing = pricing;
-    frmWOPart form(bench.bench, "Add Non-Stocked Part", {true, true});
+    frmWOPart form(bench.bench, "Add Non-Stocked Part", frmWOPart::Task::Add, frmWOPart::Kind::NonStock);
     form.LoadForm();
     form.Show();
     test::Type(form.CostPrice, "10");

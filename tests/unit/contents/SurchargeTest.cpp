@@ -17,6 +17,12 @@ struct SurchargeBench : ContentsBench {
     system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
     system.Put(sysrec::surcharge_is_sublet, 'Y');
   }
+  void PutLabor(std::int32_t number, Cents total) {
+    WoLaborLine line;
+    line.Total = total;
+    line.Desc[0] = "NOT THIS 50.00";
+    contents.lines.labor.Put(number, line);
+  }
   std::string Line(std::string_view column, std::string_view table = "Sublets") {
     return Ask("select " + std::string(column) + " from " + std::string(table) + " where VendorName = 'SURCHARGE'");
   }
@@ -60,11 +66,10 @@ TEST(Surcharge, AnAmountOfZeroIsWrittenToo) {
   EXPECT_EQ(bench.Line("Taxable"), "No");
 }
 
-TEST(Surcharge, OnlyValuesAboveZeroOfTheNumberRowsCount) {
+TEST(Surcharge, OnlyLaborAboveZeroCounts) {
   SurchargeBench bench;
-  for (const char* row : {"000004 1.00 65.00 100.00", "       NOT THIS 50.00", "000004 -1.00 65.00 -65.00"}) {
-    bench.board.listLabor.AddItem(row);
-  }
+  bench.PutLabor(1, 10000);
+  bench.PutLabor(2, -6500);
   bench.contents.surcharge.ApplySurcharge();
   EXPECT_EQ(bench.Line("Price"), "500");
   EXPECT_EQ(bench.Line("Cost"), "500");

@@ -2,7 +2,6 @@
 
 #include "printing/PrintingBench.h"
 #include "records/Customers.h"
-#include "records/MakesModels.h"
 
 namespace lantos {
 namespace {

@@ -3,7 +3,6 @@
 #include "frame/Dates.h"
 #include "printing/PrintingBench.h"
 #include "records/Customers.h"
-#include "records/MakesModels.h"
 
 namespace lantos {
 namespace {

@@ -63,7 +63,7 @@ TEST(Board, EnterInTheCalendarIsNoDoubleClick) {
 
 TEST(Board, FramesTakeTheMouseUnlessSomethingOnThemDoes) {
   Board board;
-  ui::Frame& panel = board.form.frameWeek[3];
+  ui::Frame& panel = board.form.week.frameWeek[3];
   panel.OnClick = [&] { board.happened.push_back("click"); };
   panel.OnDoubleClick = [&] { board.happened.push_back("double"); };
   panel.OnMouseUp = [&](MouseButton button) {
@@ -76,24 +76,24 @@ TEST(Board, FramesTakeTheMouseUnlessSomethingOnThemDoes) {
 
 TEST(Board, TheMouseBelongsToTheControlThatItIsOnAndNotToWhatThatLiesOn) {
   Board board;
-  board.form.frameCommands.OnMouseUp = [&](MouseButton) { board.happened.push_back("commands"); };
-  board.form.frameWeekView.OnMouseUp = [&](MouseButton) { board.happened.push_back("week"); };
-  board.form.lblWeekComment.OnMouseUp = nullptr;
-  board.hand.Click(board.form.cmdWeekView, MouseButton::Right);
-  board.hand.Click(board.form.cmdConvert, MouseButton::Right);  // disabled
-  board.hand.Click(board.form.lblWeekComment, MouseButton::Right);
-  board.hand.Click(board.form.frameWeek[3], MouseButton::Right);
+  board.form.commands.frameCommands.OnMouseUp = [&](MouseButton) { board.happened.push_back("commands"); };
+  board.form.week.frameWeekView.OnMouseUp = [&](MouseButton) { board.happened.push_back("week"); };
+  board.form.week.lblWeekComment.OnMouseUp = nullptr;
+  board.hand.Click(board.form.commands.cmdWeekView, MouseButton::Right);
+  board.hand.Click(board.form.commands.cmdConvert, MouseButton::Right);  // disabled
+  board.hand.Click(board.form.week.lblWeekComment, MouseButton::Right);
+  board.hand.Click(board.form.week.frameWeek[3], MouseButton::Right);
   board.hand.Click(board.form.MonthView1, MouseButton::Right);
   EXPECT_EQ(board.happened, std::vector<std::string>{});
-  board.hand.Click(board.form.frameCommands, MouseButton::Right);
-  board.hand.Click(board.form.frameWeekView, MouseButton::Right);
+  board.hand.Click(board.form.commands.frameCommands, MouseButton::Right);
+  board.hand.Click(board.form.week.frameWeekView, MouseButton::Right);
   EXPECT_EQ(board.happened, (std::vector<std::string>{"commands", "week"}));
 }
 
 TEST(Board, WhatIsThereForTheEyeAloneCountsAsTheFrameItLiesOn) {
   Board board;
-  board.form.Frame1.OnMouseUp = [&](MouseButton) { board.happened.push_back("hours"); };
-  auto* label = board.WidgetOf<QWidget>(board.form.Frame1).findChild<QWidget*>("static_Avail");
+  board.form.hours.Frame1.OnMouseUp = [&](MouseButton) { board.happened.push_back("hours"); };
+  auto* label = board.WidgetOf<QWidget>(board.form.hours.Frame1).findChild<QWidget*>("static_Avail");
   ASSERT_NE(label, nullptr);
   for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
     QMouseEvent event(type, QPointF(1, 1), label->mapToGlobal(QPointF(1, 1)), Qt::RightButton, Qt::NoButton, {});
@@ -117,27 +117,27 @@ TEST(Board, TheWindowIsWhollyOnTheScreenWhereverItWasLeft) {
 
 TEST(Board, OptionsOfOneFrameExcludeOneAnother) {
   Board board;
-  board.form.cmdDayView.OnClick();
+  board.form.commands.cmdDayView.OnClick();
   board.windows.Settle();
   int clicks = 0;
-  board.form.optDaySortBy[2].OnClick = [&] { ++clicks; };
-  board.hand.Check(board.form.optDaySortBy[2], true);
+  board.form.day.optDaySortBy[2].OnClick = [&] { ++clicks; };
+  board.hand.Check(board.form.day.optDaySortBy[2], true);
   EXPECT_EQ(clicks, 1);
-  EXPECT_TRUE(board.WidgetOf<QRadioButton>(board.form.optDaySortBy[2]).isChecked());
-  EXPECT_FALSE(board.WidgetOf<QRadioButton>(board.form.optDaySortBy[0]).isChecked());
+  EXPECT_TRUE(board.WidgetOf<QRadioButton>(board.form.day.optDaySortBy[2]).isChecked());
+  EXPECT_FALSE(board.WidgetOf<QRadioButton>(board.form.day.optDaySortBy[0]).isChecked());
   // From code, no option at all may be left.
-  board.form.optDaySortBy[2].SetValue(false);
+  board.form.day.optDaySortBy[2].SetValue(false);
   board.windows.Settle();
-  EXPECT_FALSE(board.WidgetOf<QRadioButton>(board.form.optDaySortBy[2]).isChecked());
+  EXPECT_FALSE(board.WidgetOf<QRadioButton>(board.form.day.optDaySortBy[2]).isChecked());
 }
 
 TEST(Board, APanelHasTheColourOfItsDayAndItsListTheThemes) {
   Board board;
   const QColor theme = QApplication::palette().color(QPalette::Base);
-  const QWidget& panel = board.WidgetOf<QGroupBox>(board.form.frameWeek[0]);
+  const QWidget& panel = board.WidgetOf<QGroupBox>(board.form.week.frameWeek[0]);
   EXPECT_EQ(panel.palette().color(QPalette::Window), QColor(224, 224, 224));
   EXPECT_EQ(panel.palette().color(QPalette::WindowText), Qt::black);
-  EXPECT_EQ(board.WidgetOf<QWidget>(board.form.List1[0]).palette().color(QPalette::Base), theme);
+  EXPECT_EQ(board.WidgetOf<QWidget>(board.form.week.List1[0]).palette().color(QPalette::Base), theme);
 }
 
 TEST(Board, WhatThePersonDoesToTheWindowReachesTheFormAndNothingElseDoes) {

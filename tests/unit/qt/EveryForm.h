@@ -13,8 +13,7 @@
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
 #include "contents/ContentsBench.h"
-#include "contents/extras/frmEstSublets.h"
-#include "contents/extras/frmEstWaste.h"
+#include "contents/extras/frmEstExtras.h"
 #include "contents/extras/frmSubList.h"
 #include "contents/extras/frmWOExtra.h"
 #include "contents/labor/frmCanLabor.h"
@@ -68,10 +67,11 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
   forms.push_back(std::make_unique<frmEstFollowup>(bench, contents.labor));
   forms.push_back(std::make_unique<frmCanLaborList>(bench));
   forms.push_back(std::make_unique<frmCanLabor>(bench, frmCanLabor::Mode::Add, CannedLabor()));
-  forms.push_back(std::make_unique<frmWOPart>(bench, "Add Non-Stocked Part", frmWOPart::Mode{true, true}));
+  forms.push_back(
+      std::make_unique<frmWOPart>(bench, "Add Non-Stocked Part", frmWOPart::Task::Add, frmWOPart::Kind::NonStock));
   forms.push_back(std::make_unique<frmWOKit>(bench, "Add Kit to Estimate"));
-  forms.push_back(std::make_unique<frmEstSublets>(bench));
-  forms.push_back(std::make_unique<frmEstWaste>(bench));
+  forms.push_back(std::make_unique<frmEstExtras>(bench, kSubletExtras));
+  forms.push_back(std::make_unique<frmEstExtras>(bench, kWasteExtras));
   forms.push_back(std::make_unique<frmSubList>(bench));
   forms.push_back(std::make_unique<frmWOExtra>(shop, "Estimate Sublet", ExtraLine(), "Yes"));
   forms.push_back(std::make_unique<frmEstNotes>(bench));

@@ -54,8 +54,8 @@ TEST(Layout, NoViewOfTheBoardNeedsMoreThanASmallScreen) {
   board.Show();
   shop.windows.Settle();
   ui::FormWindow& window = *shop.windows.WindowOf(board);
-  for (ui::Frame* shown : {&board.frameDayView, &board.frameDetailView, &board.frameWeekView}) {
-    for (ui::Frame* view : {&board.frameDayView, &board.frameDetailView, &board.frameWeekView}) {
+  for (ui::Frame* shown : {&board.day.frameDayView, &board.detail.frameDetailView, &board.week.frameWeekView}) {
+    for (ui::Frame* view : {&board.day.frameDayView, &board.detail.frameDetailView, &board.week.frameWeekView}) {
       view->SetVisible(view == shown);
     }
     shop.windows.Settle();

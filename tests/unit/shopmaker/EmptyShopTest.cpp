@@ -6,7 +6,6 @@
 #include <sys/resource.h>
 
 #include "estimatedb/sqlite/SqliteEngine.h"
-#include "records/MakesModels.h"
 #include "records/modSystem.h"
 #include "shopmaker/Contents.h"
 

@@ -60,13 +60,13 @@ TEST(Start, EndsAtTheBoardWithItsFullCaption) {
   run.WillWork([&](frmMain& board) {
     EXPECT_EQ(board.Caption(), run.Caption());
     EXPECT_EQ(board.MonthView1.Value(), run.clock.Today());
-    EXPECT_TRUE(board.frameWeekView.Visible());
+    EXPECT_TRUE(board.week.frameWeekView.Visible());
     EXPECT_EQ(board.Width(), 10000);
     EXPECT_EQ(board.Height(), 10000);
     EXPECT_EQ(board.LeftEdge(), 1000);
     EXPECT_EQ(board.TopEdge(), 1000);
     EXPECT_EQ(board.State(), ui::WindowState::Normal);
-    EXPECT_TRUE(board.cbShowLabor.Value());
+    EXPECT_TRUE(board.day.cbShowLabor.Value());
   });
   EXPECT_EQ(run.Run(), 0);
   EXPECT_TRUE(run.desktop.boxes.empty());
@@ -118,7 +118,7 @@ TEST(Start, RestoresTheWindowTheLaborSwitchAndTheFilter) {
     EXPECT_EQ(board.Width(), 11000);
     EXPECT_EQ(board.Height(), 9000);
     EXPECT_EQ(board.State(), ui::WindowState::Maximized);
-    EXPECT_FALSE(board.cbShowLabor.Value());
+    EXPECT_FALSE(board.day.cbShowLabor.Value());
     EXPECT_FALSE(board.FindMenu("mnuShowStat(3)")->Checked());
     EXPECT_FALSE(board.FindMenu("mnuShowStat(7)")->Checked());
     EXPECT_TRUE(board.FindMenu("mnuShowStat(9)")->Checked());
@@ -222,7 +222,7 @@ TEST(Closing, StoresFilterPlaceSwitchAndFontAndClosesLogAndUpdateFile) {
   run.WillWork([&](frmMain& board) {
     EXPECT_TRUE(run.Has("AU9300.$$$"));
     board.FindMenu("mnuShowStat(3)")->DoClick();
-    board.cbShowLabor.DoClick();
+    board.day.cbShowLabor.DoClick();
     board.DoMove(1500.25F, 20);
     board.DoResize(12000, 8000, ui::WindowState::Normal);
   });
@@ -298,7 +298,7 @@ TEST(DayRollover, TheNextButtonTellsAndEndsOnTheSpot) {
   Running run;
   run.desktop.WillUse([&](ui::Form& form) {
     run.clock.MoveTo(LocalTime{run.clock.Today() + 1, 0});
-    dynamic_cast<frmMain&>(form).cmdDayView.DoClick();
+    dynamic_cast<frmMain&>(form).commands.cmdDayView.DoClick();
   });
   run.desktop.WillAnswer(Answer::Ok);
   EXPECT_EQ(run.RunToTheEnd(), 0);

@@ -7,7 +7,6 @@
 
 #include "frame/FileError.h"
 #include "frame/ScratchDirectory.h"
-#include "records/MakesModels.h"
 
 namespace lantos {
 namespace {

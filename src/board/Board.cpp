@@ -1,0 +1,144 @@
+#include "board/Board.h"
+
+#include "board/DayLines.h"
+#include "frame/Dates.h"
+#include "ui/GlobalKeys.h"
+
+namespace lantos {
+
+void Board::LoadWeek(DaySerial date) {
+  parts_.detail.KeepUnsavedComments();
+  const DaySerial sunday = date - WeekdayIndex(date);
+  // The customers come after the database: asking about a locked file takes as long as the person likes, and other
+  // workstations couldn't write meanwhile.
+  WeekData data = FetchWeek(parts_.database.lantosData, sunday, parts_.day.SortOrder(),
+                            parts_.day.cbShowLabor.Value() ? date : kNoDay);
+  BoardState& state = parts_.state;
+  state.capacity = std::move(data.capacity);
+  state.sunday = sunday;
+  state.dayOnShow = date;
+  parts_.week.NameDays(state);
+  parts_.day.NameDay(date);
+  parts_.detail.ClearDetail();
+  parts_.day.List2.Clear();
+  {
+    const Customers::Reading reading(parts_.shop.records.customers);
+    for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, data.days[i]);
+  }
+  state.currentDate = date;
+  ShowDayHeader(static_cast<std::size_t>(date - sunday));
+}
+
+void Board::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows) {
+  parts_.week.List1[weekday].Clear();
+  for (BoardRow& row : rows) {
+    AddWeekLines(weekday, row.estimate);
+    if (!parts_.state.IsOnShow(weekday)) continue;
+    parts_.state.selectedDay = weekday;
+    AddDayLines(row.estimate, row.laborLines);
+  }
+  parts_.week.frameWeek[weekday].SetBackColor(parts_.state.ColorOf(weekday));
+}
+
+void Board::AddEstimate(std::size_t weekday, Estimate& estimate, const std::vector<std::string>& laborLines) {
+  AddDayLines(estimate, laborLines);
+  AddWeekLines(weekday, estimate);
+}
+
+const CustomerRecord* Board::FindCustomerOf(const Estimate& estimate) {
+  Customers& customers = parts_.shop.records.customers;
+  return customers.LookupCustomer(estimate.CustomerNumber, kNoLink) ? &customers.CurrentCustomer : nullptr;
+}
+
+// Counts before the day list has had a chance to read a past Scheduled estimate as a No-show: such an estimate is
+// counted under Scheduled and listed under No-show. A scheduled estimate shows no word at all here.
+void Board::AddWeekLines(std::size_t weekday, Estimate& estimate) {
+  if (parts_.isShown(estimate.Status)) {
+    const std::string word = estimate.Status == kScheduled ? "" : SettleStatus(estimate);
+    parts_.week.AddLines(weekday, estimate.EstimateNumber, word, ListedName(FindCustomerOf(estimate)));
+    if (modEstimates::CountsTowardDay(estimate.Status)) {
+      parts_.state.capacity.ScheduledHours[weekday] += estimate.TotalHours;
+    }
+  }
+  ui::SetListExtent(parts_.week.List1[weekday]);
+}
+
+void Board::AddDayLines(Estimate& estimate, const std::vector<std::string>& laborLines) {
+  const CustomerRecord* customer = FindCustomerOf(estimate);
+  const std::string word = SettleStatus(estimate);
+  if (parts_.isShown(estimate.Status)) parts_.day.AddLines(estimate, customer, word, laborLines);
+  ui::SetListExtent(parts_.day.List2);
+}
+
+std::string Board::SettleStatus(Estimate& estimate) {
+  return parts_.database.estimates.StatusText(estimate.Status, estimate.SchedDate);
+}
+
+void Board::ShowDayHeader(std::size_t weekday) {
+  const BoardState& state = parts_.state;
+  const ui::Color color = state.ColorOf(weekday);
+  parts_.hours.ShowHours(state, weekday);
+  parts_.week.frameWeek[weekday].SetBackColor(color);
+  if (state.IsOnShow(weekday)) parts_.day.frameDay.SetBackColor(color);
+}
+
+void Board::ShowView(View view) {
+  parts_.commands.ShowView(view);
+  parts_.week.frameWeekView.SetVisible(view == View::Week);
+  parts_.day.frameDayView.SetVisible(view == View::Day);
+  parts_.detail.frameDetailView.SetVisible(view == View::Detail);
+}
+
+void Board::ShowWeekView() {
+  ShowView(View::Week);
+  parts_.week.ShowComments(parts_.state.capacity);
+}
+
+void Board::ShowDayView(DayData data) {
+  const BoardState& state = parts_.state;
+  if (state.loading) return;
+  if (data == DayData::Load) LoadWeek(state.dayOnShow);
+  ShowView(View::Day);
+  parts_.day.lblDayComments.SetCaption(state.capacity.DayComment[state.selectedDay]);
+}
+
+void Board::ShowDetailView() {
+  ShowView(View::Detail);
+  parts_.detail.ShowEstimateDetail();
+}
+
+void Board::SelectDay(std::size_t weekday) {
+  BoardState& state = parts_.state;
+  const DaySerial date = state.PanelDate(weekday);
+  state.selectedDay = weekday;
+  state.dayOnShow = date;
+  parts_.calendar.SetValue(date);
+  parts_.day.NameDay(date);
+}
+
+void Board::Choose(std::int32_t estimate) {
+  parts_.detail.KeepUnsavedComments();
+  parts_.database.estimates.LoadEstimate(estimate);
+}
+
+void Board::RefreshStatusText() {
+  const std::string word = SettleStatus(Current());
+  parts_.detail.RefreshDetailCaption(word);
+  parts_.day.RefreshStatus(Current(), word);
+  parts_.week.RefreshStatus(parts_.state.selectedDay, word);
+}
+
+Board::WeekLoad Board::LoadWeekIfCountChanged(std::int16_t oldStatus) {
+  if (modEstimates::CountsTowardDay(oldStatus) == modEstimates::CountsTowardDay(Current().Status)) {
+    return WeekLoad::NotNeeded;
+  }
+  LoadWeek(Current().SchedDate);
+  return WeekLoad::Done;
+}
+
+void Board::FollowStatus(std::int16_t oldStatus) {
+  RefreshStatusText();
+  if (LoadWeekIfCountChanged(oldStatus) == WeekLoad::Done) parts_.detail.ShowEstimateDetail();
+}
+
+}  // namespace lantos

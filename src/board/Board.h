@@ -1,0 +1,77 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "board/BoardState.h"
+#include "board/DayPane.h"
+#include "board/DetailPane.h"
+#include "board/HoursPane.h"
+#include "board/WeekData.h"
+#include "board/WeekPane.h"
+
+namespace lantos {
+
+// What frmMain puts together, for those who work on several parts of it.
+struct BoardParts {
+  Shop& shop;
+  EstimateDatabase& database;
+  BoardState& state;
+  ui::MonthView& calendar;
+  HoursPane& hours;
+  CommandPane& commands;
+  WeekPane& week;
+  DayPane& day;
+  DetailPane& detail;
+  std::function<bool(std::int16_t status)> isShown;  // by the status filter
+};
+
+// The three views of the same estimates. Filled by LoadWeek alone, from the database; nothing on it is a cache.
+class Board {
+ public:
+  explicit Board(const BoardParts& parts) : parts_(parts) {}
+
+  // Rebuilds week lists, day list, hours and colours around a day. When the database can't be read the board stays as
+  // it is, and DatabaseError is thrown. CurrentEstimate isn't touched.
+  void LoadWeek(DaySerial date);
+  // The lines of one more estimate, in the panel of a weekday and in the day list; its hours count.
+  void AddEstimate(std::size_t weekday, Estimate& estimate, const std::vector<std::string>& laborLines);
+  // The hours and the colour of a weekday as they are now.
+  void ShowDayHeader(std::size_t weekday);
+
+  enum class DayData { Load, AsLoaded };
+  void ShowWeekView();
+  void ShowDayView(DayData data);
+  void ShowDetailView();
+
+  // Makes a panel's day the one of calendar and day view, with nothing loaded anew.
+  void SelectDay(std::size_t weekday);
+  // Loads an estimate into CurrentEstimate. What is typed into the comments of another one is kept first.
+  void Choose(std::int32_t estimate);
+
+  // The status of the current estimate, as the lists and the detail view tell it. A past Scheduled one becomes a
+  // No-show in memory.
+  void RefreshStatusText();
+  // The week of the current estimate, when a change from the old status moved it into or out of the day's hours.
+  enum class WeekLoad { NotNeeded, Done };
+  WeekLoad LoadWeekIfCountChanged(std::int16_t oldStatus);
+  // Both; the detail view, which a load empties, shows the estimate again.
+  void FollowStatus(std::int16_t oldStatus);
+
+  // A customer of the files; null when there is none of that number. Good until the next look-up.
+  const CustomerRecord* FindCustomerOf(const Estimate& estimate);
+
+ private:
+  void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows);
+  void AddWeekLines(std::size_t weekday, Estimate& estimate);
+  void AddDayLines(Estimate& estimate, const std::vector<std::string>& laborLines);
+  void ShowView(View view);
+  // The word of an estimate's status. A past Scheduled estimate becomes a No-show by it, in memory alone.
+  std::string SettleStatus(Estimate& estimate);
+  Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
+
+  BoardParts parts_;
+};
+
+}  // namespace lantos

@@ -1,0 +1,132 @@
+#include "board/BoardClicks.h"
+
+#include "board/BoardMenus.h"
+
+namespace lantos {
+
+BoardClicks::BoardClicks(const BoardParts& parts, Board& board, BoardMenus& menus, StatusByHand& status,
+                         const DayRollover& rollover)
+    : parts_(parts), board_(board), menus_(menus), status_(status), rollover_(rollover) {
+  WireCalendar();
+  WirePanels();
+  WireRightButton();
+}
+
+void BoardClicks::WireCalendar() {
+  ui::MonthView& calendar = parts_.calendar;
+  CommandPane& commands = parts_.commands;
+  calendar.OnDateClick = [this, &commands](DaySerial day) {
+    LoadClicked(day);
+    commands.cmdWeekView.OnClick();
+    commands.cmdWeekView.SetFocus();
+  };
+  calendar.OnDateDoubleClick = [this, &commands](DaySerial day) {
+    OpenClickedDay(day);
+    commands.cmdDayView.SetFocus();
+  };
+}
+
+void BoardClicks::WirePanels() {
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    ui::Frame& frame = parts_.week.frameWeek[i];
+    frame.OnClick = [this, i] { PanelClick(i); };
+    frame.OnDoubleClick = [this, i] { OpenClickedDay(parts_.state.PanelDate(i)); };
+    ui::ListBox& list = parts_.week.List1[i];
+    list.OnClick = [this, i] { WeekListClick(i); };
+    list.OnDoubleClick = [this, i] { WeekListDoubleClick(i); };
+  }
+  DayPane& day = parts_.day;
+  day.List2.OnClick = [this] { DayListClick(); };
+  day.List2.OnDoubleClick = [this] {
+    DayListClick();
+    parts_.commands.cmdDetailView.OnClick();
+  };
+  day.cbShowLabor.OnClick = [this] { parts_.commands.cmdDayView.OnClick(); };
+  for (ui::OptionButton& option : day.optDaySortBy) {
+    option.OnClick = [this] { board_.LoadWeek(parts_.state.dayOnShow); };
+  }
+}
+
+void BoardClicks::WireRightButton() {
+  const auto popup = [this](ui::MouseButton button) {
+    if (button == ui::MouseButton::Right) menus_.PopupRefresh();
+  };
+  parts_.commands.frameCommands.OnMouseUp = popup;
+  parts_.day.frameDayView.OnMouseUp = popup;
+  parts_.week.frameWeekView.OnMouseUp = popup;
+  parts_.day.lblDayComments.OnMouseUp = popup;
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    parts_.week.List1[i].OnMouseUp = [this, i](ui::MouseButton button) {
+      if (button == ui::MouseButton::Right) WeekListRightClick(i);
+    };
+  }
+  parts_.day.List2.OnMouseUp = [this](ui::MouseButton button) {
+    if (button == ui::MouseButton::Right) DayListRightClick();
+  };
+  parts_.detail.frameDetailView.OnMouseUp = [this](ui::MouseButton button) {
+    if (button == ui::MouseButton::Right) status_.PopupOnDetail();
+  };
+}
+
+void BoardClicks::LoadClicked(DaySerial date) {
+  loadedByClick_ = kNoDay;
+  board_.LoadWeek(date);
+  loadedByClick_ = date;
+}
+
+// The first of two clicks has loaded the day already, unless it failed.
+void BoardClicks::OpenClickedDay(DaySerial date) {
+  if (loadedByClick_ != date || parts_.state.dayOnShow != date) LoadClicked(date);
+  loadedByClick_ = kNoDay;
+  rollover_.CheckDayRollover();
+  board_.ShowDayView(Board::DayData::AsLoaded);
+}
+
+void BoardClicks::PanelClick(std::size_t weekday) {
+  const DaySerial date = parts_.state.PanelDate(weekday);
+  parts_.state.selectedDay = weekday;
+  parts_.calendar.SetValue(date);
+  LoadClicked(date);
+  parts_.state.lastSelectedDate = date;
+}
+
+void BoardClicks::WeekListClick(std::size_t weekday) {
+  const std::optional<std::int32_t> estimate = parts_.week.SelectedEstimate(weekday);
+  if (!estimate) return;
+  board_.Choose(*estimate);
+  board_.SelectDay(weekday);
+  parts_.detail.ShowEstimateDetail();
+}
+
+void BoardClicks::WeekListDoubleClick(std::size_t weekday) {
+  board_.ShowDayHeader(weekday);
+  WeekListClick(weekday);
+  parts_.commands.cmdDetailView.OnClick();
+}
+
+void BoardClicks::DayListClick() {
+  ui::ListBox& list = parts_.day.List2;
+  const int row = list.ListIndex();
+  if (row < 0) return;
+  if (row > 0 && list.List(row).starts_with(' ')) {
+    list.SetListIndex(row - 1);  // fires this click again, up to the estimate's main line
+    return;
+  }
+  board_.Choose(list.ItemData(row));
+  parts_.detail.ShowEstimateDetail();
+}
+
+void BoardClicks::WeekListRightClick(std::size_t weekday) {
+  const std::optional<std::int32_t> estimate = parts_.week.SelectedEstimate(weekday);
+  if (!estimate) return menus_.PopupRefresh();
+  parts_.state.selectedDay = weekday;
+  status_.PopupOf(*estimate);
+}
+
+void BoardClicks::DayListRightClick() {
+  const ui::ListBox& list = parts_.day.List2;
+  if (list.ListIndex() < 0) return menus_.PopupRefresh();
+  status_.PopupOf(list.ItemData(list.ListIndex()));
+}
+
+}  // namespace lantos

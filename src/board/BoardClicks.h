@@ -1,0 +1,38 @@
+#pragma once
+
+#include "board/Board.h"
+#include "board/DayRollover.h"
+#include "board/StatusByHand.h"
+
+namespace lantos {
+
+// What the mouse does on calendar, panels and lists, and what follows when a row of them becomes the selected one.
+class BoardClicks {
+ public:
+  BoardClicks(const BoardParts& parts, Board& board, BoardMenus& menus, StatusByHand& status,
+              const DayRollover& rollover);
+
+  // The panel's day becomes the one of calendar, board and day view.
+  void PanelClick(std::size_t weekday);
+
+ private:
+  void WireCalendar();
+  void WirePanels();
+  void WireRightButton();
+  void LoadClicked(DaySerial date);
+  void OpenClickedDay(DaySerial date);
+  void WeekListClick(std::size_t weekday);
+  void WeekListDoubleClick(std::size_t weekday);
+  void DayListClick();
+  void WeekListRightClick(std::size_t weekday);
+  void DayListRightClick();
+
+  BoardParts parts_;
+  Board& board_;
+  BoardMenus& menus_;
+  StatusByHand& status_;
+  const DayRollover& rollover_;
+  DaySerial loadedByClick_ = kNoDay;
+};
+
+}  // namespace lantos

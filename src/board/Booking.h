@@ -1,0 +1,31 @@
+#pragma once
+
+#include "board/Board.h"
+#include "masters/customers/MasterScreens.h"
+
+namespace lantos {
+
+// A new estimate for a customer chosen first and a vehicle chosen after that, and their change on the estimate on show.
+class Booking {
+ public:
+  Booking(const BoardParts& parts, Board& board, MasterScreens& masters)
+      : parts_(parts), board_(board), masters_(masters) {}
+
+  // On the day of the last load.
+  void NewEstimate();
+  void EditCustomer();
+  void EditVehicle();
+
+ private:
+  bool AskForPastDate();
+  void AttachCustomer();
+  void AttachVehicle();
+  de& Data() { return parts_.database.lantosData; }
+  Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
+
+  BoardParts parts_;
+  Board& board_;
+  MasterScreens& masters_;
+};
+
+}  // namespace lantos

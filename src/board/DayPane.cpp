@@ -1,0 +1,69 @@
+#include "board/DayPane.h"
+
+#include "board/DayLines.h"
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "ui/GlobalKeys.h"
+
+namespace lantos {
+
+namespace {
+
+struct SortChoice {
+  const char* caption;
+  std::string_view order;
+};
+constexpr SortChoice kSortChoices[] = {{"Est#", "EstimateNumber ASC"},
+                                       {"Cust", "CustomerNumber ASC"},
+                                       {"Veh", "VehMake ASC, VehModel ASC, VehYear ASC"},
+                                       {"Tech", "Mechanic ASC"}};
+
+}  // namespace
+
+DayPane::DayPane(ui::Form& form) : form_(form) {
+  frameDayView.Holds(frameDay, lblDayComments, cbShowLabor, cmdPrintDay);
+  frameDay.Holds(List2);
+  List2.SetFace(ui::FontFace::FixedPitch);
+  for (std::size_t i = 0; i < optDaySortBy.size(); ++i) {
+    optDaySortBy[i].SetContainer(frameDayView);
+    optDaySortBy[i].SetCaption(kSortChoices[i].caption);
+  }
+  optDaySortBy[0].SetValue(true);
+  frameDayView.SetVisible(false);
+}
+
+void DayPane::NameDay(DaySerial day) {
+  frameDay.SetCaption(FormatLongDate(day));
+  frameDay.SetTag(std::to_string(day));
+}
+
+std::string_view DayPane::SortOrder() const {
+  std::size_t choice = 0;
+  for (std::size_t i = 0; i < optDaySortBy.size(); ++i) {
+    if (optDaySortBy[i].Value()) choice = i;
+  }
+  return kSortChoices[choice].order;
+}
+
+void DayPane::AddLines(const Estimate& estimate, const CustomerRecord* customer, std::string_view word,
+                       const std::vector<std::string>& laborLines) {
+  const std::int32_t number = estimate.EstimateNumber;
+  List2.AddItem(MainLine(estimate, customer), number);
+  if (std::string comments = CommentLine(estimate); !comments.empty()) List2.AddItem(std::move(comments), number);
+  List2.AddItem(StatusLine(estimate, word), number);
+  for (const std::string& line : laborLines) List2.AddItem(line, number);
+}
+
+void DayPane::RefreshStatus(const Estimate& estimate, const std::string& word) {
+  const int row = List2.ListIndex();
+  if (row < 0 || List2.List(row).starts_with(' ')) return;
+  int statusRow = row + 1;
+  if (statusRow < List2.ListCount() && List2.List(statusRow).starts_with(" -")) ++statusRow;
+  if (statusRow >= List2.ListCount()) return;
+  List2.RemoveItem(statusRow);
+  // The new line is left without the estimate's number; a click on it still moves up to the main line.
+  List2.InsertItem(statusRow, StatusLine(estimate, word));
+}
+
+}  // namespace lantos

@@ -1,0 +1,184 @@
+#include "board/DetailPane.h"
+
+#include "contents/EstimateTotals.h"
+#include "contents/notes/EstimateChecklist.h"
+#include "frame/Dates.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "records/Customers.h"
+#include "records/modSystem.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kCommentsWidth = 255;
+
+CustomerRecord UnknownCustomer() {
+  CustomerRecord record;
+  record.Put(customer::Lastname, "CUSTOMER");
+  record.Put(customer::Firstname, "UNKNOWN");
+  record.Put(customer::VLink, kNoLink);
+  return record;
+}
+
+}  // namespace
+
+DetailPane::DetailPane(ui::Form& form, Shop& shop, EstimateDatabase& database, frmInvList& inventoryList,
+                       Workorders& workorders, BoardState& state, CommandPane& commands)
+    : form_(form),
+      contents(Workbench{shop, database, inventoryList, workorders.Current, *this}, workorders),
+      shop_(shop),
+      database_(database),
+      state_(state),
+      commands_(commands) {
+  ArrangeBoxes();
+  txtComments.SetMaxLength(kCommentsWidth);
+  txtComments.SetToolTip("Saved when you leave the field");
+  txtComments.OnLostFocus = [this] { SaveComments(); };
+  listParts.SetMultiSelect(true);
+  listLabor.SetFace(ui::FontFace::FixedPitch);
+  listParts.SetFace(ui::FontFace::FixedPitch);
+  for (ui::TextBox* total : Totals()) {
+    total->SetLocked(true);
+    total->SetTabStop(false);
+  }
+  frameDetailView.SetVisible(false);
+}
+
+void DetailPane::ArrangeBoxes() {
+  frameDetailView.Holds(frameCustomer, frameVehicle, frameComments, frameLabor, frameParts, frameTotals);
+  frameCustomer.Holds(lblCustName, lblCustSpouse, lblCustAddr, lblCustCSZ, lblCustPhoneH, lblCustPhoneW, lblCustPhoneO,
+                      cmdCustomerEdit);
+  frameVehicle.Holds(lblVehYMM, lblVehVIN, lblVehLic, lblVehDate, lblVehMileage, lblEngTrans, cmdVehicleEdit);
+  frameComments.Holds(txtComments);
+  frameLabor.Holds(listLabor, cmdLaborAdd, cmdLaborAddCanned, cmdLaborChange, cmdLaborRemove, cmdLaborFollowup);
+  frameParts.Holds(listParts, cmdPartAdd, cmdPartAddNonStock, cmdPartChange, cmdPartRemove);
+  frameTotals.Holds(txtTotalHours, txtTotalLabor, txtTotalParts, txtTotalSublet, txtTotalWaste, txtTotalTax,
+                    txtTotalCost);
+}
+
+std::array<ui::TextBox*, 7> DetailPane::Totals() {
+  return {&txtTotalHours, &txtTotalLabor, &txtTotalParts, &txtTotalSublet, &txtTotalWaste, &txtTotalTax, &txtTotalCost};
+}
+
+void DetailPane::ClearDetail() {
+  displayedEstimate_ = 0;
+  frameDetailView.SetCaption("");
+  for (ui::Label* label :
+       {&lblCustName, &lblCustSpouse, &lblCustAddr, &lblCustCSZ, &lblCustPhoneH, &lblCustPhoneW, &lblCustPhoneO,
+        &lblVehYMM, &lblVehVIN, &lblVehLic, &lblVehDate, &lblVehMileage, &lblEngTrans}) {
+    label->SetCaption("");
+  }
+  for (ui::TextBox* total : Totals()) total->SetText("");
+  txtComments.SetText("");
+  savedComment_.clear();
+  contents.labor.ClearLaborList();
+  contents.parts.ClearPartList();
+}
+
+void DetailPane::ShowEstimateDetail() {
+  KeepUnsavedComments();
+  ClearDetail();
+  if (Current().EstimateNumber == 0) return;
+  displayedEstimate_ = Current().EstimateNumber;
+  // Before anything that can fail: leaving the field writes what stands in it.
+  txtComments.SetText(Current().Comments);
+  savedComment_ = Trim(Current().Comments);
+  RefreshDetailCaption("");
+  const bool known = shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
+  ShowCustomer(known ? shop_.records.customers.CurrentCustomer : UnknownCustomer());
+  ShowVehicle();
+  contents.parts.LoadPartList();
+  contents.labor.LoadLaborList();
+  if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
+  RefreshTotals();
+  LoadEstimateChecklist(contents.bench);
+  ShowNotesMark();
+}
+
+void DetailPane::BeginNew(std::int32_t number) {
+  displayedEstimate_ = number;
+  RefreshDetailCaption("");
+}
+
+void DetailPane::RefreshDetailCaption(const std::string& word) {
+  Estimate& estimate = Current();
+  const std::string status = word.empty() ? database_.estimates.StatusText(estimate.Status, estimate.SchedDate) : word;
+  frameDetailView.SetCaption("Est. # " + FormatZeros(estimate.EstimateNumber, 6) + "  " +
+                             FormatDate(estimate.SchedDate) + "  " + status);
+}
+
+void DetailPane::ShowCustomer(const CustomerRecord& record) {
+  estimateCustomer_ = record;
+  const auto text = [&](TextField field) { return record.Get(field); };
+  lblCustName.SetCaption(text(customer::Firstname) + " " + text(customer::Lastname));
+  const std::string spouseLast = text(customer::SpouseLast);
+  lblCustSpouse.SetCaption(spouseLast.empty() ? text(customer::Spouse) : spouseLast + " " + text(customer::Spouse));
+  lblCustAddr.SetCaption(text(customer::Address));
+  lblCustCSZ.SetCaption(text(customer::City) + ", " + text(customer::State) + " " + text(customer::Zip));
+  lblCustPhoneH.SetCaption(text(customer::HomePhone));
+  const std::string extension = text(customer::WorkExt);
+  lblCustPhoneW.SetCaption(text(customer::WorkPhone) + (extension.empty() ? "" : " x " + extension));
+  lblCustPhoneO.SetCaption(text(customer::OtherPhone));
+}
+
+// From the estimate's own snapshot, not from the vehicle file.
+void DetailPane::ShowVehicle() {
+  const Estimate& estimate = Current();
+  lblVehYMM.SetCaption(estimate.VehYear + " " + estimate.VehMake + " " + estimate.VehModel);
+  lblVehVIN.SetCaption(estimate.VehVIN);
+  lblVehLic.SetCaption(estimate.VehLic);
+  lblVehDate.SetCaption(estimate.VehDate);
+  lblVehMileage.SetCaption(estimate.VehMileage);
+  const std::string engine = Trim(estimate.VehEng);
+  lblEngTrans.SetCaption(engine + (engine.empty() ? "" : " ") + Trim(estimate.VehTrans));
+}
+
+void DetailPane::RefreshTotals() {
+  const std::vector<Charge> sublets = ReadCharges(Data().SubletsForEstimate(displayedEstimate_));
+  CommandPane::Mark(commands_.cmdEstimateSublets, !sublets.empty());
+  const std::vector<Charge> waste = ReadCharges(Data().WasteForEstimate(displayedEstimate_));
+  CommandPane::Mark(commands_.cmdEstimateWaste, !waste.empty());
+  const EstimateTotals totals = TotalsOf(
+      {contents.lines.labor.Lines(), contents.lines.parts, sublets, waste}, TaxRatesOf(shop_.records.system.SysRec),
+      estimateCustomer_.View(customer::tax_id_number).empty() ? TaxStanding::Taxed : TaxStanding::Exempt);
+  txtTotalHours.SetText(FormatHundredths(totals.hours));
+  txtTotalLabor.SetText(FormatHundredths(totals.labor));
+  txtTotalParts.SetText(FormatHundredths(totals.parts));
+  txtTotalSublet.SetText(FormatHundredths(totals.sublets));
+  txtTotalWaste.SetText(FormatHundredths(totals.waste));
+  txtTotalTax.SetText(FormatHundredths(totals.tax));
+  txtTotalCost.SetText(FormatHundredths(totals.cost));
+}
+
+void DetailPane::ShowNotesMark() {
+  Recordset& notes = Data().NotesForEstimate(displayedEstimate_);
+  CommandPane::Mark(commands_.cmdEstimateNotes, !notes.Eof());
+  notes.Close();
+}
+
+void DetailPane::SaveComments() {
+  if (displayedEstimate_ == 0) return;
+  const std::string comments = Trim(txtComments.Text());
+  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  savedComment_ = comments;
+  if (Current().EstimateNumber == displayedEstimate_) Current().Comments = comments;
+}
+
+void DetailPane::KeepUnsavedComments() {
+  if (Trim(txtComments.Text()) != savedComment_) SaveComments();
+}
+
+void DetailPane::StoreComments(const std::string& comments) {
+  txtComments.SetText(comments);
+  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  savedComment_ = Trim(comments);
+  Current().Comments = comments;
+}
+
+void DetailPane::AddScheduledHours(Hundredths hours) {
+  if (modEstimates::CountsTowardDay(Current().Status)) state_.capacity.ScheduledHours[state_.selectedDay] += hours;
+}
+
+}  // namespace lantos

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "board/BoardState.h"
+#include "board/CommandPane.h"
+#include "board/Contents.h"
+#include "estimatedb/EstimateDatabase.h"
+#include "records/Customers.h"
+
+namespace lantos {
+
+// The detail view: one estimate in full, and its totals, which are stored nowhere.
+class DetailPane : private EstimateOnShow {
+ public:
+  DetailPane(ui::Form& form, Shop& shop, EstimateDatabase& database, frmInvList& inventoryList, Workorders& workorders,
+             BoardState& state, CommandPane& commands);
+
+ private:
+  ui::Form& form_;
+
+ public:
+  ui::Frame frameDetailView{form_, "frameDetailView"};
+  ui::Frame frameCustomer{form_, "frameCustomer", "Customer"};
+  ui::Label lblCustName{form_, "lblCustName"};
+  ui::Label lblCustSpouse{form_, "lblCustSpouse"};
+  ui::Label lblCustAddr{form_, "lblCustAddr"};
+  ui::Label lblCustCSZ{form_, "lblCustCSZ"};
+  ui::Label lblCustPhoneH{form_, "lblCustPhoneH"};
+  ui::Label lblCustPhoneW{form_, "lblCustPhoneW"};
+  ui::Label lblCustPhoneO{form_, "lblCustPhoneO"};
+  ui::Button cmdCustomerEdit{form_, "cmdCustomerEdit", "Edit..."};
+  ui::Frame frameVehicle{form_, "frameVehicle", "Vehicle"};
+  ui::Label lblVehYMM{form_, "lblVehYMM"};
+  ui::Label lblVehVIN{form_, "lblVehVIN"};
+  ui::Label lblVehLic{form_, "lblVehLic"};
+  ui::Label lblVehDate{form_, "lblVehDate"};
+  ui::Label lblVehMileage{form_, "lblVehMileage"};
+  ui::Label lblEngTrans{form_, "lblEngTrans"};
+  ui::Button cmdVehicleEdit{form_, "cmdVehicleEdit", "Edit..."};
+  ui::Frame frameComments{form_, "frameComments", "Comments"};
+  ui::TextBox txtComments{form_, "txtComments"};
+  ui::Frame frameLabor{form_, "frameLabor", "Labor"};
+  ui::ListBox listLabor{form_, "listLabor"};
+  ui::Button cmdLaborAdd{form_, "cmdLaborAdd", "Add"};
+  ui::Button cmdLaborAddCanned{form_, "cmdLaborAddCanned", "Add Canned"};
+  ui::Button cmdLaborChange{form_, "cmdLaborChange", "Change"};
+  ui::Button cmdLaborRemove{form_, "cmdLaborRemove", "Remove"};
+  ui::Button cmdLaborFollowup{form_, "cmdLaborFollowup", "Followup"};
+  ui::Frame frameParts{form_, "frameParts", "Parts"};
+  ui::ListBox listParts{form_, "listParts"};
+  ui::Button cmdPartAdd{form_, "cmdPartAdd", "Add"};
+  ui::Button cmdPartAddNonStock{form_, "cmdPartAddNonStock", "Add Non-stock"};
+  ui::Button cmdPartChange{form_, "cmdPartChange", "Change"};
+  ui::Button cmdPartRemove{form_, "cmdPartRemove", "Remove"};
+  ui::Frame frameTotals{form_, "frameTotals", "Totals"};
+  ui::TextBox txtTotalHours{form_, "txtTotalHours"};
+  ui::TextBox txtTotalLabor{form_, "txtTotalLabor"};
+  ui::TextBox txtTotalParts{form_, "txtTotalParts"};
+  ui::TextBox txtTotalSublet{form_, "txtTotalSublet"};
+  ui::TextBox txtTotalWaste{form_, "txtTotalWaste"};
+  ui::TextBox txtTotalTax{form_, "txtTotalTax"};
+  ui::TextBox txtTotalCost{form_, "txtTotalCost"};
+
+  // What the estimate holds, and the commands on it.
+  Contents contents;
+
+  // Set by whoever shows the hours: those of the selected day, or the day itself, are to be shown anew.
+  std::function<void()> OnHoursChanged;
+
+  // Nothing is on show then.
+  void ClearDetail();
+  // Shows CurrentEstimate.
+  void ShowEstimateDetail();
+  // Of a new estimate there is nothing but its number, customer and vehicle yet.
+  void BeginNew(std::int32_t number);
+  // An empty word is found out from the current estimate, which may become a No-show in memory.
+  void RefreshDetailCaption(const std::string& word);
+  void ShowCustomer(const CustomerRecord& record);
+  void ShowVehicle();
+  void RefreshTotals() override;
+  void ShowNotesMark();
+  // Written every time the field is left, changed or not.
+  void SaveComments();
+  // Before the view is filled anew: a menu doesn't take the focus from the comments, and the database may have refused
+  // them when they were left.
+  void KeepUnsavedComments();
+
+  // The estimate on show; 0: none.
+  std::int32_t DisplayedEstimate() const override { return displayedEstimate_; }
+  const CustomerRecord& Customer() const override { return estimateCustomer_; }
+  std::array<ui::TextBox*, 7> Totals();
+
+ private:
+  void ArrangeBoxes();
+  ui::ListBox& LaborList() override { return listLabor; }
+  ui::ListBox& PartList() override { return listParts; }
+  void AddScheduledHours(Hundredths hours) override;
+  void RefreshDay() override { OnHoursChanged(); }
+  std::string CommentsOnShow() const override { return txtComments.Text(); }
+  void StoreComments(const std::string& comments) override;
+  de& Data() { return database_.lantosData; }
+  Estimate& Current() { return database_.estimates.CurrentEstimate; }
+
+  Shop& shop_;
+  EstimateDatabase& database_;
+  BoardState& state_;
+  CommandPane& commands_;
+  std::int32_t displayedEstimate_ = 0;
+  std::string savedComment_;
+  CustomerRecord estimateCustomer_;  // of the displayed estimate
+};
+
+}  // namespace lantos

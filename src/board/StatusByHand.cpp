@@ -1,0 +1,63 @@
+#include "board/StatusByHand.h"
+
+#include "board/BoardMenus.h"
+#include "board/Continue.h"
+#include "board/frmEstStatus.h"
+#include "board/frmReschedule.h"
+
+namespace lantos {
+
+void StatusByHand::PopupOf(std::int32_t estimate) {
+  if (estimate != Current().EstimateNumber) {
+    board_.Choose(estimate);
+    parts_.detail.ShowEstimateDetail();
+  }
+  const std::int16_t oldStatus = Current().Status;
+  menus_.PopupStatus(oldStatus);
+  board_.RefreshStatusText();
+  board_.LoadWeekIfCountChanged(oldStatus);
+}
+
+void StatusByHand::PopupOnDetail() {
+  if (Current().EstimateNumber == 0) return;
+  const std::int16_t oldStatus = Current().Status;
+  menus_.PopupStatus(oldStatus);
+  parts_.detail.RefreshDetailCaption("");
+  if (board_.LoadWeekIfCountChanged(oldStatus) == Board::WeekLoad::Done) parts_.detail.ShowEstimateDetail();
+}
+
+void StatusByHand::ChangeTo(std::int16_t status) {
+  ChangeStatusByHand(parts_.shop, parts_.database, Continuing(), status);
+}
+
+void StatusByHand::Change() {
+  const ui::Hourglass hourglass(parts_.shop.desktop);
+  const std::int16_t oldStatus = Current().Status;
+  frmEstStatus form(parts_.shop, parts_.database, Continuing());
+  form.ShowModal();
+  form.Unload();
+  board_.FollowStatus(oldStatus);
+}
+
+ContinueEstimate StatusByHand::Continuing() {
+  return [this] {
+    parts_.detail.KeepUnsavedComments();
+    return ContinueCurrentEstimate(parts_.shop, parts_.database);
+  };
+}
+
+void StatusByHand::Reschedule() {
+  const ui::Hourglass hourglass(parts_.shop.desktop);
+  parts_.detail.KeepUnsavedComments();
+  frmReschedule form(parts_.shop, parts_.database, parts_.state.lastSelectedDate);
+  form.ShowModal();
+  const bool moved = form.ok;
+  const DaySerial date = form.newDate;
+  form.Unload();
+  if (!moved) return;
+  parts_.calendar.SetValue(date);
+  board_.LoadWeek(date);
+  parts_.commands.cmdDayView.OnClick();
+}
+
+}  // namespace lantos

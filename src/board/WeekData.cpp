@@ -1,0 +1,52 @@
+#include "board/WeekData.h"
+
+#include "board/DayLines.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view order, bool withLabor) {
+  std::vector<BoardRow> rows;
+  Recordset& estimates = database.GetEstimatesByDate(date);
+  estimates.Sort(order);
+  for (; !estimates.Eof(); estimates.MoveNext()) {
+    BoardRow& row = rows.emplace_back();
+    modEstimates::ReadRow(estimates, row.estimate);
+    row.estimate.Comments = Trim(row.estimate.Comments);
+    Recordset& totals = database.TotalsForEstimate(row.estimate.EstimateNumber);
+    row.estimate.TotalHours = totals.Eof() ? 0 : totals.Long("TotalHours");
+    row.estimate.TotalLabor = totals.Eof() ? 0 : totals.Long("TotalLabor");
+    totals.Close();
+    if (withLabor) row.laborLines = FetchLaborLines(database, row.estimate.EstimateNumber);
+  }
+  estimates.Close();
+  return rows;
+}
+
+}  // namespace
+
+WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf) {
+  WeekData week;
+  database.Connection().ReadTogether([&] {
+    week.capacity.LoadStandardHours(database);
+    for (std::size_t i = 0; i < kWeekdays; ++i) {
+      const DaySerial day = sunday + static_cast<DaySerial>(i);
+      week.capacity.LoadSpecialDay(database, day, i);
+      week.days[i] = FetchDay(database, day, order, day == laborOf);
+    }
+  });
+  return week;
+}
+
+std::vector<std::string> FetchLaborLines(de& database, std::int32_t estimate) {
+  std::vector<std::string> lines;
+  Recordset& labor = database.LaborForEstimate(estimate);
+  for (; !labor.Eof(); labor.MoveNext()) lines.push_back(LaborLine(labor));
+  labor.Close();
+  lines.push_back(" ");
+  return lines;
+}
+
+}  // namespace lantos

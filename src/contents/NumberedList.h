@@ -1,0 +1,62 @@
+#pragma once
+
+#include <algorithm>
+#include <map>
+
+#include "contents/NumberedRows.h"
+
+namespace lantos {
+
+// Lines with numbers of their own, and their rows in a list.
+template <class Line>
+class NumberedList {
+ public:
+  using MakeRows = std::vector<std::string> (*)(const Line&);  // one at least
+
+  NumberedList(ui::ListBox& list, MakeRows makeRows, NumberAt numberAt = NumberAt::FirstRow,
+               std::int32_t firstNumber = 1)
+      : rows_(list, numberAt), makeRows_(makeRows), highestAtStart_(firstNumber - 1) {}
+
+  const std::map<std::int32_t, Line>& Lines() const { return lines_; }
+  bool Contains(std::int32_t number) const { return lines_.contains(number); }
+  const Line& operator[](std::int32_t number) const { return lines_.at(number); }
+
+  // Behind the highest that there has been: one that was removed isn't given again.
+  std::int32_t NextNumber() const { return highest_ + 1; }
+  // The number has been given, whether its line comes to stand in the list or not.
+  void Reserve(std::int32_t number) { highest_ = std::max(highest_, number); }
+
+  // In place of the line that has the number.
+  void Put(std::int32_t number, Line line) {
+    Reserve(number);
+    rows_.Put(number, makeRows_(line));
+    lines_.insert_or_assign(number, std::move(line));
+  }
+  void Remove(std::int32_t number) {
+    rows_.Remove(number);
+    lines_.erase(number);
+  }
+  // Lines and rows; the numbers that were given stay given.
+  void Clear() {
+    lines_.clear();
+    rows_.Clear();
+  }
+  // For the lines of something else.
+  void StartAnew() {
+    Clear();
+    highest_ = highestAtStart_;
+  }
+
+  void Select(std::int32_t number) { rows_.Select(number); }
+  // The line of the current row, whichever of its rows that is.
+  std::optional<std::int32_t> Selected() const { return rows_.Selected(); }
+
+ private:
+  std::map<std::int32_t, Line> lines_;
+  NumberedRows rows_;
+  MakeRows makeRows_;
+  std::int32_t highestAtStart_;
+  std::int32_t highest_ = highestAtStart_;
+};
+
+}  // namespace lantos

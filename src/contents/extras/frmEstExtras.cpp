@@ -1,0 +1,168 @@
+#include "contents/extras/frmEstExtras.h"
+
+#include "contents/extras/frmWOExtra.h"
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+#include "records/Customers.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ui::Twips kWidth = 8700;
+constexpr ui::Twips kHeight = 5400;
+constexpr std::string_view kFirstText = "--> ";
+constexpr std::string_view kOtherText = "    ";
+
+ExtraLine ReadExtra(const Recordset& row) {
+  ExtraLine line;
+  line.Vendor = Trim(row.Text("VendorName"));
+  line.Invoice = Trim(row.Text("VendorInvoice"));
+  line.Cost = row.Long("Cost");
+  line.Price = row.Long("Price");
+  for (std::size_t i = 0; i < line.Desc.size(); ++i) line.Desc[i] = Trim(row.Text("Desc" + std::to_string(i + 1)));
+  line.Taxable = Trim(row.Text("Taxable"));
+  return line;
+}
+
+de::Extra RowOf(const ExtraLine& line) {
+  return {line.Vendor,  line.Invoice, line.Cost,    line.Price,  line.Desc[0],
+          line.Desc[1], line.Desc[2], line.Desc[3], line.Taxable};
+}
+
+// The number row, then one row for each text that isn't empty.
+std::vector<std::string> RowsOf(const ExtraLine& line) {
+  std::vector<std::string> rows = {line.Vendor + (line.Invoice.empty() ? "" : " (" + line.Invoice + ")") + " " +
+                                   FormatHundredths(line.Cost) + " " + FormatHundredths(line.Price)};
+  for (const std::string& text : line.Desc) {
+    if (!text.empty()) rows.push_back(std::string(rows.size() == 1 ? kFirstText : kOtherText) + text);
+  }
+  return rows;
+}
+
+}  // namespace
+
+frmEstExtras::frmEstExtras(Workbench& bench, const ExtrasTable& table)
+    : SizedForm(bench.shop.desktop, bench.shop.keys, bench.shop.environment.settings, table.form, table.caption),
+      listLines(*this, table.list),
+      bench_(bench),
+      table_(table),
+      lines_(listLines, RowsOf) {
+  SetDesignedSize(kWidth, kHeight);
+  listLines.SetFace(ui::FontFace::FixedPitch);
+  listLines.OnDoubleClick = [this] { Change(); };
+  WireCommands();
+}
+
+void frmEstExtras::WireCommands() {
+  UseButtons(cmdClose, cmdClose);
+  SetDefaultButton(cmdChange);
+  cmdAdd.OnClick = [this] { Add(); };
+  cmdChange.OnClick = [this] { Change(); };
+  cmdRemove.OnClick = [this] { Remove(); };
+  cmdAdd.SetToolTip("Add <Insert>");
+  cmdChange.SetToolTip("Change <Enter>");
+  cmdRemove.SetToolTip("Remove <Delete>");
+  cmdClose.SetToolTip("Close <Esc>");
+}
+
+void frmEstExtras::OnLoad() {
+  ShowHeader();
+  SizedForm::OnLoad();
+  LoadLines();
+}
+
+void frmEstExtras::ShowHeader() {
+  const CustomerRecord& customer = bench_.estimate.Customer();
+  lblEstimateNumber.SetCaption(FormatZeros(bench_.Number(), 6));
+  lblCustName.SetCaption(customer.Get(customer::Firstname) + " " + customer.Get(customer::Lastname));
+}
+
+void frmEstExtras::LoadLines() {
+  Recordset& stored = (bench_.Data().*table_.stored)(bench_.Number());
+  for (; !stored.Eof(); stored.MoveNext()) lines_.Put(stored.Long(table_.numberColumn), ReadExtra(stored));
+  stored.Close();
+  if (!lines_.Lines().empty()) lines_.Select(lines_.Lines().begin()->first);
+}
+
+void frmEstExtras::OnKeyDown(ui::KeyPress& key) {
+  if (key.Is("Insert")) {
+    key.Clear();
+    Add();
+  } else if (key.Is("Delete")) {
+    key.Clear();
+    Remove();
+  } else {
+    SizedForm::OnKeyDown(key);
+  }
+}
+
+void frmEstExtras::Store(std::int32_t number, const ExtraLine& line) {
+  bench_.Data().Connection().Together([&] {
+    if (lines_.Contains(number)) (bench_.Data().*table_.remove)(bench_.Number(), number);
+    (bench_.Data().*table_.add)(bench_.Number(), number, RowOf(line));
+  });
+  lines_.Put(number, line);
+  lines_.Select(number);
+  listLines.SetFocus();
+}
+
+void frmEstExtras::Add() {
+  const std::optional<ExtraLine> line = table_.newLine(bench_);
+  if (!line) return;
+  frmWOExtra editor(bench_.shop, table_.editorCaption, *line, table_.DefaultTax(bench_));
+  editor.ShowModal();
+  if (editor.Saved()) Store(lines_.NextNumber(), editor.CurrentExtra);
+}
+
+void frmEstExtras::Change() {
+  ui::Desktop& desktop = bench_.shop.desktop;
+  const std::string noun = table_.noun;
+  const std::optional<std::int32_t> number = lines_.Selected();
+  if (!number) return desktop.Tell("Must select a " + noun + " to change.", "Change " + noun);
+  Recordset& stored = (bench_.Data().*table_.storedLine)(bench_.Number(), *number);
+  if (stored.Eof()) return desktop.Tell(noun + " information not found in database.", "Change " + noun);
+  const ExtraLine line = ReadExtra(stored);
+  stored.Close();
+  if (line.Vendor == kSurchargeVendor) {
+    return desktop.Tell("This is a system-generated value.\rIt can only be removed, not changed.",
+                        "Can not edit SURCHARGE.");
+  }
+  frmWOExtra editor(bench_.shop, "Change " + noun, line, table_.DefaultTax(bench_));
+  editor.ShowModal();
+  if (editor.Saved()) Store(*number, editor.CurrentExtra);
+}
+
+void frmEstExtras::Remove() {
+  ui::Desktop& desktop = bench_.shop.desktop;
+  const std::string noun = table_.noun;
+  const std::optional<std::int32_t> number = lines_.Selected();
+  if (!number) return desktop.Tell("You must select a " + noun + " in order to remove it.", "Remove " + noun);
+  if (desktop.Ask("Remove\r    " + RowsOf(lines_[*number]).front() + "\rfrom this estimate?", "Remove " + noun,
+                  ui::Buttons::YesNo) != ui::Answer::Yes) {
+    return;
+  }
+  (bench_.Data().*table_.remove)(bench_.Number(), *number);
+  lines_.Remove(*number);
+  listLines.SetFocus();
+}
+
+namespace {
+
+void ShowExtras(Workbench& bench, const ExtrasTable& table) {
+  if (bench.Number() == 0) {
+    bench.shop.desktop.Tell("Must first select an estimate.", table.caption);
+    return;
+  }
+  frmEstExtras form(bench, table);
+  form.ShowModal();
+  bench.estimate.RefreshTotals();
+}
+
+}  // namespace
+
+void EstimateSublets(Workbench& bench) { ShowExtras(bench, kSubletExtras); }
+
+void EstimateWaste(Workbench& bench) { ShowExtras(bench, kWasteExtras); }
+
+}  // namespace lantos

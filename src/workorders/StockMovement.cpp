@@ -1,0 +1,65 @@
+#include "workorders/StockMovement.h"
+
+#include "records/inventory/Inventory.h"
+
+namespace lantos {
+
+namespace {
+
+// The inventory's list comes before the names that are looked up for the update.
+FileIO& LoadedFiles(Environment& environment, const Inventory& inventory) {
+  inventory.FinishLoading();
+  return environment.files;
+}
+
+}  // namespace
+
+StockMovement::StockMovement(Environment& environment, ui::Desktop& desktop, Records& records,
+                             std::function<void(std::string step)> onDone)
+    : environment_(environment),
+      desktop_(desktop),
+      inventory_(records.inventory),
+      usageHistory_(records.usageHistory),
+      onDone_(std::move(onDone)),
+      names_(LoadedFiles(environment, records.inventory)),
+      turns_(environment.files.PathOf(kInventoryTagFile), environment.clock) {}
+
+std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Workorder& order) {
+  // Other copies that take from stock wait from the reading to the writing: the stock falls by all of them.
+  const UpdateTurns::Turn turn(turns_);
+  const Inventory::PartIndex index = inventory_.FindPart(part.number);
+  if (index == Inventory::kNoPart) return std::nullopt;
+  FileLink offset = kNoLink;
+  if (!inventory_.ReadInventory(offset, index)) {
+    environment_.log.Write("Convert: the stock of " + part.number + " could not be read and was not moved");
+    return std::nullopt;
+  }
+  InventoryTag& tag = inventory_.CurrentInvTag;
+  InventoryRecord& master = inventory_.CurrentInv;
+  CheckNumber(tag.View(inventorytag::StockNumber), part.number, "tag");
+  CheckNumber(master.View(inventory::StockNumber), part.number, "master");
+  const std::int16_t left = WoQuantity(std::int64_t{tag.Get(inventorytag::InStock)} - part.quantity);
+  tag.Put(inventorytag::InStock, left);
+  master.Put(inventory::QtyInStock, left);
+  // The cost goes where the history has the price, and the price where it has the cost: so every record was made.
+  const FileLink link = usageHistory_.UpdateUsage(UseIn(order), part.cost, part.price, part.quantity);
+  if (link != kNoLink) master.Put(inventory::UsageLink, link);
+  onDone_("the usage of " + part.number + " was noted");
+  inventory_.WriteInventory(offset, index, false, true);
+  onDone_("the stock of " + part.number + " is now " + std::to_string(left));
+  return left;
+}
+
+void StockMovement::CheckNumber(std::string_view found, const std::string& wanted, std::string_view file) {
+  if (found == wanted) return;
+  desktop_.Tell("Warning! Inventory " + std::string(file) + " file problem.\rLooking for '" + wanted + "'\rFound '" +
+                    std::string(found) + "'",
+                "Convert - Update Inventory");
+}
+
+UsageHistory::Use StockMovement::UseIn(const Workorder& order) {
+  return {order.WorkorderNumber, order.Totals.Get(wototals::DateOpen), order.Customer.Get(customer::Lastname),
+          order.Customer.Get(customer::Firstname)};
+}
+
+}  // namespace lantos
