@@ -1,11 +1,8 @@
 #include "bench/BenchShop.h"
 
-#include <stdlib.h>
-
-#include <stdexcept>
-
 #include "frame/Dates.h"
 #include "records/Vehicles.h"
+#include "support/ScratchDirectory.h"
 
 namespace lantos::bench {
 
@@ -16,7 +13,7 @@ constexpr int kEstimatesOnFullDay = 60;
 constexpr int kLaborLines = 5;
 
 const std::filesystem::path& Scratch() {
-  static const ScratchPlace place;
+  static const test::ScratchDirectory place;
   return place.Path();
 }
 
@@ -77,17 +74,6 @@ SampleShop ManyParts() {
 }
 
 }  // namespace
-
-ScratchPlace::ScratchPlace() {
-  std::string name = (std::filesystem::temp_directory_path() / "lantos-bench-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory: " + name);
-  path_ = name;
-}
-
-ScratchPlace::~ScratchPlace() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
 
 const std::filesystem::path& LargestShop() {
   static const std::filesystem::path path = Make("largest", ImagineShop(Sizes(32767, 50000, 0)));

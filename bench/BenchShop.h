@@ -12,19 +12,6 @@ namespace lantos::bench {
 
 inline constexpr DaySerial kBenchDay = 37894;  // Tuesday, 30 September 2003
 
-// A directory that goes with the process.
-class ScratchPlace {
- public:
-  ScratchPlace();
-  ~ScratchPlace();
-  ScratchPlace(const ScratchPlace&) = delete;
-  ScratchPlace& operator=(const ScratchPlace&) = delete;
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
 // The shops that are measured on, each made when it is first asked for.
 const std::filesystem::path& LargestShop();   // 32,767 customers and 50,000 vehicles
 const std::filesystem::path& BusyWeekShop();  // 40 estimates of 5 labor lines on each day of the week

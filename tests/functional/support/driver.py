@@ -9,6 +9,7 @@ import threading
 import time
 from pathlib import Path
 
+BUSY_TIMEOUT = None  # milliseconds that a database waits for another copy; None leaves it to the program
 DEADLINE = 60.0  # seconds for any one answer; a test build with sanitizers on a busy machine is slow
 MORNING = "2003-09-30T08:15:00"  # a Tuesday
 
@@ -43,7 +44,7 @@ class Lantos:
     """Owns the process, its directories and the record of what was said."""
 
     def __init__(self, home, desktop="driver", now=MORNING, computer="BENCH1", arguments=(), cwd=None, runtime=None,
-                 settings=None, name="lantos"):
+                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT):
         self.home = Path(home)
         self.settings = Path(settings or self.home / "settings")
         self.print_to = self.home / f"{name}-print"
@@ -61,6 +62,8 @@ class Lantos:
             command += ["--computer", computer]
         if now is not None:
             command += ["--now", now]
+        if busy_timeout is not None:
+            command += ["--busy-timeout", str(busy_timeout)]
         command += ["--", *[str(argument) for argument in arguments]]
         self._record.write(" ".join(command) + "\n")
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self._errors,

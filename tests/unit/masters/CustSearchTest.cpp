@@ -289,7 +289,7 @@ TEST_F(CustSearch, ANewCustomerForAnEstimateIsTheChosenOneAndTakesTheTypedName) 
                         .Text(25, "Ann")
                         .Text(121, "Fresno")
                         .Text(142, "CA")
-                        .Short(207, 3)
+                        .Integer(207, 3)
                         .Long(209, 731868)
                         .Long(313, -1)
                         .Bytes());

@@ -6,49 +6,19 @@
 #include <string>
 #include <vector>
 
-#include "TestDesktop.h"
-#include "frame/ScratchDirectory.h"
+#include "admin/TestShop.h"
 #include "masters/customers/MasterScreens.h"
 #include "records/Customers.h"
+#include "records/Fixture.h"
 #include "records/modSystem.h"
-#include "shop/Shop.h"
 #include "ui/Controls.h"
 
 namespace lantos::test {
 
 using ui::Answer;
 
-// A record as it lies in a file, made by hand and not by the program's writers.
-class RawRecord {
- public:
-  explicit RawRecord(std::size_t length) : bytes_(length, '\0') {}
-  RawRecord& Long(std::size_t offset, std::int32_t value) {
-    for (std::size_t i = 0; i < 4; ++i)
-      bytes_[offset + i] = static_cast<char>(static_cast<std::uint32_t>(value) >> (8 * i));
-    return *this;
-  }
-  RawRecord& Short(std::size_t offset, int value) {
-    bytes_[offset] = static_cast<char>(value & 0xff);
-    bytes_[offset + 1] = static_cast<char>(value >> 8);
-    return *this;
-  }
-  RawRecord& Text(std::size_t offset, const std::string& text) {
-    bytes_.replace(offset, text.size(), text);
-    return *this;
-  }
-  const std::string& Bytes() const { return bytes_; }
+using RawRecord = Image;
 
- private:
-  std::string bytes_;
-};
-
-inline std::int32_t LongAt(const std::string& bytes, std::size_t offset) {
-  std::uint32_t value = 0;
-  for (std::size_t i = 0; i < 4; ++i) {
-    value |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes.at(offset + i))) << (8 * i);
-  }
-  return static_cast<std::int32_t>(value);
-}
 inline std::string TextAt(const std::string& bytes, std::size_t offset, std::size_t width) {
   return bytes.substr(offset, width).c_str();
 }
@@ -98,7 +68,7 @@ struct RawCustomer {
         .Text(156, home)
         .Text(171, work)
         .Text(192, other)
-        .Short(207, 2)
+        .Integer(207, 2)
         .Long(209, 731868)
         .Text(281, "KIM JONES")
         .Long(313, vLink)
@@ -136,10 +106,9 @@ struct RawVehicle {
 };
 
 // A shop's directory with hand-made files, and the screens on it. Today is 30 September 2003.
-class MasterShop : public ::testing::Test {
+class MasterShop : public ::testing::Test, protected TestShop {
  protected:
   MasterShop() {
-    environment.files.SetDataDir(directory.DataDir());
     directory.Put("TQSYSTEM.DAT", RawRecord(1038).Long(12, 1001).Text(109, "Fresno").Text(130, "CA").Bytes());
     PutEmployees({{7, "KIM JONES", -1}, {3, "LEE WEST", -1}, {9, "PAT OLD", 731000}});
     directory.Put("TQCSTTAG.DAT", "");
@@ -183,14 +152,6 @@ class MasterShop : public ::testing::Test {
   }
   std::string Setting(const std::string& key) const { return settings.Get(key, "?"); }
 
-  ScratchDirectory directory;
-  StandingClock clock{{37894, 29700000}};
-  UserSettings settings{directory.Path() / "settings"};
-  Environment environment{clock, settings};
-  TestDesktop desktop;
-  Records records{environment, desktop};
-  ui::GlobalKeys keys{desktop};
-  Shop shop{desktop, environment, records, keys};
   MasterScreens screens{shop};
 };
 
@@ -199,6 +160,5 @@ template <class Screen>
 Screen& As(ui::Form& form) {
   return dynamic_cast<Screen&>(form);
 }
-inline void Press(ui::Form& form, const std::string& key) { form.PressKey(ui::ParseKey(key)); }
 
 }  // namespace lantos::test

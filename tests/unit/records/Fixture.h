@@ -2,18 +2,16 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <stdexcept>
 #include <string>
 
 #include "GoldenDirectory.h"
 #include "TestDesktop.h"
 #include "shop/Records.h"
+#include "support/ScratchDirectory.h"
 
 namespace lantos::test {
 
@@ -34,6 +32,7 @@ class Image {
     return *this;
   }
   operator const std::string&() const { return bytes_; }
+  const std::string& Bytes() const { return bytes_; }
 
  private:
   Image& Number(std::size_t offset, std::uint32_t value, std::size_t width) {
@@ -70,14 +69,9 @@ inline Image EmployeeImage(std::int32_t number, std::string_view name) {
 // A shop's directory of its own, with one running copy of the program on it, without a person.
 class ShopTest : public testing::Test {
  protected:
-  ShopTest() { environment.files.SetDataDir(directory_.string() + "\\"); }
-  ~ShopTest() override {
-    environment.log.Close();
-    std::error_code ignored;
-    std::filesystem::remove_all(directory_, ignored);
-  }
+  ShopTest() { environment.files.SetDataDir(directory_.DataDir()); }
 
-  std::filesystem::path PathOf(std::string_view name) const { return directory_ / name; }
+  std::filesystem::path PathOf(std::string_view name) const { return directory_.Path() / name; }
   void Put(std::string_view name, const std::string& bytes) const {
     std::ofstream(PathOf(name), std::ios::binary) << bytes;
   }
@@ -92,7 +86,7 @@ class ShopTest : public testing::Test {
   // Every file of the directory.
   std::map<std::string, std::string> Everything() const {
     std::map<std::string, std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator(directory_)) {
+    for (const auto& entry : std::filesystem::directory_iterator(directory_.Path())) {
       all[entry.path().filename().string()] = ReadAll(entry.path());
     }
     return all;
@@ -125,12 +119,7 @@ class ShopTest : public testing::Test {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
   }
-  static std::filesystem::path NewDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "lantos-records-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-    return name;
-  }
-  std::filesystem::path directory_ = NewDirectory();
+  ScratchDirectory directory_;
 
  protected:
   TestDesktop desktop;

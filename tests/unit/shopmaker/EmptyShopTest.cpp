@@ -7,13 +7,13 @@
 
 #include "estimatedb/sqlite/SqliteEngine.h"
 #include "records/modSystem.h"
-#include "shopmaker/TemporaryDirectory.h"
+#include "shopmaker/Contents.h"
 
 namespace lantos {
 namespace {
 
 using test::Contents;
-using test::TemporaryDirectory;
+using test::ScratchDirectory;
 using test::WriteBytes;
 
 class EmptyShop : public testing::Test {
@@ -28,7 +28,7 @@ class EmptyShop : public testing::Test {
     return record;
   }
 
-  TemporaryDirectory directory_;
+  ScratchDirectory directory_;
   StandingClock clock_{LocalTime{37894, 0}};
 };
 

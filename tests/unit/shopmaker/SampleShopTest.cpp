@@ -14,13 +14,13 @@
 #include "records/Vehicles.h"
 #include "records/inventory/InventoryKits.h"
 #include "records/inventory/InventoryLayout.h"
-#include "shopmaker/TemporaryDirectory.h"
+#include "shopmaker/Contents.h"
 
 namespace lantos {
 namespace {
 
 using test::Contents;
-using test::TemporaryDirectory;
+using test::ScratchDirectory;
 
 constexpr DaySerial kDay = 37894;  // Tuesday, 30 September 2003
 
@@ -73,7 +73,7 @@ class MadeShop : public testing::Test {
     return engine.Run(statement, {});
   }
 
-  TemporaryDirectory directory_;
+  ScratchDirectory directory_;
   StandingClock clock_{LocalTime{kDay, 0}};
 };
 
