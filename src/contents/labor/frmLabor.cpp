@@ -35,11 +35,11 @@ void EnterMovesOn(ui::TextBox& from, ui::TextBox& to) {
 
 }  // namespace
 
-frmLabor::frmLabor(Workbench& bench, WoLaborLine& line)
+frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
     : OkCancelForm(bench.shop.desktop, bench.shop.keys, "frmLabor", "Estimate Labor"),
+      CurrentLabor(line),
       bench_(bench),
-      shop_(bench.shop),
-      line_(line) {
+      shop_(bench.shop) {
   SetSize(kWidth, kHeight);
   UseButtons(OKButton, CancelButton);
   frameFollowup.Holds(lblMiles, Miles, lblDays, Days, lblFollowupDate, FollowupDate);
@@ -88,7 +88,7 @@ void frmLabor::WireFollowup() {
 
 void frmLabor::OnLoad() {
   showing_ = true;
-  Check2.SetValue(line_.Mechanic == 0 || shop_.environment.settings.GetBoolean(kAllowNoneSetting, false));
+  Check2.SetValue(CurrentLabor.Mechanic == 0 || shop_.environment.settings.GetBoolean(kAllowNoneSetting, false));
   hasEmployees_ = FillEmployees();
   LoadRepairCodes();
   showing_ = false;
@@ -98,13 +98,14 @@ void frmLabor::OnLoad() {
 
 void frmLabor::ShowLine() {
   showing_ = true;
-  SelectMechanic(line_.Mechanic);
-  Hours.SetText(FormatHundredths(line_.Hours));
-  ShopRate.SetText(FormatHundredths(line_.Rate));
-  TotalLabor.SetText(FormatHundredths(line_.Total));
-  txtDesc.SetText(TextOfLabor(line_.Desc));
-  followupAtLoad_ = {NumberOrNothing(line_.FollowupMiles), NumberOrNothing(line_.FollowupDays),
-                     line_.FollowupDate == 0 ? std::string() : FormatDate(FromFileDate(line_.FollowupDate))};
+  SelectMechanic(CurrentLabor.Mechanic);
+  Hours.SetText(FormatHundredths(CurrentLabor.Hours));
+  ShopRate.SetText(FormatHundredths(CurrentLabor.Rate));
+  TotalLabor.SetText(FormatHundredths(CurrentLabor.Total));
+  txtDesc.SetText(TextOfLabor(CurrentLabor.Desc));
+  followupAtLoad_ = {
+      NumberOrNothing(CurrentLabor.FollowupMiles), NumberOrNothing(CurrentLabor.FollowupDays),
+      CurrentLabor.FollowupDate == 0 ? std::string() : FormatDate(FromFileDate(CurrentLabor.FollowupDate))};
   ShowFollowup(followupAtLoad_);
   showing_ = false;
   changed_ = false;
@@ -174,7 +175,7 @@ void frmLabor::RepairCodePicked() {
 DaySerial frmLabor::FollowupBase() const {
   if (!shop_.environment.shopOptions.LaborDateOption)
     return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
-  return ParseDate(line_.Date).value_or(shop_.environment.Today());
+  return ParseDate(CurrentLabor.Date).value_or(shop_.environment.Today());
 }
 
 FollowupFields frmLabor::ReadFollowup() const { return {Miles.Text(), Days.Text(), FollowupDate.Text()}; }
@@ -205,9 +206,9 @@ bool frmLabor::CheckFollowup() {
 // A line whose followup has been handed out can't change it any more.
 void frmLabor::DisableUsedFollowup() {
   const Estimate& estimate = bench_.database.estimates.CurrentEstimate;
-  const bool used =
-      shop_.records.followups.Exists(estimate.CustomerNumber, estimate.VehVIN, estimate.VehLic,
-                                     bench_.workorder.WorkorderNumber, line_.FollowupDate, line_.FollowupMiles);
+  const bool used = shop_.records.followups.Exists(estimate.CustomerNumber, estimate.VehVIN, estimate.VehLic,
+                                                   bench_.workorder.WorkorderNumber, CurrentLabor.FollowupDate,
+                                                   CurrentLabor.FollowupMiles);
   for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->SetEnabled(!used);
 }
 
@@ -227,19 +228,21 @@ bool frmLabor::TakeDescription() {
 }
 
 void frmLabor::StoreLine() {
-  line_.Date = shop_.environment.shopOptions.LaborDateOption ? FormatDate(shop_.environment.Today()) : std::string();
-  line_.Mechanic = SelectedMechanic();
-  line_.Hours = InHundredths(Hours);
-  line_.Rate = InHundredths(ShopRate);
-  line_.Commission = GetMechanicCommission(shop_.records.employees, line_.Mechanic);
-  line_.Total = InHundredths(TotalLabor);
-  for (std::size_t i = 0; i < line_.Desc.size(); ++i) line_.Desc[i] = ToUpper(description_[i]);
-  line_.FollowupMiles = RoundHalfEven(Val(Miles.Text()));
-  line_.FollowupDays = RoundHalfEven(Val(Days.Text()));
+  CurrentLabor.Date =
+      shop_.environment.shopOptions.LaborDateOption ? FormatDate(shop_.environment.Today()) : std::string();
+  CurrentLabor.Mechanic = SelectedMechanic();
+  CurrentLabor.Hours = InHundredths(Hours);
+  CurrentLabor.Rate = InHundredths(ShopRate);
+  CurrentLabor.Commission = GetMechanicCommission(shop_.records.employees, CurrentLabor.Mechanic);
+  CurrentLabor.Total = InHundredths(TotalLabor);
+  for (std::size_t i = 0; i < CurrentLabor.Desc.size(); ++i) CurrentLabor.Desc[i] = ToUpper(description_[i]);
+  CurrentLabor.FollowupMiles = RoundHalfEven(Val(Miles.Text()));
+  CurrentLabor.FollowupDays = RoundHalfEven(Val(Days.Text()));
   const bool isDue = Val(Miles.Text()) > 0 || Val(Days.Text()) > 0;
   const auto date = ParseDate(FollowupDate.Text(), FromSerial(shop_.environment.Today()).year);
-  line_.FollowupDate = isDue && date ? ToFileDate(*date) : 0;
-  line_.RepairCode = lovRepairCode.ListCount() > 1 ? Left(lovRepairCode.Text(), kRepairCodeWidth) : std::string();
+  CurrentLabor.FollowupDate = isDue && date ? ToFileDate(*date) : 0;
+  CurrentLabor.RepairCode =
+      lovRepairCode.ListCount() > 1 ? Left(lovRepairCode.Text(), kRepairCodeWidth) : std::string();
 }
 
 void frmLabor::Accept() {

@@ -7,11 +7,10 @@
 
 namespace lantos {
 
-// One line of labor: who, how long, at what rate, for how much, and its text. Works on the line it is given, which is
-// changed only when the screen is left with OK.
+// One line of labor: who, how long, at what rate, for how much, and its text.
 class frmLabor : public OkCancelForm {
  public:
-  frmLabor(Workbench& bench, WoLaborLine& line);
+  frmLabor(Workbench& bench, const WoLaborLine& line);
   ~frmLabor() override { Unload(); }
 
   ui::Label lblEmployee{*this, "lblEmployee", "&Technician"};
@@ -44,6 +43,7 @@ class frmLabor : public OkCancelForm {
   // False when no list of employees could be built: the screen isn't shown then.
   bool HasEmployees() const { return hasEmployees_; }
   bool Saved() const { return saved_; }
+  WoLaborLine CurrentLabor;  // as it came, and as it was saved
 
  private:
   void OnLoad() override;
@@ -78,7 +78,6 @@ class frmLabor : public OkCancelForm {
 
   Workbench& bench_;
   Shop& shop_;
-  WoLaborLine& line_;
   std::array<std::string, 8> description_;  // as it will be stored
   FollowupFields followupAtLoad_;
   bool hasEmployees_ = false;
