@@ -6,8 +6,6 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "records/Followups.h"
-#include "records/LaborText.h"
 #include "records/modEmployees.h"
 #include "screens/EmployeeList.h"
 #include "workorders/LaborCost.h"
@@ -22,7 +20,6 @@ constexpr std::string_view kAllowNoneSetting = "frmLaborEmpNone";
 
 std::string FixedText(const ui::TextBox& box) { return FormatFixed(Val(box.Text()), 2); }
 std::int32_t InHundredths(const ui::TextBox& box) { return WholeOrOverflow(Val(box.Text()) * 100); }
-std::string NumberOrNothing(std::int32_t number) { return number == 0 ? std::string() : std::to_string(number); }
 
 // Enter goes on to the next field.
 void EnterMovesOn(ui::TextBox& from, ui::TextBox& to) {
@@ -49,7 +46,7 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
   cmdTechHours.SetVisible(false);  // of the program that has the hours of the technicians at hand
   WireEmployees();
   WireAmounts();
-  WireFollowup();
+  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->OnChange = [this] { MarkChanged(); };
   lovRepairCode.OnClick = [this] { RepairCodePicked(); };
   cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
   OKButton.SetToolTip("OK <F10>");
@@ -79,13 +76,6 @@ void frmLabor::WireAmounts() {
   EnterMovesOn(TotalLabor, txtDesc);
 }
 
-void frmLabor::WireFollowup() {
-  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) {
-    box->OnChange = [this] { MarkChanged(); };
-    box->OnLostFocus = [this, box] { CheckOf(*box); };
-  }
-}
-
 void frmLabor::OnLoad() {
   showing_ = true;
   Check2.SetValue(CurrentLabor.Mechanic == 0 || shop_.environment.settings.GetBoolean(kAllowNoneSetting, false));
@@ -93,7 +83,7 @@ void frmLabor::OnLoad() {
   LoadRepairCodes();
   showing_ = false;
   ShowLine();
-  DisableUsedFollowup();
+  followup_.DisableWhenUsed();
 }
 
 void frmLabor::ShowLine() {
@@ -103,10 +93,7 @@ void frmLabor::ShowLine() {
   ShopRate.SetText(FormatHundredths(CurrentLabor.Rate));
   TotalLabor.SetText(FormatHundredths(CurrentLabor.Total));
   txtDesc.SetText(TextOfLabor(CurrentLabor.Desc));
-  followupAtLoad_ = {
-      NumberOrNothing(CurrentLabor.FollowupMiles), NumberOrNothing(CurrentLabor.FollowupDays),
-      CurrentLabor.FollowupDate == 0 ? std::string() : FormatDate(FromFileDate(CurrentLabor.FollowupDate))};
-  ShowFollowup(followupAtLoad_);
+  followup_.Show();
   showing_ = false;
   changed_ = false;
 }
@@ -171,47 +158,6 @@ void frmLabor::RepairCodePicked() {
   MarkChanged();
 }
 
-// The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
-DaySerial frmLabor::FollowupBase() const {
-  if (!shop_.environment.shopOptions.LaborDateOption)
-    return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
-  return ParseDate(CurrentLabor.Date).value_or(shop_.environment.Today());
-}
-
-FollowupFields frmLabor::ReadFollowup() const { return {Miles.Text(), Days.Text(), FollowupDate.Text()}; }
-
-void frmLabor::ShowFollowup(const FollowupFields& fields) {
-  Miles.SetText(fields.miles);
-  Days.SetText(fields.days);
-  FollowupDate.SetText(fields.date);
-}
-
-bool frmLabor::CheckOf(const ui::TextBox& field) {
-  FollowupFields fields = ReadFollowup();
-  const DaySerial today = shop_.environment.Today();
-  const bool good = &field == &Miles  ? CheckMiles(fields, today, YearlyMiles(bench_.workorder.Vehicle))
-                    : &field == &Days ? CheckDays(fields, FollowupBase())
-                                      : CheckFollowupDate(fields, FollowupBase(), today);
-  if (good) ShowFollowup(fields);
-  return good;
-}
-
-bool frmLabor::CheckFollowup() {
-  const FollowupFields now = ReadFollowup();
-  const bool untouched =
-      now.miles == followupAtLoad_.miles && now.days == followupAtLoad_.days && now.date == followupAtLoad_.date;
-  return untouched || (CheckOf(Miles) && CheckOf(Days) && CheckOf(FollowupDate));
-}
-
-// A line whose followup has been handed out can't change it any more.
-void frmLabor::DisableUsedFollowup() {
-  const Estimate& estimate = bench_.database.estimates.CurrentEstimate;
-  const bool used = shop_.records.followups.Exists(estimate.CustomerNumber, estimate.VehVIN, estimate.VehLic,
-                                                   bench_.workorder.WorkorderNumber, CurrentLabor.FollowupDate,
-                                                   CurrentLabor.FollowupMiles);
-  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->SetEnabled(!used);
-}
-
 // False when there is none. A word that is longer than a line ends the whole event.
 bool frmLabor::TakeDescription() {
   const FlowedLabor flowed = FlowDescription(txtDesc.Text());
@@ -236,18 +182,14 @@ void frmLabor::StoreLine() {
   CurrentLabor.Commission = GetMechanicCommission(shop_.records.employees, CurrentLabor.Mechanic);
   CurrentLabor.Total = InHundredths(TotalLabor);
   for (std::size_t i = 0; i < CurrentLabor.Desc.size(); ++i) CurrentLabor.Desc[i] = ToUpper(description_[i]);
-  CurrentLabor.FollowupMiles = RoundHalfEven(Val(Miles.Text()));
-  CurrentLabor.FollowupDays = RoundHalfEven(Val(Days.Text()));
-  const bool isDue = Val(Miles.Text()) > 0 || Val(Days.Text()) > 0;
-  const auto date = ParseDate(FollowupDate.Text(), FromSerial(shop_.environment.Today()).year);
-  CurrentLabor.FollowupDate = isDue && date ? ToFileDate(*date) : 0;
+  followup_.Store(CurrentLabor);
   CurrentLabor.RepairCode =
       lovRepairCode.ListCount() > 1 ? Left(lovRepairCode.Text(), kRepairCodeWidth) : std::string();
 }
 
 void frmLabor::Accept() {
   if (!TakeDescription()) return;
-  if (!CheckFollowup()) {
+  if (!followup_.Check()) {
     shop_.desktop.Tell("Followup information is invalid.", Caption());
     return;
   }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "contents/Workbench.h"
-#include "contents/labor/FollowupCheck.h"
-#include "records/Followups.h"
+#include "contents/labor/FollowupEntry.h"
+#include "records/LaborText.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -54,7 +54,6 @@ class frmLabor : public OkCancelForm {
 
   void WireAmounts();
   void WireEmployees();
-  void WireFollowup();
   void ShowLine();
   bool FillEmployees();
   void SelectMechanic(std::int32_t mechanic);
@@ -64,13 +63,6 @@ class frmLabor : public OkCancelForm {
   void LoadRepairCodes();
   void RepairCodePicked();
 
-  FollowupFields ReadFollowup() const;
-  void ShowFollowup(const FollowupFields& fields);
-  bool CheckFollowup();
-  bool CheckOf(const ui::TextBox& field);
-  DaySerial FollowupBase() const;
-  void DisableUsedFollowup();
-
   bool TakeDescription();
   void StoreLine();
   void MarkChanged() { changed_ = changed_ || !showing_; }
@@ -78,8 +70,8 @@ class frmLabor : public OkCancelForm {
 
   Workbench& bench_;
   Shop& shop_;
-  std::array<std::string, 8> description_;  // as it will be stored
-  FollowupFields followupAtLoad_;
+  FollowupEntry followup_{bench_, CurrentLabor, Miles, Days, FollowupDate};
+  LaborText description_;  // as it will be stored
   bool hasEmployees_ = false;
   bool saved_ = false;
   bool showing_ = false;  // the fields are being filled
