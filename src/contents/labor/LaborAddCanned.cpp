@@ -9,9 +9,9 @@ void LaborAddCanned(Workbench& bench, LaborLines& labor, PartLines& parts) {
   frmCanLaborList list(bench);
   list.ShowModal();
   if (!list.Picked()) return;
-  WoLaborLine line = list.CurrentLabor;
-  if (!labor.EditLaborLine(line)) return;
-  labor.AddLaborLine(line);
+  const std::optional<WoLaborLine> line = labor.EditLaborLine(list.CurrentLabor);
+  if (!line) return;
+  labor.AddLaborLine(*line);
   OfferLaborKit(bench, parts, list.PickedCode);
 }
 

@@ -65,19 +65,19 @@ void LaborLines::RemoveLaborLine(std::int32_t number) {
   bench_.estimate.RefreshDay();
 }
 
-bool LaborLines::EditLaborLine(WoLaborLine& line) {
+std::optional<WoLaborLine> LaborLines::EditLaborLine(const WoLaborLine& line) {
   frmLabor form(bench_, line);
   form.LoadForm();
-  if (!form.HasEmployees()) return false;
+  if (!form.HasEmployees()) return std::nullopt;
   form.ShowModal();
-  return form.Saved();
+  return form.Saved() ? std::optional(form.CurrentLabor) : std::nullopt;
 }
 
 void LaborLines::Add() {
   WoLaborLine line;
   line.Rate = bench_.System().Get(sysrec::shop_rate);
   line.Date = EstimateDate();
-  if (EditLaborLine(line)) AddLaborLine(line);
+  if (const auto edited = EditLaborLine(line)) AddLaborLine(*edited);
 }
 
 void LaborLines::Change() {
@@ -88,10 +88,11 @@ void LaborLines::Change() {
   }
   WoLaborLine line = AsListed(list_[*number]);
   line.Date = EstimateDate();
-  if (!EditLaborLine(line)) return;
+  const std::optional<WoLaborLine> edited = EditLaborLine(line);
+  if (!edited) return;
   // Between the two the line is in memory alone: it is lost when it can't be added.
   RemoveLaborLine(*number);
-  StoreLaborLine(*number, line);
+  StoreLaborLine(*number, *edited);
 }
 
 void LaborLines::Remove() {

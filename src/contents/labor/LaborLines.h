@@ -21,8 +21,8 @@ class LaborLines {
   void LoadLaborList();
   // On the screen only: the lines stay in the database, and keep their numbers.
   void ClearLaborList() { list_.Clear(); }
-  // The line through the labor screen, which may change it. True when it is to be kept.
-  bool EditLaborLine(WoLaborLine& line);
+  // The line as the person leaves it in the labor screen; nothing when it isn't to be kept.
+  std::optional<WoLaborLine> EditLaborLine(const WoLaborLine& line);
 
   // The commands of the board. Each works on the estimate on show.
   void Add();

@@ -128,7 +128,7 @@ void frmCanLaborList::Add() {
   entries_.push_back(editor.Entry);
   changed_ = true;
   FillGrid();
-  if (updating_) FillRateList();
+  if (showing_ == Showing::RateList) FillRateList();
 }
 
 void frmCanLaborList::Edit() {
@@ -175,13 +175,13 @@ void frmCanLaborList::Print() {
 }
 
 void frmCanLaborList::UpdateRate() {
-  if (updating_) {
-    UpdateTicked();
-    FillGrid();
-  } else {
+  if (showing_ == Showing::Grid) {
     FillRateList();
+    return SwitchTo(Showing::RateList);
   }
-  ShowRateList(!updating_);
+  UpdateTicked();
+  FillGrid();
+  SwitchTo(Showing::Grid);
 }
 
 void frmCanLaborList::UpdateTicked() {
@@ -195,12 +195,14 @@ void frmCanLaborList::UpdateTicked() {
   }
 }
 
-void frmCanLaborList::ShowRateList(bool shown) {
-  updating_ = shown;
-  DataGrid1.SetVisible(!shown);
-  UpdList.SetVisible(shown);
-  for (ui::Button* button : {&cmdDelete, &cmdEdit, &cmdSelect, &cmdPrint}) button->SetEnabled(!shown);
-  cmdUpdateRate.SetCaption(shown ? "Update Now" : "Update Rate");
+// The grid to choose a job from, or the list to tick those whose rate is to follow the shop's.
+void frmCanLaborList::SwitchTo(Showing showing) {
+  showing_ = showing;
+  const bool isGrid = showing == Showing::Grid;
+  DataGrid1.SetVisible(isGrid);
+  UpdList.SetVisible(!isGrid);
+  for (ui::Button* button : {&cmdDelete, &cmdEdit, &cmdSelect, &cmdPrint}) button->SetEnabled(isGrid);
+  cmdUpdateRate.SetCaption(isGrid ? "Update Rate" : "Update Now");
 }
 
 void frmCanLaborList::Accept() {

@@ -43,7 +43,8 @@ class frmCanLaborList : public SizedForm {
   void Print();
   void UpdateRate();
   void UpdateTicked();
-  void ShowRateList(bool shown);
+  enum class Showing { Grid, RateList };
+  void SwitchTo(Showing showing);
   void FillGrid();
   void FillRateList();
   bool IsListed(const CannedLabor& entry) const;
@@ -54,7 +55,7 @@ class frmCanLaborList : public SizedForm {
   std::vector<CannedLabor> entries_;
   bool changed_ = false;
   bool picked_ = false;
-  bool updating_ = false;  // the rates are being chosen
+  Showing showing_ = Showing::Grid;
 };
 
 }  // namespace lantos

@@ -6,8 +6,6 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "records/Followups.h"
-#include "records/LaborText.h"
 #include "records/modEmployees.h"
 #include "screens/EmployeeList.h"
 #include "workorders/LaborCost.h"
@@ -22,7 +20,6 @@ constexpr std::string_view kAllowNoneSetting = "frmLaborEmpNone";
 
 std::string FixedText(const ui::TextBox& box) { return FormatFixed(Val(box.Text()), 2); }
 std::int32_t InHundredths(const ui::TextBox& box) { return WholeOrOverflow(Val(box.Text()) * 100); }
-std::string NumberOrNothing(std::int32_t number) { return number == 0 ? std::string() : std::to_string(number); }
 
 // Enter goes on to the next field.
 void EnterMovesOn(ui::TextBox& from, ui::TextBox& to) {
@@ -35,11 +32,11 @@ void EnterMovesOn(ui::TextBox& from, ui::TextBox& to) {
 
 }  // namespace
 
-frmLabor::frmLabor(Workbench& bench, WoLaborLine& line)
+frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
     : OkCancelForm(bench.shop.desktop, bench.shop.keys, "frmLabor", "Estimate Labor"),
+      CurrentLabor(line),
       bench_(bench),
-      shop_(bench.shop),
-      line_(line) {
+      shop_(bench.shop) {
   SetSize(kWidth, kHeight);
   UseButtons(OKButton, CancelButton);
   frameFollowup.Holds(lblMiles, Miles, lblDays, Days, lblFollowupDate, FollowupDate);
@@ -49,7 +46,7 @@ frmLabor::frmLabor(Workbench& bench, WoLaborLine& line)
   cmdTechHours.SetVisible(false);  // of the program that has the hours of the technicians at hand
   WireEmployees();
   WireAmounts();
-  WireFollowup();
+  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->OnChange = [this] { MarkChanged(); };
   lovRepairCode.OnClick = [this] { RepairCodePicked(); };
   cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
   OKButton.SetToolTip("OK <F10>");
@@ -79,33 +76,24 @@ void frmLabor::WireAmounts() {
   EnterMovesOn(TotalLabor, txtDesc);
 }
 
-void frmLabor::WireFollowup() {
-  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) {
-    box->OnChange = [this] { MarkChanged(); };
-    box->OnLostFocus = [this, box] { CheckOf(*box); };
-  }
-}
-
 void frmLabor::OnLoad() {
   showing_ = true;
-  Check2.SetValue(line_.Mechanic == 0 || shop_.environment.settings.GetBoolean(kAllowNoneSetting, false));
+  Check2.SetValue(CurrentLabor.Mechanic == 0 || shop_.environment.settings.GetBoolean(kAllowNoneSetting, false));
   hasEmployees_ = FillEmployees();
   LoadRepairCodes();
   showing_ = false;
   ShowLine();
-  DisableUsedFollowup();
+  followup_.DisableWhenUsed();
 }
 
 void frmLabor::ShowLine() {
   showing_ = true;
-  SelectMechanic(line_.Mechanic);
-  Hours.SetText(FormatHundredths(line_.Hours));
-  ShopRate.SetText(FormatHundredths(line_.Rate));
-  TotalLabor.SetText(FormatHundredths(line_.Total));
-  txtDesc.SetText(TextOfLabor(line_.Desc));
-  followupAtLoad_ = {NumberOrNothing(line_.FollowupMiles), NumberOrNothing(line_.FollowupDays),
-                     line_.FollowupDate == 0 ? std::string() : FormatDate(FromFileDate(line_.FollowupDate))};
-  ShowFollowup(followupAtLoad_);
+  SelectMechanic(CurrentLabor.Mechanic);
+  Hours.SetText(FormatHundredths(CurrentLabor.Hours));
+  ShopRate.SetText(FormatHundredths(CurrentLabor.Rate));
+  TotalLabor.SetText(FormatHundredths(CurrentLabor.Total));
+  txtDesc.SetText(TextOfLabor(CurrentLabor.Desc));
+  followup_.Show();
   showing_ = false;
   changed_ = false;
 }
@@ -170,47 +158,6 @@ void frmLabor::RepairCodePicked() {
   MarkChanged();
 }
 
-// The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
-DaySerial frmLabor::FollowupBase() const {
-  if (!shop_.environment.shopOptions.LaborDateOption)
-    return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
-  return ParseDate(line_.Date).value_or(shop_.environment.Today());
-}
-
-FollowupFields frmLabor::ReadFollowup() const { return {Miles.Text(), Days.Text(), FollowupDate.Text()}; }
-
-void frmLabor::ShowFollowup(const FollowupFields& fields) {
-  Miles.SetText(fields.miles);
-  Days.SetText(fields.days);
-  FollowupDate.SetText(fields.date);
-}
-
-bool frmLabor::CheckOf(const ui::TextBox& field) {
-  FollowupFields fields = ReadFollowup();
-  const DaySerial today = shop_.environment.Today();
-  const bool good = &field == &Miles  ? CheckMiles(fields, today, YearlyMiles(bench_.workorder.Vehicle))
-                    : &field == &Days ? CheckDays(fields, FollowupBase())
-                                      : CheckFollowupDate(fields, FollowupBase(), today);
-  if (good) ShowFollowup(fields);
-  return good;
-}
-
-bool frmLabor::CheckFollowup() {
-  const FollowupFields now = ReadFollowup();
-  const bool untouched =
-      now.miles == followupAtLoad_.miles && now.days == followupAtLoad_.days && now.date == followupAtLoad_.date;
-  return untouched || (CheckOf(Miles) && CheckOf(Days) && CheckOf(FollowupDate));
-}
-
-// A line whose followup has been handed out can't change it any more.
-void frmLabor::DisableUsedFollowup() {
-  const Estimate& estimate = bench_.database.estimates.CurrentEstimate;
-  const bool used =
-      shop_.records.followups.Exists(estimate.CustomerNumber, estimate.VehVIN, estimate.VehLic,
-                                     bench_.workorder.WorkorderNumber, line_.FollowupDate, line_.FollowupMiles);
-  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->SetEnabled(!used);
-}
-
 // False when there is none. A word that is longer than a line ends the whole event.
 bool frmLabor::TakeDescription() {
   const FlowedLabor flowed = FlowDescription(txtDesc.Text());
@@ -227,24 +174,22 @@ bool frmLabor::TakeDescription() {
 }
 
 void frmLabor::StoreLine() {
-  line_.Date = shop_.environment.shopOptions.LaborDateOption ? FormatDate(shop_.environment.Today()) : std::string();
-  line_.Mechanic = SelectedMechanic();
-  line_.Hours = InHundredths(Hours);
-  line_.Rate = InHundredths(ShopRate);
-  line_.Commission = GetMechanicCommission(shop_.records.employees, line_.Mechanic);
-  line_.Total = InHundredths(TotalLabor);
-  for (std::size_t i = 0; i < line_.Desc.size(); ++i) line_.Desc[i] = ToUpper(description_[i]);
-  line_.FollowupMiles = RoundHalfEven(Val(Miles.Text()));
-  line_.FollowupDays = RoundHalfEven(Val(Days.Text()));
-  const bool isDue = Val(Miles.Text()) > 0 || Val(Days.Text()) > 0;
-  const auto date = ParseDate(FollowupDate.Text(), FromSerial(shop_.environment.Today()).year);
-  line_.FollowupDate = isDue && date ? ToFileDate(*date) : 0;
-  line_.RepairCode = lovRepairCode.ListCount() > 1 ? Left(lovRepairCode.Text(), kRepairCodeWidth) : std::string();
+  CurrentLabor.Date =
+      shop_.environment.shopOptions.LaborDateOption ? FormatDate(shop_.environment.Today()) : std::string();
+  CurrentLabor.Mechanic = SelectedMechanic();
+  CurrentLabor.Hours = InHundredths(Hours);
+  CurrentLabor.Rate = InHundredths(ShopRate);
+  CurrentLabor.Commission = GetMechanicCommission(shop_.records.employees, CurrentLabor.Mechanic);
+  CurrentLabor.Total = InHundredths(TotalLabor);
+  for (std::size_t i = 0; i < CurrentLabor.Desc.size(); ++i) CurrentLabor.Desc[i] = ToUpper(description_[i]);
+  followup_.Store(CurrentLabor);
+  CurrentLabor.RepairCode =
+      lovRepairCode.ListCount() > 1 ? Left(lovRepairCode.Text(), kRepairCodeWidth) : std::string();
 }
 
 void frmLabor::Accept() {
   if (!TakeDescription()) return;
-  if (!CheckFollowup()) {
+  if (!followup_.Check()) {
     shop_.desktop.Tell("Followup information is invalid.", Caption());
     return;
   }

@@ -1,17 +1,16 @@
 #pragma once
 
 #include "contents/Workbench.h"
-#include "contents/labor/FollowupCheck.h"
-#include "records/Followups.h"
+#include "contents/labor/FollowupEntry.h"
+#include "records/LaborText.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
 
-// One line of labor: who, how long, at what rate, for how much, and its text. Works on the line it is given, which is
-// changed only when the screen is left with OK.
+// One line of labor: who, how long, at what rate, for how much, and its text.
 class frmLabor : public OkCancelForm {
  public:
-  frmLabor(Workbench& bench, WoLaborLine& line);
+  frmLabor(Workbench& bench, const WoLaborLine& line);
   ~frmLabor() override { Unload(); }
 
   ui::Label lblEmployee{*this, "lblEmployee", "&Technician"};
@@ -44,6 +43,7 @@ class frmLabor : public OkCancelForm {
   // False when no list of employees could be built: the screen isn't shown then.
   bool HasEmployees() const { return hasEmployees_; }
   bool Saved() const { return saved_; }
+  WoLaborLine CurrentLabor;  // as it came, and as it was saved
 
  private:
   void OnLoad() override;
@@ -54,7 +54,6 @@ class frmLabor : public OkCancelForm {
 
   void WireAmounts();
   void WireEmployees();
-  void WireFollowup();
   void ShowLine();
   bool FillEmployees();
   void SelectMechanic(std::int32_t mechanic);
@@ -64,13 +63,6 @@ class frmLabor : public OkCancelForm {
   void LoadRepairCodes();
   void RepairCodePicked();
 
-  FollowupFields ReadFollowup() const;
-  void ShowFollowup(const FollowupFields& fields);
-  bool CheckFollowup();
-  bool CheckOf(const ui::TextBox& field);
-  DaySerial FollowupBase() const;
-  void DisableUsedFollowup();
-
   bool TakeDescription();
   void StoreLine();
   void MarkChanged() { changed_ = changed_ || !showing_; }
@@ -78,9 +70,8 @@ class frmLabor : public OkCancelForm {
 
   Workbench& bench_;
   Shop& shop_;
-  WoLaborLine& line_;
-  std::array<std::string, 8> description_;  // as it will be stored
-  FollowupFields followupAtLoad_;
+  FollowupEntry followup_{bench_, CurrentLabor, Miles, Days, FollowupDate};
+  LaborText description_;  // as it will be stored
   bool hasEmployees_ = false;
   bool saved_ = false;
   bool showing_ = false;  // the fields are being filled

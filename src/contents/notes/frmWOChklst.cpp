@@ -31,10 +31,10 @@ frmWOChklst::frmWOChklst(Shop& shop)
   List1.OnItemCheck = [this](int row) { TickCategory(row, List1.Checked(row)); };
   List2.OnClick = [this] { ShowValues(); };
   List2.OnItemCheck = [this](int row) { TickItem(row, List2.Checked(row)); };
-  cmdSelect1.OnClick = [this] { TickAll(List1, true); };
-  cmdClear1.OnClick = [this] { TickAll(List1, false); };
-  cmdSelect2.OnClick = [this] { TickAll(List2, true); };
-  cmdClear2.OnClick = [this] { TickAll(List2, false); };
+  cmdSelect1.OnClick = [this] { SetAll(List1, Boxes::Ticked); };
+  cmdClear1.OnClick = [this] { SetAll(List1, Boxes::Cleared); };
+  cmdSelect2.OnClick = [this] { SetAll(List2, Boxes::Ticked); };
+  cmdClear2.OnClick = [this] { SetAll(List2, Boxes::Cleared); };
   Service.OnChange = [this] {
     if (!showing_ && List2.ListIndex() >= 0) Item(List2, List2.ListIndex()).Service = Service.Text();
   };
@@ -92,8 +92,8 @@ void frmWOChklst::TickCategory(int row, bool ticked) {
 
 void frmWOChklst::TickItem(int row, bool ticked) { Item(List2, row).Used = ticked; }
 
-void frmWOChklst::TickAll(ui::ListBox& list, bool ticked) {
-  for (int row = 0; row < list.ListCount(); ++row) list.SetChecked(row, ticked);
+void frmWOChklst::SetAll(ui::ListBox& list, Boxes boxes) {
+  for (int row = 0; row < list.ListCount(); ++row) list.SetChecked(row, boxes == Boxes::Ticked);
 }
 
 std::size_t frmWOChklst::EndOfCategory(std::size_t category) const {

@@ -39,7 +39,8 @@ class frmWOChklst : public SizedForm {
   void CategoryChosen(int row);
   void TickCategory(int row, bool ticked);
   void TickItem(int row, bool ticked);
-  void TickAll(ui::ListBox& list, bool ticked);
+  enum class Boxes { Ticked, Cleared };
+  void SetAll(ui::ListBox& list, Boxes boxes);
   void ShowFirstCategory();
   void ListItems(std::size_t category);
   void FillItems(std::size_t category);

@@ -62,7 +62,7 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
   forms.push_back(std::make_unique<frmVehEdit>(shop, "Edit Vehicle"));
   forms.push_back(std::make_unique<frmMakeModel>(shop));
   forms.push_back(std::make_unique<frmInvList>(shop));
-  forms.push_back(std::make_unique<frmLabor>(bench, contents.labor.CurrentLabor));
+  forms.push_back(std::make_unique<frmLabor>(bench, WoLaborLine{}));
   forms.push_back(std::make_unique<frmRepairCode>(shop, database.korvelData));
   forms.push_back(std::make_unique<frmEstFollowup>(bench, contents.labor));
   forms.push_back(std::make_unique<frmCanLaborList>(bench));

@@ -1,0 +1,148 @@
+#include "contents/labor/LaborLines.h"
+
+#include <gmock/gmock.h>
+
+#include "contents/labor/LaborBench.h"
+
+namespace lantos {
+namespace {
+
+using test::LaborBench;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ui::Answer;
+
+// Two lines of labor, 1 and 3.
+struct TwoLines : LaborBench {
+  TwoLines() {
+    Store(1, 100, 6500, "CHECK BRAKES\t\tROAD TEST\t\t\t\t\t");
+    Store(3, 50, 3250, "OIL\t\t\t\t\t\t\t");
+    labor.LoadLaborList();
+  }
+  LaborLines& labor = contents.labor;
+};
+
+TEST(LaborLines, TheListHasANumberRowAndARowForEachTextThatIsntEmpty) {
+  TwoLines bench;
+  EXPECT_THAT(bench.Rows(), ElementsAre("1 000004 1.00 65.00 65.00", "0        CHECK BRAKES", "0        ROAD TEST",
+                                        "3 000004 0.50 65.00 32.50", "0        OIL"));
+  EXPECT_EQ(bench.contents.lines.labor.Lines().at(3).Total, 3250);
+}
+
+TEST(LaborLines, AnAddedLineHasTheNumberBehindTheHighestAndTheDayAndTheTotalsFollow) {
+  TwoLines bench;
+  bench.WillType("2", "wash\n\ndry");
+  bench.labor.Add();
+  EXPECT_EQ(bench.Stored().back(), "4|WASH\t\tDRY\t\t\t\t\t|200|6500|13000|0");
+  EXPECT_THAT(bench.Rows().back(), "0        DRY");
+  EXPECT_EQ(bench.board.listLabor.ListIndex(), 5);
+  EXPECT_EQ(bench.board.scheduledHours, 200);
+  EXPECT_EQ(bench.board.totalRefreshes, 1);
+  EXPECT_EQ(bench.board.dayRefreshes, 1);
+}
+
+TEST(LaborLines, AScreenThatIsLeftChangesNothing) {
+  TwoLines bench;
+  const auto before = bench.Stored();
+  bench.WillWork([](frmLabor& form) { test::Press(form, "Esc"); });
+  bench.labor.Add();
+  bench.board.listLabor.DoSelect(0);
+  bench.WillWork([](frmLabor& form) { test::Press(form, "Esc"); });
+  bench.labor.Change();
+  EXPECT_EQ(bench.Stored(), before);
+  EXPECT_EQ(bench.board.totalRefreshes, 0);
+}
+
+TEST(LaborLines, WithoutEmployeesTheScreenIsntShown) {
+  TwoLines bench;
+  bench.directory.Put("TQEMPLOY.DAT", "");
+  const SharedFile holder(bench.directory / "TQEMPLOY.DAT", Access::Read, Deny::All);
+  bench.desktop.WillAnswer(Answer::Ok);
+  bench.labor.Add();
+  EXPECT_THAT(bench.desktop.forms, IsEmpty());
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "Could not access employee master file!");
+}
+
+TEST(LaborLines, AChangedLineKeepsItsNumberAndItsPlace) {
+  TwoLines bench;
+  bench.board.listLabor.DoSelect(2);
+  bench.WillWork([](frmLabor& form) {
+    EXPECT_EQ(form.Hours.Text(), "1.00");
+    EXPECT_EQ(form.txtDesc.Text(), "CHECK BRAKES\r\nROAD TEST");
+    test::Type(form.Hours, "3");
+    test::Press(form, "F10");
+  });
+  bench.labor.Change();
+  EXPECT_THAT(bench.Stored(), ElementsAre("1|CHECK BRAKES\tROAD TEST\t\t\t\t\t\t|300|6500|19500|4",
+                                          "3|OIL\t\t\t\t\t\t\t|50|6500|3250|4"));
+  EXPECT_EQ(bench.Rows().front(), "1 000004 3.00 65.00 195.00");
+  EXPECT_EQ(bench.board.listLabor.ListIndex(), 0);
+  EXPECT_EQ(bench.board.scheduledHours, 200);
+}
+
+TEST(LaborLines, ALineIsRemovedWhicheverOfItsRowsIsSelected) {
+  TwoLines bench;
+  bench.board.listLabor.DoSelect(2);
+  bench.desktop.WillAnswer({Answer::No, Answer::Yes});
+  bench.labor.Remove();
+  EXPECT_EQ(bench.Rows().size(), 5U);
+  bench.labor.Remove();
+  EXPECT_EQ(bench.desktop.boxes[1].text, "Remove\r    CHECK BRAKES\rfrom this estimate?");
+  EXPECT_THAT(bench.Rows(), ElementsAre("3 000004 0.50 65.00 32.50", "0        OIL"));
+  EXPECT_EQ(bench.Stored().size(), 1U);
+  EXPECT_EQ(bench.board.scheduledHours, -100);
+  EXPECT_EQ(bench.board.totalRefreshes, 1);
+}
+
+TEST(LaborLines, ALineWithoutATextCanBeRemovedToo) {
+  LaborBench bench;
+  bench.Store(1, 100, 6500, "\t\t\t\t\t\t\t");
+  bench.Store(2, 100, 6500, "OIL\t\t\t\t\t\t\t");
+  bench.contents.labor.LoadLaborList();
+  bench.board.listLabor.DoSelect(0);
+  bench.desktop.WillAnswer(Answer::Yes);
+  bench.contents.labor.Remove();
+  EXPECT_EQ(bench.desktop.boxes[0].text, "Remove\r    \rfrom this estimate?");
+  EXPECT_THAT(bench.Rows(), ElementsAre("2 000004 1.00 65.00 65.00", "0        OIL"));
+}
+
+TEST(LaborLines, ChangeAndRemoveNeedASelection) {
+  TwoLines bench;
+  bench.desktop.WillAnswer({Answer::Ok, Answer::Ok});
+  bench.labor.Change();
+  bench.labor.Remove();
+  EXPECT_EQ(bench.desktop.boxes[0].text, "Must select a labor item in order to change it.");
+  EXPECT_EQ(bench.desktop.boxes[0].title, "Change Labor");
+  EXPECT_EQ(bench.desktop.boxes[1].text, "Must select a labor item in order to remove it.");
+  EXPECT_EQ(bench.desktop.boxes[1].title, "Remove Labor");
+}
+
+TEST(LaborLines, AClearedListCountsForNothingAndItsNumbersStayGiven) {
+  TwoLines bench;
+  SystemRecord& system = bench.records.system.SysRec;
+  system.Put(sysrec::labor_surcharge_percent, 100000);
+  system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  bench.labor.ClearLaborList();
+  EXPECT_THAT(bench.Rows(), IsEmpty());
+  EXPECT_EQ(bench.Stored().size(), 2U);
+  WoLaborLine line;
+  line.Total = 1000;
+  line.Desc[0] = "NEW";
+  bench.labor.AddLaborLine(line);
+  EXPECT_EQ(bench.Rows().front(), "4 000000 0.00 0.00 10.00");
+  EXPECT_EQ(bench.Ask("select Price from Waste"), "100") << "of what is seen, not of what is stored";
+}
+
+TEST(LaborLines, ANumberThatTheDatabaseRefusesIsntTriedAgain) {
+  TwoLines bench;
+  bench.Store(4, 100, 6500, "OF ANOTHER WORKSTATION");
+  WoLaborLine line;
+  line.Desc[0] = "OURS";
+  EXPECT_THROW(bench.labor.AddLaborLine(line), DatabaseError);
+  EXPECT_EQ(bench.Rows().size(), 5U);
+  bench.labor.AddLaborLine(line);
+  EXPECT_EQ(bench.Stored().back(), "5|OURS\t\t\t\t\t\t\t|0|0|0|0");
+}
+
+}  // namespace
+}  // namespace lantos
