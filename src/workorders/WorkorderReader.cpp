@@ -52,24 +52,22 @@ WoExtraLine ReadExtra(const std::string& row) {
 
 }  // namespace
 
-void WorkorderReader::ParseWoSection(std::string& line) {
-  using Keys = void (WorkorderReader::*)(const std::string&, const std::string&);
-  using Rows = void (WorkorderReader::*)(const std::string&);
-  struct KeySection {
+struct WorkorderReader::Sections {
+  struct OfKeys {
     std::string_view heading;
-    Keys take;
+    void (WorkorderReader::*take)(const std::string& key, const std::string& value);
   };
-  struct RowSection {
-    std::string_view heading;
-    Rows take;
-    void (*begin)(WorkorderReader&);  // a section that comes again is read from its first entry
-  };
-  static constexpr KeySection kKeySections[] = {
+  static constexpr OfKeys kOfKeys[] = {
       {"[Totals]", &WorkorderReader::TakeTotalsKey},
       {"[Customer]", &WorkorderReader::TakeCustomerKey},
       {"[Vehicle]", &WorkorderReader::TakeVehicleKey},
   };
-  static constexpr RowSection kRowSections[] = {
+  struct OfRows {
+    std::string_view heading;
+    void (WorkorderReader::*take)(const std::string& row);
+    void (*begin)(WorkorderReader&);  // a section that comes again is read from its first entry
+  };
+  static constexpr OfRows kOfRows[] = {
       {"[Parts]", &WorkorderReader::TakePart, [](WorkorderReader& self) { self.workorder_.Parts.Clear(); }},
       {"[Labor]", &WorkorderReader::TakeLabor, [](WorkorderReader& self) { self.workorder_.Labor.Clear(); }},
       {"[Sublets]", &WorkorderReader::TakeSublet, [](WorkorderReader& self) { self.workorder_.Sublets.Clear(); }},
@@ -77,6 +75,9 @@ void WorkorderReader::ParseWoSection(std::string& line) {
       {"[Credits]", &WorkorderReader::TakeCredit, [](WorkorderReader& self) { self.workorder_.Credits.Clear(); }},
       {"[Notes]", &WorkorderReader::TakeNote, [](WorkorderReader& self) { self.notes_ = 0; }},
   };
+};
+
+void WorkorderReader::ParseWoSection(std::string& line) {
   const std::size_t end = std::min(line.find(']'), line.size() - (line.empty() ? 0 : 1));
   const std::string heading = line.empty() ? line : line.substr(0, end + 1);
   if (heading == kWorkorderHeading) {
@@ -84,10 +85,12 @@ void WorkorderReader::ParseWoSection(std::string& line) {
     if (line.empty()) lines_.Next(line);
     return ReadHeader(line);
   }
-  for (const KeySection& section : kKeySections) {
-    if (heading == section.heading) return lines_.Next(line), ReadKeys(line, section.take);
+  for (const Sections::OfKeys& section : Sections::kOfKeys) {
+    if (heading != section.heading) continue;
+    lines_.Next(line);
+    return ReadKeys(line, section.take);
   }
-  for (const RowSection& section : kRowSections) {
+  for (const Sections::OfRows& section : Sections::kOfRows) {
     if (heading != section.heading) continue;
     section.begin(*this);
     return ReadRows(line, section.take);

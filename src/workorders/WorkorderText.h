@@ -49,6 +49,7 @@ class WorkorderReader {
   void ReadHeader(std::string& line);
 
  private:
+  struct Sections;
   void ReadKeys(std::string& line, void (WorkorderReader::*take)(const std::string& key, const std::string& value));
   void ReadRows(std::string& line, void (WorkorderReader::*take)(const std::string& row));
   void TakeHeaderKey(const std::string& key, const std::string& value);

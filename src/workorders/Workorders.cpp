@@ -76,7 +76,7 @@ bool Workorders::ReadLiveCustomer(std::int32_t number, CustomerRecord& record) {
   return true;
 }
 
-bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {
+bool Workorders::GetCurrWoRec(FileHandle* keptOpen) {
   Clear();
   const std::string name = CurrentActiveTag.Get(wotag::FileName);
   const auto tryAgain = [&](const std::string& text) {
@@ -102,7 +102,7 @@ bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {
     reader.ParseWoSection(line);
     if (!line.starts_with(kWorkorderHeading)) more = lines.Next(line);  // which may stand behind a check list
   }
-  if (keepOpen && fileNumberOut != nullptr) *fileNumberOut = file.Release();
+  if (keptOpen != nullptr) *keptOpen = file.Release();
   return true;
 }
 

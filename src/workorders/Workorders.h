@@ -19,8 +19,8 @@ class Workorders {
   ArchivedWoTag CurrentArchivedTag;
 
   // Reads the work order of CurrentActiveTag. False when its file isn't there or is held, and the person skips it.
-  // With keepOpen the file stays open with no sharing, and fileNumberOut has its number.
-  bool GetCurrWoRec(bool keepOpen = false, FileHandle* fileNumberOut = nullptr);
+  // With keptOpen the file stays open with no sharing, and keptOpen has its number.
+  bool GetCurrWoRec(FileHandle* keptOpen = nullptr);
   // Reads an archived work order by the place of its text. False for a place or number that leads nowhere, when the
   // text there is another one (which is told), and when the person gave up a held archive.
   bool GetArchWo(std::int32_t workorderNumber, FileLink masterOffset);

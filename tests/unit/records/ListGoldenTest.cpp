@@ -36,7 +36,8 @@ class ListGolden : public ShopTest {
   ListGolden() {
     for (const auto& entry : std::filesystem::directory_iterator(test::GoldenDirectory())) {
       const std::string name = entry.path().filename().string();
-      if (name != "make.py" && name != "layouts.txt") std::filesystem::copy(entry.path(), PathOf(name));
+      if (entry.is_regular_file() && name != "make.py" && name != "layouts.txt")
+        std::filesystem::copy(entry.path(), PathOf(name));
     }
   }
 };

@@ -1,0 +1,103 @@
+// What is left, and what is said, when a step of a conversion fails.
+#include "ConversionBench.h"
+
+namespace lantos {
+namespace {
+
+using test::ConversionBench;
+using test::kWhole;
+using testing::EndsWith;
+using testing::HasSubstr;
+using ui::Answer;
+
+const std::string kStopped = "\r\rThe conversion to " + kWhole + " stopped here. What was done before stays:";
+const std::string kUnfinished = "\rThe next step was not finished.";
+
+TEST(StoppedConversion, ByAHeldActiveTagFileHasMovedTheStock) {
+  ConversionBench bench;
+  bench.AddPart("PAD-9", 6, 2);
+  bench.WillConfirm();
+  const SharedFile held(bench.directory / "TQOPENWO.DAT", Access::ReadWrite, Deny::All);
+  EXPECT_THAT(bench.Failure(), EndsWith(kStopped +
+                                        "\r- the number was taken\r- the usage of PAD-9 was noted"
+                                        "\r- the stock of PAD-9 is now 4" +
+                                        kUnfinished));
+  EXPECT_EQ(bench.NextNumber(), 5002);
+  EXPECT_EQ(bench.InStock("PAD-9"), 4);
+  EXPECT_FALSE(bench.IsThere("TQINCTAG.DAT"));
+  EXPECT_FALSE(bench.IsThere("W0005001.tqa"));
+  EXPECT_EQ(bench.board.comments, "  Call first ");
+}
+
+TEST(StoppedConversion, ByAHeldTextHasBothTags) {
+  ConversionBench bench;
+  bench.WillConfirm();
+  const SharedFile held(bench.directory / "W0005001.tqa", Access::ReadWrite, Deny::All);
+  EXPECT_THAT(bench.Failure(), EndsWith("\r- the tag in TQOPENWO.DAT was written"
+                                        "\r- the tag in TQINCTAG.DAT was written" +
+                                        kUnfinished));
+  EXPECT_EQ(bench.directory.Content("TQOPENWO.DAT").size(), ActiveWoTag::kLength);
+  EXPECT_EQ(bench.directory.Content("TQINCTAG.DAT").size(), ArchivedWoTag::kLength);
+}
+
+TEST(StoppedConversion, AnArchivedTagThatIsGivenUpIsLoggedAndTheRestIsDone) {
+  ConversionBench bench;
+  bench.WillConfirm();
+  bench.desktop.WillAnswer(Answer::Cancel);
+  bench.WillEndQuietly();
+  const SharedFile held(bench.directory / "TQINCTAG.DAT", Access::ReadWrite, Deny::All);
+  bench.Convert();
+  EXPECT_EQ(bench.desktop.boxes[1].title, "WriteArchivedWoTag(TQINCTAG.DAT)");
+  EXPECT_THAT(bench.directory.Content(bench.environment.log.Path().filename().string()),
+              HasSubstr("Convert: work order 005001 has no tag in TQINCTAG.DAT\r\n"));
+  EXPECT_TRUE(bench.IsThere("W0005001.tqa"));
+  EXPECT_EQ(bench.board.comments, "Workorder # 005001 Call first");
+}
+
+TEST(StoppedConversion, ByANoteTooManyHasMovedTheStockAndWrittenNoFile) {
+  ConversionBench bench;
+  bench.AddPart("PAD-9", 6, 2);
+  bench.AddNotes(31);
+  bench.WillConfirm();
+  EXPECT_EQ(bench.Failure(), "Subscript out of range: a work order has room for 30 notes." + kStopped +
+                                 "\r- the number was taken\r- the usage of PAD-9 was noted"
+                                 "\r- the stock of PAD-9 is now 4" +
+                                 kUnfinished);
+  EXPECT_EQ(bench.InStock("PAD-9"), 4);
+  EXPECT_FALSE(bench.IsThere("TQOPENWO.DAT"));
+  EXPECT_FALSE(bench.IsThere("W0005001.tqa"));
+}
+
+TEST(StoppedConversion, ByAQuantityTooLargeLeavesTheStockOfThatPart) {
+  ConversionBench bench;
+  bench.AddPart("A-1", 6, 1);
+  bench.AddPart("B-2", 6, 40000);
+  bench.WillConfirm();
+  EXPECT_EQ(bench.Failure(), "Overflow: the quantity 40000 is too large for a work order." + kStopped +
+                                 "\r- the number was taken\r- the usage of A-1 was noted\r- the stock of A-1 is now 5" +
+                                 kUnfinished);
+  EXPECT_EQ(bench.InStock("B-2"), 6);
+}
+
+TEST(StoppedConversion, BehindTheTextWarnsOfConvertingOnceMore) {
+  ConversionBench bench;
+  bench.WillConfirm();
+  bench.desktop.WillAnswer(Answer::Ok);
+  bench.desktop.WillAnswer([&](const ui::Box&) -> Answer { throw std::runtime_error("The desktop is gone."); });
+  const std::string text = bench.Failure();
+  EXPECT_EQ(text.find("The desktop is gone." + kStopped), 0u);
+  EXPECT_THAT(text, EndsWith("\r- the comments of the estimate name the work order" + kUnfinished +
+                             "\r\rThe work order is there. Don't convert the estimate once more."));
+}
+
+TEST(StoppedConversion, AheadOfEveryStepIsTheErrorItself) {
+  ConversionBench bench;
+  bench.GiveVehicle();
+  bench.WillConfirm();
+  bench.desktop.WillUse([](ui::Form&) { throw std::out_of_range("No such row."); });
+  EXPECT_THROW(bench.Convert(), std::out_of_range);
+  bench.ExpectNothingDone();
+}
+
+}  // namespace
+}  // namespace lantos

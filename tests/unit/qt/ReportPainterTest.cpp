@@ -1,0 +1,160 @@
+#include <fmt/format.h>
+
+#include <QImage>
+#include <QPageRanges>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include "frame/ScratchDirectory.h"
+#include "qt/ReportBench.h"
+#include "ui/qt/ReportPainter.h"
+#include "ui/qt/ReportWindow.h"
+
+namespace lantos {
+namespace {
+
+using test::CanReadPdf;
+using test::CountOf;
+using test::MakeBill;
+using test::MakeBillOfPages;
+using test::PagesOfPdf;
+using test::TextsOf;
+using ui::Align;
+using ui::Report;
+
+// Sheet by sheet as a picture, at two dots a point.
+QImage PictureOf(const Report& report, ui::Paper paper, std::size_t page = 0) {
+  QImage picture(static_cast<int>(2 * paper.width), static_cast<int>(2 * paper.height), QImage::Format_RGB32);
+  picture.setDotsPerMeterX(5669);  // 144 an inch
+  picture.setDotsPerMeterY(5669);
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  ui::ReportPainter(report, paper).PaintPage(painter, page);
+  return picture;
+}
+
+QRect InkOf(const QImage& picture, QRect within = {}) {
+  if (within.isNull()) within = picture.rect();
+  QRect ink;
+  for (int y = within.top(); y <= within.bottom(); ++y) {
+    for (int x = within.left(); x <= within.right(); ++x) {
+      if (qGray(picture.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+    }
+  }
+  return ink;
+}
+
+TEST(ReportPainter, KnowsThePaperOfADevice) {
+  const test::ScratchDirectory directory;
+  QPdfWriter printer(QString::fromStdString((directory / "none.pdf").string()));
+  printer.setPageSize(QPageSize(QPageSize::Letter));
+  EXPECT_NEAR(ui::PaperOf(printer).width, ui::kLetterPaper.width, 0.1);
+  EXPECT_NEAR(ui::PaperOf(printer).height, ui::kLetterPaper.height, 0.1);
+  printer.setPageSize(QPageSize(QPageSize::A4));
+  Report report = MakeBill(1);
+  report.design.orientation = ui::Orientation::Landscape;
+  ui::SetSheet(printer, report);
+  EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
+  EXPECT_NEAR(ui::PaperOf(printer).width, ui::kA4Paper.width, 0.1);
+  EXPECT_NEAR(ui::PaperOf(printer).height, ui::kA4Paper.height, 0.1);
+}
+
+TEST(ReportPainter, PaintsInsideTheMarginsOfEveryPaper) {
+  for (const ui::Paper paper : {ui::kLetterPaper, ui::kA4Paper}) {
+    const QImage picture = PictureOf(MakeBill(200), paper);
+    const QRect ink = InkOf(picture);
+    const auto margin = static_cast<int>(2 * ui::kReportMargin);
+    EXPECT_NEAR(ink.left(), margin, 2);
+    EXPECT_NEAR(picture.width() - ink.right(), margin, 4);
+    EXPECT_NEAR(ink.top(), margin, 10);
+    EXPECT_GE(picture.height() - ink.bottom(), margin);
+  }
+}
+
+TEST(ReportPainter, CutsATextOffAtItsField) {
+  Report report = MakeBill(0);
+  report.design.columns = {{"First", 0, 0.5, Align::Left, ""}, {"Second", 0.5, 0.5, Align::Right, ""}};
+  report.lines.assign(5, {std::string(300, 'W'), ""});
+  const ui::ReportLayout layout = LayOut(report);
+  const auto middle = static_cast<int>(2 * (ui::kReportMargin + layout.width / 2));
+  const auto top = static_cast<int>(2 * (ui::kReportMargin + layout.pages[0].headerHeight));
+  const auto height = static_cast<int>(2 * 5 * layout.detailPitch);
+  const QImage left = PictureOf(report, ui::kLetterPaper);
+  const QRect band(0, top + 1, left.width(), height - 1);
+  EXPECT_NEAR(InkOf(left, band).right(), middle, 2);
+  for (auto& line : report.lines) line = {"", std::string(300, 'W')};
+  EXPECT_NEAR(InkOf(PictureOf(report, ui::kLetterPaper), band).left(), middle, 2);
+}
+
+// Behind the first part, which is full of ink, the field is empty: what was cut off is the end.
+TEST(ReportPainter, ATextOnTheRightLosesItsEndAndNotItsBeginning) {
+  Report report = MakeBill(0);
+  report.design.columns = {{"First", 0, 0.5, Align::Left, ""}, {"Second", 0.5, 0.5, Align::Right, ""}};
+  report.lines.assign(1, {"", std::string(20, 'W') + std::string(300, ' ')});
+  const ui::ReportLayout layout = LayOut(report);
+  const auto middle = static_cast<int>(2 * (ui::kReportMargin + layout.width / 2));
+  const auto top = static_cast<int>(2 * (ui::kReportMargin + layout.pages[0].headerHeight));
+  const QRect band(0, top + 1, static_cast<int>(2 * 612), static_cast<int>(2 * layout.detailPitch) - 1);
+  EXPECT_NEAR(InkOf(PictureOf(report, ui::kLetterPaper), band).left(), middle, 3);
+}
+
+// The page is laid out by the number of characters that a line must hold.
+TEST(ReportPainter, AFieldHoldsItsCharacters) {
+  for (const std::size_t characters : {40U, 80U, 96U, 132U}) {
+    Report report = MakeBill(0);
+    report.design.characters = characters;
+    report.design.columns = {{"Text", 0, 0.6, Align::Left, ""}};
+    report.lines = {{std::string(characters, 'H')}};
+    const ui::ReportLayout layout = LayOut(report);
+    const auto top = static_cast<int>(2 * (ui::kReportMargin + layout.pages[0].headerHeight));
+    const auto height = static_cast<int>(2 * layout.detailPitch);
+    const QImage whole = PictureOf(report, ui::kLetterPaper);
+    const QRect band(0, top, whole.width(), height);
+    const int right = InkOf(whole, band).right();
+    // Within the field, and no less than the last character's own edge.
+    const double character = layout.detailSize * 0.6 * 2;
+    EXPECT_LE(right, 2 * (ui::kReportMargin + 0.6 * layout.width)) << characters;
+    EXPECT_NEAR(right, 2 * ui::kReportMargin + character * static_cast<double>(characters), character) << characters;
+  }
+}
+
+TEST(ReportPainter, AStatementGoesOnWhereThePageEnded) {
+  Report report = MakeBill(10);
+  std::string terms;
+  for (int i = 0; i < 150; ++i) terms += fmt::format("{}Term {:03}", i == 0 ? "" : "\r\n", i);
+  report.SetLabel("lblTerms", terms);
+  const ui::ReportLayout layout = LayOut(report);
+  ASSERT_GT(layout.pages.size(), 2U);
+  const test::ScratchDirectory directory;
+  {
+    QPdfWriter pdf(QString::fromStdString((directory / "terms.pdf").string()));
+    pdf.setPageSize(QPageSize(QPageSize::Letter));
+    ui::SetSheet(pdf, report);
+    ASSERT_TRUE(ui::PaintReport(report, pdf));
+  }
+  ASSERT_EQ(PagesOfPdf(directory, directory / "terms.pdf"), layout.pages.size());
+  if (!CanReadPdf()) return;
+  const std::vector<std::string> pages = TextsOf(directory / "terms.pdf");
+  ASSERT_EQ(pages.size(), layout.pages.size());
+  for (std::size_t page = 0; page < pages.size(); ++page) {
+    EXPECT_EQ(CountOf("Term ", pages[page]), layout.pages[page].footer.count);
+    EXPECT_EQ(CountOf(fmt::format("Term {:03}", layout.pages[page].footer.first), pages[page]), 1U);
+    EXPECT_EQ(CountOf("200.50", pages[page]), layout.pages[page].hasFooter ? 1U : 0U);
+  }
+}
+
+TEST(ReportPainter, PrintsThePagesAskedFor) {
+  const test::ScratchDirectory directory;
+  const Report report = MakeBillOfPages(3);
+  {
+    QPdfWriter printer(QString::fromStdString((directory / "range.pdf").string()));
+    printer.setPageSize(QPageSize(QPageSize::Letter));
+    ui::SetSheet(printer, report);
+    printer.setPageRanges(QPageRanges::fromString("2-3"));
+    ASSERT_TRUE(ui::PaintReport(report, printer, 2));
+  }
+  EXPECT_EQ(PagesOfPdf(directory, directory / "range.pdf"), 4U);
+}
+
+}  // namespace
+}  // namespace lantos
