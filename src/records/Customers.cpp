@@ -40,7 +40,7 @@ bool Customers::LoadCustomerTags() {
   tags_.clear();
   numbers_.Forget();
   OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kLoadCustomerTags, desktop_, environment_.clock);
+  Contention contention(contention::kLoadCustomerTags, desktop_, environment_);
   const bool done = contention.Run([&] { file.Open(kCustomerTagFile, Access::Read, Deny::None); }) &&
                     contention.Run([&] { FillTags(*file); });
   if (!done) tags_.clear();
@@ -86,7 +86,7 @@ bool Customers::ReadCustomer() {
   if (CurrentCustomer.Get(customer::Number) == NumberOf(CurrentTag)) return true;
   OpenedFile own(environment_.openFiles);
   OpenedFile& file = reading_ != nullptr ? *reading_ : own;
-  Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
+  Contention contention(contention::kReadCustomer, desktop_, environment_);
   const auto open = [&] {
     if (!file.IsOpen()) file.Open(kCustomerFile, Access::Read, Deny::None);
   };
@@ -139,8 +139,8 @@ void Customers::MakeTagFollowCustomer() {
 bool Customers::WriteTagAndMaster(std::size_t index) {
   OpenedFile tagFile(environment_.openFiles);
   OpenedFile masterFile(environment_.openFiles);
-  Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_.clock);
-  Contention masterContention(contention::kWriteCustomer, desktop_, environment_.clock);
+  Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_);
+  Contention masterContention(contention::kWriteCustomer, desktop_, environment_);
   if (!tagContention.Run([&] { tagFile.Open(kCustomerTagFile, Access::Write, Deny::None); })) return false;
   if (!masterContention.Run([&] { masterFile.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
   // A customer whose first writing was given up is in the array without a master; it counts as new again.
@@ -253,7 +253,7 @@ const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {
   ForgetLookup();
   if (!LoadCustomerTags()) return index_;
   OpenedFile masters(environment_.openFiles);
-  Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
+  Contention contention(contention::kReadCustomer, desktop_, environment_);
   if (!contention.Run([&] { masters.Open(kCustomerFile, Access::Read, Deny::None); })) return index_;
   CustomerRecord kept = CurrentCustomer;
   LoadIndex(*masters);

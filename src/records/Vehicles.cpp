@@ -17,7 +17,7 @@ void Vehicles::NewVehicle() {
 
 FileHandle Vehicles::OpenVehicleForRead() {
   OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kOpenVehicleForRead, desktop_, environment_.clock);
+  Contention contention(contention::kOpenVehicleForRead, desktop_, environment_);
   contention.Run([&] { file.Open(kVehicleFile, Access::Read, Deny::None); });
   return file.Release();
 }
@@ -31,7 +31,7 @@ void Vehicles::ReadVehicle(FileLink offset, FileHandle handle) {
 }
 
 bool Vehicles::ReadOrTell(FileLink offset, FileHandle handle) {
-  Contention contention(contention::kReadVehicle, desktop_, environment_.clock);
+  Contention contention(contention::kReadVehicle, desktop_, environment_);
   if (handle != kNoHandle) {
     return contention.Run([&] { ReadRecord(environment_.openFiles[handle], offset, CurrentVehicle); });
   }
@@ -43,7 +43,7 @@ bool Vehicles::ReadOrTell(FileLink offset, FileHandle handle) {
 void Vehicles::WriteVehicle() {
   if (CurrentVehicleOffset == kNoLink && appendInstead) return appendInstead();
   OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kWriteVehicle, desktop_, environment_.clock);
+  Contention contention(contention::kWriteVehicle, desktop_, environment_);
   const bool done = contention.Run([&] { file.Open(kVehicleFile, Access::Write, Deny::All); }) &&
                     contention.Run([&] { WriteRecord(*file, CurrentVehicleOffset, CurrentVehicle); });
   file.Close();

@@ -33,7 +33,7 @@ std::int32_t modSystem::TakeNumber(LongField counter) {
 
 template <class... Statements>
 void modSystem::RetryOrEnd(Statements... statements) {
-  Contention contention(contention::kSystem, desktop_, environment_.clock);
+  Contention contention(contention::kSystem, desktop_, environment_);
   const bool done = (contention.Run(statements) && ...);
   if (!done) desktop_.EndProcess(0);
 }

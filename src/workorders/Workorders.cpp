@@ -2,6 +2,7 @@
 
 #include "frame/Numbers.h"
 #include "records/CheckList.h"
+#include "records/Contention.h"
 #include "records/OpenedFile.h"
 #include "records/Vehicles.h"
 #include "shop/KeptRecords.h"
@@ -10,7 +11,6 @@ namespace lantos {
 
 namespace {
 
-constexpr std::string_view kLocked = "File locked by another user.";
 constexpr std::size_t kNumberDigits = 6;
 
 template <std::size_t Length>
@@ -28,28 +28,21 @@ bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::i
   return openFiles[file].ReadAt(static_cast<std::uint64_t>(position), tag.Bytes()) < Length;
 }
 
-// Another copy that has just written its tag flushes the file, and has it alone for that moment.
-constexpr int kTagTries = 20;
-constexpr std::int64_t kTagPause = 100;  // milliseconds
-
 template <class Open>
-FileHandle OpenTags(Environment& environment, Open open) {
-  for (int tries = 1;; ++tries) {
-    try {
-      return open(environment.openFiles);
-    } catch (const FileError& error) {
-      if (tries == kTagTries || error.Number() != FileErrorNumber::PermissionDenied) throw;
-    }
-    environment.clock.Wait(kTagPause);
-  }
+FileHandle OpenTags(ui::Desktop& desktop, Environment& environment, Open open) {
+  FileHandle file = kNoHandle;
+  Contention contention(contention::kOpenWorkorderTags, desktop, environment);
+  contention.Run([&] { file = open(environment.openFiles); });
+  return file;
 }
 
-FileHandle OpenActiveTags(Environment& environment, Access access) {
-  return OpenTags(environment, [access](OpenFiles& files) { return files.Open(kActiveTagFile, access, Deny::None); });
+FileHandle OpenActiveTags(ui::Desktop& desktop, Environment& environment, Access access) {
+  return OpenTags(desktop, environment,
+                  [access](OpenFiles& files) { return files.Open(kActiveTagFile, access, Deny::None); });
 }
 
-FileHandle OpenArchivedTags(Environment& environment, std::string_view caller, Access access) {
-  return OpenTags(environment,
+FileHandle OpenArchivedTags(ui::Desktop& desktop, Environment& environment, std::string_view caller, Access access) {
+  return OpenTags(desktop, environment,
                   [caller, access](OpenFiles& files) { return files.OpenArchivedTagFile(caller, access); });
 }
 
@@ -83,21 +76,8 @@ bool Workorders::ReadLiveCustomer(std::int32_t number, CustomerRecord& record) {
 bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {
   Clear();
   const std::string name = CurrentActiveTag.Get(wotag::FileName);
-  const auto tryAgain = [&](const std::string& text) {
-    return desktop_.Ask(text + "\rClick Retry to try again, or Cancel to skip.", "GetCurrWoRec(" + name + ")",
-                        ui::Buttons::RetryCancel) == ui::Answer::Retry;
-  };
-  while (name.empty() || !environment_.files.FileExists(name)) {
-    if (!tryAgain("File not found: ")) return false;  // the name stands in the title alone
-  }
   OpenedFile file(environment_.openFiles);
-  while (!file.IsOpen()) {
-    try {
-      file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail));
-    } catch (const FileError&) {
-      if (!tryAgain(std::string(kLocked))) return false;
-    }
-  }
+  if (!OpenWorkorderFile(name, file)) return false;
   TextLineReader lines(*file);
   const TextSurroundings around = Around();
   WorkorderReader reader = Reader(lines, around);
@@ -108,6 +88,16 @@ bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {
   }
   if (keepOpen && fileNumberOut != nullptr) *fileNumberOut = file.Release();
   return true;
+}
+
+bool Workorders::OpenWorkorderFile(const std::string& name, OpenedFile& file) {
+  Contention find(contention::kFindWorkorderFile, desktop_, environment_, name);
+  Contention open(contention::kOpenWorkorderFile, desktop_, environment_, name);
+  const bool isThere = find.Run([&] {
+    if (name.empty() || !environment_.files.FileExists(name)) throw FileError(FileErrorNumber::FileNotFound, name);
+  });
+  return isThere &&
+         open.Run([&] { file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail)); });
 }
 
 // Behind the heading of the text, up to the line that has the number. False when the text ends without it.
@@ -131,15 +121,10 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
   const std::string number = Left(FormatZeros(workorderNumber, kNumberDigits), kNumberDigits);
   Clear();
   OpenedFile file(environment_.openFiles);
-  while (!file.IsOpen()) {
-    try {
-      file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail));
-    } catch (const FileError&) {
-      if (desktop_.Ask(std::string(kLocked) + "\rClick Retry to try again, or Cancel to exit.",
-                       "GetArchWo(" + std::string(kArchiveFile) + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
-        return false;
-      }
-    }
+  Contention contention(contention::kOpenArchive, desktop_, environment_, kArchiveFile);
+  if (!contention.Run(
+          [&] { file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail)); })) {
+    return false;
   }
   TextLineReader lines(*file, static_cast<std::uint64_t>(masterOffset));
   const auto corrupted = [this](const char* what) {
@@ -162,10 +147,11 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
   return true;
 }
 
-FileHandle Workorders::OpenActiveWOForReading() { return OpenActiveTags(environment_, Access::Read); }
+FileHandle Workorders::OpenActiveWOForReading() { return OpenActiveTags(desktop_, environment_, Access::Read); }
 
 FileHandle Workorders::OpenArchWOForReading(std::string_view caller) {
-  return OpenArchivedTags(environment_, caller.empty() ? "Workorders.OpenArchWOForReading" : caller, Access::Read);
+  return OpenArchivedTags(desktop_, environment_, caller.empty() ? "Workorders.OpenArchWOForReading" : caller,
+                          Access::Read);
 }
 
 bool Workorders::ReadActiveWO(FileHandle file, std::int64_t position, ActiveWoTag& tag) {
@@ -194,7 +180,7 @@ void Workorders::WriteActiveWoTag() {
   std::copy(Current.Totals.Bytes().begin(), Current.Totals.Bytes().end(), tag.Bytes().begin() + wotag::Totals.offset);
   PutText(tag, wotag::FileName, FileNameOf(Current.WorkorderNumber));
   OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenActiveTags(environment_, Access::Write));
+  file.TakeOver(OpenActiveTags(desktop_, environment_, Access::Write));
   file->Append(tag.Bytes(), ActiveWoTag::kLength);
   file.Close();
   environment_.files.FlushFile(std::string(kActiveTagFile));
@@ -208,24 +194,16 @@ bool Workorders::WriteArchivedWoTag() {
   if (environment_.files.Length(name) % ArchivedWoTag::kLength != 0) {
     desktop_.Tell("Archived WO Tag File has invalid size", "WriteArchivedWoTag(" + name + ")");
   }
-  for (;;) {
+  Contention contention(contention::kWriteArchivedTag, desktop_, environment_, name);
+  // Opened anew by each try: nobody is kept waiting while the person thinks.
+  return contention.Run([&] {
     OpenedFile file(environment_.openFiles);
-    try {
-      file.TakeOver(OpenArchivedTags(environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
-      environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) +
-                             ")");
-      file->Append(tag.Bytes());
-      file.Close();
-      environment_.files.FlushFile(name);
-      return true;
-    } catch (const FileError&) {
-      file.Close();  // nobody is kept waiting while the operator thinks
-      if (desktop_.Ask("Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
-                       "WriteArchivedWoTag(" + name + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
-        return false;
-      }
-    }
-  }
+    file.TakeOver(OpenArchivedTags(desktop_, environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
+    environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
+    file->Append(tag.Bytes());
+    file.Close();
+    environment_.files.FlushFile(name);
+  });
 }
 
 void Workorders::WriteWorkorderFile() {

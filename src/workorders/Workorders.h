@@ -45,6 +45,7 @@ class Workorders {
   TextSurroundings Around();
   WorkorderReader Reader(LineSource& lines, const TextSurroundings& around);
   bool ReadLiveCustomer(std::int32_t number, CustomerRecord& record);
+  bool OpenWorkorderFile(const std::string& name, OpenedFile& file);
   bool FindInArchive(LineSource& lines, const std::string& number, std::string& line);
 
   Environment& environment_;

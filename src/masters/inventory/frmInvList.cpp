@@ -6,6 +6,7 @@
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
 #include "masters/inventory/PartOrder.h"
+#include "records/Contention.h"
 #include "records/RecordArray.h"
 
 namespace lantos {
@@ -138,17 +139,12 @@ void frmInvList::StartLoading() {
 
 void frmInvList::ReadNextBlock() {
   ReadTimer.SetEnabled(false);
-  for (;;) {
-    try {
-      // Not among the numbered files: their closing is logged, and this is done for every block.
-      const SharedFile file(tagFile_, Access::Read, Deny::None);
-      ReadRecords(file, nextBlock_ * kBlockLength, std::span(block_));
-      break;
-    } catch (const FileError& error) {
-      shop_.environment.log.Write(error.what());
-      shop_.desktop.Tell("Error reading inventory tags - Click OK to retry.", "Lantos");
-    }
-  }
+  Contention contention(contention::kLoadInventoryTags, shop_.desktop, shop_.environment);
+  contention.Run([this] {
+    // Not among the numbered files: their closing is logged, and this is done for every block.
+    const SharedFile file(tagFile_, Access::Read, Deny::None);
+    ReadRecords(file, nextBlock_ * kBlockLength, std::span(block_));
+  });
   ++nextBlock_;
   ListTags(block_);
   LoadProgress.SetValue(static_cast<int>(nextBlock_));

@@ -15,6 +15,8 @@
 
 namespace lantos {
 
+struct ContentionRule;
+
 // The parts: the list of all tags that each run holds, and the two files behind it. A place in the list is an index;
 // kNoPart is none. The list grows and never shrinks; a part deleted meanwhile has a blank stock number.
 class Inventory {
@@ -137,9 +139,8 @@ class Inventory {
     const InventoryRecord original_;
   };
   FileHandle OpenWithoutEnd(std::string_view name, Access access, Deny deny);
-  bool ReadOrAsk(std::string_view title, std::string_view stockNumber, const std::function<void()>& statement);
   FileLink KnownLocation(PartIndex index);
-  bool ReadTag(std::string_view title, PartIndex index, InventoryTag& tag);
+  bool ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag);
   void WriteTag(PartIndex index);
   void WriteMaster(FileLink offset);
   void KeepInList(PartIndex index, FileLink location);

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "records/Contention.h"
 #include "records/OpenedFile.h"
 #include "records/inventory/Inventory.h"
 
@@ -8,8 +9,6 @@ namespace lantos {
 
 namespace {
 
-constexpr std::int64_t kOpenPause = 100;  // milliseconds
-constexpr std::int64_t kReadPause = 250;
 constexpr std::size_t kScanBlock = 128;  // tags
 
 // Bytes behind the text's end stay when there is nothing to trim.
@@ -33,16 +32,11 @@ void RequireLink(FileLink link, const std::string& what) {
 
 }  // namespace
 
-// Whatever the failure is, it is waited out, without a message: nobody can be asked while a part is half written.
 FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny) {
-  for (bool first = true;; first = false) {
-    try {
-      return environment_.openFiles.Open(name, access, deny);
-    } catch (const FileError& error) {
-      if (first) environment_.log.Write(error.what());
-      environment_.clock.Wait(kOpenPause);
-    }
-  }
+  FileHandle file = kNoHandle;
+  Contention contention(contention::kOpenInventory, desktop_, environment_, name);
+  contention.Run([&] { file = environment_.openFiles.Open(name, access, deny); });
+  return file;
 }
 
 FileHandle Inventory::OpenInventoryTagForWrite() { return OpenWithoutEnd(kInventoryTagFile, Access::Write, Deny::All); }
@@ -74,47 +68,33 @@ FileLink Inventory::KnownLocation(PartIndex index) {
   return location;
 }
 
-bool Inventory::ReadOrAsk(std::string_view title, std::string_view stockNumber,
-                          const std::function<void()>& statement) {
-  for (;;) {
-    try {
-      statement();
-      return true;
-    } catch (const FileError& error) {
-      const ui::Answer answer =
-          desktop_.Ask("Can not read tags record for " + std::string(stockNumber) + "\r" + error.Text(),
-                       std::string(title), ui::Buttons::RetryCancel, ui::Icon::Exclamation);
-      if (answer == ui::Answer::Cancel) return false;
-      environment_.clock.Wait(kReadPause);
-    }
-  }
-}
-
-bool Inventory::ReadTag(std::string_view title, PartIndex index, InventoryTag& tag) {
+bool Inventory::ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag) {
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
   KnownLocation(index);
   OpenedFile file(environment_.openFiles);
-  return ReadOrAsk(title, number, [&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); }) &&
-         ReadOrAsk(title, number, [&] {
-           const FileLink location = KnownLocation(index);
-           RequireLink(location, "tag of " + number);
-           ReadRecord(*file, location, tag);
-         });
+  Contention contention(rule, desktop_, environment_, number);
+  return contention.Run([&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); }) && contention.Run([&] {
+    const FileLink location = KnownLocation(index);
+    RequireLink(location, "tag of " + number);
+    ReadRecord(*file, location, tag);
+  });
 }
 
-bool Inventory::ReadInventoryTag(PartIndex index, InventoryTag& tag) { return ReadTag("ReadInventoryTag", index, tag); }
+bool Inventory::ReadInventoryTag(PartIndex index, InventoryTag& tag) {
+  return ReadTag(contention::kReadInventoryTag, index, tag);
+}
 
 bool Inventory::ReadInventory(FileLink& offset, PartIndex index) {
-  constexpr std::string_view kTitle = "ReadInventory";
-  if (!ReadTag(kTitle, index, CurrentInvTag)) return false;
+  if (!ReadTag(contention::kReadInventory, index, CurrentInvTag)) return false;
   if (offset == kNoLink) offset = CurrentInvTag.Get(inventorytag::Tag);
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
   OpenedFile file(environment_.openFiles);
-  const bool isRead = ReadOrAsk(kTitle, number, [&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) &&
-                      ReadOrAsk(kTitle, number, [&] {
-                        RequireLink(offset, "master of " + number);
-                        ReadRecord(*file, offset, CurrentInv);
-                      });
+  Contention contention(contention::kReadInventory, desktop_, environment_, number);
+  const bool isRead =
+      contention.Run([&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) && contention.Run([&] {
+        RequireLink(offset, "master of " + number);
+        ReadRecord(*file, offset, CurrentInv);
+      });
   if (isRead) OriginalInv = CurrentInv;
   return isRead;
 }

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "frame/Numbers.h"
+#include "records/Contention.h"
 #include "records/FileNumber.h"
 #include "records/OpenedFile.h"
 
@@ -59,19 +60,15 @@ KitPrices ParseKitPrices(std::string_view location) {
 
 FileHandle InventoryKits::OpenKitFile(bool exclusive) {
   OpenedFile file(environment_.openFiles);
-  try {
+  Contention contention(exclusive ? contention::kOpenKitsExclusive : contention::kOpenKitsShared, desktop_,
+                        environment_);
+  contention.Run([&] {
     if (exclusive) {
       file.Open(kKitFile, Access::ReadWrite, Deny::All);
     } else {
       file.Open(kKitFile, Access::Read, Deny::None);
     }
-  } catch (const FileError& error) {
-    environment_.log.Write(error.what());
-    desktop_.Tell(exclusive ? "Could not open TQINVKIT.DAT for exclusive access."
-                            : "Could not open TQINVKIT.DAT for shared access.",
-                  "Lantos");
-    return kNoHandle;
-  }
+  });
   return file.Release();
 }
 

@@ -29,7 +29,7 @@ class InventoryContention : public InventoryTest {
   std::optional<SharedFile> holder_;
 };
 
-TEST_F(InventoryContention, AWriteWaitsForTheTagFileInSilenceATenthOfASecondAtATime) {
+TEST_F(InventoryContention, AWriteWaitsForTheTagFileWithoutABoxATenthOfASecondAtATime) {
   const FileLink offset = Read("A");
   HoldFor(50, kInventoryTagFile);
   inventory.CurrentInvTag.Put(inventorytag::InStock, 3);
@@ -64,11 +64,13 @@ TEST_F(InventoryContention, AWriteOutlivesAnyOtherFailureOfTheOpenToo) {
   EXPECT_EQ(desktop.boxes.size(), 0U);
 }
 
-TEST_F(InventoryContention, TheSearchForATagWaitsWithoutEndAndWithoutAWord) {
+TEST_F(InventoryContention, TheSearchForATagWaitsWithoutEndAndWithoutABox) {
   HoldFor(40, kInventoryTagFile, Access::ReadWrite, Deny::All);
   EXPECT_EQ(inventory.FindTagLocation(1), 128);
   EXPECT_EQ(patience.waits, std::vector<std::int64_t>(40, 100));
   EXPECT_EQ(desktop.boxes.size(), 0U);
+  EXPECT_EQ(desktop.statuses,
+            (std::vector<std::string>{"Waiting for TQINVTAG.DAT, which another user has open...", ""}));
 }
 
 TEST_F(InventoryContention, AnotherProcessThatHoldsTheFileIsWaitedForUntilItEnds) {

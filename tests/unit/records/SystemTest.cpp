@@ -46,7 +46,7 @@ TEST_F(System, WithoutKeepOpenTheResultIsZeroAndTheFileIsClosed) {
 
 TEST_F(System, AFileHeldByAnotherIsTried100TimesWithoutAWordAndThenAsks) {
   int tries = 0;
-  Contention contention(contention::kSystem, desktop, clock);
+  Contention contention(contention::kSystem, desktop, environment);
   desktop.WillAnswer({Answer::Retry, Answer::Cancel});
   const LocalTime before = clock.Now();
   EXPECT_FALSE(contention.Run([&] {

@@ -146,7 +146,7 @@ TEST_F(VehiclesTest, AFailedWriteIsToldOnceAndLeavesTheVehicleNotOnFile) {
 TEST_F(VehiclesTest, ReadingAndWritingTryAThousandTimesMoreAtOnceAndThenTellWithoutAChoice) {
   for (const ContentionRule* rule : {&contention::kReadVehicle, &contention::kWriteVehicle}) {
     int tries = 0;
-    Contention contention(*rule, desktop, clock);
+    Contention contention(*rule, desktop, environment);
     desktop.WillAnswer(Answer::Ok);
     const LocalTime before = clock.Now();
     EXPECT_FALSE(contention.Run([&] {
