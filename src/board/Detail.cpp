@@ -81,8 +81,8 @@ void frmMain::ShowEstimateDetail() {
   txtComments.SetText(Current().Comments);
   savedComment_ = Trim(Current().Comments);
   RefreshDetailCaption(StatusText(Current()));
-  const bool known = shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
-  estimateCustomer_ = known ? shop_.records.customers.CurrentCustomer : UnknownCustomer();
+  const CustomerRecord* known = shop_.records.customers.LookupCustomer(Current().CustomerNumber);
+  estimateCustomer_ = known != nullptr ? *known : UnknownCustomer();
   ShowCustomer();
   ShowVehicle();
   contents_.parts.LoadPartList();

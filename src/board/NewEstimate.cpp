@@ -4,7 +4,6 @@
 #include "frame/Text.h"
 #include "records/Customers.h"
 #include "records/Vehicles.h"
-#include "shop/KeptRecords.h"
 
 // Booking: a new estimate for a customer chosen first and a vehicle chosen after that.
 namespace lantos {
@@ -27,7 +26,7 @@ void frmMain::NewEstimateClick() {
   const std::int16_t status = estimateOnly ? kEstimateOnly : kScheduled;
   DetailViewClick();
   ClearDetail();
-  if (!masters_.CustomerMaintenance(true, true)) {
+  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) {
     shop_.desktop.Tell("New Estimate cancelled.\r\rPrevious estimate redisplayed.", "New Estimate - Cancelled",
                        ui::Icon::Information);
     DetailViewClick();
@@ -64,9 +63,7 @@ void frmMain::AttachCustomer() {
 
 void frmMain::AttachVehicle() {
   Vehicles& vehicles = shop_.records.vehicles;
-  KeptVehicle kept(vehicles);
-  if (masters_.VehicleMaintenance() != kVehicleSelected) return;
-  kept.Release();
+  if (masters_.VehicleMaintenance() != MasterScreens::VehicleChoice::Selected) return;
   estimateCustomer_ = shop_.records.customers.CurrentCustomer;
   const VehicleRecord& record = vehicles.CurrentVehicle;
   Estimate& estimate = Current();
@@ -86,7 +83,8 @@ bool frmMain::HasEstimateOnShow(const std::string& title) {
 
 void frmMain::CustomerEditClick() {
   CheckDayRollover();
-  if (!HasEstimateOnShow("Customer Edit") || !masters_.CustomerMaintenance(true, true)) return;
+  if (!HasEstimateOnShow("Customer Edit") || !masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate))
+    return;
   AttachCustomer();
   AttachVehicle();
 }
@@ -107,8 +105,8 @@ void frmMain::VehicleEditClick() {
       listLabor.Clear();
     }
   }
-  // Filling the lists has read other customers since: the vehicles are those of the estimate's own.
-  if (FindCustomerOf(Current()) == nullptr) {
+  // The vehicles to choose from are those of the current customer.
+  if (!shop_.records.customers.MakeCurrent(Current().CustomerNumber)) {
     shop_.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", "Vehicle Edit",
                        ui::Icon::Information);
     return;

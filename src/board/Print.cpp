@@ -63,7 +63,7 @@ void frmMain::PrintWorksheetClick() {
   }
   ReadPrintOptions();
   KeepUnsavedComments();
-  WorksheetReport report(shop_.environment, shop_.records, database_, contents_.workorders);
+  WorksheetReport report(shop_.environment, desktop, shop_.records, database_);
   ShowReport(desktop, shop_.environment, report.Make(estimateCustomer_),
              shop_.environment.printOptions.PreviewWorksheet);
   if (Current().Status == kScheduled) {

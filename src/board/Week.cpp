@@ -99,8 +99,7 @@ bool frmMain::IsShown(std::int16_t status) const {
 }
 
 const CustomerRecord* frmMain::FindCustomerOf(const Estimate& estimate) {
-  Customers& customers = shop_.records.customers;
-  return customers.LookupCustomer(estimate.CustomerNumber, kNoLink) ? &customers.CurrentCustomer : nullptr;
+  return shop_.records.customers.LookupCustomer(estimate.CustomerNumber);
 }
 
 // Counts before the day list has had a chance to read a past Scheduled estimate as a No-show: such an estimate is

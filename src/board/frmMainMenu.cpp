@@ -75,7 +75,7 @@ void frmMain::BuildMenus() {
 void frmMain::BuildMaintenanceMenu() {
   ui::MenuItem& maintenance = AddMenu("mnuMaint", "&Maintenance");
   maintenance.Add("mnuCustomer", "&Customers", [this] {
-    if (MayEnter(shop_, Section::Customer)) masters_.CustomerMaintenance(true, false);
+    if (MayEnter(shop_, Section::Customer)) masters_.CustomerMaintenance(MasterScreens::Purpose::Maintain);
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
   maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);

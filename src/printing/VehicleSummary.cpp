@@ -47,27 +47,10 @@ void Sort(std::vector<Record<Length>>& tags) {
   });
 }
 
-// The work order and the tag that others hold while past ones are read through the same place.
-class KeptWorkorder {
- public:
-  explicit KeptWorkorder(Workorders& workorders)
-      : workorders_(workorders), order_(workorders.Current), tag_(workorders.CurrentActiveTag) {}
-  ~KeptWorkorder() {
-    workorders_.Current = std::move(order_);
-    workorders_.CurrentActiveTag = tag_;
-  }
-  KeptWorkorder(const KeptWorkorder&) = delete;
-
- private:
-  Workorders& workorders_;
-  Workorder order_;
-  ActiveWoTag tag_;
-};
-
 }  // namespace
 
 template <std::size_t Length>
-std::vector<Record<Length>> VehicleSummary::Find(FileHandle handle, std::string_view vin) const {
+std::vector<Record<Length>> VehicleSummary::Find(FileHandle handle, std::string_view vin) {
   const FileDate latest = ToFileDate(environment_.Today());
   const FileDate cutoff = ToFileDate(YearsBack(environment_.Today(), environment_.printOptions.VehSummaryYears));
   const SharedFile& file = environment_.openFiles[handle];
@@ -91,8 +74,12 @@ std::vector<Record<Length>> VehicleSummary::Find(FileHandle handle, std::string_
   return found;
 }
 
+VehicleSummary::VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records)
+    : environment_(environment),
+      checkList_(records.checkList),
+      workorders_(environment, desktop, records, checkList_) {}
+
 void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
-  const KeptWorkorder kept(workorders_);
   lines.Add("***** Vehicle Summary *****");
   lines.AddBlank();
   OpenedFile file(environment_.openFiles);

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "printing/ReportLines.h"
+#include "records/CheckList.h"
 #include "records/Record.h"
 #include "workorders/Workorders.h"
 
@@ -12,19 +13,20 @@ namespace lantos {
 // All tags are looked at, from the end of each file; only those that belong lead to a text.
 class VehicleSummary {
  public:
-  VehicleSummary(Environment& environment, Workorders& workorders)
-      : environment_(environment), workorders_(workorders) {}
+  VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records);
 
   // Of the print options' years, up to today, by the exact VIN.
   void Compose(std::string_view vin, ReportLines& lines);
 
  private:
   template <std::size_t Length>
-  std::vector<Record<Length>> Find(FileHandle file, std::string_view vin) const;
+  std::vector<Record<Length>> Find(FileHandle file, std::string_view vin);
   void PrintWorkorder(FileDate date, ReportLines& lines) const;
 
   Environment& environment_;
-  Workorders& workorders_;
+  // Past work orders are read into places of their own: the current one and its check list stay as they are.
+  CheckListTable checkList_;
+  Workorders workorders_;
 };
 
 }  // namespace lantos

@@ -5,7 +5,6 @@
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
 #include "records/Vehicles.h"
-#include "shop/KeptRecords.h"
 
 namespace lantos {
 
@@ -50,10 +49,10 @@ FileHandle OpenArchivedTags(ui::Desktop& desktop, Environment& environment, std:
 
 void Workorders::Clear() {
   ClearWorkorder(Current);
-  records_.checkList.ClearCheckListValues();
+  checkList_.ClearCheckListValues();
 }
 
-TextSurroundings Workorders::Around() { return {environment_.shopOptions, records_.checkList, environment_.Today()}; }
+TextSurroundings Workorders::Around() { return {environment_.shopOptions, checkList_, environment_.Today()}; }
 
 WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& around) {
   WorkorderReader reader(Current, around, desktop_, lines);
@@ -63,14 +62,14 @@ WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& ar
   return reader;
 }
 
-// The customer that the screens work on stays theirs.
 bool Workorders::ReadLiveCustomer(std::int32_t number, CustomerRecord& record) {
   Customers& customers = records_.customers;
-  const KeptCustomer kept(customers);
   if (customers.Count() == 0) customers.LoadCustomerTags();
-  if (customers.FindCustomerTag(number) == customers.Count() || !customers.ReadCustomer()) return false;
-  record = customers.CurrentCustomer;
-  return true;
+  const std::size_t index = customers.IndexOf(number);
+  if (index == customers.Count()) return false;
+  const std::optional<CustomerRecord> master = customers.Master(customers.Tag(index));
+  if (master) record = *master;
+  return master.has_value();
 }
 
 bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {

@@ -11,18 +11,21 @@ namespace lantos {
 class Workorders {
  public:
   Workorders(Environment& environment, ui::Desktop& desktop, Records& records)
-      : environment_(environment), desktop_(desktop), records_(records) {}
+      : Workorders(environment, desktop, records, records.checkList) {}
+  // With a check list of its own, whose values are those of the work order that was read last.
+  Workorders(Environment& environment, ui::Desktop& desktop, Records& records, CheckListTable& checkList)
+      : environment_(environment), desktop_(desktop), records_(records), checkList_(checkList) {}
   Workorders(const Workorders&) = delete;
 
   Workorder Current;
   ActiveWoTag CurrentActiveTag;
   ArchivedWoTag CurrentArchivedTag;
 
-  // Reads the work order of CurrentActiveTag. False when its file isn't there or is held, and the operator skips it.
+  // Reads the work order of CurrentActiveTag. False when its file isn't there or is held, and the person skips it.
   // With keepOpen the file stays open with no sharing, and fileNumberOut has its number.
   bool GetCurrWoRec(bool keepOpen = false, FileHandle* fileNumberOut = nullptr);
   // Reads an archived work order by the place of its text. False for a place or number that leads nowhere, when the
-  // text there is another one (which is told), and when the operator gave up a held archive.
+  // text there is another one (which is told), and when the person gave up a held archive.
   bool GetArchWo(std::int32_t workorderNumber, FileLink masterOffset);
 
   // Shared. Throws FileError.
@@ -34,7 +37,7 @@ class Workorders {
   bool ReadArchWO(FileHandle file, std::int64_t position, ArchivedWoTag& tag);
 
   // The three files of a new work order, from Current and in this order. The tags throw FileError when they can't be
-  // written, but for the second one's prompt: false when the operator gave it up, and there is no such tag then.
+  // written, but for the second one's prompt: false when the person gave it up, and there is no such tag then.
   void WriteActiveWoTag();
   bool WriteArchivedWoTag();
   void WriteWorkorderFile();
@@ -51,6 +54,7 @@ class Workorders {
   Environment& environment_;
   ui::Desktop& desktop_;
   Records& records_;
+  CheckListTable& checkList_;
 };
 
 }  // namespace lantos

@@ -82,7 +82,7 @@ bool Conversion::MayConvert() {
 }
 
 bool Conversion::FindCustomer() {
-  if (bench_.shop.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink)) return true;
+  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber)) return true;
   bench_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", kTitle,
                            ui::Icon::Information);
   return false;
@@ -108,9 +108,9 @@ void Conversion::TakeCustomer() {
 bool Conversion::TakeVehicle() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
   const CustomerRecord& customer = bench_.shop.records.customers.CurrentCustomer;
-  vehicles.CurrentVehicle = VehicleOf(SnapshotIn(Current()), customer.Get(customer::Number));
-  vehicles.CurrentVehicleOffset = kNoLink;
-  MatchVehicle(vehicles, customer.Get(customer::VLink));
+  const VehicleRecord wanted = VehicleOf(SnapshotIn(Current()), customer.Get(customer::Number));
+  const auto found = MatchVehicle(vehicles, wanted, customer.Get(customer::VLink));
+  vehicles.MakeCurrent(found ? found->record : wanted, found ? found->offset : kNoLink);
   Order().Vehicle = vehicles.CurrentVehicle;
   const bool hasVehicle = !Trim(Current().VehYear + Current().VehMake + Current().VehModel).empty();
   if (!hasVehicle) return true;
@@ -120,7 +120,7 @@ bool Conversion::TakeVehicle() {
 }
 
 bool Conversion::EditVehicle() {
-  frmVehEdit form(bench_.shop, "Convert to WO - Vehicle Information");
+  frmVehEdit form(bench_.shop, bench_.shop.records.vehicles.CurrentVehicle, "Convert to WO - Vehicle Information");
   form.ShowModal();
   const bool saved = form.Saved();
   form.Unload();
@@ -222,8 +222,8 @@ std::int16_t Conversion::UpdateStockForConversion(const std::string& partNumber,
   const FileLink link = records.usageHistory.UpdateUsage(use, cost, price, quantity);
   if (link != kNoLink) inventory.CurrentInv.Put(inventory::UsageLink, link);
   Done("the usage of " + partNumber + " was noted");
-  inventory.WriteInventory(offset, index, false, true);
-  bench_.inventoryList.UpdateListRow(offset, index, false);
+  inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
+  bench_.inventoryList.UpdateListRow(offset, index, frmInvList::Row::Listed);
   Done("the stock of " + partNumber + " is now " + std::to_string(stock));
   return stock;
 }

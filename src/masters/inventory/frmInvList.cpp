@@ -256,7 +256,8 @@ ui::GridRow frmInvList::RowOf(Inventory::PartIndex part) const {
   return row;
 }
 
-void frmInvList::UpdateListRow(FileLink /*offset*/, Inventory::PartIndex index, bool isNew) {
+void frmInvList::UpdateListRow(FileLink /*offset*/, Inventory::PartIndex index, Row row) {
+  const bool isNew = row == Row::New;
   if (isNew) {
     table_.Add(index);
     ShowTotal();
@@ -266,18 +267,12 @@ void frmInvList::UpdateListRow(FileLink /*offset*/, Inventory::PartIndex index, 
   if (isNew || Visible()) ShowRows();  // a hidden list puts its rows in order when it is shown
 }
 
-bool frmInvList::Pick(const std::string& caption) {
-  ClearPicking();
+std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
+  picked_.reset();
   SetCaption(caption);
   ShowRows();  // the price level may be another customer's
   ShowModal();
   return picked_;
-}
-
-void frmInvList::ClearPicking() {
-  picked_ = false;
-  PickedTag = kNoLink;
-  PickedIndex = Inventory::kNoPart;
 }
 
 void frmInvList::Accept() {
@@ -285,9 +280,7 @@ void frmInvList::Accept() {
     shop_.desktop.Tell("No part is selected.", Caption());
     return;
   }
-  PickedIndex = currentPart_;
-  PickedTag = inventory_.Tag(PickedIndex).Get(inventorytag::Tag);
-  picked_ = true;
+  picked_ = PickedPart{currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
   Hide();
 }
 

@@ -32,6 +32,8 @@ void RequireLink(FileLink link, const std::string& what) {
 
 }  // namespace
 
+void Inventory::SizeArrays() { Clear(environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength); }
+
 FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny) {
   FileHandle file = kNoHandle;
   Contention contention(contention::kOpenInventory, desktop_, environment_, name);
@@ -63,9 +65,8 @@ FileLink Inventory::FindTagLocation(PartIndex index) {
 }
 
 FileLink Inventory::KnownLocation(PartIndex index) {
-  FileLink& location = locations_.at(static_cast<std::size_t>(index));
-  if (location == kNoLink) location = FindTagLocation(index);
-  return location;
+  if (Location(index) == kNoLink) SetLocation(index, FindTagLocation(index));
+  return Location(index);
 }
 
 bool Inventory::ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag) {
@@ -84,85 +85,110 @@ bool Inventory::ReadInventoryTag(PartIndex index, InventoryTag& tag) {
   return ReadTag(contention::kReadInventoryTag, index, tag);
 }
 
-bool Inventory::ReadInventory(FileLink& offset, PartIndex index) {
-  if (!ReadTag(contention::kReadInventory, index, CurrentInvTag)) return false;
-  if (offset == kNoLink) offset = CurrentInvTag.Get(inventorytag::Tag);
+std::optional<Inventory::Part> Inventory::ReadAt(FileLink offset, PartIndex index) {
+  Part part;
+  if (!ReadTag(contention::kReadInventory, index, part.tag)) return std::nullopt;
+  part.offset = offset == kNoLink ? part.tag.Get(inventorytag::Tag) : offset;
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
   OpenedFile file(environment_.openFiles);
   Contention contention(contention::kReadInventory, desktop_, environment_, number);
   const bool isRead =
       contention.Run([&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) && contention.Run([&] {
-        RequireLink(offset, "master of " + number);
-        ReadRecord(*file, offset, CurrentInv);
+        RequireLink(part.offset, "master of " + number);
+        ReadRecord(*file, part.offset, part.master);
       });
-  if (isRead) OriginalInv = CurrentInv;
-  return isRead;
+  if (!isRead) return std::nullopt;
+  return part;
 }
 
-void Inventory::WriteInventory(FileLink offset, PartIndex index, bool keepCore, bool broadcast) {
-  RequireLink(offset, "master of " + CurrentInv.Get(inventory::StockNumber));
-  if (CurrentInv.Get(inventory::Deleted) != 1) {
-    NameUnnamed(CurrentInv, inventory::Description, inventory::StockNumber);
-    NameUnnamed(CurrentInvTag, inventorytag::Description, inventorytag::StockNumber);
+bool Inventory::ReadInventory(FileLink& offset, PartIndex index) {
+  const std::optional<Part> part = ReadAt(offset, index);
+  if (!part) return false;
+  offset = part->offset;
+  CurrentInvTag = part->tag;
+  CurrentInv = OriginalInv = part->master;
+  return true;
+}
+
+void Inventory::Write(Part& part, PartIndex index, Core core, Broadcast broadcast) {
+  RequireLink(part.offset, "master of " + part.master.Get(inventory::StockNumber));
+  if (part.master.Get(inventory::Deleted) != 1) {
+    NameUnnamed(part.master, inventory::Description, inventory::StockNumber);
+    NameUnnamed(part.tag, inventorytag::Description, inventorytag::StockNumber);
   }
-  WriteTag(index);
-  WriteMaster(offset);
-  if (broadcast && onBroadcast) onBroadcast();
-  const bool hasCore = CurrentInv.Get(inventory::HasACore) == 1;
-  if (keepCore && hasCore && !IsCore(CurrentInv.View(inventory::StockNumber))) UpdateCorePart();
+  WriteTag(part, index);
+  WriteMaster(part);
+  if (broadcast == Broadcast::Yes && onBroadcast) onBroadcast(part.tag);
+  const bool hasCore = part.master.Get(inventory::HasACore) == 1;
+  if (core == Core::Follows && hasCore && !IsCore(part.master.View(inventory::StockNumber))) {
+    UpdateCorePart(part.master);
+  }
 }
 
-void Inventory::WriteTag(PartIndex index) {
+void Inventory::WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast) {
+  Part part{CurrentInvTag, CurrentInv, offset};
+  Write(part, index, core, broadcast);
+  CurrentInvTag = part.tag;
+  CurrentInv = part.master;
+}
+
+void Inventory::WriteTag(Part& part, PartIndex index) {
   // Sought before the file is held: the search opens it as well, and would wait for us for ever.
   FileLink location = index < Count() ? KnownLocation(index) : kNoLink;
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryTagForWrite());
   // A part that the list has and the file has not goes to the end too, as nothing else can be its place.
   if (location == kNoLink) location = LinkAtEnd(file->Length(), kInventoryTagFile);
-  TrimField(CurrentInv, inventory::StockNumber);
-  TrimField(CurrentInvTag, inventorytag::StockNumber);
-  environment_.log.Write("WriteInventory " + CurrentInv.Get(inventory::StockNumber) +
-                         " In stock=" + std::to_string(CurrentInv.Get(inventory::QtyInStock)));
-  CurrentInvTag.Put(inventorytag::IsStocked, CurrentInv.Get(inventory::IsStocked));
-  WriteRecord(*file, location, CurrentInvTag);
+  TrimField(part.master, inventory::StockNumber);
+  TrimField(part.tag, inventorytag::StockNumber);
+  environment_.log.Write("WriteInventory " + part.master.Get(inventory::StockNumber) +
+                         " In stock=" + std::to_string(part.master.Get(inventory::QtyInStock)));
+  part.tag.Put(inventorytag::IsStocked, part.master.Get(inventory::IsStocked));
+  WriteRecord(*file, location, part.tag);
   file.Close();
-  KeepInList(index, location);
+  KeepInList(part.tag, index, location);
 }
 
-void Inventory::KeepInList(PartIndex index, FileLink location) {
+void Inventory::KeepInList(const InventoryTag& tag, PartIndex index, FileLink location) {
   const bool isNew = index >= Count();
   while (Count() < index) AppendTag({});
   if (isNew) {
-    AppendTag(CurrentInvTag);
+    AppendTag(tag);
   } else {
-    ReplaceTag(index, CurrentInvTag);
+    ReplaceTag(index, tag);
   }
-  locations_.at(static_cast<std::size_t>(index)) = location;
+  SetLocation(index, location);
   if (isNew && onCountChanged) onCountChanged();
 }
 
-void Inventory::WriteMaster(FileLink offset) {
+void Inventory::WriteMaster(const Part& part) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryForWrite());
-  WriteRecord(*file, offset, CurrentInv);
+  WriteRecord(*file, part.offset, part.master);
 }
 
 void Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index) {
-  CurrentInvTag = {};
-  CurrentInv = {};
+  const Part part = AddPart(stockNumber, index);
+  CurrentInvTag = part.tag;
+  CurrentInv = part.master;
+}
+
+Inventory::Part Inventory::AddPart(std::string_view stockNumber, PartIndex& index) {
+  Part part;
   const std::string_view number = TrimView(stockNumber);
-  CurrentInvTag.Put(inventorytag::StockNumber, number);
-  CurrentInv.Put(inventory::StockNumber, number);
-  const FileLink offset = LinkAtEnd(environment_.files.Length(kInventoryFile), kInventoryFile);
-  CurrentInvTag.Put(inventorytag::Tag, offset);
+  part.tag.Put(inventorytag::StockNumber, number);
+  part.master.Put(inventory::StockNumber, number);
+  part.offset = LinkAtEnd(environment_.files.Length(kInventoryFile), kInventoryFile);
+  part.tag.Put(inventorytag::Tag, part.offset);
   for (std::size_t level = 0; level < kPriceLevelNames.size(); ++level) {
-    CurrentInv.Put(inventory::MarkupPercent[level], system_.SysRec.Get(sysrec::markups[level]));
+    part.master.Put(inventory::MarkupPercent[level], system_.SysRec.Get(sysrec::markups[level]));
   }
-  CurrentInv.Put(inventory::UsageLink, kNoLink);
-  CurrentInv.Put(inventory::ReceivingLink, kNoLink);
+  part.master.Put(inventory::UsageLink, kNoLink);
+  part.master.Put(inventory::ReceivingLink, kNoLink);
   index = Count();
-  WriteInventory(offset, index, true, true);
-  if (!IsCore(CurrentInv.View(inventory::StockNumber)) && onNewPart) onNewPart(offset, index);
+  Write(part, index, Core::Follows, Broadcast::Yes);
+  if (!IsCore(part.master.View(inventory::StockNumber)) && onNewPart) onNewPart(part.offset, index);
+  return part;
 }
 
 }  // namespace lantos

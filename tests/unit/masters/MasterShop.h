@@ -146,7 +146,7 @@ class MasterShop : public ::testing::Test {
     directory.Put("TQCSTDAT.DAT", "");
     directory.Put("TQVEHICL.DAT", "");
     directory.Put("TQMAKMOD.DAT", "");
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
   }
 
   struct RawEmployee {
