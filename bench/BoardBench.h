@@ -20,7 +20,7 @@ struct Board {
     StartAndStop steps;
     steps.processCommandLine = [] {};
     steps.initGlobals = [this] {
-      world.records.system.ReadSystem(false);
+      world.records.system.ReadSystem();
       return world.environment.log.Open();
     };
     steps.deleteUpdateFileAndCloseLog = [] {};

@@ -39,7 +39,7 @@ struct Worksheet {
     board.database.estimates.LoadEstimate(kEstimate);
   }
   ui::Report Make() {
-    return WorksheetReport(world.environment, world.records, board.database, board.workorders).Make({});
+    return WorksheetReport(world.environment, world.desktop, world.records, board.database).Make({});
   }
   Board board{FullDayShop()};
   World& world = board.world;

@@ -46,8 +46,7 @@ void Board::AddEstimate(std::size_t weekday, Estimate& estimate, const std::vect
 }
 
 const CustomerRecord* Board::FindCustomerOf(const Estimate& estimate) {
-  Customers& customers = parts_.shop.records.customers;
-  return customers.LookupCustomer(estimate.CustomerNumber, kNoLink) ? &customers.CurrentCustomer : nullptr;
+  return parts_.shop.records.customers.LookupCustomer(estimate.CustomerNumber);
 }
 
 // Counts before the day list has had a chance to read a past Scheduled estimate as a No-show: such an estimate is

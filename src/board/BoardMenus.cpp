@@ -59,7 +59,7 @@ void BoardMenus::BuildCommandMenu(const std::vector<BoardCommand>& commands) {
 void BoardMenus::BuildMaintenanceMenu() {
   ui::MenuItem& maintenance = form_.AddMenu("mnuMaint", "&Maintenance");
   maintenance.Add("mnuCustomer", "&Customers", [this] {
-    if (MayEnter(shop_, Section::Customer)) masters_.CustomerMaintenance(true, false);
+    if (MayEnter(shop_, Section::Customer)) masters_.CustomerMaintenance(MasterScreens::Purpose::Maintain);
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
   maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);

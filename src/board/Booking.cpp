@@ -5,7 +5,6 @@
 #include "frame/Text.h"
 #include "records/Customers.h"
 #include "records/Vehicles.h"
-#include "shop/KeptRecords.h"
 
 namespace lantos {
 
@@ -28,7 +27,7 @@ void Booking::NewEstimate() {
                               ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
   detailView.OnClick();
   detail.ClearDetail();
-  if (!masters_.CustomerMaintenance(true, true)) {
+  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) {
     parts_.shop.desktop.Tell("New Estimate cancelled.\r\rPrevious estimate redisplayed.", "New Estimate - Cancelled",
                              ui::Icon::Information);
     detailView.OnClick();
@@ -64,9 +63,7 @@ void Booking::AttachCustomer() {
 
 void Booking::AttachVehicle() {
   Vehicles& vehicles = parts_.shop.records.vehicles;
-  KeptVehicle kept(vehicles);
-  if (masters_.VehicleMaintenance() != kVehicleSelected) return;
-  kept.Release();
+  if (masters_.VehicleMaintenance() != MasterScreens::VehicleChoice::Selected) return;
   parts_.detail.ShowCustomer(parts_.shop.records.customers.CurrentCustomer);
   const VehicleRecord& record = vehicles.CurrentVehicle;
   Estimate& estimate = Current();
@@ -77,7 +74,7 @@ void Booking::AttachVehicle() {
 }
 
 void Booking::EditCustomer() {
-  if (!masters_.CustomerMaintenance(true, true)) return;
+  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) return;
   AttachCustomer();
   AttachVehicle();
 }
@@ -96,8 +93,8 @@ void Booking::EditVehicle() {
       parts_.detail.contents.labor.ClearLaborList();
     }
   }
-  // Filling the lists has read other customers since: the vehicles are those of the estimate's own.
-  if (board_.FindCustomerOf(Current()) == nullptr) {
+  // The vehicles to choose from are those of the current customer.
+  if (!parts_.shop.records.customers.MakeCurrent(Current().CustomerNumber)) {
     parts_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", "Vehicle Edit",
                              ui::Icon::Information);
     return;

@@ -86,8 +86,8 @@ void DetailPane::ShowEstimateDetail() {
   txtComments.SetText(Current().Comments);
   savedComment_ = Trim(Current().Comments);
   RefreshDetailCaption("");
-  const bool known = shop_.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink);
-  ShowCustomer(known ? shop_.records.customers.CurrentCustomer : UnknownCustomer());
+  const CustomerRecord* known = shop_.records.customers.LookupCustomer(Current().CustomerNumber);
+  ShowCustomer(known != nullptr ? *known : UnknownCustomer());
   ShowVehicle();
   contents.parts.LoadPartList();
   contents.labor.LoadLaborList();

@@ -63,7 +63,7 @@ void Papers::PrintWorksheet() {
   DetailPane& detail = parts_.detail;
   detail.KeepUnsavedComments();
   Environment& environment = parts_.shop.environment;
-  WorksheetReport report(environment, parts_.shop.records, parts_.database, detail.contents.workorders);
+  WorksheetReport report(environment, parts_.shop.desktop, parts_.shop.records, parts_.database);
   ShowReport(parts_.shop.desktop, environment, report.Make(detail.Customer()),
              environment.printOptions.PreviewWorksheet);
   if (Current().Status == kScheduled) {

@@ -89,23 +89,20 @@ FileHandle OpenVehicles(Records& records) {
 }
 
 void TakeLinkedVehicle(Vehicles& vehicles, FileLink link, FileHandle handle, Snapshot& snapshot) {
-  vehicles.CurrentVehicleOffset = link;
-  vehicles.ReadVehicle(link, handle);
-  if (vehicles.CurrentVehicleOffset != link) GiveUp(fmt::format("The vehicle at {} could not be read.", link));
-  const de::VehicleSnapshot taken = SnapshotOf(vehicles.CurrentVehicle);
+  const std::optional<VehicleRecord> record = vehicles.Read(link, handle);
+  if (!record) GiveUp(fmt::format("The vehicle at {} could not be read.", link));
+  const de::VehicleSnapshot taken = SnapshotOf(*record);
   snapshot = {taken.VehYear, taken.VehMake,    taken.VehModel, taken.VehVIN,  taken.VehLic,
               taken.VehDate, taken.VehMileage, taken.VehEng,   taken.VehTrans};
 }
 
-// Matches the work record against the chain of its customer, whose first link is looked up once.
+// Matches vehicles against the chain of their customer, whose first link is looked up once.
 class VehicleMatcher {
  public:
   VehicleMatcher(Records& records, FileHandle handle) : records_(records), handle_(handle) {}
 
-  bool Match() {
-    Vehicles& vehicles = records_.vehicles;
-    const FileLink first = FirstLink(vehicles.CurrentVehicle.Get(vehicle::Number));
-    return MatchVehicle(vehicles, first, handle_);
+  std::optional<MatchedVehicle> Match(const VehicleRecord& wanted) {
+    return MatchVehicle(records_.vehicles, wanted, FirstLink(wanted.Get(vehicle::Number)), handle_);
   }
 
  private:
@@ -114,9 +111,10 @@ class VehicleMatcher {
     if (known != firstLinks_.end()) return known->second;
     Customers& customers = records_.customers;
     if (firstLinks_.empty()) customers.LoadCustomerTags();
-    const bool isThere =
-        customer != 0 && customers.FindCustomerTag(customer) < customers.Count() && customers.ReadCustomer();
-    return firstLinks_[customer] = isThere ? customers.CurrentCustomer.Get(customer::VLink) : kNoLink;
+    const std::size_t index = customers.IndexOf(customer);
+    const bool isThere = customer != 0 && index < customers.Count();
+    const auto master = isThere ? customers.Master(customers.Tag(index)) : std::nullopt;
+    return firstLinks_[customer] = master ? master->Get(customer::VLink) : kNoLink;
   }
 
   Records& records_;
@@ -200,12 +198,13 @@ void FillEngines(EstimateDatabase& database, Environment& environment, Records& 
   FillEach(database, [&](const Recordset& row, Snapshot& snapshot) {
     for (std::size_t i = 0; i < kEngine; ++i) snapshot[i] = Trim(row.Text(kSnapshotColumns[i].name));
     // Without the mileage: what was not on a row of that age isn't made up.
-    records.vehicles.CurrentVehicle =
+    const VehicleRecord wanted =
         VehicleOf({snapshot[0], snapshot[1], snapshot[2], snapshot[3], snapshot[4], snapshot[5], "", "", ""},
                   row.Long("CustomerNumber"));
-    if (!matcher.Match()) return;
-    snapshot[kEngine] = records.vehicles.CurrentVehicle.Get(vehicle::EngineSize);
-    snapshot[kTransmission] = records.vehicles.CurrentVehicle.Get(vehicle::Transmission);
+    const std::optional<MatchedVehicle> match = matcher.Match(wanted);
+    if (!match) return;
+    snapshot[kEngine] = match->record.Get(vehicle::EngineSize);
+    snapshot[kTransmission] = match->record.Get(vehicle::Transmission);
   });
 }
 

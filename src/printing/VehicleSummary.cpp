@@ -23,27 +23,14 @@ DaySerial YearsBack(DaySerial day, int years) {
   return ToSerial(date);
 }
 
-// The work order and the tag that others hold while past ones are read through the same place.
-class KeptWorkorder {
- public:
-  explicit KeptWorkorder(Workorders& workorders)
-      : workorders_(workorders), order_(workorders.Current), tag_(workorders.CurrentActiveTag) {}
-  ~KeptWorkorder() {
-    workorders_.Current = std::move(order_);
-    workorders_.CurrentActiveTag = tag_;
-  }
-  KeptWorkorder(const KeptWorkorder&) = delete;
-
- private:
-  Workorders& workorders_;
-  Workorder order_;
-  ActiveWoTag tag_;
-};
-
 }  // namespace
 
+VehicleSummary::VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records)
+    : environment_(environment),
+      checkList_(records.checkList),
+      workorders_(environment, desktop, records, checkList_) {}
+
 void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
-  const KeptWorkorder kept(workorders_);
   lines.Add("***** Vehicle Summary *****");
   lines.AddBlank();
   const DaySerial today = environment_.Today();

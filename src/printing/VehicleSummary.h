@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "printing/ReportLines.h"
+#include "records/CheckList.h"
 #include "records/Record.h"
 #include "workorders/Workorders.h"
 
@@ -12,8 +13,7 @@ namespace lantos {
 // Only the tags that belong to it lead to a text.
 class VehicleSummary {
  public:
-  VehicleSummary(Environment& environment, Workorders& workorders)
-      : environment_(environment), workorders_(workorders) {}
+  VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records);
 
   // Of the print options' years, up to today, by the exact VIN.
   void Compose(std::string_view vin, ReportLines& lines);
@@ -22,7 +22,9 @@ class VehicleSummary {
   void PrintWorkorder(FileDate date, ReportLines& lines) const;
 
   Environment& environment_;
-  Workorders& workorders_;
+  // Past work orders are read into places of their own: the current one and its check list stay as they are.
+  CheckListTable checkList_;
+  Workorders workorders_;
 };
 
 }  // namespace lantos

@@ -7,12 +7,10 @@
 #include "printing/Letterhead.h"
 #include "printing/ReportDesigns.h"
 #include "printing/VehicleSummary.h"
-#include "records/CheckList.h"
 #include "records/Customers.h"
 #include "records/Followups.h"
 #include "records/Vehicles.h"
 #include "records/modSystem.h"
-#include "shop/KeptRecords.h"
 
 namespace lantos {
 
@@ -40,8 +38,7 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
   ComposeFollowups(lines);
   const std::string vin = Trim(Current().VehVIN);
   if (Options().PrintVehSummaryOnWorksheet && !vin.empty()) {
-    const KeptCheckList kept(records_.checkList);  // past work orders bring values of their own
-    VehicleSummary(environment_, workorders_).Compose(vin, lines);
+    VehicleSummary(environment_, desktop_, records_).Compose(vin, lines);
   }
   ui::Report report{WorksheetDesign(Options().PrintCustomerOnWorksheet),
                     "Technician Worksheet for Estimate " + std::to_string(Number()), lines.Rows()};
@@ -49,13 +46,11 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
   FillCustomer(report, customer);
   FillEstimate(report, Current());
   if (Current().VehicleLink != kNoLink) {
-    const KeptVehicle kept(records_.vehicles);
-    records_.vehicles.ReadVehicle(Current().VehicleLink);
-    const VehicleRecord& record = records_.vehicles.CurrentVehicle;
-    if (records_.vehicles.CurrentVehicleOffset == kNoLink) return report;
-    const DaySerial seen = FromFileDate(record.Get(vehicle::Date));
+    const std::optional<VehicleRecord> record = records_.vehicles.Read(Current().VehicleLink);
+    if (!record) return report;
+    const DaySerial seen = FromFileDate(record->Get(vehicle::Date));
     report.SetLabel("lblLastSeen", seen >= 1 ? FormatDate(seen) : "");
-    report.SetLabel("lblLastMiles", std::to_string(record.Get(vehicle::Mileage)));
+    report.SetLabel("lblLastMiles", std::to_string(record->Get(vehicle::Mileage)));
   }
   return report;
 }

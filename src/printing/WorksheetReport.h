@@ -5,17 +5,17 @@
 #include "estimatedb/EstimateDatabase.h"
 #include "printing/ReportLines.h"
 #include "records/Customers.h"
+#include "shop/Records.h"
 #include "ui/Report.h"
-#include "workorders/Workorders.h"
 
 namespace lantos {
 
 // The paper that travels with the vehicle: what is to be done on the current estimate, room to log hours and parts, and
-// what was done to the vehicle before. Reading its past goes through the one current work order.
+// what was done to the vehicle before.
 class WorksheetReport {
  public:
-  WorksheetReport(Environment& environment, Records& records, EstimateDatabase& database, Workorders& workorders)
-      : environment_(environment), records_(records), database_(database), workorders_(workorders) {}
+  WorksheetReport(Environment& environment, ui::Desktop& desktop, Records& records, EstimateDatabase& database)
+      : environment_(environment), desktop_(desktop), records_(records), database_(database) {}
 
   ui::Report Make(const CustomerRecord& customer);
 
@@ -30,9 +30,9 @@ class WorksheetReport {
   const PrintOptions& Options() const { return environment_.printOptions; }
 
   Environment& environment_;
+  ui::Desktop& desktop_;
   Records& records_;
   EstimateDatabase& database_;
-  Workorders& workorders_;
 };
 
 }  // namespace lantos

@@ -1,18 +1,76 @@
 #include "records/Contention.h"
 
-#include <string>
-
 namespace lantos {
 
+namespace {
+
+constexpr std::int64_t kWaitWithoutWord = 1000;  // milliseconds
+
+void Replace(std::string& text, std::string_view placeholder, std::string_view value) {
+  const std::size_t place = text.find(placeholder);
+  if (place != std::string::npos) text.replace(place, placeholder.size(), value);
+}
+
+}  // namespace
+
 bool Contention::TryAgain(const FileError& error) {
-  if (++failures_ <= rule_.silentRetries) {
-    if (rule_.pause == ContentionRule::Pause::OneSecond) WaitOneSecond(clock_);
-    return true;
+  Note(error);
+  if (rule_.failures == ContentionRule::Failures::SharingOnly && error.Number() != FileErrorNumber::PermissionDenied) {
+    throw;
   }
-  if (rule_.afterBox == ContentionRule::AfterBox::AskAndRetrySilently) failures_ = 0;
-  const std::string title = rule_.title.empty() ? error.Text() : std::string(rule_.title);
-  const ui::Answer answer = desktop_.Ask(std::string(rule_.text), title, rule_.buttons, rule_.icon);
-  return rule_.afterBox != ContentionRule::AfterBox::GiveUp && answer != ui::Answer::Cancel;
+  return RetrySilently() || AskOrTell(error);
+}
+
+void Contention::Note(const FileError& error) {
+  const bool isDue = rule_.noted == ContentionRule::Noted::EachFailure ||
+                     (rule_.noted == ContentionRule::Noted::FirstFailure && !noted_);
+  if (isDue) environment_.log.Write(error.what());
+  noted_ = true;
+}
+
+bool Contention::RetrySilently() {
+  if (failures_ >= rule_.silentRetries) return false;
+  ++failures_;
+  Wait(rule_.pause);
+  return true;
+}
+
+bool Contention::AskOrTell(const FileError& error) {
+  if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
+  if (rule_.afterRetries == ContentionRule::AfterRetries::AskAndRetrySilently) failures_ = 0;
+  const ui::Answer answer =
+      desktop_.Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
+  if (rule_.afterRetries == ContentionRule::AfterRetries::GiveUp || answer == ui::Answer::Cancel) return false;
+  Wait(rule_.pauseAfterBox);
+  return true;
+}
+
+void Contention::Wait(ContentionRule::Pause pause) {
+  if (pause == ContentionRule::Pause::None) return;
+  if (pause == ContentionRule::Pause::ToNextSecond) return WaitOneSecond(environment_.clock);
+  const auto milliseconds = static_cast<std::int64_t>(pause);
+  environment_.clock.Wait(milliseconds);
+  waited_ += milliseconds;
+  if (!rule_.word.empty() && !wordShown_ && waited_ >= kWaitWithoutWord) ShowWord();
+}
+
+void Contention::ShowWord() {
+  const std::string word = Fill(rule_.word, {});
+  environment_.log.Write(word);
+  desktop_.ShowStatus(word);
+  wordShown_ = true;
+}
+
+void Contention::EndWord() {
+  if (wordShown_) desktop_.ShowStatus("");
+  wordShown_ = false;
+}
+
+std::string Contention::Fill(std::string_view text, std::string_view error) const {
+  std::string filled(text);
+  Replace(filled, "{error}", error);  // first: what is waited for may be any text
+  Replace(filled, "{what}", what_);
+  return filled;
 }
 
 }  // namespace lantos

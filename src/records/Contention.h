@@ -1,85 +1,32 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
-#include "frame/Clock.h"
+#include "frame/Environment.h"
 #include "frame/FileError.h"
+#include "records/ContentionRules.h"
 #include "ui/Desktop.h"
 
 namespace lantos {
 
-// What a routine does about a file that somebody else has: silent retries, then a box.
-struct ContentionRule {
-  enum class Pause { None, OneSecond };                      // ahead of each silent retry
-  enum class AfterBox { Ask, AskAndRetrySilently, GiveUp };  // Ask: one more try each time, unless Cancel
-
-  int silentRetries;
-  Pause pause;
-  AfterBox afterBox;
-  std::string_view text;
-  std::string_view title;  // empty: the text of the error
-  ui::Buttons buttons;
-  ui::Icon icon;
-};
-
-namespace contention {
-using Pause = ContentionRule::Pause;
-using AfterBox = ContentionRule::AfterBox;
-using ui::Buttons;
-using ui::Icon;
-
-inline constexpr std::string_view kTagsLocked =
-    "Customer tags file locked by another user.\rClick OK to try again, or CANCEL to exit.";
-inline constexpr std::string_view kCustomersLocked =
-    "Customer data file locked by another user.\rClick OK to try again, or CANCEL to exit.";
-
-inline constexpr ContentionRule kLoadCustomerTags = {3,
-                                                     Pause::OneSecond,
-                                                     AfterBox::Ask,
-                                                     "Customer tags file locked by another user.",
-                                                     "Open failure",
-                                                     Buttons::OkCancel,
-                                                     Icon::None};
-inline constexpr ContentionRule kReadCustomer = {
-    0, Pause::None, AfterBox::Ask, kCustomersLocked, "ReadCustomer()", Buttons::OkCancel, Icon::Exclamation};
-inline constexpr ContentionRule kWriteCustomerTag = {
-    0, Pause::None, AfterBox::Ask, kTagsLocked, "WriteCustomer()", Buttons::OkCancel, Icon::Exclamation};
-inline constexpr ContentionRule kWriteCustomer = {
-    0, Pause::None, AfterBox::Ask, kCustomersLocked, "WriteCustomer()", Buttons::OkCancel, Icon::Exclamation};
-inline constexpr ContentionRule kOpenVehicleForRead = {0,
-                                                       Pause::None,
-                                                       AfterBox::Ask,
-                                                       "Could not open Vehicle file, click Retry to try again.",
-                                                       "OpenVehicleForRead",
-                                                       Buttons::RetryCancel,
-                                                       Icon::Critical};
-inline constexpr ContentionRule kReadVehicle = {
-    1000, Pause::None, AfterBox::GiveUp, "Could not open Vehicle file.", "ReadVehicle", Buttons::Ok, Icon::Critical};
-inline constexpr ContentionRule kWriteVehicle = {
-    1000, Pause::None, AfterBox::GiveUp, "Could not open Vehicle file.", "WriteVehicle", Buttons::Ok, Icon::Critical};
-// The hundredth failure asks.
-inline constexpr ContentionRule kSystem = {99,
-                                           Pause::None,
-                                           AfterBox::AskAndRetrySilently,
-                                           "System file locked by another user.",
-                                           "",
-                                           Buttons::RetryCancel,
-                                           Icon::Critical};
-}  // namespace contention
-
 // One routine's dealings with one rule. Its statements share the count of failures.
 class Contention {
  public:
-  Contention(const ContentionRule& rule, ui::Desktop& desktop, Clock& clock)
-      : rule_(rule), desktop_(desktop), clock_(clock) {}
+  // what stands for "{what}" in the texts of the rule.
+  Contention(const ContentionRule& rule, ui::Desktop& desktop, Environment& environment, std::string_view what = {})
+      : rule_(rule), desktop_(desktop), environment_(environment), what_(what) {}
+  ~Contention() { EndWord(); }
+  Contention(const Contention&) = delete;
 
-  // Runs the statement, again after each FileError for as long as the rule and the operator want. False when it was
-  // given up.
+  // Runs the statement, again after each FileError for as long as the rule and the person want. False when it was
+  // given up. A rule that lets errors surface throws the last one.
   template <class Statement>
   bool Run(Statement statement) {
     for (;;) {
       try {
         statement();
+        EndWord();
         return true;
       } catch (const FileError& error) {
         if (!TryAgain(error)) return false;
@@ -88,12 +35,24 @@ class Contention {
   }
 
  private:
+  // Only from within the handler of the error.
   bool TryAgain(const FileError& error);
+  void Note(const FileError& error);
+  bool RetrySilently();
+  bool AskOrTell(const FileError& error);
+  void Wait(ContentionRule::Pause pause);
+  void ShowWord();
+  void EndWord();
+  std::string Fill(std::string_view text, std::string_view error) const;
 
   const ContentionRule& rule_;
   ui::Desktop& desktop_;
-  Clock& clock_;
-  int failures_ = 0;
+  Environment& environment_;
+  std::string what_;
+  int failures_ = 0;  // since the last box that began the silent retries anew
+  bool noted_ = false;
+  std::int64_t waited_ = 0;  // milliseconds, of the pauses that have a length
+  bool wordShown_ = false;
 };
 
 }  // namespace lantos

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
@@ -40,7 +41,7 @@ bool Customers::LoadCustomerTags() {
   tags_.clear();
   numbers_.Forget();
   OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kLoadCustomerTags, desktop_, environment_.clock);
+  Contention contention(contention::kLoadCustomerTags, desktop_, environment_);
   const bool done = contention.Run([&] { file.Open(kCustomerTagFile, Access::Read, Deny::None); }) &&
                     contention.Run([&] { FillTags(*file); });
   if (!done) tags_.clear();
@@ -71,26 +72,50 @@ std::size_t Customers::FindCustomerTag(const CustomerRecord& record) {
 }
 
 std::size_t Customers::FindCustomerTag(std::int32_t number) {
-  const std::size_t index = numbers_.Find(tags_, number);
+  const std::size_t index = IndexOf(number);
   if (index < tags_.size()) CurrentTag = tags_[index];
   return index;
 }
 
-bool Customers::ReadCustomer() {
-  const FileLink offset = CurrentTag.Get(customertag::Offset);
-  if (offset < 0 || static_cast<std::uint64_t>(offset) >= MasterLength()) {
+bool Customers::LeadsNowhere(const CustomerTag& tag) const {
+  const FileLink offset = tag.Get(customertag::Offset);
+  return offset < 0 || static_cast<std::uint64_t>(offset) >= MasterLength();
+}
+
+std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
+  const FileLink offset = tag.Get(customertag::Offset);
+  if (LeadsNowhere(tag)) {
     const std::string number = std::to_string(std::max(offset, kNoLink));
     desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
-    return false;
+    return std::nullopt;
   }
-  if (CurrentCustomer.Get(customer::Number) == NumberOf(CurrentTag)) return true;
+  if (CurrentCustomer.Get(customer::Number) == NumberOf(tag)) return CurrentCustomer;
   OpenedFile own(environment_.openFiles);
   OpenedFile& file = reading_ != nullptr ? *reading_ : own;
-  Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
+  Contention contention(contention::kReadCustomer, desktop_, environment_);
   const auto open = [&] {
     if (!file.IsOpen()) file.Open(kCustomerFile, Access::Read, Deny::None);
   };
-  return contention.Run(open) && contention.Run([&] { ReadRecord(*file, offset, CurrentCustomer); });
+  CustomerRecord master;
+  if (!contention.Run(open) || !contention.Run([&] { ReadRecord(*file, offset, master); })) return std::nullopt;
+  return master;
+}
+
+bool Customers::ReadCustomer() {
+  const std::optional<CustomerRecord> master = Master(CurrentTag);
+  if (!master) return false;
+  if (CurrentCustomer.Get(customer::Number) != NumberOf(CurrentTag)) lookedUp_.reset();  // it may be older
+  CurrentCustomer = *master;
+  return true;
+}
+
+bool Customers::MakeCurrent(std::int32_t number) {
+  const std::size_t index = IndexAfterReload(number);
+  if (index == Count()) return false;
+  const CustomerTag before = std::exchange(CurrentTag, tags_[index]);
+  if (ReadCustomer()) return true;
+  CurrentTag = before;
+  return false;
 }
 
 std::uint64_t Customers::MasterLength() const {
@@ -99,6 +124,7 @@ std::uint64_t Customers::MasterLength() const {
 }
 
 bool Customers::WriteCustomer() {
+  lookedUp_.reset();
   std::size_t index = FindCustomerTag(CurrentCustomer);
   if (index == Count()) {
     // Without the tags the customer would pass for the first of all, and take the place of another one's tag.
@@ -139,8 +165,8 @@ void Customers::MakeTagFollowCustomer() {
 bool Customers::WriteTagAndMaster(std::size_t index) {
   OpenedFile tagFile(environment_.openFiles);
   OpenedFile masterFile(environment_.openFiles);
-  Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_.clock);
-  Contention masterContention(contention::kWriteCustomer, desktop_, environment_.clock);
+  Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_);
+  Contention masterContention(contention::kWriteCustomer, desktop_, environment_);
   if (!tagContention.Run([&] { tagFile.Open(kCustomerTagFile, Access::Write, Deny::None); })) return false;
   if (!masterContention.Run([&] { masterFile.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
   // A customer whose first writing was given up is in the array without a master; it counts as new again.
@@ -170,23 +196,14 @@ void Customers::NewCustomer() {
   CurrentCustomer.Put(customer::VLink, kNoLink);
 }
 
-FileDate Customers::LatestVehicleDate(FileHandle handle) {
-  const VehicleRecord keptVehicle = vehicles_.CurrentVehicle;
-  const FileLink keptOffset = vehicles_.CurrentVehicleOffset;
+FileDate Customers::LatestVehicleDate(const CustomerRecord& owner, FileHandle handle) {
   FileDate latest = -1;
-  const auto keepGreatest = [&](FileLink) {
-    const FileDate date = vehicles_.CurrentVehicle.Get(vehicle::Date);
+  const auto keepGreatest = [&](const VehicleRecord& record, FileLink) {
+    const FileDate date = record.Get(vehicle::Date);
     if (date < kGarbageDate) latest = std::max(latest, date);
     return true;
   };
-  const FileLink first = CurrentCustomer.Get(customer::VLink);
-  if (handle == kNoHandle) {
-    vehicles_.Walk(first, keepGreatest);
-  } else {
-    vehicles_.Walk(first, handle, keepGreatest);
-  }
-  vehicles_.CurrentVehicle = keptVehicle;
-  vehicles_.CurrentVehicleOffset = keptOffset;
+  vehicles_.Walk(owner.Get(customer::VLink), keepGreatest, handle);
   return latest;
 }
 
@@ -199,69 +216,53 @@ std::string Customers::SpouseName(std::size_t index) {
   return nameKey.substr(0, comma) + spouseKey;
 }
 
-void Customers::AppendVehicle() {
-  vehicles_.CurrentVehicleOffset = LinkAtEnd(vehicles_.FileLength(), kVehicleFile);
-  vehicles_.CurrentVehicle.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
-  vehicles_.WriteVehicle();
+FileLink Customers::AppendVehicle(VehicleRecord& record) {
+  const FileLink offset = LinkAtEnd(vehicles_.FileLength(), kVehicleFile);
+  record.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
   // Not written: a chain that began at "none" would lose all vehicles of the customer.
-  if (vehicles_.CurrentVehicleOffset == kNoLink) return;
+  if (!vehicles_.Write(offset, record)) return kNoLink;
   try {
     if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
   } catch (const FileError& error) {
     // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
     environment_.log.Write(std::string("AppendVehicle: ") + error.what());
   }
-  CurrentCustomer.Put(customer::VLink, vehicles_.CurrentVehicleOffset);
+  CurrentCustomer.Put(customer::VLink, offset);
   WriteCustomer();
+  return offset;
 }
 
-bool Customers::LookupCustomer(std::int32_t customerNumber, FileLink vehicleLink) {
-  // Screens share the working records, so what is remembered counts only while they still hold it.
-  const bool known = lookupCustomer_ == customerNumber && CurrentCustomer.Get(customer::Number) == customerNumber &&
-                     NumberOf(CurrentTag) == customerNumber;
-  if (!known && !FetchCustomer(customerNumber)) {
-    ForgetLookup();
-    return false;
-  }
-  lookupCustomer_ = customerNumber;
-  if (vehicleLink == kNoLink) return true;
-  if (lookupVehicle_ != vehicleLink || vehicles_.CurrentVehicleOffset != vehicleLink) {
-    vehicles_.ReadVehicle(vehicleLink);
-    lookupVehicle_ = vehicles_.CurrentVehicleOffset;
-  }
-  return true;
+const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {
+  if (lookedUp_ && lookedUp_->Get(customer::Number) == customerNumber) return &*lookedUp_;
+  lookedUp_.reset();
+  const std::size_t index = IndexAfterReload(customerNumber);
+  if (index != Count()) lookedUp_ = Master(tags_[index]);
+  return lookedUp_ ? &*lookedUp_ : nullptr;
 }
 
-bool Customers::FetchCustomer(std::int32_t number) {
+// Tags that were loaded for this very search aren't loaded twice.
+std::size_t Customers::IndexAfterReload(std::int32_t number) {
   const bool wasEmpty = tags_.empty();
   if (wasEmpty) LoadCustomerTags();
-  std::size_t index = FindCustomerTag(number);
-  if (index == Count() && !wasEmpty) {
-    LoadCustomerTags();
-    index = FindCustomerTag(number);
-  }
-  return index != Count() && ReadCustomer();
-}
-
-void Customers::ForgetLookup() {
-  lookupCustomer_ = -1;
-  lookupVehicle_ = -1;
+  const std::size_t index = IndexOf(number);
+  if (index != Count() || wasEmpty) return index;
+  LoadCustomerTags();
+  return IndexOf(number);
 }
 
 const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {
   index_.clear();
-  ForgetLookup();
+  lookedUp_.reset();
   if (!LoadCustomerTags()) return index_;
   OpenedFile masters(environment_.openFiles);
-  Contention contention(contention::kReadCustomer, desktop_, environment_.clock);
+  Contention contention(contention::kReadCustomer, desktop_, environment_);
   if (!contention.Run([&] { masters.Open(kCustomerFile, Access::Read, Deny::None); })) return index_;
-  CustomerRecord kept = CurrentCustomer;
   LoadIndex(*masters);
   // What is in memory of a customer must be as fresh as the rest, since it isn't read again.
+  const std::int32_t current = CurrentCustomer.Get(customer::Number);
   for (const CustomerIndexRow& row : index_) {
-    if (row.customer.Get(customer::Number) == kept.Get(customer::Number)) kept = row.customer;
+    if (row.customer.Get(customer::Number) == current) CurrentCustomer = row.customer;
   }
-  CurrentCustomer = kept;
   return index_;
 }
 
@@ -273,9 +274,10 @@ void Customers::LoadIndex(const SharedFile& masters) {
   for (const CustomerTag& tag : tags_) {
     const FileLink offset = tag.Get(customertag::Offset);
     if (offset < 0 || static_cast<std::uint64_t>(offset) >= length) continue;
-    ReadRecord(masters, offset, CurrentCustomer);
-    // Without the vehicle file (the operator gave up) nobody has a vehicle date.
-    index_.push_back({CurrentCustomer, vehicleFile.IsOpen() ? LatestVehicleDate(vehicleFile.Handle()) : -1});
+    CustomerIndexRow& row = index_.emplace_back();
+    ReadRecord(masters, offset, row.customer);
+    // Without the vehicle file (the person gave up) nobody has a vehicle date.
+    if (vehicleFile.IsOpen()) row.VehicleDate = LatestVehicleDate(row.customer, vehicleFile.Handle());
   }
 }
 

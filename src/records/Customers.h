@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,42 +53,55 @@ class Customers {
  public:
   Customers(Environment& environment, ui::Desktop& desktop, modSystem& system, Vehicles& vehicles)
       : environment_(environment), desktop_(desktop), system_(system), vehicles_(vehicles) {
-    vehicles_.appendInstead = [this] { AppendVehicle(); };
+    vehicles_.appendInstead = [this](VehicleRecord& record) { return AppendVehicle(record); };
   }
   Customers(const Customers&) = delete;
 
+  // The customer that the screens work on. What merely looks a customer up leaves both alone.
   CustomerTag CurrentTag;
   CustomerRecord CurrentCustomer;
 
-  // Fills the array anew, with 32767 tags at most. False, and an empty array, when the operator gave up.
+  // Fills the array anew, with 32767 tags at most. False, and an empty array, when the person gave up.
   bool LoadCustomerTags();
   std::size_t Count() const { return tags_.size(); }
   const CustomerTag& Tag(std::size_t index) const { return tags_[index]; }
-  // The first tag with the record's Number; the hit goes to CurrentTag. Not found: Count(), CurrentTag left alone.
+  // The place of the first tag with that number; Count() when there is none.
+  std::size_t IndexOf(std::int32_t number) { return numbers_.Find(tags_, number); }
+  // The master that a tag leads to. A CurrentCustomer of the same Number counts as that record and isn't read again, so
+  // whoever changes it without writing it must set it back. Nothing when the tag leads nowhere, which is told, and when
+  // the person gave up.
+  std::optional<CustomerRecord> Master(const CustomerTag& tag);
+  // Whether the tag's Offset isn't one of the master file.
+  bool LeadsNowhere(const CustomerTag& tag) const;
+
+  // The same for the current one. FindCustomerTag makes the tag it finds current and returns its place. Not found:
+  // Count(), CurrentTag left alone.
   std::size_t FindCustomerTag(const CustomerRecord& record);
   std::size_t FindCustomerTag(std::int32_t number);
-  void MakeCurrent(std::size_t index) { CurrentTag = tags_[index]; }
-  // The master at CurrentTag's Offset into CurrentCustomer. A CurrentCustomer of the same Number counts as that record
-  // and isn't read again, so whoever changes it without writing it must set it back. True when CurrentCustomer holds
-  // the record of CurrentTag afterwards.
+  void MakeTagCurrent(std::size_t index) { CurrentTag = tags_[index]; }
+  // The master of CurrentTag into CurrentCustomer. True when CurrentCustomer holds it afterwards.
   bool ReadCustomer();
-  // CurrentCustomer and its tag. False, and nothing more written, when the operator gave up. A new customer beyond the
+  // The tag and the master of a customer become the current ones; when they can't be had the current ones stay. An
+  // unknown number reloads the tags once.
+  bool MakeCurrent(std::int32_t number);
+  // CurrentCustomer and its tag. False, and nothing more written, when the person gave up. A new customer beyond the
   // limit throws std::length_error.
   bool WriteCustomer();
   void NewCustomer();
-  FileDate LatestVehicleDate(FileHandle handle = kNoHandle);
+  // Of the owner's vehicles; -1 without any. A handle of OpenVehicleForRead spares the opening.
+  FileDate LatestVehicleDate(const CustomerRecord& owner, FileHandle handle = kNoHandle);
   std::string SpouseName(std::size_t index);
 
-  // Adds CurrentVehicle at the head of CurrentCustomer's chain. When it can't be written the chain stays as it is.
-  void AppendVehicle();
+  // Adds the vehicle at the head of CurrentCustomer's chain. Its place; kNoLink, and the chain as it was, when it can't
+  // be written.
+  FileLink AppendVehicle(VehicleRecord& record);
 
-  // Name and phones for the board. True when the customer is known and in CurrentCustomer; the number last read is
-  // remembered. An unknown one reloads the tags once. vehicleLink kNoLink reads no vehicle.
-  bool LookupCustomer(std::int32_t customerNumber, FileLink vehicleLink);
-  void ForgetLookup();
+  // Name and phones for the board: null for a customer who isn't known. The one looked up last is remembered. An
+  // unknown one reloads the tags once. Good until the next look-up.
+  const CustomerRecord* LookupCustomer(std::int32_t customerNumber);
 
   // Keeps the customer master open from its first read on, for as long as this lives: many look-ups in a row then cost
-  // one open. Nothing may wait for the operator meanwhile but the look-ups' own prompts.
+  // one open. Nothing may wait for the person meanwhile but the look-ups' own prompts.
   class Reading {
    public:
     explicit Reading(Customers& customers) : customers_(customers), file_(customers.environment_.openFiles) {
@@ -108,7 +122,7 @@ class Customers {
   void FillTags(const SharedFile& file);
   void MakeTagFollowCustomer();
   bool WriteTagAndMaster(std::size_t index);
-  bool FetchCustomer(std::int32_t number);
+  std::size_t IndexAfterReload(std::int32_t number);
   std::uint64_t MasterLength() const;
   void LoadIndex(const SharedFile& masters);
 
@@ -120,8 +134,7 @@ class Customers {
   CustomerNumbers numbers_;
   std::vector<CustomerIndexRow> index_;
   OpenedFile* reading_ = nullptr;
-  std::int32_t lookupCustomer_ = -1;
-  FileLink lookupVehicle_ = -1;
+  std::optional<CustomerRecord> lookedUp_;
 };
 
 }  // namespace lantos

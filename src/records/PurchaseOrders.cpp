@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "frame/Text.h"
+#include "records/Contention.h"
 #include "records/FileNumber.h"
 #include "records/OpenedFile.h"
 #include "records/TextLines.h"
@@ -15,22 +16,6 @@ constexpr std::string_view kSublets = "[Sublets]";
 constexpr std::string_view kCredits = "[Credits]";
 
 Cents DollarsToCents(std::string_view text) { return NumberInFile(text, 100); }
-
-// Runs the statement until it succeeds or the operator skips it.
-template <class Statement>
-bool RetryOrSkip(ui::Desktop& desktop, const std::string& what, Statement statement) {
-  for (;;) {
-    try {
-      statement();
-      return true;
-    } catch (const FileError& error) {
-      const ui::Answer answer =
-          desktop.Ask(what + "\rlocked by another user.\rClick RETRY to try again, or CANCEL to skip.",
-                      "zGetOpenPOSublets " + error.Text(), ui::Buttons::RetryCancel);
-      if (answer == ui::Answer::Cancel) return false;
-    }
-  }
-}
 
 void AddSublets(const std::vector<std::string>& lines, std::int32_t orderNumber, std::vector<OrderedSublet>& sublets) {
   bool inSection = false;
@@ -63,18 +48,19 @@ std::vector<OrderedSublet> PurchaseOrders::GetOpenPOSublets() {
   std::vector<OrderedSublet> sublets;
   if (!environment_.files.IsThere(kOpenOrdersFile)) return sublets;
   OpenedFile file(environment_.openFiles);
-  const std::string tags = "Purchase Orders tags file " + std::string(kOpenOrdersFile);
-  if (!RetryOrSkip(desktop_, tags, [&] { file.Open(kOpenOrdersFile, Access::Read, Deny::None); })) return sublets;
+  Contention tags(contention::kOpenOrders, desktop_, environment_,
+                  "Purchase Orders tags file " + std::string(kOpenOrdersFile));
+  if (!tags.Run([&] { file.Open(kOpenOrdersFile, Access::Read, Deny::None); })) return sublets;
   PoTag tag;
   const std::uint64_t length = file->Length();
   for (std::uint64_t offset = 0; offset < length; offset += PoTag::kLength) {
-    if (!RetryOrSkip(desktop_, tags, [&] { file->ReadAt(offset, tag.Bytes()); })) return sublets;
+    if (!tags.Run([&] { file->ReadAt(offset, tag.Bytes()); })) return sublets;
     const std::int16_t status = tag.Get(potag::Status);
     const std::string name = tag.Get(potag::FileName);
     if ((status != kOrderClosed && status != kOrderOnAccount) || name.empty()) continue;
     std::optional<std::vector<std::string>> lines;
-    RetryOrSkip(desktop_, "Purchase Order detail file (" + name + ")",
-                [&] { lines = ReadTextLines(environment_, name); });
+    Contention detail(contention::kOpenOrders, desktop_, environment_, "Purchase Order detail file (" + name + ")");
+    detail.Run([&] { lines = ReadTextLines(environment_, name); });
     if (lines) AddSublets(*lines, tag.Get(potag::Number), sublets);
   }
   return sublets;

@@ -43,7 +43,7 @@ class PurchaseOrders {
   PurchaseOrders(Environment& environment, ui::Desktop& desktop) : environment_(environment), desktop_(desktop) {}
 
   // The sublets with a price above 0 of all orders that are closed or on account, in file order. A file that somebody
-  // holds is the operator's to retry or skip; without the tags the list ends as far as it came.
+  // holds is the person's to retry or skip; without the tags the list ends as far as it came.
   std::vector<OrderedSublet> GetOpenPOSublets();
 
  private:

@@ -1,9 +1,8 @@
 #include "records/VehicleMatch.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
-#include <optional>
-#include <utility>
 
 namespace lantos {
 
@@ -20,33 +19,21 @@ bool HasSame(const VehicleRecord& a, const VehicleRecord& b, std::initializer_li
 
 }  // namespace
 
-bool MatchVehicle(Vehicles& vehicles, FileLink firstVehicle, FileHandle handle) {
-  const VehicleRecord wanted = vehicles.CurrentVehicle;
-  const FileLink wantedOffset = vehicles.CurrentVehicleOffset;
-  std::array<std::optional<std::pair<VehicleRecord, FileLink>>, 3> candidates;
-  const auto look = [&](FileLink offset) {
-    const VehicleRecord& met = vehicles.CurrentVehicle;
+std::optional<MatchedVehicle> MatchVehicle(Vehicles& vehicles, const VehicleRecord& wanted, FileLink firstVehicle,
+                                           FileHandle handle) {
+  std::array<std::optional<MatchedVehicle>, 3> candidates;
+  const auto look = [&](const VehicleRecord& met, FileLink offset) {
     const bool isSame[] = {HasSame(wanted, met, {vehicle::VIN}), HasSame(wanted, met, {vehicle::LicenseNumber}),
                            HasSame(wanted, met, {vehicle::Year, vehicle::Make, vehicle::Model})};
     for (std::size_t i = 0; i < candidates.size(); ++i) {
-      if (isSame[i] && !candidates[i]) candidates[i].emplace(met, offset);
+      if (isSame[i] && !candidates[i]) candidates[i] = MatchedVehicle{met, offset};
     }
     return true;
   };
-  if (handle == kNoHandle) {
-    vehicles.Walk(firstVehicle, look);
-  } else {
-    vehicles.Walk(firstVehicle, handle, look);
-  }
-  vehicles.CurrentVehicle = wanted;
-  vehicles.CurrentVehicleOffset = wantedOffset;
-  for (const auto& candidate : candidates) {
-    if (!candidate) continue;
-    vehicles.CurrentVehicle = candidate->first;
-    vehicles.CurrentVehicleOffset = candidate->second;
-    return true;
-  }
-  return false;
+  vehicles.Walk(firstVehicle, look, handle);
+  const auto* best =
+      std::find_if(candidates.begin(), candidates.end(), [](const auto& each) { return each.has_value(); });
+  return best == candidates.end() ? std::nullopt : *best;
 }
 
 }  // namespace lantos

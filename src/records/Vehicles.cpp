@@ -8,51 +8,60 @@
 
 namespace lantos {
 
-void Vehicles::NewVehicle() {
-  CurrentVehicle = {};
-  CurrentVehicle.Put(vehicle::Deleted, kVehicleLive);
-  CurrentVehicle.Put(vehicle::State, system_.SysRec.View(sysrec::company_state));
-  CurrentVehicle.Put(vehicle::VLink, kNoLink);
+VehicleRecord Vehicles::NewVehicle() const {
+  VehicleRecord record;
+  record.Put(vehicle::Deleted, kVehicleLive);
+  record.Put(vehicle::State, system_.SysRec.View(sysrec::company_state));
+  record.Put(vehicle::VLink, kNoLink);
+  return record;
 }
 
 FileHandle Vehicles::OpenVehicleForRead() {
   OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kOpenVehicleForRead, desktop_, environment_.clock);
+  Contention contention(contention::kOpenVehicleForRead, desktop_, environment_);
   contention.Run([&] { file.Open(kVehicleFile, Access::Read, Deny::None); });
   return file.Release();
 }
 
-void Vehicles::ReadVehicle(FileLink offset, FileHandle handle) {
-  if (ReadOrTell(offset, handle)) {
-    if (handle == kNoHandle) CurrentVehicleOffset = offset;
-  } else {
-    CurrentVehicleOffset = kNoLink;
-  }
-}
-
-bool Vehicles::ReadOrTell(FileLink offset, FileHandle handle) {
-  Contention contention(contention::kReadVehicle, desktop_, environment_.clock);
+std::optional<VehicleRecord> Vehicles::Read(FileLink offset, FileHandle handle) {
+  VehicleRecord record;
+  Contention contention(contention::kReadVehicle, desktop_, environment_);
   if (handle != kNoHandle) {
-    return contention.Run([&] { ReadRecord(environment_.openFiles[handle], offset, CurrentVehicle); });
+    if (!contention.Run([&] { ReadRecord(environment_.openFiles[handle], offset, record); })) return std::nullopt;
+    return record;
   }
   OpenedFile file(environment_.openFiles);
-  return contention.Run([&] { file.Open(kVehicleFile, Access::Read, Deny::All); }) &&
-         contention.Run([&] { ReadRecord(*file, offset, CurrentVehicle); });
+  const bool isRead = contention.Run([&] { file.Open(kVehicleFile, Access::Read, Deny::All); }) &&
+                      contention.Run([&] { ReadRecord(*file, offset, record); });
+  if (!isRead) return std::nullopt;
+  return record;
+}
+
+bool Vehicles::Write(FileLink offset, const VehicleRecord& record) {
+  OpenedFile file(environment_.openFiles);
+  Contention contention(contention::kWriteVehicle, desktop_, environment_);
+  const bool isWritten = contention.Run([&] { file.Open(kVehicleFile, Access::Write, Deny::All); }) &&
+                         contention.Run([&] { WriteRecord(*file, offset, record); });
+  file.Close();
+  if (!isWritten) return false;
+  environment_.files.FlushFile(kVehicleFile);
+  MarkNotLoaded();
+  if (offset == CurrentVehicleOffset) CurrentVehicle = record;
+  return true;
+}
+
+void Vehicles::ReadVehicle(FileLink offset, FileHandle handle) {
+  const std::optional<VehicleRecord> record = Read(offset, handle);
+  if (record) CurrentVehicle = *record;
+  if (!record || handle == kNoHandle) CurrentVehicleOffset = record ? offset : kNoLink;
 }
 
 void Vehicles::WriteVehicle() {
-  if (CurrentVehicleOffset == kNoLink && appendInstead) return appendInstead();
-  OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kWriteVehicle, desktop_, environment_.clock);
-  const bool done = contention.Run([&] { file.Open(kVehicleFile, Access::Write, Deny::All); }) &&
-                    contention.Run([&] { WriteRecord(*file, CurrentVehicleOffset, CurrentVehicle); });
-  file.Close();
-  if (!done) {
+  if (CurrentVehicleOffset == kNoLink && appendInstead) {
+    CurrentVehicleOffset = appendInstead(CurrentVehicle);
+  } else if (!Write(CurrentVehicleOffset, CurrentVehicle)) {
     CurrentVehicleOffset = kNoLink;
-    return;
   }
-  environment_.files.FlushFile(kVehicleFile);
-  MarkNotLoaded();
 }
 
 std::uint64_t Vehicles::FileLength() const { return environment_.files.Length(kVehicleFile); }
@@ -71,19 +80,18 @@ void Vehicles::LoadVehicles() {
   count_ = static_cast<std::int32_t>(count);
 }
 
-void Vehicles::Walk(FileLink first, const std::function<bool(FileLink offset)>& use) {
-  OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenVehicleForRead());
-  if (file.IsOpen()) Walk(first, file.Handle(), use);
-}
-
-void Vehicles::Walk(FileLink first, FileHandle handle, const std::function<bool(FileLink offset)>& use) {
+void Vehicles::Walk(FileLink first, const Use& use, FileHandle handle) {
+  OpenedFile own(environment_.openFiles);
+  if (handle == kNoHandle) {
+    own.TakeOver(OpenVehicleForRead());
+    if (!own.IsOpen()) return;
+    handle = own.Handle();
+  }
   std::unordered_set<FileLink> passed;
   for (FileLink link = first; link != kNoLink && passed.insert(link).second;) {
-    if (!ReadOrTell(link, handle)) return;
-    const FileLink next = CurrentVehicle.Get(vehicle::VLink);
-    if (!use(link)) return;
-    link = next;
+    const std::optional<VehicleRecord> record = Read(link, handle);
+    if (!record || !use(*record, link)) return;
+    link = record->Get(vehicle::VLink);
   }
 }
 

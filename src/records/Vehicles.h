@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "frame/Environment.h"
 #include "records/Record.h"
@@ -43,20 +44,32 @@ class Vehicles {
       : environment_(environment), desktop_(desktop), system_(system) {}
   Vehicles(const Vehicles&) = delete;
 
+  // The vehicle that the screens work on. What merely looks a vehicle up leaves both alone.
   VehicleRecord CurrentVehicle;
   FileLink CurrentVehicleOffset = kNoLink;  // where it was read from; kNoLink: not on file
+  void MakeCurrent(const VehicleRecord& record, FileLink offset) {
+    CurrentVehicle = record;
+    CurrentVehicleOffset = offset;
+  }
 
-  // A blank CurrentVehicle, live, unchained, with the shop's state.
-  void NewVehicle();
-  // Empty handle (kNoHandle) when the operator gave up; the caller reads nothing then.
+  // A blank vehicle, live, unchained, with the shop's state.
+  VehicleRecord NewVehicle() const;
+  // Empty handle (kNoHandle) when the person gave up; the caller reads nothing then.
   FileHandle OpenVehicleForRead();
-  // With kNoHandle it opens the file itself and sets CurrentVehicleOffset (kNoLink after a failure, which has been
-  // shown). With an open handle it reads and leaves CurrentVehicleOffset as it was.
+  // The vehicle at an offset, from a file that OpenVehicleForRead has opened or, with kNoHandle, from one opened for
+  // this alone. Nothing after a failure, which has been shown.
+  std::optional<VehicleRecord> Read(FileLink offset, FileHandle handle = kNoHandle);
+  // Writes the vehicle at its offset and marks the array not loaded; a CurrentVehicle of that offset follows. False
+  // after a failure, which has been shown.
+  bool Write(FileLink offset, const VehicleRecord& record);
+
+  // The same for the current one. With kNoHandle CurrentVehicleOffset follows (kNoLink after a failure); with an open
+  // handle it stays as it was, but after a failure.
   void ReadVehicle(FileLink offset, FileHandle handle = kNoHandle);
-  // Writes CurrentVehicle at CurrentVehicleOffset and marks the array not loaded. A failure is shown and leaves
-  // kNoLink. A vehicle that is not on file goes to appendInstead.
+  // At CurrentVehicleOffset, which is kNoLink after a failure. A vehicle that is not on file goes to appendInstead,
+  // which returns its place.
   void WriteVehicle();
-  std::function<void()> appendInstead;
+  std::function<FileLink(VehicleRecord& record)> appendInstead;
   std::uint64_t FileLength() const;
 
   // All vehicles in file order, deleted ones too.
@@ -66,19 +79,16 @@ class Vehicles {
   std::int32_t Count() const { return count_; }  // -1 before the first load
   const VehicleRecord& operator[](std::size_t index) const { return vehicles_[index]; }
 
-  // Walks a chain from a link: use gets each vehicle's offset, with the vehicle in CurrentVehicle, and returns false
-  // to stop. A chain that comes back to a link it has passed (damaged links) ends there, and so does one that can't be
-  // read on. Opens and closes the file.
-  void Walk(FileLink first, const std::function<bool(FileLink offset)>& use);
-  // The same in a file that OpenVehicleForRead has opened.
-  void Walk(FileLink first, FileHandle handle, const std::function<bool(FileLink offset)>& use);
+  // Walks a chain from a link: use gets each vehicle and its offset, and returns false to stop. A chain that comes back
+  // to a link it has passed (damaged links) ends there, and so does one that can't be read on. With kNoHandle the file
+  // is opened and closed.
+  using Use = std::function<bool(const VehicleRecord& record, FileLink offset)>;
+  void Walk(FileLink first, const Use& use, FileHandle handle = kNoHandle);
 
   // The rule for the first recorded mileage, applied when a vehicle is saved.
   static void FollowFirstMileage(VehicleRecord& record);
 
  private:
-  bool ReadOrTell(FileLink offset, FileHandle handle);
-
   Environment& environment_;
   ui::Desktop& desktop_;
   modSystem& system_;

@@ -5,7 +5,8 @@
 
 namespace lantos {
 
-FileHandle modSystem::ReadSystem(bool keepOpen) {
+FileHandle modSystem::ReadSystem(Then then) {
+  const bool keepOpen = then == Then::StayOpen;
   OpenedFile file(environment_.openFiles);
   const Access access = keepOpen ? Access::ReadWrite : Access::Read;
   RetryOrEnd([&] { file.Open(kSystemFile, access, Deny::All); }, [&] { ReadRecord(*file, 0, SysRec); });
@@ -23,7 +24,7 @@ void modSystem::WriteSystem(FileHandle handle) {
 }
 
 std::int32_t modSystem::TakeNumber(LongField counter) {
-  const FileHandle handle = ReadSystem(true);
+  const FileHandle handle = ReadSystem(Then::StayOpen);
   const std::int32_t number = SysRec.Get(counter);
   // A counter at the end of its range (a damaged file) wraps.
   SysRec.Put(counter, static_cast<std::int32_t>(static_cast<std::uint32_t>(number) + 1));
@@ -33,7 +34,7 @@ std::int32_t modSystem::TakeNumber(LongField counter) {
 
 template <class... Statements>
 void modSystem::RetryOrEnd(Statements... statements) {
-  Contention contention(contention::kSystem, desktop_, environment_.clock);
+  Contention contention(contention::kSystem, desktop_, environment_);
   const bool done = (contention.Run(statements) && ...);
   if (!done) desktop_.EndProcess(0);
 }

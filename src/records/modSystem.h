@@ -65,16 +65,17 @@ class modSystem {
 
   SystemRecord SysRec;
 
-  // Reads the record into SysRec. With keepOpen the file stays open with no sharing and its handle is returned, else
-  // 0. A locked file is tried 100 times, then the operator is asked; Cancel there ends the whole program.
-  FileHandle ReadSystem(bool keepOpen);
+  // Reads the record into SysRec. A file that is to stay open is so with no sharing, and its handle is returned; else
+  // 0. A locked file is tried 100 times, then the person is asked; Cancel there ends the whole program.
+  enum class Then { Close, StayOpen };
+  FileHandle ReadSystem(Then then = Then::Close);
   // Writes SysRec to the handle, or to the file when the handle is kNoHandle, and closes.
   void WriteSystem(FileHandle handle = kNoHandle);
   // Hands out a running number: the value found, which is then raised by 1 in the file, all under one lock.
   std::int32_t TakeNumber(LongField counter);
 
  private:
-  // In order, a failing one again and again; the operator's Cancel ends the process.
+  // In order, a failing one again and again; the person's Cancel ends the process.
   template <class... Statements>
   void RetryOrEnd(Statements... statements);
 

@@ -6,18 +6,18 @@
 
 namespace lantos {
 
-int CheckPassword(Shop& shop, const std::string& password, std::string_view section) {
+PasswordAnswer CheckPassword(Shop& shop, const std::string& password, std::string_view section) {
   const std::string wanted = TrimNull(password);
-  if (wanted.empty()) return kPasswordNotNeeded;
+  if (wanted.empty()) return PasswordAnswer::NotNeeded;
   frmEnterPwd form(shop, section);
   form.ShowModal();
-  if (!form.ok) return kPasswordCancelled;
-  return Trim(form.Pwd.Text()) == wanted ? kPasswordRight : kPasswordWrong;
+  if (!form.ok) return PasswordAnswer::Cancelled;
+  return Trim(form.Pwd.Text()) == wanted ? PasswordAnswer::Right : PasswordAnswer::Wrong;
 }
 
 bool MayEnter(Shop& shop, Section section) {
-  const int answer = CheckPassword(shop, shop.records.passwords.Password(section), LabelOf(section));
-  return answer == kPasswordNotNeeded || answer == kPasswordRight;
+  const PasswordAnswer answer = CheckPassword(shop, shop.records.passwords.Password(section), LabelOf(section));
+  return answer == PasswordAnswer::NotNeeded || answer == PasswordAnswer::Right;
 }
 
 }  // namespace lantos

@@ -8,15 +8,12 @@
 
 namespace lantos {
 
-// What came of asking for a section's password, as the codes of a message box.
-inline constexpr int kPasswordNotNeeded = 1;
-inline constexpr int kPasswordCancelled = 2;
-inline constexpr int kPasswordRight = 6;
-inline constexpr int kPasswordWrong = 7;
+// What came of asking for a section's password, by the codes of a message box.
+enum class PasswordAnswer { NotNeeded = 1, Cancelled = 2, Right = 6, Wrong = 7 };
 
 // Asks for the password of a section, named by its label; an empty one asks nothing. A wrong password gives no
-// message. Callers go on only for kPasswordNotNeeded and kPasswordRight.
-int CheckPassword(Shop& shop, const std::string& password, std::string_view section);
+// message. Callers go on only for NotNeeded and Right.
+PasswordAnswer CheckPassword(Shop& shop, const std::string& password, std::string_view section);
 // The same for a section of the shared password file: true when the caller may go on.
 bool MayEnter(Shop& shop, Section section);
 

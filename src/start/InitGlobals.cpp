@@ -64,7 +64,7 @@ void WarnOfNetworkMount(Shop& shop) {
 bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList) {
   Environment& environment = shop.environment;
   if (!ResolveDataDir(environment, shop.desktop)) return false;
-  shop.records.system.ReadSystem(false);
+  shop.records.system.ReadSystem();
   if (!environment.log.Open()) EndWithTooManyUsers(shop.desktop);
   environment.log.Write("Korvel Appointment Scheduler Started.");
   frmSplash splash(shop.desktop);

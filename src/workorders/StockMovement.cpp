@@ -45,7 +45,7 @@ std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Work
   const FileLink link = usageHistory_.UpdateUsage(UseIn(order), part.cost, part.price, part.quantity);
   if (link != kNoLink) master.Put(inventory::UsageLink, link);
   onDone_("the usage of " + part.number + " was noted");
-  inventory_.WriteInventory(offset, index, false, true);
+  inventory_.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
   onDone_("the stock of " + part.number + " is now " + std::to_string(left));
   return left;
 }

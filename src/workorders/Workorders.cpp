@@ -2,16 +2,15 @@
 
 #include "frame/Numbers.h"
 #include "records/CheckList.h"
+#include "records/Contention.h"
 #include "records/OpenedFile.h"
 #include "records/Vehicles.h"
-#include "shop/KeptRecords.h"
 #include "workorders/TagOfWorkorder.h"
 
 namespace lantos {
 
 namespace {
 
-constexpr std::string_view kLocked = "File locked by another user.";
 constexpr std::size_t kNumberDigits = 6;
 
 template <std::size_t Length>
@@ -24,28 +23,21 @@ bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::i
   return openFiles[file].ReadAt(static_cast<std::uint64_t>(position), tag.Bytes()) < Length;
 }
 
-// Another copy that has just written its tag flushes the file, and has it alone for that moment.
-constexpr int kTagTries = 20;
-constexpr std::int64_t kTagPause = 100;  // milliseconds
-
 template <class Open>
-FileHandle OpenTags(Environment& environment, Open open) {
-  for (int tries = 1;; ++tries) {
-    try {
-      return open(environment.openFiles);
-    } catch (const FileError& error) {
-      if (tries == kTagTries || error.Number() != FileErrorNumber::PermissionDenied) throw;
-    }
-    environment.clock.Wait(kTagPause);
-  }
+FileHandle OpenTags(ui::Desktop& desktop, Environment& environment, Open open) {
+  FileHandle file = kNoHandle;
+  Contention contention(contention::kOpenWorkorderTags, desktop, environment);
+  contention.Run([&] { file = open(environment.openFiles); });
+  return file;
 }
 
-FileHandle OpenActiveTags(Environment& environment, Access access) {
-  return OpenTags(environment, [access](OpenFiles& files) { return files.Open(kActiveTagFile, access, Deny::None); });
+FileHandle OpenActiveTags(ui::Desktop& desktop, Environment& environment, Access access) {
+  return OpenTags(desktop, environment,
+                  [access](OpenFiles& files) { return files.Open(kActiveTagFile, access, Deny::None); });
 }
 
-FileHandle OpenArchivedTags(Environment& environment, std::string_view caller, Access access) {
-  return OpenTags(environment,
+FileHandle OpenArchivedTags(ui::Desktop& desktop, Environment& environment, std::string_view caller, Access access) {
+  return OpenTags(desktop, environment,
                   [caller, access](OpenFiles& files) { return files.OpenArchivedTagFile(caller, access); });
 }
 
@@ -53,10 +45,10 @@ FileHandle OpenArchivedTags(Environment& environment, std::string_view caller, A
 
 void Workorders::Clear() {
   ClearWorkorder(Current);
-  records_.checkList.ClearCheckListValues();
+  checkList_.ClearCheckListValues();
 }
 
-TextSurroundings Workorders::Around() { return {environment_.shopOptions, records_.checkList, environment_.Today()}; }
+TextSurroundings Workorders::Around() { return {environment_.shopOptions, checkList_, environment_.Today()}; }
 
 WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& around) {
   WorkorderReader reader(Current, around, desktop_, lines);
@@ -66,34 +58,21 @@ WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& ar
   return reader;
 }
 
-// The customer that the screens work on stays theirs.
 bool Workorders::ReadLiveCustomer(std::int32_t number, CustomerRecord& record) {
   Customers& customers = records_.customers;
-  const KeptCustomer kept(customers);
   if (customers.Count() == 0) customers.LoadCustomerTags();
-  if (customers.FindCustomerTag(number) == customers.Count() || !customers.ReadCustomer()) return false;
-  record = customers.CurrentCustomer;
-  return true;
+  const std::size_t index = customers.IndexOf(number);
+  if (index == customers.Count()) return false;
+  const std::optional<CustomerRecord> master = customers.Master(customers.Tag(index));
+  if (master) record = *master;
+  return master.has_value();
 }
 
 bool Workorders::GetCurrWoRec(FileHandle* keptOpen) {
   Clear();
   const std::string name = CurrentActiveTag.Get(wotag::FileName);
-  const auto tryAgain = [&](const std::string& text) {
-    return desktop_.Ask(text + "\rClick Retry to try again, or Cancel to skip.", "GetCurrWoRec(" + name + ")",
-                        ui::Buttons::RetryCancel) == ui::Answer::Retry;
-  };
-  while (name.empty() || !environment_.files.FileExists(name)) {
-    if (!tryAgain("File not found: ")) return false;  // the name stands in the title alone
-  }
   OpenedFile file(environment_.openFiles);
-  while (!file.IsOpen()) {
-    try {
-      file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail));
-    } catch (const FileError&) {
-      if (!tryAgain(std::string(kLocked))) return false;
-    }
-  }
+  if (!OpenWorkorderFile(name, file)) return false;
   TextLineReader lines(*file);
   const TextSurroundings around = Around();
   WorkorderReader reader = Reader(lines, around);
@@ -104,6 +83,16 @@ bool Workorders::GetCurrWoRec(FileHandle* keptOpen) {
   }
   if (keptOpen != nullptr) *keptOpen = file.Release();
   return true;
+}
+
+bool Workorders::OpenWorkorderFile(const std::string& name, OpenedFile& file) {
+  Contention find(contention::kFindWorkorderFile, desktop_, environment_, name);
+  Contention open(contention::kOpenWorkorderFile, desktop_, environment_, name);
+  const bool isThere = find.Run([&] {
+    if (name.empty() || !environment_.files.FileExists(name)) throw FileError(FileErrorNumber::FileNotFound, name);
+  });
+  return isThere &&
+         open.Run([&] { file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail)); });
 }
 
 // Behind the heading of the text, up to the line that has the number. False when the text ends without it.
@@ -127,15 +116,10 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
   const std::string number = Left(FormatZeros(workorderNumber, kNumberDigits), kNumberDigits);
   Clear();
   OpenedFile file(environment_.openFiles);
-  while (!file.IsOpen()) {
-    try {
-      file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail));
-    } catch (const FileError&) {
-      if (desktop_.Ask(std::string(kLocked) + "\rClick Retry to try again, or Cancel to exit.",
-                       "GetArchWo(" + std::string(kArchiveFile) + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
-        return false;
-      }
-    }
+  Contention contention(contention::kOpenArchive, desktop_, environment_, kArchiveFile);
+  if (!contention.Run(
+          [&] { file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail)); })) {
+    return false;
   }
   TextLineReader lines(*file, static_cast<std::uint64_t>(masterOffset));
   const auto corrupted = [this](const char* what) {
@@ -158,10 +142,11 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
   return true;
 }
 
-FileHandle Workorders::OpenActiveWOForReading() { return OpenActiveTags(environment_, Access::Read); }
+FileHandle Workorders::OpenActiveWOForReading() { return OpenActiveTags(desktop_, environment_, Access::Read); }
 
 FileHandle Workorders::OpenArchWOForReading(std::string_view caller) {
-  return OpenArchivedTags(environment_, caller.empty() ? "Workorders.OpenArchWOForReading" : caller, Access::Read);
+  return OpenArchivedTags(desktop_, environment_, caller.empty() ? "Workorders.OpenArchWOForReading" : caller,
+                          Access::Read);
 }
 
 bool Workorders::ReadActiveWO(FileHandle file, std::int64_t position, ActiveWoTag& tag) {
@@ -179,7 +164,7 @@ std::string Workorders::FileNameOf(std::int32_t workorderNumber) {
 void Workorders::WriteActiveWoTag() {
   PutIntoTag(Current, CurrentActiveTag);
   OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenActiveTags(environment_, Access::Write));
+  file.TakeOver(OpenActiveTags(desktop_, environment_, Access::Write));
   file->Append(CurrentActiveTag.Bytes(), ActiveWoTag::kLength);
   file.Close();
   environment_.files.FlushFile(std::string(kActiveTagFile));
@@ -191,24 +176,16 @@ bool Workorders::WriteArchivedWoTag() {
   if (environment_.files.Length(name) % ArchivedWoTag::kLength != 0) {
     desktop_.Tell("Archived WO Tag File has invalid size", "WriteArchivedWoTag(" + name + ")");
   }
-  for (;;) {
+  Contention contention(contention::kWriteArchivedTag, desktop_, environment_, name);
+  // Opened anew by each try: nobody is kept waiting while the person thinks.
+  return contention.Run([&] {
     OpenedFile file(environment_.openFiles);
-    try {
-      file.TakeOver(OpenArchivedTags(environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
-      environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) +
-                             ")");
-      file->Append(CurrentArchivedTag.Bytes());
-      file.Close();
-      environment_.files.FlushFile(name);
-      return true;
-    } catch (const FileError&) {
-      file.Close();  // nobody is kept waiting while the person thinks
-      if (desktop_.Ask("Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
-                       "WriteArchivedWoTag(" + name + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
-        return false;
-      }
-    }
-  }
+    file.TakeOver(OpenArchivedTags(desktop_, environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
+    environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
+    file->Append(CurrentArchivedTag.Bytes());
+    file.Close();
+    environment_.files.FlushFile(name);
+  });
 }
 
 void Workorders::WriteWorkorderFile() {

@@ -11,7 +11,10 @@ namespace lantos {
 class Workorders {
  public:
   Workorders(Environment& environment, ui::Desktop& desktop, Records& records)
-      : environment_(environment), desktop_(desktop), records_(records) {}
+      : Workorders(environment, desktop, records, records.checkList) {}
+  // With a check list of its own, whose values are those of the work order that was read last.
+  Workorders(Environment& environment, ui::Desktop& desktop, Records& records, CheckListTable& checkList)
+      : environment_(environment), desktop_(desktop), records_(records), checkList_(checkList) {}
   Workorders(const Workorders&) = delete;
 
   Workorder Current;
@@ -45,11 +48,13 @@ class Workorders {
   TextSurroundings Around();
   WorkorderReader Reader(LineSource& lines, const TextSurroundings& around);
   bool ReadLiveCustomer(std::int32_t number, CustomerRecord& record);
+  bool OpenWorkorderFile(const std::string& name, OpenedFile& file);
   bool FindInArchive(LineSource& lines, const std::string& number, std::string& line);
 
   Environment& environment_;
   ui::Desktop& desktop_;
   Records& records_;
+  CheckListTable& checkList_;
 };
 
 }  // namespace lantos

@@ -63,7 +63,7 @@ inline void ChangeInventory(QuietShop& shop) {
     for (Inventory::PartIndex index = 0; index < count; ++index) {
       FileLink offset = kNoLink;
       if (!inventory.ReadInventory(offset, index)) continue;
-      inventory.WriteInventory(offset, index, true, true);
+      inventory.WriteInventory(offset, index, Inventory::Core::Follows, Inventory::Broadcast::Yes);
       inventory.CrossReferenceAlternate("NEWCOMER", "", inventory.Tag(index).View(inventorytag::StockNumber));
     }
     Inventory::PartIndex added = Inventory::kNoPart;

@@ -64,13 +64,13 @@ inline void ReadCustomers(QuietShop& shop) {
       See(customers.SpouseName(i));
       const std::int32_t number = customers.Tag(i).Get(customertag::Number);
       customers.FindCustomerTag(number);
-      customers.MakeCurrent(i);
+      customers.MakeTagCurrent(i);
       if (customers.ReadCustomer()) SeeCustomer(customers.CurrentCustomer);
-      customers.LatestVehicleDate();
-      customers.LookupCustomer(number, customers.CurrentCustomer.Get(customer::VLink));
+      customers.LatestVehicleDate(customers.CurrentCustomer);
+      customers.LookupCustomer(number);
     }
     customers.FindCustomerTag(0);
-    customers.LookupCustomer(-7, 0);
+    customers.LookupCustomer(-7);
     for (const CustomerIndexRow& row : customers.RefreshCustomers()) SeeCustomer(row.customer);
   });
 }
@@ -85,8 +85,8 @@ inline void ReadVehicles(QuietShop& shop) {
       SeeVehicle(record);
       Vehicles::FollowFirstMileage(record);
       vehicles.ReadVehicle(record.Get(vehicle::VLink));
-      vehicles.Walk(record.Get(vehicle::VLink), [&](FileLink) {
-        SeeVehicle(vehicles.CurrentVehicle);
+      vehicles.Walk(record.Get(vehicle::VLink), [](const VehicleRecord& met, FileLink) {
+        SeeVehicle(met);
         return true;
       });
     }
@@ -109,7 +109,7 @@ inline void ReadMakes(QuietShop& shop) {
 inline void ReadSystemRecord(QuietShop& shop) {
   Records records(shop.environment, shop.desktop);
   Refusable([&] {
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
     for (const TextField field :
          {sysrec::company_name, sysrec::company_address, sysrec::company_city, sysrec::company_state,
           sysrec::company_zip, sysrec::company_phone1, sysrec::hand_msg1, sysrec::hand_msg2,
@@ -151,9 +151,8 @@ inline void ChangeCustomers(QuietShop& shop) {
     customers.NewCustomer();
     customers.CurrentCustomer.Put(customer::Lastname, "Newcomer");
     customers.WriteCustomer();
-    records.vehicles.NewVehicle();
-    records.vehicles.CurrentVehicleOffset = kNoLink;
-    customers.AppendVehicle();
+    VehicleRecord vehicle = records.vehicles.NewVehicle();
+    customers.AppendVehicle(vehicle);
   });
 }
 

@@ -76,7 +76,7 @@ bool Conversion::MayConvert() {
 }
 
 bool Conversion::FindCustomer() {
-  if (bench_.shop.records.customers.LookupCustomer(Current().CustomerNumber, kNoLink)) return true;
+  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber)) return true;
   bench_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", kTitle,
                            ui::Icon::Information);
   return false;
@@ -95,9 +95,9 @@ bool Conversion::Confirm() {
 bool Conversion::TakeVehicle() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
   const CustomerRecord& customer = bench_.shop.records.customers.CurrentCustomer;
-  vehicles.CurrentVehicle = VehicleOf(SnapshotIn(Current()), customer.Get(customer::Number));
-  vehicles.CurrentVehicleOffset = kNoLink;
-  MatchVehicle(vehicles, customer.Get(customer::VLink));
+  const VehicleRecord wanted = VehicleOf(SnapshotIn(Current()), customer.Get(customer::Number));
+  const auto found = MatchVehicle(vehicles, wanted, customer.Get(customer::VLink));
+  vehicles.MakeCurrent(found ? found->record : wanted, found ? found->offset : kNoLink);
   filling_.TakeVehicle(vehicles.CurrentVehicle);
   const bool hasVehicle = !Trim(Current().VehYear + Current().VehMake + Current().VehModel).empty();
   if (!hasVehicle) return true;
@@ -107,7 +107,7 @@ bool Conversion::TakeVehicle() {
 }
 
 bool Conversion::EditVehicle() {
-  frmVehEdit form(bench_.shop, "Convert to WO - Vehicle Information");
+  frmVehEdit form(bench_.shop, bench_.shop.records.vehicles.CurrentVehicle, "Convert to WO - Vehicle Information");
   form.ShowModal();
   const bool saved = form.Saved();
   form.Unload();

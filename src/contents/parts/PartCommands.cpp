@@ -20,9 +20,9 @@ void PartLines::UsePriceLevelOfCustomer() {
 void PartLines::Add() {
   frmInvList& list = bench_.inventoryList;
   UsePriceLevelOfCustomer();
-  while (list.Pick("Add part to estimate")) {
-    FileLink offset = list.PickedTag;
-    if (!Stock().ReadInventory(offset, list.PickedIndex)) continue;
+  while (const auto picked = list.Pick("Add part to estimate")) {
+    FileLink offset = picked->master;
+    if (!Stock().ReadInventory(offset, picked->index)) continue;
     if (IsKit(Stock().CurrentInv.View(inventory::Location))) {
       AddKitLines();
       continue;
@@ -31,7 +31,6 @@ void PartLines::Add() {
     const bool hasCore = Stock().CurrentInv.Get(inventory::HasACore) == 1;
     if (!AddStockPart()) continue;
     if (hasCore) AddCoreOf(number);
-    list.ClearPicking();
     surcharge_.ApplySurcharge();
     bench_.estimate.RefreshTotals();
   }

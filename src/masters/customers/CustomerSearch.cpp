@@ -68,16 +68,9 @@ std::vector<std::size_t> CustomerSearch::Find(const CustomerQuery& query) {
     case SearchKey::Phone:
       FindByPhone(TrimView(query.Phone));
       break;
-    case SearchKey::Vehicle: {
-      const std::string_view year = TrimView(query.Year);
-      const std::string_view make = TrimView(query.Make);
-      const std::string_view model = TrimView(query.Model);
-      FindByVehicle([=](const VehicleRecord& record) {
-        return FieldHolds(record, vehicle::Year, year) && FieldHolds(record, vehicle::Make, make) &&
-               FieldHolds(record, vehicle::Model, model);
-      });
+    case SearchKey::Vehicle:
+      FindByModel(TrimView(query.Year), TrimView(query.Make), TrimView(query.Model));
       break;
-    }
   }
   return std::move(hits_);
 }
@@ -108,18 +101,22 @@ void CustomerSearch::FindByPhone(std::string_view text) {
       hits_.push_back(i);
       continue;
     }
-    customers.MakeCurrent(i);
-    if (customers.ReadCustomer()) {
-      if (MasterHoldsPhone(customers.CurrentCustomer, text)) hits_.push_back(i);
+    const CustomerTag& tag = customers.Tag(i);
+    if (const std::optional<CustomerRecord> master = customers.Master(tag)) {
+      if (MasterHoldsPhone(*master, text)) hits_.push_back(i);
       continue;
     }
     // Not read: a damaged offset has been told of and spoils this customer alone. Any other cause is the person who
     // gave up on a locked file, and isn't to be asked once more for each customer of the shop.
-    const FileLink offset = customers.CurrentTag.Get(customertag::Offset);
-    const bool damaged =
-        offset < 0 || static_cast<std::uintmax_t>(offset) >= shop_.environment.files.Length(kCustomerFile);
-    if (!damaged) return;
+    if (!customers.LeadsNowhere(tag)) return;
   }
+}
+
+void CustomerSearch::FindByModel(std::string_view year, std::string_view make, std::string_view model) {
+  FindByVehicle([=](const VehicleRecord& record) {
+    return FieldHolds(record, vehicle::Year, year) && FieldHolds(record, vehicle::Make, make) &&
+           FieldHolds(record, vehicle::Model, model);
+  });
 }
 
 void CustomerSearch::FindByVehicle(const std::function<bool(const VehicleRecord&)>& matches) {
@@ -138,7 +135,7 @@ void CustomerSearch::FindByVehicle(const std::function<bool(const VehicleRecord&
 // As the search by number: of two tags of one number the first counts.
 void CustomerSearch::AddOwner(std::int32_t number) {
   Customers& customers = shop_.records.customers;
-  const std::size_t index = customers.FindCustomerTag(number);
+  const std::size_t index = customers.IndexOf(number);
   if (index != customers.Count()) hits_.push_back(index);
 }
 

@@ -43,6 +43,7 @@ class CustomerSearch {
   void FindByName(std::string_view text);
   void FindByNumber(std::string_view text);
   void FindByPhone(std::string_view text);
+  void FindByModel(std::string_view year, std::string_view make, std::string_view model);
   void FindByVehicle(const std::function<bool(const VehicleRecord&)>& matches);
   void AddOwner(std::int32_t number);
 

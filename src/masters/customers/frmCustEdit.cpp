@@ -45,17 +45,17 @@ void frmCustEdit::WireButtons() {
   cmdPrev.SetToolTip("Previous customer <PgUp>");
   cmdNext.SetToolTip("Next customer <PgDn>");
   cmdVehicles.SetToolTip("Vehicles <Alt+V>");
-  cmdPrev.OnClick = [this] { Step(false); };
-  cmdNext.OnClick = [this] { Step(true); };
+  cmdPrev.OnClick = [this] { Step(Direction::Back); };
+  cmdNext.OnClick = [this] { Step(Direction::Forward); };
   cmdVehicles.OnClick = [this] { OpenVehicles(); };
 }
 
-void frmCustEdit::Begin(bool isNew) {
-  isNew_ = isNew;
+void frmCustEdit::Begin(Customer customer) {
+  isNew_ = customer == Customer::New;
   MarkSaved(false);
-  SetCaption(isNew ? "New Customer" : "Edit Customer");
+  SetCaption(isNew_ ? "New Customer" : "Edit Customer");
   // A customer without a tag has no neighbours, and no record that a vehicle could be chained to.
-  for (ui::Button* button : {&cmdPrev, &cmdNext, &cmdVehicles}) button->SetEnabled(!isNew);
+  for (ui::Button* button : {&cmdPrev, &cmdNext, &cmdVehicles}) button->SetEnabled(!isNew_);
   if (IsLoaded()) Reset();
 }
 
@@ -90,7 +90,7 @@ void frmCustEdit::ShowFields() {
 void frmCustEdit::FillEmployees() {
   const Quiet quiet(*this);
   const std::string chosen = EmployeeNameOf(EmpList.Text());
-  FillEmployeeList(shop_, EmpList, {Check1.Value(), true});
+  FillEmployeeList(shop_, EmpList, {.activeOnly = Check1.Value()});
   ShowSalesperson(chosen);
 }
 
@@ -147,7 +147,7 @@ void frmCustEdit::TellOfLostTag() {
   shop_.desktop.Tell("ERROR: Could not locate customer tag record!", Caption() + ": Fatal Error", ui::Icon::Critical);
 }
 
-void frmCustEdit::Step(bool forward) {
+void frmCustEdit::Step(Direction direction) {
   Customers& customers = shop_.records.customers;
   if (Changed() &&
       shop_.desktop.Ask("Save changes first?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes) {
@@ -155,9 +155,10 @@ void frmCustEdit::Step(bool forward) {
   }
   const std::size_t index = customers.FindCustomerTag(customers.CurrentCustomer);
   if (index == customers.Count()) return TellOfLostTag();
+  const bool forward = direction == Direction::Forward;
   if (forward ? index + 1 == customers.Count() : index == 0) return shop_.desktop.Beep();
-  customers.MakeCurrent(forward ? index + 1 : index - 1);
-  if (!customers.ReadCustomer()) return customers.MakeCurrent(index);
+  customers.MakeTagCurrent(forward ? index + 1 : index - 1);
+  if (!customers.ReadCustomer()) return customers.MakeTagCurrent(index);
   SetCaption("Edit Customer");
   Reset();
 }

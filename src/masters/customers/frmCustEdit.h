@@ -14,7 +14,8 @@ class frmCustEdit : public EditForm {
   explicit frmCustEdit(Shop& shop);
 
   // Before it is shown. A new customer isn't on file until it is saved.
-  void Begin(bool isNew);
+  enum class Customer { Known, New };
+  void Begin(Customer customer);
   // Opens the vehicle list of the working record's customer.
   std::function<void()> OpenVehicles;
 
@@ -58,7 +59,8 @@ class frmCustEdit : public EditForm {
   void ShowSalesperson(const std::string& name);
   void StoreFields(CustomerRecord& record) const;
   bool Write();
-  void Step(bool forward);
+  enum class Direction { Back, Forward };
+  void Step(Direction direction);
   void TellOfLostTag();
 
   bool isNew_ = false;

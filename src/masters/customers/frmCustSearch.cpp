@@ -106,12 +106,11 @@ void frmCustSearch::Select() {
     return shop_.desktop.Tell("No item currently selected.", Caption(), ui::Icon::Exclamation);
   }
   const std::size_t index = static_cast<std::size_t>(CustList.ItemData(CustList.ListIndex()));
-  if (index >= customers.Count() ||
-      customers.FindCustomerTag(customers.Tag(index).Get(customertag::Number)) == customers.Count()) {
+  if (index >= customers.Count()) {
     return shop_.desktop.Tell("ERROR: Could not locate customer tag record!", Caption() + ": Fatal Error",
                               ui::Icon::Critical);
   }
-  if (customers.ReadCustomer()) LeaveWith(Request::Selected);
+  if (customers.MakeCurrent(customers.Tag(index).Get(customertag::Number))) LeaveWith(Request::Selected);
 }
 
 void frmCustSearch::LeaveWith(Request request) {

@@ -6,6 +6,7 @@
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
 #include "masters/inventory/PartOrder.h"
+#include "records/Contention.h"
 #include "records/RecordArray.h"
 
 namespace lantos {
@@ -151,17 +152,12 @@ void frmInvList::StartLoading() {
 
 void frmInvList::ReadNextBlock() {
   ReadTimer.SetEnabled(false);
-  for (;;) {
-    try {
-      // Not among the numbered files: their closing is logged, and this is done for every block.
-      const SharedFile file(tagFile_, Access::Read, Deny::None);
-      ReadRecords(file, nextBlock_ * kBlockLength, std::span(block_));
-      break;
-    } catch (const FileError& error) {
-      shop_.environment.log.Write(error.what());
-      shop_.desktop.Tell("Error reading inventory tags - Click OK to retry.", "Lantos");
-    }
-  }
+  Contention contention(contention::kLoadInventoryTags, shop_.desktop, shop_.environment);
+  contention.Run([this] {
+    // Not among the numbered files: their closing is logged, and this is done for every block.
+    const SharedFile file(tagFile_, Access::Read, Deny::None);
+    ReadRecords(file, nextBlock_ * kBlockLength, std::span(block_));
+  });
   ++nextBlock_;
   ListTags(block_);
   LoadProgress.SetValue(static_cast<int>(nextBlock_));
@@ -284,18 +280,12 @@ void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
   if (isNew || Visible()) ShowRows();  // a hidden list puts its rows in order when it is shown
 }
 
-bool frmInvList::Pick(const std::string& caption) {
-  ClearPicking();
+std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
+  picked_.reset();
   SetCaption(caption);
   ShowRows();  // the price level may be another customer's
   ShowModal();
   return picked_;
-}
-
-void frmInvList::ClearPicking() {
-  picked_ = false;
-  PickedTag = kNoLink;
-  PickedIndex = Inventory::kNoPart;
 }
 
 void frmInvList::Accept() {
@@ -303,9 +293,7 @@ void frmInvList::Accept() {
     shop_.desktop.Tell("No part is selected.", Caption());
     return;
   }
-  PickedIndex = currentPart_;
-  PickedTag = inventory_.Tag(PickedIndex).Get(inventorytag::Tag);
-  picked_ = true;
+  picked_ = PickedPart{currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
   Hide();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,12 +45,12 @@ class frmInvList : public SizedForm {
   ui::Timer UpdTimer{*this, "UpdTimer"};
   ui::Timer ReadTimer{*this, "ReadTimer"};
 
-  // For as long as the person looks for a part: true when one was selected, whose master is at PickedTag and whose
-  // place in the list is PickedIndex.
-  bool Pick(const std::string& caption);
-  FileLink PickedTag = kNoLink;
-  Inventory::PartIndex PickedIndex = Inventory::kNoPart;
-  void ClearPicking();
+  // For as long as the person looks for a part: the one that was selected.
+  struct PickedPart {
+    Inventory::PartIndex index = Inventory::kNoPart;
+    FileLink master = kNoLink;
+  };
+  std::optional<PickedPart> Pick(const std::string& caption);
   bool IsLoading() const { return nextBlock_ < blockCount_; }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
@@ -88,7 +89,7 @@ class frmInvList : public SizedForm {
   std::vector<InventoryTag> block_;
   LocalTime loadStarted_;
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
-  bool picked_ = false;
+  std::optional<PickedPart> picked_;
 };
 
 }  // namespace lantos

@@ -19,7 +19,8 @@ void MatchRow(ui::ComboBox& combo) {
 
 }  // namespace
 
-frmVehEdit::frmVehEdit(Shop& shop, const std::string& caption) : EditForm(shop, "frmVehEdit", caption) {
+frmVehEdit::frmVehEdit(Shop& shop, VehicleRecord& record, const std::string& caption)
+    : EditForm(shop, "frmVehEdit", caption), record_(record) {
   SetSize(9600, 7200);
   lblLicense.SetCaption(shop.environment.fleetVersion ? "Unit Number" : "License Number");
   ShowOnly(CustomerNumber);
@@ -81,13 +82,12 @@ void frmVehEdit::FillModels() {
 }
 
 void frmVehEdit::ShowFields() {
-  const VehicleRecord& record = shop_.records.vehicles.CurrentVehicle;
   const CustomerRecord& owner = shop_.records.customers.CurrentCustomer;
   CustomerNumber.SetText(FormatZeros(owner.Get(customer::Number), 6));
   Lastname.SetText(owner.Get(customer::Lastname));
-  ShowTexts(record);
-  Mileage.SetText(std::to_string(record.Get(vehicle::Mileage)));
-  ShowDate(txtDate, record.Get(vehicle::Date));
+  ShowTexts(record_);
+  Mileage.SetText(std::to_string(record_.Get(vehicle::Mileage)));
+  ShowDate(txtDate, record_.Get(vehicle::Date));
 }
 
 void frmVehEdit::OtherKey(ui::KeyPress& key) {
@@ -118,12 +118,11 @@ bool frmVehEdit::CheckMileage() {
 void frmVehEdit::Save() {
   if (!CheckMileage()) return Mileage.SetFocus();
   if (!CheckDate(txtDate)) return txtDate.SetFocus();
-  VehicleRecord& record = shop_.records.vehicles.CurrentVehicle;
-  StoreTexts(record);
-  record.Put(vehicle::Number, shop_.records.customers.CurrentCustomer.Get(customer::Number));
-  record.Put(vehicle::Mileage, ToLongOrZero(Mileage.Text()));
-  record.Put(vehicle::Date, DateIn(txtDate, record.Get(vehicle::Date)));
-  Vehicles::FollowFirstMileage(record);
+  StoreTexts(record_);
+  record_.Put(vehicle::Number, shop_.records.customers.CurrentCustomer.Get(customer::Number));
+  record_.Put(vehicle::Mileage, ToLongOrZero(Mileage.Text()));
+  record_.Put(vehicle::Date, DateIn(txtDate, record_.Get(vehicle::Date)));
+  Vehicles::FollowFirstMileage(record_);
   MarkUnchanged();
   MarkSaved(true);
   Hide();

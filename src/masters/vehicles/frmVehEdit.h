@@ -1,15 +1,17 @@
 #pragma once
 
 #include "records/MakesModels.h"
+#include "records/Vehicles.h"
 #include "screens/EditForm.h"
 
 namespace lantos {
 
-// Edits the vehicle in the working record, for the customer in theirs. Saving leaves the changed record there; whoever
-// showed the screen writes it.
+// Edits a vehicle of the current customer. Saving changes the record it was given; whoever showed the screen writes
+// it.
 class frmVehEdit : public EditForm {
  public:
-  frmVehEdit(Shop& shop, const std::string& caption);
+  // The record outlives the screen.
+  frmVehEdit(Shop& shop, VehicleRecord& record, const std::string& caption);
 
   ui::TextBox CustomerNumber{*this, "CustomerNumber"};
   ui::TextBox Lastname{*this, "Lastname"};
@@ -44,6 +46,7 @@ class frmVehEdit : public EditForm {
   void MaintainMakes();
   bool CheckMileage();
 
+  VehicleRecord& record_;
   std::string modelsOf_;  // the make whose models are listed
 };
 

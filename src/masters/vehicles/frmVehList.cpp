@@ -6,7 +6,6 @@
 #include "records/Customers.h"
 #include "records/MakesModels.h"
 #include "records/Vehicles.h"
-#include "shop/KeptRecords.h"
 
 namespace lantos {
 namespace {
@@ -110,15 +109,13 @@ void frmVehList::OnKeyDown(ui::KeyPress& key) {
   button->OnClick();
 }
 
-// The walk goes through the working record, which belongs to whoever holds a vehicle.
 void frmVehList::ReadRows() {
-  Vehicles& vehicles = shop_.records.vehicles;
-  const KeptVehicle kept(vehicles);
   rows_.clear();
-  vehicles.Walk(shop_.records.customers.CurrentCustomer.Get(customer::VLink), [&](FileLink offset) {
-    rows_.push_back(MakeVehicleRow(vehicles.CurrentVehicle, offset));
-    return true;
-  });
+  shop_.records.vehicles.Walk(shop_.records.customers.CurrentCustomer.Get(customer::VLink),
+                              [&](const VehicleRecord& record, FileLink link) {
+                                rows_.push_back(MakeVehicleRow(record, link));
+                                return true;
+                              });
 }
 
 // The current row stays on its vehicle while that is shown; else it is the first.
@@ -156,20 +153,18 @@ VehicleRow* frmVehList::FindRow(FileLink link) {
   return found == rows_.end() ? nullptr : &*found;
 }
 
-void frmVehList::AddRow() {
-  const Vehicles& vehicles = shop_.records.vehicles;
-  rows_.insert(rows_.begin(), MakeVehicleRow(vehicles.CurrentVehicle, vehicles.CurrentVehicleOffset));
+void frmVehList::AddRow(const VehicleRecord& record, FileLink link) {
+  rows_.insert(rows_.begin(), MakeVehicleRow(record, link));
   ShowRows();
   for (int row = 0; row < DataGrid1.RowCount(); ++row) {
-    if (DataGrid1.Rows()[static_cast<std::size_t>(row)].data == vehicles.CurrentVehicleOffset) DataGrid1.SetRow(row);
+    if (DataGrid1.Rows()[static_cast<std::size_t>(row)].data == link) DataGrid1.SetRow(row);
   }
 }
 
-void frmVehList::UpdateRow() {
-  const Vehicles& vehicles = shop_.records.vehicles;
-  VehicleRow* row = FindRow(vehicles.CurrentVehicleOffset);
+void frmVehList::UpdateRow(const VehicleRecord& record, FileLink link) {
+  VehicleRow* row = FindRow(link);
   if (row == nullptr) return;
-  *row = MakeVehicleRow(vehicles.CurrentVehicle, vehicles.CurrentVehicleOffset);
+  *row = MakeVehicleRow(record, link);
   ShowRows();
 }
 
@@ -197,23 +192,17 @@ void frmVehList::Delete() {
   }
 }
 
-// By what the record holds, which another workstation may have changed since the list was filled. The working record
-// is put back afterwards.
+// By what the record holds, which another workstation may have changed since the list was filled.
 void frmVehList::Toggle(FileLink link, const std::string& title) {
   Vehicles& vehicles = shop_.records.vehicles;
-  KeptVehicle kept(vehicles);
-  vehicles.ReadVehicle(link);
-  if (vehicles.CurrentVehicleOffset == link) {
-    const bool deletes = vehicles.CurrentVehicle.Get(vehicle::Deleted) != kVehicleDeleted;
-    vehicles.CurrentVehicle.Put(vehicle::Deleted, deletes ? kVehicleDeleted : kVehicleLive);
-    vehicles.WriteVehicle();
-    if (vehicles.CurrentVehicleOffset == link) {
-      UpdateRow();
-      shop_.desktop.Tell(deletes ? "Vehicle deleted from this customer." : "Vehicle restored to this customer.", title,
-                         ui::Icon::Information);
-    }
-  }
-  kept.PutBackUnlessWritten(link);
+  std::optional<VehicleRecord> record = vehicles.Read(link);
+  if (!record) return;
+  const bool deletes = record->Get(vehicle::Deleted) != kVehicleDeleted;
+  record->Put(vehicle::Deleted, deletes ? kVehicleDeleted : kVehicleLive);
+  if (!vehicles.Write(link, *record)) return;
+  UpdateRow(*record, link);
+  shop_.desktop.Tell(deletes ? "Vehicle deleted from this customer." : "Vehicle restored to this customer.", title,
+                     ui::Icon::Information);
 }
 
 }  // namespace lantos

@@ -18,10 +18,10 @@ class frmVehList : public ui::Form {
 
   Request Result() const { return request_; }
   FileLink Chosen() const;  // the current row's vehicle, kNoLink without one
-  // The working record has become a vehicle of the customer, the first of the chain.
-  void AddRow();
-  // The working record has changed.
-  void UpdateRow();
+  // A vehicle has joined the customer's chain, as its first.
+  void AddRow(const VehicleRecord& record, FileLink link);
+  // A vehicle of the list has changed.
+  void UpdateRow(const VehicleRecord& record, FileLink link);
 
   ui::TextBox CustomerNumber{*this, "CustomerNumber"};
   ui::TextBox CustName{*this, "CustName"};

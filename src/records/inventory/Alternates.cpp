@@ -8,30 +8,29 @@ namespace lantos {
 
 void Inventory::CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate,
                                         std::string_view newAlternate) {
-  const WorkingRecordsKept kept(*this);
   const std::string number = Trim(part);
   if (const PartIndex from = FindPart(oldAlternate); from != kNoPart) ForgetAlternate(number, from);
   if (const PartIndex to = FindPart(newAlternate); to != kNoPart) AddAlternate(number, to, Trim(newAlternate));
 }
 
 void Inventory::ForgetAlternate(std::string_view part, PartIndex from) {
-  FileLink offset = kNoLink;
-  if (!ReadInventory(offset, from)) return;
+  std::optional<Part> other = Read(from);
+  if (!other) return;
   bool isNamed = false;
   for (const TextField field : inventory::AltNumber) {
-    if (CurrentInv.View(field) != part) continue;
-    CurrentInv.Put(field, "");
+    if (other->master.View(field) != part) continue;
+    other->master.Put(field, "");
     isNamed = true;
   }
-  if (isNamed) WriteInventory(offset, from, false, true);
+  if (isNamed) Write(*other, from, Core::Stays, Broadcast::Yes);
 }
 
 void Inventory::AddAlternate(std::string_view part, PartIndex to, std::string_view named) {
-  FileLink offset = kNoLink;
-  if (!ReadInventory(offset, to)) return;
-  const auto find = [this](std::string_view number) {
+  std::optional<Part> other = Read(to);
+  if (!other) return;
+  const auto find = [&other](std::string_view number) {
     return std::find_if(std::begin(inventory::AltNumber), std::end(inventory::AltNumber),
-                        [&](TextField field) { return CurrentInv.View(field) == number; });
+                        [&](TextField field) { return other->master.View(field) == number; });
   };
   if (find(part) != std::end(inventory::AltNumber)) return;
   const auto* free = find("");
@@ -39,8 +38,8 @@ void Inventory::AddAlternate(std::string_view part, PartIndex to, std::string_vi
     desktop_.Tell("Too many alternate parts on record for " + std::string(named), "Cross Reference Alternate Parts");
     return;
   }
-  CurrentInv.Put(*free, part);
-  WriteInventory(offset, to, false, true);
+  other->master.Put(*free, part);
+  Write(*other, to, Core::Stays, Broadcast::Yes);
 }
 
 }  // namespace lantos

@@ -25,31 +25,30 @@ Cents WithMarkup(Cents cost, Millionths markup) {
 
 bool Inventory::IsCore(std::string_view stockNumber) { return stockNumber.ends_with(kCoreSuffix); }
 
-void Inventory::UpdateCorePart() {
-  const WorkingRecordsKept kept(*this);
-  const std::string number = kept.Master().Get(inventory::StockNumber) + std::string(kCoreSuffix);
+void Inventory::UpdateCorePart(const InventoryRecord& part) {
+  const std::string number = part.Get(inventory::StockNumber) + std::string(kCoreSuffix);
   // Cut to the field it would be another part's number.
   if (number.size() > inventory::StockNumber.width) return;
   PartIndex index = FindPart(number);
-  if (index == kNoPart) NewInventoryPart(number, index);
-  FileLink offset = kNoLink;
-  if (!ReadInventory(offset, index)) return;
-  FillCore(kept.Master());
-  WriteInventory(offset, index, false, true);
+  if (index == kNoPart) AddPart(number, index);
+  std::optional<Part> core = Read(index);
+  if (!core) return;
+  FillCore(*core, part);
+  Write(*core, index, Core::Stays, Broadcast::Yes);
 }
 
-void Inventory::FillCore(const InventoryRecord& part) {
+void Inventory::FillCore(Part& core, const InventoryRecord& part) {
   const std::string description = std::string(kCorePrefix) + part.Get(inventory::Description);
-  CurrentInv.Put(inventory::Description, description);
-  CurrentInvTag.Put(inventorytag::Description, description);
+  core.master.Put(inventory::Description, description);
+  core.tag.Put(inventorytag::Description, description);
   const Cents cost = part.Get(inventory::CoreCost);
   for (std::size_t level = 0; level < kPriceLevelNames.size(); ++level) {
-    const Cents price = level == 0 ? cost : WithMarkup(cost, CurrentInv.Get(inventory::MarkupPercent[level]));
-    CurrentInv.Put(inventory::Pricing[level], price);
-    CurrentInvTag.Put(inventorytag::Pricing[level], price);
+    const Cents price = level == 0 ? cost : WithMarkup(cost, core.master.Get(inventory::MarkupPercent[level]));
+    core.master.Put(inventory::Pricing[level], price);
+    core.tag.Put(inventorytag::Pricing[level], price);
   }
-  CurrentInv.Put(inventory::Department, kCoreDepartment);
-  CurrentInv.Put(inventory::Manufacturer, part.View(inventory::Manufacturer));
+  core.master.Put(inventory::Department, kCoreDepartment);
+  core.master.Put(inventory::Manufacturer, part.View(inventory::Manufacturer));
 }
 
 }  // namespace lantos

@@ -1,75 +1,33 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <functional>
-#include <string>
+#include <optional>
 #include <string_view>
-#include <vector>
 
 #include "frame/Environment.h"
-#include "records/PriceLevels.h"
 #include "records/inventory/InventoryLayout.h"
+#include "records/inventory/InventoryList.h"
 #include "records/modSystem.h"
 #include "ui/Desktop.h"
 
 namespace lantos {
 
-// The parts: the list of all tags that each run holds, and the two files behind it. A place in the list is an index;
-// kNoPart is none. The list grows and never shrinks; a part deleted meanwhile has a blank stock number.
-class Inventory {
- public:
-  using PartIndex = std::int32_t;
-  static constexpr PartIndex kNoPart = -1;
+struct ContentionRule;
 
+// The parts: the list in memory, and the two files behind it, with which it is kept in step.
+class Inventory : public InventoryList {
+ public:
   Inventory(Environment& environment, ui::Desktop& desktop, modSystem& system)
       : environment_(environment), desktop_(desktop), system_(system) {}
-  Inventory(const Inventory&) = delete;
 
-  // The working records: the part read last, and its master as it was read.
+  // The part that the screens work on, and its master as it was read. What merely looks at or follows another part
+  // leaves them alone.
   InventoryTag CurrentInvTag;
   InventoryRecord CurrentInv;
   InventoryRecord OriginalInv;
 
-  // The list. Room for as many tags as the file has is made at the start of the run; it is empty then.
+  // Empties the list, with room for as many tags as the file has: at the start of the run.
   void SizeArrays();
-  PartIndex Count() const { return static_cast<PartIndex>(tags_.size()); }
-  const InventoryTag& Tag(PartIndex index) const { return tags_.at(static_cast<std::size_t>(index)); }
-  // At the end of the list, its place in the file unknown. The stock number and the description are trimmed.
-  PartIndex AppendTag(const InventoryTag& tag);
-  // The stock number and the description are trimmed. Another stock number takes time with the length of the list.
-  void ReplaceTag(PartIndex index, const InventoryTag& tag);
-  FileLink Location(PartIndex index) const { return locations_.at(static_cast<std::size_t>(index)); }
-
-  // The look-ups, in constant time. The first part of that trimmed number, letter for letter; kNoPart when there is
-  // none, and for a blank number, though deleted parts have one.
-  PartIndex FindPart(std::string_view stockNumber) const;
-  struct Pricing {
-    PartIndex index = kNoPart;
-    Cents cost = 0;
-    Cents atLevel = 0;  // at pricingLevel
-    std::int16_t onHand = 0;
-  };
-  Pricing PartPricing(std::string_view stockNumber) const;          // zeros for an unknown part
-  std::string PartDescription(std::string_view stockNumber) const;  // empty for an unknown part
-  struct Prices {
-    PartIndex index = kNoPart;
-    std::array<Cents, 4> byLevel{};
-  };
-  Prices PartPrices(std::string_view stockNumber) const;
-  std::int16_t PartInStock(std::string_view stockNumber) const;
-
-  // A place in kPriceLevelNames. Any other number, as a damaged customer record may have it, is Retail.
-  class PriceLevel {
-   public:
-    PriceLevel(int level) : level_(level < 0 || level > kRetail ? kRetail : level) {}
-    operator int() const { return level_; }
-
-   private:
-    int level_;
-  };
-  // In force, of the customer on show.
-  PriceLevel pricingLevel = kRetail;
 
   // The two files opened for a write, with no sharing. They are waited for without end.
   FileHandle OpenInventoryTagForWrite();
@@ -78,27 +36,39 @@ class Inventory {
   // Byte offset of the part's tag, sought from the end of the file; kNoLink when it isn't there. The file is waited
   // for without end.
   FileLink FindTagLocation(PartIndex index);
-  // Fills CurrentInvTag, CurrentInv and OriginalInv. An offset of kNoLink is taken from the tag, and set. A file that
-  // can't be read is the operator's to retry; false when they gave up.
-  bool ReadInventory(FileLink& offset, PartIndex index);
+
+  struct Part {
+    InventoryTag tag;
+    InventoryRecord master;
+    FileLink offset = kNoLink;  // of the master
+  };
+  // A part from the files. One that can't be read is the person's to retry; nothing when they gave up.
+  std::optional<Part> Read(PartIndex index) { return ReadAt(kNoLink, index); }
   // The tag alone, straight from the file. False when it could not be read.
   bool ReadInventoryTag(PartIndex index, InventoryTag& tag);
-  // Stores both working records: the tag at its place (at the end for an index past the list, which then grows up to
-  // it), the master at the offset. A blank description becomes the stock number, unless the part is deleted. With
-  // keepCore the part's core follows it. The files are waited for without end.
-  void WriteInventory(FileLink offset, PartIndex index, bool keepCore, bool broadcast);
+  // Fills CurrentInvTag, CurrentInv and OriginalInv. An offset of kNoLink is taken from the tag, and set. False, and
+  // nothing changed, when the person gave up.
+  bool ReadInventory(FileLink& offset, PartIndex index);
+
+  enum class Core { Follows, Stays };  // what becomes of the core of a part that has one
+  enum class Broadcast { Yes, No };    // whether the other copies are told
+  // Stores a part: the tag at its place (at the end for an index past the list, which then grows up to it), the master
+  // at its offset. A blank description becomes the stock number, unless the part is deleted. The files are waited for
+  // without end. A negative offset throws FileError.
+  void Write(Part& part, PartIndex index, Core core, Broadcast broadcast);
+  // The same for the working records.
+  void WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast);
   // A new part of that number, read into the working records and written. The list is told, unless it is a core.
   void NewInventoryPart(std::string_view stockNumber, PartIndex& index);
-  // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new. The working
-  // records come back as they were.
+  // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);
 
   // Told by the routines above, when set: a part joined the list, a part of the list was written, the count changed, a
-  // change is to be told to the other copies (of CurrentInvTag).
+  // change is to be told to the other copies.
   std::function<void(FileLink offset, PartIndex index)> onNewPart;
   std::function<void(FileLink offset, PartIndex index)> onPartChanged;
   std::function<void()> onCountChanged;
-  std::function<void()> onBroadcast;
+  std::function<void(const InventoryTag& tag)> onBroadcast;
   // The list is filled bit by bit after the start of the run. Who must not take a part for unknown asks for the rest,
   // and whoever fills the list reads it at once.
   void FinishLoading() const {
@@ -107,51 +77,16 @@ class Inventory {
   std::function<void()> onFinishLoading;
 
  private:
-  // A stock number as three overlapping words of its field: what is trimmed and NUL-filled compares so.
-  using NumberKey = std::array<std::uint64_t, 3>;
-  static NumberKey KeyOf(const InventoryTag& tag);
-  // A place in the list, kNoPart where free, and what tells most other numbers apart without a look at the tag.
-  struct Slot {
-    PartIndex index = kNoPart;
-    std::uint32_t hash = 0;
-  };
-  void MakeRoom();
-  void Reindex();
-  void AddToIndex(PartIndex index) const;
-  void CompleteIndex() const;
-  std::size_t SlotOf(const NumberKey& key, std::uint32_t hash) const;
-
-  // Puts the working records back at its end.
-  class WorkingRecordsKept {
-   public:
-    explicit WorkingRecordsKept(Inventory& inventory)
-        : inventory_(inventory),
-          tag_(inventory.CurrentInvTag),
-          master_(inventory.CurrentInv),
-          original_(inventory.OriginalInv) {}
-    ~WorkingRecordsKept() {
-      inventory_.CurrentInvTag = tag_;
-      inventory_.CurrentInv = master_;
-      inventory_.OriginalInv = original_;
-    }
-    WorkingRecordsKept(const WorkingRecordsKept&) = delete;
-    const InventoryRecord& Master() const { return master_; }
-
-   private:
-    Inventory& inventory_;
-    const InventoryTag tag_;
-    const InventoryRecord master_;
-    const InventoryRecord original_;
-  };
   FileHandle OpenWithoutEnd(std::string_view name, Access access, Deny deny);
-  bool ReadOrAsk(std::string_view title, std::string_view stockNumber, const std::function<void()>& statement);
   FileLink KnownLocation(PartIndex index);
-  bool ReadTag(std::string_view title, PartIndex index, InventoryTag& tag);
-  void WriteTag(PartIndex index);
-  void WriteMaster(FileLink offset);
-  void KeepInList(PartIndex index, FileLink location);
-  void UpdateCorePart();
-  void FillCore(const InventoryRecord& part);
+  std::optional<Part> ReadAt(FileLink offset, PartIndex index);
+  bool ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag);
+  void WriteTag(Part& part, PartIndex index);
+  void WriteMaster(const Part& part);
+  void KeepInList(const InventoryTag& tag, PartIndex index, FileLink location);
+  Part AddPart(std::string_view stockNumber, PartIndex& index);
+  void UpdateCorePart(const InventoryRecord& part);
+  static void FillCore(Part& core, const InventoryRecord& part);
   static bool IsCore(std::string_view stockNumber);
   void ForgetAlternate(std::string_view part, PartIndex from);
   void AddAlternate(std::string_view part, PartIndex to, std::string_view named);
@@ -159,11 +94,6 @@ class Inventory {
   Environment& environment_;
   ui::Desktop& desktop_;
   modSystem& system_;
-  std::vector<InventoryTag> tags_;
-  std::vector<FileLink> locations_;
-  // Open addressing: the slots stand where the hashes of their numbers lead. At most half of them are used.
-  mutable std::vector<Slot> slots_;
-  mutable PartIndex indexed_ = 0;  // leading parts that stand in it
 };
 
 }  // namespace lantos

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "records/Contention.h"
 #include "records/OpenedFile.h"
 #include "records/inventory/Inventory.h"
 
@@ -8,8 +9,6 @@ namespace lantos {
 
 namespace {
 
-constexpr std::int64_t kOpenPause = 100;  // milliseconds
-constexpr std::int64_t kReadPause = 250;
 constexpr std::size_t kScanBlock = 128;  // tags
 
 // Bytes behind the text's end stay when there is nothing to trim.
@@ -33,16 +32,13 @@ void RequireLink(FileLink link, const std::string& what) {
 
 }  // namespace
 
-// Whatever the failure is, it is waited out, without a message: nobody can be asked while a part is half written.
+void Inventory::SizeArrays() { Clear(environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength); }
+
 FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny) {
-  for (bool first = true;; first = false) {
-    try {
-      return environment_.openFiles.Open(name, access, deny);
-    } catch (const FileError& error) {
-      if (first) environment_.log.Write(error.what());
-      environment_.clock.Wait(kOpenPause);
-    }
-  }
+  FileHandle file = kNoHandle;
+  Contention contention(contention::kOpenInventory, desktop_, environment_, name);
+  contention.Run([&] { file = environment_.openFiles.Open(name, access, deny); });
+  return file;
 }
 
 FileHandle Inventory::OpenInventoryTagForWrite() { return OpenWithoutEnd(kInventoryTagFile, Access::Write, Deny::All); }
@@ -69,122 +65,132 @@ FileLink Inventory::FindTagLocation(PartIndex index) {
 }
 
 FileLink Inventory::KnownLocation(PartIndex index) {
-  FileLink& location = locations_.at(static_cast<std::size_t>(index));
-  if (location == kNoLink) location = FindTagLocation(index);
-  return location;
+  if (Location(index) == kNoLink) SetLocation(index, FindTagLocation(index));
+  return Location(index);
 }
 
-bool Inventory::ReadOrAsk(std::string_view title, std::string_view stockNumber,
-                          const std::function<void()>& statement) {
-  for (;;) {
-    try {
-      statement();
-      return true;
-    } catch (const FileError& error) {
-      const ui::Answer answer =
-          desktop_.Ask("Can not read tags record for " + std::string(stockNumber) + "\r" + error.Text(),
-                       std::string(title), ui::Buttons::RetryCancel, ui::Icon::Exclamation);
-      if (answer == ui::Answer::Cancel) return false;
-      environment_.clock.Wait(kReadPause);
-    }
-  }
-}
-
-bool Inventory::ReadTag(std::string_view title, PartIndex index, InventoryTag& tag) {
+bool Inventory::ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag) {
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
   KnownLocation(index);
   OpenedFile file(environment_.openFiles);
-  return ReadOrAsk(title, number, [&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); }) &&
-         ReadOrAsk(title, number, [&] {
-           const FileLink location = KnownLocation(index);
-           RequireLink(location, "tag of " + number);
-           ReadRecord(*file, location, tag);
-         });
+  Contention contention(rule, desktop_, environment_, number);
+  return contention.Run([&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); }) && contention.Run([&] {
+    const FileLink location = KnownLocation(index);
+    RequireLink(location, "tag of " + number);
+    ReadRecord(*file, location, tag);
+  });
 }
 
-bool Inventory::ReadInventoryTag(PartIndex index, InventoryTag& tag) { return ReadTag("ReadInventoryTag", index, tag); }
+bool Inventory::ReadInventoryTag(PartIndex index, InventoryTag& tag) {
+  return ReadTag(contention::kReadInventoryTag, index, tag);
+}
 
-bool Inventory::ReadInventory(FileLink& offset, PartIndex index) {
-  constexpr std::string_view kTitle = "ReadInventory";
-  if (!ReadTag(kTitle, index, CurrentInvTag)) return false;
-  if (offset == kNoLink) offset = CurrentInvTag.Get(inventorytag::Tag);
+std::optional<Inventory::Part> Inventory::ReadAt(FileLink offset, PartIndex index) {
+  Part part;
+  if (!ReadTag(contention::kReadInventory, index, part.tag)) return std::nullopt;
+  part.offset = offset == kNoLink ? part.tag.Get(inventorytag::Tag) : offset;
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
   OpenedFile file(environment_.openFiles);
-  const bool isRead = ReadOrAsk(kTitle, number, [&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) &&
-                      ReadOrAsk(kTitle, number, [&] {
-                        RequireLink(offset, "master of " + number);
-                        ReadRecord(*file, offset, CurrentInv);
-                      });
-  if (isRead) OriginalInv = CurrentInv;
-  return isRead;
+  Contention contention(contention::kReadInventory, desktop_, environment_, number);
+  const bool isRead =
+      contention.Run([&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) && contention.Run([&] {
+        RequireLink(part.offset, "master of " + number);
+        ReadRecord(*file, part.offset, part.master);
+      });
+  if (!isRead) return std::nullopt;
+  return part;
 }
 
-void Inventory::WriteInventory(FileLink offset, PartIndex index, bool keepCore, bool broadcast) {
-  RequireLink(offset, "master of " + CurrentInv.Get(inventory::StockNumber));
-  if (CurrentInv.Get(inventory::Deleted) != 1) {
-    NameUnnamed(CurrentInv, inventory::Description, inventory::StockNumber);
-    NameUnnamed(CurrentInvTag, inventorytag::Description, inventorytag::StockNumber);
+bool Inventory::ReadInventory(FileLink& offset, PartIndex index) {
+  const std::optional<Part> part = ReadAt(offset, index);
+  if (!part) return false;
+  offset = part->offset;
+  CurrentInvTag = part->tag;
+  CurrentInv = OriginalInv = part->master;
+  return true;
+}
+
+void Inventory::Write(Part& part, PartIndex index, Core core, Broadcast broadcast) {
+  RequireLink(part.offset, "master of " + part.master.Get(inventory::StockNumber));
+  if (part.master.Get(inventory::Deleted) != 1) {
+    NameUnnamed(part.master, inventory::Description, inventory::StockNumber);
+    NameUnnamed(part.tag, inventorytag::Description, inventorytag::StockNumber);
   }
   const bool isListed = index < Count();
-  WriteTag(index);
-  WriteMaster(offset);
-  if (broadcast && onBroadcast) onBroadcast();
-  if (isListed && onPartChanged) onPartChanged(offset, index);
-  const bool hasCore = CurrentInv.Get(inventory::HasACore) == 1;
-  if (keepCore && hasCore && !IsCore(CurrentInv.View(inventory::StockNumber))) UpdateCorePart();
+  WriteTag(part, index);
+  WriteMaster(part);
+  if (broadcast == Broadcast::Yes && onBroadcast) onBroadcast(part.tag);
+  if (isListed && onPartChanged) onPartChanged(part.offset, index);
+  const bool hasCore = part.master.Get(inventory::HasACore) == 1;
+  if (core == Core::Follows && hasCore && !IsCore(part.master.View(inventory::StockNumber))) {
+    UpdateCorePart(part.master);
+  }
 }
 
-void Inventory::WriteTag(PartIndex index) {
+void Inventory::WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast) {
+  Part part{CurrentInvTag, CurrentInv, offset};
+  Write(part, index, core, broadcast);
+  CurrentInvTag = part.tag;
+  CurrentInv = part.master;
+}
+
+void Inventory::WriteTag(Part& part, PartIndex index) {
   // Sought before the file is held: the search opens it as well, and would wait for us for ever.
   FileLink location = index < Count() ? KnownLocation(index) : kNoLink;
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryTagForWrite());
   // A part that the list has and the file has not goes to the end too, as nothing else can be its place.
   if (location == kNoLink) location = LinkAtEnd(file->Length(), kInventoryTagFile);
-  TrimField(CurrentInv, inventory::StockNumber);
-  TrimField(CurrentInvTag, inventorytag::StockNumber);
-  environment_.log.Write("WriteInventory " + CurrentInv.Get(inventory::StockNumber) +
-                         " In stock=" + std::to_string(CurrentInv.Get(inventory::QtyInStock)));
-  CurrentInvTag.Put(inventorytag::IsStocked, CurrentInv.Get(inventory::IsStocked));
-  WriteRecord(*file, location, CurrentInvTag);
+  TrimField(part.master, inventory::StockNumber);
+  TrimField(part.tag, inventorytag::StockNumber);
+  environment_.log.Write("WriteInventory " + part.master.Get(inventory::StockNumber) +
+                         " In stock=" + std::to_string(part.master.Get(inventory::QtyInStock)));
+  part.tag.Put(inventorytag::IsStocked, part.master.Get(inventory::IsStocked));
+  WriteRecord(*file, location, part.tag);
   file.Close();
-  KeepInList(index, location);
+  KeepInList(part.tag, index, location);
 }
 
-void Inventory::KeepInList(PartIndex index, FileLink location) {
+void Inventory::KeepInList(const InventoryTag& tag, PartIndex index, FileLink location) {
   const bool isNew = index >= Count();
   while (Count() < index) AppendTag({});
   if (isNew) {
-    AppendTag(CurrentInvTag);
+    AppendTag(tag);
   } else {
-    ReplaceTag(index, CurrentInvTag);
+    ReplaceTag(index, tag);
   }
-  locations_.at(static_cast<std::size_t>(index)) = location;
+  SetLocation(index, location);
   if (isNew && onCountChanged) onCountChanged();
 }
 
-void Inventory::WriteMaster(FileLink offset) {
+void Inventory::WriteMaster(const Part& part) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryForWrite());
-  WriteRecord(*file, offset, CurrentInv);
+  WriteRecord(*file, part.offset, part.master);
 }
 
 void Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index) {
-  CurrentInvTag = {};
-  CurrentInv = {};
+  const Part part = AddPart(stockNumber, index);
+  CurrentInvTag = part.tag;
+  CurrentInv = part.master;
+}
+
+Inventory::Part Inventory::AddPart(std::string_view stockNumber, PartIndex& index) {
+  Part part;
   const std::string_view number = TrimView(stockNumber);
-  CurrentInvTag.Put(inventorytag::StockNumber, number);
-  CurrentInv.Put(inventory::StockNumber, number);
-  const FileLink offset = LinkAtEnd(environment_.files.Length(kInventoryFile), kInventoryFile);
-  CurrentInvTag.Put(inventorytag::Tag, offset);
+  part.tag.Put(inventorytag::StockNumber, number);
+  part.master.Put(inventory::StockNumber, number);
+  part.offset = LinkAtEnd(environment_.files.Length(kInventoryFile), kInventoryFile);
+  part.tag.Put(inventorytag::Tag, part.offset);
   for (std::size_t level = 0; level < kPriceLevelNames.size(); ++level) {
-    CurrentInv.Put(inventory::MarkupPercent[level], system_.SysRec.Get(sysrec::markups[level]));
+    part.master.Put(inventory::MarkupPercent[level], system_.SysRec.Get(sysrec::markups[level]));
   }
-  CurrentInv.Put(inventory::UsageLink, kNoLink);
-  CurrentInv.Put(inventory::ReceivingLink, kNoLink);
+  part.master.Put(inventory::UsageLink, kNoLink);
+  part.master.Put(inventory::ReceivingLink, kNoLink);
   index = Count();
-  WriteInventory(offset, index, true, true);
-  if (!IsCore(CurrentInv.View(inventory::StockNumber)) && onNewPart) onNewPart(offset, index);
+  Write(part, index, Core::Follows, Broadcast::Yes);
+  if (!IsCore(part.master.View(inventory::StockNumber)) && onNewPart) onNewPart(part.offset, index);
+  return part;
 }
 
 }  // namespace lantos

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "frame/Numbers.h"
+#include "records/Contention.h"
 #include "records/FileNumber.h"
 #include "records/OpenedFile.h"
 
@@ -57,21 +58,18 @@ KitPrices ParseKitPrices(std::string_view location) {
   return parsed;
 }
 
-FileHandle InventoryKits::OpenKitFile(bool exclusive) {
+FileHandle InventoryKits::OpenKitFile(Sharing sharing) {
+  const bool exclusive = sharing == Sharing::Exclusive;
   OpenedFile file(environment_.openFiles);
-  try {
+  Contention contention(exclusive ? contention::kOpenKitsExclusive : contention::kOpenKitsShared, desktop_,
+                        environment_);
+  contention.Run([&] {
     if (exclusive) {
       file.Open(kKitFile, Access::ReadWrite, Deny::All);
     } else {
       file.Open(kKitFile, Access::Read, Deny::None);
     }
-  } catch (const FileError& error) {
-    environment_.log.Write(error.what());
-    desktop_.Tell(exclusive ? "Could not open TQINVKIT.DAT for exclusive access."
-                            : "Could not open TQINVKIT.DAT for shared access.",
-                  "Lantos");
-    return kNoHandle;
-  }
+  });
   return file.Release();
 }
 
@@ -79,7 +77,7 @@ FileLink InventoryKits::FindKit(std::string_view stockNumber, InventoryKitRecord
   const std::string number = Trim(stockNumber);  // a copy: it may be a view into the record that is filled
   OpenedFile own(environment_.openFiles);
   if (handle == kNoHandle) {
-    own.TakeOver(OpenKitFile(false));
+    own.TakeOver(OpenKitFile(Sharing::Shared));
     handle = own.Handle();
   }
   if (handle != kNoHandle) {
@@ -97,7 +95,7 @@ FileLink InventoryKits::FindKit(std::string_view stockNumber, InventoryKitRecord
 
 bool InventoryKits::SaveKit(const InventoryKitRecord& kit) {
   OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenKitFile(true));
+  file.TakeOver(OpenKitFile(Sharing::Exclusive));
   if (!file.IsOpen()) return false;
   InventoryKitRecord found;
   FileLink offset = FindKit(kit.View(inventorykit::KitNumber), found, file.Handle());
@@ -111,7 +109,7 @@ bool InventoryKits::SaveKit(const InventoryKitRecord& kit) {
 std::vector<std::string> InventoryKits::KitNumbers() {
   std::vector<std::string> numbers;
   OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenKitFile(false));
+  file.TakeOver(OpenKitFile(Sharing::Shared));
   if (!file.IsOpen()) return numbers;
   InventoryKitRecord kit;
   const std::uint64_t length = file->Length();

@@ -46,8 +46,9 @@ class InventoryKits {
  public:
   InventoryKits(Environment& environment, ui::Desktop& desktop) : environment_(environment), desktop_(desktop) {}
 
-  // kNoHandle when it can't be opened, which has been told.
-  FileHandle OpenKitFile(bool exclusive);
+  // kNoHandle when it can't be opened, which has been told. Exclusive is for a write.
+  enum class Sharing { Shared, Exclusive };
+  FileHandle OpenKitFile(Sharing sharing);
   // The offset of the kit's record, or kNoLink with a blank record of that number. kNoHandle as handle opens the file
   // for the search and closes it.
   FileLink FindKit(std::string_view stockNumber, InventoryKitRecord& kit, FileHandle handle = kNoHandle);

@@ -5,30 +5,13 @@
 
 namespace lantos {
 
-namespace {
-
-constexpr int kTries = 3;
-
-}  // namespace
-
 FileLink UsageHistory::UpdateUsage(const Use& use, Cents price, Cents cost, std::int16_t quantity) {
   const std::string name(kUsageFile);
   // Taken before the file is held: two that write at the same moment may take the same place, and the later one stays.
   const FileLink offset = LinkAtEnd(environment_.files.Length(name), kUsageFile);
   OpenedFile file(environment_.openFiles);
-  for (int tries = 0; !file.IsOpen();) {
-    try {
-      file.Open(name, Access::ReadWrite, Deny::All);
-    } catch (const FileError& error) {
-      if (++tries < kTries) {
-        WaitOneSecond(environment_.clock);
-        continue;
-      }
-      desktop_.Tell("Inventory Usage file locked by another user.\rClick OK to try again.",
-                    "UpdateUsage " + error.Text(), ui::Icon::Exclamation);
-      tries = 0;
-    }
-  }
+  Contention contention(contention::kUpdateUsage, desktop_, environment_);
+  contention.Run([&] { file.Open(name, Access::ReadWrite, Deny::All); });
   environment_.log.Write("UpdateUsage: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
   WriteRecord(*file, offset,
               RecordOf(use, inventory_.CurrentInvTag.View(inventorytag::StockNumber), price, cost, quantity,

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QLayout>
 #include <QStatusBar>
 #include <QTimer>
 #include <algorithm>
@@ -215,11 +216,14 @@ void QtDesktop::SetPointer(Pointer pointer) {
   }
 }
 
-// On the status line of the main window, which gets one with the first text.
+// On the status line of the main window, which gets one with the first text. Painted at once: what is told may be that
+// the program waits.
 void QtDesktop::ShowStatus(std::string_view text) {
   for (const auto& window : windows_) {
     if (!window->IsAttached() || window->GetForm().Menus().empty()) continue;
     window->statusBar()->showMessage(ToQt(text));
+    window->layout()->activate();
+    window->statusBar()->repaint();
     break;
   }
   if (IsDriven()) person_->NoteStatus(text);

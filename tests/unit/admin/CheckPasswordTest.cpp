@@ -18,7 +18,9 @@ void WillEnter(TestShop& world, const std::string& text) {
   });
 }
 
-int Check(TestShop& world, const std::string& password) { return CheckPassword(world.shop, password, "System"); }
+int Check(TestShop& world, const std::string& password) {
+  return static_cast<int>(CheckPassword(world.shop, password, "System"));
+}
 
 // TQPASSWD.DAT with one password, padded with blanks to its field.
 void PutPassword(TestShop& world, Section section, std::string password) {

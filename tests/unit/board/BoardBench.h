@@ -92,7 +92,7 @@ struct BoardBench : BoardShop {
     StartAndStop steps;
     steps.processCommandLine = [] {};
     steps.initGlobals = [this] {
-      records.system.ReadSystem(false);
+      records.system.ReadSystem();
       return true;
     };
     steps.deleteUpdateFileAndCloseLog = [] {};

@@ -15,7 +15,7 @@ class CustEdit : public MasterShop {
   bool Edit(const std::function<void(frmCustEdit&)>& use) {
     desktop.WillUse([use](ui::Form& shown) { use(As<frmCustEdit>(shown)); });
     std::unique_ptr<frmCustEdit> window;
-    const bool saved = screens.EditCustomer(true, window);
+    const bool saved = screens.EditCustomer(MasterScreens::Window::New, window);
     window->Unload();
     return saved;
   }
@@ -267,21 +267,21 @@ TEST_F(CustEdit, TheVehiclesOfTheCustomerOpenByTheirKey) {
     Press(shown, "Esc");
   });
   std::unique_ptr<frmCustEdit> window;
-  screens.EditCustomer(true, window);
+  screens.EditCustomer(MasterScreens::Window::New, window);
   window->Unload();
 }
 
 TEST_F(CustEdit, AWindowCanServeTwice) {
   std::unique_ptr<frmCustEdit> window;
   desktop.WillUse([](ui::Form& shown) { Press(shown, "Esc"); });
-  screens.EditCustomer(true, window);
+  screens.EditCustomer(MasterScreens::Window::New, window);
   const frmCustEdit* first = window.get();
   MakeCustomerCurrent(5);
   desktop.WillUse([](ui::Form& shown) {
     EXPECT_EQ(As<frmCustEdit>(shown).Lastname.Text(), "SMITH");
     Press(shown, "Esc");
   });
-  screens.EditCustomer(false, window);
+  screens.EditCustomer(MasterScreens::Window::Kept, window);
   EXPECT_EQ(window.get(), first);
   window->Unload();
 }

@@ -214,7 +214,7 @@ TEST_F(CustSearch, ForAnEstimateASelectionIsTheResult) {
     search.CustList.DoSelect(0);
     search.cmdSelect.DoClick();
   });
-  EXPECT_TRUE(screens.CustomerMaintenance(true, true));
+  EXPECT_TRUE(screens.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate));
   EXPECT_EQ(records.customers.CurrentCustomer.Get(customer::Number), 6);
   EXPECT_EQ(desktop.statuses.front(), "Performing Customer Maintenance...");
 }
@@ -227,7 +227,7 @@ TEST_F(CustSearch, ACancelledSearchLeavesTheWorkingRecordAsItWas) {
     Press(search, "F10");
     Press(search, "Esc");
   });
-  EXPECT_FALSE(screens.CustomerMaintenance(true, true));
+  EXPECT_FALSE(screens.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate));
   EXPECT_EQ(records.customers.CurrentCustomer.Get(customer::Number), 6);
   EXPECT_EQ(records.customers.CurrentTag.Get(customertag::Number), 6);
 }
@@ -251,7 +251,7 @@ TEST_F(CustSearch, InMaintenanceASelectionIsEditedAndTheSearchComesBackWithTheNe
     EXPECT_EQ(As<frmCustSearch>(shown).CustList.List(0), "000006 " + LeftJustify("ROSE,AL", 38));
     shown.DoClose();
   });
-  EXPECT_FALSE(screens.CustomerMaintenance(true, false));
+  EXPECT_FALSE(screens.CustomerMaintenance(MasterScreens::Purpose::Maintain));
   // What was on hold was written meanwhile: its old state would undo the change.
   EXPECT_EQ(records.customers.CurrentCustomer.Get(customer::Lastname), "ROSE");
   EXPECT_EQ(TextAt(directory.Content("TQCSTTAG.DAT"), 96 + 4, 32), "ROSE,AL");
@@ -278,7 +278,7 @@ TEST_F(CustSearch, ANewCustomerForAnEstimateIsTheChosenOneAndTakesTheTypedName) 
     EXPECT_EQ(edit.cmdCancel.Caption(), "Close");
     Press(shown, "Esc");
   });
-  EXPECT_TRUE(screens.CustomerMaintenance(true, true));
+  EXPECT_TRUE(screens.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate));
   EXPECT_EQ(records.customers.CurrentCustomer.Get(customer::Number), 1001);
   const std::string tag = directory.Content("TQCSTTAG.DAT").substr(3 * 96);
   EXPECT_EQ(tag, RawRecord(96).Long(0, 1001).Text(4, "Doe,Ann").Text(36, ",").Long(68, 3 * 317).Bytes());
@@ -301,7 +301,7 @@ TEST_F(CustSearch, ANewCustomerWhoIsNotSavedLeavesAGapInTheNumbersAndNothingElse
   desktop.WillUse([](ui::Form& shown) { Press(shown, "Insert"); });
   desktop.WillUse([](ui::Form& shown) { Press(shown, "Esc"); });
   desktop.WillUse([](ui::Form& shown) { Press(shown, "Esc"); });
-  EXPECT_FALSE(screens.CustomerMaintenance(true, true));
+  EXPECT_FALSE(screens.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate));
   EXPECT_EQ(LongAt(directory.Content("TQSYSTEM.DAT"), 12), 1002);
   EXPECT_EQ(directory.Content("TQCSTTAG.DAT"), tags);
   EXPECT_EQ(records.customers.CurrentCustomer.Get(customer::Number), 5);
@@ -314,7 +314,7 @@ TEST_F(CustSearch, WithoutLeaveToEditThereAreNoNewCustomers) {
     EXPECT_TRUE(shown.Visible());
     Press(shown, "Esc");
   });
-  EXPECT_FALSE(screens.CustomerMaintenance(false, false));
+  EXPECT_FALSE(screens.CustomerMaintenance(MasterScreens::Purpose::ChooseOnly));
 }
 
 }  // namespace

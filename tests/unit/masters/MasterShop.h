@@ -115,7 +115,7 @@ class MasterShop : public ::testing::Test, protected TestShop {
     directory.Put("TQCSTDAT.DAT", "");
     directory.Put("TQVEHICL.DAT", "");
     directory.Put("TQMAKMOD.DAT", "");
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
   }
 
   struct RawEmployee {

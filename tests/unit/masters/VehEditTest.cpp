@@ -24,7 +24,7 @@ class VehEdit : public MasterShop {
   // The screen on the working record, as it is after the use.
   bool Edit(const std::function<void(frmVehEdit&)>& use) {
     desktop.WillUse([use](ui::Form& shown) { use(As<frmVehEdit>(shown)); });
-    frmVehEdit form(shop, "Edit Vehicle");
+    frmVehEdit form(shop, records.vehicles.CurrentVehicle, "Edit Vehicle");
     form.ShowModal();
     const bool saved = form.Saved();
     form.Unload();
@@ -154,7 +154,7 @@ TEST_F(VehEdit, InsertOnMakeOrModelOpensTheirListsAndTheNewOnesAreThere) {
 
 TEST_F(VehEdit, AFleetShopHasUnitNumbers) {
   environment.fleetVersion = true;
-  const frmVehEdit form(shop, "Edit Vehicle");
+  const frmVehEdit form(shop, records.vehicles.CurrentVehicle, "Edit Vehicle");
   EXPECT_EQ(form.lblLicense.Caption(), "Unit Number");
 }
 

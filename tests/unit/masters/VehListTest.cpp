@@ -16,7 +16,8 @@ class VehList : public MasterShop {
                  {5, "2001", "DODGE", "RAM", "LIC-A", "V1", 1000, 397}});
     MakeCustomerCurrent(5);
   }
-  int Maintain(const std::vector<std::function<void(frmVehList&)>>& uses) {
+  using Choice = MasterScreens::VehicleChoice;
+  Choice Maintain(const std::vector<std::function<void(frmVehList&)>>& uses) {
     for (const auto& use : uses) desktop.WillUse([use](ui::Form& shown) { use(As<frmVehList>(shown)); });
     return screens.VehicleMaintenance();
   }
@@ -30,7 +31,7 @@ class VehList : public MasterShop {
 };
 
 TEST_F(VehList, TheListHasARowForEachLiveVehicleSortedByVin) {
-  const int result = Maintain({[](frmVehList& list) {
+  const Choice result = Maintain({[](frmVehList& list) {
     EXPECT_EQ(list.CustomerNumber.Text(), "000005");
     EXPECT_EQ(list.CustName.Text(), "SMITH, JOHN");
     EXPECT_EQ(Column(list, 4), (Texts{"V1", "V3"}));
@@ -40,7 +41,7 @@ TEST_F(VehList, TheListHasARowForEachLiveVehicleSortedByVin) {
     EXPECT_FALSE(list.cmdHistory.Enabled());
     Press(list, "Esc");
   }});
-  EXPECT_EQ(result, 0);
+  EXPECT_EQ(result, Choice::None);
 }
 
 TEST_F(VehList, ADeletedVehicleIsHiddenUntilItIsAskedForAndShowsAnX) {
@@ -113,11 +114,11 @@ TEST_F(VehList, AStoredUnitSortIsTakenForALicenseElsewhere) {
 }
 
 TEST_F(VehList, SelectingReadsTheVehicle) {
-  const int result = Maintain({[](frmVehList& list) {
+  const Choice result = Maintain({[](frmVehList& list) {
     list.DataGrid1.DoSelect(1);
     Press(list, "F10");
   }});
-  EXPECT_EQ(result, 3);
+  EXPECT_EQ(result, Choice::Selected);
   EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::VIN), "V3");
   EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 0);
 }
@@ -125,7 +126,7 @@ TEST_F(VehList, SelectingReadsTheVehicle) {
 TEST_F(VehList, ClosingLeavesTheWorkingVehicleAndTheFileAsTheyWere) {
   const std::string before = Vehicles();
   records.vehicles.ReadVehicle(397);
-  EXPECT_EQ(Maintain({[](frmVehList& list) { Press(list, "Esc"); }}), 0);
+  EXPECT_EQ(Maintain({[](frmVehList& list) { Press(list, "Esc"); }}), Choice::None);
   EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 397);
   EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::VIN), "V2");
   EXPECT_EQ(Vehicles(), before);
@@ -241,7 +242,7 @@ TEST_F(VehList, ANewVehicleBecomesTheFirstOfTheChain) {
     EXPECT_EQ(As<frmVehList>(list).Chosen(), 1191);
     Press(list, "Esc");
   });
-  EXPECT_EQ(screens.VehicleMaintenance(), 0);
+  EXPECT_EQ(screens.VehicleMaintenance(), Choice::None);
   const std::string added = RawRecord(397)
                                 .Long(0, 5)
                                 .Long(4, -1)
@@ -314,13 +315,13 @@ TEST_F(VehList, AFileThatStaysLockedGivesAnEmptyList) {
 TEST_F(VehList, AVehicleThatCanNotBeReadIsNotSelected) {
   desktop.WillAnswer(Answer::Ok);
   std::unique_ptr<SharedFile> held;
-  const int result =
+  const Choice result =
       Maintain({[&](frmVehList& list) {
                   held = std::make_unique<SharedFile>(directory.Path() / "TQVEHICL.DAT", Access::ReadWrite, Deny::All);
                   Press(list, "F10");
                 },
                 [](frmVehList& list) { Press(list, "Esc"); }});
-  EXPECT_EQ(result, 0);
+  EXPECT_EQ(result, Choice::None);
   EXPECT_EQ(desktop.boxes[0].text, "Could not open Vehicle file.");
 }
 

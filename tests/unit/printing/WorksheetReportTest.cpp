@@ -23,7 +23,7 @@ class WorksheetOnPaper : public testing::Test, protected test::PrintingBench {
 
   std::vector<std::string> Lines() {
     std::vector<std::string> lines;
-    for (const auto& row : WorksheetReport(environment, records, database, workorders).Make(customer).lines) {
+    for (const auto& row : WorksheetReport(environment, desktop, records, database).Make(customer).lines) {
       EXPECT_EQ(row.size(), 1u);
       lines.push_back(row.front());
     }
@@ -115,7 +115,7 @@ TEST_F(WorksheetOnPaper, LessThanATagIsNone) {
 }
 
 TEST_F(WorksheetOnPaper, TheCustomerStandsOnTheSecondDesignAlone) {
-  WorksheetReport worksheet(environment, records, database, workorders);
+  WorksheetReport worksheet(environment, desktop, records, database);
   customer.Put(customer::Lastname, "Adams");
   const ui::Report with = worksheet.Make(customer);
   EXPECT_EQ(with.design.name, "rptWorksheet2");

@@ -35,6 +35,7 @@
 #include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
 #include "records/CannedLabor.h"
+#include "records/Vehicles.h"
 #include "screens/frmEnterPwd.h"
 #include "start/frmEnterDir.h"
 #include "start/frmSplash.h"
@@ -59,7 +60,7 @@ inline std::vector<std::unique_ptr<ui::Form>> EveryForm(Shop& shop, EstimateData
   forms.push_back(std::make_unique<frmCustSearch>(shop));
   forms.push_back(std::make_unique<frmCustEdit>(shop));
   forms.push_back(std::make_unique<frmVehList>(shop));
-  forms.push_back(std::make_unique<frmVehEdit>(shop, "Edit Vehicle"));
+  forms.push_back(std::make_unique<frmVehEdit>(shop, shop.records.vehicles.CurrentVehicle, "Edit Vehicle"));
   forms.push_back(std::make_unique<frmMakeModel>(shop));
   forms.push_back(std::make_unique<frmInvList>(shop));
   forms.push_back(std::make_unique<frmLabor>(bench, WoLaborLine{}));

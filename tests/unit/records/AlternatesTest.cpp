@@ -32,7 +32,7 @@ TEST_F(Alternates, ANewAlternateGetsThePartIntoItsFirstBlankPlace) {
 TEST_F(Alternates, AnAlternateThatNamesThePartAlreadyIsLeftAlone) {
   PutParts({{"P", "PART"}, WithAlternates("Q", {"X", "P", "", ""})});
   const auto before = Everything();
-  inventory.onBroadcast = [] { ADD_FAILURE() << "nothing was written"; };
+  inventory.onBroadcast = [](const InventoryTag&) { ADD_FAILURE() << "nothing was written"; };
   inventory.CrossReferenceAlternate("P", "", "Q");
   EXPECT_EQ(Everything(), before);
 }
@@ -53,7 +53,7 @@ TEST_F(Alternates, AnAlternateThatWentWithoutNamingThePartIsNotWritten) {
 TEST_F(Alternates, TheOldOneIsMendedBeforeTheNewOne) {
   PutParts({{"P", "PART"}, WithAlternates("OLD", {"P", "", "", ""}), {"NEW", "PART"}});
   std::vector<std::string> told;
-  inventory.onBroadcast = [&] { told.push_back(inventory.CurrentInvTag.Get(inventorytag::StockNumber)); };
+  inventory.onBroadcast = [&](const InventoryTag& tag) { told.push_back(tag.Get(inventorytag::StockNumber)); };
   inventory.CrossReferenceAlternate("P", "OLD", "NEW");
   EXPECT_EQ(told, (std::vector<std::string>{"OLD", "NEW"}));
   EXPECT_EQ(Of("OLD"), Four{});

@@ -21,9 +21,9 @@ class CoreParts : public InventoryTest {
     return part;
   }
   static Image StarterMaster() { return MasterImage(Starter()); }
-  void WriteStarter(bool keepCore = true) {
+  void WriteStarter(Inventory::Core core = Inventory::Core::Follows) {
     const FileLink offset = Read("STARTER");
-    inventory.WriteInventory(offset, inventory.FindPart("STARTER"), keepCore, true);
+    inventory.WriteInventory(offset, inventory.FindPart("STARTER"), core, Inventory::Broadcast::Yes);
   }
 };
 
@@ -70,7 +70,7 @@ TEST_F(CoreParts, TheOthersAreToldOfTheCoreAndTheListOnlyOfTheCount) {
   PutParts({Starter()});
   std::vector<std::string> told;
   int counts = 0;
-  inventory.onBroadcast = [&] { told.push_back(inventory.CurrentInvTag.Get(inventorytag::StockNumber)); };
+  inventory.onBroadcast = [&](const InventoryTag& tag) { told.push_back(tag.Get(inventorytag::StockNumber)); };
   inventory.onCountChanged = [&] { ++counts; };
   inventory.onNewPart = [](FileLink, Inventory::PartIndex) { ADD_FAILURE() << "the list was told"; };
   WriteStarter();
@@ -83,10 +83,10 @@ TEST_F(CoreParts, NoCoreIsKeptUnlessItIsAskedForAndThePartHasOne) {
   without.number = "PUMP";
   without.hasCore = false;
   PutParts({Starter(), without});
-  WriteStarter(false);
+  WriteStarter(Inventory::Core::Stays);
   EXPECT_EQ(inventory.Count(), 2);
   const FileLink offset = Read("PUMP");
-  inventory.WriteInventory(offset, 1, true, true);
+  inventory.WriteInventory(offset, 1, Inventory::Core::Follows, Inventory::Broadcast::Yes);
   EXPECT_EQ(inventory.Count(), 2);
 }
 
@@ -95,7 +95,7 @@ TEST_F(CoreParts, ACoreNeverHasACoreOfItsOwn) {
   core.number = "STARTER/C";
   PutParts({core});
   const FileLink offset = Read("STARTER/C");
-  inventory.WriteInventory(offset, 0, true, true);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Follows, Inventory::Broadcast::Yes);
   EXPECT_EQ(inventory.Count(), 1);
 }
 
@@ -114,7 +114,7 @@ TEST_F(CoreParts, ANumberThatLeavesNoRoomForTheMarkHasNoCore) {
     part.number = std::string(length, 'L');
     PutParts({part});
     const FileLink offset = Read(part.number);
-    inventory.WriteInventory(offset, 0, true, true);
+    inventory.WriteInventory(offset, 0, Inventory::Core::Follows, Inventory::Broadcast::Yes);
     EXPECT_EQ(inventory.Count(), 1);
     EXPECT_EQ(MasterBytes(0), std::string(MasterImage(part)));
   }
@@ -122,7 +122,8 @@ TEST_F(CoreParts, ANumberThatLeavesNoRoomForTheMarkHasNoCore) {
   part.number = std::string(19, 'L');
   PutParts({part});
   const FileLink offset = Read(part.number);
-  for (int saves = 0; saves < 2; ++saves) inventory.WriteInventory(offset, 0, true, true);
+  for (int saves = 0; saves < 2; ++saves)
+    inventory.WriteInventory(offset, 0, Inventory::Core::Follows, Inventory::Broadcast::Yes);
   EXPECT_EQ(inventory.Count(), 2) << "the mark fills the field";
 }
 

@@ -182,7 +182,7 @@ TEST_F(CustomersTest, TheOffsetIsCheckedBeforeTheRecordInMemory) {
 TEST_F(CustomersTest, OffsetZeroIsTheFirstRecord) {
   PutCustomers(1);
   customers.LoadCustomerTags();
-  customers.MakeCurrent(0);
+  customers.MakeTagCurrent(0);
   EXPECT_TRUE(customers.ReadCustomer());
   EXPECT_EQ(CurrentLastname(), "Name1");
 }
@@ -190,7 +190,7 @@ TEST_F(CustomersTest, OffsetZeroIsTheFirstRecord) {
 TEST_F(CustomersTest, AHeldDataFilePromptsAndCancelLeavesTheRecordUnread) {
   PutCustomers(1);
   customers.LoadCustomerTags();
-  customers.MakeCurrent(0);
+  customers.MakeTagCurrent(0);
   const SharedFile other = HeldByAnother(kCustomerFile);
   desktop.WillAnswer({Answer::Ok, Answer::Cancel});
   EXPECT_FALSE(customers.ReadCustomer());

@@ -33,7 +33,11 @@ class CustomersTest : public ShopTest {
     customers.CurrentCustomer.Put(customer::Firstname, firstname);
     customers.CurrentCustomer.Put(customer::VLink, kNoLink);
   }
-  bool Lookup(std::int32_t number) { return customers.LookupCustomer(number, kNoLink); }
+  // Empty for a customer who isn't known.
+  std::string LookedUpName(std::int32_t number) {
+    const CustomerRecord* customer = customers.LookupCustomer(number);
+    return customer == nullptr ? std::string() : customer->Get(customer::Lastname);
+  }
   std::string CurrentLastname() const { return customers.CurrentCustomer.Get(customer::Lastname); }
 
   Customers& customers = records.customers;

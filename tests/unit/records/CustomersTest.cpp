@@ -157,7 +157,7 @@ TEST_F(CustomersTest, ANewCustomerGetsCityAndStateFromTheSystemRecordAndTheLevel
 TEST_F(CustomersTest, ACustomerWithoutVehiclesHasNoLatestVehicleDate) {
   PutGolden();
   MakeCurrentCustomer(1, "", "");
-  EXPECT_EQ(customers.LatestVehicleDate(), -1);
+  EXPECT_EQ(customers.LatestVehicleDate(customers.CurrentCustomer), -1);
 }
 
 TEST_F(CustomersTest, TheLatestVehicleDateIsTheGreatestBelow1000000) {
@@ -167,11 +167,11 @@ TEST_F(CustomersTest, TheLatestVehicleDateIsTheGreatestBelow1000000) {
   customers.ReadCustomer();
   records.vehicles.CurrentVehicle.Put(vehicle::Make, "Kept");
   records.vehicles.CurrentVehicleOffset = 55;
-  EXPECT_EQ(customers.LatestVehicleDate(), ToFileDate(37880));
+  EXPECT_EQ(customers.LatestVehicleDate(customers.CurrentCustomer), ToFileDate(37880));
   EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Make), "Kept");
   EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 55);
   const FileHandle handle = records.vehicles.OpenVehicleForRead();
-  EXPECT_EQ(customers.LatestVehicleDate(handle), ToFileDate(37880));
+  EXPECT_EQ(customers.LatestVehicleDate(customers.CurrentCustomer, handle), ToFileDate(37880));
   EXPECT_NO_THROW(environment.openFiles[handle]) << "an open handle stays open";
 }
 
@@ -180,10 +180,12 @@ TEST_F(CustomersTest, ANewVehicleBecomesTheFirstOfItsCustomersChain) {
   customers.LoadCustomerTags();
   customers.FindCustomerTag(1001);
   customers.ReadCustomer();
-  records.vehicles.NewVehicle();
-  records.vehicles.CurrentVehicle.Put(vehicle::Make, "Honda");
-  customers.AppendVehicle();
-  EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 1588);
+  VehicleRecord vehicle = records.vehicles.NewVehicle();
+  vehicle.Put(vehicle::Make, "Honda");
+  records.vehicles.MakeCurrent({}, 55);
+  EXPECT_EQ(customers.AppendVehicle(vehicle), 1588);
+  EXPECT_EQ(records.vehicles.CurrentVehicle, VehicleRecord()) << "the current vehicle is another one";
+  EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 55);
   EXPECT_EQ(LongAt(BytesOf(kVehicleFile), 1588 + 393), 794);
   EXPECT_EQ(LongAt(BytesOf(kCustomerFile), 317 + 313), 1588);
   EXPECT_EQ(records.vehicles.Count(), 5) << "the array was loaded at once";
@@ -194,8 +196,9 @@ TEST_F(CustomersTest, AVehicleThatIsNotOnFileIsAppendedByWriteVehicle) {
   customers.LoadCustomerTags();
   customers.FindCustomerTag(1003);
   customers.ReadCustomer();
-  records.vehicles.NewVehicle();
+  records.vehicles.MakeCurrent(records.vehicles.NewVehicle(), kNoLink);
   records.vehicles.WriteVehicle();
+  EXPECT_EQ(records.vehicles.CurrentVehicleOffset, 1588);
   EXPECT_EQ(BytesOf(kVehicleFile).size(), 5U * 397);
   EXPECT_EQ(LongAt(BytesOf(kCustomerFile), 313), 1588);
 }
@@ -205,10 +208,10 @@ TEST_F(CustomersTest, AVehicleThatCannotBeWrittenLeavesTheChainAsItIs) {
   customers.LoadCustomerTags();
   customers.FindCustomerTag(1001);
   customers.ReadCustomer();
-  records.vehicles.NewVehicle();
+  VehicleRecord vehicle = records.vehicles.NewVehicle();
   const SharedFile other = HeldByAnother(kVehicleFile);
   desktop.WillAnswer(Answer::Ok);
-  customers.AppendVehicle();
+  EXPECT_EQ(customers.AppendVehicle(vehicle), kNoLink);
   EXPECT_EQ(customers.CurrentCustomer.Get(customer::VLink), 794);
   EXPECT_EQ(BytesOf(kCustomerFile), GoldenBytes(kCustomerFile));
 }
@@ -232,68 +235,83 @@ TEST_F(CustomersTest, TheSpouseNameIsTheLastNameFollowedByTheWholeSpouseKey) {
 
 TEST_F(CustomersTest, LookingUpLoadsEmptyTagsFirst) {
   PutCustomers(3);
-  EXPECT_TRUE(Lookup(2));
-  EXPECT_EQ(CurrentLastname(), "Name2");
+  EXPECT_EQ(LookedUpName(2), "Name2");
   EXPECT_EQ(customers.Count(), 3U);
 }
 
 TEST_F(CustomersTest, LookingUpTheSameNumberAgainOpensNoFile) {
   PutCustomers(3);
-  Lookup(2);
+  LookedUpName(2);
   std::filesystem::remove(PathOf(kCustomerFile));
   std::filesystem::remove(PathOf(kCustomerTagFile));
-  EXPECT_TRUE(Lookup(2));
+  EXPECT_EQ(LookedUpName(2), "Name2");
   EXPECT_FALSE(std::filesystem::exists(PathOf(kCustomerFile)));
+}
+
+TEST_F(CustomersTest, LookingUpLeavesTheCurrentCustomerAlone) {
+  PutCustomers(3);
+  ASSERT_TRUE(customers.MakeCurrent(3));
+  EXPECT_EQ(LookedUpName(2), "Name2");
+  EXPECT_EQ(LookedUpName(77), "");
+  EXPECT_EQ(CurrentLastname(), "Name3");
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::Number), 3);
 }
 
 TEST_F(CustomersTest, AnUnknownNumberReloadsTheTagsOnceAndIsThenUnknown) {
   PutCustomers(2);
-  EXPECT_TRUE(Lookup(1));
+  EXPECT_EQ(LookedUpName(1), "Name1");
   PutCustomers(4);
-  EXPECT_TRUE(Lookup(4));
-  EXPECT_FALSE(Lookup(5));
+  EXPECT_EQ(LookedUpName(4), "Name4");
+  EXPECT_EQ(customers.LookupCustomer(5), nullptr);
   EXPECT_EQ(customers.Count(), 4U);
 }
 
-TEST_F(CustomersTest, AnUnknownNumberForgetsTheCustomerAndVehicleLastRead) {
-  PutGolden();
-  EXPECT_TRUE(customers.LookupCustomer(1001, 794));
-  EXPECT_FALSE(Lookup(77));
-  std::string vehicles = GoldenBytes(kVehicleFile);
-  Put(kVehicleFile, vehicles.replace(794 + 8, 9, "Renamed\0\0"));
-  EXPECT_TRUE(customers.LookupCustomer(1001, 794));
-  EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Make).substr(0, 7), "Renamed");
-}
-
-TEST_F(CustomersTest, LookingUpWithAVehicleLinkReadsTheVehicleOnce) {
-  PutGolden();
-  EXPECT_TRUE(customers.LookupCustomer(1001, 397));
-  EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::Model), "Pinto");
-  std::filesystem::remove(PathOf(kVehicleFile));
-  EXPECT_TRUE(customers.LookupCustomer(1001, 397));
-  EXPECT_FALSE(std::filesystem::exists(PathOf(kVehicleFile)));
+TEST_F(CustomersTest, AnUnknownNumberForgetsTheCustomerLastRead) {
+  PutCustomers(2);
+  LookedUpName(2);
+  EXPECT_EQ(customers.LookupCustomer(77), nullptr);
+  std::string masters = BytesOf(kCustomerFile);
+  Put(kCustomerFile, masters.replace(317 + 4, 5, "Other"));
+  EXPECT_EQ(LookedUpName(2), "Other");
 }
 
 TEST_F(CustomersTest, AnotherCustomerReadInBetweenIsNotTakenForTheRememberedOne) {
   PutCustomers(3);
-  Lookup(2);
+  LookedUpName(2);
   customers.FindCustomerTag(3);
   customers.ReadCustomer();
-  EXPECT_TRUE(Lookup(2));
-  EXPECT_EQ(CurrentLastname(), "Name2");
-  EXPECT_EQ(customers.CurrentTag.Get(customertag::Number), 2);
+  EXPECT_EQ(LookedUpName(2), "Name2");
 }
 
 TEST_F(CustomersTest, ACustomerJustWrittenIsSeenByTheLookUp) {
   PutCustomers(2);
-  Lookup(2);
+  LookedUpName(2);
+  ASSERT_TRUE(customers.MakeCurrent(2));
   customers.CurrentCustomer.Put(customer::Lastname, "Renamed");
   customers.WriteCustomer();
-  EXPECT_TRUE(Lookup(2));
-  EXPECT_EQ(CurrentLastname(), "Renamed");
-  EXPECT_TRUE(Lookup(1));
-  EXPECT_TRUE(Lookup(2));
-  EXPECT_EQ(CurrentLastname(), "Renamed");
+  EXPECT_EQ(LookedUpName(2), "Renamed");
+  EXPECT_EQ(LookedUpName(1), "Name1");
+  EXPECT_EQ(LookedUpName(2), "Renamed");
+}
+
+TEST_F(CustomersTest, ACustomerReadAnewIsSeenByTheLookUp) {
+  PutCustomers(2);
+  LookedUpName(2);
+  std::string masters = BytesOf(kCustomerFile);
+  Put(kCustomerFile, masters.replace(317 + 4, 5, "Other"));
+  ASSERT_TRUE(customers.MakeCurrent(2));
+  EXPECT_EQ(LookedUpName(2), "Other");
+}
+
+TEST_F(CustomersTest, ACustomerWhoCannotBeReadDoesNotBecomeCurrent) {
+  PutCustomers(2);
+  ASSERT_TRUE(customers.MakeCurrent(2));
+  const SharedFile other = HeldByAnother(kCustomerFile);
+  desktop.WillAnswer(Answer::Cancel);
+  EXPECT_FALSE(customers.MakeCurrent(1));
+  EXPECT_FALSE(customers.MakeCurrent(77));
+  EXPECT_EQ(CurrentLastname(), "Name2");
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::Number), 2);
 }
 
 TEST_F(CustomersTest, RefreshingLoadsEveryCustomerWithTheDateOfTheNewestVehicle) {
@@ -310,15 +328,14 @@ TEST_F(CustomersTest, RefreshingLoadsEveryCustomerWithTheDateOfTheNewestVehicle)
 
 TEST_F(CustomersTest, RefreshingForgetsWhatWasRememberedAndReadsTheTagsAnew) {
   PutCustomers(2);
-  Lookup(2);
+  LookedUpName(2);
   std::string masters = BytesOf(kCustomerFile);
   Put(kCustomerFile, masters.replace(317 + 4, 5, "Other"));
   PutCustomers(3);
   Put(kCustomerFile, masters);
   customers.RefreshCustomers();
   EXPECT_EQ(customers.Count(), 3U);
-  EXPECT_TRUE(Lookup(2));
-  EXPECT_EQ(CurrentLastname(), "Other");
+  EXPECT_EQ(LookedUpName(2), "Other");
 }
 
 TEST_F(CustomersTest, RefreshingPassesOverTagsWithoutAMaster) {

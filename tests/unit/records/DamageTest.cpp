@@ -21,7 +21,7 @@ class Damage : public ShopTest {
 
   // Everything that reads, and what it leads to.
   void ReadAll() {
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
     records.passwords.LoadPasswords();
     records.makes.LoadMakes();
     records.employees.LoadEmployees();
@@ -30,12 +30,12 @@ class Damage : public ShopTest {
     Customers& customers = records.customers;
     customers.LoadCustomerTags();
     for (std::size_t i = 0; i < customers.Count(); ++i) {
-      customers.MakeCurrent(i);
+      customers.MakeTagCurrent(i);
       customers.ReadCustomer();
-      customers.LatestVehicleDate();
+      customers.LatestVehicleDate(customers.CurrentCustomer);
       customers.SpouseName(i);
     }
-    customers.LookupCustomer(1001, 794);
+    customers.LookupCustomer(1001);
     customers.RefreshCustomers();
   }
 };

@@ -90,7 +90,7 @@ TEST(Layouts, EveryFieldLiesWhereTheGoldenFilesHaveIt) {
 }
 
 TEST_F(Golden, TheSystemRecordReadsAsItWasMade) {
-  EXPECT_EQ(records.system.ReadSystem(false), 0);
+  EXPECT_EQ(records.system.ReadSystem(), 0);
   const SystemRecord& system = records.system.SysRec;
   EXPECT_EQ(system.Get(sysrec::last_estimate_number), 3007);
   EXPECT_EQ(system.Get(sysrec::company_name), "M\xFCller's Garage");
@@ -103,13 +103,13 @@ TEST_F(Golden, TheSystemRecordReadsAsItWasMade) {
 }
 
 TEST_F(Golden, LoadAndSaveLeaveTheSystemRecordUnchanged) {
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   records.system.WriteSystem();
   EXPECT_EQ(BytesOf(kSystemFile), GoldenBytes(kSystemFile));
 }
 
 TEST_F(Golden, BytesMarkedKorvelsKeepTheirExactValuesAcrossAReadAndRewrite) {
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   for (const Field& field : SystemFields()) {
     if (field.kind != "opaque") Change(records.system.SysRec, field);
   }
@@ -124,7 +124,7 @@ TEST_F(Golden, BytesMarkedKorvelsKeepTheirExactValuesAcrossAReadAndRewrite) {
 
 TEST_F(Golden, EditingOneFieldOfTheSystemRecordChangesThatFieldAlone) {
   ExpectEachFieldAlone(
-      SystemFields(), 0, records.system.SysRec, [&] { records.system.ReadSystem(false); },
+      SystemFields(), 0, records.system.SysRec, [&] { records.system.ReadSystem(); },
       [&] { records.system.WriteSystem(); });
 }
 
@@ -145,7 +145,7 @@ TEST_F(Golden, LoadAndSaveLeaveTheCustomerFilesUnchanged) {
   Customers& customers = records.customers;
   customers.LoadCustomerTags();
   for (std::size_t i = 0; i < customers.Count(); ++i) {
-    customers.MakeCurrent(i);
+    customers.MakeTagCurrent(i);
     ASSERT_TRUE(customers.ReadCustomer());
     ASSERT_TRUE(customers.WriteCustomer());
   }
@@ -251,16 +251,16 @@ TEST_F(Golden, PasswordsReadAsTheyWereMade) {
 
 TEST_F(Golden, LookingNeverWrites) {
   const auto before = Everything();
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   records.customers.LoadCustomerTags();
-  records.customers.LookupCustomer(1001, 794);
-  records.customers.LookupCustomer(4711, kNoLink);
-  records.customers.LatestVehicleDate();
+  records.customers.LookupCustomer(1001);
+  records.customers.LookupCustomer(4711);
+  records.customers.LatestVehicleDate(records.customers.CurrentCustomer);
   records.customers.SpouseName(0);
   records.customers.RefreshCustomers();
   records.vehicles.LoadVehicles();
   records.vehicles.ReadVehicle(397);
-  records.vehicles.Walk(794, [](FileLink) { return true; });
+  records.vehicles.Walk(794, [](const VehicleRecord&, FileLink) { return true; });
   records.makes.LoadMakes();
   records.employees.LoadEmployees();
   records.employees.LoadEmployeeList();

@@ -29,11 +29,11 @@ class InventoryContention : public InventoryTest {
   std::optional<SharedFile> holder_;
 };
 
-TEST_F(InventoryContention, AWriteWaitsForTheTagFileInSilenceATenthOfASecondAtATime) {
+TEST_F(InventoryContention, AWriteWaitsForTheTagFileWithoutABoxATenthOfASecondAtATime) {
   const FileLink offset = Read("A");
   HoldFor(50, kInventoryTagFile);
   inventory.CurrentInvTag.Put(inventorytag::InStock, 3);
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(patience.waits, std::vector<std::int64_t>(50, 100));
   EXPECT_EQ(desktop.boxes.size(), 0U);
   EXPECT_EQ(TagBytes(0), std::string(TagImage({"A", "AXLE", {}, 3}, 0)));
@@ -43,7 +43,7 @@ TEST_F(InventoryContention, AWriteWaitsForTheMasterFileInTheSameWay) {
   const FileLink offset = Read("B");
   HoldFor(50, kInventoryFile, Access::Read, Deny::None);  // a mere reader is in the way of a write
   inventory.CurrentInv.Put(inventory::Comment, "new");
-  inventory.WriteInventory(offset, 1, false, false);
+  inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(patience.waits, std::vector<std::int64_t>(50, 100));
   EXPECT_EQ(desktop.boxes.size(), 0U);
   EXPECT_EQ(MasterBytes(1), std::string(MasterImage({"B", "BELT"}).Text(186, "new")));
@@ -59,16 +59,18 @@ TEST_F(InventoryContention, AWriteOutlivesAnyOtherFailureOfTheOpenToo) {
     std::filesystem::remove(PathOf(kInventoryFile));
     std::filesystem::rename(away, PathOf(kInventoryFile));
   };
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(patience.waits.size(), 3U);
   EXPECT_EQ(desktop.boxes.size(), 0U);
 }
 
-TEST_F(InventoryContention, TheSearchForATagWaitsWithoutEndAndWithoutAWord) {
+TEST_F(InventoryContention, TheSearchForATagWaitsWithoutEndAndWithoutABox) {
   HoldFor(40, kInventoryTagFile, Access::ReadWrite, Deny::All);
   EXPECT_EQ(inventory.FindTagLocation(1), 128);
   EXPECT_EQ(patience.waits, std::vector<std::int64_t>(40, 100));
   EXPECT_EQ(desktop.boxes.size(), 0U);
+  EXPECT_EQ(desktop.statuses,
+            (std::vector<std::string>{"Waiting for TQINVTAG.DAT, which another user has open...", ""}));
 }
 
 TEST_F(InventoryContention, AnotherProcessThatHoldsTheFileIsWaitedForUntilItEnds) {
@@ -91,7 +93,7 @@ TEST_F(InventoryContention, AnotherProcessThatHoldsTheFileIsWaitedForUntilItEnds
     waitpid(child, nullptr, 0);
   };
   inventory.CurrentInvTag.Put(inventorytag::InStock, 3);
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(patience.waits.size(), 4U);
   EXPECT_EQ(TagBytes(0), std::string(TagImage({"A", "AXLE", {}, 3}, 0)));
   close(ready[0]);

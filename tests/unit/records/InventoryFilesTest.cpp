@@ -88,7 +88,7 @@ TEST_F(InventoryFiles, WritingStoresBothRecordsInPlaceAndTheTagInTheList) {
   inventory.CurrentInv.Put(inventory::QtyInStock, 9);
   inventory.CurrentInvTag.Put(inventorytag::InStock, 9);
   inventory.CurrentInv.Put(inventory::Comment, "top shelf");
-  inventory.WriteInventory(offset, 1, false, false);
+  inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No);
   PartImage changed = {"PF47", "OIL FILTER", {310, 420, 500, 699}, 9};
   EXPECT_EQ(TagBytes(1), std::string(TagImage(changed, 344)));
   EXPECT_EQ(MasterBytes(1), std::string(MasterImage(changed).Text(186, "top shelf")));
@@ -103,7 +103,7 @@ TEST_F(InventoryFiles, WritingNotesTheNumberAndTheStockInTheRunLog) {
   PutParts({{"PF47", "OIL FILTER", {}, -3}});
   world.log.Open();
   const FileLink offset = Read("PF47");
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(InventoryLog(),
             "CloseFile: Closed file with pointer = 2\n"  // the search for the tag
             "CloseFile: Closed file with pointer = 2\n"  // the tag
@@ -118,7 +118,7 @@ TEST_F(InventoryFiles, APartWithAnEmptyDescriptionIsStoredWithItsNumberInTagAndM
   const FileLink offset = Read("PF47");
   inventory.CurrentInv.Put(inventory::Description, "   ");
   inventory.CurrentInvTag.Put(inventorytag::Description, "");
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(TagBytes(0), std::string(TagImage({"PF47", "PF47"}, 0)));
   EXPECT_EQ(MasterBytes(0), std::string(MasterImage({"PF47", "PF47"})));
 }
@@ -128,7 +128,7 @@ TEST_F(InventoryFiles, TheDescriptionsOfTagAndMasterAreTrimmedEachForItself) {
   const FileLink offset = Read("PF47");
   inventory.CurrentInv.Put(inventory::Description, "  FILTER, OIL ");
   inventory.CurrentInvTag.Put(inventorytag::Description, "   ");
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(MasterBytes(0).substr(105, 12), std::string("FILTER, OIL\0", 12));
   EXPECT_EQ(TagBytes(0).substr(21, 5), std::string("PF47\0", 5));
 }
@@ -137,7 +137,7 @@ TEST_F(InventoryFiles, TheTagTakesTheStockedFlagOfTheMaster) {
   PutParts({{"A"}});
   const FileLink offset = Read("A");
   inventory.CurrentInv.Put(inventory::IsStocked, 1);
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(TagBytes(0)[82], '\1');
   EXPECT_EQ(inventory.Tag(0).Get(inventorytag::IsStocked), 1);
 }
@@ -147,7 +147,7 @@ TEST_F(InventoryFiles, TheStockNumberIsTrimmedInBothRecords) {
   const FileLink offset = Read("A");
   inventory.CurrentInv.Put(inventory::StockNumber, "  A 2 ");
   inventory.CurrentInvTag.Put(inventorytag::StockNumber, "  A 2 ");
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(TagBytes(0).substr(0, 5), std::string("A 2\0\0", 5));
   EXPECT_EQ(MasterBytes(0).substr(0, 5), std::string("A 2\0\0", 5));
   EXPECT_EQ(inventory.FindPart("A 2"), 0);
@@ -159,7 +159,7 @@ TEST_F(InventoryFiles, AChangedNumberIsWrittenInPlaceAndFoundInTheList) {
   inventory.CurrentInv.Put(inventory::StockNumber, "NEW");
   inventory.CurrentInvTag.Put(inventorytag::StockNumber, "NEW");
   inventory.CurrentInv.Put(inventory::UsageLink, kNoLink);
-  inventory.WriteInventory(offset, 1, false, true);
+  inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::Yes);
   EXPECT_EQ(TagBytes(1), std::string(TagImage({"NEW", "BELT"}, 344)));
   EXPECT_EQ(MasterBytes(1), std::string(MasterImage({"NEW", "BELT"})));
   EXPECT_EQ(inventory.FindPart("NEW"), 1);
@@ -174,7 +174,7 @@ TEST_F(InventoryFiles, ADeletedPartKeepsItsPlacesAndItsDescriptionMayBeBlank) {
   inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
   inventory.CurrentInvTag.Put(inventorytag::Description, "");
   world.log.Open();
-  inventory.WriteInventory(offset, 1, false, true);
+  inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::Yes);
   EXPECT_EQ(TagBytes(1), std::string(TagImage({""}, 344)));
   EXPECT_EQ(MasterBytes(1), std::string(MasterImage({"B", "  "}).Text(335, "\1")));
   EXPECT_EQ(BytesOf(kInventoryTagFile).size(), 3U * 128);
@@ -190,7 +190,7 @@ TEST_F(InventoryFiles, AnIndexPastTheListIsANewPartAtTheEndOfTheFile) {
   inventory.CurrentInv = {};
   inventory.CurrentInv.Put(inventory::StockNumber, "Z");
   inventory.CurrentInvTag = NamedTag("Z");
-  inventory.WriteInventory(344, 1, false, false);
+  inventory.WriteInventory(344, 1, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(inventory.Count(), 2);
   EXPECT_EQ(counted, 2);
   EXPECT_EQ(inventory.Location(1), 128);
@@ -204,7 +204,7 @@ TEST_F(InventoryFiles, AnIndexFarPastTheListGrowsBothArraysUpToIt) {
   inventory.CurrentInv = {};
   inventory.CurrentInv.Put(inventory::StockNumber, "Z");
   inventory.CurrentInvTag = NamedTag("Z");
-  inventory.WriteInventory(344, 4, false, false);
+  inventory.WriteInventory(344, 4, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(inventory.Count(), 5);
   EXPECT_EQ(inventory.Location(4), 128);
   EXPECT_EQ(inventory.FindPart("Z"), 4);
@@ -218,7 +218,7 @@ TEST_F(InventoryFiles, APartThatOnlyTheListKnowsIsWrittenAtTheEndOfTheFile) {
   inventory.CurrentInvTag = NamedTag("ELSEWHERE");
   inventory.CurrentInv = {};
   inventory.CurrentInv.Put(inventory::StockNumber, "ELSEWHERE");
-  inventory.WriteInventory(344, index, false, false);
+  inventory.WriteInventory(344, index, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_EQ(inventory.Count(), 2);
   EXPECT_EQ(inventory.Location(index), 128);
   EXPECT_EQ(TagBytes(1).substr(0, 9), "ELSEWHERE");
@@ -229,13 +229,13 @@ TEST_F(InventoryFiles, TheTagStandsInTheFileAndTheMasterTooWhenTheOthersAreTold)
   const FileLink offset = Read("A");
   inventory.CurrentInv.Put(inventory::Comment, "new");
   std::vector<std::string> told;
-  inventory.onBroadcast = [&] {
-    told.push_back(inventory.CurrentInvTag.Get(inventorytag::StockNumber));
+  inventory.onBroadcast = [&](const InventoryTag& tag) {
+    told.push_back(tag.Get(inventorytag::StockNumber));
     EXPECT_EQ(MasterBytes(0).substr(186, 3), "new");
   };
-  inventory.WriteInventory(offset, 0, false, false);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::No);
   EXPECT_TRUE(told.empty());
-  inventory.WriteInventory(offset, 0, false, true);
+  inventory.WriteInventory(offset, 0, Inventory::Core::Stays, Inventory::Broadcast::Yes);
   EXPECT_EQ(told, std::vector<std::string>{"A"});
 }
 
@@ -244,7 +244,7 @@ TEST_F(InventoryFiles, AnOffsetBelowZeroIsRefusedBeforeAnythingIsWritten) {
   Read("A");
   const auto before = Everything();
   inventory.CurrentInv.Put(inventory::Comment, "new");
-  EXPECT_THROW(inventory.WriteInventory(-1, 0, false, false), FileError);
+  EXPECT_THROW(inventory.WriteInventory(-1, 0, Inventory::Core::Stays, Inventory::Broadcast::No), FileError);
   EXPECT_EQ(Everything(), before);
 }
 
@@ -254,7 +254,7 @@ TEST_F(InventoryFiles, ANewPartIsBlankButForItsNumberTheMarkupsAndTheLinks) {
   std::vector<std::pair<FileLink, Inventory::PartIndex>> told;
   int broadcasts = 0;
   inventory.onNewPart = [&](FileLink offset, Inventory::PartIndex index) { told.emplace_back(offset, index); };
-  inventory.onBroadcast = [&] { ++broadcasts; };
+  inventory.onBroadcast = [&](const InventoryTag&) { ++broadcasts; };
   Read("A");
   Inventory::PartIndex index = 77;
   inventory.NewInventoryPart("  PF47 ", index);

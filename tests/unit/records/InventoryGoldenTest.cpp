@@ -91,7 +91,7 @@ TEST_F(InventoryGolden, PartsReadAsTheyWereMade) {
 
 TEST_F(InventoryGolden, ReadAndWriteLeaveBothFilesUnchanged) {
   for (Inventory::PartIndex index = 0; index < inventory.Count(); ++index) {
-    inventory.WriteInventory(Read(index), index, false, false);
+    inventory.WriteInventory(Read(index), index, Inventory::Core::Stays, Inventory::Broadcast::No);
   }
   EXPECT_EQ(BytesOf(kInventoryTagFile), GoldenBytes(kInventoryTagFile));
   EXPECT_EQ(BytesOf(kInventoryFile), GoldenBytes(kInventoryFile));
@@ -101,7 +101,7 @@ TEST_F(InventoryGolden, EditingOneFieldOfAMasterChangesThatFieldAlone) {
   FileLink offset = kNoLink;
   ExpectEachFieldAlone(
       MasterFields(), 344, inventory.CurrentInv, [&] { offset = Read(1); },
-      [&] { inventory.WriteInventory(offset, 1, false, false); });
+      [&] { inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No); });
 }
 
 TEST_F(InventoryGolden, EditingOneFieldOfATagChangesThatFieldAlone) {
@@ -109,7 +109,7 @@ TEST_F(InventoryGolden, EditingOneFieldOfATagChangesThatFieldAlone) {
   // The stocked flag is the master's.
   ExpectEachFieldAlone(
       TagFields(), 128, inventory.CurrentInvTag, [&] { offset = Read(1); },
-      [&] { inventory.WriteInventory(offset, 1, false, false); }, {"IsStocked"});
+      [&] { inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No); }, {"IsStocked"});
 }
 
 TEST_F(InventoryGolden, KitsReadAsTheyWereMade) {

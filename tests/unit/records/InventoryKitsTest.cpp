@@ -117,7 +117,7 @@ TEST_F(Kits, AKitThatIsNotThereGivesABlankRecordOfItsNumber) {
 
 TEST_F(Kits, ASearchClosesAFileThatItOpenedItselfAndNoOther) {
   Put(kKitFile, KitImage("TUNEUP"));
-  FileHandle handle = kits.OpenKitFile(false);
+  FileHandle handle = kits.OpenKitFile(InventoryKits::Sharing::Shared);
   EXPECT_EQ(kits.FindKit("TUNEUP", kit, handle), 0);
   EXPECT_THROW(HeldByAnother(kKitFile), FileError) << "the caller's file is still open";
   environment.openFiles.CloseFile(handle);
@@ -150,10 +150,10 @@ TEST_F(Kits, TheNumbersOfAllKitsComeInFileOrder) {
 TEST_F(Kits, AFileThatIsHeldIsToldOnceForEachWayOfOpeningIt) {
   const SharedFile held = HeldByAnother(kKitFile);
   desktop.WillAnswer({ui::Answer::Ok, ui::Answer::Ok, ui::Answer::Ok, ui::Answer::Ok});
-  EXPECT_EQ(kits.OpenKitFile(true), 65535);
+  EXPECT_EQ(kits.OpenKitFile(InventoryKits::Sharing::Exclusive), 65535);
   ExpectBox(desktop.boxes.back(), "Lantos", "Could not open TQINVKIT.DAT for exclusive access.", ui::Buttons::Ok,
             ui::Icon::None);
-  EXPECT_EQ(kits.OpenKitFile(false), 65535);
+  EXPECT_EQ(kits.OpenKitFile(InventoryKits::Sharing::Shared), 65535);
   ExpectBox(desktop.boxes.back(), "Lantos", "Could not open TQINVKIT.DAT for shared access.", ui::Buttons::Ok,
             ui::Icon::None);
   EXPECT_EQ(kits.FindKit("A", kit), kNoLink);

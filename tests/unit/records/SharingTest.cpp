@@ -64,7 +64,7 @@ class Sharing : public ShopTest {
         {"WriteCustomer, tag", kCustomerTagFile, Access::Write, Deny::None, writeCustomer},
         {"WriteCustomer", kCustomerFile, Access::Write, Deny::None, writeCustomer},
         {"OpenVehicleForRead", kVehicleFile, Access::Read, Deny::None,
-         [&] { vehicles.Walk(kNoLink, [](FileLink) { return true; }); }},
+         [&] { vehicles.Walk(kNoLink, [](const VehicleRecord&, FileLink) { return true; }); }},
         {"LoadVehicles", kVehicleFile, Access::Read, Deny::None, [&] { vehicles.LoadVehicles(); }},
         {"ReadVehicle", kVehicleFile, Access::Read, Deny::All, [&] { vehicles.ReadVehicle(0); }},
         {"WriteVehicle", kVehicleFile, Access::Write, Deny::All,
@@ -72,7 +72,7 @@ class Sharing : public ShopTest {
            vehicles.CurrentVehicleOffset = 0;
            vehicles.WriteVehicle();
          }},
-        {"ReadSystem", kSystemFile, Access::Read, Deny::All, [&] { records.system.ReadSystem(false); }},
+        {"ReadSystem", kSystemFile, Access::Read, Deny::All, [&] { records.system.ReadSystem(); }},
         {"WriteSystem", kSystemFile, Access::Write, Deny::All, [&] { records.system.WriteSystem(); }},
         {"LoadMakes", kMakeModelFile, Access::Read, Deny::All, [&] { records.makes.LoadMakes(); }},
         {"AddMake", kMakeModelFile, Access::ReadWrite, Deny::All, [&] { records.makes.AddMake("Nash"); }},

@@ -22,7 +22,7 @@ TEST_F(System, AFileThatHolds1005GivesTheNextCustomer1005AndLeaves1006) {
 }
 
 TEST_F(System, TakingANumberKeepsWhatAnotherWorkstationHasSetMeanwhile) {
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   std::string bytes = BytesOf(kSystemFile);
   bytes[40] = 99;  // shop_rate
   Put(kSystemFile, bytes);
@@ -32,7 +32,7 @@ TEST_F(System, TakingANumberKeepsWhatAnotherWorkstationHasSetMeanwhile) {
 }
 
 TEST_F(System, TheFileIsHeldFromReadingToWriting) {
-  const FileHandle handle = records.system.ReadSystem(true);
+  const FileHandle handle = records.system.ReadSystem(modSystem::Then::StayOpen);
   EXPECT_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None), FileError);
   records.system.WriteSystem(handle);
   EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None));
@@ -40,13 +40,13 @@ TEST_F(System, TheFileIsHeldFromReadingToWriting) {
 }
 
 TEST_F(System, WithoutKeepOpenTheResultIsZeroAndTheFileIsClosed) {
-  EXPECT_EQ(records.system.ReadSystem(false), 0);
+  EXPECT_EQ(records.system.ReadSystem(), 0);
   EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::ReadWrite, Deny::All));
 }
 
 TEST_F(System, AFileHeldByAnotherIsTried100TimesWithoutAWordAndThenAsks) {
   int tries = 0;
-  Contention contention(contention::kSystem, desktop, clock);
+  Contention contention(contention::kSystem, desktop, environment);
   desktop.WillAnswer({Answer::Retry, Answer::Cancel});
   const LocalTime before = clock.Now();
   EXPECT_FALSE(contention.Run([&] {
@@ -64,7 +64,7 @@ TEST_F(System, CancelAtTheLockedSystemFileEndsTheProgram) {
   const SharedFile other = HeldByAnother(kSystemFile);
   desktop.WillAnswer({Answer::Retry, Answer::Cancel});
   try {
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
     FAIL() << "the program goes on";
   } catch (const ProcessEnded& end) {
     EXPECT_EQ(end.code, 0);
@@ -73,7 +73,7 @@ TEST_F(System, CancelAtTheLockedSystemFileEndsTheProgram) {
 }
 
 TEST_F(System, CancelWhileWritingEndsTheProgramToo) {
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   const SharedFile other = HeldByAnother(kSystemFile, Access::Read, Deny::None);
   desktop.WillAnswer(Answer::Cancel);
   EXPECT_THROW(records.system.WriteSystem(), ProcessEnded);
@@ -91,11 +91,11 @@ TEST_F(System, RetryGoesOnWhenTheOtherHasLetGo) {
 TEST_F(System, AnAbsentOrShortFileReadsAsZeros) {
   std::filesystem::remove(PathOf(kSystemFile));
   records.system.SysRec.Put(sysrec::shop_rate, 1);
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   EXPECT_EQ(records.system.SysRec, SystemRecord());
   EXPECT_EQ(BytesOf(kSystemFile), "");
   Put(kSystemFile, GoldenBytes(kSystemFile).substr(0, 50));
-  records.system.ReadSystem(false);
+  records.system.ReadSystem();
   EXPECT_EQ(records.system.SysRec.Get(sysrec::company_name), "M\xFCller");
   EXPECT_EQ(records.system.SysRec.Get(sysrec::hand_msg1), "");
 }

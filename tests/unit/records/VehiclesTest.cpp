@@ -15,8 +15,9 @@ class VehiclesTest : public ShopTest {
   VehiclesTest() { environment.log.Open(); }
   std::vector<FileLink> WalkFrom(FileLink first) {
     std::vector<FileLink> links;
-    vehicles.Walk(first, [&](FileLink link) {
+    vehicles.Walk(first, [&](const VehicleRecord& record, FileLink link) {
       links.push_back(link);
+      walked.push_back(record);
       return true;
     });
     return links;
@@ -24,16 +25,16 @@ class VehiclesTest : public ShopTest {
   std::string CurrentMake() const { return vehicles.CurrentVehicle.Get(vehicle::Make); }
 
   Vehicles& vehicles = records.vehicles;
+  std::vector<VehicleRecord> walked;
 };
 using Links = std::vector<FileLink>;
 
 TEST_F(VehiclesTest, ANewVehicleIsBlankLiveUnchainedAndHasTheShopsState) {
   PutGolden();
-  records.system.ReadSystem(false);
-  vehicles.CurrentVehicle.Put(vehicle::Make, "Old");
-  vehicles.NewVehicle();
+  records.system.ReadSystem();
+  const VehicleRecord created = vehicles.NewVehicle();
   const std::string expected = Image(397).Long(4, -1).Text(114, "OH").Long(393, -1);
-  const auto bytes = vehicles.CurrentVehicle.Bytes();
+  const auto bytes = created.Bytes();
   EXPECT_EQ(std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size()), expected);
 }
 
@@ -45,7 +46,7 @@ TEST_F(VehiclesTest, ACustomerWithoutVehiclesHasALinkOfMinusOneAndAWalkDoesNothi
 TEST_F(VehiclesTest, ALinkOfZeroIsARealLinkToTheFirstVehicleInTheFile) {
   PutGolden();
   EXPECT_EQ(WalkFrom(0), Links({0}));
-  EXPECT_EQ(vehicles.CurrentVehicle.Get(vehicle::Model), "Crown Victoria");
+  EXPECT_EQ(walked.at(0).Get(vehicle::Model), "Crown Victoria");
 }
 
 TEST_F(VehiclesTest, ADeletedVehicleStillPassesItsChainOn) {
@@ -56,7 +57,7 @@ TEST_F(VehiclesTest, ADeletedVehicleStillPassesItsChainOn) {
 TEST_F(VehiclesTest, AWalkEndsWhenItsUserHasSeenEnough) {
   PutGolden();
   int seen = 0;
-  vehicles.Walk(794, [&](FileLink) { return ++seen < 2; });
+  vehicles.Walk(794, [&](const VehicleRecord&, FileLink) { return ++seen < 2; });
   EXPECT_EQ(seen, 2);
 }
 
@@ -89,7 +90,7 @@ TEST_F(VehiclesTest, ADamagedChainThatComesBackEndsWhereItHasPassed) {
 TEST_F(VehiclesTest, ANegativeLinkReadsAsABlankVehicle) {
   Put(kVehicleFile, VehicleImage(1, "First", -7));
   EXPECT_EQ(WalkFrom(0), Links({0, -7}));
-  EXPECT_EQ(vehicles.CurrentVehicle, VehicleRecord());
+  EXPECT_EQ(walked.at(1), VehicleRecord());
 }
 
 TEST_F(VehiclesTest, ReadingByItselfSetsTheOffsetAndReadingInAnOpenFileDoesNot) {
@@ -101,6 +102,41 @@ TEST_F(VehiclesTest, ReadingByItselfSetsTheOffsetAndReadingInAnOpenFileDoesNot) 
   EXPECT_EQ(vehicles.CurrentVehicleOffset, 397);
   EXPECT_EQ(vehicles.CurrentVehicle.Get(vehicle::Model), "Impala");
   environment.openFiles.CloseFile(handle);
+}
+
+TEST_F(VehiclesTest, LookingAtAVehicleLeavesTheCurrentOneAlone) {
+  PutGolden();
+  vehicles.ReadVehicle(397);
+  const VehicleRecord current = vehicles.CurrentVehicle;
+  const std::optional<VehicleRecord> other = vehicles.Read(794);
+  ASSERT_TRUE(other);
+  EXPECT_EQ(other->Get(vehicle::Model), "Impala");
+  WalkFrom(794);
+  EXPECT_TRUE(vehicles.Write(794, *other));
+  EXPECT_EQ(vehicles.CurrentVehicle, current);
+  EXPECT_EQ(vehicles.CurrentVehicleOffset, 397);
+}
+
+TEST_F(VehiclesTest, TheCurrentVehicleFollowsAWriteOfItself) {
+  PutGolden();
+  vehicles.ReadVehicle(397);
+  VehicleRecord changed = vehicles.CurrentVehicle;
+  changed.Put(vehicle::Deleted, kVehicleDeleted);
+  EXPECT_TRUE(vehicles.Write(397, changed));
+  EXPECT_EQ(vehicles.CurrentVehicle, changed);
+  EXPECT_EQ(LongAt(BytesOf(kVehicleFile), 397 + 4), kVehicleDeleted);
+}
+
+TEST_F(VehiclesTest, AWriteThatFailsChangesNothingInMemory) {
+  PutGolden();
+  vehicles.ReadVehicle(397);
+  const VehicleRecord before = vehicles.CurrentVehicle;
+  const SharedFile other = HeldByAnother(kVehicleFile, Access::Read, Deny::None);
+  desktop.WillAnswer({Answer::Ok, Answer::Ok});
+  EXPECT_FALSE(vehicles.Write(397, VehicleRecord()));
+  EXPECT_EQ(vehicles.Read(794), std::nullopt);
+  EXPECT_EQ(vehicles.CurrentVehicle, before);
+  EXPECT_EQ(vehicles.CurrentVehicleOffset, 397);
 }
 
 TEST_F(VehiclesTest, OpeningForReadAsksWithRetryAndCancelGivesNoHandle) {
@@ -146,7 +182,7 @@ TEST_F(VehiclesTest, AFailedWriteIsToldOnceAndLeavesTheVehicleNotOnFile) {
 TEST_F(VehiclesTest, ReadingAndWritingTryAThousandTimesMoreAtOnceAndThenTellWithoutAChoice) {
   for (const ContentionRule* rule : {&contention::kReadVehicle, &contention::kWriteVehicle}) {
     int tries = 0;
-    Contention contention(*rule, desktop, clock);
+    Contention contention(*rule, desktop, environment);
     desktop.WillAnswer(Answer::Ok);
     const LocalTime before = clock.Now();
     EXPECT_FALSE(contention.Run([&] {

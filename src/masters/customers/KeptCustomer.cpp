@@ -1,20 +1,6 @@
-#include "shop/KeptRecords.h"
+#include "masters/customers/KeptCustomer.h"
 
 namespace lantos {
-
-KeptVehicle::KeptVehicle(Vehicles& vehicles)
-    : vehicles_(vehicles), record_(vehicles.CurrentVehicle), offset_(vehicles.CurrentVehicleOffset) {}
-
-void KeptVehicle::PutBack() {
-  settled_ = true;
-  vehicles_.CurrentVehicle = record_;
-  vehicles_.CurrentVehicleOffset = offset_;
-}
-
-void KeptVehicle::PutBackUnlessWritten(FileLink written) {
-  if (offset_ != kNoLink && offset_ == written && vehicles_.CurrentVehicleOffset == written) return Release();
-  PutBack();
-}
 
 KeptCustomer::KeptCustomer(Customers& customers)
     : customers_(customers), tag_(customers.CurrentTag), record_(customers.CurrentCustomer) {}

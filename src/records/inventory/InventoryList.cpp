@@ -1,9 +1,8 @@
-#include "records/inventory/Inventory.h"
+#include "records/inventory/InventoryList.h"
 
 #include <algorithm>
 #include <cstring>
 
-// The list of parts in memory, and its look-ups.
 namespace lantos {
 
 namespace {
@@ -52,24 +51,23 @@ void TrimTexts(InventoryTag& tag) {
 
 }  // namespace
 
-void Inventory::SizeArrays() {
+void InventoryList::Clear(std::uint64_t expected) {
   tags_.clear();
   locations_.clear();
-  const std::uint64_t count = environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength;
-  const auto room = static_cast<std::size_t>(std::min(count, kMostTags));
+  const auto room = static_cast<std::size_t>(std::min(expected, kMostTags));
   tags_.reserve(room);
   locations_.reserve(room);
   Reindex();
 }
 
 // By an eighth, not twofold: the memory for parts that nobody will add is spared.
-void Inventory::MakeRoom() {
+void InventoryList::MakeRoom() {
   const std::size_t room = tags_.size() + std::max(kLeastRoom, tags_.size() / 8);
   tags_.reserve(room);
   locations_.reserve(room);
 }
 
-Inventory::PartIndex Inventory::AppendTag(const InventoryTag& tag) {
+InventoryList::PartIndex InventoryList::AppendTag(const InventoryTag& tag) {
   if (tags_.size() == tags_.capacity()) {
     const InventoryTag copy = tag;  // may be a tag of this very list, which moves
     MakeRoom();
@@ -81,7 +79,7 @@ Inventory::PartIndex Inventory::AppendTag(const InventoryTag& tag) {
   return Count() - 1;
 }
 
-void Inventory::ReplaceTag(PartIndex index, const InventoryTag& tag) {
+void InventoryList::ReplaceTag(PartIndex index, const InventoryTag& tag) {
   InventoryTag& place = tags_.at(static_cast<std::size_t>(index));
   const NumberKey before = KeyOf(place);
   place = tag;
@@ -89,10 +87,10 @@ void Inventory::ReplaceTag(PartIndex index, const InventoryTag& tag) {
   if (KeyOf(place) != before) Reindex();
 }
 
-Inventory::NumberKey Inventory::KeyOf(const InventoryTag& tag) { return WordsOf(tag.Bytes().data()); }
+InventoryList::NumberKey InventoryList::KeyOf(const InventoryTag& tag) { return WordsOf(tag.Bytes().data()); }
 
 // The slot that holds the number, or the free one where it belongs.
-std::size_t Inventory::SlotOf(const NumberKey& key, std::uint32_t hash) const {
+std::size_t InventoryList::SlotOf(const NumberKey& key, std::uint32_t hash) const {
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t place = hash & mask;; place = (place + 1) & mask) {
     const Slot& slot = slots_[place];
@@ -102,7 +100,7 @@ std::size_t Inventory::SlotOf(const NumberKey& key, std::uint32_t hash) const {
 }
 
 // Of several parts of one number the first is found.
-void Inventory::AddToIndex(PartIndex index) const {
+void InventoryList::AddToIndex(PartIndex index) const {
   const NumberKey key = KeyOf(tags_[static_cast<std::size_t>(index)]);
   if (key == NumberKey{}) return;
   const std::uint32_t hash = HashOf(key);
@@ -111,7 +109,7 @@ void Inventory::AddToIndex(PartIndex index) const {
 }
 
 // Parts come by the thousand while the list is loaded: they join the index at the first look-up behind them.
-void Inventory::CompleteIndex() const {
+void InventoryList::CompleteIndex() const {
   if (slots_.size() < SlotsFor(tags_.size())) {
     slots_.assign(SlotsFor(tags_.capacity()), Slot{});
     indexed_ = 0;
@@ -119,12 +117,12 @@ void Inventory::CompleteIndex() const {
   for (; indexed_ < Count(); ++indexed_) AddToIndex(indexed_);
 }
 
-void Inventory::Reindex() {
+void InventoryList::Reindex() {
   slots_.clear();
   indexed_ = 0;
 }
 
-Inventory::PartIndex Inventory::FindPart(std::string_view stockNumber) const {
+InventoryList::PartIndex InventoryList::FindPart(std::string_view stockNumber) const {
   const std::string_view number = TrimView(stockNumber);
   if (number.empty() || number.size() > kKeyWidth) return kNoPart;
   CompleteIndex();
@@ -134,7 +132,7 @@ Inventory::PartIndex Inventory::FindPart(std::string_view stockNumber) const {
   return slots_[SlotOf(key, HashOf(key))].index;
 }
 
-Inventory::Pricing Inventory::PartPricing(std::string_view stockNumber) const {
+InventoryList::Pricing InventoryList::PartPricing(std::string_view stockNumber) const {
   const PartIndex index = FindPart(stockNumber);
   if (index == kNoPart) return {};
   const InventoryTag& tag = Tag(index);
@@ -142,12 +140,12 @@ Inventory::Pricing Inventory::PartPricing(std::string_view stockNumber) const {
           tag.Get(inventorytag::InStock)};
 }
 
-std::string Inventory::PartDescription(std::string_view stockNumber) const {
+std::string InventoryList::PartDescription(std::string_view stockNumber) const {
   const PartIndex index = FindPart(stockNumber);
   return index == kNoPart ? std::string() : Tag(index).Get(inventorytag::Description);
 }
 
-Inventory::Prices Inventory::PartPrices(std::string_view stockNumber) const {
+InventoryList::Prices InventoryList::PartPrices(std::string_view stockNumber) const {
   Prices prices;
   prices.index = FindPart(stockNumber);
   if (prices.index == kNoPart) return prices;
@@ -157,7 +155,7 @@ Inventory::Prices Inventory::PartPrices(std::string_view stockNumber) const {
   return prices;
 }
 
-std::int16_t Inventory::PartInStock(std::string_view stockNumber) const {
+std::int16_t InventoryList::PartInStock(std::string_view stockNumber) const {
   const PartIndex index = FindPart(stockNumber);
   return index == kNoPart ? std::int16_t{0} : Tag(index).Get(inventorytag::InStock);
 }

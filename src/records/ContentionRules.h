@@ -1,0 +1,196 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+#include "ui/Desktop.h"
+
+namespace lantos {
+
+// What a routine does about a file that somebody else has: silent retries, then a box. In its texts "{what}" is what
+// the routine waits for (a file, a part number), and "{error}" the text of the error.
+struct ContentionRule {
+  // How long a retry is put off. The values but the first and the last are milliseconds.
+  enum class Pause : std::int64_t { None = 0, TenthOfASecond = 100, QuarterOfASecond = 250, ToNextSecond = -1 };
+  enum class Failures { All, SharingOnly };  // SharingOnly: any other error surfaces at once
+  // Ask: one more try each time, unless Cancel. GiveUp: the box only tells. Surface: no box, the error is thrown on.
+  enum class AfterRetries { Ask, AskAndRetrySilently, GiveUp, Surface };
+  enum class Noted { Nothing, FirstFailure, EachFailure };  // in the log
+
+  static constexpr int kWithoutEnd = std::numeric_limits<int>::max();
+
+  int silentRetries = 0;
+  Pause pause = Pause::None;  // ahead of each silent retry
+  Failures failures = Failures::All;
+  AfterRetries afterRetries = AfterRetries::Ask;
+  Pause pauseAfterBox = Pause::None;
+  Noted noted = Noted::Nothing;
+  std::string_view text = {};
+  std::string_view title = {};
+  ui::Buttons buttons = ui::Buttons::Ok;
+  ui::Icon icon = ui::Icon::None;
+  // On the status line and in the log once a wait has taken a second; the line is cleared at the end of the wait.
+  std::string_view word = {};
+};
+
+// The whole table, by families of files.
+namespace contention {
+
+using Pause = ContentionRule::Pause;
+using Failures = ContentionRule::Failures;
+using AfterRetries = ContentionRule::AfterRetries;
+using Noted = ContentionRule::Noted;
+using ui::Buttons;
+using ui::Icon;
+
+// Customers.
+inline constexpr std::string_view kTagsLocked =
+    "Customer tags file locked by another user.\rClick OK to try again, or CANCEL to exit.";
+inline constexpr std::string_view kCustomersLocked =
+    "Customer data file locked by another user.\rClick OK to try again, or CANCEL to exit.";
+
+inline constexpr ContentionRule kLoadCustomerTags = {
+    .silentRetries = 3,
+    .pause = Pause::ToNextSecond,
+    .text = "Customer tags file locked by another user.",
+    .title = "Open failure",
+    .buttons = Buttons::OkCancel,
+};
+inline constexpr ContentionRule kReadCustomer = {
+    .text = kCustomersLocked,
+    .title = "ReadCustomer()",
+    .buttons = Buttons::OkCancel,
+    .icon = Icon::Exclamation,
+};
+inline constexpr ContentionRule kWriteCustomerTag = {
+    .text = kTagsLocked,
+    .title = "WriteCustomer()",
+    .buttons = Buttons::OkCancel,
+    .icon = Icon::Exclamation,
+};
+inline constexpr ContentionRule kWriteCustomer = {
+    .text = kCustomersLocked,
+    .title = "WriteCustomer()",
+    .buttons = Buttons::OkCancel,
+    .icon = Icon::Exclamation,
+};
+
+// Vehicles.
+inline constexpr ContentionRule kOpenVehicleForRead = {
+    .text = "Could not open Vehicle file, click Retry to try again.",
+    .title = "OpenVehicleForRead",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Critical,
+};
+inline constexpr ContentionRule kReadVehicle = {
+    .silentRetries = 1000,
+    .afterRetries = AfterRetries::GiveUp,
+    .text = "Could not open Vehicle file.",
+    .title = "ReadVehicle",
+    .icon = Icon::Critical,
+};
+inline constexpr ContentionRule kWriteVehicle = {
+    .silentRetries = 1000,
+    .afterRetries = AfterRetries::GiveUp,
+    .text = "Could not open Vehicle file.",
+    .title = "WriteVehicle",
+    .icon = Icon::Critical,
+};
+
+// The system record. The hundredth failure asks.
+inline constexpr ContentionRule kSystem = {
+    .silentRetries = 99,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text = "System file locked by another user.",
+    .title = "{error}",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Critical,
+};
+
+// The parts. An open for a write is waited for whatever its failure is, and nobody is asked while a part is half
+// written. The search for a tag waits in the same way.
+inline constexpr ContentionRule kOpenInventory = {
+    .silentRetries = ContentionRule::kWithoutEnd,
+    .pause = Pause::TenthOfASecond,
+    .noted = Noted::FirstFailure,
+    .word = "Waiting for {what}, which another user has open...",
+};
+inline constexpr ContentionRule kReadInventory = {
+    .pauseAfterBox = Pause::QuarterOfASecond,
+    .text = "Can not read tags record for {what}\r{error}",
+    .title = "ReadInventory",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
+};
+inline constexpr ContentionRule kReadInventoryTag = {
+    .pauseAfterBox = Pause::QuarterOfASecond,
+    .text = "Can not read tags record for {what}\r{error}",
+    .title = "ReadInventoryTag",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
+};
+inline constexpr ContentionRule kLoadInventoryTags = {
+    .noted = Noted::EachFailure,
+    .text = "Error reading inventory tags - Click OK to retry.",
+    .title = "Lantos",
+};
+inline constexpr ContentionRule kUpdateUsage = {
+    .silentRetries = 2,
+    .pause = Pause::ToNextSecond,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text = "Inventory Usage file locked by another user.\rClick OK to try again.",
+    .title = "UpdateUsage {error}",
+    .icon = Icon::Exclamation,
+};
+inline constexpr ContentionRule kOpenKitsExclusive = {
+    .afterRetries = AfterRetries::GiveUp,
+    .noted = Noted::EachFailure,
+    .text = "Could not open TQINVKIT.DAT for exclusive access.",
+    .title = "Lantos",
+};
+inline constexpr ContentionRule kOpenKitsShared = {
+    .afterRetries = AfterRetries::GiveUp,
+    .noted = Noted::EachFailure,
+    .text = "Could not open TQINVKIT.DAT for shared access.",
+    .title = "Lantos",
+};
+
+// Purchase orders: the tags, and the text of each order.
+inline constexpr ContentionRule kOpenOrders = {
+    .text = "{what}\rlocked by another user.\rClick RETRY to try again, or CANCEL to skip.",
+    .title = "zGetOpenPOSublets {error}",
+    .buttons = Buttons::RetryCancel,
+};
+
+// Work orders. Another copy that has just written its tag flushes the file, and has it alone for that moment.
+inline constexpr ContentionRule kOpenWorkorderTags = {
+    .silentRetries = 19,
+    .pause = Pause::TenthOfASecond,
+    .failures = Failures::SharingOnly,
+    .afterRetries = AfterRetries::Surface,
+};
+inline constexpr ContentionRule kWriteArchivedTag = {
+    .text = "Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
+    .title = "WriteArchivedWoTag({what})",
+    .buttons = Buttons::RetryCancel,
+};
+inline constexpr ContentionRule kFindWorkorderFile = {
+    .text = "File not found: \rClick Retry to try again, or Cancel to skip.",  // the name stands in the title alone
+    .title = "GetCurrWoRec({what})",
+    .buttons = Buttons::RetryCancel,
+};
+inline constexpr ContentionRule kOpenWorkorderFile = {
+    .text = "File locked by another user.\rClick Retry to try again, or Cancel to skip.",
+    .title = "GetCurrWoRec({what})",
+    .buttons = Buttons::RetryCancel,
+};
+inline constexpr ContentionRule kOpenArchive = {
+    .text = "File locked by another user.\rClick Retry to try again, or Cancel to exit.",
+    .title = "GetArchWo({what})",
+    .buttons = Buttons::RetryCancel,
+};
+
+}  // namespace contention
+
+}  // namespace lantos
