@@ -18,17 +18,7 @@ constexpr ui::Twips kWidth = 9600;
 constexpr ui::Twips kHeight = 7200;
 constexpr std::string_view kAllowNoneSetting = "frmLaborEmpNone";
 
-std::string FixedText(const ui::TextBox& box) { return FormatFixed(Val(box.Text()), 2); }
 std::int32_t InHundredths(const ui::TextBox& box) { return WholeOrOverflow(Val(box.Text()) * 100); }
-
-// Enter goes on to the next field.
-void EnterMovesOn(ui::TextBox& from, ui::TextBox& to) {
-  from.OnKeyDown = [&to](ui::KeyPress& key) {
-    if (!key.Is("Enter")) return;
-    key.Clear();
-    to.Owner().MoveFocus(&to);
-  };
-}
 
 }  // namespace
 
@@ -63,7 +53,7 @@ void frmLabor::WireEmployees() {
 void frmLabor::WireAmounts() {
   for (ui::TextBox* box : {&Hours, &ShopRate}) {
     box->SetUpperCase(true);
-    box->OnLostFocus = [box] { box->SetText(FixedText(*box)); };
+    box->OnLostFocus = [box] { FormatAmount(*box); };
     box->OnChange = [this] {
       MarkChanged();
       if (!showing_) TotalLabor.SetText(FormatFixed(Val(Hours.Text()) * Val(ShopRate.Text()), 2));
@@ -71,9 +61,7 @@ void frmLabor::WireAmounts() {
   }
   TotalLabor.SetUpperCase(true);
   TotalLabor.OnChange = [this] { MarkChanged(); };
-  EnterMovesOn(Hours, ShopRate);
-  EnterMovesOn(ShopRate, TotalLabor);
-  EnterMovesOn(TotalLabor, txtDesc);
+  EnterMovesThrough({&Hours, &ShopRate, &TotalLabor, &txtDesc});
 }
 
 void frmLabor::OnLoad() {

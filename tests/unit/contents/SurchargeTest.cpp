@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "contents/ContentsBench.h"
 #include "records/modSystem.h"
 
@@ -45,6 +47,15 @@ TEST(SurchargeOn, WithoutASumThereIsNoneFlatOrNot) {
   EXPECT_EQ(SurchargeOn(0, -50000), 0);
   EXPECT_EQ(SurchargeOn(-100, -50000), 0);
   EXPECT_EQ(SurchargeOn(100, 0), 0);
+}
+
+TEST(SurchargeOn, AnAmountThatNoFieldHoldsEndsTheEvent) {
+  constexpr std::int64_t kManyOfTheLargest = 1000LL * 2147483647;
+  EXPECT_EQ(SurchargeOn(2147483647, 1000000), 2147483647);
+  EXPECT_EQ(SurchargeOn(kManyOfTheLargest, 1000), 2147483647);
+  EXPECT_EQ(SurchargeOn(kManyOfTheLargest, -2147483647 - 1), 21474836);
+  EXPECT_THROW(SurchargeOn(2147483647, 1000001), std::overflow_error);
+  EXPECT_THROW(SurchargeOn(kManyOfTheLargest * 1000000, 2147483647), std::overflow_error);
 }
 
 TEST(Surcharge, NothingIsWrittenWithoutRatesOrDescription) {
