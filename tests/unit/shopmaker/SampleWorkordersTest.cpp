@@ -123,6 +123,19 @@ TEST_F(SampleWorkorders, TheirTotalsAreThoseOfTheirLines) {
   });
 }
 
+TEST_F(SampleWorkorders, ACustomerWithoutASalespersonHasNoneAsAfterAConversion) {
+  Make(Small());
+  ForEach([&](const auto&, const Workorder& found) {
+    const std::int32_t number = found.Customer.Get(customer::Number);
+    const auto owner = std::find_if(shop.customers.begin(), shop.customers.end(), [&](const CustomerRecord& record) {
+      return record.Get(customer::Number) == number;
+    });
+    ASSERT_NE(owner, shop.customers.end());
+    const std::string salesperson = owner->Get(customer::salesperson);
+    EXPECT_EQ(found.Customer.Get(customer::salesperson), salesperson.empty() ? "None" : salesperson);
+  });
+}
+
 TEST_F(SampleWorkorders, TheirNumbersRiseWithTheDayUpToTheShopsCounter) {
   Make(Small());
   const auto tags = ArchivedTags();
