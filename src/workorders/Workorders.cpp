@@ -94,7 +94,8 @@ bool Workorders::GetCurrWoRec(bool keepOpen, FileHandle* fileNumberOut) {
   while (!file.IsOpen()) {
     try {
       file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail));
-    } catch (const FileError&) {
+    } catch (const FileError& error) {
+      environment_.log.Write(std::string("GetCurrWoRec: ") + error.what());
       if (!tryAgain(std::string(kLocked))) return false;
     }
   }
@@ -134,7 +135,8 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
   while (!file.IsOpen()) {
     try {
       file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail));
-    } catch (const FileError&) {
+    } catch (const FileError& error) {
+      environment_.log.Write(std::string("GetArchWo: ") + error.what());
       if (desktop_.Ask(std::string(kLocked) + "\rClick Retry to try again, or Cancel to exit.",
                        "GetArchWo(" + std::string(kArchiveFile) + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
         return false;
@@ -218,8 +220,9 @@ bool Workorders::WriteArchivedWoTag() {
       file.Close();
       environment_.files.FlushFile(name);
       return true;
-    } catch (const FileError&) {
+    } catch (const FileError& error) {
       file.Close();  // nobody is kept waiting while the operator thinks
+      environment_.log.Write(std::string("WriteArchivedWoTag: ") + error.what());
       if (desktop_.Ask("Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
                        "WriteArchivedWoTag(" + name + ")", ui::Buttons::RetryCancel) != ui::Answer::Retry) {
         return false;
