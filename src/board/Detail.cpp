@@ -168,7 +168,7 @@ void frmMain::ShowNotesMark() {
 void frmMain::SaveComments() {
   if (displayedEstimate_ == 0) return;
   const std::string comments = Trim(txtComments.Text());
-  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  Data().SetComments(comments, displayedEstimate_);
   savedComment_ = comments;
   if (Current().EstimateNumber == displayedEstimate_) Current().Comments = comments;
 }

@@ -62,7 +62,7 @@ void frmMain::ConvertClick() {
 
 void frmMain::StoreComments(const std::string& comments) {
   txtComments.SetText(comments);
-  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  Data().SetComments(comments, displayedEstimate_);
   savedComment_ = Trim(comments);
   Current().Comments = comments;
 }

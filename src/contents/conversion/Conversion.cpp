@@ -169,7 +169,7 @@ void Conversion::TakeParts() {
   Environment& environment = bench_.shop.environment;
   const FileIO::SteadyNames names(environment.files);
   UpdateTurns turns(environment.files.PathOf(kInventoryTagFile), environment.clock);
-  Recordset rows = bench_.Data().PartsTable(std::to_string(bench_.Number()));
+  Recordset rows = bench_.Data().PartsTable(bench_.Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
     WoPartLine line;

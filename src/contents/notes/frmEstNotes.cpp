@@ -91,8 +91,7 @@ std::int32_t frmEstNotes::SelectedNote() const {
 void frmEstNotes::Store(std::int32_t number, const Note& note) {
   bench_.Data().Connection().Together([&] {
     if (notes_.contains(number)) bench_.Data().DeleteNote(bench_.Number(), number);
-    bench_.Data().AddNote(std::to_string(bench_.Number()), std::to_string(number),
-                          std::vector<std::string>(note.begin(), note.end()));
+    bench_.Data().AddNote(bench_.Number(), number, std::vector<std::string>(note.begin(), note.end()));
   });
   notes_[number] = note;
   lastNoteNumber_ = std::max(lastNoteNumber_, number);
