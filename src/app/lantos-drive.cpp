@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kWrongOptions = 2;
 constexpr int kBroken = 70;
+constexpr std::int64_t kLongestTimeout = 3'600'000;  // an hour
 
 struct DriveOptions {
   std::string desktop = "driver";
@@ -32,6 +33,7 @@ struct DriveOptions {
   std::string computer = PlatformComputerName();
   std::string settings = UserSettings::PlatformDirectory().string();
   std::string printTo;
+  std::int64_t busyTimeout = kBusyTimeout.count();
   std::string programArguments;
 };
 
@@ -69,6 +71,9 @@ int ReadOptions(int count, char** arguments, DriveOptions& options) {
   app.add_option("--computer", options.computer, "the computer's name");
   app.add_option("--settings", options.settings, "where the per-user settings store lives");
   app.add_option("--print-to", options.printTo, "where printed jobs land");
+  app.add_option("--busy-timeout", options.busyTimeout,
+                 "milliseconds for which a lock that another copy holds on the database is waited for")
+      ->check(CLI::Range(kLongestTimeout));
   app.footer("What stands behind -- is the program's own command line, as /D=/some/dir.");
   const int own = OwnArgumentCount(count, arguments);
   try {
@@ -101,7 +106,9 @@ int RunProgram(ui::Desktop& desktop, ui::Session& session, Clock& clock, const D
   UserSettings settings(options.settings);
   int code = 0;
   {
-    Program program(desktop, clock, settings, Invocation{options.programArguments, FromUtf8(options.computer)});
+    Program program(desktop, clock, settings,
+                    Invocation{options.programArguments, FromUtf8(options.computer),
+                               std::chrono::milliseconds(options.busyTimeout)});
     session.logPath = [&program] { return program.LogPath(); };
     code = program.Run();
     session.logPath = nullptr;

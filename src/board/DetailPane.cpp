@@ -161,7 +161,7 @@ void DetailPane::ShowNotesMark() {
 void DetailPane::SaveComments() {
   if (displayedEstimate_ == 0) return;
   const std::string comments = Trim(txtComments.Text());
-  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  Data().SetComments(comments, displayedEstimate_);
   savedComment_ = comments;
   if (Current().EstimateNumber == displayedEstimate_) Current().Comments = comments;
 }
@@ -172,7 +172,7 @@ void DetailPane::KeepUnsavedComments() {
 
 void DetailPane::StoreComments(const std::string& comments) {
   txtComments.SetText(comments);
-  Data().SetComments(comments, std::to_string(displayedEstimate_));
+  Data().SetComments(comments, displayedEstimate_);
   savedComment_ = Trim(comments);
   Current().Comments = comments;
 }

@@ -35,7 +35,7 @@ void frmReschedule::Accept() {
   }
   const std::string mark = staysEstimateOnly ? "Scheduled for " : "Rescheduled for ";
   const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(old.Comments), kCommentsWidth));
-  database_.lantosData.SetComments(comments, std::to_string(old.EstimateNumber));
+  database_.lantosData.SetComments(comments, old.EstimateNumber);
   current.Comments = comments;
   ok = true;
   newDate = date;

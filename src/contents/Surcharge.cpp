@@ -1,7 +1,5 @@
 #include "contents/Surcharge.h"
 
-#include <fmt/format.h>
-
 #include <limits>
 
 #include "contents/AmountFields.h"
@@ -12,18 +10,21 @@
 
 namespace lantos {
 
-// The twins, each with the literals of its own.
+// The twins, each with the commands of its own.
 struct SurchargeTable {
-  std::string_view table;
   std::string_view number;  // the column of the line's number
   LongField taxRate;
-  std::string_view blankDescriptions;  // behind the first
+  Recordset& (de::*get)(std::int32_t estimate);
+  void (de::*set)(Cents amount, std::int32_t estimate, std::int32_t number);
+  void (de::*add)(std::int32_t estimate, const de::SurchargeLine& line);
 };
 
 namespace {
 
-constexpr SurchargeTable kSublets = {"Sublets", "SubletNumber", sysrec::tax_rate_sublet, "','','','','"};
-constexpr SurchargeTable kWaste = {"Waste", "WasteNumber", sysrec::tax_rate_waste, "', '','','','"};
+constexpr SurchargeTable kSublets = {"SubletNumber", sysrec::tax_rate_sublet, &de::GetSubletSurcharge,
+                                     &de::SetSubletSurcharge, &de::AddSubletSurcharge};
+constexpr SurchargeTable kWaste = {"WasteNumber", sysrec::tax_rate_waste, &de::GetWasteSurcharge,
+                                   &de::SetWasteSurcharge, &de::AddWasteSurcharge};
 constexpr std::int64_t kWholeRate = 1000000;
 constexpr std::int64_t kFlatUnit = 100;  // a flat amount is in hundredths of a cent
 
@@ -50,25 +51,16 @@ void Surcharge::ApplySurcharge() {
 }
 
 void Surcharge::SetSurchargeLine(const SurchargeTable& table, Cents amount) {
-  Engine& database = bench_.Data().Connection();
+  de& data = bench_.Data();
   const std::int32_t estimate = bench_.Number();
-  const Recordset found = database.Run(
-      fmt::format("select * from {} where EstimateNumber = {} and VendorName = 'SURCHARGE'", table.table, estimate),
-      {});
-  if (!found.Eof()) {
-    database.Run(fmt::format("update {} set Cost = {}, Price = {} where EstimateNumber = {} and {} = {}", table.table,
-                             amount, amount, estimate, table.number, found.Long(table.number)),
-                 {});
-    return;
-  }
+  Recordset& row = (data.*table.get)(estimate);
+  const bool isThere = !row.Eof();
+  const std::int32_t number = isThere ? row.Long(table.number) : 0;
+  row.Close();
+  if (isThere) return (data.*table.set)(amount, estimate, number);
   const SystemRecord& system = bench_.System();
-  // Number 1, whether it is free or not: where it isn't, the table's key refuses the line.
-  database.Run(fmt::format("insert into {} (EstimateNumber, {}, VendorName, VendorInvoice, Cost, Price, Desc1, Desc2, "
-                           "Desc3, Desc4, Taxable) values ({},1,'SURCHARGE','',{},{},'{}{}{}')",
-                           table.table, table.number, estimate, amount, amount,
-                           QuoteForSql(system.Get(sysrec::surcharge_description)), table.blankDescriptions,
-                           DefaultTaxable(system.Get(table.taxRate))),
-               {});
+  (data.*table.add)(estimate,
+                    {amount, system.Get(sysrec::surcharge_description), DefaultTaxable(system.Get(table.taxRate))});
 }
 
 }  // namespace lantos

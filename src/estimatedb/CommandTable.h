@@ -8,8 +8,7 @@
 namespace lantos {
 
 // What a command's parameter carries. Day is a day serial that the statement compares with, or puts into, a date
-// column; DateText is such a date as the text "mm/dd/yyyy". A Text parameter that meets a numeric column holds the
-// number in decimal.
+// column; DateText is such a date as the text "mm/dd/yyyy".
 enum class ParameterKind { Long, Text, Date, Day, DateText };
 
 struct ParameterKinds {
@@ -23,7 +22,8 @@ struct ParameterKinds {
   std::size_t count;
 };
 
-// A named command of a data environment. A statement that is a table's bare name opens the whole table.
+// A named command of a data environment. A statement that is a table's bare name opens the whole table. What the
+// program asks of its databases stands in these tables; only new databases are made from Schema.h.
 struct Command {
   std::string_view name;
   std::string_view statement;

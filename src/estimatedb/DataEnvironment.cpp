@@ -59,13 +59,6 @@ Recordset& DataEnvironment::Rs(std::string_view command) {
   return recordsets_[std::string(FindCommand(commands_, command).name)];
 }
 
-Recordset& DataEnvironment::RunText(std::string_view command, std::string_view statement) {
-  Recordset& recordset = Rs(command);
-  recordset.Close();
-  recordset = Connection().Run(statement, {});
-  return recordset;
-}
-
 void DataEnvironment::CloseRecordsets() {
   for (auto& [name, recordset] : recordsets_) recordset.Close();
 }

@@ -4,16 +4,17 @@
 
 #include <system_error>
 
+#include "estimatedb/EngineChoice.h"
 #include "estimatedb/Schema.h"
-#include "estimatedb/sqlite/SqliteEngine.h"
 
 namespace lantos {
 
 namespace {
 
-DataEnvironment::Opener OpenerOf(std::string_view name, Environment& environment) {
-  return [name, &environment] {
-    return std::make_unique<SqliteEngine>(environment.files.PathOf(name), environment.clock);
+DataEnvironment::Opener OpenerOf(std::string_view name, Environment& environment,
+                                 std::chrono::milliseconds busyTimeout) {
+  return [name, &environment, busyTimeout] {
+    return OpenDatabase(environment.files.PathOf(name), environment.clock, busyTimeout);
   };
 }
 
@@ -24,9 +25,9 @@ void CreateDatabase(const std::filesystem::path& path, const Clock& clock,
     throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", path.string()));
   }
   try {
-    SqliteEngine engine(path, clock, SqliteEngine::Mode::New);
-    engine.Together([&] {
-      for (const std::string_view statement : statements) engine.Run(statement, {});
+    const std::unique_ptr<Engine> engine = CreateDatabaseFile(path, clock);
+    engine->Together([&] {
+      for (const std::string_view statement : statements) engine->Run(statement, {});
     });
   } catch (...) {
     std::error_code ignored;
@@ -38,8 +39,8 @@ void CreateDatabase(const std::filesystem::path& path, const Clock& clock,
 }  // namespace
 
 void Connect(EstimateDatabase& database, Environment& environment) {
-  database.lantosData.SetOpener(OpenerOf(kLantosDatabase, environment));
-  database.korvelData.SetOpener(OpenerOf(kKorvelDatabase, environment));
+  database.lantosData.SetOpener(OpenerOf(kLantosDatabase, environment, database.busyTimeout));
+  database.korvelData.SetOpener(OpenerOf(kKorvelDatabase, environment, database.busyTimeout));
 }
 
 void CreateLantosDatabase(const std::filesystem::path& path, Clock& clock) {

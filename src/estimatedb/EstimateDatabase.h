@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <string_view>
 
@@ -19,6 +20,7 @@ struct EstimateDatabase {
   de lantosData;
   de2 korvelData;
   modEstimates estimates;
+  std::chrono::milliseconds busyTimeout = kBusyTimeout;  // of connections made from now on
 };
 
 // Points both connections at the files in DataDir; they open on first use. A file that isn't ours (a Jet database, or

@@ -1,7 +1,6 @@
 #include <fmt/core.h>
 
 #include "estimatedb/EstimateDatabase.h"
-#include "estimatedb/Schema.h"
 #include "estimatedb/VehicleSnapshots.h"
 
 namespace lantos {
@@ -19,20 +18,20 @@ class Upgrade {
     UpgradeEstimates();
     UpgradeParts();
     UpgradeLabors();
-    CreateWhenMissing("Waste", kCreateWaste);
-    CreateWhenMissing("Checklist", kCreateChecklist);
+    CreateWhenMissing("ProbeWaste", "CreateWaste");
+    CreateWhenMissing("ProbeChecklist", "CreateChecklist");
   }
 
  private:
   void UpgradeEstimates() {
-    Recordset& shape = Probe("Estimates");
+    Recordset& shape = data_.Run("ProbeEstimates");
     const bool hasYear = shape.HasColumn("VehYear");
     const bool hasEngine = shape.HasColumn("VehEng");
     shape.Close();
     for (const SnapshotColumn& column : kSnapshotColumns) {
       const bool isLater = column.name == "VehEng" || column.name == "VehTrans";
       if (isLater ? hasEngine : hasYear) continue;
-      Change(fmt::format("ALTER TABLE Estimates ADD COLUMN {} Text({})", column.name, column.width));
+      data_.Run(fmt::format("AddColumn{}", column.name));
     }
     if (!hasYear) {
       FillSnapshots(database_, environment_, records_);
@@ -42,39 +41,35 @@ class Upgrade {
   }
 
   void UpgradeParts() {
-    Recordset& shape = Probe("Parts");
+    Recordset& shape = data_.Run("ProbeParts");
     const bool hasCost = shape.HasColumn("PartCost");
     shape.Close();
     if (hasCost) return;
-    Change("ALTER TABLE Parts ADD COLUMN PartCost INTEGER");
-    Change("ALTER TABLE Parts ADD COLUMN PartList INTEGER");
-    Change("UPDATE Parts SET PartCost = 0, PartList = 0");
+    data_.Run("AddColumnPartCost");
+    data_.Run("AddColumnPartList");
+    data_.Run("ClearPartCosts");
   }
 
   void UpgradeLabors() {
-    Recordset& shape = Probe("Labors");
+    Recordset& shape = data_.Run("ProbeLabors");
     const bool isShort = shape.HasColumn("Description") && shape.TypeOf("Description") == ColumnType::ShortText;
     shape.Close();
-    if (isShort) Change("ALTER TABLE Labors ALTER COLUMN Description Memo");
+    if (isShort) data_.Run("WidenLaborDescription");
   }
 
-  // The probe's failure is taken for the table being missing; whatever else it was, the statement then fails too.
-  void CreateWhenMissing(std::string_view table, std::string_view statement) {
+  // A probe that fails for another reason, as a lock that another copy holds, says nothing about the table.
+  void CreateWhenMissing(std::string_view probe, std::string_view create) {
     try {
-      Probe(table).Close();
+      data_.Run(probe).Close();
       return;
-    } catch (const DatabaseError&) {
+    } catch (const DatabaseError& error) {
+      if (error.Kind() != DatabaseErrorKind::NotThere) throw;
     }
-    Change(statement);
+    data_.Run(create);
   }
-
-  Recordset& Probe(std::string_view table) {
-    return database_.lantosData.RunText("SelectQuery", fmt::format("Select * from {} where EstimateNumber = 0", table));
-  }
-
-  void Change(std::string_view statement) { database_.lantosData.RunText("UpdateQuery", statement).Close(); }
 
   EstimateDatabase& database_;
+  de& data_ = database_.lantosData;
   Environment& environment_;
   Records& records_;
 };

@@ -61,7 +61,7 @@ class SnapshotWriter {
 // Runs fill on every estimate, with what it puts into the snapshot written to the row.
 template <class Fill>
 void FillEach(EstimateDatabase& database, Fill fill) {
-  Recordset& rows = database.lantosData.RunText("SelectQuery", "SELECT * FROM Estimates");
+  Recordset& rows = database.lantosData.Run("AllEstimates");
   SnapshotWriter writer(database.lantosData.Connection());
   try {
     for (; !rows.Eof(); rows.MoveNext()) {

@@ -23,6 +23,10 @@ std::vector<Value> LineValues(std::int32_t estimate, std::int32_t number, const 
           Text(line.Desc3), Text(line.Desc4), Text(line.Taxable)};
 }
 
+std::vector<Value> SurchargeValues(std::int32_t estimate, const de::SurchargeLine& line) {
+  return {Long(estimate), Long(line.amount), Long(line.amount), Text(line.description), Text(line.taxable)};
+}
+
 }  // namespace
 
 void de::NewEstimate(std::int32_t estimate, DaySerial date) { Run("NewEstimate", {Long(estimate), Day(date)}); }
@@ -51,8 +55,8 @@ void de::DeleteLabor(std::int32_t estimate, std::int32_t laborNumber) {
   Run("DeleteLabor", {Long(estimate), Long(laborNumber)});
 }
 
-void de::SetComments(std::string_view comments, std::string_view estimate) {
-  Run("SetComments", {Text(comments), Text(estimate)});
+void de::SetComments(std::string_view comments, std::int32_t estimate) {
+  Run("SetComments", {Text(comments), Long(estimate)});
 }
 
 Recordset& de::GetStdHours() { return Run("GetStdHours", {}); }
@@ -61,7 +65,7 @@ Recordset& de::TotalsForEstimate(std::int32_t estimate) { return Run("TotalsForE
 
 Recordset& de::EstimatesTable(DaySerial date) { return Run("EstimatesTable", {Day(date)}); }
 
-Recordset& de::PartsTable(std::string_view estimate) { return Run("PartsTable", {Text(estimate)}); }
+Recordset& de::PartsTable(std::int32_t estimate) { return Run("PartsTable", {Long(estimate)}); }
 
 void de::DeletePart(std::int32_t estimate, std::string_view part) { Run("DeletePart", {Long(estimate), Text(part)}); }
 
@@ -85,8 +89,8 @@ void de::CloneParts(std::int32_t newEstimate, std::int32_t oldEstimate) {
 
 Recordset& de::NotesForEstimate(std::int32_t estimate) { return Run("NotesForEstimate", {Long(estimate)}); }
 
-void de::AddNote(std::string_view estimate, std::string_view note, const std::vector<std::string>& eightLines) {
-  std::vector<Value> values{Text(estimate), Text(note)};
+void de::AddNote(std::int32_t estimate, std::int32_t note, const std::vector<std::string>& eightLines) {
+  std::vector<Value> values{Long(estimate), Long(note)};
   values.insert(values.end(), eightLines.begin(), eightLines.end());
   Run("AddNote", values);
 }
@@ -115,7 +119,7 @@ Recordset& de::GetSublet(std::int32_t estimate, std::int32_t sublet) {
   return Run("GetSublet", {Long(estimate), Long(sublet)});
 }
 
-Recordset& de::EstimatesByCustomer(std::string_view customer) { return Run("EstimatesByCustomer", {Text(customer)}); }
+Recordset& de::EstimatesByCustomer(std::int32_t customer) { return Run("EstimatesByCustomer", {Long(customer)}); }
 
 Recordset& de::SelectQuery() { return Run("SelectQuery", {}); }
 
@@ -152,6 +156,26 @@ void de::DeleteChecklist(std::int32_t estimate) { Run("DeleteChecklist", {Long(e
 
 Recordset& de::ChecklistTable() { return Run("ChecklistTable", {}); }
 
+Recordset& de::GetSubletSurcharge(std::int32_t estimate) { return Run("GetSubletSurcharge", {Long(estimate)}); }
+
+void de::SetSubletSurcharge(Cents amount, std::int32_t estimate, std::int32_t sublet) {
+  Run("SetSubletSurcharge", {Long(amount), Long(amount), Long(estimate), Long(sublet)});
+}
+
+void de::AddSubletSurcharge(std::int32_t estimate, const SurchargeLine& line) {
+  Run("AddSubletSurcharge", SurchargeValues(estimate, line));
+}
+
+Recordset& de::GetWasteSurcharge(std::int32_t estimate) { return Run("GetWasteSurcharge", {Long(estimate)}); }
+
+void de::SetWasteSurcharge(Cents amount, std::int32_t estimate, std::int32_t waste) {
+  Run("SetWasteSurcharge", {Long(amount), Long(amount), Long(estimate), Long(waste)});
+}
+
+void de::AddWasteSurcharge(std::int32_t estimate, const SurchargeLine& line) {
+  Run("AddWasteSurcharge", SurchargeValues(estimate, line));
+}
+
 void de::AddPartRow(std::int32_t estimate, const Part& part) {
   Connection().Insert(
       kParts,
@@ -161,11 +185,8 @@ void de::AddPartRow(std::int32_t estimate, const Part& part) {
 }
 
 void de::UpdatePartRow(std::int32_t estimate, std::string_view storedNumber, const Part& part) {
-  Connection().Run(
-      "update Parts set PartDesc = ?, Quantity = ?, PartPrice = ?, PartTotal = ?, PartCost = ?, PartList = ? "
-      "where EstimateNumber = ? and PartNumber = ?",
-      {Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice), Long(part.PartTotal), Long(part.PartCost),
-       Long(part.PartList), Long(estimate), Text(storedNumber)});
+  Run("UpdatePartRow", {Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice), Long(part.PartTotal),
+                        Long(part.PartCost), Long(part.PartList), Long(estimate), Text(storedNumber)});
 }
 
 void de::AddChecklistRow(std::int32_t estimate, std::string_view data) {
@@ -213,5 +234,11 @@ Recordset& de2::EmpPRInfo() { return Run("EmpPRInfo", {}); }
 Recordset& de2::EmpPRHist() { return Run("EmpPRHist", {}); }
 
 Recordset& de2::FollowUps() { return Run("FollowUps", {}); }
+
+Recordset& de2::RepairCodes() { return Run("RepairCodes", {}); }
+
+void de2::AddRepairCode(std::string_view code, std::string_view description) {
+  Run("AddRepairCode", {Text(code), Text(description)});
+}
 
 }  // namespace lantos

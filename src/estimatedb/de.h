@@ -29,8 +29,8 @@ class DataEnvironment {
 
   // The recordset of a command ("rsGetEstimatesByDate" is Rs("GetEstimatesByDate")).
   Recordset& Rs(std::string_view command);
-  // The general-purpose statement runner: closes the recordset of the command and opens it on a text of the caller's.
-  Recordset& RunText(std::string_view command, std::string_view statement);
+  // Runs a command of the table that takes no values.
+  Recordset& Run(std::string_view command) { return Run(command, {}); }
   // Closes every recordset that is open.
   void CloseRecordsets();
   Engine& Connection();
@@ -61,11 +61,11 @@ class de : public DataEnvironment {
   void AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
                 Cents rate, Cents total, std::int32_t employee);
   void DeleteLabor(std::int32_t estimate, std::int32_t laborNumber);
-  void SetComments(std::string_view comments, std::string_view estimate);
+  void SetComments(std::string_view comments, std::int32_t estimate);
   Recordset& GetStdHours();
   Recordset& TotalsForEstimate(std::int32_t estimate);
   Recordset& EstimatesTable(DaySerial date);
-  Recordset& PartsTable(std::string_view estimate);
+  Recordset& PartsTable(std::int32_t estimate);
   void DeletePart(std::int32_t estimate, std::string_view part);
   // A row of Parts; amounts are of one unit, the total of all.
   struct Part {
@@ -80,7 +80,7 @@ class de : public DataEnvironment {
   void CloneLabors(std::int32_t newEstimate, std::int32_t oldEstimate);
   void CloneParts(std::int32_t newEstimate, std::int32_t oldEstimate);
   Recordset& NotesForEstimate(std::int32_t estimate);
-  void AddNote(std::string_view estimate, std::string_view note, const std::vector<std::string>& eightLines);
+  void AddNote(std::int32_t estimate, std::int32_t note, const std::vector<std::string>& eightLines);
   void DeleteNote(std::int32_t estimate, std::int32_t note);
   void CloneNotes(std::int32_t newEstimate, std::int32_t oldEstimate);
   // A line of Sublets or Waste.
@@ -95,7 +95,7 @@ class de : public DataEnvironment {
   void DeleteSublet(std::int32_t estimate, std::int32_t sublet);
   void CloneSublets(std::int32_t newEstimate, std::int32_t oldEstimate);
   Recordset& GetSublet(std::int32_t estimate, std::int32_t sublet);
-  Recordset& EstimatesByCustomer(std::string_view customer);
+  Recordset& EstimatesByCustomer(std::int32_t customer);
   Recordset& SelectQuery();
   void UpdateQuery();
   Recordset& TechHours();
@@ -111,6 +111,18 @@ class de : public DataEnvironment {
   Recordset& ChecklistForEstimate(std::int32_t estimate);
   void DeleteChecklist(std::int32_t estimate);
   Recordset& ChecklistTable();
+  // The line that the program writes by itself.
+  struct SurchargeLine {
+    Cents amount = 0;  // cost and price
+    std::string description;
+    std::string taxable;  // "Yes" or "No"
+  };
+  Recordset& GetSubletSurcharge(std::int32_t estimate);
+  void SetSubletSurcharge(Cents amount, std::int32_t estimate, std::int32_t sublet);
+  void AddSubletSurcharge(std::int32_t estimate, const SurchargeLine& line);
+  Recordset& GetWasteSurcharge(std::int32_t estimate);
+  void SetWasteSurcharge(Cents amount, std::int32_t estimate, std::int32_t waste);
+  void AddWasteSurcharge(std::int32_t estimate, const SurchargeLine& line);
 
   // The recordset's editing: a new row of ChecklistTable or EstimatesTable, the one row of GetStdHours, a row of
   // PartsTable or SpecialDaysByDate.
@@ -133,6 +145,8 @@ class de2 : public DataEnvironment {
   Recordset& EmpPRInfo();
   Recordset& EmpPRHist();
   Recordset& FollowUps();
+  Recordset& RepairCodes();
+  void AddRepairCode(std::string_view code, std::string_view description);
 };
 
 }  // namespace lantos

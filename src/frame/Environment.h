@@ -14,7 +14,10 @@ namespace lantos {
 
 // What a run has of the world: time, files, settings, log. Built once by the start-up code and handed down.
 struct Environment {
-  Environment(Clock& theClock, UserSettings& theSettings) : clock(theClock), settings(theSettings) {}
+  Environment(Clock& theClock, UserSettings& theSettings) : clock(theClock), settings(theSettings) {
+    files.logFailure = settings.logFailure = [this](const std::string& text) { log.Write(text); };
+  }
+  ~Environment() { settings.logFailure = nullptr; }
   Environment(const Environment&) = delete;
 
   Clock& clock;

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 
 #include "frame/NetworkMount.h"
 #include "frame/SharedFile.h"
@@ -114,8 +115,10 @@ bool FileIO::Delete(std::string_view name) const {
   try {
     const std::filesystem::path path = PathOf(name);
     const SharedFile claimed(path, Access::ReadWrite, Deny::All, Absent::Fail);
-    return ::unlink(path.c_str()) == 0;
-  } catch (const FileError&) {
+    if (::unlink(path.c_str()) != 0) ThrowFileError(errno, "deleting " + path.string());
+    return true;
+  } catch (const FileError& error) {
+    LogUnlessBusy("Not deleted: ", error);
     return false;
   }
 }
@@ -130,9 +133,14 @@ void FileIO::FlushFile(std::string_view name) {
     SharedFile file(PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail);
     file.Flush();
     file.Close();
-  } catch (const FileError&) {
-    // A busy file is simply not flushed.
+  } catch (const FileError& error) {
+    LogUnlessBusy("Not flushed: ", error);
   }
+}
+
+void FileIO::LogUnlessBusy(std::string_view what, const FileError& error) const {
+  if (error.Number() == FileErrorNumber::PermissionDenied || !logFailure) return;
+  logFailure(std::string(what) + error.what());
 }
 
 }  // namespace lantos

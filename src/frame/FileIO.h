@@ -49,6 +49,8 @@ class FileIO {
   void FlushFile(std::string_view name);
   // The data directory as the settings have it.
   std::function<std::string()> storedDataDir;
+  // Hears of failures that nobody is told of, but for a file that somebody else has open, which is nothing unusual.
+  std::function<void(const std::string& text)> logFailure;
 
   // While one of these stands, a name once looked up keeps its spelling: for a few opens of the same files at once.
   class SteadyNames {
@@ -68,6 +70,7 @@ class FileIO {
 
  private:
   std::string LookUp(std::string_view name) const;
+  void LogUnlessBusy(std::string_view what, const FileError& error) const;
 
   Clock& clock_;
   std::string dataDir_;

@@ -269,14 +269,11 @@ bool ToBoolean(std::string_view text) {
 
 std::string QuoteForSql(std::string_view text) {
   std::string result;
-  for (char c : text) {
-    if (c != '\'') {
-      result += c;
-    } else if (result.ends_with("''")) {
-      result += '\'';
-    } else {
-      result += "''";
-    }
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    result += text[i];
+    if (text[i] != '\'') continue;
+    result += '\'';
+    if (i + 1 < text.size() && text[i + 1] == '\'') ++i;
   }
   return result;
 }

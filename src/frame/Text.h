@@ -44,8 +44,8 @@ std::int32_t ToLongOrZero(std::string_view text);
 // A stored "True" or "False", or a number where 0 is false; anything else throws std::invalid_argument.
 bool ToBoolean(std::string_view text);
 
-// Doubles every single quote for use in a statement text. A pair that already stands at the end of the part built
-// so far is not doubled again.
+// Doubles every single quote for use in a statement text. A pair that already stands, read from the left, is not
+// doubled again: quotes never come out in an odd number.
 std::string QuoteForSql(std::string_view text);
 // Double quote to "|", single quote to "~".
 std::string CleanForFile(std::string_view text);

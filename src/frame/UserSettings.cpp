@@ -42,9 +42,12 @@ std::string UserSettings::Get(std::string_view application, std::string_view sec
 
 void UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
                         std::string_view value) {
-  std::error_code ignored;
-  std::filesystem::create_directories(directory_, ignored);
-  ProfileFile(FileOf(application)).Put(section, key, value);
+  std::error_code noDirectory;
+  std::filesystem::create_directories(directory_, noDirectory);
+  const std::filesystem::path file = FileOf(application);
+  if (ProfileFile(file).Put(section, key, value) || !logFailure) return;
+  logFailure("Setting " + std::string(key) + " could not be saved in " + file.string() +
+             (noDirectory ? ": " + noDirectory.message() : ""));
 }
 
 std::string UserSettings::Get(std::string_view key, std::string_view defaultValue) const {

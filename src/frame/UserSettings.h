@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -8,7 +9,7 @@ namespace lantos {
 
 // The per-user settings store: one file an application name, under the user's configuration directory. Values are
 // read from the file at each Get, so that another running copy's change is seen. Keys and sections are found without
-// regard to case. A file that can't be written loses the value silently.
+// regard to case. A file that can't be written loses the value; only the log hears of it.
 class UserSettings {
  public:
   explicit UserSettings(std::filesystem::path directory) : directory_(std::move(directory)) {}
@@ -28,6 +29,9 @@ class UserSettings {
   // A text that is no number, or one beyond single precision, throws std::invalid_argument.
   double GetNumber(std::string_view key, double defaultValue) const;
   bool GetBoolean(std::string_view key, bool defaultValue) const;
+
+  // Hears of a value that could not be saved.
+  std::function<void(const std::string& text)> logFailure;
 
  private:
   std::filesystem::path FileOf(std::string_view application) const;

@@ -85,7 +85,7 @@ void EstimateReport::ComposeLabor(ReportLines& lines) const {
 }
 
 void EstimateReport::ComposeParts(ReportLines& lines) const {
-  Recordset& rows = database_.lantosData.PartsTable(std::to_string(Number()));
+  Recordset& rows = database_.lantosData.PartsTable(Number());
   const bool any = !rows.Eof();
   if (any) lines.Add("____Parts____");
   for (; !rows.Eof(); rows.MoveNext()) {

@@ -88,7 +88,7 @@ void WorksheetReport::ComposeLabor(ReportLines& lines) const {
 
 void WorksheetReport::ComposeParts(ReportLines& lines) const {
   lines.Add("____Parts____");
-  Recordset& rows = database_.lantosData.PartsTable(std::to_string(Number()));
+  Recordset& rows = database_.lantosData.PartsTable(Number());
   for (; !rows.Eof(); rows.MoveNext()) lines.Add(PartOnPaper(rows, true));
   rows.Close();
   lines.AddBlank();

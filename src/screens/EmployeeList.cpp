@@ -17,7 +17,8 @@ bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice
   std::vector<EmployeeName> employees;
   try {
     employees = shop.records.employees.LoadEmployeeList();
-  } catch (const FileError&) {
+  } catch (const FileError& error) {
+    shop.environment.log.Write(error.what());
     shop.desktop.Tell("Could not access employee master file!", list.Owner().Caption());
     return false;
   }

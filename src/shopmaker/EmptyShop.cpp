@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "estimatedb/EngineChoice.h"
 #include "estimatedb/EstimateDatabase.h"
-#include "estimatedb/sqlite/SqliteEngine.h"
 #include "records/Passwords.h"
 
 namespace lantos {
@@ -53,7 +53,7 @@ void AddDatabases(ShopDirectory& directory, Clock& clock) {
 
 void ConnectTo(de& database, const ShopDirectory& directory, const Clock& clock) {
   const std::filesystem::path path = directory.Path() / kLantosDatabase;
-  database.SetOpener([path, &clock] { return std::make_unique<SqliteEngine>(path, clock); });
+  database.SetOpener([path, &clock] { return OpenDatabase(path, clock); });
 }
 
 void SetStandardHours(de& database, const std::array<std::int32_t, 7>& sundayToSaturday, std::int32_t fudgeFactor) {

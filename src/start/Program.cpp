@@ -29,6 +29,7 @@ struct Program::State {
         inventoryList(shop),
         workorders(environment, desktop, records) {
     environment.computerName = invocation.computerName;
+    database.busyTimeout = invocation.busyTimeout;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
   }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
+#include "estimatedb/engine/Engine.h"
 #include "frame/Clock.h"
 #include "frame/UserSettings.h"
 #include "ui/Desktop.h"
@@ -13,6 +15,8 @@ namespace lantos {
 struct Invocation {
   std::string commandLine;   // all arguments, joined by blanks
   std::string computerName;  // empty when it has none
+  // How long a lock that another copy holds on the database is waited for.
+  std::chrono::milliseconds busyTimeout = kBusyTimeout;
 };
 
 // One running copy: builds the modules, brings the main window up, serves the person, and goes down in order. Two can

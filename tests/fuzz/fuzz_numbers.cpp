@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "Target.h"
 #include "frame/Text.h"
 
@@ -29,7 +31,9 @@ void Try(std::string_view bytes) {
   See(FormatHundredths(ToLongOrZero(bytes)));
   See(FormatTenThousandths(ToLongOrZero(bytes)));
   See(TrimNull(bytes));
-  See(QuoteForSql(bytes));
+  const std::string quoted = QuoteForSql(bytes);
+  Require(std::count(quoted.begin(), quoted.end(), '\'') % 2 == 0);
+  Require(QuoteForSql(quoted) == quoted);
   See(CleanForFile(bytes));
   Require(LeftJustify(bytes, 20).size() == 20);
   std::string key;

@@ -140,7 +140,7 @@ void Conversion::TakeNumber() {
 void Conversion::TakeParts() {
   StockMovement stock(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
                       [this](std::string step) { done_.Add(std::move(step)); });
-  Recordset rows = bench_.Data().PartsTable(std::to_string(bench_.Number()));
+  Recordset rows = bench_.Data().PartsTable(bench_.Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
     const WoPartLine line = filling_.TakePart(RowOf(part));

@@ -19,10 +19,11 @@ void FillRepairCodes(de2& database, ui::ComboBox& list) {
   list.Clear();
   list.AddItem("N/A");
   list.AddItem("<New> Add a new repair code");
-  Recordset codes = database.Connection().Run("Select * from RepairCodes order by RepairCode", {});
+  Recordset& codes = database.RepairCodes();
   for (; !codes.Eof(); codes.MoveNext()) {
     list.AddItem(LineOf(codes.Text("RepairCode"), codes.Text("RepairCodeDesc")));
   }
+  codes.Close();
   list.SetListIndex(0);
 }
 

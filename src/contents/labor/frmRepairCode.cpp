@@ -36,9 +36,7 @@ void frmRepairCode::Accept() {
 
 bool frmRepairCode::Insert() {
   try {
-    database_.Connection().Run("insert into RepairCodes (RepairCode, RepairCodeDesc) values ('" + QuoteForSql(Code()) +
-                                   "','" + QuoteForSql(Trim(txtRepairCodeDesc.Text())) + "')",
-                               {});
+    database_.AddRepairCode(Code(), Trim(txtRepairCodeDesc.Text()));
     return true;
   } catch (const DatabaseError& error) {
     shop_.desktop.Tell(

@@ -77,8 +77,7 @@ void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
 void frmEstNotes::Store(std::int32_t number, const Note& note) {
   bench_.Data().Connection().Together([&] {
     if (notes_.Contains(number)) bench_.Data().DeleteNote(bench_.Number(), number);
-    bench_.Data().AddNote(std::to_string(bench_.Number()), std::to_string(number),
-                          std::vector<std::string>(note.begin(), note.end()));
+    bench_.Data().AddNote(bench_.Number(), number, std::vector<std::string>(note.begin(), note.end()));
   });
   notes_.Put(number, note);
   notes_.Select(number);

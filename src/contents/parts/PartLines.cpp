@@ -11,7 +11,7 @@ namespace lantos {
 
 void PartLines::LoadPartList() {
   ClearPartList();
-  Recordset& parts = bench_.Data().PartsTable(std::to_string(bench_.Number()));
+  Recordset& parts = bench_.Data().PartsTable(bench_.Number());
   for (; !parts.Eof(); parts.MoveNext()) {
     lines_.push_back(ReadPartLine(parts));
     bench_.estimate.PartList().AddItem(PartRow(lines_.back()), lines_.back().cost);
@@ -41,7 +41,7 @@ void PartLines::StorePart(const PartLine& entry) {
     throw std::invalid_argument("The search for PartNumber = '" + line.partNumber +
                                 "' can't be made: a part number must not hold an apostrophe.");
   }
-  Recordset parts = bench_.Data().PartsTable(std::to_string(bench_.Number()));
+  Recordset parts = bench_.Data().PartsTable(bench_.Number());
   while (!parts.Eof() && !EqualsIgnoringCase(Trim(parts.Text("PartNumber")), line.partNumber)) parts.MoveNext();
   if (parts.Eof()) {
     line.total = Product(line.quantity, line.price);

@@ -40,6 +40,12 @@ std::string ForPeople(std::string_view statement, const std::vector<Value>& para
   return text;
 }
 
+// SQLite has one number for all that is wrong with a statement; its words tell more.
+DatabaseErrorKind KindOf(int code, std::string_view description) {
+  const bool isNotThere = description.starts_with("no such table") || description.starts_with("no such column");
+  return code == SQLITE_ERROR && isNotThere ? DatabaseErrorKind::NotThere : DatabaseErrorKind::Other;
+}
+
 // SQLite's own number of a row tells equal ones apart.
 std::string FirstRowWhere(std::string_view table, std::string_view column) {
   return fmt::format("rowid = (SELECT rowid FROM {} WHERE {} = ? ORDER BY rowid LIMIT 1)", table, column);
@@ -198,13 +204,13 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
   } catch (const SQLite::Exception& error) {
     const int code = error.getErrorCode() & 0xFF;
     if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
-      throw DatabaseError(
-          fmt::format("Another copy of the program has the database \"{}\" locked; it didn't become "
-                      "free within {:g} seconds. What was to be done in it was not done.\n\n{}",
-                      path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details));
+      throw DatabaseError(fmt::format("Another copy of the program has the database \"{}\" locked; it didn't become "
+                                      "free within {:g} seconds. What was to be done in it was not done.\n\n{}",
+                                      path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details),
+                          DatabaseErrorKind::Locked);
     }
     const std::string description = FromUtf8(error.what());
-    throw DatabaseError(fmt::format("{}\n\n{}", description, details), code, description);
+    throw DatabaseError(fmt::format("{}\n\n{}", description, details), KindOf(code, description), code, description);
   }
 }
 

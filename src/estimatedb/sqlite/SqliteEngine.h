@@ -17,8 +17,6 @@ class Database;
 
 namespace lantos {
 
-inline constexpr std::chrono::milliseconds kBusyTimeout{5000};
-
 // SQLite in the file itself, for several workstations at once: a rollback journal and never a write-ahead log, no
 // shared cache, nothing mapped into memory, every commit pushed to the disk. A lock that another copy holds is waited
 // for as long as the timeout; then DatabaseError says so. "now" inside the database is the clock's.

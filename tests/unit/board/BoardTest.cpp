@@ -40,7 +40,7 @@ TEST(LoadWeek, GivesEachEstimateTwoLinesInItsPanelAndItsHoursToTheDay) {
 TEST(LoadWeek, GivesTheDayOnShowItsLines) {
   BoardBench bench;
   bench.AddEstimate(900, bench.Today(), kArrived);
-  bench.database.lantosData.SetComments("  Waits  ", "900");
+  bench.database.lantosData.SetComments("  Waits  ", 900);
   bench.AddLabor(900, 1, 150, 9750, "BRAKES\tFRONT");
   bench.AddEstimate(901, bench.Today() + 1, kArrived);
   frmMain& board = bench.Start();
@@ -121,7 +121,7 @@ TEST(DayList, AClickOnAnyLineSelectsTheMainLineOfItsEstimate) {
   BoardBench bench;
   bench.AddEstimate(900, bench.Today(), kArrived);
   bench.AddEstimate(901, bench.Today(), kCompleted, 8);
-  bench.database.lantosData.SetComments("Waits", "901");
+  bench.database.lantosData.SetComments("Waits", 901);
   frmMain& board = bench.Start();
   const int main = board.day.List2.FindData(901);
   for (int row = board.day.List2.ListCount() - 1; row >= main; --row) {
@@ -178,7 +178,7 @@ TEST(StatusByPopup, PutsTheWordIntoBothListsAndTheCaptionWithoutAReload) {
 TEST(StatusByPopup, PassesOverTheCommentLine) {
   BoardBench bench;
   bench.AddEstimate(900, bench.Today(), kArrived);
-  bench.database.lantosData.SetComments("- first -", "900");
+  bench.database.lantosData.SetComments("- first -", 900);
   frmMain& board = bench.Start();
   bench.desktop.WillChoose("mnuPopupStatus(2)");
   bench.RightClick(board.day.List2, 0);

@@ -90,7 +90,7 @@ TEST(DetailView, WithoutACurrentEstimateItsFieldsAreEmpty) {
 struct Comments : Detail {
   Comments() {
     AddEstimate(900, Today(), kArrived);
-    database.lantosData.SetComments("Old", "900");
+    database.lantosData.SetComments("Old", 900);
     Show(900);
     test::Type(board.detail.txtComments, "  New  ");
   }
@@ -107,7 +107,7 @@ TEST(Comments, AreWrittenTrimmedWhenTheFieldIsLeft) {
 TEST(Comments, AreWrittenEachTimeChangedOrNot) {
   Comments bench;
   bench.board.MoveFocus(&bench.board.detail.listLabor);
-  bench.database.lantosData.SetComments("Theirs", "900");
+  bench.database.lantosData.SetComments("Theirs", 900);
   bench.board.MoveFocus(&bench.board.detail.txtComments);
   bench.board.MoveFocus(&bench.board.detail.listLabor);
   EXPECT_EQ(bench.StoredComments(), "New");

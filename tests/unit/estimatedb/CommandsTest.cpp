@@ -18,8 +18,8 @@ class Commands : public DatabaseTest {
 };
 
 TEST_F(Commands, TheTablesHaveEveryCommandWithAsManyKindsAsPlaceholders) {
-  EXPECT_EQ(kLantosCommands.size(), 42U);
-  EXPECT_EQ(kKorvelCommands.size(), 5U);
+  EXPECT_EQ(kLantosCommands.size(), 70U);
+  EXPECT_EQ(kKorvelCommands.size(), 7U);
   for (const auto commands : {kLantosCommands, kKorvelCommands}) {
     for (const Command& command : commands) {
       const auto places = static_cast<std::size_t>(std::count(command.statement.begin(), command.statement.end(), '?'));
@@ -38,7 +38,7 @@ TEST_F(Commands, SetCommandsChangeTheirColumnOfTheirEstimateAlone) {
   db.NewEstimate(2, kTuesday);
   db.SetCustomer(77, 1);
   db.SetVehicle(397, 1);
-  db.SetComments("waits", "1");
+  db.SetComments("waits", 1);
   db.SetStatus(3, 1);
   EXPECT_THAT(PlainRows("select CustomerNumber, VehicleLink, Comments, Status from Estimates order by EstimateNumber"),
               ElementsAre("77|397|waits|3", "0|0|null|0"));
@@ -74,7 +74,7 @@ TEST_F(Commands, EstimateByNumberAndByCustomer) {
   db.SetCustomer(9, 2);
   EXPECT_EQ(db.EstimateByNumber(2).Date("SchedDate"), kTuesday - 40);
   EXPECT_TRUE(db.EstimateByNumber(3).Eof());
-  Recordset& rows = db.EstimatesByCustomer("9");
+  Recordset& rows = db.EstimatesByCustomer(9);
   ASSERT_EQ(rows.Count(), 2U);
   EXPECT_EQ(rows.Long("EstimateNumber"), 2) << "in the order of the days";
 }
@@ -105,24 +105,24 @@ TEST_F(Commands, ALineNumberThatIsTakenIsTheDatabasesError) {
               testing::AllOf(HasSubstr("UNIQUE"), HasSubstr("insert into Labors"), HasSubstr("5, 1, 'O''Neil', 7")));
 }
 
-TEST_F(Commands, PartsAreFoundByTheNumberAsTextAndDeletedByStockNumber) {
+TEST_F(Commands, PartsAreFoundByEstimateAndDeletedByStockNumber) {
   Plain(
       "insert into Parts values (5, '0012', 'Oil filter', 2, 599, 1198, 300, 799), (5, '12', 'Other', 1, 1, 1, 1, 1),"
       "(50, '0012', 'Not this', 1, 1, 1, 1, 1)");
-  EXPECT_EQ(db.PartsTable("5").Count(), 2U);
+  EXPECT_EQ(db.PartsTable(5).Count(), 2U);
   db.DeletePart(5, "0012");
-  Recordset& rows = db.PartsTable("5");
+  Recordset& rows = db.PartsTable(5);
   EXPECT_THAT(Dump(rows), ElementsAre("5|12|Other|1|1|1|1|1"));
 }
 
-TEST_F(Commands, NotesAreAddedWithNumbersAsTextReadInOrderAndDeleted) {
-  db.AddNote("5", "10", EightLines("later"));
-  db.AddNote("5", "9", EightLines("earlier"));
+TEST_F(Commands, NotesAreAddedReadInOrderAndDeleted) {
+  db.AddNote(5, 10, EightLines("later"));
+  db.AddNote(5, 9, EightLines("earlier"));
   Recordset& rows = db.NotesForEstimate(5);
   EXPECT_THAT(Dump(rows), ElementsAre("5|9|earlier|2|3|4|5|6|7|8", "5|10|later|2|3|4|5|6|7|8"));
   db.DeleteNote(5, 9);
   EXPECT_EQ(db.NotesForEstimate(5).Long("NoteNumber"), 10);
-  EXPECT_THROW(db.AddNote("5", "11", {"one line"}), DatabaseError);
+  EXPECT_THROW(db.AddNote(5, 11, {"one line"}), DatabaseError);
 }
 
 TEST_F(Commands, SubletsAreAddedReadFoundAndDeleted) {
@@ -202,13 +202,46 @@ TEST_F(Commands, TheDesignTimeTextsOfTheRunnersWorkToo) {
               ElementsAre("2003-09-30", "2003-01-01"));
 }
 
-TEST_F(Commands, TheRunnersTakeStatementsOfTheCaller) {
-  db.NewEstimate(1, kTuesday);
-  db.RunText("UpdateQuery", "update Estimates set Comments = 'O''Neil?' where EstimateNumber = 1");
-  EXPECT_FALSE(db.Rs("UpdateQuery").IsOpen()) << "a statement without rows opens nothing";
-  Recordset& rows = db.RunText("SelectQuery", "Select Comments from Estimates");
-  EXPECT_EQ(rows.Text("comments"), "O'Neil?");
-  EXPECT_EQ(&rows, &db.Rs("SelectQuery"));
+TEST_F(Commands, NumbersLieInTheFileAsNumbers) {
+  db.NewEstimate(5, kTuesday);
+  db.SetComments("waits", 5);
+  db.AddNote(5, 1, EightLines("first"));
+  db.AddSubletSurcharge(5, {250, "SHOP SUPPLIES", "No"});
+  EXPECT_EQ(PlainValue("select typeof(EstimateNumber) || typeof(NoteNumber) from Notes"), "integerinteger");
+  EXPECT_EQ(PlainValue("select typeof(EstimateNumber) || typeof(SubletNumber) || typeof(Cost) from Sublets"),
+            "integerintegerinteger");
+}
+
+TEST_F(Commands, APartRowIsChangedUnderItsStoredNumber) {
+  db.AddPartRow(5, {"0012", "Oil filter", 2, 599, 1198, 300, 799});
+  db.AddPartRow(5, {"12", "Other", 1, 1, 1, 1, 1});
+  db.UpdatePartRow(5, "0012", {"", "Air filter", 3, 100, 300, 50, 120});
+  EXPECT_THAT(PlainRows("select * from Parts"),
+              ElementsAre("5|0012|Air filter|3|100|300|50|120", "5|12|Other|1|1|1|1|1"));
+}
+
+TEST_F(Commands, TheSurchargeIsLineOneOfItsTableAndFoundByItsVendor) {
+  db.AddSublet(5, 2, Towing());
+  db.AddSubletSurcharge(5, {250, "MILLER'S ''SUPPLIES''", "Yes"});
+  db.AddWasteSurcharge(5, {-10, "SHOP SUPPLIES", "No"});
+  EXPECT_EQ(PlainValue("select * from Sublets where SubletNumber = 1"),
+            "5|1|SURCHARGE||250|250|MILLER'S ''SUPPLIES''||||Yes");
+  EXPECT_EQ(PlainValue("select * from Waste"), "5|1|SURCHARGE||-10|-10|SHOP SUPPLIES||||No");
+  EXPECT_EQ(db.GetSubletSurcharge(5).Long("SubletNumber"), 1);
+  EXPECT_EQ(db.GetWasteSurcharge(5).Long("WasteNumber"), 1);
+  EXPECT_TRUE(db.GetWasteSurcharge(6).Eof());
+  EXPECT_THAT(ErrorOf([&] { db.AddSubletSurcharge(5, {}); }), HasSubstr("UNIQUE"));
+}
+
+TEST_F(Commands, TheSurchargesAmountIsChangedUnderTheNumberItIsFoundBy) {
+  Plain(
+      "insert into Sublets (EstimateNumber, SubletNumber, VendorName, Cost, Price) values (5, 3, 'SURCHARGE', 1, 2),"
+      "(5, 4, 'Ace', 3, 4);"
+      "insert into Waste (EstimateNumber, WasteNumber, VendorName, Cost, Price) values (5, 3, 'SURCHARGE', 1, 2)");
+  db.SetSubletSurcharge(700, 5, db.GetSubletSurcharge(5).Long("SubletNumber"));
+  db.SetWasteSurcharge(0, 5, 3);
+  EXPECT_THAT(PlainRows("select Cost, Price from Sublets order by SubletNumber"), ElementsAre("700|700", "3|4"));
+  EXPECT_EQ(PlainValue("select Cost, Price from Waste"), "0|0");
 }
 
 TEST_F(Commands, TechHoursSumByTechnicianAndDayWithoutTheThreeStatuses) {
@@ -251,6 +284,16 @@ TEST_F(Commands, KorvelsCommandsOpenTheirTables) {
   EXPECT_THAT(Dump(rows), ElementsAre("1|0|0|0|1", "2|8|9|10|0"));
 }
 
+TEST_F(Commands, RepairCodesAreAddedAsTypedAndReadInOrder) {
+  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
+  de2& korvel = database.korvelData;
+  korvel.AddRepairCode("BRAKE", "Driver's side");
+  korvel.AddRepairCode("0012", "''Oil''");
+  Recordset& rows = korvel.RepairCodes();
+  EXPECT_THAT(Dump(rows), ElementsAre("0012|''Oil''", "BRAKE|Driver's side"));
+  EXPECT_THAT(ErrorOf([&] { korvel.AddRepairCode("BRAKE", "again"); }), HasSubstr("UNIQUE"));
+}
+
 TEST_F(Commands, ARecordsetCommandRunWhileItsRecordsetIsOpenClosesItFirst) {
   db.NewEstimate(1, kTuesday);
   db.NewEstimate(2, kTuesday);
@@ -258,7 +301,8 @@ TEST_F(Commands, ARecordsetCommandRunWhileItsRecordsetIsOpenClosesItFirst) {
   rows.MoveNext();
   db.GetEstimatesByDate(kTuesday);
   EXPECT_EQ(rows.Long("EstimateNumber"), 1) << "the place is lost";
-  EXPECT_THROW(db.RunText("GetEstimatesByDate", "select * from Nowhere"), DatabaseError);
+  Plain("alter table Estimates rename to Elsewhere");
+  EXPECT_THROW(db.GetEstimatesByDate(kTuesday), DatabaseError);
   EXPECT_FALSE(rows.IsOpen());
 }
 
@@ -277,8 +321,15 @@ TEST_F(Commands, DifferentCommandsKeepTheirRecordsetsOpenSideBySide) {
   EXPECT_FALSE(days.IsOpen());
 }
 
+TEST_F(Commands, AStatementWithoutRowsOpensNothing) {
+  db.NewEstimate(1, kTuesday);
+  EXPECT_FALSE(db.Rs("NewEstimate").IsOpen());
+  EXPECT_FALSE(db.Run("UpdateQuery").IsOpen());
+}
+
 TEST_F(Commands, ACommandThatDoesNotExistIsAnError) {
   EXPECT_THAT(ErrorOf([&] { db.Rs("DropEverything"); }), HasSubstr("DropEverything"));
+  EXPECT_THAT(ErrorOf([&] { db.Run("drop table Estimates"); }), HasSubstr("no command"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include "DatabaseFixture.h"
+#include "estimatedb/EngineChoice.h"
 
 namespace lantos::test {
 namespace {
@@ -109,8 +110,8 @@ TEST_F(NewDatabases, ADirectoryThatIsNotThereLeavesNothing) {
 TEST_F(NewDatabases, DatabasesOfDifferentClocksLiveSideBySide) {
   StandingClock other(*ParseLocalTime("2010-01-02T12:00:00"));
   CreateLantosDatabase(PathOf("Second.mdb"), other);
-  SqliteEngine second(PathOf("Second.mdb"), other);
-  second.Run("insert into Estimates (EstimateNumber) values (1)", {});
+  const std::unique_ptr<Engine> second = OpenDatabase(PathOf("Second.mdb"), other);
+  second->Run("insert into Estimates (EstimateNumber) values (1)", {});
   db.AddEstimateRow(1, Day(2003, 10, 7), 0);
   EXPECT_EQ(test::PlainRows(PathOf("Second.mdb"), "select CreateDate from Estimates").front(), "2010-01-02");
   EXPECT_EQ(PlainValue("select CreateDate from Estimates"), "2003-09-30");

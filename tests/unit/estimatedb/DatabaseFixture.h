@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "estimatedb/EstimateDatabase.h"
-#include "estimatedb/sqlite/SqliteEngine.h"
 #include "frame/Dates.h"
 #include "records/Fixture.h"
 

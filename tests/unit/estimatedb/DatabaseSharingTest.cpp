@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "DatabaseFixture.h"
+#include "estimatedb/EngineChoice.h"
 
 namespace lantos::test {
 namespace {
@@ -32,48 +33,63 @@ class TwoWorkstations : public DatabaseTest {
     ::waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
   }
-  SqliteEngine Workstation(std::chrono::milliseconds timeout = 5000ms) {
-    return SqliteEngine(Path(), clock, SqliteEngine::Mode::Existing, timeout);
+  std::unique_ptr<Engine> Workstation(std::chrono::milliseconds busyTimeout = kBusyTimeout) {
+    return OpenDatabase(Path(), clock, busyTimeout);
   }
 };
 
 TEST_F(TwoWorkstations, EachSeesWhatTheOtherHasWritten) {
-  SqliteEngine first = Workstation();
-  SqliteEngine second = Workstation();
-  first.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
-  second.Run("update Estimates set Comments = 'second' where EstimateNumber = 1", {});
-  first.Run("update Estimates set Status = 3 where EstimateNumber = 1", {});
+  const std::unique_ptr<Engine> first = Workstation();
+  const std::unique_ptr<Engine> second = Workstation();
+  first->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
+  second->Run("update Estimates set Comments = 'second' where EstimateNumber = 1", {});
+  first->Run("update Estimates set Status = 3 where EstimateNumber = 1", {});
   EXPECT_EQ(PlainValue("select Comments, Status from Estimates"), "second|3") << "different columns both survive";
 }
 
 TEST_F(TwoWorkstations, OfTwoWritesToOneColumnTheLaterStays) {
-  SqliteEngine first = Workstation();
-  SqliteEngine second = Workstation();
-  first.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
-  first.Run("update Estimates set Comments = 'first' where EstimateNumber = 1", {});
-  second.Run("update Estimates set Comments = 'second' where EstimateNumber = 1", {});
+  const std::unique_ptr<Engine> first = Workstation();
+  const std::unique_ptr<Engine> second = Workstation();
+  first->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
+  first->Run("update Estimates set Comments = 'first' where EstimateNumber = 1", {});
+  second->Run("update Estimates set Comments = 'second' where EstimateNumber = 1", {});
   EXPECT_EQ(PlainValue("select Comments from Estimates"), "second");
 }
 
 TEST_F(TwoWorkstations, ALockHeldLongerThanTheTimeoutIsSaidPlainly) {
-  SqliteEngine holder = Workstation();
-  SqliteEngine waiting = Workstation(20ms);
-  holder.Together([&] {
+  const std::unique_ptr<Engine> holder = Workstation();
+  const std::unique_ptr<Engine> waiting = Workstation(20ms);
+  holder->Together([&] {
     const std::string error = ErrorOf([&] {
-      waiting.Run("update Estimates set Status = ? where EstimateNumber = ?", {std::int64_t{3}, std::int64_t{7}});
+      waiting->Run("update Estimates set Status = ? where EstimateNumber = ?", {std::int64_t{3}, std::int64_t{7}});
     });
     EXPECT_THAT(error, AllOf(HasSubstr("Another copy of the program has the database"), HasSubstr("Lantos.mdb"),
                              HasSubstr("0.02 seconds"), HasSubstr("update Estimates"), HasSubstr("3, 7")));
   });
-  waiting.Run("update Estimates set Status = 3", {});
+  waiting->Run("update Estimates set Status = 3", {});
+}
+
+TEST_F(TwoWorkstations, TheWaitIsTheOneThatTheConnectionsWereMadeWith) {
+  const std::unique_ptr<Engine> holder = Workstation();
+  database.busyTimeout = 30ms;
+  Connect(database, environment);
+  holder->Together([&] {
+    try {
+      db.SetStatus(3, 7);
+      ADD_FAILURE() << "the lock is held";
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.Kind(), DatabaseErrorKind::Locked);
+      EXPECT_THAT(error.what(), HasSubstr("0.03 seconds"));
+    }
+  });
 }
 
 TEST_F(TwoWorkstations, ALockThatIsLetGoInTimeIsWaitedFor) {
-  SqliteEngine holder = Workstation();
-  SqliteEngine waiting = Workstation();
+  const std::unique_ptr<Engine> holder = Workstation();
+  const std::unique_ptr<Engine> waiting = Workstation();
   std::thread other;
-  holder.Together([&] {
-    other = std::thread([&] { waiting.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); });
+  holder->Together([&] {
+    other = std::thread([&] { waiting->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); });
     std::this_thread::sleep_for(30ms);
   });
   other.join();
@@ -85,9 +101,9 @@ TEST_F(TwoWorkstations, TwoProcessesWritingAtOnceLoseNothing) {
   std::vector<pid_t> children;
   for (int worker = 0; worker < 2; ++worker) {
     children.push_back(Start([&, worker] {
-      SqliteEngine engine = Workstation();
+      const std::unique_ptr<Engine> engine = Workstation();
       for (int i = 0; i < kRows; ++i) {
-        engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1 + worker * kRows + i}});
+        engine->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1 + worker * kRows + i}});
       }
       return 0;
     }));
@@ -97,14 +113,14 @@ TEST_F(TwoWorkstations, TwoProcessesWritingAtOnceLoseNothing) {
 }
 
 TEST_F(TwoWorkstations, LookingAtTheFileAgainInOneProcessKeepsTheLocksOfTheFirst) {
-  SqliteEngine holder = Workstation();
-  holder.Together([&] {
-    SqliteEngine second = Workstation(1ms);
-    second.Run("select 1", {});
+  const std::unique_ptr<Engine> holder = Workstation();
+  holder->Together([&] {
+    const std::unique_ptr<Engine> second = Workstation(1ms);
+    second->Run("select 1", {});
     EXPECT_EQ(End(Start([&] {
-                SqliteEngine other = Workstation(20ms);
-                return ErrorOf([&] { other.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); }).empty() ? 1
-                                                                                                                  : 0;
+                const std::unique_ptr<Engine> other = Workstation(20ms);
+                return ErrorOf([&] { other->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); }).empty() ? 1
+                                                                                                                   : 0;
               })),
               0)
         << "the other process must be kept out still";
@@ -114,11 +130,11 @@ TEST_F(TwoWorkstations, LookingAtTheFileAgainInOneProcessKeepsTheLocksOfTheFirst
 TEST_F(TwoWorkstations, AWorkstationKilledInTheMiddleLeavesADatabaseThatOpens) {
   for (int round = 0; round < 5; ++round) {
     const pid_t child = Start([&] {
-      SqliteEngine engine = Workstation();
+      const std::unique_ptr<Engine> engine = Workstation();
       for (std::int64_t i = round * 1'000'000;; i += 2) {
-        engine.Together([&] {
-          engine.Insert("Estimates", {"EstimateNumber"}, {i});
-          engine.Insert("Estimates", {"EstimateNumber"}, {i + 1});
+        engine->Together([&] {
+          engine->Insert("Estimates", {"EstimateNumber"}, {i});
+          engine->Insert("Estimates", {"EstimateNumber"}, {i + 1});
         });
       }
       return 0;
@@ -126,11 +142,11 @@ TEST_F(TwoWorkstations, AWorkstationKilledInTheMiddleLeavesADatabaseThatOpens) {
     std::this_thread::sleep_for(20ms + std::chrono::milliseconds(7 * round));
     ::kill(child, SIGKILL);
     EXPECT_EQ(End(child), -SIGKILL);
-    SqliteEngine engine = Workstation();
-    EXPECT_EQ(engine.Run("PRAGMA integrity_check", {}).Text("integrity_check"), "ok");
-    EXPECT_EQ(engine.Run("select count(*) % 2 as Odd from Estimates", {}).Long("Odd"), 0) << "pairs, or nothing";
-    engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{-2 * round - 2}});
-    engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{-2 * round - 3}});
+    const std::unique_ptr<Engine> engine = Workstation();
+    EXPECT_EQ(engine->Run("PRAGMA integrity_check", {}).Text("integrity_check"), "ok");
+    EXPECT_EQ(engine->Run("select count(*) % 2 as Odd from Estimates", {}).Long("Odd"), 0) << "pairs, or nothing";
+    engine->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{-2 * round - 2}});
+    engine->Insert("Estimates", {"EstimateNumber"}, {std::int64_t{-2 * round - 3}});
   }
 }
 

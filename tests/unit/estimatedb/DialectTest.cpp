@@ -10,6 +10,7 @@ TEST(Dialect, OrdinaryStatementsPassUnchanged) {
   for (const Command& command : kLantosCommands) {
     const std::string name(command.name);
     if (name == "CloneEstimate" || name == "UpdateQuery" || name == "ChecklistTable") continue;
+    if (name.starts_with("Create")) continue;
     EXPECT_EQ(ToSqlite(command.statement), command.statement);
   }
 }

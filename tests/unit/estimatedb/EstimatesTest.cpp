@@ -110,7 +110,7 @@ class ClonedEstimates : public Estimates {
     Plain(
         "insert into Parts values (1, '0012', 'Filter', 2, 599, 1198, 300, 799);"
         "insert into Checklist (EstimateNumber, ChecklistData) values (1, 'wipers')");
-    db.AddNote("1", "4", {"a", "b", "c", "d", "e", "f", "g", "h"});
+    db.AddNote(1, 4, {"a", "b", "c", "d", "e", "f", "g", "h"});
     db.AddSublet(1, 1, {"SURCHARGE", "", 0, 1500, "1", "2", "3", "4", "No"});
     db.AddWaste(1, 2, {"Ace", "I", 10, 20, "1", "2", "3", "4", "Yes"});
     estimates.CloneEstimateContents(1, 2);
@@ -156,7 +156,7 @@ TEST_F(ClonedEstimates, DeletingTheCopysLinesDoesNotTouchTheOriginals) {
 TEST_F(Estimates, SaveStatusWritesTheStatusAlone) {
   db.NewEstimate(7, kToday);
   estimates.LoadEstimate(7);
-  db.SetComments("by another", "7");
+  db.SetComments("by another", 7);
   estimates.CurrentEstimate.Status = kCompleted;
   estimates.SaveStatus();
   EXPECT_EQ(PlainValue("select Status, Comments from Estimates"), "3|by another");

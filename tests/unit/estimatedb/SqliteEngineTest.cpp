@@ -155,6 +155,30 @@ TEST_F(Engines, AFailureNamesStatementValuesAndReason) {
   EXPECT_NE(ErrorOf([&] { engine.Run("", {}); }), "");
 }
 
+TEST_F(Engines, AFailureIsOfAKindAndKeepsTheEnginesNumberAndWords) {
+  const auto kindOf = [this](const std::string& statement) {
+    try {
+      engine.Run(statement, {});
+    } catch (const DatabaseError& error) {
+      return error.Kind();
+    }
+    throw std::logic_error("nothing failed");
+  };
+  EXPECT_EQ(kindOf("select * from Nowhere"), DatabaseErrorKind::NotThere);
+  EXPECT_EQ(kindOf("select Nonsense from Estimates"), DatabaseErrorKind::NotThere);
+  EXPECT_EQ(kindOf("select from Estimates"), DatabaseErrorKind::Other);
+  EXPECT_EQ(kindOf("insert into Labors (EstimateNumber) select 'no such table'; x"), DatabaseErrorKind::Other);
+  engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
+  try {
+    engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
+    FAIL() << "the key";
+  } catch (const DatabaseError& error) {
+    EXPECT_EQ(error.Kind(), DatabaseErrorKind::Other);
+    EXPECT_EQ(error.Number(), 19);
+    EXPECT_EQ(error.Description(), "UNIQUE constraint failed: Estimates.EstimateNumber");
+  }
+}
+
 TEST_F(Engines, AStatementThatFailedCanBeRunAgain) {
   const std::string_view statement = "insert into Estimates (EstimateNumber) values (?)";
   engine.Run(statement, {std::int64_t{1}});

@@ -1,4 +1,6 @@
 #include "DatabaseFixture.h"
+#include "WatchedEngine.h"
+#include "estimatedb/EngineChoice.h"
 
 namespace lantos::test {
 namespace {
@@ -47,6 +49,9 @@ class Upgrades : public DatabaseTest {
     return PlainRows(
         "select VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans "
         "from Estimates order by EstimateNumber");
+  }
+  void StatementsOf(de& connection, WatchedEngine::Watch watch) {
+    connection.SetOpener([this, watch] { return std::make_unique<WatchedEngine>(OpenDatabase(Path(), clock), watch); });
   }
   std::vector<std::string> Columns(const std::string& table) const {
     return PlainRows("select name || ' ' || type from pragma_table_info('" + table + "')");
@@ -298,6 +303,34 @@ TEST_F(Upgrades, RowsOfWasteAndChecklistThatAreThereStay) {
   Plain("CREATE TABLE Waste (EstimateNumber INTEGER, Own TEXT); insert into Waste values (1, 'x')");
   Run();
   EXPECT_EQ(PlainValue("select * from Waste"), "1|x");
+}
+
+// A lock that another copy holds at a probe says nothing about the table.
+TEST_F(Upgrades, AProbeThatIsLockedOutMakesNoTable) {
+  PutOldest();
+  StatementsOf(db, [](std::string_view statement) {
+    if (statement.find("Waste") != std::string_view::npos) throw DatabaseError("locked", DatabaseErrorKind::Locked);
+  });
+  EXPECT_EQ(ErrorOf([&] { Run(); }), "locked");
+  db.Disconnect();
+  EXPECT_THAT(Columns("Waste"), IsEmpty());
+  Connect(database, environment);
+  Run();
+  EXPECT_EQ(Columns("Waste").size(), 11U);
+}
+
+TEST_F(Upgrades, EveryStepStandsInTheTableOfCommands) {
+  PutOldest();
+  Plain("drop table Labors; create table Labors (EstimateNumber INTEGER, Description VARCHAR(255))");
+  std::vector<std::string> strangers;
+  std::size_t count = 0;
+  StatementsOf(db, [&](std::string_view statement) {
+    ++count;
+    if (!IsInTable(kLantosCommands, statement)) strangers.emplace_back(statement);
+  });
+  Run();
+  EXPECT_THAT(strangers, IsEmpty());
+  EXPECT_EQ(count, 5 + 9 + 1 + 3 + 1 + 2U) << "probes, columns, rows, parts, labors, tables";
 }
 
 TEST_F(Upgrades, ADatabaseWithoutItsBaseTablesIsAnErrorThatNamesTheTable) {

@@ -195,6 +195,25 @@ TEST(FileIO, FlushFileIgnoresABusyFileAndMakesNone) {
   EXPECT_EQ(shop.directory.Content("TQVENDOR.DAT"), "abc");
 }
 
+TEST(FileIO, WhatIsNeitherDeletedNorFlushedIsLoggedUnlessSomebodyHasItOpen) {
+  Shop shop;
+  std::vector<std::string> log;
+  shop.files.logFailure = [&log](const std::string& text) { log.push_back(text); };
+  shop.directory.Put("TQVENDOR.DAT", "abc");
+  {
+    const SharedFile holder(shop.directory / "TQVENDOR.DAT", Access::Read, Deny::None);
+    shop.files.FlushFile("TQVENDOR.DAT");
+    EXPECT_FALSE(shop.files.Delete("TQVENDOR.DAT"));
+    EXPECT_TRUE(log.empty());
+  }
+  shop.directory.Put("TqVendor.dat", "abc");
+  shop.files.FlushFile("tqvendor.dat");
+  EXPECT_FALSE(shop.files.Delete("tqvendor.dat"));
+  ASSERT_EQ(log.size(), 2u);
+  EXPECT_EQ(log[0].find("Not flushed: Error 75: Path/File access error"), 0u) << log[0];
+  EXPECT_EQ(log[1].find("Not deleted: Error 75: Path/File access error"), 0u) << log[1];
+}
+
 TEST(FileIO, FlushFileReloadsAnEmptyDataDirectoryAndMendsItsEnd) {
   Shop shop;
   shop.files.SetDataDir("");

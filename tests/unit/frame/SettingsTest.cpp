@@ -250,6 +250,19 @@ TEST(UserSettings, AValueIsKeptByApplicationSectionAndKey) {
   EXPECT_TRUE(again.GetBoolean("frmVehListShowDel", true));
 }
 
+TEST(UserSettings, AValueThatCanNotBeSavedIsLostAndLogged) {
+  ScratchDirectory directory;
+  directory.Put("store", "a file where the directory should be");
+  UserSettings settings(directory.Path() / "store");
+  settings.Save("MainState", "1");
+  std::vector<std::string> log;
+  settings.logFailure = [&log](const std::string& text) { log.push_back(text); };
+  settings.Save("MainState", "2");
+  EXPECT_EQ(settings.Get("MainState", "none"), "none");
+  ASSERT_EQ(log.size(), 1u);
+  EXPECT_EQ(log[0].find("Setting MainState could not be saved in " + (directory / "store").string()), 0u) << log[0];
+}
+
 TEST(UserSettings, ANumberThatIsNoneOrBeyondSinglePrecisionRaisesTheConversionError) {
   ScratchDirectory directory;
   UserSettings settings(directory.Path());

@@ -25,9 +25,25 @@ TEST(Text, QuoteForSqlDoublesSingleQuotes) {
   EXPECT_EQ(QuoteForSql("plain"), "plain");
 }
 
-TEST(Text, QuoteForSqlDoesNotDoubleAPairThatStandsAtTheEnd) {
-  EXPECT_EQ(QuoteForSql("a''"), "a'''");
+TEST(Text, QuoteForSqlLeavesAPairThatStandsAlready) {
   EXPECT_EQ(QuoteForSql("'"), "''");
+  EXPECT_EQ(QuoteForSql("a''"), "a''");
+  EXPECT_EQ(QuoteForSql("A''B"), "A''B");
+  EXPECT_EQ(QuoteForSql("''A'B''"), "''A''B''");
+  EXPECT_EQ(QuoteForSql("'a'"), "''a''");
+}
+
+TEST(Text, QuoteForSqlTakesThreeInARowForAPairAndOneMore) {
+  EXPECT_EQ(QuoteForSql("'''"), "''''");
+  EXPECT_EQ(QuoteForSql("''''"), "''''");
+  EXPECT_EQ(QuoteForSql("'''''"), "''''''");
+}
+
+TEST(Text, QuoteForSqlOfATextThatWentThroughItChangesNothing) {
+  for (const char* text : {"", "plain", "'", "O'Neill", "a'''b'", "''''x'"}) {
+    const std::string once = QuoteForSql(text);
+    EXPECT_EQ(QuoteForSql(once), once) << text;
+  }
 }
 
 TEST(Text, SplitKeyValueSplitsAtTheFirstEquals) {

@@ -5,7 +5,7 @@
 #include <signal.h>
 #include <sys/resource.h>
 
-#include "estimatedb/sqlite/SqliteEngine.h"
+#include "estimatedb/EngineChoice.h"
 #include "records/modSystem.h"
 #include "shopmaker/Contents.h"
 
@@ -88,8 +88,8 @@ TEST_F(EmptyShop, BearsTheNameAndAddressItWasGiven) {
 
 TEST_F(EmptyShop, HasOneRowOfStandardHoursWithAnOpenDay) {
   Make();
-  SqliteEngine engine(Shop() / "Lantos.mdb", clock_);
-  Recordset rows = engine.Run("select * from StandardHours", {});
+  const std::unique_ptr<Engine> engine = OpenDatabase(Shop() / "Lantos.mdb", clock_);
+  Recordset rows = engine->Run("select * from StandardHours", {});
   ASSERT_EQ(rows.Count(), 1u);
   EXPECT_EQ(rows.Long("RecNum"), 1);
   EXPECT_EQ(rows.Long("SunHours"), 0);
@@ -101,8 +101,8 @@ TEST_F(EmptyShop, HasOneRowOfStandardHoursWithAnOpenDay) {
 
 TEST_F(EmptyShop, HasNoEstimates) {
   Make();
-  SqliteEngine engine(Shop() / "Lantos.mdb", clock_);
-  EXPECT_EQ(engine.Run("select count(*) as n from Estimates", {}).Long("n"), 0);
+  const std::unique_ptr<Engine> engine = OpenDatabase(Shop() / "Lantos.mdb", clock_);
+  EXPECT_EQ(engine->Run("select count(*) as n from Estimates", {}).Long("n"), 0);
 }
 
 TEST_F(EmptyShop, MakesTheDirectoriesThatAreMissing) {

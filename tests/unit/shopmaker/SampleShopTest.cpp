@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "estimatedb/sqlite/SqliteEngine.h"
+#include "estimatedb/EngineChoice.h"
 #include "frame/Dates.h"
 #include "records/CannedLabor.h"
 #include "records/CustomerTag.h"
@@ -51,9 +51,9 @@ std::string AsText(const Value& value) {
 // Every row of a table as text, in file order.
 std::vector<std::string> Rows(const std::filesystem::path& database, const std::string& table) {
   StandingClock clock({kDay, 0});
-  SqliteEngine engine(database, clock);
+  const std::unique_ptr<Engine> engine = OpenDatabase(database, clock);
   std::vector<std::string> lines;
-  for (Recordset rows = engine.Run("select * from " + table, {}); !rows.Eof(); rows.MoveNext()) {
+  for (Recordset rows = engine->Run("select * from " + table, {}); !rows.Eof(); rows.MoveNext()) {
     std::string line;
     for (const std::string& column : rows.Columns()) line += column + "=" + AsText(rows[column]) + " ";
     lines.push_back(line);
@@ -69,8 +69,8 @@ class MadeShop : public testing::Test {
     MakeSampleShop(Shop(name), options, clock);
   }
   Recordset Query(const std::string& statement) {
-    SqliteEngine engine(Shop() / "Lantos.mdb", clock_);
-    return engine.Run(statement, {});
+    const std::unique_ptr<Engine> engine = OpenDatabase(Shop() / "Lantos.mdb", clock_);
+    return engine->Run(statement, {});
   }
 
   ScratchDirectory directory_;

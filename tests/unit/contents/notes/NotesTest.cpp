@@ -21,7 +21,7 @@ Texts Rows(const ui::ListBox& list) {
 
 struct NotesBench : ContentsBench {
   void Store(std::int32_t number, const Note& note) {
-    database.lantosData.AddNote("1001", std::to_string(number), Texts(note.begin(), note.end()));
+    database.lantosData.AddNote(1001, number, Texts(note.begin(), note.end()));
   }
   // "number: lines" of what lies in the database.
   Texts Stored() {

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "estimatedb/CommandTable.h"
+#include "estimatedb/engine/Engine.h"
+
+namespace lantos::test {
+
+// An engine that tells of each statement before the true one runs it.
+class WatchedEngine : public Engine {
+ public:
+  using Watch = std::function<void(std::string_view statement)>;
+
+  WatchedEngine(std::unique_ptr<Engine> engine, Watch watch) : engine_(std::move(engine)), watch_(std::move(watch)) {}
+
+  Recordset Run(std::string_view statement, const std::vector<Value>& parameters) override {
+    watch_(statement);
+    return engine_->Run(statement, parameters);
+  }
+  void Insert(std::string_view table, const std::vector<std::string>& columns,
+              const std::vector<Value>& values) override {
+    engine_->Insert(table, columns, values);
+  }
+  void UpdateFirst(std::string_view table, const std::vector<std::string>& columns, const std::vector<Value>& values,
+                   const RowKey& key) override {
+    engine_->UpdateFirst(table, columns, values, key);
+  }
+  void DeleteFirst(std::string_view table, const RowKey& key) override { engine_->DeleteFirst(table, key); }
+  void Together(const std::function<void()>& work) override { engine_->Together(work); }
+  void ReadTogether(const std::function<void()>& work) override { engine_->ReadTogether(work); }
+
+ private:
+  std::unique_ptr<Engine> engine_;
+  Watch watch_;
+};
+
+inline bool IsInTable(std::span<const Command> commands, std::string_view statement) {
+  return std::any_of(commands.begin(), commands.end(),
+                     [statement](const Command& command) { return command.statement == statement; });
+}
+
+}  // namespace lantos::test
