@@ -30,7 +30,7 @@ PartShelf::PartShelf(const SampleShop& shop) {
 void PartShelf::Place(std::size_t index, const PartKindEntry& kind, std::string_view description) {
   Shelf& shelf = shelves_[static_cast<std::size_t>(kind.kind)];
   PutOn(shelf.any, index);
-  if (!kind.fits) return;
+  if (!kind.Has(kFits)) return;
   // What stands between the name of the kind and the years is the make.
   const std::size_t make = kind.description.size() + 1;
   PutOn(shelf.byMake[std::string(description.substr(make, description.rfind(' ') - make))], index);

@@ -30,7 +30,7 @@ void SetStock(Random& random, InventoryRecord& part) {
 }
 
 std::string DescriptionOf(Random& random, const PartKindEntry& kind) {
-  if (!kind.fits) return fmt::format("{} {}", kind.description, random.Pick(kManufacturers));
+  if (!kind.Has(kFits)) return fmt::format("{} {}", kind.description, random.Pick(kManufacturers));
   const ModelEntry& model = random.Pick(kModels);
   const std::string make = ToUpper(model.make);
   return fmt::format("{} {} {:02}+", kind.description, make, (model.firstYear + random.Below(6)) % 100);
@@ -44,7 +44,7 @@ InventoryRecord ImaginePart(Random& random, const PartKindEntry& kind, std::size
   part.Put(inventory::Manufacturer, random.Pick(kManufacturers));
   SetPrices(part, random.Between(kind.lowCost, kind.highCost), system);
   SetStock(random, part);
-  if (kind.waste) {
+  if (kind.Has(kWaste)) {
     part.Put(inventory::HasWaste, 1);
     part.Put(inventory::DisposalFee, 50);
   }
@@ -115,7 +115,7 @@ void ImagineParts(SampleShop& shop, const SampleOptions& options) {
     const PartKindEntry& kind = kPartKinds[turn % kPartKindCount];
     std::size_t& last = lastOfKind[turn % kPartKindCount];
     InventoryRecord part = ImaginePart(random, kind, turn, shop.system);
-    const bool withCore = kind.core && shop.parts.size() + 2 <= count;
+    const bool withCore = kind.Has(kCore) && shop.parts.size() + 2 <= count;
     if (withCore) {
       part.Put(inventory::HasACore, 1);
       part.Put(inventory::CoreCost, part.Get(inventory::Pricing[0]) / 4);

@@ -42,42 +42,48 @@ enum class PartKind : std::uint8_t {
 };
 inline constexpr std::size_t kPartKindCount = static_cast<std::size_t>(PartKind::None);
 
+enum PartTrait : unsigned {
+  kPlain = 0,
+  kCore = 1,   // sold against return of the old one
+  kWaste = 2,  // what it replaces costs a disposal fee
+  kFits = 4,   // made for one make, named in the description
+};
 struct PartKindEntry {
   PartKind kind;
   std::string_view prefix, description, department;
   std::int32_t lowCost, highCost;  // Cents
-  bool core;                       // sold against return of the old one
-  bool waste;                      // what it replaces costs a disposal fee
-  bool fits;                       // made for one make, named in the description
+  unsigned traits;
+
+  constexpr bool Has(PartTrait trait) const { return (traits & trait) != 0; }
 };
 
 inline constexpr PartKindEntry kPartKinds[] = {
-    {PartKind::OilFilter, "OF", "OIL FILTER", "FILTERS", 190, 620, false, true, true},
-    {PartKind::AirFilter, "AF", "AIR FILTER", "FILTERS", 450, 1600, false, false, true},
-    {PartKind::Oil, "OIL", "MOTOR OIL QT", "FLUIDS", 95, 420, false, true, false},
-    {PartKind::Coolant, "CLT", "COOLANT GAL", "FLUIDS", 520, 1350, false, true, false},
-    {PartKind::BrakePads, "BP", "BRAKE PAD SET", "BRAKES", 1450, 4900, false, false, true},
-    {PartKind::BrakeShoes, "BS", "BRAKE SHOE SET", "BRAKES", 1200, 3600, true, false, true},
-    {PartKind::Rotor, "RT", "BRAKE ROTOR", "BRAKES", 1900, 7400, false, false, true},
-    {PartKind::WiperBlade, "WB", "WIPER BLADE", "ACCESSORIES", 280, 1250, false, false, false},
-    {PartKind::SparkPlug, "SP", "SPARK PLUG", "IGNITION", 140, 980, false, false, true},
-    {PartKind::Battery, "BAT", "BATTERY", "ELECTRICAL", 3600, 8900, true, false, false},
-    {PartKind::Alternator, "ALT", "ALTERNATOR REMAN", "ELECTRICAL", 6900, 21500, true, false, true},
-    {PartKind::Starter, "ST", "STARTER REMAN", "ELECTRICAL", 5800, 18200, true, false, true},
-    {PartKind::Belt, "BLT", "SERPENTINE BELT", "COOLING", 1100, 4200, false, false, true},
-    {PartKind::Hose, "HS", "RADIATOR HOSE", "COOLING", 700, 2600, false, false, true},
-    {PartKind::Thermostat, "TH", "THERMOSTAT", "COOLING", 420, 1900, false, false, true},
-    {PartKind::WaterPump, "WP", "WATER PUMP", "COOLING", 2400, 9800, true, false, true},
-    {PartKind::FuelFilter, "FF", "FUEL FILTER", "FILTERS", 560, 3200, false, false, true},
-    {PartKind::Strut, "SR", "STRUT ASSY", "SUSPENSION", 4400, 15800, false, false, true},
-    {PartKind::TieRod, "TR", "TIE ROD END", "SUSPENSION", 1600, 5400, false, false, true},
-    {PartKind::BallJoint, "BJ", "BALL JOINT", "SUSPENSION", 1900, 6200, false, false, true},
-    {PartKind::Muffler, "MF", "MUFFLER", "EXHAUST", 3100, 11800, false, false, true},
-    {PartKind::OxygenSensor, "OX", "OXYGEN SENSOR", "IGNITION", 2800, 10400, false, false, true},
-    {PartKind::Bulb, "BLB", "HEADLAMP BULB", "ELECTRICAL", 380, 2900, false, false, false},
-    {PartKind::Gasket, "GS", "VALVE COVER GASKET", "GASKETS", 900, 4700, false, false, true},
-    {PartKind::AxleShaft, "AX", "AXLE SHAFT REMAN", "DRIVELINE", 5200, 14600, true, false, true},
-    {PartKind::Tire, "TI", "TIRE", "TIRES", 3900, 13900, false, true, false},
+    {PartKind::OilFilter, "OF", "OIL FILTER", "FILTERS", 190, 620, kWaste | kFits},
+    {PartKind::AirFilter, "AF", "AIR FILTER", "FILTERS", 450, 1600, kFits},
+    {PartKind::Oil, "OIL", "MOTOR OIL QT", "FLUIDS", 95, 420, kWaste},
+    {PartKind::Coolant, "CLT", "COOLANT GAL", "FLUIDS", 520, 1350, kWaste},
+    {PartKind::BrakePads, "BP", "BRAKE PAD SET", "BRAKES", 1450, 4900, kFits},
+    {PartKind::BrakeShoes, "BS", "BRAKE SHOE SET", "BRAKES", 1200, 3600, kCore | kFits},
+    {PartKind::Rotor, "RT", "BRAKE ROTOR", "BRAKES", 1900, 7400, kFits},
+    {PartKind::WiperBlade, "WB", "WIPER BLADE", "ACCESSORIES", 280, 1250, kPlain},
+    {PartKind::SparkPlug, "SP", "SPARK PLUG", "IGNITION", 140, 980, kFits},
+    {PartKind::Battery, "BAT", "BATTERY", "ELECTRICAL", 3600, 8900, kCore},
+    {PartKind::Alternator, "ALT", "ALTERNATOR REMAN", "ELECTRICAL", 6900, 21500, kCore | kFits},
+    {PartKind::Starter, "ST", "STARTER REMAN", "ELECTRICAL", 5800, 18200, kCore | kFits},
+    {PartKind::Belt, "BLT", "SERPENTINE BELT", "COOLING", 1100, 4200, kFits},
+    {PartKind::Hose, "HS", "RADIATOR HOSE", "COOLING", 700, 2600, kFits},
+    {PartKind::Thermostat, "TH", "THERMOSTAT", "COOLING", 420, 1900, kFits},
+    {PartKind::WaterPump, "WP", "WATER PUMP", "COOLING", 2400, 9800, kCore | kFits},
+    {PartKind::FuelFilter, "FF", "FUEL FILTER", "FILTERS", 560, 3200, kFits},
+    {PartKind::Strut, "SR", "STRUT ASSY", "SUSPENSION", 4400, 15800, kFits},
+    {PartKind::TieRod, "TR", "TIE ROD END", "SUSPENSION", 1600, 5400, kFits},
+    {PartKind::BallJoint, "BJ", "BALL JOINT", "SUSPENSION", 1900, 6200, kFits},
+    {PartKind::Muffler, "MF", "MUFFLER", "EXHAUST", 3100, 11800, kFits},
+    {PartKind::OxygenSensor, "OX", "OXYGEN SENSOR", "IGNITION", 2800, 10400, kFits},
+    {PartKind::Bulb, "BLB", "HEADLAMP BULB", "ELECTRICAL", 380, 2900, kPlain},
+    {PartKind::Gasket, "GS", "VALVE COVER GASKET", "GASKETS", 900, 4700, kFits},
+    {PartKind::AxleShaft, "AX", "AXLE SHAFT REMAN", "DRIVELINE", 5200, 14600, kCore | kFits},
+    {PartKind::Tire, "TI", "TIRE", "TIRES", 3900, 13900, kWaste},
 };
 static_assert(sizeof(kPartKinds) / sizeof(kPartKinds[0]) == kPartKindCount);
 
@@ -153,10 +159,11 @@ inline constexpr std::string_view kEstimateComments[] = {
     "Shuttle home please",   "Tow-in, keys with driver",   "Check the warranty on the last repair",
 };
 
+enum class Taxed { Yes, No };
 struct ExtraEntry {
   std::string_view vendor, lines[2];
   std::int32_t cost, price;  // Cents
-  bool taxable;
+  Taxed taxed;
 };
 inline de::Extra ExtraLine(const ExtraEntry& entry, std::string invoice) {
   de::Extra line;
@@ -166,20 +173,20 @@ inline de::Extra ExtraLine(const ExtraEntry& entry, std::string invoice) {
   line.Price = entry.price;
   line.Desc1 = entry.lines[0];
   line.Desc2 = entry.lines[1];
-  line.Taxable = entry.taxable ? "Yes" : "No";
+  line.Taxable = entry.taxed == Taxed::Yes ? "Yes" : "No";
   return line;
 }
 inline constexpr ExtraEntry kSublets[] = {
-    {"TRI-COUNTY TOWING", {"TOW VEHICLE TO SHOP", ""}, 6500, 8500, false},
-    {"MILLBROOK MACHINE", {"RESURFACE CYLINDER HEAD", "CHECK FOR CRACKS"}, 9000, 12600, true},
-    {"CLEARVIEW GLASS", {"REPAIR WINDSHIELD CHIP", ""}, 3500, 4900, true},
-    {"VALLEY UPHOLSTERY", {"REPAIR DRIVER SEAT", ""}, 7800, 10900, true},
-    {"LAKEMONT RADIATOR", {"ROD OUT AND RESEAL RADIATOR", ""}, 8500, 11900, true},
+    {"TRI-COUNTY TOWING", {"TOW VEHICLE TO SHOP", ""}, 6500, 8500, Taxed::No},
+    {"MILLBROOK MACHINE", {"RESURFACE CYLINDER HEAD", "CHECK FOR CRACKS"}, 9000, 12600, Taxed::Yes},
+    {"CLEARVIEW GLASS", {"REPAIR WINDSHIELD CHIP", ""}, 3500, 4900, Taxed::Yes},
+    {"VALLEY UPHOLSTERY", {"REPAIR DRIVER SEAT", ""}, 7800, 10900, Taxed::Yes},
+    {"LAKEMONT RADIATOR", {"ROD OUT AND RESEAL RADIATOR", ""}, 8500, 11900, Taxed::Yes},
 };
 inline constexpr ExtraEntry kWastes[] = {
-    {"RECLAIM SERVICE", {"USED OIL AND FILTER DISPOSAL", ""}, 100, 250, true},
-    {"RECLAIM SERVICE", {"COOLANT DISPOSAL", ""}, 150, 400, true},
-    {"COUNTY TRANSFER", {"TIRE DISPOSAL FEE", "STATE FEE, 4 TIRES"}, 800, 1000, false},
+    {"RECLAIM SERVICE", {"USED OIL AND FILTER DISPOSAL", ""}, 100, 250, Taxed::Yes},
+    {"RECLAIM SERVICE", {"COOLANT DISPOSAL", ""}, 150, 400, Taxed::Yes},
+    {"COUNTY TRANSFER", {"TIRE DISPOSAL FEE", "STATE FEE, 4 TIRES"}, 800, 1000, Taxed::No},
 };
 
 inline constexpr std::string_view kNotes[][3] = {

@@ -12,31 +12,33 @@
 namespace lantos::wotext {
 
 // [Workorder], behind the number. Times are written when they aren't blank.
+enum class Blank { IsWritten, IsLeftOut };
 struct HeaderKey {
   std::string_view key;
   std::string Workorder::*field;
   std::size_t limit;  // characters, 0 for any number
-  bool always;
+  Blank blank;
 };
 inline constexpr HeaderKey kHeaderKeys[] = {
-    {"Status", &Workorder::Status, 0, true},
-    {"Type", &Workorder::Type, 0, true},
-    {"Pricing", &Workorder::Pricing, 0, true},
-    {"TimeIn", &Workorder::TimeIn, kTimeWidth, false},
-    {"TimeOut", &Workorder::TimeOut, kTimeWidth, false},
-    {"TimePromised", &Workorder::TimePromised, kTimeWidth, false},
+    {"Status", &Workorder::Status, 0, Blank::IsWritten},
+    {"Type", &Workorder::Type, 0, Blank::IsWritten},
+    {"Pricing", &Workorder::Pricing, 0, Blank::IsWritten},
+    {"TimeIn", &Workorder::TimeIn, kTimeWidth, Blank::IsLeftOut},
+    {"TimeOut", &Workorder::TimeOut, kTimeWidth, Blank::IsLeftOut},
+    {"TimePromised", &Workorder::TimePromised, kTimeWidth, Blank::IsLeftOut},
 };
 
 // [Totals]. Written when not 0: a date as mm/dd/yyyy, anything else as a number.
+enum class Total { Number, Date };
 struct TotalsKey {
   std::string_view key;
   LongField field;
-  bool isDate = false;
+  Total kind = Total::Number;
 };
 inline constexpr TotalsKey kTotalsKeys[] = {
-    {"DateOpen", wototals::DateOpen, true},
-    {"DateClosed", wototals::DateClosed, true},
-    {"DatePaid", wototals::DatePaid, true},
+    {"DateOpen", wototals::DateOpen, Total::Date},
+    {"DateClosed", wototals::DateClosed, Total::Date},
+    {"DatePaid", wototals::DatePaid, Total::Date},
     {"PartsTaxRate", wototals::TaxRate[0]},
     {"LaborTaxRate", wototals::TaxRate[1]},
     {"SubletTaxRate", wototals::TaxRate[2]},

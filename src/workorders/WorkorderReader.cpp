@@ -132,7 +132,7 @@ void WorkorderReader::TakePaymentMethod(ByteField field, const std::string& name
 void WorkorderReader::TakeTotalsKey(const std::string& key, const std::string& value) {
   WoTotals& totals = workorder_.Totals;
   if (const TotalsKey* known = FindKey(kTotalsKeys, key)) {
-    totals.Put(known->field, known->isDate ? DateIn(value) : NumberInFile(value));
+    totals.Put(known->field, known->kind == Total::Date ? DateIn(value) : NumberInFile(value));
     if (key == "WorkorderTotal") workorder_.AmountDue = totals.Get(wototals::WorkorderTotal);
   } else if (key == "PaymentMethod") {
     TakePaymentMethod(wototals::PaymentMethod, value);

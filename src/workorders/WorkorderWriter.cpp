@@ -79,7 +79,7 @@ class Writer {
     Key("WorkorderNumber", FormatZeros(workorder_.WorkorderNumber, 6));
     for (const HeaderKey& key : kHeaderKeys) {
       const std::string& value = workorder_.*key.field;
-      if (key.always) {
+      if (key.blank == Blank::IsWritten) {
         Key(key.key, RightTrim(value));
       } else {
         KeyUnlessBlank(key.key, Left(Trim(value), key.limit));
@@ -94,7 +94,8 @@ class Writer {
     const WoTotals& totals = workorder_.Totals;
     for (const TotalsKey& key : kTotalsKeys) {
       const std::int32_t value = totals.Get(key.field);
-      if (key.isDate ? value > 0 : value != 0) Key(key.key, key.isDate ? DateText(value) : Picture(value));
+      const bool isDate = key.kind == Total::Date;
+      if (isDate ? value > 0 : value != 0) Key(key.key, isDate ? DateText(value) : Picture(value));
     }
     const std::string method = MethodName(around_.options, totals.Get(wototals::PaymentMethod));
     Key("PaymentMethod", method);
