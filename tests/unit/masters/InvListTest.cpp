@@ -26,7 +26,7 @@ class InvList : public MasterShop {
     ASSERT_TRUE(inventory.ReadInventory(offset, index));
     inventory.CurrentInvTag.Put(inventorytag::Description, description);
     inventory.CurrentInvTag.Put(inventorytag::InStock, stock);
-    inventory.WriteInventory(offset, index, false, false);
+    inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::No);
   }
 
   Inventory& inventory = records.inventory;

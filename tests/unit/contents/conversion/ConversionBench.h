@@ -49,7 +49,7 @@ struct ConversionBench : ContentsBench {
     ASSERT_TRUE(inventory.ReadInventory(offset, index));
     inventory.CurrentInvTag.Put(inventorytag::InStock, stock);
     inventory.CurrentInv.Put(inventory::QtyInStock, stock);
-    inventory.WriteInventory(offset, index, false, false);
+    inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::No);
     AddLine(number, quantity);
   }
   void AddLine(const std::string& number, std::int32_t quantity) {
