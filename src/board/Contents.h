@@ -10,7 +10,8 @@ namespace lantos {
 
 // Everything an estimate can hold, for the board's commands. The board's two lists stand when it is made.
 struct Contents {
-  explicit Contents(Workbench theBench, Workorders& theWorkorders) : bench(theBench), workorders(theWorkorders) {}
+  explicit Contents(const Workbench& theBench, Workorders& theWorkorders)
+      : bench(theBench), workorders(theWorkorders) {}
 
   Workbench bench;
   Workorders& workorders;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "records/Record.h"
@@ -20,7 +21,8 @@ class EditForm : public ui::Form {
   bool Saved() const { return saved_; }
 
  protected:
-  EditForm(Shop& shop, std::string name, std::string caption) : Form(shop.desktop, name, caption), shop_(shop) {}
+  EditForm(Shop& shop, std::string name, std::string caption)
+      : Form(shop.desktop, std::move(name), std::move(caption)), shop_(shop) {}
 
   virtual void Save() = 0;
   virtual void ShowFields() = 0;  // from the record
