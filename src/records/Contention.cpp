@@ -18,7 +18,7 @@ bool Contention::TryAgain(const FileError& error) {
   if (rule_.failures == ContentionRule::Failures::SharingOnly && error.Number() != FileErrorNumber::PermissionDenied) {
     throw;
   }
-  return RetrySilently() || AskOrTell(error);
+  return RetrySilently(error) || AskOrTell(error);
 }
 
 void Contention::Note(const FileError& error) {
@@ -28,10 +28,11 @@ void Contention::Note(const FileError& error) {
   noted_ = true;
 }
 
-bool Contention::RetrySilently() {
+bool Contention::RetrySilently(const FileError& error) {
   if (failures_ >= rule_.silentRetries) return false;
   ++failures_;
   Wait(rule_.pause);
+  ShowWordWhenDue(error);
   return true;
 }
 
@@ -51,11 +52,11 @@ void Contention::Wait(ContentionRule::Pause pause) {
   const auto milliseconds = static_cast<std::int64_t>(pause);
   environment_.clock.Wait(milliseconds);
   waited_ += milliseconds;
-  if (!rule_.word.empty() && !wordShown_ && waited_ >= kWaitWithoutWord) ShowWord();
 }
 
-void Contention::ShowWord() {
-  const std::string word = Fill(rule_.word, {});
+void Contention::ShowWordWhenDue(const FileError& error) {
+  if (rule_.word.empty() || wordShown_ || waited_ < kWaitWithoutWord) return;
+  const std::string word = Fill(rule_.word, error.Text());
   environment_.log.Write(word);
   desktop_.ShowStatus(word);
   wordShown_ = true;

@@ -38,10 +38,10 @@ class Contention {
   // Only from within the handler of the error.
   bool TryAgain(const FileError& error);
   void Note(const FileError& error);
-  bool RetrySilently();
+  bool RetrySilently(const FileError& error);
   bool AskOrTell(const FileError& error);
   void Wait(ContentionRule::Pause pause);
-  void ShowWord();
+  void ShowWordWhenDue(const FileError& error);
   void EndWord();
   std::string Fill(std::string_view text, std::string_view error) const;
 

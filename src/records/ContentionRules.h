@@ -114,7 +114,7 @@ inline constexpr ContentionRule kOpenInventory = {
     .silentRetries = ContentionRule::kWithoutEnd,
     .pause = Pause::TenthOfASecond,
     .noted = Noted::FirstFailure,
-    .word = "Waiting for {what}, which another user has open...",
+    .word = "Waiting for {what}... ({error})",
 };
 inline constexpr ContentionRule kReadInventory = {
     .pauseAfterBox = Pause::QuarterOfASecond,

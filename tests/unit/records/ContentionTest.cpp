@@ -43,7 +43,7 @@ TEST_F(Waiting, ANameThatLooksLikeAPlaceholderStaysAsItIs) {
 
 TEST_F(Waiting, AWaitOfASecondIsToldOnTheStatusLineAndInTheLogUntilItEnds) {
   world.log.Open();
-  const std::string word = "Waiting for THE FILE, which another user has open...";
+  const std::string word = "Waiting for THE FILE... (Error 70: Permission denied)";
   EXPECT_TRUE(RunFailing(contention::kOpenInventory, 9));
   EXPECT_EQ(desktop.statuses, std::vector<std::string>());
   EXPECT_TRUE(RunFailing(contention::kOpenInventory, 30));

@@ -70,7 +70,7 @@ TEST_F(InventoryContention, TheSearchForATagWaitsWithoutEndAndWithoutABox) {
   EXPECT_EQ(patience.waits, std::vector<std::int64_t>(40, 100));
   EXPECT_EQ(desktop.boxes.size(), 0U);
   EXPECT_EQ(desktop.statuses,
-            (std::vector<std::string>{"Waiting for TQINVTAG.DAT, which another user has open...", ""}));
+            (std::vector<std::string>{"Waiting for TQINVTAG.DAT... (Error 70: Permission denied)", ""}));
 }
 
 TEST_F(InventoryContention, AnotherProcessThatHoldsTheFileIsWaitedForUntilItEnds) {
