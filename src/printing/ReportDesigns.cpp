@@ -6,8 +6,6 @@ namespace {
 
 using ui::Align;
 using ui::Band;
-using ui::ReportBox;
-using ui::ReportColumn;
 using ui::ReportDesign;
 using ui::ReportLabel;
 

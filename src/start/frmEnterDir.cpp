@@ -85,6 +85,8 @@ void frmEnterDir::OnLoad() {
 
 void frmEnterDir::GoTo(const std::vector<fs::path>& places, int row) {
   if (row < 0) return;
+  // A copy, for ShowDirectory empties the list that it stands in.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const fs::path path = places.at(static_cast<std::size_t>(row));
   ShowDirectory(path);
   TextString.SetText(TextOf(path));
