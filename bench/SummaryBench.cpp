@@ -133,7 +133,7 @@ const History& TheHistory() {
 void Summary(benchmark::State& state) {
   World world(TheHistory().directory);
   for (auto _ : state) {
-    ReportLines lines(false);
+    ReportLines lines(ReportLines::Amounts::None);
     const Customers::Reading reading(world.records.customers);
     VehicleSummary(world.environment, world.desktop, world.records).Compose(kVin, lines);
     if (lines.Rows().size() != 2 + 20 * 7) state.SkipWithError("not the twenty work orders");

@@ -35,7 +35,8 @@ void Papers::PrintEstimate() {
                           detail.txtTotalWaste.Text(), detail.txtTotalTax.Text(),   detail.txtTotalCost.Text()};
   Environment& environment = parts_.shop.environment;
   const EstimateReport report(environment, parts_.shop.records, parts_.database);
-  ShowReport(desktop, environment, report.Make(detail.Customer(), totals), environment.printOptions.PreviewEstimate);
+  ShowReport(desktop, environment, report.Make(detail.Customer(), totals),
+             PreviewIf(environment.printOptions.PreviewEstimate));
   if (Current().Status == kScheduled) FollowPrint(StatusOption::ScheduledToArrived, "Scheduled to Arrived?", kArrived);
 }
 
@@ -65,7 +66,7 @@ void Papers::PrintWorksheet() {
   Environment& environment = parts_.shop.environment;
   WorksheetReport report(environment, parts_.shop.desktop, parts_.shop.records, parts_.database);
   ShowReport(parts_.shop.desktop, environment, report.Make(detail.Customer()),
-             environment.printOptions.PreviewWorksheet);
+             PreviewIf(environment.printOptions.PreviewWorksheet));
   if (Current().Status == kScheduled) {
     FollowPrint(StatusOption::ScheduledToInProgress, "Scheduled to In Progress?", kInProgress);
   } else if (Current().Status == kArrived) {
@@ -92,10 +93,10 @@ void Papers::PrintDay() {
   ui::Report report{DayViewDesign(), "Day View", {}};
   report.SetLabel("lblCompanyName", parts_.shop.records.system.SysRec.Get(sysrec::company_name));
   report.SetLabel("lblHeading1", parts_.day.frameDay.Caption());
-  ReportLines lines(false);
+  ReportLines lines(ReportLines::Amounts::None);
   for (const ui::ListRow& row : parts_.day.List2.Rows()) lines.Add(row.text);
   report.lines = lines.Rows();
-  ShowReport(parts_.shop.desktop, parts_.shop.environment, report, true);
+  ShowReport(parts_.shop.desktop, parts_.shop.environment, report, PaperWay::Preview);
 }
 
 }  // namespace lantos

@@ -74,7 +74,7 @@ void frmMain::OnLoad() {
 // False when this copy is to go.
 bool frmMain::StartSecondCopy() {
   ui::Desktop& desktop = shop_.desktop;
-  if (!desktop.FindWindowByTitle(kRunningCaption, false)) return true;
+  if (!desktop.FindWindowByTitle(kRunningCaption, ui::FoundWindow::LeftAlone)) return true;
   switch (
       desktop.Ask("The Korvel Apppointment Scheduler is already running.\r\r"
                   "Click Yes to switch to the running application.\r\r"
@@ -82,7 +82,7 @@ bool frmMain::StartSecondCopy() {
                   "Click Cancel to exit this copy.",
                   "Multiple Lantos Instances", ui::Buttons::YesNoCancel, ui::Icon::Question)) {
     case ui::Answer::Yes:
-      return !desktop.FindWindowByTitle(kRunningCaption, true);
+      return !desktop.FindWindowByTitle(kRunningCaption, ui::FoundWindow::BroughtUp);
     case ui::Answer::No:
       return true;
     default:

@@ -39,7 +39,7 @@ std::string ReadDisclaimer(Environment& environment) {
 }
 
 ui::Report EstimateReport::Make(const CustomerRecord& customer, const TotalTexts& totals) const {
-  ReportLines lines(true);
+  ReportLines lines(ReportLines::Amounts::Three);
   ComposeLabor(lines);
   ComposeParts(lines);
   ComposeExtras(lines, database_.lantosData.SubletsForEstimate(Number()), "____Sublets____");
@@ -51,7 +51,8 @@ ui::Report EstimateReport::Make(const CustomerRecord& customer, const TotalTexts
   if (AddNotes(lines, database_.lantosData.NotesForEstimate(Number()))) lines.AddBlank();
 
   const bool withDisclosure = environment_.printOptions.PrintDisclosure;
-  ui::Report report{EstimateDesign(withDisclosure), "Estimate " + std::to_string(Number()), lines.Rows()};
+  ui::Report report{EstimateDesign(withDisclosure ? EstimatePaper::WithDisclosure : EstimatePaper::Plain),
+                    "Estimate " + std::to_string(Number()), lines.Rows()};
   FillCompany(report, records_.system.SysRec);
   FillCustomer(report, customer);
   FillEstimate(report, database_.estimates.CurrentEstimate);
@@ -87,9 +88,10 @@ void EstimateReport::ComposeLabor(ReportLines& lines) const {
 void EstimateReport::ComposeParts(ReportLines& lines) const {
   Recordset& rows = database_.lantosData.PartsTable(Number());
   const bool any = !rows.Eof();
+  const PartNumber number = environment_.printOptions.ShowPartNumbersOnEst ? PartNumber::Shown : PartNumber::Left;
   if (any) lines.Add("____Parts____");
   for (; !rows.Eof(); rows.MoveNext()) {
-    lines.Add(PartOnPaper(rows, environment_.printOptions.ShowPartNumbersOnEst), std::to_string(rows.Long("Quantity")),
+    lines.Add(PartOnPaper(rows, number), std::to_string(rows.Long("Quantity")),
               FormatHundredths(rows.Long("PartPrice")), FormatHundredths(rows.Long("PartTotal")));
   }
   rows.Close();

@@ -11,8 +11,8 @@ LaborText LaborOnPaper(std::string_view description) {
   return lines;
 }
 
-std::string PartOnPaper(const Recordset& part, bool withNumber) {
-  return (withNumber ? part.Text("PartNumber") + " " : std::string()) + part.Text("PartDesc");
+std::string PartOnPaper(const Recordset& part, PartNumber number) {
+  return (number == PartNumber::Shown ? part.Text("PartNumber") + " " : std::string()) + part.Text("PartDesc");
 }
 
 bool AddNotes(ReportLines& lines, Recordset& rows) {

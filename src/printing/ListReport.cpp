@@ -9,7 +9,7 @@ ui::Report ListReport(const std::string& title, DaySerial today, const SystemRec
                       const AmountHeadings* headings) {
   ui::Report report{GenericDesign(), title, lines.Rows()};
   if (headings != nullptr) {
-    const ui::ReportDesign withAmounts = EstimateDesign(false);
+    const ui::ReportDesign withAmounts = EstimateDesign(EstimatePaper::Plain);
     report.design.columns = withAmounts.columns;
     report.design.characters = withAmounts.characters;
     const char* texts[] = {headings->amount1, headings->amount2, headings->amount3};

@@ -13,14 +13,16 @@ constexpr double kRow = 13;  // points from line to line of a block of labels
 constexpr double kMiddle = 0.5;
 constexpr double kInset = 0.012;
 
-ReportLabel Text(double left, double top, double width, std::string text, double size = 9, bool bold = false,
-                 Align align = Align::Left, Band band = Band::PageHeader) {
-  return {"", band, left, top, width, size, align, bold, false, std::move(text)};
+enum class Weight { Plain, Bold };
+
+ReportLabel Text(double left, double top, double width, std::string text, double size = 9,
+                 Weight weight = Weight::Plain, Align align = Align::Left, Band band = Band::PageHeader) {
+  return {"", band, left, top, width, size, align, weight == Weight::Bold, false, std::move(text)};
 }
 
-ReportLabel Field(std::string name, double left, double top, double width, double size = 9, bool bold = false,
-                  Align align = Align::Left, Band band = Band::PageHeader) {
-  return {std::move(name), band, left, top, width, size, align, bold, false, ""};
+ReportLabel Field(std::string name, double left, double top, double width, double size = 9,
+                  Weight weight = Weight::Plain, Align align = Align::Left, Band band = Band::PageHeader) {
+  return {std::move(name), band, left, top, width, size, align, weight == Weight::Bold, false, ""};
 }
 
 void Add(ReportDesign& design, std::initializer_list<ReportLabel> labels) {
@@ -39,7 +41,7 @@ constexpr double kBlockHeight = 5 * kRow + 8;
 void AddCustomerBlock(ReportDesign& design, double top) {
   double row = top + 4;
   for (const char* name : {"lblCustName", "lblSpouse", "lblAddress", "lblCSZ", "lblPhone"}) {
-    Add(design, {Field(name, kInset, row, kMiddle - 2 * kInset, 9, row == top + 4)});
+    Add(design, {Field(name, kInset, row, kMiddle - 2 * kInset, 9, row == top + 4 ? Weight::Bold : Weight::Plain)});
     row += kRow;
   }
 }
@@ -47,7 +49,7 @@ void AddCustomerBlock(ReportDesign& design, double top) {
 void AddVehicleRows(ReportDesign& design, double left, double top, double blockWidth) {
   constexpr double kCaption = 0.09;
   const double width = blockWidth - 2 * kInset;
-  Add(design, {Field("lblMake", left + kInset, top + 4, width, 9, true),
+  Add(design, {Field("lblMake", left + kInset, top + 4, width, 9, Weight::Bold),
                Field("lblEngTran", left + kInset, top + 4 + kRow, width)});
   AddPair(design, "VIN", "lblVIN", left + kInset, top + 4 + 2 * kRow, kCaption, width - kCaption);
   AddPair(design, "License", "lblLic", left + kInset, top + 4 + 3 * kRow, kCaption, width - kCaption);
@@ -55,23 +57,24 @@ void AddVehicleRows(ReportDesign& design, double left, double top, double blockW
 
 }  // namespace
 
-ReportDesign EstimateDesign(bool withDisclosure) {
+ReportDesign EstimateDesign(EstimatePaper paper) {
+  const bool withDisclosure = paper == EstimatePaper::WithDisclosure;
   ReportDesign design;
   design.name = withDisclosure ? "rptEstimate2" : "rptEstimate";
   design.caption = "Estimate";
-  Add(design, {Field("lblCompanyName", 0, 0, 0.64, 14, true), Field("lblCompanyName2", 0, 19, 0.64, 10),
+  Add(design, {Field("lblCompanyName", 0, 0, 0.64, 14, Weight::Bold), Field("lblCompanyName2", 0, 19, 0.64, 10),
                Field("lblCompanyAddress", 0, 32, 0.64), Field("lblCompanyCSZ", 0, 44, 0.64),
                Field("lblCompanyPhone", 0, 56, 0.64), Field("lblCompanyTaxID", 0, 69, 1, 7.5),
-               Text(0.64, 0, 0.36, "ESTIMATE", 16, true, Align::Right)});
+               Text(0.64, 0, 0.36, "ESTIMATE", 16, Weight::Bold, Align::Right)});
   double row = 22;
   for (const auto& [caption, name] : {std::pair{"Estimate #", "lblWONumber"}, {"Scheduled", "lblDate"}}) {
-    Add(design,
-        {Text(0.66, row, 0.18, caption, 8, false, Align::Right), Field(name, 0.85, row, 0.15, 9, true, Align::Right)});
+    Add(design, {Text(0.66, row, 0.18, caption, 8, Weight::Plain, Align::Right),
+                 Field(name, 0.85, row, 0.15, 9, Weight::Bold, Align::Right)});
     row += kRow;
   }
-  Add(design, {Text(0.60, row, 0.15, "Printed", 8, false, Align::Right),
-               Field("lblPrintDate", 0.75, row, 0.13, 8, false, Align::Right),
-               Field("lblPrintTime", 0.88, row, 0.12, 8, false, Align::Right)});
+  Add(design, {Text(0.60, row, 0.15, "Printed", 8, Weight::Plain, Align::Right),
+               Field("lblPrintDate", 0.75, row, 0.13, 8, Weight::Plain, Align::Right),
+               Field("lblPrintTime", 0.88, row, 0.12, 8, Weight::Plain, Align::Right)});
   design.boxes = {{Band::PageHeader, 0, kBlockTop, kMiddle - 0.005, kBlockHeight},
                   {Band::PageHeader, kMiddle + 0.005, kBlockTop, kMiddle - 0.005, kBlockHeight}};
   AddCustomerBlock(design, kBlockTop);
@@ -92,37 +95,40 @@ ReportDesign EstimateDesign(bool withDisclosure) {
 
   constexpr double kTotalsLeft = 0.66;
   row = 10;
-  const auto total = [&](const char* caption, const char* name, bool bold) {
-    Add(design, {Text(kTotalsLeft + kInset, row, 0.14, caption, 9, bold, Align::Left, Band::ReportFooter),
-                 Field(name, kTotalsLeft + 0.14, row, 0.2 - kInset, 9, bold, Align::Right, Band::ReportFooter)});
+  const auto total = [&](const char* caption, const char* name, Weight weight) {
+    Add(design, {Text(kTotalsLeft + kInset, row, 0.14, caption, 9, weight, Align::Left, Band::ReportFooter),
+                 Field(name, kTotalsLeft + 0.14, row, 0.2 - kInset, 9, weight, Align::Right, Band::ReportFooter)});
     row += kRow;
   };
-  total("Labor", "lblLabor", false);
-  total("Parts", "lblParts", false);
-  total("Sublets", "lblSublet", false);
-  total("Waste", "lblWaste", false);
-  total("Tax", "lblTax", false);
+  total("Labor", "lblLabor", Weight::Plain);
+  total("Parts", "lblParts", Weight::Plain);
+  total("Sublets", "lblSublet", Weight::Plain);
+  total("Waste", "lblWaste", Weight::Plain);
+  total("Tax", "lblTax", Weight::Plain);
   row += 3;
-  total("Total", "lblTotal", true);
+  total("Total", "lblTotal", Weight::Bold);
   const double height = row - 4;
   design.boxes.push_back({Band::ReportFooter, kTotalsLeft, 6, 1 - kTotalsLeft, height});
   design.boxes.push_back({Band::ReportFooter, kTotalsLeft, row - kRow - 2, 1 - kTotalsLeft, 0});
   design.footerHeight = height + 18;
-  ReportLabel disclaimer = Field("lblDisclaimer", 0, design.footerHeight, 1, 8, false, Align::Left, Band::ReportFooter);
+  ReportLabel disclaimer =
+      Field("lblDisclaimer", 0, design.footerHeight, 1, 8, Weight::Plain, Align::Left, Band::ReportFooter);
   disclaimer.grows = true;
   design.labels.push_back(disclaimer);
   return design;
 }
 
-ReportDesign WorksheetDesign(bool withCustomer) {
+ReportDesign WorksheetDesign(WorksheetPaper paper) {
+  const bool withCustomer = paper == WorksheetPaper::WithCustomer;
   ReportDesign design;
   design.name = withCustomer ? "rptWorksheet2" : "rptWorksheet1";
   design.caption = withCustomer ? "Technician Worksheet" : "Mechanic Worksheet";
-  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, true), Text(0.6, 0, 0.4, design.caption, 13, true, Align::Right),
-               Text(0.66, 19, 0.18, "Estimate #", 8, false, Align::Right),
-               Field("lblWONumber", 0.85, 19, 0.15, 10, true, Align::Right),
-               Text(0.66, 19 + kRow, 0.18, "Scheduled", 8, false, Align::Right),
-               Field("lblDate", 0.85, 19 + kRow, 0.15, 9, true, Align::Right)});
+  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, Weight::Bold),
+               Text(0.6, 0, 0.4, design.caption, 13, Weight::Bold, Align::Right),
+               Text(0.66, 19, 0.18, "Estimate #", 8, Weight::Plain, Align::Right),
+               Field("lblWONumber", 0.85, 19, 0.15, 10, Weight::Bold, Align::Right),
+               Text(0.66, 19 + kRow, 0.18, "Scheduled", 8, Weight::Plain, Align::Right),
+               Field("lblDate", 0.85, 19 + kRow, 0.15, 9, Weight::Bold, Align::Right)});
   constexpr double kTop = 48;
   const double vehicleLeft = withCustomer ? kMiddle + 0.005 : 0;
   const double vehicleWidth = withCustomer ? kMiddle - 0.005 : 1;
@@ -146,8 +152,8 @@ ReportDesign DayViewDesign() {
   design.name = "rptDayView";
   design.caption = "Day View";
   design.orientation = ui::Orientation::Landscape;
-  Add(design, {Text(0, 0, 0.5, "Day View", 14, true), Field("lblCompanyName", 0, 19, 0.5, 9),
-               Field("lblHeading1", 0.5, 2, 0.5, 11, true, Align::Right)});
+  Add(design, {Text(0, 0, 0.5, "Day View", 14, Weight::Bold), Field("lblCompanyName", 0, 19, 0.5, 9),
+               Field("lblHeading1", 0.5, 2, 0.5, 11, Weight::Bold, Align::Right)});
   design.boxes = {{Band::PageHeader, 0, 34, 1, 0}};
   design.headerHeight = 40;
   design.characters = 122;  // a main line of the day list
@@ -159,9 +165,9 @@ ReportDesign GenericDesign() {
   ReportDesign design;
   design.name = "rptGeneric";
   design.caption = "Report";
-  Add(design,
-      {Field("lblCompanyName", 0, 0, 0.6, 12, true), Field("lblReportName", 0.4, 0, 0.6, 12, true, Align::Right),
-       Field("lblHeading1", 0, 20, 0.6, 9), Field("lblHeading2", 0.4, 20, 0.6, 9, false, Align::Right)});
+  Add(design, {Field("lblCompanyName", 0, 0, 0.6, 12, Weight::Bold),
+               Field("lblReportName", 0.4, 0, 0.6, 12, Weight::Bold, Align::Right), Field("lblHeading1", 0, 20, 0.6, 9),
+               Field("lblHeading2", 0.4, 20, 0.6, 9, Weight::Plain, Align::Right)});
   design.boxes = {{Band::PageHeader, 0, 36, 1, 0}};
   design.headerHeight = 42;
   design.characters = 100;

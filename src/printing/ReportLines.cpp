@@ -7,7 +7,7 @@ namespace lantos {
 void ReportLines::Add(const std::string& dataLine, const std::string& amount1, const std::string& amount2,
                       const std::string& amount3) {
   std::vector<std::string> row{Left(dataLine, kDataLineWidth)};
-  if (withAmounts_) {
+  if (amounts_ == Amounts::Three) {
     for (const std::string* amount : {&amount1, &amount2, &amount3}) row.push_back(Left(*amount, kAmountWidth));
   }
   rows_.push_back(std::move(row));

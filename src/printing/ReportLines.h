@@ -12,8 +12,9 @@ class ReportLines {
   static constexpr std::size_t kDataLineWidth = 255;
   static constexpr std::size_t kAmountWidth = 20;
 
-  // With the columns Amt1, Amt2 and Amt3 beside DataLine, or without.
-  explicit ReportLines(bool withAmounts) : withAmounts_(withAmounts) {}
+  // Whether the columns Amt1, Amt2 and Amt3 stand beside DataLine.
+  enum class Amounts { None, Three };
+  explicit ReportLines(Amounts amounts) : amounts_(amounts) {}
 
   void Add(const std::string& dataLine, const std::string& amount1 = " ", const std::string& amount2 = " ",
            const std::string& amount3 = " ");
@@ -22,7 +23,7 @@ class ReportLines {
   const std::vector<std::vector<std::string>>& Rows() const { return rows_; }
 
  private:
-  bool withAmounts_;
+  Amounts amounts_;
   std::vector<std::vector<std::string>> rows_;
 };
 

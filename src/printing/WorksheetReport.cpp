@@ -30,7 +30,7 @@ std::string FollowupRow(const std::string& service, const std::string& due) {
 }  // namespace
 
 ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
-  ReportLines lines(false);
+  ReportLines lines(ReportLines::Amounts::None);
   ComposeComments(lines);
   ComposeLabor(lines);
   ComposeParts(lines);
@@ -40,8 +40,9 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
   if (Options().PrintVehSummaryOnWorksheet && !vin.empty()) {
     VehicleSummary(environment_, desktop_, records_).Compose(vin, lines);
   }
-  ui::Report report{WorksheetDesign(Options().PrintCustomerOnWorksheet),
-                    "Technician Worksheet for Estimate " + std::to_string(Number()), lines.Rows()};
+  ui::Report report{
+      WorksheetDesign(Options().PrintCustomerOnWorksheet ? WorksheetPaper::WithCustomer : WorksheetPaper::Plain),
+      "Technician Worksheet for Estimate " + std::to_string(Number()), lines.Rows()};
   FillCompany(report, records_.system.SysRec);
   FillCustomer(report, customer);
   FillEstimate(report, Current());
@@ -89,7 +90,7 @@ void WorksheetReport::ComposeLabor(ReportLines& lines) const {
 void WorksheetReport::ComposeParts(ReportLines& lines) const {
   lines.Add("____Parts____");
   Recordset& rows = database_.lantosData.PartsTable(Number());
-  for (; !rows.Eof(); rows.MoveNext()) lines.Add(PartOnPaper(rows, true));
+  for (; !rows.Eof(); rows.MoveNext()) lines.Add(PartOnPaper(rows, PartNumber::Shown));
   rows.Close();
   lines.AddBlank();
   for (int i = 0; i < Options().BlankPartLines; ++i) lines.Add(kPartRule);

@@ -33,6 +33,10 @@ std::string_view NameOf(Icon icon);      // "none", "critical", …
 // Carriage returns, with or without line feed, become line feeds.
 std::string WithLineFeeds(std::string_view text);
 
+enum class PrinterDialog { Skipped, Shown };
+// What becomes of a window that was looked for and is there.
+enum class FoundWindow { LeftAlone, BroughtUp };
+
 // Everything a screen may ask of the window system. A screen asks nobody else.
 class Desktop {
  public:
@@ -54,11 +58,11 @@ class Desktop {
   // Shows a report until the person closes it, who may print it from there. The window appears at the place, which is
   // where it was in the end when this returns; a width of 0 leaves the place to the desktop.
   virtual void PreviewReport(const Report& report, ControlPlace& place) = 0;
-  // Prints a report; askFirst offers the printer dialog, where the person may still leave it.
-  virtual void PrintReport(const Report& report, bool askFirst) = 0;
+  // Prints a report, at once or through the printer dialog, where the person may still leave it.
+  virtual void PrintReport(const Report& report, PrinterDialog dialog) = 0;
   // A window of this or another running copy of this user, by a part of its caption, without regard to case. An empty
   // pattern finds nothing.
-  virtual bool FindWindowByTitle(std::string_view pattern, bool activate) = 0;
+  virtual bool FindWindowByTitle(std::string_view pattern, FoundWindow found) = 0;
   // Of one line in the control's font, in pixels.
   virtual int TextWidth(const Control& control, std::string_view text) = 0;
   // An error that ended an event: shown and noted.

@@ -12,7 +12,7 @@ bool GlobalKeys::HandleGlobalKeys(KeyPress& key, Form& form) {
   if (key.IsControlAlt("P")) {
     desktop_.PrintScreen(form);
   } else if (key.IsControlAlt("T")) {
-    if (!desktop_.FindWindowByTitle(kMainApplicationCaption, true)) {
+    if (!desktop_.FindWindowByTitle(kMainApplicationCaption, FoundWindow::BroughtUp)) {
       desktop_.Tell("Korvel is not currently running.", "Toggle to Korvel");
     }
   } else if (key.IsControlAlt("V") && form.Name().starts_with("frmVendor")) {

@@ -73,15 +73,15 @@ class StandInDesktop : public ui::Desktop {
     Note(previews, report);
     if (movePreviewTo) place = *movePreviewTo;
   }
-  void PrintReport(const ui::Report& report, bool askFirst) override {
-    printerDialogs += askFirst ? 1 : 0;
+  void PrintReport(const ui::Report& report, ui::PrinterDialog dialog) override {
+    printerDialogs += dialog == ui::PrinterDialog::Shown ? 1 : 0;
     Note(printed, report);
   }
-  bool FindWindowByTitle(std::string_view pattern, bool activate) override {
+  bool FindWindowByTitle(std::string_view pattern, ui::FoundWindow found) override {
     if (pattern.empty()) return false;
     for (const std::string& caption : windows) {
       if (!ContainsIgnoringCase(caption, pattern)) continue;
-      if (activate) Note(activated, caption);
+      if (found == ui::FoundWindow::BroughtUp) Note(activated, caption);
       return true;
     }
     return false;

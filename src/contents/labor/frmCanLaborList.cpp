@@ -159,7 +159,7 @@ void frmCanLaborList::Delete() {
 void frmCanLaborList::Print() {
   Environment& environment = bench_.shop.environment;
   if (bench_.shop.desktop.Ask("Print Canned Labor List?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  ReportLines lines(true);
+  ReportLines lines(ReportLines::Amounts::Three);
   for (const CannedLabor& entry : entries_) {
     if (entry.IsDeleted()) continue;
     lines.Add(LeftJustify(entry.Code(), kLaborCodeWidth) + " " + entry.FirstLine(), FormatHundredths(entry.Hours),
@@ -171,7 +171,8 @@ void frmCanLaborList::Print() {
   constexpr AmountHeadings kHeadings{"Hours", "Rate", "Price"};
   environment.printOptions = LoadPrintOptions(environment.Profile());
   ShowReport(bench_.shop.desktop, environment,
-             ListReport("Canned Labor List", environment.Today(), bench_.System(), lines, &kHeadings), false);
+             ListReport("Canned Labor List", environment.Today(), bench_.System(), lines, &kHeadings),
+             PaperWay::Printer);
 }
 
 void frmCanLaborList::UpdateRate() {

@@ -106,11 +106,12 @@ void frmCanNoteList::Delete() {
 
 void frmCanNoteList::Print() {
   if (shop_.desktop.Ask("Print Canned Notes List?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  ReportLines lines(false);
+  ReportLines lines(ReportLines::Amounts::None);
   for (const ui::ListRow& row : CanList.Rows()) lines.Add(row.text);
   shop_.environment.printOptions = LoadPrintOptions(shop_.environment.Profile());
   ShowReport(shop_.desktop, shop_.environment,
-             ListReport("Canned Notes List", shop_.environment.Today(), shop_.records.system.SysRec, lines), false);
+             ListReport("Canned Notes List", shop_.environment.Today(), shop_.records.system.SysRec, lines),
+             PaperWay::Printer);
 }
 
 void frmCanNoteList::Accept() {

@@ -81,8 +81,8 @@ void DriverDesktop::PreviewReport(const Report& report, ControlPlace&) {
   person_.AtPreview(report, hands, [&closed] { return closed; });
 }
 
-void DriverDesktop::PrintReport(const Report& report, bool askFirst) {
-  if (!askFirst) return Print(report);
+void DriverDesktop::PrintReport(const Report& report, PrinterDialog dialog) {
+  if (dialog == PrinterDialog::Skipped) return Print(report);
   std::optional<bool> accepted;
   person_.AtPrinter(
       report, [&accepted](bool answer) { accepted = answer; }, [&accepted] { return accepted.has_value(); });
@@ -96,8 +96,9 @@ void DriverDesktop::Print(const Report& report) {
   person_.NotePrinted(report, file, {});
 }
 
-bool DriverDesktop::FindWindowByTitle(std::string_view pattern, bool activate) {
-  if (registry_ != nullptr) return activate ? registry_->Activate(pattern) : registry_->Find(pattern);
+bool DriverDesktop::FindWindowByTitle(std::string_view pattern, FoundWindow found) {
+  if (registry_ != nullptr)
+    return found == FoundWindow::BroughtUp ? registry_->Activate(pattern) : registry_->Find(pattern);
   const std::vector<std::string> captions = Captions(nullptr);
   return !pattern.empty() && std::any_of(captions.begin(), captions.end(), [&](const std::string& caption) {
     return ContainsIgnoringCase(caption, pattern);

@@ -71,8 +71,9 @@ void QtDesktop::RaiseRequested() {
   }
 }
 
-bool QtDesktop::FindWindowByTitle(std::string_view pattern, bool activate) {
-  if (registry_ != nullptr) return activate ? registry_->Activate(pattern) : registry_->Find(pattern);
+bool QtDesktop::FindWindowByTitle(std::string_view pattern, FoundWindow found) {
+  if (registry_ != nullptr)
+    return found == FoundWindow::BroughtUp ? registry_->Activate(pattern) : registry_->Find(pattern);
   return !pattern.empty() && std::any_of(LoadedForms().begin(), LoadedForms().end(), [&](const Form* form) {
     return ContainsIgnoringCase(form->Caption(), pattern);
   });

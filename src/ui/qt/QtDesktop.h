@@ -48,8 +48,8 @@ class QtDesktop : public Desktop {
   int OpenDocument(const std::string& path, const std::string& arguments) override;
   void PrintScreen(Form& form) override;
   void PreviewReport(const Report& report, ControlPlace& place) override;
-  void PrintReport(const Report& report, bool askFirst) override;
-  bool FindWindowByTitle(std::string_view pattern, bool activate) override;
+  void PrintReport(const Report& report, PrinterDialog dialog) override;
+  bool FindWindowByTitle(std::string_view pattern, FoundWindow found) override;
   int TextWidth(const Control& control, std::string_view text) override;
   void ReportFailure(const std::string& text) override;
   [[noreturn]] void EndProcess(int code) override;

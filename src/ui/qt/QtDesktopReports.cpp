@@ -108,13 +108,14 @@ void QtDesktop::PrintFrom(ReportWindow& window) {
   }
 }
 
-void QtDesktop::PrintReport(const Report& report, bool askFirst) {
-  if (!askFirst && IsDriven()) return PrintJob(report);
-  if (!askFirst && QPrinterInfo::defaultPrinter().isNull()) {
+void QtDesktop::PrintReport(const Report& report, PrinterDialog dialog) {
+  const bool asks = dialog == PrinterDialog::Shown;
+  if (!asks && IsDriven()) return PrintJob(report);
+  if (!asks && QPrinterInfo::defaultPrinter().isNull()) {
     throw std::runtime_error("No printer is installed.");
   }
   const std::unique_ptr<QPrinter> printer = MakePrinter(IsDriven());
-  if (askFirst && !AskForPrinter(report, *printer)) return;
+  if (asks && !AskForPrinter(report, *printer)) return;
   IsDriven() ? PrintJob(report) : PrintOn(report, *printer);
 }
 

@@ -29,20 +29,20 @@ bool StandsIn(const ui::ReportDesign& design, std::string_view name, ui::Band ba
 }
 
 TEST(ReportLines, AreCutAtTheWidthOfTheirColumns) {
-  ReportLines lines(true);
+  ReportLines lines(ReportLines::Amounts::Three);
   lines.Add(std::string(256, 'x'), std::string(21, '1'), std::string(20, '2'), "");
   EXPECT_EQ(lines.Rows(), (Rows{{std::string(255, 'x'), std::string(20, '1'), std::string(20, '2'), ""}}));
 }
 
 TEST(ReportLines, AmountsThatAreNotNamedAreABlank) {
-  ReportLines lines(true);
+  ReportLines lines(ReportLines::Amounts::Three);
   lines.Add("____Labor____");
   lines.AddBlank();
   EXPECT_EQ(lines.Rows(), (Rows{{"____Labor____", " ", " ", " "}, {" ", " ", " ", " "}}));
 }
 
 TEST(ReportLines, WithoutAmountsHaveOneColumn) {
-  ReportLines lines(false);
+  ReportLines lines(ReportLines::Amounts::None);
   lines.Add("text", "1", "2", "3");
   lines.AddBlank();
   EXPECT_EQ(lines.Rows(), (Rows{{"text"}, {" "}}));
@@ -55,12 +55,13 @@ TEST(ReportDesigns, HaveTheirNamesCaptionsAndFields) {
     std::string name, caption;
     std::vector<std::string> columns;
   };
-  for (const Wanted& wanted : {Wanted{EstimateDesign(false), "rptEstimate", "Estimate", amounts},
-                               Wanted{EstimateDesign(true), "rptEstimate2", "Estimate", amounts},
-                               Wanted{WorksheetDesign(false), "rptWorksheet1", "Mechanic Worksheet", line},
-                               Wanted{WorksheetDesign(true), "rptWorksheet2", "Technician Worksheet", line},
-                               Wanted{GenericDesign(), "rptGeneric", "Report", line},
-                               Wanted{DayViewDesign(), "rptDayView", "Day View", line}}) {
+  for (const Wanted& wanted :
+       {Wanted{EstimateDesign(EstimatePaper::Plain), "rptEstimate", "Estimate", amounts},
+        Wanted{EstimateDesign(EstimatePaper::WithDisclosure), "rptEstimate2", "Estimate", amounts},
+        Wanted{WorksheetDesign(WorksheetPaper::Plain), "rptWorksheet1", "Mechanic Worksheet", line},
+        Wanted{WorksheetDesign(WorksheetPaper::WithCustomer), "rptWorksheet2", "Technician Worksheet", line},
+        Wanted{GenericDesign(), "rptGeneric", "Report", line},
+        Wanted{DayViewDesign(), "rptDayView", "Day View", line}}) {
     EXPECT_EQ(wanted.design.name, wanted.name);
     EXPECT_EQ(wanted.design.caption, wanted.caption);
     EXPECT_EQ(ColumnsOf(wanted.design), wanted.columns) << wanted.name;
@@ -68,13 +69,13 @@ TEST(ReportDesigns, HaveTheirNamesCaptionsAndFields) {
 }
 
 TEST(ReportDesigns, TotalsAndDisclaimerStandBehindTheLinesAndTheDisclosureAhead) {
-  for (const bool withDisclosure : {false, true}) {
-    const ui::ReportDesign design = EstimateDesign(withDisclosure);
+  for (const EstimatePaper paper : {EstimatePaper::Plain, EstimatePaper::WithDisclosure}) {
+    const ui::ReportDesign design = EstimateDesign(paper);
     for (const char* name : {"lblLabor", "lblParts", "lblSublet", "lblWaste", "lblTax", "lblTotal", "lblDisclaimer"}) {
       EXPECT_TRUE(StandsIn(design, name, ui::Band::ReportFooter)) << name;
     }
     EXPECT_TRUE(StandsIn(design, "lblCompanyName", ui::Band::PageHeader));
-    EXPECT_EQ(StandsIn(design, "lblDisclosure", ui::Band::PageHeader), withDisclosure);
+    EXPECT_EQ(StandsIn(design, "lblDisclosure", ui::Band::PageHeader), paper == EstimatePaper::WithDisclosure);
   }
 }
 
@@ -94,7 +95,7 @@ class ShownReport : public testing::Test, protected test::TestShop {
 
 TEST_F(ShownReport, WithPreviewItIsShownAndItsPlaceKept) {
   desktop.movePreviewTo = ui::ControlPlace{1, 2, 3, 4, 0};
-  ShowReport(desktop, environment, report, true);
+  ShowReport(desktop, environment, report, PaperWay::Preview);
   EXPECT_EQ(desktop.previews.size(), 1u);
   EXPECT_TRUE(desktop.printed.empty());
   EXPECT_EQ(Setting("Report Top"), "1");
@@ -107,17 +108,17 @@ TEST_F(ShownReport, WithPreviewItIsShownAndItsPlaceKept) {
 TEST_F(ShownReport, LeftMaximizedItKeepsItsStateAlone) {
   settings.Save("Report Top", "600");
   desktop.movePreviewTo = ui::ControlPlace{1, 2, 3, 4, 2};
-  ShowReport(desktop, environment, report, true);
+  ShowReport(desktop, environment, report, PaperWay::Preview);
   EXPECT_EQ(Setting("Report State"), "2");
   EXPECT_EQ(Setting("Report Top"), "600");
 }
 
 TEST_F(ShownReport, WithoutPreviewItIsPrintedThroughTheDialogWhereTheShopWantsThat) {
   environment.printOptions.ShowPrinterDialog = true;
-  ShowReport(desktop, environment, report, false);
+  ShowReport(desktop, environment, report, PaperWay::Printer);
   EXPECT_EQ(desktop.printerDialogs, 1);
   environment.printOptions.ShowPrinterDialog = false;
-  ShowReport(desktop, environment, report, false);
+  ShowReport(desktop, environment, report, PaperWay::Printer);
   EXPECT_EQ(desktop.printerDialogs, 1);
   EXPECT_EQ(desktop.printed.size(), 2u);
   EXPECT_TRUE(desktop.previews.empty());

@@ -38,7 +38,7 @@ class ReportsOnPaper : public ::testing::Test {
 
   ReportWindow& Window() { return dynamic_cast<ReportWindow&>(*windows.TopWindow()); }
   const test::ScriptedPerson::Job& Print(const Report& report) {
-    windows.PrintReport(report, false);
+    windows.PrintReport(report, ui::PrinterDialog::Skipped);
     return person.jobs.back();
   }
 
@@ -101,14 +101,14 @@ TEST_F(ReportsOnPaper, HaveTheirHeadersWithoutAnyLine) {
 
 TEST_F(ReportsOnPaper, AreNotWrittenWithoutAPlaceForThem) {
   windows.PrintTo({});
-  windows.PrintReport(MakeBill(3), false);
+  windows.PrintReport(MakeBill(3), ui::PrinterDialog::Skipped);
   EXPECT_TRUE(person.jobs.empty());
   EXPECT_EQ(directory.Count(), 0U);
 }
 
 TEST_F(ReportsOnPaper, SayWhenThePlaceIsGone) {
   windows.PrintTo(directory / "gone");
-  EXPECT_THROW(windows.PrintReport(MakeBill(3), false), std::runtime_error);
+  EXPECT_THROW(windows.PrintReport(MakeBill(3), ui::PrinterDialog::Skipped), std::runtime_error);
   EXPECT_TRUE(person.jobs.empty());
 }
 
@@ -118,11 +118,11 @@ TEST_F(ReportsOnPaper, AreAskedAboutInThePrinterDialog) {
     EXPECT_EQ(windows.TopWindow()->windowTitle(), QString::fromUtf8("Print Bill of María López"));
     person.answerPrinter(false);
   });
-  windows.PrintReport(MakeBill(3), true);
+  windows.PrintReport(MakeBill(3), ui::PrinterDialog::Shown);
   EXPECT_TRUE(person.jobs.empty());
   EXPECT_EQ(windows.TopWindow(), nullptr);
   person.Will([&] { person.answerPrinter(true); });
-  windows.PrintReport(MakeBill(3), true);
+  windows.PrintReport(MakeBill(3), ui::PrinterDialog::Shown);
   EXPECT_EQ(person.jobs.size(), 1U);
 }
 
@@ -348,7 +348,7 @@ TEST(ReportsOnScreen, SayThatThereIsNoPrinter) {
   ASSERT_TRUE(withoutPrinters);
   ui::QtDesktop windows;
   try {
-    windows.PrintReport(MakeBill(3), false);
+    windows.PrintReport(MakeBill(3), ui::PrinterDialog::Skipped);
     FAIL();
   } catch (const std::exception& error) {
     EXPECT_STREQ(error.what(), "No printer is installed.");
@@ -371,7 +371,7 @@ TEST(ReportsOnScreen, ThePrinterDialogOffersAFileWithoutPrinters) {
     }
     dialog.accept();
   });
-  windows.PrintReport(report, true);
+  windows.PrintReport(report, ui::PrinterDialog::Shown);
   EXPECT_EQ(PagesOfPdf(directory, directory / "bill.pdf"), 3U);
 }
 
