@@ -46,19 +46,18 @@ TEST(Statements, OfLinesAndTheirSurchargeStandInTheTable) {
   StatementsBench bench;
   for (const char isSublet : {'Y', 'N'}) {
     bench.records.system.SysRec.Put(sysrec::surcharge_is_sublet, isSublet);
-    bench.contents.labor.ClearLaborLine(6500);
-    std::int32_t number = LaborLines::kNextNumber;
-    bench.contents.labor.AddLaborLine(number);
+    WoLaborLine line;
+    line.Rate = 6500;
+    bench.contents.labor.AddLaborLine(line);
     bench.contents.surcharge.ApplySurcharge();
   }
-  bench.contents.labor.RemoveLaborLine(0);
+  bench.desktop.WillAnswer(ui::Answer::Yes);
+  bench.contents.labor.Remove();
   PartLine part;
   part.partNumber = "ABC";
-  bench.contents.parts.AddPartLine(part, true);
-  bench.contents.parts.AddPartLine(part, true);
+  bench.contents.parts.AddPartLine(part, PartLines::Choosing::ItsRow);
+  bench.contents.parts.AddPartLine(part, PartLines::Choosing::ItsRow);
   bench.contents.parts.RemovePartLine(0);
-  bench.board.listLabor.Clear();
-  bench.board.listParts.Clear();
   bench.contents.labor.LoadLaborList();
   bench.contents.parts.LoadPartList();
   LoadEstimateChecklist(bench.bench);

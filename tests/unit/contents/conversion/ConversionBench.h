@@ -22,7 +22,7 @@ struct ConversionBench : ContentsBench {
     system.Put(sysrec::last_workorder_number, 5001);
     system.Put(sysrec::tax_rate_parts, 82500);
     PutRecord("TQSYSTEM.DAT", system);
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
     CustomerRecord owner;
     owner.Put(customer::Number, 7);
     owner.Put(customer::Lastname, "Adams");
@@ -57,7 +57,7 @@ struct ConversionBench : ContentsBench {
   }
   void AddNotes(int count) {
     for (int i = 1; i <= count; ++i) {
-      database.lantosData.AddNote("1001", std::to_string(i), {"note " + std::to_string(i), "", "", "", "", "", "", ""});
+      database.lantosData.AddNote(1001, i, {"note " + std::to_string(i), "", "", "", "", "", "", ""});
     }
   }
   // The estimate tells of a Ford that no file knows.
@@ -105,7 +105,7 @@ struct ConversionBench : ContentsBench {
   bool IsThere(const std::string& name) const { return std::filesystem::exists(directory / name); }
   std::int16_t InStock(const std::string& number) const { return records.inventory.PartInStock(number); }
   std::int32_t NextNumber() {
-    records.system.ReadSystem(false);
+    records.system.ReadSystem();
     return records.system.SysRec.Get(sysrec::last_workorder_number);
   }
   // No number, no stock, no file, no comment.

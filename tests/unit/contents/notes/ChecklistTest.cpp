@@ -48,15 +48,6 @@ Texts Rows(const ui::ListBox& list) {
   return rows;
 }
 
-TEST(EstimateChecklist, NeedsAnEstimate) {
-  ChecklistBench bench;
-  bench.board.number = 0;
-  bench.desktop.WillAnswer(ui::Answer::Ok);
-  EstimateChecklist(bench.bench);
-  EXPECT_EQ(bench.desktop.boxes[0].text, "Must first select an estimate.");
-  EXPECT_EQ(bench.desktop.boxes[0].title, "Estimate Checklist");
-}
-
 TEST(EstimateChecklist, AnEstimateWithoutTicksHasNoRowsAndNothingIsLoaded) {
   ChecklistBench bench;
   LoadEstimateChecklist(bench.bench);

@@ -88,15 +88,6 @@ TEST(frmNotes, SpellingNeedsAWordProcessor) {
   EXPECT_EQ(bench.desktop.boxes[0].text, "Microsoft Word is required in order to check the spelling.");
 }
 
-TEST(EstimateNotes, NeedAnEstimate) {
-  NotesBench bench;
-  bench.board.number = 0;
-  bench.desktop.WillAnswer(Answer::Ok);
-  EstimateNotes(bench.bench);
-  EXPECT_EQ(bench.desktop.boxes[0].text, "Must first select an estimate.");
-  EXPECT_EQ(bench.desktop.boxes[0].title, "Estimate Notes");
-}
-
 TEST(frmEstNotes, ShowsARowForEachLineAndTheNumberAtTheFirst) {
   NotesBench bench;
   bench.Store(2, Note{"Second", "", "third line"});
