@@ -5,7 +5,7 @@ import threading
 
 import random
 
-from copysteps import SYSTEM_LOCKED, USED, copies, kill_within, time_of, work
+from copysteps import SYSTEM_LOCKED, USED, copies, kill_within, shop, time_of, work
 from driver import Lantos, data_option
 from inventoryfiles import make_inventory, part
 from screens import tell
