@@ -21,7 +21,8 @@ void BoardClicks::WireCalendar() {
     commands.cmdWeekView.SetFocus();
   };
   calendar.OnDateDoubleClick = [this, &commands](DaySerial day) {
-    OpenClickedDay(day);
+    if (!IsLoadedByClick(day)) LoadClicked(day);
+    OpenClickedDay();
     commands.cmdDayView.SetFocus();
   };
 }
@@ -30,7 +31,10 @@ void BoardClicks::WirePanels() {
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     ui::Frame& frame = parts_.week.frameWeek[i];
     frame.OnClick = [this, i] { PanelClick(i); };
-    frame.OnDoubleClick = [this, i] { OpenClickedDay(parts_.state.PanelDate(i)); };
+    frame.OnDoubleClick = [this, i] {
+      if (!IsLoadedByClick(parts_.state.PanelDate(i))) PanelClick(i);
+      OpenClickedDay();
+    };
     ui::ListBox& list = parts_.week.List1[i];
     list.OnClick = [this, i] { WeekListClick(i); };
     list.OnDoubleClick = [this, i] { WeekListDoubleClick(i); };
@@ -75,8 +79,11 @@ void BoardClicks::LoadClicked(DaySerial date) {
 }
 
 // The first of two clicks has loaded the day already, unless it failed.
-void BoardClicks::OpenClickedDay(DaySerial date) {
-  if (loadedByClick_ != date || parts_.state.dayOnShow != date) LoadClicked(date);
+bool BoardClicks::IsLoadedByClick(DaySerial date) const {
+  return loadedByClick_ == date && parts_.state.dayOnShow == date;
+}
+
+void BoardClicks::OpenClickedDay() {
   loadedByClick_ = kNoDay;
   rollover_.CheckDayRollover();
   board_.ShowDayView(Board::DayData::AsLoaded);

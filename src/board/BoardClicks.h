@@ -6,7 +6,8 @@
 
 namespace lantos {
 
-// What the mouse does on calendar, panels and lists, and what follows when a row of them becomes the selected one.
+// What clicks do on calendar, panels, lists and the choices above the day list, and what follows when a row becomes the
+// selected one.
 class BoardClicks {
  public:
   BoardClicks(const BoardParts& parts, Board& board, BoardMenus& menus, StatusByHand& status,
@@ -20,7 +21,8 @@ class BoardClicks {
   void WirePanels();
   void WireRightButton();
   void LoadClicked(DaySerial date);
-  void OpenClickedDay(DaySerial date);
+  bool IsLoadedByClick(DaySerial date) const;
+  void OpenClickedDay();
   void WeekListClick(std::size_t weekday);
   void WeekListDoubleClick(std::size_t weekday);
   void DayListClick();

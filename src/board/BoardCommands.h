@@ -48,6 +48,7 @@ class BoardCommands {
  public:
   BoardCommands(const BoardParts& parts, Board& board, Booking& booking, Papers& papers, StatusByHand& status,
                 const DayRollover& rollover);
+  BoardCommands(const BoardCommands&) = delete;  // the buttons hold places in the table
   const std::vector<BoardCommand>& All() const { return commands_; }
 
  private:

@@ -12,6 +12,7 @@ namespace lantos {
 struct Contents {
   explicit Contents(const Workbench& theBench, Workorders& theWorkorders)
       : bench(theBench), workorders(theWorkorders) {}
+  Contents(const Contents&) = delete;
 
   Workbench bench;
   Workorders& workorders;

@@ -66,7 +66,7 @@ class DetailPane : private EstimateOnShow {
   // What the estimate holds, and the commands on it.
   Contents contents;
 
-  // Set by whoever shows the hours: those of the selected day, or the day itself, are to be shown anew.
+  // Called when the hours of the selected day have changed; set by whoever shows them.
   std::function<void()> OnHoursChanged;
 
   // Nothing is on show then.

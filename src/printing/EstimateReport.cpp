@@ -88,7 +88,7 @@ void EstimateReport::ComposeLabor(ReportLines& lines) const {
 void EstimateReport::ComposeParts(ReportLines& lines) const {
   Recordset& rows = database_.lantosData.PartsTable(Number());
   const bool any = !rows.Eof();
-  const PartNumber number = environment_.printOptions.ShowPartNumbersOnEst ? PartNumber::Shown : PartNumber::Left;
+  const PartNumber number = environment_.printOptions.ShowPartNumbersOnEst ? PartNumber::Shown : PartNumber::Hidden;
   if (any) lines.Add("____Parts____");
   for (; !rows.Eof(); rows.MoveNext()) {
     lines.Add(PartOnPaper(rows, number), std::to_string(rows.Long("Quantity")),

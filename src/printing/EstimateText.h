@@ -13,7 +13,7 @@ namespace lantos {
 // The lines of a labor description, each as long as its field at most.
 LaborText LaborOnPaper(std::string_view description);
 // A part, with its number ahead or without.
-enum class PartNumber { Shown, Left };
+enum class PartNumber { Shown, Hidden };
 std::string PartOnPaper(const Recordset& part, PartNumber number);
 // The notes under their heading, a row for each line with text. False, and nothing added, when there are none. Closes
 // the rows.

@@ -89,7 +89,7 @@ std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
     desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
     return std::nullopt;
   }
-  if (CurrentCustomer.Get(customer::Number) == NumberOf(tag)) return CurrentCustomer;
+  if (lastRead_ && lastRead_->Get(customer::Number) == NumberOf(tag)) return lastRead_;
   OpenedFile own(environment_.openFiles);
   OpenedFile& file = reading_ != nullptr ? *reading_ : own;
   Contention contention(contention::kReadCustomer, desktop_, environment_);
@@ -98,13 +98,13 @@ std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
   };
   CustomerRecord master;
   if (!contention.Run(open) || !contention.Run([&] { ReadRecord(*file, offset, master); })) return std::nullopt;
+  lastRead_ = master;
   return master;
 }
 
 bool Customers::ReadCustomer() {
   const std::optional<CustomerRecord> master = Master(CurrentTag);
   if (!master) return false;
-  if (CurrentCustomer.Get(customer::Number) != NumberOf(CurrentTag)) lookedUp_.reset();  // it may be older
   CurrentCustomer = *master;
   return true;
 }
@@ -112,10 +112,11 @@ bool Customers::ReadCustomer() {
 bool Customers::MakeCurrent(std::int32_t number) {
   const std::size_t index = IndexAfterReload(number);
   if (index == Count()) return false;
-  const CustomerTag before = std::exchange(CurrentTag, tags_[index]);
-  if (ReadCustomer()) return true;
-  CurrentTag = before;
-  return false;
+  const std::optional<CustomerRecord> master = Master(tags_[index]);
+  if (!master) return false;
+  CurrentTag = tags_[index];
+  CurrentCustomer = *master;
+  return true;
 }
 
 std::uint64_t Customers::MasterLength() const {
@@ -124,7 +125,7 @@ std::uint64_t Customers::MasterLength() const {
 }
 
 bool Customers::WriteCustomer() {
-  lookedUp_.reset();
+  lookupCustomer_ = kNobody;
   std::size_t index = FindCustomerTag(CurrentCustomer);
   if (index == Count()) {
     // Without the tags the customer would pass for the first of all, and take the place of another one's tag.
@@ -138,6 +139,7 @@ bool Customers::WriteCustomer() {
     CurrentTag.Put(customertag::Offset, kNoLink);
   }
   MakeTagFollowCustomer();
+  lastRead_ = CurrentCustomer;
   if (isNew) {
     tags_.push_back(CurrentTag);
     numbers_.Appended(tags_);
@@ -233,11 +235,14 @@ FileLink Customers::AppendVehicle(VehicleRecord& record) {
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {
-  if (lookedUp_ && lookedUp_->Get(customer::Number) == customerNumber) return &*lookedUp_;
-  lookedUp_.reset();
+  const bool isKnown =
+      lookupCustomer_ == customerNumber && lastRead_ && lastRead_->Get(customer::Number) == customerNumber;
+  if (isKnown) return &*lastRead_;
+  lookupCustomer_ = kNobody;
   const std::size_t index = IndexAfterReload(customerNumber);
-  if (index != Count()) lookedUp_ = Master(tags_[index]);
-  return lookedUp_ ? &*lookedUp_ : nullptr;
+  if (index == Count() || !Master(tags_[index])) return nullptr;
+  lookupCustomer_ = customerNumber;
+  return &*lastRead_;
 }
 
 // Tags that were loaded for this very search aren't loaded twice.
@@ -252,7 +257,7 @@ std::size_t Customers::IndexAfterReload(std::int32_t number) {
 
 const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {
   index_.clear();
-  lookedUp_.reset();
+  ForgetMaster();
   if (!LoadCustomerTags()) return index_;
   OpenedFile masters(environment_.openFiles);
   Contention contention(contention::kReadCustomer, desktop_, environment_);

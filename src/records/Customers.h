@@ -67,10 +67,11 @@ class Customers {
   const CustomerTag& Tag(std::size_t index) const { return tags_[index]; }
   // The place of the first tag with that number; Count() when there is none.
   std::size_t IndexOf(std::int32_t number) { return numbers_.Find(tags_, number); }
-  // The master that a tag leads to. A CurrentCustomer of the same Number counts as that record and isn't read again, so
-  // whoever changes it without writing it must set it back. Nothing when the tag leads nowhere, which is told, and when
-  // the person gave up.
+  // The master that a tag leads to. The one that was read or written last, by whomever, is in memory and isn't read
+  // again. Nothing when the tag leads nowhere, which is told, and when the person gave up.
   std::optional<CustomerRecord> Master(const CustomerTag& tag);
+  // The next master is read from the file, whosever it is.
+  void ForgetMaster() { lastRead_.reset(); }
   // Whether the tag's Offset isn't one of the master file.
   bool LeadsNowhere(const CustomerTag& tag) const;
 
@@ -97,7 +98,7 @@ class Customers {
   FileLink AppendVehicle(VehicleRecord& record);
 
   // Name and phones for the board: null for a customer who isn't known. The one looked up last is remembered. An
-  // unknown one reloads the tags once. Good until the next look-up.
+  // unknown one reloads the tags once. Good until the next read of a master.
   const CustomerRecord* LookupCustomer(std::int32_t customerNumber);
 
   // Keeps the customer master open from its first read on, for as long as this lives: many look-ups in a row then cost
@@ -134,7 +135,9 @@ class Customers {
   CustomerNumbers numbers_;
   std::vector<CustomerIndexRow> index_;
   OpenedFile* reading_ = nullptr;
-  std::optional<CustomerRecord> lookedUp_;
+  static constexpr std::int32_t kNobody = -1;
+  std::optional<CustomerRecord> lastRead_;
+  std::int32_t lookupCustomer_ = kNobody;  // of the last look-up, while it was known
 };
 
 }  // namespace lantos

@@ -15,8 +15,7 @@ void KeptCustomer::ReadAgain() {
   settled_ = true;
   const std::int32_t number = record_.Get(customer::Number);
   if (customers_.FindCustomerTag(number) == customers_.Count()) return PutBack();
-  // A record of the same number would pass for the one that is wanted.
-  customers_.CurrentCustomer = {};
+  customers_.ForgetMaster();
   if (!customers_.ReadCustomer()) PutBack();
 }
 

@@ -294,13 +294,36 @@ TEST_F(CustomersTest, ACustomerJustWrittenIsSeenByTheLookUp) {
   EXPECT_EQ(LookedUpName(2), "Renamed");
 }
 
-TEST_F(CustomersTest, ACustomerReadAnewIsSeenByTheLookUp) {
+TEST_F(CustomersTest, TheCustomerReadLastIsInMemoryUntilAnotherOneIsRead) {
   PutCustomers(2);
-  LookedUpName(2);
+  ASSERT_TRUE(customers.MakeCurrent(2));
   std::string masters = BytesOf(kCustomerFile);
   Put(kCustomerFile, masters.replace(317 + 4, 5, "Other"));
+  EXPECT_EQ(LookedUpName(2), "Name2");
   ASSERT_TRUE(customers.MakeCurrent(2));
+  EXPECT_EQ(CurrentLastname(), "Name2");
+  EXPECT_EQ(LookedUpName(1), "Name1");
+  EXPECT_EQ(CurrentLastname(), "Name2") << "a look-up makes nobody current";
   EXPECT_EQ(LookedUpName(2), "Other");
+  ASSERT_TRUE(customers.MakeCurrent(2));
+  EXPECT_EQ(CurrentLastname(), "Other");
+}
+
+// What another workstation has added meanwhile must not be undone by a record that was read before it.
+TEST_F(CustomersTest, AVehicleIsChainedToTheRecordAsItLiesOnFile) {
+  PutCustomers(2);
+  Put(kVehicleFile, std::string(2 * VehicleRecord::kLength, '\0'));
+  ASSERT_TRUE(customers.MakeCurrent(2));
+  LookedUpName(1);
+  CustomerRecord theirs = customers.CurrentCustomer;
+  theirs.Put(customer::VLink, VehicleRecord::kLength);
+  std::string masters = BytesOf(kCustomerFile);
+  masters.replace(317, 317, std::string(reinterpret_cast<const char*>(theirs.Bytes().data()), 317));
+  Put(kCustomerFile, masters);
+  ASSERT_TRUE(customers.MakeCurrent(2));
+  VehicleRecord vehicle;
+  ASSERT_NE(customers.AppendVehicle(vehicle), kNoLink);
+  EXPECT_EQ(vehicle.Get(vehicle::VLink), VehicleRecord::kLength);
 }
 
 TEST_F(CustomersTest, ACustomerWhoCannotBeReadDoesNotBecomeCurrent) {
