@@ -89,7 +89,7 @@ std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
     desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
     return std::nullopt;
   }
-  if (lastRead_ && lastRead_->Get(customer::Number) == NumberOf(tag)) return lastRead_;
+  if (InMemory().Get(customer::Number) == NumberOf(tag)) return InMemory();
   OpenedFile own(environment_.openFiles);
   OpenedFile& file = reading_ != nullptr ? *reading_ : own;
   Contention contention(contention::kReadCustomer, desktop_, environment_);
@@ -98,15 +98,20 @@ std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
   };
   CustomerRecord master;
   if (!contention.Run(open) || !contention.Run([&] { ReadRecord(*file, offset, master); })) return std::nullopt;
-  lastRead_ = master;
+  lookedUp_ = master;
   return master;
 }
 
 bool Customers::ReadCustomer() {
   const std::optional<CustomerRecord> master = Master(CurrentTag);
   if (!master) return false;
-  CurrentCustomer = *master;
+  BecomeCurrent(*master);
   return true;
+}
+
+void Customers::BecomeCurrent(const CustomerRecord& master) {
+  CurrentCustomer = master;
+  lookedUp_.reset();
 }
 
 bool Customers::MakeCurrent(std::int32_t number) {
@@ -115,7 +120,7 @@ bool Customers::MakeCurrent(std::int32_t number) {
   const std::optional<CustomerRecord> master = Master(tags_[index]);
   if (!master) return false;
   CurrentTag = tags_[index];
-  CurrentCustomer = *master;
+  BecomeCurrent(*master);
   return true;
 }
 
@@ -126,6 +131,7 @@ std::uint64_t Customers::MasterLength() const {
 
 bool Customers::WriteCustomer() {
   lookupCustomer_ = kNobody;
+  lookedUp_.reset();
   std::size_t index = FindCustomerTag(CurrentCustomer);
   if (index == Count()) {
     // Without the tags the customer would pass for the first of all, and take the place of another one's tag.
@@ -139,7 +145,6 @@ bool Customers::WriteCustomer() {
     CurrentTag.Put(customertag::Offset, kNoLink);
   }
   MakeTagFollowCustomer();
-  lastRead_ = CurrentCustomer;
   if (isNew) {
     tags_.push_back(CurrentTag);
     numbers_.Appended(tags_);
@@ -235,14 +240,12 @@ FileLink Customers::AppendVehicle(VehicleRecord& record) {
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {
-  const bool isKnown =
-      lookupCustomer_ == customerNumber && lastRead_ && lastRead_->Get(customer::Number) == customerNumber;
-  if (isKnown) return &*lastRead_;
+  if (lookupCustomer_ == customerNumber && InMemory().Get(customer::Number) == customerNumber) return &InMemory();
   lookupCustomer_ = kNobody;
   const std::size_t index = IndexAfterReload(customerNumber);
   if (index == Count() || !Master(tags_[index])) return nullptr;
   lookupCustomer_ = customerNumber;
-  return &*lastRead_;
+  return &InMemory();
 }
 
 // Tags that were loaded for this very search aren't loaded twice.
@@ -257,7 +260,8 @@ std::size_t Customers::IndexAfterReload(std::int32_t number) {
 
 const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {
   index_.clear();
-  ForgetMaster();
+  lookupCustomer_ = kNobody;
+  lookedUp_.reset();
   if (!LoadCustomerTags()) return index_;
   OpenedFile masters(environment_.openFiles);
   Contention contention(contention::kReadCustomer, desktop_, environment_);

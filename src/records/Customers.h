@@ -67,11 +67,10 @@ class Customers {
   const CustomerTag& Tag(std::size_t index) const { return tags_[index]; }
   // The place of the first tag with that number; Count() when there is none.
   std::size_t IndexOf(std::int32_t number) { return numbers_.Find(tags_, number); }
-  // The master that a tag leads to. The one that was read or written last, by whomever, is in memory and isn't read
-  // again. Nothing when the tag leads nowhere, which is told, and when the person gave up.
+  // The master that a tag leads to. One is in memory and isn't read again: CurrentCustomer, until another one is looked
+  // up; from then on that one. So a current customer of an hour ago is never taken for the record on file. Nothing when
+  // the tag leads nowhere, which is told, and when the person gave up.
   std::optional<CustomerRecord> Master(const CustomerTag& tag);
-  // The next master is read from the file, whosever it is.
-  void ForgetMaster() { lastRead_.reset(); }
   // Whether the tag's Offset isn't one of the master file.
   bool LeadsNowhere(const CustomerTag& tag) const;
 
@@ -123,6 +122,8 @@ class Customers {
   void FillTags(const SharedFile& file);
   void MakeTagFollowCustomer();
   bool WriteTagAndMaster(std::size_t index);
+  const CustomerRecord& InMemory() const { return lookedUp_ ? *lookedUp_ : CurrentCustomer; }
+  void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
   std::uint64_t MasterLength() const;
   void LoadIndex(const SharedFile& masters);
@@ -136,8 +137,8 @@ class Customers {
   std::vector<CustomerIndexRow> index_;
   OpenedFile* reading_ = nullptr;
   static constexpr std::int32_t kNobody = -1;
-  std::optional<CustomerRecord> lastRead_;
-  std::int32_t lookupCustomer_ = kNobody;  // of the last look-up, while it was known
+  std::optional<CustomerRecord> lookedUp_;  // since CurrentCustomer was set
+  std::int32_t lookupCustomer_ = kNobody;   // of the last look-up, while it was known
 };
 
 }  // namespace lantos

@@ -15,7 +15,8 @@ void KeptCustomer::ReadAgain() {
   settled_ = true;
   const std::int32_t number = record_.Get(customer::Number);
   if (customers_.FindCustomerTag(number) == customers_.Count()) return PutBack();
-  customers_.ForgetMaster();
+  // A record of the same number would pass for the one that is wanted.
+  customers_.CurrentCustomer = {};
   if (!customers_.ReadCustomer()) PutBack();
 }
 

@@ -266,15 +266,6 @@ TEST_F(CustomersTest, AnUnknownNumberReloadsTheTagsOnceAndIsThenUnknown) {
   EXPECT_EQ(customers.Count(), 4U);
 }
 
-TEST_F(CustomersTest, AnUnknownNumberForgetsTheCustomerLastRead) {
-  PutCustomers(2);
-  LookedUpName(2);
-  EXPECT_EQ(customers.LookupCustomer(77), nullptr);
-  std::string masters = BytesOf(kCustomerFile);
-  Put(kCustomerFile, masters.replace(317 + 4, 5, "Other"));
-  EXPECT_EQ(LookedUpName(2), "Other");
-}
-
 TEST_F(CustomersTest, AnotherCustomerReadInBetweenIsNotTakenForTheRememberedOne) {
   PutCustomers(3);
   LookedUpName(2);
