@@ -16,6 +16,7 @@
 #include <QTableView>
 #include <map>
 #include <set>
+#include <type_traits>
 
 #include "ui/qt/FormFile.h"
 
@@ -25,7 +26,11 @@ namespace {
 
 template <class Widget>
 bool IsA(const QWidget& widget) {
-  return dynamic_cast<const Widget*>(&widget) != nullptr;
+  if constexpr (std::is_same_v<Widget, QWidget>) {
+    return true;
+  } else {
+    return dynamic_cast<const Widget*>(&widget) != nullptr;
+  }
 }
 
 struct Pairing {
