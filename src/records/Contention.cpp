@@ -6,9 +6,9 @@ namespace {
 
 constexpr std::int64_t kWaitWithoutWord = 1000;  // milliseconds
 
-void Replace(std::string& text, std::string_view placeholder, std::string_view value) {
-  const std::size_t place = text.find(placeholder);
-  if (place != std::string::npos) text.replace(place, placeholder.size(), value);
+void Replace(std::string& text, std::string_view mark, std::string_view value) {
+  const std::size_t place = text.find(mark);
+  if (place != std::string::npos) text.replace(place, mark.size(), value);
 }
 
 }  // namespace
