@@ -91,8 +91,6 @@ void BoardClicks::OpenClickedDay() {
 
 void BoardClicks::PanelClick(std::size_t weekday) {
   const DaySerial date = parts_.state.PanelDate(weekday);
-  parts_.state.selectedDay = weekday;
-  parts_.calendar.SetValue(date);
   LoadClicked(date);
   parts_.state.lastSelectedDate = date;
 }
@@ -126,7 +124,6 @@ void BoardClicks::DayListClick() {
 void BoardClicks::WeekListRightClick(std::size_t weekday) {
   const std::optional<std::int32_t> estimate = parts_.week.SelectedEstimate(weekday);
   if (!estimate) return menus_.PopupRefresh();
-  parts_.state.selectedDay = weekday;
   status_.PopupOf(*estimate);
 }
 

@@ -66,7 +66,7 @@ class DetailPane : private EstimateOnShow {
   // What the estimate holds, and the commands on it.
   Contents contents;
 
-  // Called when the hours of the selected day have changed; set by whoever shows them.
+  // Called when the hours of the current estimate's day have changed; set by whoever shows them.
   std::function<void()> OnHoursChanged;
 
   // Nothing is on show then.
@@ -78,6 +78,8 @@ class DetailPane : private EstimateOnShow {
   // An empty word is found out from the current estimate, which may become a No-show in memory.
   void RefreshDetailCaption(const std::string& word);
   void ShowCustomer(const CustomerRecord& record);
+  // The customer of the estimate on show as the files have it, and the totals, whose taxes go by the customer.
+  void ReadCustomerAgain();
   void ShowVehicle();
   void RefreshTotals() override;
   void ShowNotesMark();
@@ -94,6 +96,7 @@ class DetailPane : private EstimateOnShow {
 
  private:
   void ArrangeBoxes();
+  void ShowCustomerOnFile();
   ui::ListBox& LaborList() override { return listLabor; }
   ui::ListBox& PartList() override { return listParts; }
   void AddScheduledHours(Hundredths hours) override;

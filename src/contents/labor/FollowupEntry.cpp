@@ -51,10 +51,13 @@ bool FollowupEntry::CheckOf(const ui::TextBox& field) {
   return good;
 }
 
-// The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
+// The days of a followup count from here. A run that has neither booked nor converted anything has no work order yet;
+// the estimate's own day is then the one that a booking would have put there.
 DaySerial FollowupEntry::BaseDate() const {
-  if (!bench_.shop.environment.shopOptions.LaborDateOption)
-    return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
+  if (!bench_.shop.environment.shopOptions.LaborDateOption) {
+    const FileDate opened = bench_.workorder.Totals.Get(wototals::DateOpen);
+    return opened != 0 ? FromFileDate(opened) : bench_.database.estimates.CurrentEstimate.SchedDate;
+  }
   return ParseDate(line_.Date).value_or(bench_.shop.environment.Today());
 }
 
