@@ -23,7 +23,7 @@ class DayPane {
   ui::Frame frameDay{form_, "frameDay"};
   ui::ListBox List2{form_, "List2"};
   ui::Label lblDayComments{form_, "lblDayComments"};
-  ui::CheckBox cbShowLabor{form_, "cbShowLabor", "S&how Labor"};
+  ui::CheckBox cbShowLabor{form_, "cbShowLabor", "Incl&ude Labor"};
   ui::ControlArray<ui::OptionButton, 4> optDaySortBy{form_, "optDaySortBy"};
   ui::Button cmdPrintDay{form_, "cmdPrintDay", "Print Day"};
 
