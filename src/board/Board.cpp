@@ -141,6 +141,13 @@ void Board::ShowDetailView() {
   parts_.detail.ShowEstimateDetail();
 }
 
+void Board::GoOnWithTheDay() {
+  const auto weekday = parts_.state.PanelOf(Current().SchedDate);
+  if (parts_.day.frameDayView.Visible()) return parts_.day.List2.SetFocus();
+  if (parts_.week.frameWeekView.Visible() && weekday) return parts_.week.List1[*weekday].SetFocus();
+  parts_.commands.cmdDayView.SetFocus();
+}
+
 void Board::SelectDay(std::size_t weekday) {
   BoardState& state = parts_.state;
   const DaySerial date = state.PanelDate(weekday);

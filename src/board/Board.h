@@ -50,6 +50,9 @@ class Board {
   void ShowDayView(DayData data);
   void ShowDetailView();
 
+  // The focus to the list that the current estimate stands in, or from the detail view to the way back to the day.
+  void GoOnWithTheDay();
+
   // Makes a panel's day the one of calendar and day view, with nothing loaded anew.
   void SelectDay(std::size_t weekday);
   // Loads an estimate into CurrentEstimate. What is typed into the comments of another one is kept first.

@@ -43,7 +43,7 @@ void BoardClicks::WirePanels() {
   day.List2.OnClick = [this] { DayListClick(); };
   day.List2.OnDoubleClick = [this] {
     DayListClick();
-    parts_.commands.cmdDetailView.OnClick();
+    OpenDetail();
   };
   day.cbShowLabor.OnClick = [this] { parts_.commands.cmdDayView.OnClick(); };
   for (ui::OptionButton& option : day.optDaySortBy) {
@@ -106,7 +106,13 @@ void BoardClicks::WeekListClick(std::size_t weekday) {
 void BoardClicks::WeekListDoubleClick(std::size_t weekday) {
   board_.ShowDayHeader(weekday);
   WeekListClick(weekday);
+  OpenDetail();
+}
+
+// The list that had the focus is hidden now.
+void BoardClicks::OpenDetail() {
   parts_.commands.cmdDetailView.OnClick();
+  parts_.detail.listLabor.SetFocus();
 }
 
 void BoardClicks::DayListClick() {

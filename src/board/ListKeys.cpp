@@ -12,10 +12,21 @@ void StepToEstimate(ui::ListBox& list, int step) {
   if (row >= 0 && row < list.ListCount()) list.SetListIndex(row);
 }
 
+void OpenOn(ui::KeyPress& key, ui::ListBox& list) {
+  if (!key.Is("Enter") || list.ListIndex() < 0) return;
+  key.Clear();
+  list.OnDoubleClick();
+}
+
 }  // namespace
+
+void OpenByEnter(ui::ListBox& list) {
+  list.OnKeyDown = [&list](ui::KeyPress& key) { OpenOn(key, list); };
+}
 
 void WalkByEstimates(ui::ListBox& list) {
   list.OnKeyDown = [&list](ui::KeyPress& key) {
+    OpenOn(key, list);
     const int step = key.Is("Down") ? 1 : key.Is("Up") ? -1 : 0;
     if (step == 0) return;
     key.Clear();

@@ -63,6 +63,7 @@ void StatusByHand::Reschedule() {
   }
   board_.LoadWeek(date);
   parts_.commands.cmdDayView.OnClick();
+  board_.GoOnWithTheDay();
 }
 
 }  // namespace lantos

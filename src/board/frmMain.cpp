@@ -34,6 +34,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
   SetResizable(true);
   detail.OnHoursChanged = [this] { board_.ShowHoursOfCurrent(); };
   WalkByEstimates(day.List2);
+  for (ui::ListBox& list : week.List1) OpenByEnter(list);
   ServeByKeys(detail.listLabor, {detail.cmdLaborAdd, detail.cmdLaborChange, detail.cmdLaborRemove});
   ServeByKeys(detail.listParts, {detail.cmdPartAdd, detail.cmdPartChange, detail.cmdPartRemove});
   menus_.Build(boardCommands_.All(), {.refreshTotals = [this] { detail.RefreshTotals(); },

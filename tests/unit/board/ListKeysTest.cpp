@@ -55,6 +55,45 @@ TEST(DayList, TheFirstKeyTakesTheFirstEstimateAndAnEmptyDayNone) {
   EXPECT_EQ(bench.list.ListIndex(), -1);
 }
 
+TEST(DayList, EnterOpensTheEstimateAndTheHandGoesOnInItsLabor) {
+  DayListKeys bench;
+  bench.Press("Enter");
+  EXPECT_TRUE(bench.board.day.frameDayView.Visible()) << "nothing is selected";
+  bench.Press("Down");
+  bench.Press("Enter");
+  EXPECT_TRUE(bench.board.detail.frameDetailView.Visible());
+  EXPECT_EQ(bench.board.Focus(), &bench.board.detail.listLabor);
+}
+
+TEST(WeekList, EnterOpensTheEstimate) {
+  DayListKeys bench;
+  test::Click(bench.board.commands.cmdWeekView);
+  bench.board.MoveFocus(&bench.board.week.List1[DayListKeys::kTuesday]);
+  bench.Press("Down");
+  bench.Press("Enter");
+  EXPECT_EQ(bench.board.detail.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Arrived");
+  EXPECT_EQ(bench.board.Focus(), &bench.board.detail.listLabor);
+}
+
+// Where the hand goes on.
+
+TEST(Focus, AfterAMoveToAnotherDayIsInThatDaysList) {
+  DayListKeys bench;
+  bench.Press("Down");
+  bench.desktop.WillUse([](ui::Form& form) { form.PressKey(ui::ParseKey("F10")); });
+  test::Click(bench.board.commands.cmdReschedule);
+  EXPECT_EQ(bench.board.Focus(), &bench.list);
+}
+
+TEST(Focus, AfterAPaperIsWhereItWas) {
+  DayListKeys bench;
+  bench.directory.Put("disclaim.txt", "Paid in full.\r\n");
+  bench.Press("Down");
+  bench.desktop.WillAnswer(Answer::Yes);
+  bench.board.FindMenu("mnuPrintEstimate")->DoClick();
+  EXPECT_EQ(bench.board.Focus(), &bench.list);
+}
+
 TEST(LaborAndParts, InsertAddsEnterChangesAndDeleteRemoves) {
   Keys bench;
   bench.Fill(900, 7);
