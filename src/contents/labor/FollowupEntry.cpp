@@ -51,16 +51,17 @@ bool FollowupEntry::CheckOf(const ui::TextBox& field) {
   return good;
 }
 
-// The days of a followup count from here: 0, the first day of all, until an estimate has become a work order.
+// The days of a followup count from here. Before any booking or conversion there is no work order, and the line's own
+// day serves.
 DaySerial FollowupEntry::BaseDate() const {
-  if (!bench_.shop.environment.shopOptions.LaborDateOption)
-    return FromFileDate(bench_.workorder.Totals.Get(wototals::DateOpen));
+  const FileDate opened = bench_.workorder.Totals.Get(wototals::DateOpen);
+  if (!bench_.shop.environment.shopOptions.LaborDateOption && opened != 0) return FromFileDate(opened);
   return ParseDate(line_.Date).value_or(bench_.shop.environment.Today());
 }
 
 void FollowupEntry::Store(WoLaborLine& line) const {
   line.FollowupMiles = RoundHalfEven(Val(miles_.Text()));
-  line.FollowupDays = RoundHalfEven(Val(days_.Text()));
+  line.FollowupDays = IsNumeric(days_.Text()) ? RoundHalfEven(ToNumber(days_.Text())) : 0;
   const bool isDue = Val(miles_.Text()) > 0 || Val(days_.Text()) > 0;
   const auto date = ParseDate(date_.Text(), FromSerial(bench_.shop.environment.Today()).year);
   line.FollowupDate = isDue && date ? ToFileDate(*date) : 0;
