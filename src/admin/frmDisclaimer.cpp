@@ -23,15 +23,13 @@ frmDisclaimer::frmDisclaimer(Shop& shop)
   txtDisclaimer.SetMultiLine(true);
   txtDisclaimer.SetFace(ui::FontFace::FixedPitch);
   txtDisclaimer.SetToolTip("Will print as shown.");
-  txtDisclaimer.OnChange = [this] {
-    if (!showing_) SetChanged(true);
-  };
   UseButtons(cmdSave, cmdCancel);
   cmdReset.OnClick = [this] { ReadText(); };
   cmdReset.SetCausesValidation(false);
   cmdSave.SetToolTip("Save <F10>");
   cmdReset.SetToolTip("Reset <F2>");
   cmdCancel.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(cmdCancel, txtDisclaimer);
 }
 
 void frmDisclaimer::OnLoad() {
@@ -44,15 +42,8 @@ void frmDisclaimer::ReadText() {
   const bool any = own || shop_.environment.files.FileExists(kWorkorderDisclaimer);
   const std::string text =
       any ? ReadStatement(shop_.environment, own ? kEstimateDisclaimer : kWorkorderDisclaimer) : std::string();
-  showing_ = true;
   txtDisclaimer.SetText(text);
-  showing_ = false;
-  SetChanged(false);
-}
-
-void frmDisclaimer::SetChanged(bool changed) {
-  changed_ = changed;
-  cmdCancel.SetCaption(changed ? "Cancel" : "Close");
+  MarkUnchanged();
 }
 
 void frmDisclaimer::OnKeyDown(ui::KeyPress& key) {
@@ -62,20 +53,10 @@ void frmDisclaimer::OnKeyDown(ui::KeyPress& key) {
   ReadText();
 }
 
-void frmDisclaimer::OnQueryClose(bool& refuse) {
-  Cancel();
-  refuse = Visible();
-}
-
 // The screen stays, with nothing left to save.
 void frmDisclaimer::Accept() {
   WriteStatement(shop_.environment, kEstimateDisclaimer, WithLineEnds(txtDisclaimer.Text()));
-  SetChanged(false);
-}
-
-void frmDisclaimer::Cancel() {
-  if (changed_ && shop_.desktop.Ask("Discard changes?", Caption(), ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  Hide();
+  MarkUnchanged();
 }
 
 }  // namespace lantos

@@ -22,15 +22,10 @@ class frmDisclaimer : public SizedForm {
   void OnLoad() override;
   void OnActivate() override { txtDisclaimer.SetFocus(); }
   void OnKeyDown(ui::KeyPress& key) override;
-  void OnQueryClose(bool& refuse) override;
   void Accept() override;
-  void Cancel() override;
   void ReadText();
-  void SetChanged(bool changed);
 
   Shop& shop_;
-  bool showing_ = false;
-  bool changed_ = false;
 };
 
 }  // namespace lantos

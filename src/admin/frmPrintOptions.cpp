@@ -44,10 +44,16 @@ const frmPrintOptions::Number frmPrintOptions::kNumbers[] = {
 frmPrintOptions::frmPrintOptions(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmPrintOptions", "Print Options"), shop_(shop) {
   SetDesignedSize(6300, 6150);
-  for (const Number& number : kNumbers) (this->*number.box).SetMaxLength(5);
+  for (const Number& number : kNumbers) {
+    (this->*number.box).SetMaxLength(5);
+    numbers_.Add(this->*number.box, std::string(number.meaning), NumberFields::Read::Whole);
+  }
   cmdSave.SetToolTip("Save <F10>");
   cmdCancel.SetToolTip("Cancel <Esc>");
   UseButtons(cmdSave, cmdCancel);
+  AskBeforeLosing(cmdCancel, optCustW, optCommW, optNoteW, optVehW, optDisclosure, optPreviewWS, optPreviewEst,
+                  optShowDialog, optPartOnEst, txtVehSummaryYears, txtVehSummaryLaborLines, txtLaborLines,
+                  txtPartLines);
 }
 
 void frmPrintOptions::OnLoad() {
@@ -55,6 +61,7 @@ void frmPrintOptions::OnLoad() {
   const PrintOptions& options = shop_.environment.printOptions;
   for (const Switch& item : kSwitches) (this->*item.box).SetValue(options.*item.option);
   for (const Number& number : kNumbers) (this->*number.box).SetText(std::to_string(options.*number.option));
+  MarkUnchanged();
 }
 
 void frmPrintOptions::Accept() {

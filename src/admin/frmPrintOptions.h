@@ -1,5 +1,6 @@
 #pragma once
 
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
 
@@ -46,6 +47,7 @@ class frmPrintOptions : public SizedForm {
   bool Take(const Number& number, PrintOptions& options);
 
   Shop& shop_;
+  NumberFields numbers_{*this};
 };
 
 }  // namespace lantos

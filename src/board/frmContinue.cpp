@@ -17,6 +17,7 @@ frmContinue::frmContinue(Shop& shop) : OkCancelForm(shop.desktop, shop.keys, "fr
   OKButton.SetToolTip("Go on with the rest on the next business day <F10>");
   CancelButton.SetToolTip("Leave the estimate as it is <Esc>");
   UseButtons(OKButton, CancelButton);
+  numbers_.Add(txtHours, "Hours", NumberFields::Read::Whole);
 }
 
 void frmContinue::SetDate(DaySerial date) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
 
@@ -30,6 +31,7 @@ class frmContinue : public OkCancelForm {
   bool CheckHours();
 
   Shop& shop_;
+  NumberFields numbers_{*this};
 };
 
 }  // namespace lantos

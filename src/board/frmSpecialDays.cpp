@@ -60,6 +60,8 @@ frmSpecialDays::frmSpecialDays(Shop& shop, de& database)
   List1.OnClick = [this] { EditLine(); };
   Check1.OnClick = [this] { LoadList(); };
   cmdDelete.OnClick = [this] { Delete(); };
+  numbers_.Add(txtHours, "Hours", NumberFields::Read::Whole);
+  AskBeforeLosing(cmdCancel, DTPicker1, txtHours, txtComments);
 }
 
 void frmSpecialDays::OnLoad() {
@@ -67,6 +69,7 @@ void frmSpecialDays::OnLoad() {
   DTPicker1.SetValue(shop_.environment.Today());
   datePicked_ = false;
   LoadList();
+  MarkUnchanged();
 }
 
 void frmSpecialDays::LoadList() {
@@ -89,6 +92,7 @@ void frmSpecialDays::EditLine() {
   txtHours.SetText(parts.hours);
   txtComments.SetText(parts.description);
   datePicked_ = false;
+  MarkUnchanged();
 }
 
 void frmSpecialDays::DateLeft() {
@@ -117,10 +121,11 @@ void frmSpecialDays::Accept() {
     txtHours.SetFocus();
     return;
   }
-  const std::int32_t hours = ToLongOrZero(txtHours.Text());
+  const std::int32_t hours = WholeOrOverflow(ToNumber(txtHours.Text()));
   database_.SaveSpecialDay(date, hours, description);
   RemoveLine(date);
   AddLine(date, LineOf(date, hours, description));
+  MarkUnchanged();
 }
 
 void frmSpecialDays::Delete() {
@@ -128,6 +133,7 @@ void frmSpecialDays::Delete() {
   if (date == 0) return;
   database_.DeleteSpecialDay(date);
   RemoveLine(date);
+  MarkUnchanged();
 }
 
 void frmSpecialDays::AddLine(DaySerial date, const std::string& line) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "estimatedb/de.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
 
@@ -36,6 +37,7 @@ class frmSpecialDays : public SizedForm {
 
   Shop& shop_;
   de& database_;
+  NumberFields numbers_{*this};
   bool datePicked_ = false;  // by the person, and not yet looked up
 };
 

@@ -37,18 +37,26 @@ frmStdHours::frmStdHours(Shop& shop, de& database)
   cmdOK.SetToolTip("Select highlighted part <F10>");
   cmdCancel.SetToolTip("Close <Esc>");
   UseButtons(cmdOK, cmdCancel);
+  for (std::size_t i = 0; i < kCaptions.size(); ++i) numbers_.Add(txtHours[i], kCaptions[i], NumberFields::Read::Whole);
+  AskBeforeLosing(cmdCancel, txtHours);
 }
 
 void frmStdHours::OnLoad() {
   Recordset& row = database_.GetStdHours();
   for (std::size_t i = 0; i < kColumns.size(); ++i) txtHours[i].SetText(FormatFixed(row.Number(kColumns[i]), 0));
   row.Close();
+  MarkUnchanged();
 }
 
+// All are read before any is written: one that doesn't fit leaves them as they were. What is no number, red as long as
+// it stands there, is 0.
 void frmStdHours::Accept() {
+  const auto whole = [](const ui::TextBox& box) {
+    return IsNumeric(box.Text()) ? WholeOrOverflow(ToNumber(box.Text())) : 0;
+  };
   std::array<std::int32_t, kFudgeFactor> hours{};
-  for (std::size_t i = 0; i < hours.size(); ++i) hours[i] = ToLongOrZero(txtHours[i].Text());
-  database_.UpdateStdHours(hours, ToLongOrZero(txtHours[kFudgeFactor].Text()));
+  for (std::size_t i = 0; i < hours.size(); ++i) hours[i] = whole(txtHours[i]);
+  database_.UpdateStdHours(hours, whole(txtHours[kFudgeFactor]));
   Hide();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "estimatedb/de.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
 
@@ -24,6 +25,7 @@ class frmStdHours : public OkCancelForm {
   void Accept() override;
 
   de& database_;
+  NumberFields numbers_{*this};
 };
 
 }  // namespace lantos

@@ -13,7 +13,9 @@ std::int32_t Sum(std::int32_t a, std::int32_t b) { return LongOrOverflow(static_
 double HundredfoldOf(const ui::TextBox& box) { return Val(fmt::format("{:.15g}", Val(box.Text()) * 100)); }
 
 void AtLeastOne(ui::TextBox& quantity) {
-  if (WholeOrOverflow(Val(quantity.Text())) == 0) quantity.SetText("1");
+  const bool isEmpty = TrimView(quantity.Text()).empty();
+  const bool isNothing = IsNumeric(quantity.Text()) && WholeOrOverflow(Val(quantity.Text())) == 0;
+  if (isEmpty || isNothing) quantity.SetText("1");
 }
 
 void EnterMovesThrough(std::initializer_list<ui::Control*> fields) {

@@ -16,11 +16,8 @@ std::int32_t Sum(std::int32_t a, std::int32_t b);
 double HundredfoldOf(const ui::TextBox& box);
 // "12.5" in a field is 1250, to the nearest.
 inline Cents CentsIn(const ui::TextBox& box) { return WholeOrOverflow(HundredfoldOf(box)); }
-// A quantity that was left empty, or comes to nothing, is 1.
+// A quantity that was left empty, or comes to nothing, is 1; what is no number stays.
 void AtLeastOne(ui::TextBox& quantity);
-
-// Leaving the field brings it into the form "0.00".
-inline void FormatAmount(ui::TextBox& box) { box.SetText(FormatFixed(Val(box.Text()), 2)); }
 
 // Enter goes on to the next of these that can be used.
 void EnterMovesThrough(std::initializer_list<ui::Control*> fields);

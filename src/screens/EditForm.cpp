@@ -29,6 +29,7 @@ void EditForm::SetEditButtons(ui::Button& save, ui::Button& reset, ui::Button& c
   reset.SetCausesValidation(false);
   SetDefaultButton(save);
   SetCancelButton(cancel);
+  changes_.TurnCaptionOf(cancel);
 }
 
 void EditForm::Watch(ui::TextBox& box) {
@@ -82,17 +83,6 @@ FileDate EditForm::DateIn(const ui::TextBox& box, FileDate inRecord) const {
   return ParseDateText(box.Text()).value_or(inRecord);
 }
 
-void EditForm::MarkChanged() {
-  if (quiet_ > 0 || changed_) return;
-  changed_ = true;
-  cancel_->SetCaption("Cancel");
-}
-
-void EditForm::MarkUnchanged() {
-  changed_ = false;
-  cancel_->SetCaption("Close");
-}
-
 void EditForm::Reset() {
   {
     const Quiet quiet(*this);
@@ -102,10 +92,7 @@ void EditForm::Reset() {
 }
 
 void EditForm::Cancel() {
-  if (changed_ &&
-      shop_.desktop.Ask("Discard changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) {
-    return;
-  }
+  if (!changes_.MayBeDropped()) return;
   MarkUnchanged();
   Hide();
 }

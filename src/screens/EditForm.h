@@ -7,14 +7,15 @@
 #include <vector>
 
 #include "records/Record.h"
+#include "screens/NumberFields.h"
+#include "screens/UnsavedChanges.h"
 #include "shop/Shop.h"
 #include "ui/Form.h"
 
 namespace lantos {
 
-// A screen that edits one record: Save, Reset, Cancel with their keys, a cancel button that reads "Close" until
-// something changes, the question before changes are dropped, and text boxes bound to fields of the record. A box
-// whose text wasn't changed leaves the record's bytes alone.
+// A screen that edits one record: Save, Reset, Cancel with their keys, the question before changes are dropped, and
+// text boxes bound to fields of the record. A box whose text wasn't changed leaves the record's bytes alone.
 class EditForm : public ui::Form {
  public:
   // Whether the screen was left with a record to be kept.
@@ -59,9 +60,9 @@ class EditForm : public ui::Form {
   // The date in the box, or the one in the record as it stands when the box still shows it.
   FileDate DateIn(const ui::TextBox& box, FileDate inRecord) const;
 
-  bool Changed() const { return changed_; }
-  void MarkChanged();
-  void MarkUnchanged();
+  bool Changed() const { return changes_.Any(); }
+  void MarkChanged() { changes_.Mark(); }
+  void MarkUnchanged() { changes_.Forget(); }
   void MarkSaved(bool saved) { saved_ = saved; }
   void Reset();
   void Cancel();
@@ -72,17 +73,13 @@ class EditForm : public ui::Form {
   void OnQueryClose(bool& refuse) override;
 
   // While it lives, texts put into controls aren't changes of the person.
-  class Quiet {
+  class Quiet : UnsavedChanges::Quiet {
    public:
-    explicit Quiet(EditForm& form) : form_(form) { ++form_.quiet_; }
-    ~Quiet() { --form_.quiet_; }
-    Quiet(const Quiet&) = delete;
-
-   private:
-    EditForm& form_;
+    explicit Quiet(EditForm& form) : UnsavedChanges::Quiet(form.changes_) {}
   };
 
   Shop& shop_;
+  NumberFields numbers_{*this};
 
  private:
   struct BoundText {
@@ -97,8 +94,7 @@ class EditForm : public ui::Form {
   ui::Button* save_ = nullptr;
   ui::Button* reset_ = nullptr;
   ui::Button* cancel_ = nullptr;
-  int quiet_ = 0;
-  bool changed_ = false;
+  UnsavedChanges changes_{*this};
   bool saved_ = false;
 };
 

@@ -9,6 +9,22 @@ namespace {
 constexpr std::size_t kNameWidth = 31;
 constexpr const char* kTitle = "Load Employee List";
 
+std::string LineOf(std::string_view name, std::int32_t number) {
+  return LeftJustify(name, kNameWidth) + FormatZeros(number, 6);
+}
+
+// Nobody is told: who filled the list has been.
+std::string NameOf(Shop& shop, std::int32_t number) {
+  try {
+    for (const EmployeeName& employee : shop.records.employees.LoadEmployeeList()) {
+      if (employee.Number == number) return employee.Name;
+    }
+  } catch (const FileError& error) {
+    shop.environment.log.Write(error.what());
+  }
+  return "(not listed)";
+}
+
 }  // namespace
 
 bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice& choice) {
@@ -25,11 +41,18 @@ bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice
   bool any = choice.withNone;
   for (const EmployeeName& employee : employees) {
     if (choice.activeOnly && !employee.IsActive()) continue;
-    list.AddItem(LeftJustify(employee.Name, kNameWidth) + FormatZeros(employee.Number, 6), employee.Number);
+    list.AddItem(LineOf(employee.Name, employee.Number), employee.Number);
     any = true;
   }
   if (!any) shop.desktop.Tell("There are no employees!", kTitle);
   return any;
+}
+
+int RowOfEmployee(Shop& shop, ui::RowControl& list, std::int32_t number) {
+  for (int row = 0; row < list.ListCount(); ++row) {
+    if (EmployeeNumberOf(list.List(row)) == number) return row;
+  }
+  return list.AddItem(LineOf(NameOf(shop, number), number), number);
 }
 
 std::string EmployeeNameOf(std::string_view line) {

@@ -20,6 +20,10 @@ struct EmployeeListChoice {
 // no list could be built, which has been shown: the file can't be read, or nobody is left to be listed.
 bool FillEmployeeList(Shop& shop, ui::RowControl& list, const EmployeeListChoice& choice);
 
+// The row of an employee who isn't nobody. One who isn't listed, having left or since no list could be read, gets a
+// row at the end, so that a screen doesn't lose who was chosen before.
+int RowOfEmployee(Shop& shop, ui::RowControl& list, std::int32_t number);
+
 // The name of a line, empty for " None".
 std::string EmployeeNameOf(std::string_view line);
 // The number of a line, 0 for " None".

@@ -6,7 +6,7 @@ namespace lantos {
 
 void OkCancelForm::UseButtons(ui::Button& accept, ui::Button& cancel) {
   accept.OnClick = [this] { Accept(); };
-  cancel.OnClick = [this] { Cancel(); };
+  cancel.OnClick = [this] { Leave(); };
   // A person who leaves isn't held by a field that doesn't validate.
   cancel.SetCausesValidation(false);
   SetDefaultButton(accept);
@@ -20,11 +20,18 @@ void OkCancelForm::OnKeyDown(ui::KeyPress& key) {
     Accept();
   } else if (key.Is("Esc")) {
     key.Clear();
-    Cancel();
+    Leave();
   }
 }
 
-void OkCancelForm::OnQueryClose(bool& /*refuse*/) { Cancel(); }
+void OkCancelForm::OnQueryClose(bool& refuse) {
+  Leave();
+  refuse = Visible();
+}
+
+void OkCancelForm::Leave() {
+  if (changes_.MayBeDropped()) Cancel();
+}
 
 SizedForm::SizedForm(ui::Desktop& desktop, ui::GlobalKeys& keys, UserSettings& settings, std::string name,
                      std::string caption)

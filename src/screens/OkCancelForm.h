@@ -3,13 +3,15 @@
 #include <string>
 
 #include "frame/UserSettings.h"
+#include "screens/UnsavedChanges.h"
 #include "ui/Form.h"
 #include "ui/GlobalKeys.h"
 
 namespace lantos {
 
 // The keyboard rule of every modal form: the keys of all screens first, then F10 is its OK or Save button and Esc its
-// Cancel button. The window's close box is Cancel too.
+// Cancel button. The window's close box is Cancel too. A screen that has something to lose says what the person can
+// change, and is asked about on all three ways out.
 class OkCancelForm : public ui::Form {
  protected:
   OkCancelForm(ui::Desktop& desktop, ui::GlobalKeys& keys, std::string name, std::string caption)
@@ -18,13 +20,27 @@ class OkCancelForm : public ui::Form {
   // Wires both buttons; Enter presses the accepting one.
   void UseButtons(ui::Button& accept, ui::Button& cancel);
   virtual void Accept() = 0;
-  virtual void Cancel() { Hide(); }
+  virtual void Cancel() { Hide(); }  // the person may leave
+
+  // Behind UseButtons, at the end of the constructor; whoever fills the fields says MarkUnchanged at the end.
+  template <class... Fields>
+  void AskBeforeLosing(ui::Button& cancel, Fields&... fields) {
+    changes_.TurnCaptionOf(cancel);
+    changes_.Watch(fields...);
+  }
+  void AskInsteadOfDropping(UnsavedChanges::Question question) { changes_.Ask(std::move(question)); }
+  bool Changed() const { return changes_.Any(); }
+  void MarkChanged() { changes_.Mark(); }
+  void MarkUnchanged() { changes_.Forget(); }
 
   void OnKeyDown(ui::KeyPress& key) override;
   void OnQueryClose(bool& refuse) override;
 
  private:
+  void Leave();
+
   ui::GlobalKeys& keys_;
+  UnsavedChanges changes_{*this};
 };
 
 // The same with a size that is kept from one use to the next.

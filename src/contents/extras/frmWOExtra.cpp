@@ -19,7 +19,6 @@ Cents WholeCents(const ui::TextBox& box) { return WholeOrOverflow(std::floor(Hun
 frmWOExtra::frmWOExtra(Shop& shop, const std::string& caption, const ExtraLine& line, const std::string& defaultTaxable)
     : OkCancelForm(shop.desktop, shop.keys, "frmWOExtra", caption),
       CurrentExtra(line),
-      shop_(shop),
       defaultTaxable_(defaultTaxable) {
   SetSize(kWidth, kHeight);
   Taxable.AddItem("Yes");
@@ -34,26 +33,20 @@ frmWOExtra::frmWOExtra(Shop& shop, const std::string& caption, const ExtraLine& 
   cmdSave.SetToolTip("Save <F10>");
   cmdReset.SetToolTip("Reset <F2>");
   cmdCancel.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(cmdCancel, Vendor, VendorInvoice, Cost, Price, Taxable, Desc);
+  AskInsteadOfDropping({.text = "Discard Changes?"});
 }
 
 void frmWOExtra::WireFields() {
   Vendor.SetMaxLength(31);
   VendorInvoice.SetMaxLength(10);
-  for (ui::TextBox* box : {&Vendor, &VendorInvoice, &Cost, &Price}) box->OnChange = [this] { MarkChanged(); };
-  for (ui::TextBox& box : Desc) {
-    box.SetMaxLength(64);
-    box.OnChange = [this] { MarkChanged(); };
-  }
-  Taxable.OnClick = [this] {
-    if (Taxable.Text() != shownTaxable_) MarkChanged();
-  };
-  for (ui::TextBox* box : {&Cost, &Price}) {
-    box->OnLostFocus = [box] { FormatAmount(*box); };
-  }
+  for (ui::TextBox& box : Desc) box.SetMaxLength(64);
+  numbers_.Add(Cost, "Cost");
+  numbers_.Add(Price, "Price");
+  for (ui::TextBox* box : {&Cost, &Price}) numbers_.FormatOnLeaving(*box);
 }
 
 void frmWOExtra::ShowLine() {
-  showing_ = true;
   Vendor.SetText(Trim(CurrentExtra.Vendor));
   VendorInvoice.SetText(Trim(CurrentExtra.Invoice));
   Cost.SetText(FormatHundredths(CurrentExtra.Cost));
@@ -61,16 +54,7 @@ void frmWOExtra::ShowLine() {
   for (std::size_t i = 0; i < Desc.size(); ++i) Desc[i].SetText(Trim(CurrentExtra.Desc[i]));
   const int row = Taxable.FindText(CurrentExtra.Taxable);
   Taxable.SetListIndex(row >= 0 ? row : Taxable.FindText(defaultTaxable_));
-  shownTaxable_ = Taxable.Text();
-  showing_ = false;
-  changed_ = false;
-  cmdCancel.SetCaption("Close");
-}
-
-void frmWOExtra::MarkChanged() {
-  if (showing_ || changed_) return;
-  changed_ = true;
-  cmdCancel.SetCaption("Cancel");
+  MarkUnchanged();
 }
 
 void frmWOExtra::OnKeyDown(ui::KeyPress& key) {
@@ -80,12 +64,8 @@ void frmWOExtra::OnKeyDown(ui::KeyPress& key) {
   cmdReset.OnClick();
 }
 
-void frmWOExtra::OnQueryClose(bool& refuse) {
-  Cancel();
-  refuse = Visible();
-}
-
 void frmWOExtra::Accept() {
+  if (!numbers_.AreNumbers()) return;
   CurrentExtra.Vendor = Trim(Vendor.Text());
   CurrentExtra.Invoice = Trim(VendorInvoice.Text());
   CurrentExtra.Cost = WholeCents(Cost);
@@ -93,14 +73,6 @@ void frmWOExtra::Accept() {
   for (std::size_t i = 0; i < Desc.size(); ++i) CurrentExtra.Desc[i] = Trim(Desc[i].Text());
   CurrentExtra.Taxable = Taxable.Text();
   saved_ = true;
-  Hide();
-}
-
-void frmWOExtra::Cancel() {
-  if (changed_ &&
-      shop_.desktop.Ask("Discard Changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) {
-    return;
-  }
   Hide();
 }
 

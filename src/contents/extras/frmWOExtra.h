@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contents/Workbench.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -34,19 +35,13 @@ class frmWOExtra : public OkCancelForm {
   void OnLoad() override { ShowLine(); }
   void OnActivate() override { Vendor.SetFocus(); }
   void OnKeyDown(ui::KeyPress& key) override;
-  void OnQueryClose(bool& refuse) override;
   void Accept() override;
-  void Cancel() override;
 
   void WireFields();
   void ShowLine();
-  void MarkChanged();
 
-  Shop& shop_;
   std::string defaultTaxable_;
-  std::string shownTaxable_;
-  bool showing_ = false;
-  bool changed_ = false;
+  NumberFields numbers_{*this};
   bool saved_ = false;
 };
 

@@ -13,11 +13,12 @@ namespace {
 
 constexpr std::int32_t kUsualYearlyMiles = 12000;
 constexpr double kDaysAYear = 365;
-constexpr DaySerial kLastDay = 2958465;  // 31 December 9999
+constexpr DaySerial kFirstDay = -657434;  // 1 January 100
+constexpr DaySerial kLastDay = 2958465;   // 31 December 9999
 
 // Empty where no calendar has the day.
 std::string DateText(double day) {
-  return day < 1 || day > kLastDay ? std::string() : FormatDate(static_cast<DaySerial>(day));
+  return day < kFirstDay || day > kLastDay ? std::string() : FormatDate(static_cast<DaySerial>(day));
 }
 
 }  // namespace
@@ -25,7 +26,7 @@ std::string DateText(double day) {
 bool CheckDays(FollowupFields& fields, DaySerial baseDate) {
   if (Trim(fields.days).empty()) return true;
   if (!IsNumeric(fields.days)) return false;
-  const std::string date = DateText(baseDate + static_cast<double>(RoundHalfEven(Val(fields.days))));
+  const std::string date = DateText(baseDate + static_cast<double>(RoundHalfEven(ToNumber(fields.days))));
   if (date.empty()) return false;
   fields.miles.clear();
   fields.date = date;

@@ -51,19 +51,17 @@ bool FollowupEntry::CheckOf(const ui::TextBox& field) {
   return good;
 }
 
-// The days of a followup count from here. A run that has neither booked nor converted anything has no work order yet;
-// the estimate's own day is then the one that a booking would have put there.
+// The days of a followup count from here. Before any booking or conversion there is no work order, and the line's own
+// day serves.
 DaySerial FollowupEntry::BaseDate() const {
-  if (!bench_.shop.environment.shopOptions.LaborDateOption) {
-    const FileDate opened = bench_.workorder.Totals.Get(wototals::DateOpen);
-    return opened != 0 ? FromFileDate(opened) : bench_.database.estimates.CurrentEstimate.SchedDate;
-  }
+  const FileDate opened = bench_.workorder.Totals.Get(wototals::DateOpen);
+  if (!bench_.shop.environment.shopOptions.LaborDateOption && opened != 0) return FromFileDate(opened);
   return ParseDate(line_.Date).value_or(bench_.shop.environment.Today());
 }
 
 void FollowupEntry::Store(WoLaborLine& line) const {
   line.FollowupMiles = RoundHalfEven(Val(miles_.Text()));
-  line.FollowupDays = RoundHalfEven(Val(days_.Text()));
+  line.FollowupDays = IsNumeric(days_.Text()) ? RoundHalfEven(ToNumber(days_.Text())) : 0;
   const bool isDue = Val(miles_.Text()) > 0 || Val(days_.Text()) > 0;
   const auto date = ParseDate(date_.Text(), FromSerial(bench_.shop.environment.Today()).year);
   line.FollowupDate = isDue && date ? ToFileDate(*date) : 0;

@@ -29,16 +29,18 @@ frmCanLabor::frmCanLabor(Workbench& bench, Mode mode, const CannedLabor& entry)
   UseButtons(cmdSave, cmdCancel);
   cmdSave.SetToolTip("Save <F10>");
   cmdCancel.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(cmdCancel, txtCode, Hours, ShopRate, TotalLabor, txtDesc, Combo1);
 }
 
 void frmCanLabor::WireAmounts() {
   for (ui::TextBox* box : {&Hours, &ShopRate}) {
-    box->OnLostFocus = [this, box] {
-      box->SetText(FormatFixed(Val(box->Text()), 2));
-      TotalLabor.SetText(FormatFixed(Val(Hours.Text()) * Val(ShopRate.Text()), 2));
-    };
+    box->OnLostFocus = [this] { TotalLabor.SetText(FormatFixed(Val(Hours.Text()) * Val(ShopRate.Text()), 2)); };
   }
-  TotalLabor.OnLostFocus = [this] { FormatAmount(TotalLabor); };
+  numbers_.Add(Hours, "Hours");
+  numbers_.Add(ShopRate, "Rate");
+  numbers_.Add(TotalLabor, "Total");
+  for (ui::TextBox* box : {&Hours, &ShopRate}) numbers_.TakeOnLeaving(*box);
+  numbers_.FormatOnLeaving(TotalLabor);
   EnterMovesThrough({&txtCode, &Hours, &ShopRate, &TotalLabor, &txtDesc});
 }
 
@@ -52,6 +54,7 @@ void frmCanLabor::OnLoad() {
   lines[0] = Entry.FirstLine();
   txtDesc.SetText(TextOfLabor(lines));
   FillKits();
+  MarkUnchanged();
 }
 
 void frmCanLabor::FillKits() {
@@ -63,6 +66,7 @@ void frmCanLabor::FillKits() {
 }
 
 void frmCanLabor::Accept() {
+  if (!numbers_.AreNumbers()) return;
   const LaborText lines = FlowDescription(txtDesc.Text()).lines;
   const std::string code = Trim(txtCode.Text());
   bench_.shop.records.laborKits.Save(code, Trim(Combo1.Text()));

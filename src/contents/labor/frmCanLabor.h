@@ -3,6 +3,7 @@
 #include "contents/Workbench.h"
 #include "records/CannedLabor.h"
 #include "records/inventory/Inventory.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -39,6 +40,7 @@ class frmCanLabor : public SizedForm {
   void FillKits();
 
   Workbench& bench_;
+  NumberFields numbers_{*this};
   bool saved_ = false;
 };
 

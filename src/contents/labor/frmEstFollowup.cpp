@@ -25,6 +25,7 @@ frmEstFollowup::frmEstFollowup(Workbench& bench, LaborLines& labor)
   UseButtons(cmdSave, cmdCancel);
   cmdSave.SetToolTip("Add Followups to WO <F10>");
   cmdCancel.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(cmdCancel, List1);
 }
 
 void frmEstFollowup::OnLoad() {

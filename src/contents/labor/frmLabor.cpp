@@ -32,20 +32,22 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
   frameFollowup.Holds(lblMiles, Miles, lblDays, Days, lblFollowupDate, FollowupDate);
   txtDesc.SetMultiLine(true);
   txtDesc.SetFace(ui::FontFace::FixedPitch);
-  txtDesc.OnChange = [this] { MarkChanged(); };
   cmdTechHours.SetVisible(false);  // of the program that has the hours of the technicians at hand
   WireEmployees();
   WireAmounts();
-  for (ui::TextBox* box : {&Miles, &Days, &FollowupDate}) box->OnChange = [this] { MarkChanged(); };
+  followupNumbers_.Add(Miles, "Miles");
+  followupNumbers_.Add(Days, "Days", NumberFields::Read::Whole);
   lovRepairCode.OnClick = [this] { RepairCodePicked(); };
   cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
   OKButton.SetToolTip("OK <F10>");
   CancelButton.SetToolTip("Cancel <Esc>");
   cmdSpellCheck.SetToolTip("Check the spelling of the description");
+  AskBeforeLosing(CancelButton, EmpList, Hours, ShopRate, TotalLabor, txtDesc, Miles, Days, FollowupDate,
+                  lovRepairCode);
+  AskInsteadOfDropping({.buttons = ui::Buttons::YesNoCancel});
 }
 
 void frmLabor::WireEmployees() {
-  EmpList.OnClick = [this] { MarkChanged(); };
   Check1.OnClick = [this] { ActiveOnlyClicked(); };
   Check2.OnClick = [this] { AllowNoneClicked(); };
 }
@@ -53,14 +55,15 @@ void frmLabor::WireEmployees() {
 void frmLabor::WireAmounts() {
   for (ui::TextBox* box : {&Hours, &ShopRate}) {
     box->SetUpperCase(true);
-    box->OnLostFocus = [box] { FormatAmount(*box); };
     box->OnChange = [this] {
-      MarkChanged();
       if (!showing_) TotalLabor.SetText(FormatFixed(Val(Hours.Text()) * Val(ShopRate.Text()), 2));
     };
   }
   TotalLabor.SetUpperCase(true);
-  TotalLabor.OnChange = [this] { MarkChanged(); };
+  amounts_.Add(Hours, "Hours");
+  amounts_.Add(ShopRate, "Rate");
+  amounts_.Add(TotalLabor, "Total");
+  for (ui::TextBox* box : {&Hours, &ShopRate}) amounts_.TakeOnLeaving(*box);
   EnterMovesThrough({&Hours, &ShopRate, &TotalLabor, &txtDesc});
 }
 
@@ -83,36 +86,30 @@ void frmLabor::ShowLine() {
   txtDesc.SetText(TextOfLabor(CurrentLabor.Desc));
   followup_.Show();
   showing_ = false;
-  changed_ = false;
+  MarkUnchanged();
 }
 
 bool frmLabor::FillEmployees() { return FillEmployeeList(shop_, EmpList, {Check1.Value(), Check2.Value()}); }
 
 void frmLabor::SelectMechanic(std::int32_t mechanic) {
-  for (int row = 0; row < EmpList.ListCount(); ++row) {
-    if (EmployeeNumberOf(EmpList.List(row)) == mechanic) return EmpList.SetListIndex(row);
-  }
+  EmpList.SetListIndex(mechanic == 0 ? EmpList.FindText(kNoEmployee) : RowOfEmployee(shop_, EmpList, mechanic));
 }
 
 std::int32_t frmLabor::SelectedMechanic() const { return EmployeeNumberOf(EmpList.Text()); }
 
-bool frmLabor::DiscardsChanges(ui::Buttons buttons) {
-  const ui::Answer answer = shop_.desktop.Ask("Discard changes?", Caption(), buttons);
-  return buttons == ui::Buttons::YesNoCancel ? answer != ui::Answer::No : answer == ui::Answer::Yes;
-}
-
 void frmLabor::ActiveOnlyClicked() {
   if (showing_ || switching_) return;
-  if (changed_ && !DiscardsChanges(ui::Buttons::YesNo)) {
+  if (Changed() &&
+      shop_.desktop.Ask("Discard changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) {
     switching_ = true;
     Check1.SetValue(!Check1.Value());
     switching_ = false;
     return;
   }
   showing_ = true;
-  const bool filled = FillEmployees();
+  FillEmployees();
   showing_ = false;
-  if (filled) ShowLine();
+  ShowLine();
 }
 
 // The list keeps its place on the same person.
@@ -143,7 +140,6 @@ void frmLabor::LoadRepairCodes() {
 
 void frmLabor::RepairCodePicked() {
   if (!showing_) EditNewRepairCode(shop_, bench_.database.korvelData, lovRepairCode);
-  MarkChanged();
 }
 
 // False when there is none. A word that is longer than a line ends the whole event.
@@ -181,13 +177,9 @@ void frmLabor::Accept() {
     shop_.desktop.Tell("Followup information is invalid.", Caption());
     return;
   }
+  if (!amounts_.AreNumbers()) return;
   StoreLine();
   saved_ = true;
-  Hide();
-}
-
-void frmLabor::Cancel() {
-  if (changed_ && !DiscardsChanges(ui::Buttons::YesNoCancel)) return;
   Hide();
 }
 

@@ -3,6 +3,7 @@
 #include "contents/Workbench.h"
 #include "contents/labor/FollowupEntry.h"
 #include "records/LaborText.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -50,7 +51,6 @@ class frmLabor : public OkCancelForm {
   void OnActivate() override { Hours.SetFocus(); }
   void OnUnload(bool& refuse) override;
   void Accept() override;
-  void Cancel() override;
 
   void WireAmounts();
   void WireEmployees();
@@ -65,17 +65,16 @@ class frmLabor : public OkCancelForm {
 
   bool TakeDescription();
   void StoreLine();
-  void MarkChanged() { changed_ = changed_ || !showing_; }
-  bool DiscardsChanges(ui::Buttons buttons);
 
   Workbench& bench_;
   Shop& shop_;
   FollowupEntry followup_{bench_, CurrentLabor, Miles, Days, FollowupDate};
-  LaborText description_;  // as it will be stored
+  NumberFields amounts_{*this};
+  NumberFields followupNumbers_{*this};  // which have a message of their own
+  LaborText description_;                // as it will be stored
   bool hasEmployees_ = false;
   bool saved_ = false;
-  bool showing_ = false;  // the fields are being filled
-  bool changed_ = false;
+  bool showing_ = false;    // the fields are being filled
   bool switching_ = false;  // a box is being put back
 };
 

@@ -19,6 +19,7 @@ frmRepairCode::frmRepairCode(Shop& shop, de2& database)
   UseButtons(OKButton, CancelButton);
   OKButton.SetToolTip("OK <F10>");
   CancelButton.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(CancelButton, txtRepairCode, txtRepairCodeDesc);
 }
 
 std::string frmRepairCode::Code() const { return Trim(txtRepairCode.Text()); }

@@ -38,6 +38,7 @@ frmNotes::frmNotes(Shop& shop, NoteMode mode, const Note& note)
   cmdSpellCheck.SetToolTip("Check the spelling of the note");
   textAtLoad_ = TextOfNote(note);
   txtDesc.SetText(textAtLoad_);
+  AskBeforeLosing(cmdCancel, txtDesc);
 }
 
 void frmNotes::OnKeyDown(ui::KeyPress& key) {
@@ -50,6 +51,7 @@ void frmNotes::OnKeyDown(ui::KeyPress& key) {
 void frmNotes::Reset() {
   txtDesc.SetText(textAtLoad_);
   txtDesc.SetFocus();
+  MarkUnchanged();
 }
 
 void frmNotes::Accept() {

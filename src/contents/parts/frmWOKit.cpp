@@ -29,17 +29,22 @@ frmWOKit::frmWOKit(Workbench& bench, const std::string& caption)
   CostLabel.SetVisible(false);
   CostPrice.SetVisible(false);
   QuantityUsed.OnLostFocus = [this] { AtLeastOne(QuantityUsed); };
-  for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) box->OnLostFocus = [box] { FormatAmount(*box); };
+  numbers_.Add(QuantityUsed, "Quantity Used");
+  numbers_.Add(SalePrice, "Sale Price");
+  numbers_.Add(ListPrice, "List Price");
+  numbers_.Add(DisposalFee, "Disposal Fee");
+  for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) numbers_.FormatOnLeaving(*box);
   EnterMovesThrough({&QuantityUsed, &SalePrice, &ListPrice, &DisposalFee, &cmdSave});
   UseButtons(cmdSave, cmdCancel);
   cmdReset.OnClick = [this] {
+    QuantityUsed.SetFocus();  // first, since a field that is left is formatted
     ShowKit();
-    QuantityUsed.SetFocus();
   };
   cmdReset.SetCausesValidation(false);
   cmdSave.SetToolTip("Add to workorder <F10>");
   cmdReset.SetToolTip("Reset <F2>");
   cmdCancel.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(cmdCancel, QuantityUsed, SalePrice, ListPrice, DisposalFee);
 }
 
 void frmWOKit::OnLoad() {
@@ -58,6 +63,7 @@ void frmWOKit::ShowKit() {
   SalePrice.SetText(FormatHundredths(prices.sale));
   ListPrice.SetText(FormatHundredths(prices.list));
   DisposalFee.SetText(FormatHundredths(kit.Get(inventory::DisposalFee)));
+  MarkUnchanged();
 }
 
 void frmWOKit::FillList() {
@@ -110,7 +116,7 @@ void frmWOKit::Accept() {
                                             {&CostPrice, "Cost is required."},
                                             {&SalePrice, "Sale Price is required."},
                                             {&ListPrice, "List Price is required."}});
-  if (!complete) return;
+  if (!complete || !numbers_.AreNumbers()) return;
   AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
   if (!StockSuffices()) return;
   saved_ = true;

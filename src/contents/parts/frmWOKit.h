@@ -6,6 +6,7 @@
 #include "contents/parts/PartRows.h"
 #include "records/inventory/Inventory.h"
 #include "records/inventory/InventoryKits.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -60,6 +61,7 @@ class frmWOKit : public SizedForm {
   Shop& shop_;
   Inventory& inventory_;
   std::vector<KitRow> rows_;
+  NumberFields numbers_{*this};
   bool saved_ = false;
 };
 

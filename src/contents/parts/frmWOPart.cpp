@@ -45,13 +45,19 @@ frmWOPart::frmWOPart(Workbench& bench, const std::string& caption, Task task, Ki
   cmdSave.SetToolTip("Add to workorder <F10>");
   cmdReset.SetToolTip("Reset <F2>");
   cmdCancel.SetToolTip("Cancel <Esc>");
+  AskBeforeLosing(cmdCancel, PartNumber, Description, QuantityUsed, CostPrice, SalePrice, ListPrice, DisposalFee);
 }
 
 void frmWOPart::WireFields() {
   PartNumber.OnLostFocus = [this] { PartNumberLeft(); };
   QuantityUsed.OnLostFocus = [this] { AtLeastOne(QuantityUsed); };
   CostPrice.OnLostFocus = [this] { CostLeft(); };
-  for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) box->OnLostFocus = [box] { FormatAmount(*box); };
+  numbers_.Add(QuantityUsed, "Quantity Used");
+  numbers_.Add(CostPrice, "Cost");
+  numbers_.Add(SalePrice, "Sale Price");
+  numbers_.Add(ListPrice, "List Price");
+  numbers_.Add(DisposalFee, "Disposal Fee");
+  for (ui::TextBox* box : {&CostPrice, &SalePrice, &ListPrice, &DisposalFee}) numbers_.FormatOnLeaving(*box);
 }
 
 bool frmWOPart::IsForEstimate() const { return Right(Caption(), kForEstimate.size()) == kForEstimate; }
@@ -116,11 +122,13 @@ void frmWOPart::KeepForReset() {
        {&PartNumber, &Description, &QuantityUsed, &CostPrice, &SalePrice, &ListPrice, &DisposalFee}) {
     atLoad_.emplace_back(box, box->Text());
   }
+  MarkUnchanged();
 }
 
 void frmWOPart::Reset() {
   OnActivate();  // first, since a field that is left is formatted
   for (const auto& [box, text] : atLoad_) box->SetText(text);
+  MarkUnchanged();
 }
 
 void frmWOPart::OnKeyDown(ui::KeyPress& key) {
@@ -142,7 +150,7 @@ void frmWOPart::PartNumberLeft() {
 
 // Proposes the prices that aren't there yet.
 void frmWOPart::CostLeft() {
-  FormatAmount(CostPrice);
+  if (!numbers_.IsNumber(CostPrice)) return;
   const std::int32_t markup = bench_.System().Get(sysrec::markups[LevelOf(bench_.workorder.Pricing)]);
   const double cost = Val(CostPrice.Text());
   const std::string proposal = FormatFixed(cost + cost * markup / kWholeMarkup, 2);
@@ -176,7 +184,7 @@ bool frmWOPart::StockSuffices() {
 }
 
 void frmWOPart::Accept() {
-  if (!HasAll()) return;
+  if (!HasAll() || !numbers_.AreNumbers()) return;
   AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
   if (!StockSuffices()) return;
   saved_ = true;

@@ -3,6 +3,7 @@
 #include "contents/Workbench.h"
 #include "contents/parts/PartRows.h"
 #include "records/inventory/Inventory.h"
+#include "screens/NumberFields.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -67,6 +68,7 @@ class frmWOPart : public OkCancelForm {
   PartLine line_;
   std::string currentPart_;
   std::vector<std::pair<ui::TextBox*, std::string>> atLoad_;
+  NumberFields numbers_{*this};
   bool saved_ = false;
 };
 

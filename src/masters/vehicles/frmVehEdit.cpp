@@ -46,6 +46,7 @@ void frmVehEdit::BindFields() {
   for (std::size_t i = 0; i < VComment.size(); ++i) Bind(VComment[i], vehicle::VComment[i]);
   Mileage.SetMaxLength(14);
   Watch(Mileage);
+  numbers_.Add(Mileage, "Mileage", NumberFields::Read::Whole);
   BindDate(txtDate);
 }
 

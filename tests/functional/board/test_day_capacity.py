@@ -139,9 +139,35 @@ def test_leaving_the_standard_hours_changes_nothing(lantos, shop):
     for way_out in (lambda: lantos.click("cmdCancel"), lambda: lantos.key("Esc"), lantos.close):
         lantos.menu("mnuStandardHours")
         lantos.type("txtHours(1)", "99")
-        way_out()
-        lantos.expect_form("frmMain")
+        for answer, then in (("No", "frmStdHours"), ("Yes", "frmMain")):
+            way_out()
+            lantos.expect_box("Discard changes?", "Standard Hours", buttons=["Yes", "No"])
+            lantos.press(answer)
+            lantos.expect_form(then)
     assert hours_row(shop) == before
+
+
+def test_standard_hours_that_do_not_fit_are_an_overflow_and_nothing_is_written(lantos, shop):
+    before = hours_row(shop)
+    lantos.menu("mnuStandardHours")
+    lantos.type("txtHours(1)", "12")
+    lantos.type("txtHours(2)", "99999999999")
+    lantos.click("cmdOK")
+    assert "Overflow" in lantos.answer["text"]
+    lantos.press("OK")
+    lantos.expect_form("frmStdHours")
+    assert hours_row(shop) == before
+
+
+def test_hours_that_are_no_number_are_red_and_count_as_none(lantos, shop):
+    lantos.menu("mnuStandardHours")
+    lantos.type("txtHours(1)", "eight")
+    assert lantos.control("txtHours(1)")["backcolor"] is not None
+    lantos.type("txtHours(2)", "8")
+    assert lantos.control("txtHours(2)")["backcolor"] is None
+    lantos.click("cmdOK")
+    lantos.expect_form("frmMain")
+    assert (hours_row(shop)[0]["MonHours"], hours_row(shop)[0]["TueHours"]) == (0, 8)
 
 
 # Special days.

@@ -112,6 +112,8 @@ def test_reset_and_escape_in_the_editor(board, shop):
     assert board.text("txtDesc") == "Old note\nthird"
     board.type("txtDesc", "something else")
     board.key("Esc")
+    board.expect_box("Discard changes?", "Estimate Notes", buttons=["Yes", "No"])
+    board.press("Yes")
     board.expect_form("frmEstNotes")
     assert notes(shop)[0][1] == "Old note"
 

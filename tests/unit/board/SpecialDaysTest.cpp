@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "board/DayCapacityDatabase.h"
 #include "board/frmSpecialDays.h"
 #include "records/inventory/Inventory.h"
@@ -118,8 +120,35 @@ TEST(SpecialDaysForm, EmptyHoursCanBeLeftButNotSaved) {
 TEST(SpecialDaysForm, CloseIsReachedPastHoursThatArentNumeric) {
   Screen screen;
   test::Type(screen.form.txtHours, "eight");
+  screen.desktop.WillAnswer(ui::Answer::Yes);
   test::Click(screen.form.cmdCancel);
+  EXPECT_EQ(screen.desktop.boxes.at(0).text, "Discard changes?");
   EXPECT_FALSE(screen.form.Visible());
+}
+
+TEST(SpecialDaysForm, ALineThatWasClickedAndADayThatWasSavedAreNothingToLose) {
+  Screen screen;
+  test::Type(screen.form.txtComments, "half typed");
+  screen.form.List1.DoSelect(0);
+  EXPECT_EQ(screen.form.cmdCancel.Caption(), "&Close");
+  screen.Enter(World::Day(12, 31), "8", "New Year's Eve");
+  EXPECT_EQ(screen.form.cmdCancel.Caption(), "&Cancel");
+  screen.form.cmdSave.DoClick();
+  EXPECT_EQ(screen.form.cmdCancel.Caption(), "&Close");
+  test::Press(screen.form, "Esc");
+  EXPECT_FALSE(screen.form.Visible());
+}
+
+TEST(SpecialDaysForm, HoursThatDontFitAreAnOverflowAndNothingIsWritten) {
+  Screen screen;
+  const std::vector<std::string> before = screen.Lines();
+  screen.Enter(World::Day(12, 24), "99999999999", "Too long a day");
+  screen.desktop.failuresExpected = true;
+  screen.form.cmdSave.DoClick();
+  ASSERT_EQ(screen.desktop.failures.size(), 1U);
+  EXPECT_THAT(screen.desktop.failures[0], testing::HasSubstr("Overflow"));
+  EXPECT_EQ(screen.Lines(), before);
+  EXPECT_EQ(screen.database.lantosData.SpecialDaysByDate(World::Day(12, 24)).Long("SpecialHours"), 20);
 }
 
 TEST(SpecialDaysForm, APickedDateIsLookedUpOnLeavingIt) {

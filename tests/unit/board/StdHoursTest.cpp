@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "board/DayCapacity.h"
 #include "board/DayCapacityDatabase.h"
 #include "board/frmStdHours.h"
@@ -69,9 +71,32 @@ TEST(StdHoursForm, AStoredFractionShowsAsAWholeNumber) {
 TEST(StdHoursForm, EscStoresNothing) {
   Screen screen;
   test::Type(screen.form.txtHours[1], "99");
+  screen.desktop.WillAnswer(ui::Answer::Yes);
   test::Press(screen.form, "Esc");
   EXPECT_FALSE(screen.form.Visible());
   EXPECT_EQ(screen.Stored(), "0 40 40 40 40 40 0 10");
+}
+
+TEST(StdHoursForm, WhatIsNoNumberIsRedForAsLongAsItStandsThere) {
+  Screen screen;
+  test::Type(screen.form.txtHours[1], "eight");
+  EXPECT_TRUE(screen.form.txtHours[1].BackColor());
+  test::Type(screen.form.txtHours[1], "8");
+  EXPECT_FALSE(screen.form.txtHours[1].BackColor());
+}
+
+TEST(StdHoursForm, HoursThatDontFitAreAnOverflowAndNothingIsWritten) {
+  for (const std::size_t place : {std::size_t{6}, frmStdHours::kFudgeFactor}) {
+    Screen screen;
+    test::Type(screen.form.txtHours[0], "5");
+    test::Type(screen.form.txtHours[place], "99999999999");
+    screen.desktop.failuresExpected = true;
+    screen.form.cmdOK.DoClick();
+    ASSERT_EQ(screen.desktop.failures.size(), 1U);
+    EXPECT_THAT(screen.desktop.failures[0], testing::HasSubstr("Overflow"));
+    EXPECT_TRUE(screen.form.Visible());
+    EXPECT_EQ(screen.Stored(), "0 40 40 40 40 40 0 10");
+  }
 }
 
 TEST(StdHoursForm, OfTwoOperatorsTheLastOneWins) {

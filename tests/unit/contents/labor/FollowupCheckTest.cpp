@@ -25,6 +25,21 @@ TEST(FollowupCheck, DaysEmptyTheMilesAndCountFromTheBaseDate) {
   EXPECT_EQ(fields.date, "10/30/2003");
 }
 
+TEST(FollowupCheck, AnyWholeNumberOfDaysWillDo) {
+  const std::pair<const char*, const char*> days[] = {
+      {"0", "09/30/2003"}, {"-1", "09/29/2003"}, {"-40000", "03/25/1894"}, {"1,000", "06/26/2006"}};
+  for (const auto& [number, date] : days) {
+    FollowupFields fields{"", number, ""};
+    EXPECT_TRUE(CheckDays(fields, kToday)) << number;
+    EXPECT_EQ(fields.date, date);
+  }
+  FollowupFields earlier{"", "", "09/20/2003"};
+  EXPECT_TRUE(CheckFollowupDate(earlier, kToday, kToday));
+  EXPECT_EQ(earlier.days, "-10");
+  EXPECT_TRUE(CheckDays(earlier, kToday));
+  EXPECT_EQ(earlier.date, "09/20/2003");
+}
+
 TEST(FollowupCheck, MilesEmptyTheDaysAndCountFromTodayByTheYearlyMiles) {
   FollowupFields fields{"3000", "30", ""};
   EXPECT_TRUE(CheckMiles(fields, kToday, 12000));
@@ -46,6 +61,8 @@ TEST(FollowupCheck, WhatIsNoNumberOrDateFails) {
   EXPECT_FALSE(CheckDays(fields, kToday));
   EXPECT_FALSE(CheckMiles(fields, kToday, 12000));
   EXPECT_FALSE(CheckFollowupDate(fields, kToday, kToday));
+  FollowupFields tooEarly{"", "-900000", ""};
+  EXPECT_FALSE(CheckDays(tooEarly, kToday));
   FollowupFields huge{"1e300", "1e300", ""};
   EXPECT_FALSE(CheckDays(huge, kToday));
   EXPECT_FALSE(CheckMiles(huge, kToday, 12000));

@@ -2,6 +2,8 @@
 
 #include "contents/labor/LaborBench.h"
 #include "frame/Dates.h"
+#include "records/OpenedFile.h"
+#include "records/modEmployees.h"
 
 // frmLabor: one line of labor on its screen.
 namespace lantos {
@@ -140,6 +142,20 @@ TEST(frmLabor, FollowupFieldsFillOneAnotherAndAreKeptInTheLine) {
   EXPECT_EQ(screen.form.CurrentLabor.FollowupDate, ToFileDate(ToSerial({2003, 10, 30})));
 }
 
+TEST(frmLabor, DaysCountFromTheWorkOrderOrWhereThereIsNoneFromTheLinesOwnDay) {
+  LaborScreen screen;
+  screen.form.CurrentLabor.Date = "09/30/2003";
+  test::Type(screen.form.Days, "-7");
+  screen.form.MoveFocus(&screen.form.txtDesc);
+  EXPECT_EQ(screen.form.FollowupDate.Text(), "09/23/2003");
+  screen.workorder.Totals.Put(wototals::DateOpen, ToFileDate(ToSerial({2003, 10, 2})));
+  test::Type(screen.form.Days, "0");
+  screen.form.MoveFocus(&screen.form.txtDesc);
+  EXPECT_EQ(screen.form.FollowupDate.Text(), "10/02/2003");
+  test::Press(screen.form, "F10");
+  EXPECT_TRUE(screen.form.Saved());
+}
+
 TEST(frmLabor, AFollowupThatCantBeMeantIsRefusedOnceItWasTouched) {
   LaborScreen screen;
   test::Type(screen.form.FollowupDate, "never");
@@ -156,6 +172,80 @@ TEST(frmLabor, HoursThatNoFieldHoldsEndTheSaveAndLeaveTheLineAsItCame) {
   screen.form.OKButton.DoClick();
   EXPECT_EQ(screen.desktop.failures.size(), 1U);
   EXPECT_FALSE(screen.form.Saved());
+}
+
+TEST(frmLabor, NoAloneStaysInTheQuestionAboutItsChanges) {
+  for (const Answer answer : {Answer::Yes, Answer::Cancel}) {
+    LaborScreen screen;
+    EXPECT_EQ(screen.form.CancelButton.Caption(), "Close");
+    test::Type(screen.form.Hours, "9");
+    EXPECT_EQ(screen.form.CancelButton.Caption(), "Cancel");
+    screen.desktop.WillAnswer({Answer::No, answer});
+    screen.form.DoClose();
+    EXPECT_TRUE(screen.form.Visible());
+    screen.form.DoClose();
+    EXPECT_FALSE(screen.form.Visible());
+    EXPECT_FALSE(screen.form.Saved());
+  }
+}
+
+TEST(frmLabor, ATotalThatIsNoNumberIsRefusedByName) {
+  LaborScreen screen;
+  test::Type(screen.form.TotalLabor, "abc");
+  EXPECT_TRUE(screen.form.TotalLabor.BackColor());
+  screen.desktop.WillAnswer(Answer::Ok);
+  test::Click(screen.form.OKButton);
+  EXPECT_EQ(screen.desktop.boxes.at(0).text, "Total: \"ABC\" is not a number.");
+  EXPECT_FALSE(screen.form.Saved());
+  EXPECT_EQ(screen.form.Focus(), &screen.form.TotalLabor);
+}
+
+TEST(frmLabor, HoursThatAreNoNumberAreShownAsNoughtAndToldBeforeTheyCount) {
+  LaborScreen screen;
+  test::Type(screen.form.Hours, "abc");
+  EXPECT_TRUE(screen.form.Hours.BackColor());
+  screen.desktop.WillAnswer(Answer::Ok);
+  test::Click(screen.form.OKButton);
+  EXPECT_EQ(screen.form.Hours.Text(), "0.00");
+  EXPECT_EQ(screen.desktop.boxes.at(0).text, "Hours: \"ABC\" is not a number. 0.00 stands in its place.");
+  EXPECT_FALSE(screen.form.Saved());
+  test::Click(screen.form.OKButton);
+  EXPECT_TRUE(screen.form.Saved());
+  EXPECT_EQ(screen.form.CurrentLabor.Hours, 0);
+}
+
+TEST(frmLabor, ATechnicianWhoLeftStaysWithTheLineUntilAnotherIsChosen) {
+  WoLaborLine line = LaborScreen::Line();
+  line.Mechanic = 5;  // who has left
+  LaborScreen screen(line);
+  test::Click(screen.form.Check1);
+  EXPECT_THAT(screen.Technicians(), ElementsAre("Dan Ortiz", "Eve Gone"));
+  EXPECT_EQ(Left(screen.form.EmpList.Text(), 8), "Eve Gone");
+  EXPECT_EQ(screen.form.CancelButton.Caption(), "Close") << "nothing was chosen";
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.form.CurrentLabor.Mechanic, 5);
+}
+
+TEST(frmLabor, ATechnicianWhomNoFileKnowsStaysWithTheLine) {
+  WoLaborLine line = LaborScreen::Line();
+  line.Mechanic = 77;
+  LaborScreen screen(line);
+  EXPECT_EQ(screen.form.EmpList.Text(), LeftJustify("(not listed)", 31) + "000077");
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.form.CurrentLabor.Mechanic, 77);
+}
+
+TEST(frmLabor, ATechnicianStaysWithTheLineWhenTheListCantBeReadAgain) {
+  LaborScreen screen;
+  screen.records.employees.LoadEmployees();
+  std::optional<OpenedFile> held(std::in_place, screen.environment.openFiles, kEmployeeFile, Access::ReadWrite,
+                                 Deny::All);
+  screen.desktop.WillAnswer(Answer::Ok);
+  test::Click(screen.form.Check1);
+  held.reset();
+  EXPECT_EQ(screen.desktop.boxes.at(0).text, "Could not access employee master file!");
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.form.CurrentLabor.Mechanic, 4);
 }
 
 }  // namespace

@@ -109,6 +109,7 @@ TEST(frmEstNotes, AnAddedNoteTakesTheNumberBehindTheHighest) {
   EXPECT_THAT(bench.Stored(), ElementsAre("5:Fifth////////", "6:one/two///////"));
   EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> Fifth", "--> one", "    two"));
   bench.WillType("Estimate Notes", "never", "Esc");
+  bench.desktop.WillAnswer(Answer::Yes);
   form.cmdAdd.DoClick();
   EXPECT_EQ(bench.Stored().size(), 2U);
 }

@@ -80,6 +80,45 @@ TEST(frmWOPart, ResetBringsBackWhatWasThereAtLoad) {
   EXPECT_FALSE(form.Saved());
 }
 
+TEST(frmWOPart, WhatIsNoNumberStaysRedAndIsRefusedByName) {
+  PartsBench bench;
+  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
+  form.SetLine(Line("A-1", 5, 1234));
+  form.LoadForm();
+  form.Show();
+  bench.desktop.otherwise = [](const ui::Box&) { return Answer::Ok; };
+  const std::vector<std::pair<ui::TextBox*, std::string>> fields = {{&form.QuantityUsed, "Quantity Used"},
+                                                                    {&form.CostPrice, "Cost"},
+                                                                    {&form.SalePrice, "Sale Price"},
+                                                                    {&form.ListPrice, "List Price"}};
+  for (const auto& [box, name] : fields) {
+    test::Type(*box, "abc");
+    test::Click(form.cmdSave);
+    EXPECT_EQ(box->Text(), "abc");
+    EXPECT_TRUE(box->BackColor());
+    EXPECT_EQ(bench.desktop.boxes.back().text, name + ": \"abc\" is not a number.");
+    EXPECT_FALSE(form.Saved());
+    test::Type(*box, "2");
+  }
+  test::Click(form.cmdSave);
+  EXPECT_TRUE(form.Saved());
+}
+
+TEST(frmWOPart, ResetLeavesNothingToLose) {
+  PartsBench bench;
+  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
+  form.SetLine(Line("A-1", 5, 1234));
+  form.LoadForm();
+  form.Show();
+  test::Type(form.SalePrice, "abc");
+  EXPECT_EQ(form.cmdCancel.Caption(), "Cancel");
+  test::Press(form, "F2");
+  EXPECT_EQ(form.cmdCancel.Caption(), "Close");
+  EXPECT_FALSE(form.SalePrice.BackColor());
+  test::Press(form, "Esc");
+  EXPECT_FALSE(form.Visible());
+}
+
 // Callers other than the estimate's are asked about the stock.
 
 TEST(frmWOPart, AsksBeforeItSellsMoreThanThereIs) {
