@@ -77,7 +77,7 @@ void DrawBare(benchmark::State& state) {
       font.setPixelSize(9);
       on.setFont(font);
       for (std::size_t i = 0; i < page.lineCount; ++i) {
-        on.drawText(QPointF(36, 160 + 10.0 * static_cast<double>(i)), ui::ToQt(report.lines[page.firstLine + i][0]));
+        on.drawText(QPointF(36, 160 + 10.0 * static_cast<double>(i)), ui::ToQt(layout.lines[page.firstLine + i].text));
       }
       on.end();
       benchmark::DoNotOptimize(picture.size());
