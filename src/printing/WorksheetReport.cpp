@@ -77,8 +77,11 @@ void WorksheetReport::ComposeLabor(ReportLines& lines) const {
   Recordset& rows = database_.lantosData.LaborForEstimate(Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const LaborText text = LaborOnPaper(rows.Text("Description"));
+    bool first = true;  // it heads what is written about this labor
     for (const std::string& line : text) {
-      if (!line.empty()) lines.Add(line);
+      if (line.empty()) continue;
+      first ? lines.AddHeading(line) : lines.Add(line);
+      first = false;
     }
     if (blankLines <= 0) continue;
     lines.AddHeading(kTechHeading);
