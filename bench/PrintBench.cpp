@@ -19,7 +19,7 @@ namespace lantos::bench {
 namespace {
 
 constexpr std::int32_t kEstimate = 1002;
-constexpr std::int16_t kBlankLines = 205;  // for each of five jobs: 20 pages
+constexpr std::int16_t kBlankLines = 104;  // for each of five jobs: 20 pages
 
 void NeedWindows() {
   static int count = 1;
