@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "frame/Clock.h"
+#include "frame/PlainWords.h"
 #include "frame/UserSettings.h"
 #include "start/Program.h"
 #include "ui/qt/Platform.h"
@@ -38,7 +39,7 @@ int main(int count, char** arguments) {
     return lantos::RunProgram(lantos::ui::FromQt(own.join(QLatin1Char(' '))));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "lantos: %s\n", error.what());
-    QMessageBox::critical(nullptr, QStringLiteral("Lantos"), QString::fromUtf8(error.what()));
+    QMessageBox::critical(nullptr, QStringLiteral("Lantos"), QString::fromUtf8(lantos::WordsFor(error)));
     return 1;
   }
 }

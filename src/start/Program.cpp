@@ -5,6 +5,7 @@
 #include <array>
 
 #include "board/frmMain.h"
+#include "frame/PlainWords.h"
 #include "start/DataDirectory.h"
 #include "start/InitGlobals.h"
 
@@ -73,7 +74,7 @@ int Program::Run() {
   } catch (const std::exception& error) {
     state_->environment.log.Write(error.what());
     state_->desktop.SetPointer(ui::Pointer::Normal);
-    state_->desktop.Tell(error.what(), "Lantos can not start", ui::Icon::Critical);
+    state_->desktop.Tell(WordsFor(error), "Lantos can not start", ui::Icon::Critical);
     return kStartFailed;
   }
   if (!mainWindow.IsLoaded()) return 0;
