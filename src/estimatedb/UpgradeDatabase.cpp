@@ -42,8 +42,7 @@ class Upgrade {
     lacks.snapshots = LookAtEstimates();
     lacks.partCosts = !ShapeOf("ProbeParts").HasColumn("PartCost");
     const Recordset labors = ShapeOf("ProbeLabors");
-    lacks.longDescriptions =
-        labors.HasColumn("Description") && labors.TypeOf("Description") == ColumnType::ShortText;
+    lacks.longDescriptions = labors.HasColumn("Description") && labors.TypeOf("Description") == ColumnType::ShortText;
     lacks.waste = IsMissing("ProbeWaste");
     lacks.checklist = IsMissing("ProbeChecklist");
     return lacks;

@@ -29,17 +29,16 @@ std::string ProfileSectionOf(const std::string& computerName) {
   return name.empty() ? std::string(kDefaultsSection) : name;
 }
 
-void TakeUpdateFile(Shop& shop) {
+void MakeUpdateFile(Shop& shop) {
   Environment& environment = shop.environment;
   const DaySerial today = environment.Today();
-  environment.updateFileName = FreeUpdateFileName(environment.files, today);
-  if (environment.updateFileName.empty()) EndWithTooManyUsers(shop.desktop);
-  DeleteOldUpdateFiles(environment.files, today);
   try {
-    SharedFile(environment.files.PathOf(environment.updateFileName), Access::Write, Deny::All).Truncate(0);
+    environment.updateFileName = TakeUpdateFile(environment.files, today);
+    if (environment.updateFileName.empty()) EndWithTooManyUsers(shop.desktop);
   } catch (const FileError& error) {
     environment.log.Write(error.what());  // a run without an update file goes on
   }
+  DeleteOldUpdateFiles(environment.files, today);
 }
 
 void LoadSharedTables(Records& records) {
@@ -74,7 +73,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
   UpgradeDatabase(database, environment, shop.records);
   WarnOfNetworkMount(shop);
-  TakeUpdateFile(shop);
+  MakeUpdateFile(shop);
   ProfileFile profile = environment.Profile();
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
   environment.statusOptions = LoadStatusOptions(profile);

@@ -161,6 +161,16 @@ TEST_F(Upgrades, AFailureOnTheWayUndoesTheColumnsAndTheNextStartTriesAgain) {
   EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | | | | ", " | | | | | | | | "));
 }
 
+TEST_F(Upgrades, HalfDoneRowsWhoseColumnsAreThereStayAsTheyAre) {
+  PutEstimates(
+      ", VehYear Text(5), VehMake Text(20), VehModel Text(20), VehVIN Text(20), VehLic Text(10), "
+      "VehDate Text(10), VehMileage Text(7), VehEng Text(12), VehTrans Text(12)");
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
+  Plain("insert into Estimates (EstimateNumber, VehicleLink, VehMake) values (1, 0, 'half'), (2, 0, null)");
+  Run();
+  EXPECT_THAT(PlainRows("select VehMake, VehEng from Estimates"), ElementsAre("half|null", "null|null"));
+}
+
 TEST_F(Upgrades, GivingUpOnTheVehicleFileEndsTheRunAndTheNextStartTriesAgain) {
   PutOldest();
   Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
