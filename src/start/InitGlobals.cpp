@@ -21,7 +21,7 @@ constexpr std::size_t kProfileSectionWidth = 20;
 
 void EndWithTooManyUsers(ui::Desktop& desktop) {
   desktop.Tell("More than 1000 network users - can not continue!", "KorvelMain", ui::Icon::Critical);
-  desktop.EndProcess(0);
+  desktop.EndProcess(kStartFailed);
 }
 
 std::string ProfileSectionOf(const std::string& computerName) {
@@ -62,6 +62,7 @@ void WarnOfNetworkMount(Shop& shop) {
 
 bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList) {
   Environment& environment = shop.environment;
+  environment.exitCodeOfGivingUp = kStartCancelled;
   if (!ResolveDataDir(environment, shop.desktop)) return false;
   shop.records.system.ReadSystem();
   if (!environment.log.Open()) EndWithTooManyUsers(shop.desktop);
@@ -85,6 +86,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.openFiles.ResetFileMarks();
   environment.fleetVersion = environment.settings.GetBoolean(kMainApplication, kSettingsSection, "FleetVersion", false);
   splash.Unload();
+  environment.exitCodeOfGivingUp = kEndedInOrder;
   return true;
 }
 

@@ -8,6 +8,7 @@ import pytest
 from conftest import Starter
 from driver import Lantos, data_option
 from locks import deny_to_all
+from startsteps import START_FAILED
 
 ROUNDS = 20
 SNAPSHOT = ("VehYear", "VehMake", "VehModel", "VehVIN", "VehLic", "VehDate", "VehMileage", "VehEng", "VehTrans")
@@ -105,7 +106,7 @@ def test_cancel_at_the_vehicle_file_leaves_the_work_to_the_next_start(started, g
     copy.press("Cancel")
     copy.expect_box(icon="critical", buttons=["OK"])
     copy.press("OK")
-    copy.expect_end(1)
+    copy.expect_end(START_FAILED)
     assert not set(SNAPSHOT) & set(columns_of(garage, "Estimates"))
     os.close(held)
     copy, = started(garage, 1)
