@@ -63,7 +63,7 @@ void frmMain::OnLoad() {
   state_.loading = true;
   rollover_.Start();
   startAndStop_.processCommandLine();
-  if (!startAndStop_.initGlobals()) shop_.desktop.EndProcess(0);
+  if (!startAndStop_.initGlobals()) shop_.desktop.EndProcess(kStartCancelled);
   RestoreSettings();
   // This caption keeps the search for another copy from finding this one.
   SetCaption("Lantos Starting...");
