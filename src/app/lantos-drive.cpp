@@ -35,6 +35,7 @@ struct DriveOptions {
   std::string settings = UserSettings::PlatformDirectory().string();
   std::string printTo;
   std::int64_t busyTimeout = kBusyTimeout.count();
+  bool keys = false;
   std::string programArguments;
 };
 
@@ -75,6 +76,7 @@ int ReadOptions(int count, char** arguments, DriveOptions& options) {
   app.add_option("--busy-timeout", options.busyTimeout,
                  "milliseconds for which a lock that another copy holds on the database is waited for")
       ->check(CLI::Range(kLongestTimeout));
+  app.add_flag("--keys", options.keys, "Print the page of all keys of all screens and exit");
   app.set_version_flag("--version", "lantos-drive " + ProgramVersion(), "Print the version and exit");
   app.footer("What stands behind -- is the program's own command line, as /D=/some/dir.");
   const int own = OwnArgumentCount(count, arguments);
@@ -154,9 +156,17 @@ int RunOnWindows(ui::Session& session, Clock& clock, const DriveOptions& options
 }
 #endif
 
+int PrintKeys(ui::Session& session, Clock& clock, const DriveOptions& options) {
+  ui::DriverDesktop desktop(session);
+  UserSettings settings(options.settings);
+  std::cout << Program(desktop, clock, settings, Invocation{"", ""}).Keys();
+  return std::cout.flush() ? 0 : kBroken;
+}
+
 int Drive(const DriveOptions& options) {
   const std::unique_ptr<Clock> clock = MakeClock(options.now);
   ui::Session session(std::cin, std::cout, *clock);
+  if (options.keys) return PrintKeys(session, *clock, options);
 #ifdef LANTOS_WITH_QT
   if (options.desktop == "qt") return RunOnWindows(session, *clock, options);
 #endif

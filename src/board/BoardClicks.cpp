@@ -74,7 +74,13 @@ void BoardClicks::WireRightButton() {
 
 void BoardClicks::LoadClicked(DaySerial date) {
   loadedByClick_ = kNoDay;
-  board_.LoadWeek(date);
+  try {
+    board_.LoadWeek(date);
+  } catch (...) {
+    // The calendar has the clicked day marked already.
+    parts_.calendar.SetValue(parts_.state.currentDate);
+    throw;
+  }
   loadedByClick_ = date;
 }
 

@@ -47,6 +47,7 @@ void BoardCommands::Add(std::vector<BoardCommand> commands) {
 
 void BoardCommands::Run(const BoardCommand& command) {
   if (command.dayCheck == DayCheck::Checked) rollover_.CheckDayRollover();
+  if (beforeEach) beforeEach();
   if (!Has(command.needs)) {
     parts_.shop.desktop.Tell(command.missing.text, command.missing.title, command.missing.icon);
     return;

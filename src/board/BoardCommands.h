@@ -50,6 +50,7 @@ class BoardCommands {
                 const DayRollover& rollover);
   BoardCommands(const BoardCommands&) = delete;  // the buttons hold places in the table
   const std::vector<BoardCommand>& All() const { return commands_; }
+  std::function<void()> beforeEach;  // set by whoever has something to bring up to date first
 
  private:
   std::vector<BoardCommand> OfTheViews();

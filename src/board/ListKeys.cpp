@@ -4,6 +4,8 @@ namespace lantos {
 
 namespace {
 
+constexpr const char* kOpens = "Open the estimate <Enter>";
+
 void StepToEstimate(ui::ListBox& list, int step) {
   // With nothing selected the first Down takes the first estimate, and so does Up.
   int row = list.ListIndex() < 0 ? 0 : list.ListIndex() + step;
@@ -21,10 +23,12 @@ void OpenOn(ui::KeyPress& key, ui::ListBox& list) {
 }  // namespace
 
 void OpenByEnter(ui::ListBox& list) {
+  list.SetToolTip(kOpens);
   list.OnKeyDown = [&list](ui::KeyPress& key) { OpenOn(key, list); };
 }
 
 void WalkByEstimates(ui::ListBox& list) {
+  list.SetToolTip(kOpens);
   list.OnKeyDown = [&list](ui::KeyPress& key) {
     OpenOn(key, list);
     const int step = key.Is("Down") ? 1 : key.Is("Up") ? -1 : 0;
@@ -35,6 +39,7 @@ void WalkByEstimates(ui::ListBox& list) {
 }
 
 void ServeByKeys(ui::ListBox& list, const ListButtons& buttons) {
+  list.SetToolTip("Add <Insert>, change <Enter>, remove <Delete>");
   list.OnKeyDown = [buttons](ui::KeyPress& key) {
     ui::Button* button = key.Is("Insert")   ? &buttons.add
                          : key.Is("Enter")  ? &buttons.change

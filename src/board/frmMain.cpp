@@ -37,6 +37,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
   for (ui::ListBox& list : week.List1) OpenByEnter(list);
   ServeByKeys(detail.listLabor, {detail.cmdLaborAdd, detail.cmdLaborChange, detail.cmdLaborRemove});
   ServeByKeys(detail.listParts, {detail.cmdPartAdd, detail.cmdPartChange, detail.cmdPartRemove});
+  boardCommands_.beforeEach = [this] { calendarKeys_.Follow(); };
   menus_.Build(boardCommands_.All(), {.refreshTotals = [this] { detail.RefreshTotals(); },
                                       .customersEdited =
                                           [this] {
@@ -154,7 +155,10 @@ void frmMain::UnloadOtherForms() {
   }
 }
 
-void frmMain::OnKeyDown(ui::KeyPress& key) { shop_.keys.HandleGlobalKeys(key, *this); }
+void frmMain::OnKeyDown(ui::KeyPress& key) {
+  if (shop_.keys.HandleGlobalKeys(key, *this)) return;
+  if (calendarKeys_.Press(key)) key.Clear();
+}
 
 void frmMain::OnResize() { ui::FitMinimumSize(*this, 0, 0); }
 

@@ -6,6 +6,7 @@
 #include "board/BoardCommands.h"
 #include "board/BoardMenus.h"
 #include "board/Booking.h"
+#include "board/CalendarKeys.h"
 #include "board/Papers.h"
 
 namespace lantos {
@@ -34,6 +35,7 @@ class frmMain : public ui::Form {
  public:
   // The order is the tab order.
   ui::MonthView MonthView1{*this, "MonthView1"};
+  ui::Timer CalendarTimer{*this, "CalendarTimer"};
   HoursPane hours{*this};
   CommandPane commands{*this};
   WeekPane week{*this};
@@ -57,6 +59,7 @@ class frmMain : public ui::Form {
 
   BoardMenus menus_;
   Board board_{Parts()};
+  CalendarKeys calendarKeys_{Parts(), board_, CalendarTimer};
   StatusByHand status_{Parts(), board_, menus_};
   Booking booking_;
   Papers papers_{Parts(), board_};

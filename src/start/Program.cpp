@@ -8,7 +8,9 @@
 #include "frame/PlainWords.h"
 #include "start/CommandLine.h"
 #include "start/DataDirectory.h"
+#include "start/EveryForm.h"
 #include "start/InitGlobals.h"
+#include "start/KeyPage.h"
 
 namespace lantos {
 
@@ -83,6 +85,16 @@ int Program::Run() {
   mainWindow.Show();
   state_->desktop.RunUntilUnloaded(mainWindow);
   return kEndedInOrder;
+}
+
+std::string Program::Keys() {
+  State& state = *state_;
+  frmMain main(state.shop, state.database, state.masters, state.inventoryList, state.workorders, state.Steps());
+  FormGround ground{state.shop,          state.database,   state.masters,
+                    state.inventoryList, state.workorders, main.detail.contents};
+  std::vector<std::unique_ptr<ui::Form>> forms;
+  for (const MakeForm& make : EveryForm()) forms.push_back(make(ground));
+  return KeyPage(forms);
 }
 
 std::string Program::LogPath() const { return state_->environment.log.Path().string(); }

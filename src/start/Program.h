@@ -29,6 +29,8 @@ class Program {
   // From the first line of the main window's load event to the end. The result is an ExitCode. A start that the person
   // gives up ends the process from within, by Desktop::EndProcess.
   int Run();
+  // The page of all keys of all forms (UTF-8). No file is read for it, and no window made.
+  std::string Keys();
   // Of this run's log file; empty before it is open.
   std::string LogPath() const;
 

@@ -13,11 +13,17 @@ namespace lantos::ui {
 class Form;
 class Frame;
 
+// How far PgUp and PgDn go where nothing tells how many rows can be seen.
+inline constexpr int kRowsAPage = 10;
+
 // The pixels of a control, if it has any.
 class ControlPeer {
  public:
   virtual ~ControlPeer() = default;
   virtual void Refresh(Aspect aspect) = 0;
+  // Of a list or grid: the rows that can be seen at once, at least 1.
+  virtual int RowsAPage() const { return kRowsAPage; }
+  virtual void ScrollSideways(int /*steps*/) {}
 };
 
 // A plain control: properties and events, no pixels. Constructed as a member of its form under the name that the

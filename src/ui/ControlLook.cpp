@@ -7,6 +7,11 @@ void ControlLook::SetToolTip(std::string text) {
   Changed(Aspect::ToolTip);
 }
 
+void ControlLook::SetSpokenName(std::string name) {
+  spokenName_ = std::move(name);
+  Changed(Aspect::ToolTip);
+}
+
 void ControlLook::SetBackColor(std::optional<Color> color) {
   if (backColor_ == color) return;
   backColor_ = color;

@@ -8,7 +8,7 @@
 namespace lantos::ui {
 
 // What of a control has changed, for whoever shows it.
-enum class Aspect { Text, Caption, Value, Rows, Selection, Shown, Enabled, Look, ToolTip, Date };
+enum class Aspect { Text, Caption, Value, Rows, Selection, Shown, Enabled, Look, ToolTip, Date, Dropped };
 
 // How a control looks, whatever it is, and what is said about it.
 class ControlLook {
@@ -17,6 +17,9 @@ class ControlLook {
 
   const std::string& ToolTip() const { return toolTip_; }
   void SetToolTip(std::string text);
+  // What a screen reader says of it, where neither its caption nor a label does; SpokenNameOf has it all together.
+  const std::string& SpokenName() const { return spokenName_; }
+  void SetSpokenName(std::string name);
   const std::string& Tag() const { return tag_; }
   void SetTag(std::string text) { tag_ = std::move(text); }
   const std::optional<Color>& BackColor() const { return backColor_; }
@@ -36,6 +39,7 @@ class ControlLook {
   int fontSize_ = 0;
   FontFace face_ = FontFace::Normal;
   std::string toolTip_;
+  std::string spokenName_;
   std::string tag_;
   std::optional<Color> backColor_;
 };

@@ -7,6 +7,7 @@
 
 #include "frame/Types.h"
 #include "ui/Control.h"
+#include "ui/Typing.h"
 
 namespace lantos::ui {
 
@@ -73,7 +74,7 @@ class OptionButton : public Captioned {
   bool value_ = false;
 };
 
-class TextBox : public Control {
+class TextBox : public Control, public Typing {
  public:
   using Control::Control;
   std::string_view Type() const override { return "TextBox"; }
@@ -97,8 +98,16 @@ class TextBox : public Control {
 
   // The person's typing: replaces the whole text, a character at a time, OnChange after each.
   void DoType(std::string_view text);
+  // The same where the caret is, leaving the rest.
+  void DoInsert(std::string_view text);
   // The text as it came out of the person's editing (a paste, a deletion): fires OnChange once when it differs.
   void DoEdit(std::string text);
+
+ protected:
+  FieldRules Rules() const override { return {maxLength_, locked_, multiLine_, password_, upperCase_}; }
+  std::string Shown() const override;
+  char Admit(char character) override;
+  void PutTyped(std::string shown) override;
 
  private:
   std::string text_;
@@ -170,16 +179,18 @@ class ListBox : public RowControl {
   std::function<void(int row)> OnItemCheck;
 
   void DoSelectRows(const std::vector<int>& rows);  // of a multi-select list
+  void DoExtendTo(int row);                         // all from the row selected last up to this one
   void DoCheck(int row, bool checked);              // the row becomes current, too
 
  private:
   int horizontalExtent_ = 0;
+  int extendFrom_ = -1;
   bool multiSelect_ = false;
   bool checkBoxes_ = false;
 };
 
 // A drop-down: of rows alone, or editable with a text of its own.
-class ComboBox : public RowControl {
+class ComboBox : public RowControl, public Typing {
  public:
   using RowControl::RowControl;
   std::string_view Type() const override { return "ComboBox"; }
@@ -192,18 +203,27 @@ class ComboBox : public RowControl {
 
   std::function<void()> OnChange;
   void DoType(std::string_view text);
+  void DoInsert(std::string_view text);
   void DoEdit(std::string text);
+
+  // The row that is marked in the open list, -1: no row is; none while the list is closed.
+  const std::optional<int>& DroppedRow() const { return droppedRow_; }
+  void Drop(std::optional<int> row);
 
  protected:
   void RowChosen() override;
   void RowLost() override {
     if (!editable_) RowChosen();  // a text of its own stays
   }
+  FieldRules Rules() const override { return {maxLength_, !editable_}; }
+  std::string Shown() const override { return text_; }
+  void PutTyped(std::string shown) override;
 
  private:
   std::string text_;
   std::size_t maxLength_ = 0;
   bool editable_ = false;
+  std::optional<int> droppedRow_;
 };
 
 struct GridColumn {
@@ -269,6 +289,10 @@ class MonthView : public Control {
 
   std::function<void(DaySerial)> OnDateClick;
   std::function<void(DaySerial)> OnDateDoubleClick;
+  std::function<void()> OnMarkMoved;  // by keys: the day is marked, and not clicked
+  // Arrows move the mark by days and weeks, PgUp and PgDn by months, Home and End to the ends of the month. True for
+  // these, and for all that a calendar might take for the beginning of a date.
+  bool DoKey(const KeyPress& key);
   void DoPick(DaySerial day);
   void DoDoublePick(DaySerial day);  // the click comes first, as the hand does it
 
@@ -284,12 +308,19 @@ class DTPicker : public Control {
   bool TakesFocus() const override { return true; }
   DaySerial Value() const { return value_; }
   void SetValue(DaySerial day);  // a change fires OnChange
+  // The part of the date that Up and Down change.
+  enum class Part { Month, Day, Year };
+  Part CurrentPart() const { return part_; }
+  void SetCurrentPart(Part part);
 
   std::function<void()> OnChange;
   void DoPick(DaySerial day);
+  // Left and Right go from part to part, Up and Down change the part by one, PgUp and PgDn the month. True for these.
+  bool DoKey(const KeyPress& key);
 
  private:
   DaySerial value_ = 0;
+  Part part_ = Part::Month;
 };
 
 class ProgressBar : public Control {
@@ -312,12 +343,14 @@ class Timer : public Control {
   using Control::Control;
   std::string_view Type() const override { return "Timer"; }
   int Interval() const { return interval_; }  // milliseconds; 0 never runs
-  void SetInterval(int milliseconds);
+  void SetInterval(int milliseconds);         // begins anew, also with what it was
+  int Starts() const { return starts_; }      // how often it was set
   std::function<void()> OnTimer;
   void DoTick();
 
  private:
   int interval_ = 0;
+  int starts_ = 0;
   bool ticking_ = false;
 };
 

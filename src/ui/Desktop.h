@@ -81,6 +81,9 @@ class Desktop {
   // Serves the person until the form is unloaded: the life of the main window.
   virtual void RunUntilUnloaded(Form& form) = 0;
 
+  // What was copied last, where no window system keeps it. Line ends as "\n".
+  std::string clipboard;
+
   // What is to be written down when an event fails.
   std::function<void(const std::string&)> logFailure;
   // Writes its text down, and reports what it says to a person.

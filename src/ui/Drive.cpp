@@ -1,5 +1,7 @@
 #include "ui/Drive.h"
 
+#include "ui/SpokenName.h"
+
 namespace lantos::ui {
 
 namespace {
@@ -19,6 +21,7 @@ void ReadRows(const RowControl& control, ControlState& state) {
 ControlState ReadControl(const Control& control) {
   ControlState state;
   state.visible = control.IsShown();
+  state.name = SpokenNameOf(control);
   state.enabled = control.IsUsable() || (control.Enabled() && !control.IsShown());
   if (const auto* captioned = dynamic_cast<const Captioned*>(&control)) state.caption = captioned->Caption();
   if (const auto* check = dynamic_cast<const CheckBox*>(&control)) state.checked = check->Value();
@@ -26,9 +29,13 @@ ControlState ReadControl(const Control& control) {
   if (const auto* text = dynamic_cast<const TextBox*>(&control)) {
     state.text = text->Text();
     state.locked = text->Locked();
+    state.caret = static_cast<int>(text->Caret());
   }
   if (const auto* rows = dynamic_cast<const RowControl*>(&control)) ReadRows(*rows, state);
-  if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) state.text = combo->Text();
+  if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
+    state.text = combo->Text();
+    if (combo->Editable()) state.caret = static_cast<int>(combo->Caret());
+  }
   if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
     state.cells.emplace();
     for (int row = 0; row < grid->RowCount(); ++row) state.cells->push_back(grid->RowAt(row));

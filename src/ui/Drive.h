@@ -60,6 +60,8 @@ struct ControlState {
   std::optional<std::vector<ListRow>> rows;
   std::optional<std::vector<GridRow>> cells;
   std::optional<int> selected;
+  std::string name;          // as a screen reader says it
+  std::optional<int> caret;  // characters before it, a line end being one
 };
 // From the plain control itself.
 ControlState ReadControl(const Control& control);
@@ -82,6 +84,8 @@ class Hand {
   virtual std::string Check(Control& control, bool value) = 0;
   virtual std::string CheckRow(ListBox& list, int row, bool value) = 0;
   virtual std::string Type(Control& control, const std::string& text) = 0;
+  // The caret behind that many characters, which the text has.
+  virtual std::string Insert(Control& control, const std::string& text, int at) = 0;
   virtual std::string Leave(Form& form) = 0;
   virtual std::string PressKey(Form& form, const KeyPress& key) = 0;
   virtual std::string Pick(Control& control, DaySerial day, bool twice) = 0;

@@ -80,6 +80,10 @@ void Form::PlaceChanged() {
   if (peer_ != nullptr) peer_->PlaceChanged();
 }
 
+void Form::SizeWasSet() {
+  if (loaded_) Run([this] { OnResize(); });
+}
+
 void Form::FocusMoved() {
   if (peer_ != nullptr) peer_->FocusChanged();
 }

@@ -47,7 +47,7 @@ class Form : public FormKeys, public Placement, public MenuBar {
 
   // What the person and the window system do to the window.
   void DoClose() override;
-  void DoMouseUp(MouseButton button);  // on the bare form
+  void DoMouseUp(MouseButton button) override;
   void DoResize(Twips width, Twips height, WindowState state);
 
   void Run(const std::function<void()>& event) override;
@@ -66,7 +66,9 @@ class Form : public FormKeys, public Placement, public MenuBar {
 
  private:
   void PlaceChanged() override;
+  void SizeWasSet() override;
   void FocusMoved() override;
+  std::string& Clipboard() override { return desktop_.clipboard; }
 
   Desktop& desktop_;
   std::string name_;

@@ -19,36 +19,6 @@ char MnemonicOf(std::string_view caption) {
   return '\0';
 }
 
-void StepRow(RowControl& rows, int step) {
-  const int row = std::clamp(rows.ListIndex() + step, 0, rows.ListCount() - 1);
-  if (rows.ListCount() > 0 && row != rows.ListIndex()) rows.DoSelect(row);
-}
-
-void StepRow(Grid& grid, int step) {
-  const int row = std::clamp(grid.Row() + step, 0, grid.RowCount() - 1);
-  if (grid.RowCount() > 0 && row != grid.Row()) grid.DoSelect(row);
-}
-
-// A text of several lines takes the Enter key for itself. Without a caret, its end is where typing goes on.
-void BreakLine(TextBox& page) {
-  constexpr std::string_view kLineEnd = "\r\n";
-  const bool full = page.MaxLength() != 0 && page.Text().size() + kLineEnd.size() > page.MaxLength();
-  if (!page.Locked() && !full) page.DoEdit(page.Text() + std::string(kLineEnd));
-}
-
-constexpr int kRowsAPage = 10;
-constexpr int kToTheEnd = 1000000;  // rows; more than any list holds
-
-int StepOf(const KeyPress& key) {
-  if (key.Is("Up")) return -1;
-  if (key.Is("Down")) return 1;
-  if (key.Is("PgUp")) return -kRowsAPage;
-  if (key.Is("PgDn")) return kRowsAPage;
-  if (key.Is("Home")) return -kToTheEnd;
-  if (key.Is("End")) return kToTheEnd;
-  return 0;
-}
-
 }  // namespace
 
 void FormKeys::Forget(Control& control) {
@@ -72,7 +42,10 @@ void FormKeys::PressKey(KeyPress key) {
 
 void FormKeys::PlatformKey(const KeyPress& key) {
   if (key.IsAlt("F4")) return DoClose();
-  if (key.alt && !key.control && key.key.size() == 1) {
+  if (IsMenuKey(key)) return PressMenuKey();
+  if (const auto* combo = dynamic_cast<ComboBox*>(Focus()); combo != nullptr && combo->DroppedRow()) {
+    PressControlKey(key);
+  } else if (key.alt && !key.control && key.key.size() == 1) {
     PressMnemonic(key.key[0]);
   } else if (key.key == "Tab" && !key.alt && !key.control) {
     MoveFocus(NextInTabOrder(key.shift));
@@ -80,16 +53,42 @@ void FormKeys::PlatformKey(const KeyPress& key) {
     if (cancelButton_ != nullptr && cancelButton_->IsUsable()) cancelButton_->DoClick();
   } else if (key.Is("Enter")) {
     PressEnter();
-  } else if (key.Is("Space")) {
+  } else if (!PressControlKey(key)) {
+    if (PressTextKey(key) || !key.Is("Space")) return;
     PressSpace();
-  } else if (const int step = StepOf(key)) {
-    if (auto* rows = dynamic_cast<RowControl*>(Focus())) StepRow(*rows, step);
-    if (auto* grid = dynamic_cast<Grid*>(Focus())) StepRow(*grid, step);
   }
 }
 
+bool FormKeys::PressControlKey(const KeyPress& key) {
+  Control* focus = Focus();
+  if (focus == nullptr || !focus->IsUsable()) return false;
+  if (auto* button = dynamic_cast<Captioned*>(focus)) return PressButtonKey(*button, key);
+  if (auto* month = dynamic_cast<MonthView*>(focus)) return month->DoKey(key);
+  if (auto* picker = dynamic_cast<DTPicker*>(focus)) return picker->DoKey(key);
+  return rowKeys_.Press(*focus, key);
+}
+
+bool FormKeys::PressTextKey(const KeyPress& key) {
+  auto* text = dynamic_cast<Typing*>(Focus());
+  if (text == nullptr) return false;
+  bool taken = false;
+  Run([&] { taken = text->PressTextKey(key, Clipboard()); });
+  return taken;
+}
+
+void FormKeys::PressMenuKey() {
+  // A text has a menu of its own.
+  if (auto* combo = dynamic_cast<ComboBox*>(Focus()); combo != nullptr && combo->Editable()) return;
+  if (dynamic_cast<TextBox*>(Focus()) != nullptr) return;
+  for (Control* control = Focus(); control != nullptr; control = control->Container()) {
+    if (control->OnMouseUp) return control->DoMouseUp(MouseButton::Right);
+  }
+  DoMouseUp(MouseButton::Right);
+}
+
 void FormKeys::PressEnter() {
-  if (auto* page = dynamic_cast<TextBox*>(Focus()); page != nullptr && page->MultiLine()) return BreakLine(*page);
+  if (auto* page = dynamic_cast<TextBox*>(Focus()); page != nullptr && page->MultiLine()) return page->DoInsert("\n");
+  if (auto* month = dynamic_cast<MonthView*>(Focus())) return month->DoPick(month->Value());
   auto* focused = dynamic_cast<Button*>(Focus());
   Button* button = focused != nullptr ? focused : defaultButton_;
   if (button != nullptr && button->IsUsable()) button->DoClick();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Key.h"
+#include "ui/RowKeys.h"
 #include "ui/TabOrder.h"
 
 namespace lantos::ui {
@@ -15,7 +16,13 @@ class FormKeys : public TabOrder {
   // the platform's. PressKey does the platform's part too: mnemonics, default and cancel button, tab, lists.
   void PreviewKey(KeyPress& key);
   void PressKey(KeyPress key);
-  virtual void DoClose() = 0;  // the window's close box
+  // A key in the rows, the options or the calendar that have the focus, as every desktop has it. True when it was
+  // theirs.
+  bool PressControlKey(const KeyPress& key);
+  // The menu key: what the right button opens on the control that has the focus, or on what that lies on.
+  void PressMenuKey();
+  virtual void DoClose() = 0;                      // the window's close box
+  virtual void DoMouseUp(MouseButton button) = 0;  // on the bare form
 
  protected:
   virtual void OnKeyDown(KeyPress&) {}
@@ -28,6 +35,10 @@ class FormKeys : public TabOrder {
   void PlatformKey(const KeyPress& key);
   void PressEnter();
   void PressSpace();
+  bool PressTextKey(const KeyPress& key);
+  virtual std::string& Clipboard() = 0;
+
+  RowKeys rowKeys_;
 
   Button* defaultButton_ = nullptr;
   Button* cancelButton_ = nullptr;

@@ -17,7 +17,7 @@ constexpr Spelling kSpellings[] = {
     {"Insert", "Insert"}, {"Del", "Delete"},  {"Delete", "Delete"},       {"PageUp", "PgUp"},     {"PgUp", "PgUp"},
     {"PageDown", "PgDn"}, {"PgDn", "PgDn"},   {"PgDown", "PgDn"},         {"Up", "Up"},           {"Down", "Down"},
     {"Left", "Left"},     {"Right", "Right"}, {"Home", "Home"},           {"End", "End"},         {"Tab", "Tab"},
-    {"Space", "Space"},   {" ", "Space"},     {"Backspace", "Backspace"}, {"BackTab", "BackTab"},
+    {"Space", "Space"},   {" ", "Space"},     {"Backspace", "Backspace"}, {"BackTab", "BackTab"}, {"Menu", "Menu"},
 };
 
 constexpr int kFunctionKeys = 24;

@@ -22,6 +22,11 @@ struct KeyPress {
   bool IsControlAlt(std::string_view name) const { return !cleared && control && alt && key == name; }
 };
 
+// The key that stands for the right button, under both its names.
+inline bool IsMenuKey(const KeyPress& key) {
+  return key.Is("Menu") || (key.key == "F10" && key.shift && !key.control && !key.alt && !key.cleared);
+}
+
 // "Ctrl+Alt+V", "Alt+F4", "a"; names in any case, letters become capitals. An empty key tells that the text is none.
 KeyPress ParseKey(std::string_view text);
 

@@ -18,6 +18,7 @@ class Placement {
   WindowState State() const { return state_; }
   void SetSize(Twips width, Twips height);
   void SetPosition(Twips left, Twips top);
+  bool HasPosition() const { return hasPosition_; }  // one was set; else the desktop finds a place
   void SetState(WindowState state);
   bool Resizable() const { return resizable_; }
   // Loaded for the whole run and seldom shown: no window is made for it before it is.
@@ -25,6 +26,7 @@ class Placement {
 
   // What the person has made of it.
   void DoMove(Twips left, Twips top) {
+    hasPosition_ = true;
     left_ = left;
     top_ = top;
   }
@@ -35,8 +37,11 @@ class Placement {
   // As the window system has it. False when it was so already.
   bool TakeSize(Twips width, Twips height, WindowState state);
   virtual void PlaceChanged() = 0;
+  // Size or state were set from code, which fires the same event as the person's hand.
+  virtual void SizeWasSet() = 0;
 
  private:
+  bool hasPosition_ = false;
   Twips left_ = 0;
   Twips top_ = 0;
   Twips width_ = 9600;

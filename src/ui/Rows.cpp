@@ -103,6 +103,7 @@ int ListBox::Widest(const std::function<int(const std::string&)>& measure) {
 }
 
 void ListBox::DoSelectRows(const std::vector<int>& rows) {
+  extendFrom_ = rows.empty() ? -1 : rows.front();
   Owner().Run([&] {
     for (ListRow& row : rows_) row.selected = false;
     for (int row : rows) rows_.at(static_cast<std::size_t>(row)).selected = true;
@@ -110,6 +111,14 @@ void ListBox::DoSelectRows(const std::vector<int>& rows) {
     Changed(Aspect::Selection);
     FireClick();
   });
+}
+
+void ListBox::DoExtendTo(int row) {
+  const int from = std::clamp(extendFrom_ < 0 ? std::max(listIndex_, 0) : extendFrom_, 0, ListCount() - 1);
+  std::vector<int> rows;
+  for (int each = from; each != row; each += row < from ? -1 : 1) rows.push_back(each);
+  rows.push_back(row);  // the current one is the last
+  DoSelectRows(rows);
 }
 
 void ListBox::DoCheck(int row, bool checked) {
@@ -121,11 +130,28 @@ void ListBox::DoCheck(int row, bool checked) {
 
 void ComboBox::RowChosen() {
   text_ = listIndex_ < 0 ? std::string() : rows_[static_cast<std::size_t>(listIndex_)].text;
+  TextWasSet(HasFocus());
+  if (HasFocus() && listIndex_ >= 0) MarkAll();
 }
 
 void ComboBox::SetText(std::string text) {
   if (text_ == text) return;
   text_ = std::move(text);
+  TextWasSet(HasFocus());
+  listIndex_ = FindText(text_);
+  Changed(Aspect::Text);
+  if (OnChange) OnChange();
+}
+
+void ComboBox::Drop(std::optional<int> row) {
+  if (droppedRow_ == row) return;
+  droppedRow_ = row;
+  Changed(Aspect::Dropped);
+}
+
+void ComboBox::PutTyped(std::string shown) {
+  if (text_ == shown) return;
+  text_ = std::move(shown);
   listIndex_ = FindText(text_);
   Changed(Aspect::Text);
   if (OnChange) OnChange();
@@ -134,10 +160,13 @@ void ComboBox::SetText(std::string text) {
 void ComboBox::DoType(std::string_view text) {
   Owner().Run([&] {
     SetText("");
-    for (char c : text) {
-      if (maxLength_ != 0 && text_.size() >= maxLength_) break;
-      SetText(text_ + c);
-    }
+    DoInsert(text);
+  });
+}
+
+void ComboBox::DoInsert(std::string_view text) {
+  Owner().Run([&] {
+    for (const char character : text) TypeCharacter(character);
   });
 }
 

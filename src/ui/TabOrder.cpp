@@ -4,6 +4,20 @@
 
 namespace lantos::ui {
 
+namespace {
+
+void EnterField(Control& control) {
+  if (auto* text = dynamic_cast<Typing*>(&control)) text->EnterField();
+  if (auto* picker = dynamic_cast<DTPicker*>(&control)) picker->SetCurrentPart(DTPicker::Part::Month);
+}
+
+void LeaveField(Control* control) {
+  if (auto* text = dynamic_cast<Typing*>(control)) text->LeaveField();
+  if (auto* combo = dynamic_cast<ComboBox*>(control)) combo->Drop(std::nullopt);
+}
+
+}  // namespace
+
 Control* TabOrder::Find(std::string_view fullName) const {
   const auto found = std::find_if(controls_.begin(), controls_.end(),
                                   [&](Control* control) { return control->FullName() == fullName; });
@@ -14,10 +28,12 @@ void TabOrder::SetFocus(Control& control) {
   if (focus_ == &control || !control.TakesFocus() || !control.IsUsable()) return;
   Control* left = focus_;
   focus_ = &control;
+  LeaveField(left);
   if (left != nullptr && left->OnLostFocus) left->OnLostFocus();
   if (focus_ != &control) return;  // the lost-focus event moved it elsewhere
   FocusMoved();
   if (control.OnGotFocus) control.OnGotFocus();
+  if (focus_ == &control) EnterField(control);
 }
 
 bool TabOrder::MoveFocus(Control* to) {
@@ -54,6 +70,7 @@ void TabOrder::TakeFirstFocus() {
   if (focus_ == nullptr) return;
   FocusMoved();
   if (focus_->OnGotFocus) focus_->OnGotFocus();
+  if (focus_ != nullptr) EnterField(*focus_);
 }
 
 void TabOrder::LeaveUnusableFocus() {

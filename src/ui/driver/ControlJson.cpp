@@ -56,9 +56,11 @@ Json ToJson(const Control& control, const ControlState& state) {
     json["rows"] = GridRowsJson(*grid, state);
   }
   if (state.selected) json["selected"] = *state.selected;
+  if (state.caret) json["caret"] = *state.caret;
   if (state.date) json["date"] = FormatIsoDate(*state.date);
   if (state.locked) json["locked"] = *state.locked;
   if (state.value) json["value"] = *state.value;
+  json["name"] = JsonText(state.name);
   json["tag"] = JsonText(control.Tag());
   return json;
 }

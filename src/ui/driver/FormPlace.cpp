@@ -81,9 +81,10 @@ void FormPlace::Perform(const Line& line) {
     std::string (FormPlace::*perform)(const Line&);
   };
   static constexpr Deed kDeeds[] = {
-      {"click", &FormPlace::Click}, {"select", &FormPlace::Select},   {"check", &FormPlace::Check},
-      {"type", &FormPlace::Type},   {"leave", &FormPlace::Leave},     {"key", &FormPlace::PressKey},
-      {"pick", &FormPlace::Pick},   {"menu", &FormPlace::ChooseMenu}, {"close", &FormPlace::Close},
+      {"click", &FormPlace::Click},   {"select", &FormPlace::Select}, {"check", &FormPlace::Check},
+      {"insert", &FormPlace::Insert}, {"type", &FormPlace::Type},     {"leave", &FormPlace::Leave},
+      {"key", &FormPlace::PressKey},  {"pick", &FormPlace::Pick},     {"menu", &FormPlace::ChooseMenu},
+      {"close", &FormPlace::Close},
   };
   for (const Deed& deed : kDeeds) {
     if (deed.subject != line.Subject()) continue;
@@ -176,7 +177,8 @@ std::string FormPlace::Check(const Line& line) {
   return hand_.Check(control, value);
 }
 
-std::string FormPlace::Type(const Line& line) {
+// A field that the person can type into.
+Control& FormPlace::TextControl(const Line& line) const {
   Control& control = UsableControl(line);
   const auto* text = dynamic_cast<TextBox*>(&control);
   const auto* combo = dynamic_cast<ComboBox*>(&control);
@@ -184,7 +186,20 @@ std::string FormPlace::Type(const Line& line) {
     throw Refusal(control.FullName() + " takes no text");
   }
   if (text != nullptr && text->Locked()) throw Refusal(control.FullName() + " is locked");
-  return hand_.Type(control, line.Text("text"));
+  return control;
+}
+
+std::string FormPlace::Type(const Line& line) { return hand_.Type(TextControl(line), line.Text("text")); }
+
+std::string FormPlace::Insert(const Line& line) {
+  Control& control = TextControl(line);
+  const int at = line.Number("at");
+  const auto* box = dynamic_cast<TextBox*>(&control);
+  const std::string shown = WithLineFeeds(box != nullptr ? box->Text() : dynamic_cast<ComboBox&>(control).Text());
+  if (at < 0 || static_cast<std::size_t>(at) > shown.size()) {
+    throw Refusal(control.FullName() + " has no place behind " + std::to_string(at) + " characters");
+  }
+  return hand_.Insert(control, line.Text("text"), at);
 }
 
 std::string FormPlace::Leave(const Line&) { return hand_.Leave(form_); }

@@ -23,6 +23,7 @@ class FormPlace : public Place {
   std::string Select(const Line& line);
   std::string Check(const Line& line);
   std::string Type(const Line& line);
+  std::string Insert(const Line& line);
   std::string Leave(const Line& line);
   std::string PressKey(const Line& line);
   std::string Pick(const Line& line);
@@ -30,6 +31,7 @@ class FormPlace : public Place {
   std::string Close(const Line& line);
 
   Control& UsableControl(const Line& line) const;
+  Control& TextControl(const Line& line) const;
   std::vector<int> RowsToSelect(const Line& line, const Control& control) const;
 
   Form& form_;

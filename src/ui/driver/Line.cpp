@@ -33,6 +33,7 @@ constexpr Member kSelect[] = {
     kControl, {"row", Kind::Number, false}, {"rows", Kind::Numbers, false}, {"text", Kind::Text, false}};
 constexpr Member kCheck[] = {kControl, {"value", Kind::Flag}, {"row", Kind::Number, false}};
 constexpr Member kType[] = {kControl, {"text", Kind::Text}};
+constexpr Member kInsert[] = {kControl, {"text", Kind::Text}, {"at", Kind::Number}};
 constexpr Member kKey[] = {{"key", Kind::Text}};
 constexpr Member kPick[] = {kControl, {"date", Kind::Text}, {"double", Kind::Flag, false}};
 constexpr Member kMenu[] = {{"item", Kind::Text}};
@@ -42,10 +43,10 @@ constexpr Member kWait[] = {{"ms", Kind::Number}};
 constexpr Member kNow[] = {{"at", Kind::Text}};
 constexpr Member kScreenshot[] = {{"to", Kind::Text}};
 
-constexpr Shape kDeeds[] = {{"click", kClick},   {"select", kSelect}, {"check", kCheck}, {"type", kType},
-                            {"leave", {}},       {"key", kKey},       {"pick", kPick},   {"menu", kMenu},
-                            {"choose", kChoose}, {"answer", kAnswer}, {"close", {}},     {"print", {}},
-                            {"wait", kWait},     {"now", kNow}};
+constexpr Shape kDeeds[] = {{"click", kClick},   {"select", kSelect}, {"check", kCheck},   {"type", kType},
+                            {"insert", kInsert}, {"leave", {}},       {"key", kKey},       {"pick", kPick},
+                            {"menu", kMenu},     {"choose", kChoose}, {"answer", kAnswer}, {"close", {}},
+                            {"print", {}},       {"wait", kWait},     {"now", kNow}};
 
 bool IsSmallNumber(const json& value) {
   if (!value.is_number_integer()) return false;

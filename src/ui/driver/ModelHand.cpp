@@ -29,25 +29,43 @@ void SelectWithoutMoving(Control& control, const std::vector<int>& rows) {
   }
 }
 
-// Clicking a drop-down opens it; only a row of it is a click of the program's.
-bool HasOwnClick(const Control& control) { return dynamic_cast<const ComboBox*>(&control) == nullptr; }
+// Without what no key types.
+std::string TypableIn(const std::string& text) {
+  std::string typed = WithLineFeeds(text);
+  std::erase_if(typed, [](char character) { return character != '\n' && !CanBeTyped(character); });
+  return typed;
+}
+
+// Rows that lie open to the mouse. Clicking a drop-down opens it; only a row of it is a click of the program's.
+bool HasRows(const Control& control) {
+  return dynamic_cast<const ListBox*>(&control) != nullptr || dynamic_cast<const Grid*>(&control) != nullptr;
+}
+
+// What a click is one of the program's on, wherever it is.
+bool HasOwnClick(const Control& control) {
+  return dynamic_cast<const Captioned*>(&control) != nullptr || dynamic_cast<const MonthView*>(&control) != nullptr;
+}
 
 }  // namespace
 
 std::string ModelHand::Click(Control& control, MouseButton button) {
   if (!GoTo(control)) return "";
-  if (button == MouseButton::Right) {
-    control.DoMouseUp(button);
-    return "";
+  const bool hasRows = HasRows(control);
+  if (button == MouseButton::Left && hasRows && CurrentRow(control) >= 0) {
+    return ClickRow(control, CurrentRow(control), button);
   }
-  control.DoMouseUp(button);
-  if (CanTouch(control) && HasOwnClick(control)) control.DoClick();
+  // Behind a short text, which the middle of its field is.
+  if (auto* text = dynamic_cast<TextBox*>(&control)) text->PutCaret(std::string::npos);
+  if (button == MouseButton::Right || hasRows || !control.TakesFocus()) control.DoMouseUp(button);
+  if (button == MouseButton::Left && CanTouch(control) && HasOwnClick(control)) control.DoClick();
   return "";
 }
 
 std::string ModelHand::DoubleClick(Control& control) {
+  if (HasRows(control) && CurrentRow(control) >= 0) return DoubleClickRow(control, CurrentRow(control));
   Click(control, MouseButton::Left);
-  if (CanTouch(control) && control.HasFocus() == control.TakesFocus()) control.DoDoubleClick();
+  const bool hasDoubleClick = HasRows(control) || !control.TakesFocus();
+  if (hasDoubleClick && CanTouch(control) && control.HasFocus() == control.TakesFocus()) control.DoDoubleClick();
   return "";
 }
 
@@ -55,14 +73,15 @@ std::string ModelHand::ClickRow(Control& control, int row, MouseButton button) {
   if (!GoTo(control)) return "";
   // The right button only makes the row the current one; what is current already isn't clicked again.
   if (button == MouseButton::Left || CurrentRow(control) != row) SelectWithoutMoving(control, {row});
-  if (CanTouch(control)) control.DoMouseUp(button);
+  if (CanTouch(control) && HasRows(control)) control.DoMouseUp(button);
   return "";
 }
 
 std::string ModelHand::DoubleClickRow(Control& control, int row) {
   if (!GoTo(control)) return "";
   SelectWithoutMoving(control, {row});
-  if (CanTouch(control)) control.DoDoubleClick();
+  if (CanTouch(control) && HasRows(control)) control.DoMouseUp(MouseButton::Left);
+  if (CanTouch(control) && HasRows(control)) control.DoDoubleClick();
   return "";
 }
 
@@ -91,13 +110,16 @@ std::string ModelHand::CheckRow(ListBox& list, int row, bool value) {
 
 std::string ModelHand::Type(Control& control, const std::string& text) {
   if (!GoTo(control)) return "";
-  std::string typed = WithLineFeeds(text);
-  std::erase_if(typed, [](char character) { return character != '\n' && !CanBeTyped(character); });
-  if (auto* box = dynamic_cast<TextBox*>(&control)) {
-    box->DoType(typed);
-  } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
-    combo->DoType(typed);
-  }
+  if (auto* box = dynamic_cast<TextBox*>(&control)) box->DoType(TypableIn(text));
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) combo->DoType(TypableIn(text));
+  return "";
+}
+
+std::string ModelHand::Insert(Control& control, const std::string& text, int at) {
+  if (!GoTo(control)) return "";
+  dynamic_cast<Typing&>(control).PutCaret(static_cast<std::size_t>(at));
+  if (auto* box = dynamic_cast<TextBox*>(&control)) box->DoInsert(TypableIn(text));
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) combo->DoInsert(TypableIn(text));
   return "";
 }
 

@@ -19,6 +19,7 @@ class ModelHand : public Hand {
   std::string Check(Control& control, bool value) override;
   std::string CheckRow(ListBox& list, int row, bool value) override;
   std::string Type(Control& control, const std::string& text) override;
+  std::string Insert(Control& control, const std::string& text, int at) override;
   std::string Leave(Form& form) override;
   std::string PressKey(Form& form, const KeyPress& key) override;
   std::string Pick(Control& control, DaySerial day, bool twice) override;

@@ -11,10 +11,11 @@ void TimerQueue::Look(const std::vector<Form*>& forms, LocalTime now) {
       auto* timer = dynamic_cast<Timer*>(control);
       if (timer == nullptr || !timer->Enabled() || timer->Interval() <= 0) continue;
       const auto known = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-        return entry.timer == timer && entry.interval == timer->Interval();
+        return entry.timer == timer && entry.starts == timer->Starts();
       });
-      seen.push_back(
-          known != entries_.end() ? *known : Entry{timer, timer->Interval(), now.PlusMilliseconds(timer->Interval())});
+      const int interval = timer->Interval();
+      seen.push_back(known != entries_.end() ? *known
+                                             : Entry{timer, interval, timer->Starts(), now.PlusMilliseconds(interval)});
     }
   }
   entries_ = std::move(seen);

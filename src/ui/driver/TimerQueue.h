@@ -22,6 +22,7 @@ class TimerQueue {
   struct Entry {
     Timer* timer;
     int interval;
+    int starts;
     LocalTime due;
   };
   std::vector<Entry> entries_;

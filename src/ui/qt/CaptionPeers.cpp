@@ -11,6 +11,7 @@ namespace lantos::ui {
 
 namespace {
 
+// A label that takes the room that is left shows as much of its text as fits, and all of it in its tool tip.
 class LabelPeer : public WidgetPeer {
  public:
   LabelPeer(FormWindow& window, Captioned& control, QLabel& label)
@@ -20,15 +21,38 @@ class LabelPeer : public WidgetPeer {
   }
   void Read(ControlState& state) const override {
     WidgetPeer::Read(state);
-    state.caption = FromQt(label_.text());
+    if (!cut_) state.caption = FromQt(label_.text());
+  }
+  void Resized() override {
+    if (!IsElided() || !Window().IsAttached()) return;
+    ShowCaption();
+    ShowToolTip();
   }
 
  private:
   void Apply(unsigned aspects) override {
-    if (Has(aspects, Aspect::Caption)) label_.setText(ToQt(captioned_.Caption()));
+    if (!Has(aspects, Aspect::Caption) && !Has(aspects, Aspect::Look)) return;
+    ShowCaption();
+    if (IsElided()) ShowToolTip();
   }
+
+  bool IsElided() const { return !label_.wordWrap() && label_.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored; }
+
+  void ShowCaption() {
+    const QString whole = ToQt(captioned_.Caption());
+    QString shown = whole;
+    if (IsElided()) shown = label_.fontMetrics().elidedText(whole, Qt::ElideRight, label_.contentsRect().width());
+    cut_ = shown != whole;
+    if (label_.text() != shown) label_.setText(shown);
+  }
+
+  QString ToolTipToCome() const override {
+    return cut_ && captioned_.ToolTip().empty() ? ToQt(captioned_.Caption()) : WidgetPeer::ToolTipToCome();
+  }
+
   Captioned& captioned_;
   QLabel& label_;
+  bool cut_ = false;
 };
 
 // A group box shows its caption, any other container none.

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QDateEdit>
 #include <QProgressBar>
@@ -21,6 +22,8 @@ class MonthPeer : public WidgetPeer {
       : WidgetPeer(window, control, calendar), month_(control), calendar_(calendar) {
     calendar_.setFirstDayOfWeek(Qt::Sunday);
     calendar_.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    DaysOf(calendar_).setFrameStyle(QFrame::StyledPanel);  // which shows the focus
+    QObject::connect(qApp, &QApplication::focusChanged, &calendar_, [this] { DaysOf(calendar_).update(); });
     QObject::connect(&calendar_, &QCalendarWidget::clicked, &calendar_, [this](const QDate& date) {
       if (IsPersonsDoing()) month_.DoPick(FromQt(date));
     });
@@ -67,10 +70,26 @@ class PickerPeer : public WidgetPeer {
     WidgetPeer::Read(state);
     state.date = FromQt(edit_.date());
   }
+  // The mouse, or a number typed to its end, has gone to another part.
+  void BeforeKey() override {
+    for (const auto& [part, section] : kParts) {
+      if (edit_.currentSection() == section) picker_.SetCurrentPart(part);
+    }
+  }
 
  private:
+  static constexpr std::pair<DTPicker::Part, QDateTimeEdit::Section> kParts[] = {
+      {DTPicker::Part::Month, QDateTimeEdit::MonthSection},
+      {DTPicker::Part::Day, QDateTimeEdit::DaySection},
+      {DTPicker::Part::Year, QDateTimeEdit::YearSection}};
+
   void Apply(unsigned aspects) override {
-    if (Has(aspects, Aspect::Date)) edit_.setDate(ToQt(picker_.Value()));
+    const bool changes = Has(aspects, Aspect::Date) && edit_.date() != ToQt(picker_.Value());
+    if (changes) edit_.setDate(ToQt(picker_.Value()));
+    if ((!changes && !Has(aspects, Aspect::Selection)) || !edit_.hasFocus()) return;
+    for (const auto& [part, section] : kParts) {
+      if (picker_.CurrentPart() == part) edit_.setSelectedSection(section);
+    }
   }
   DTPicker& picker_;
   QDateEdit& edit_;

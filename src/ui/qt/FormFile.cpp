@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <stdexcept>
 #include <string_view>
 
@@ -30,9 +31,16 @@ const FormDesign kForms[] = {
 };
 #undef FORM
 
+std::map<std::string, std::function<std::unique_ptr<QWidget>()>> addedForms;
+
 }  // namespace
 
+void AddFormFile(const std::string& formName, std::function<std::unique_ptr<QWidget>()> build) {
+  addedForms[formName] = std::move(build);
+}
+
 std::unique_ptr<QWidget> LoadFormFile(const std::string& formName) {
+  if (const auto added = addedForms.find(formName); added != addedForms.end()) return added->second();
   const auto form = std::find_if(std::begin(kForms), std::end(kForms),
                                  [&](const FormDesign& design) { return design.name == formName; });
   if (form == std::end(kForms)) throw std::logic_error("There is no form " + formName);

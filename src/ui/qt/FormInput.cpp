@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QWindow>
 
 #include "ui/qt/FormWindow.h"
@@ -66,6 +67,9 @@ bool FormInput::HandleKey(QKeyEvent& event) {
   KeyPress press = ReadKey(event);
   if (press.key.empty()) return false;
   window_.Flush();
+  if (const Control* focus = GetForm().Focus()) {
+    if (WidgetPeer* peer = window_.PeerOf(*focus)) peer->BeforeKey();
+  }
   GetForm().PreviewKey(press);
   if (!window_.IsAttached() || !GetForm().Visible() || press.cleared) return true;
   window_.Flush();
@@ -84,7 +88,22 @@ bool FormInput::PlatformKey(const KeyPress& key) {
     return true;
   }
   if (key.Is("Esc")) return ClickButton(GetForm().CancelButton());
-  return key.Is("Enter") && PressEnter();
+  if (key.Is("Enter")) return PressEnter();
+  if (IsMenuKey(key)) return PressMenuKey();
+  return GetForm().PressControlKey(key);
+}
+
+// A text has a menu of its own, which the window system opens.
+bool FormInput::PressMenuKey() {
+  Control* focus = GetForm().Focus();
+  const auto* combo = dynamic_cast<ComboBox*>(focus);
+  if (dynamic_cast<TextBox*>(focus) != nullptr || (combo != nullptr && combo->Editable())) return false;
+  const QWidget* at = window_.focusWidget() == nullptr ? window_.centralWidget() : window_.focusWidget();
+  QtDesktop& desktop = window_.Owner();
+  desktop.OpenNextMenuAt(at->mapToGlobal(at->rect().center()));
+  GetForm().PressMenuKey();
+  desktop.OpenNextMenuAt(std::nullopt);
+  return true;
 }
 
 // Who goes by keyboard is shown where he is. The window system would do so by itself, had it seen the key.
@@ -97,9 +116,26 @@ void FormInput::ShowKeyboardFocus() {
 bool FormInput::PressEnter() {
   Control* focus = GetForm().Focus();
   if (auto* button = dynamic_cast<Button*>(focus)) return ClickButton(button);
-  if (const auto* text = dynamic_cast<TextBox*>(focus); text != nullptr && text->MultiLine()) return false;
-  // A calendar of the window system takes Enter for a double click.
-  return ClickButton(GetForm().DefaultButton()) || dynamic_cast<MonthView*>(focus) != nullptr;
+  if (const auto* text = dynamic_cast<TextBox*>(focus); text != nullptr && text->MultiLine())
+    return IsFull(*text, "\n");
+  if (auto* month = dynamic_cast<MonthView*>(focus)) {
+    month->DoPick(month->Value());
+    return true;
+  }
+  return ClickButton(GetForm().DefaultButton());
+}
+
+// Whether a page has no room for what would be typed. A line has its limit in its widget.
+bool FormInput::IsFull(const TextBox& box, std::string_view typed) const {
+  const auto* page = qobject_cast<QPlainTextEdit*>(&window_.PeerOf(box)->Widget());
+  if (page == nullptr || box.MaxLength() == 0) return false;
+  // A line end is two characters inside.
+  const auto lengthOf = [](const QString& text) {
+    return static_cast<std::size_t>(text.size() + text.count(QLatin1Char('\n')) +
+                                    text.count(QChar::ParagraphSeparator));
+  };
+  const std::size_t marked = lengthOf(page->textCursor().selectedText());
+  return lengthOf(page->toPlainText()) - marked + typed.size() + (typed == "\n" ? 1 : 0) > box.MaxLength();
 }
 
 bool FormInput::ClickButton(Button* button) {
@@ -162,7 +198,7 @@ bool FormInput::FilterCharacter(QKeyEvent& event) {
   if (box->OnKeyPress) {
     GetForm().Run([&] { box->OnKeyPress(character); });
   }
-  if (!window_.IsAttached() || character == '\0') return true;
+  if (!window_.IsAttached() || character == '\0' || IsFull(*box, "x")) return true;
   if (character == typed) return false;
   QKeyEvent changed(event.type(), event.key(), event.modifiers(), ToQt(std::string(1, character)));
   if (QWidget* widget = window_.focusWidget()) QApplication::sendEvent(widget, &changed);

@@ -24,6 +24,8 @@ class FormInput {
   bool PlatformKey(const KeyPress& key);
   void ShowKeyboardFocus();
   bool PressEnter();
+  bool PressMenuKey();
+  bool IsFull(const TextBox& box, std::string_view typed) const;
   bool PressMnemonic(QChar letter);
   bool PressLabelMnemonic(QChar letter);
   bool OpenMenu(QChar letter);

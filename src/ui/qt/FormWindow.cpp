@@ -1,8 +1,11 @@
 #include "ui/qt/FormWindow.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -196,6 +199,10 @@ void FormWindow::ApplyFocus() {
   if (peer == nullptr) return;
   peer->Widget().setFocus(Qt::OtherFocusReason);
   if (auto* line = qobject_cast<QLineEdit*>(&peer->Widget())) line->selectAll();
+  if (auto* combo = qobject_cast<QComboBox*>(&peer->Widget()); combo != nullptr && combo->isEditable()) {
+    combo->lineEdit()->selectAll();
+  }
+  if (auto* date = qobject_cast<QDateEdit*>(&peer->Widget())) date->setSelectedSection(QDateEdit::MonthSection);
   // Typing goes on where the text ends; the mouse puts the caret elsewhere afterwards.
   if (auto* page = qobject_cast<QPlainTextEdit*>(&peer->Widget())) page->moveCursor(QTextCursor::End);
 }
@@ -230,6 +237,12 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
       if (peer == nullptr) return false;
       return !peer->GetControl().IsUsable() || peer->HandleMouse(mouse);
     }
+    case QEvent::Resize:
+      if (WidgetPeer* peer = byMouseTarget_.value(watched, nullptr)) peer->Resized();
+      return false;
+    case QEvent::Wheel:
+      // A wheel that goes over a field on its way down a page must not change what is in it.
+      return qobject_cast<QComboBox*>(watched) != nullptr || qobject_cast<QAbstractSpinBox*>(watched) != nullptr;
     default:
       return false;
   }

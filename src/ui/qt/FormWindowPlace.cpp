@@ -51,7 +51,7 @@ void FormWindow::ShowForm() {
   PlaceChanged();
   placing_ = true;
   QPoint place(ToPixels(form_->LeftEdge()), ToPixels(form_->TopEdge()));
-  if (place.isNull()) {
+  if (!form_->HasPosition()) {
     const QRect around = below != nullptr && below != this ? below->geometry() : screen()->availableGeometry();
     place = around.center() - QPoint(width() / 2, height() / 2);
   }

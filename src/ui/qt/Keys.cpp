@@ -28,6 +28,7 @@ constexpr NamedKey kNamedKeys[] = {
     {"Tab", Qt::Key_Backtab},
     {"Space", Qt::Key_Space},
     {"Backspace", Qt::Key_Backspace},
+    {"Menu", Qt::Key_Menu},
 };
 
 bool IsCharacter(int code) { return code > Qt::Key_Space && code <= Qt::Key_ydiaeresis; }

@@ -1,9 +1,11 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QStyledItemDelegate>
 
 #include "ui/qt/FormWindow.h"
+#include "ui/qt/Keys.h"
 #include "ui/qt/RowsPeer.h"
 #include "ui/qt/Text.h"
 
@@ -60,6 +62,7 @@ class ListPeer : public RowsPeer {
 
  private:
   int CurrentRow() const override { return box_.ListIndex(); }
+  bool CanPickNone() const override { return box_.MultiSelect(); }
 
   void Pick(int row) override {
     if (box_.MultiSelect()) {
@@ -100,6 +103,8 @@ class ListPeer : public RowsPeer {
   void ShowSelection() {
     if (!box_.MultiSelect()) return ShowSelected(box_.ListIndex());
     for (int row = 0; row < list_.count(); ++row) list_.item(row)->setSelected(box_.Selected(row));
+    list_.setCurrentRow(box_.ListIndex(), QItemSelectionModel::NoUpdate);
+    if (QListWidgetItem* current = list_.item(box_.ListIndex())) list_.scrollToItem(current);
   }
 
   ListBox& box_;
@@ -118,6 +123,7 @@ class ComboPeer : public WidgetPeer {
       if (IsPersonsDoing()) box_.DoSelect(row);
       if (Window().IsAttached()) Refresh(Aspect::Selection);
     });
+    combo_.view()->installEventFilter(&dropped_);
     if (!box_.Editable()) return;
     QObject::connect(combo_.lineEdit(), &QLineEdit::textEdited, &combo_, [this](const QString& text) {
       if (IsPersonsDoing()) box_.DoEdit(FromQt(text));
@@ -127,32 +133,92 @@ class ComboPeer : public WidgetPeer {
   void Read(ControlState& state) const override {
     WidgetPeer::Read(state);
     state.text = FromQt(combo_.currentText());
-    state.selected = combo_.currentIndex();
+    state.selected = SelectedRow();
     state.rows->resize(static_cast<std::size_t>(combo_.count()));
     for (int row = 0; row < combo_.count(); ++row) {
       (*state.rows)[static_cast<std::size_t>(row)].text = FromQt(combo_.itemText(row));
-      (*state.rows)[static_cast<std::size_t>(row)].selected = row == combo_.currentIndex();
+      (*state.rows)[static_cast<std::size_t>(row)].selected = row == *state.selected;
     }
+    if (box_.Editable()) state.caret = combo_.lineEdit()->cursorPosition();
   }
 
  private:
+  // The open list, which is a window of its own.
+  class DroppedList : public QObject {
+   public:
+    explicit DroppedList(ComboPeer& peer) : peer_(peer) {}
+    bool eventFilter(QObject*, QEvent* event) override { return peer_.HandleDropped(*event); }
+
+   private:
+    ComboPeer& peer_;
+  };
+
+  bool HandleDropped(QEvent& event) {
+    if (!IsPersonsDoing()) return false;
+    if (event.type() == QEvent::Show) box_.Drop(box_.ListIndex());
+    if (event.type() == QEvent::Hide) box_.Drop(std::nullopt);
+    if (event.type() != QEvent::KeyPress || !box_.DroppedRow()) return false;
+    const KeyPress key = ReadKey(static_cast<QKeyEvent&>(event));
+    if (key.key.empty()) return false;
+    Window().GetForm().PressControlKey(key);
+    if (Window().IsAttached()) Window().Flush();
+    return true;
+  }
+
+  void ShowDropped() {
+    if (!box_.DroppedRow()) return combo_.hidePopup();
+    if (!combo_.view()->isVisible()) combo_.showPopup();
+    const QModelIndex row = combo_.model()->index(*box_.DroppedRow(), combo_.modelColumn());
+    combo_.view()->selectionModel()->clear();
+    if (row.isValid()) combo_.view()->setCurrentIndex(row);
+  }
+
+  // Where the text is typed, it says which row is the current one.
+  int SelectedRow() const {
+    return box_.Editable() ? combo_.findText(combo_.currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive)
+                           : combo_.currentIndex();
+  }
+
   void Apply(unsigned aspects) override {
     if (Has(aspects, Aspect::Rows)) ShowRows();
-    if (combo_.currentIndex() != box_.ListIndex()) combo_.setCurrentIndex(box_.ListIndex());
-    if (!box_.Editable()) return;
-    if (box_.MaxLength() != 0) combo_.lineEdit()->setMaxLength(static_cast<int>(box_.MaxLength()));
-    if (combo_.lineEdit()->text() != ToQt(box_.Text())) combo_.setEditText(ToQt(box_.Text()));
+    if (box_.Editable()) {
+      ApplyText(Has(aspects, Aspect::Selection));
+    } else if (combo_.currentIndex() != box_.ListIndex()) {
+      combo_.setCurrentIndex(box_.ListIndex());
+    }
+    if (Has(aspects, Aspect::Dropped)) ShowDropped();
+  }
+
+  // A row of none would empty the field, and the caret would be lost with what is being typed.
+  void ApplyText(bool rowChosen) {
+    QLineEdit& edit = *combo_.lineEdit();
+    if (!limited_ && box_.MaxLength() != 0) edit.setMaxLength(static_cast<int>(box_.MaxLength()));
+    limited_ = true;
+    const QString text = ToQt(box_.Text());
+    const int place = edit.cursorPosition();
+    const bool changes = edit.text() != text;
+    if (box_.ListIndex() >= 0 && combo_.currentIndex() != box_.ListIndex()) combo_.setCurrentIndex(box_.ListIndex());
+    if (edit.text() != text) combo_.setEditText(text);
+    if (rowChosen && box_.ListIndex() >= 0 && combo_.hasFocus()) {
+      edit.selectAll();
+    } else if (changes) {
+      edit.setCursorPosition(combo_.hasFocus() ? place : 0);
+    }
   }
 
   void ShowRows() {
     QStringList texts;
     for (const ListRow& row : box_.Rows()) texts.append(ToQt(row.text));
+    const QString text = combo_.currentText();
     combo_.clear();
     combo_.addItems(texts);
+    if (box_.Editable()) combo_.setEditText(text);
   }
 
   ComboBox& box_;
   QComboBox& combo_;
+  bool limited_ = false;
+  DroppedList dropped_{*this};
 };
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "ui/qt/Appearance.h"
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
+#include "ui/qt/FocusStyle.h"
 #include "ui/qt/FormTimers.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
@@ -34,6 +35,7 @@ struct QtDesktop::Buried {
 QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_unique<QObject>()) {
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
+  UseFocusStyle();
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 #include <QString>
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -66,6 +68,8 @@ class QtDesktop : public Desktop {
   FormWindow* TopFormWindow() const;             // of the forms on show; null when there is none
   QWidget* TopWindow() const;                    // a box, menu or preview before any form
   bool IsWorking() const { return pointer_ == Pointer::Hourglass; }
+  // The menu that pops up next does so here, its first entry marked; none: at the mouse.
+  void OpenNextMenuAt(std::optional<QPoint> place) { menuPlace_ = place; }
   // How often the program has waited for the person so far.
   int WaitCount() const { return waitCount_; }
   void PublishCaptions();
@@ -110,6 +114,7 @@ class QtDesktop : public Desktop {
   std::vector<QWidget*> overlays_;  // boxes, menus, previews on show, the topmost last
   std::vector<ReportWindow*> previews_;
   Pointer pointer_ = Pointer::Normal;
+  std::optional<QPoint> menuPlace_;
   int waitDepth_ = 0;
   int waitCount_ = 0;
   int screens_ = 0;

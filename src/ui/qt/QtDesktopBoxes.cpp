@@ -26,6 +26,12 @@ QAction* AddEntry(QMenu& menu, MenuItem& item) {
   return action;
 }
 
+QAction* FirstShown(const QMenu& menu) {
+  const QList<QAction*> actions = menu.actions();
+  const auto first = std::find_if(actions.begin(), actions.end(), [](QAction* action) { return action->isVisible(); });
+  return first == actions.end() ? nullptr : *first;
+}
+
 }  // namespace
 
 Answer QtDesktop::Show(const Box& box) {
@@ -64,7 +70,9 @@ void QtDesktop::PopupMenu(Form&, MenuItem& menu) {
         context_.get(), [this] { WakeWaits(); }, Qt::QueuedConnection);
   });
   overlays_.push_back(&shown);
-  shown.popup(QCursor::pos());
+  shown.popup(menuPlace_.value_or(QCursor::pos()));
+  if (menuPlace_) shown.setActiveAction(FirstShown(shown));
+  menuPlace_.reset();
   const std::function<bool()> over = [&closed] { return closed; };
   const auto choose = [&](MenuItem* item) {
     for (const auto& [action, entry] : entries) {

@@ -51,6 +51,12 @@ bool HasRows(const Control& control) {
   return dynamic_cast<const ListBox*>(&control) != nullptr || dynamic_cast<const Grid*>(&control) != nullptr;
 }
 
+// Where a control's text is typed; both null when it isn't.
+std::pair<QLineEdit*, QPlainTextEdit*> FieldOf(const WidgetPeer& peer) {
+  if (auto* combo = qobject_cast<QComboBox*>(&peer.Widget())) return {combo->lineEdit(), nullptr};
+  return {qobject_cast<QLineEdit*>(&peer.Widget()), qobject_cast<QPlainTextEdit*>(&peer.Widget())};
+}
+
 int CurrentRow(const Control& control) {
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) return list->ListIndex();
   if (const auto* grid = dynamic_cast<const Grid*>(&control)) return grid->Row();
@@ -193,25 +199,43 @@ std::string QtHand::CheckRow(ListBox& list, int row, bool value) {
 std::string QtHand::Type(Control& control, const std::string& text) {
   WidgetPeer* peer = GoTo(control);
   if (peer == nullptr) return "";
-  FormWindow* window = desktop_.WindowOf(control.Owner());
-  QWidget* widget = &peer->Widget();
-  if (auto* combo = qobject_cast<QComboBox*>(widget)) widget = combo->lineEdit();
-  auto* line = qobject_cast<QLineEdit*>(widget);
-  auto* page = qobject_cast<QPlainTextEdit*>(widget);
+  auto [line, page] = FieldOf(*peer);
   if (line == nullptr && page == nullptr) return control.FullName() + " takes no text";
   line != nullptr ? line->selectAll() : page->selectAll();
   if (line != nullptr ? line->hasSelectedText() : page->textCursor().hasSelection()) {
     const KeyPress remove = ParseKey("Delete");
-    window->SendKey(MakeKeyEvent(QEvent::KeyPress, remove), MakeKeyEvent(QEvent::KeyRelease, remove));
+    desktop_.WindowOf(control.Owner())
+        ->SendKey(MakeKeyEvent(QEvent::KeyPress, remove), MakeKeyEvent(QEvent::KeyRelease, remove));
   }
+  SendText(control, text);
+  return "";
+}
+
+std::string QtHand::Insert(Control& control, const std::string& text, int at) {
+  WidgetPeer* peer = GoTo(control);
+  if (peer == nullptr) return "";
+  auto [line, page] = FieldOf(*peer);
+  if (line != nullptr) line->setCursorPosition(at);
+  if (page != nullptr) {
+    QTextCursor cursor = page->textCursor();
+    cursor.setPosition(at);
+    page->setTextCursor(cursor);
+  }
+  SendText(control, text);
+  return "";
+}
+
+void QtHand::SendText(Control& control, const std::string& text) {
+  FormWindow* window = desktop_.WindowOf(control.Owner());
+  const auto* box = dynamic_cast<TextBox*>(&control);
+  const bool isPage = box != nullptr && box->MultiLine();
   for (const char character : WithLineFeeds(text)) {
     // What the text does to the screen may take the keyboard elsewhere.
     if (desktop_.WindowOf(control.Owner()) != window || !CanTouch(control) || !control.HasFocus()) break;
-    if (character == '\n' ? page == nullptr : !CanBeTyped(character)) continue;
+    if (character == '\n' ? !isPage : !CanBeTyped(character)) continue;
     window->SendKey(MakeKeyEvent(QEvent::KeyPress, character), MakeKeyEvent(QEvent::KeyRelease, character));
     if (window->IsAttached()) window->Flush();
   }
-  return "";
 }
 
 std::string QtHand::Leave(Form& form) {
@@ -223,6 +247,13 @@ std::string QtHand::Leave(Form& form) {
 std::string QtHand::PressKey(Form& form, const KeyPress& key) {
   FormWindow* window = desktop_.WindowOf(form);
   window->Flush();
+  // An open drop-down has the keyboard.
+  if (QWidget* popup = QApplication::activePopupWidget()) {
+    QWidget* target = popup->focusWidget() == nullptr ? popup : popup->focusWidget();
+    QKeyEvent down = MakeKeyEvent(QEvent::KeyPress, key);
+    QApplication::sendEvent(target, &down);
+    return "";
+  }
   window->SendKey(MakeKeyEvent(QEvent::KeyPress, key), MakeKeyEvent(QEvent::KeyRelease, key));
   return "";
 }

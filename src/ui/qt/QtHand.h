@@ -22,6 +22,7 @@ class QtHand : public Hand {
   std::string Check(Control& control, bool value) override;
   std::string CheckRow(ListBox& list, int row, bool value) override;
   std::string Type(Control& control, const std::string& text) override;
+  std::string Insert(Control& control, const std::string& text, int at) override;
   std::string Leave(Form& form) override;
   std::string PressKey(Form& form, const KeyPress& key) override;
   std::string Pick(Control& control, DaySerial day, bool twice) override;
@@ -37,6 +38,8 @@ class QtHand : public Hand {
   // The widget of a control that the person has gone to; null when the control that was left kept the focus, or what
   // it did has put this one out of reach.
   WidgetPeer* GoTo(Control& control);
+  // Into the field as it is, character by character, for as long as it has the person.
+  void SendText(Control& control, const std::string& text);
   std::string SelectInCombo(WidgetPeer& peer, int row);
 
   QtDesktop& desktop_;

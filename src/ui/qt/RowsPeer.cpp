@@ -1,6 +1,7 @@
 #include "ui/qt/RowsPeer.h"
 
 #include <QApplication>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "ui/qt/FormWindow.h"
@@ -12,6 +13,21 @@ RowsPeer::RowsPeer(FormWindow& window, Control& control, QAbstractItemView& view
   view_.setContextMenuPolicy(Qt::NoContextMenu);
   QObject::connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, &view_,
                    [this] { SelectionChanged(); });
+  QObject::connect(qApp, &QApplication::focusChanged, &view_,
+                   [this](QWidget* before, QWidget* now) { FocusChanged(before, now); });
+}
+
+// A view of the window system marks its first row when the focus comes, though nothing is selected. The focus is shown
+// on its frame instead.
+void RowsPeer::FocusChanged(const QWidget* before, const QWidget* now) {
+  if (before != &view_ && now != &view_) return;
+  if (now == &view_ && Window().IsAttached() && CurrentRow() < 0) view_.selectionModel()->clearCurrentIndex();
+  view_.update();
+}
+
+int RowsPeer::RowsAPage() const {
+  const int height = view_.visualRect(view_.model()->index(0, LeadingColumn())).height();
+  return std::max(1, view_.viewport()->height() / std::max(1, height));
 }
 
 void RowsPeer::Read(ControlState& state) const {
@@ -59,7 +75,11 @@ void RowsPeer::Release(QMouseEvent& event) {
   const int row = pressedRow_ ? SelectedRow() : -1;
   const bool right = event.button() == Qt::RightButton;
   // The left button clicks the current row again; the right one only goes to a row.
-  if (row >= 0 && (!right || row != CurrentRow())) Pick(row);
+  if (row >= 0 ? !right || row != CurrentRow() : pressedRow_ && CanPickNone()) {
+    Pick(row);
+  } else if (row < 0) {
+    Refresh(Aspect::Selection);  // beside the rows, or with Ctrl on the one that is selected: it stays
+  }
   if (Window().IsAttached()) GetControl().DoMouseUp(right ? MouseButton::Right : MouseButton::Left);
 }
 
@@ -70,10 +90,18 @@ void RowsPeer::SelectionChanged() {
   if (row >= 0 && row != CurrentRow()) Pick(row);
 }
 
+void RowsPeer::ScrollSideways(int steps) {
+  QScrollBar& bar = *view_.horizontalScrollBar();
+  bar.setValue(bar.value() + steps * bar.singleStep());
+}
+
 std::vector<int> RowsPeer::SelectedRows() const {
   std::vector<int> rows;
   for (const QModelIndex& index : view_.selectionModel()->selectedRows()) rows.push_back(index.row());
   std::sort(rows.begin(), rows.end());
+  // The row that the hand is on comes last.
+  const auto current = std::find(rows.begin(), rows.end(), view_.currentIndex().row());
+  if (current != rows.end()) std::rotate(current, current + 1, rows.end());
   return rows;
 }
 

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -10,14 +11,34 @@ namespace lantos::ui {
 
 namespace {
 
+// What has come in between, by a paste say: what stood there before stays as it is.
+std::string WithNewPartInCapitals(std::string_view before, std::string after) {
+  const std::size_t shorter = std::min(before.size(), after.size());
+  std::size_t head = 0;
+  while (head < shorter && before[head] == after[head]) ++head;
+  std::size_t tail = 0;
+  while (tail < shorter - head && before[before.size() - 1 - tail] == after[after.size() - 1 - tail]) ++tail;
+  for (std::size_t i = head; i + tail < after.size(); ++i) after[i] = ToUpper(after[i]);
+  return after;
+}
+
+// What can't be changed lies on the window's own colour. A colour that the program gives goes before it.
+void ShowLocked(QWidget& field, const TextBox& box) {
+  if (box.BackColor()) return;
+  QPalette palette;
+  if (box.Locked()) palette.setColor(QPalette::Base, QApplication::palette().color(QPalette::Window));
+  field.setPalette(palette);
+}
+
 class LinePeer : public WidgetPeer {
  public:
   LinePeer(FormWindow& window, TextBox& control, QLineEdit& edit)
       : WidgetPeer(window, control, edit), box_(control), edit_(edit) {
-    QObject::connect(&edit_, &QLineEdit::textEdited, &edit_, [this](const QString& text) {
+    // What is edited isn't all: the way back in a password empties it.
+    QObject::connect(&edit_, &QLineEdit::textChanged, &edit_, [this](const QString& text) {
       if (!IsPersonsDoing()) return;
       const std::string typed = FromQt(text);
-      box_.DoEdit(box_.UpperCase() ? ToUpper(typed) : typed);
+      box_.DoEdit(box_.UpperCase() ? WithNewPartInCapitals(box_.Text(), typed) : typed);
       if (Window().IsAttached()) Refresh(Aspect::Text);
     });
   }
@@ -26,24 +47,40 @@ class LinePeer : public WidgetPeer {
     WidgetPeer::Read(state);
     state.text = FromQt(edit_.text());
     state.locked = edit_.isReadOnly();
+    state.caret = edit_.cursorPosition();
   }
 
  private:
-  void Apply(unsigned /*aspects*/) override {
+  // A field of the window system forgets caret and way back whenever its text or its limit is set, also to what they
+  // are already.
+  void Apply(unsigned aspects) override {
+    if (Has(aspects, Aspect::Enabled) || Has(aspects, Aspect::Look)) ShowLocked(edit_, box_);
     edit_.setEchoMode(box_.Password() ? QLineEdit::Password : QLineEdit::Normal);
     edit_.setReadOnly(box_.Locked());
     const QString text = ToQt(box_.Text());
-    // The limit is for typing: what the program itself sets may be longer.
-    const int limit = box_.MaxLength() == 0 ? 32767 : static_cast<int>(box_.MaxLength());
-    edit_.setMaxLength(std::max(limit, static_cast<int>(text.size())));
-    if (edit_.text() == text) return;
+    if (edit_.text() == text) {
+      if (!limited_) Limit(text.size());
+      return;
+    }
     const int place = edit_.cursorPosition();
+    Limit(text.size());
     edit_.setText(text);
     edit_.setCursorPosition(edit_.hasFocus() ? place : 0);
   }
 
+  // The limit is for typing: what the program itself sets may be longer.
+  void Limit(qsizetype length) {
+    limited_ = true;
+    const int limit = box_.MaxLength() == 0 ? kNoLimit : static_cast<int>(box_.MaxLength());
+    const int wanted = std::max(limit, static_cast<int>(length));
+    if (edit_.maxLength() != wanted) edit_.setMaxLength(wanted);
+  }
+
+  static constexpr int kNoLimit = 32767;
+
   TextBox& box_;
   QLineEdit& edit_;
+  bool limited_ = false;
 };
 
 class PagePeer : public WidgetPeer {
@@ -54,7 +91,7 @@ class PagePeer : public WidgetPeer {
     QObject::connect(&edit_, &QPlainTextEdit::textChanged, &edit_, [this] {
       if (!IsPersonsDoing()) return;
       std::string typed = Shown();
-      if (box_.UpperCase()) typed = ToUpper(typed);
+      if (box_.UpperCase()) typed = WithNewPartInCapitals(box_.Text(), std::move(typed));
       if (box_.MaxLength() != 0 && typed.size() > box_.MaxLength()) typed.resize(box_.MaxLength());
       if (typed.ends_with('\r')) typed.pop_back();  // no half a line end
       box_.DoEdit(std::move(typed));
@@ -67,6 +104,7 @@ class PagePeer : public WidgetPeer {
     // Which characters end the line can't be seen.
     if (WithLineFeeds(box_.Text()) != FromQt(edit_.toPlainText())) state.text = Shown();
     state.locked = edit_.isReadOnly();
+    state.caret = edit_.textCursor().position();
   }
 
  private:
@@ -74,8 +112,11 @@ class PagePeer : public WidgetPeer {
     return FromQt(edit_.toPlainText().replace(QStringLiteral("\n"), QStringLiteral("\r\n")));
   }
 
-  void Apply(unsigned /*aspects*/) override {
+  void Apply(unsigned aspects) override {
+    if (Has(aspects, Aspect::Enabled) || Has(aspects, Aspect::Look)) ShowLocked(edit_, box_);
     edit_.setReadOnly(box_.Locked());
+    // A locked page can still be read and copied from the keyboard.
+    if (box_.Locked()) edit_.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     const QString text = ToQt(WithLineFeeds(box_.Text()));
     if (edit_.toPlainText() == text) return;
     const int place = edit_.textCursor().position();

@@ -2,6 +2,7 @@
 
 #include <QTextDocument>
 
+#include "ui/SpokenName.h"
 #include "ui/qt/Appearance.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
@@ -28,11 +29,19 @@ void WidgetPeer::Flush() {
   Apply(aspects);
   if (Has(aspects, Aspect::Enabled)) widget_.setEnabled(control_.Enabled());
   if (Has(aspects, Aspect::Shown)) widget_.setVisible(control_.Visible());
-  if (Has(aspects, Aspect::ToolTip)) {
-    const QString text = ToQt(control_.ToolTip());
-    // "Save <F10>" would pass for rich text.
-    widget_.setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
+  // A list is called like the frame around it, whose caption may have changed with its rows.
+  if (Has(aspects, Aspect::ToolTip) || Has(aspects, Aspect::Caption) || Has(aspects, Aspect::Rows)) {
+    widget_.setAccessibleName(ToQt(SpokenNameOf(control_)));
   }
+  if (Has(aspects, Aspect::ToolTip)) ShowToolTip();
+}
+
+QString WidgetPeer::ToolTipToCome() const { return ToQt(control_.ToolTip()); }
+
+void WidgetPeer::ShowToolTip() {
+  const QString text = ToolTipToCome();
+  // "Save <F10>" would pass for rich text.
+  widget_.setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
 }
 
 void WidgetPeer::ApplyLook() {
@@ -49,6 +58,7 @@ QFont WidgetPeer::FontToCome() const { return FontOf(control_, themeFont_); }
 void WidgetPeer::Read(ControlState& state) const {
   const QWidget* window = widget_.window();
   state.visible = widget_.isVisibleTo(window);
+  state.name = FromQt(widget_.accessibleName());
   if (state.visible) state.enabled = widget_.isEnabledTo(window);
 }
 

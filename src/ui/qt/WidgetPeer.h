@@ -38,11 +38,18 @@ class WidgetPeer : public ControlPeer {
   // The middle of a row, brought into sight, in the mouse target's own pixels. None when the control has no such row.
   virtual std::optional<QPoint> PlaceOfRow(int /*row*/) { return std::nullopt; }
 
+  // The widget has another size.
+  virtual void Resized() {}
+  // A key is about to come in: what the person has done inside the widget is brought to the control.
+  virtual void BeforeKey() {}
+
   // The form is unloaded, its controls may be gone; the widget lives until its last event is over.
   virtual void ControlGone() {}
 
  protected:
   virtual void Apply(unsigned aspects) = 0;
+  virtual QString ToolTipToCome() const;
+  void ShowToolTip();
   static bool Has(unsigned aspects, Aspect aspect) { return (aspects & Bit(aspect)) != 0; }
   // False while the program's own changes are being brought to the widget, and when the form is gone.
   bool IsPersonsDoing() const;

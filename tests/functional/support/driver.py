@@ -152,6 +152,9 @@ class Lantos:
     def type(self, control, text):
         return self.send(do="type", control=control, text=text)
 
+    def insert(self, control, text, at):
+        return self.send(do="insert", control=control, text=text, at=at)
+
     def leave(self):
         return self.send(do="leave")
 

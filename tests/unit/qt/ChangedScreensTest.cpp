@@ -55,7 +55,8 @@ struct Screens : test::BoardShop {
   Workorders workorders{environment, desktop, records};
   test::PaperBoard board{desktop};
   Contents contents{Workbench{shop, database, inventoryList, workorders.Current, board}, workorders};
-  std::vector<std::unique_ptr<ui::Form>> forms = test::EveryForm(shop, database, masters, contents);
+  std::vector<std::unique_ptr<ui::Form>> forms =
+      test::MakeEveryForm({shop, database, masters, inventoryList, workorders, contents});
 };
 
 TEST(ChangedScreens, AskBeforeTheyCloseWhicheverWayAndNoStays) {

@@ -11,7 +11,7 @@ namespace lantos::test {
 struct WindowShop : BoardShop {
   WindowShop() {
     person.boxesDontMatter = true;
-    forms = EveryForm(windowed, database, masters, contents);
+    forms = MakeEveryForm({windowed, database, masters, inventoryList, workorders, contents});
   }
 
   ScriptedPerson person;

@@ -156,6 +156,7 @@ TEST_F(Forms, EnterInATextOfSeveralLinesBeginsANewOne) {
   screen.first.SetMaxLength(6);
   screen.first.SetText("one");
   screen.log.clear();
+  screen.PressKey(ParseKey("Ctrl+End"));
   screen.PressKey(ParseKey("Enter"));
   EXPECT_EQ(screen.log, "first=one\r\n ");
   // No half a line end at the limit, nothing in a locked text, and the default button stays out of it.

@@ -77,6 +77,38 @@ TEST(WindowPlace, ATextThatIsNoNumberRaisesTheConversionError) {
   EXPECT_THROW(RestoreWindow(place.settings, place.form), std::invalid_argument);
 }
 
+// A form that can't be drawn smaller than it was designed.
+class DesignedForm : public Form {
+ public:
+  using Form::Form;
+  void Load(const UserSettings& settings) {
+    settings_ = &settings;
+    LoadForm();
+  }
+
+ private:
+  void OnLoad() override { RestoreWindow(*settings_, *this); }
+  void OnResize() override { FitMinimumSize(*this, 6000, 3930); }
+  const UserSettings* settings_ = nullptr;
+};
+
+TEST(WindowPlace, ARestoredSizeBelowTheMinimumGrowsToIt) {
+  Place place;
+  place.settings.Save("frmSmallWidth", "100");
+  place.settings.Save("frmSmallHeight", "5000");
+  DesignedForm form(place.desktop, "frmSmall", "Small");
+  form.Load(place.settings);
+  EXPECT_EQ(form.Width(), 6000);
+  EXPECT_EQ(form.Height(), 5000);
+}
+
+TEST(WindowPlace, AnEdgeAtNoughtIsAPlaceLikeAnyOther) {
+  Place place;
+  EXPECT_FALSE(place.form.HasPosition());
+  place.form.SetPosition(0, 0);
+  EXPECT_TRUE(place.form.HasPosition());
+}
+
 TEST(ControlPlaces, AreKeptUnderTheCaption) {
   Place place;
   SaveControlPlace(place.settings, place.label.Caption(), {10, 20, 300, 400.25F, 0});

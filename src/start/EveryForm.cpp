@@ -1,0 +1,96 @@
+#include "start/EveryForm.h"
+
+#include "admin/frmDisclaimer.h"
+#include "admin/frmPrintOptions.h"
+#include "board/frmContinue.h"
+#include "board/frmEstStatus.h"
+#include "board/frmMain.h"
+#include "board/frmReschedule.h"
+#include "board/frmSpecialDays.h"
+#include "board/frmStatusOptions.h"
+#include "board/frmStdHours.h"
+#include "contents/extras/frmEstExtras.h"
+#include "contents/extras/frmSubList.h"
+#include "contents/extras/frmWOExtra.h"
+#include "contents/labor/frmCanLabor.h"
+#include "contents/labor/frmCanLaborList.h"
+#include "contents/labor/frmEstFollowup.h"
+#include "contents/labor/frmLabor.h"
+#include "contents/labor/frmRepairCode.h"
+#include "contents/notes/frmCanNoteList.h"
+#include "contents/notes/frmEstNotes.h"
+#include "contents/notes/frmNotes.h"
+#include "contents/notes/frmWOChklst.h"
+#include "contents/parts/frmWOKit.h"
+#include "contents/parts/frmWOPart.h"
+#include "masters/customers/frmCustEdit.h"
+#include "masters/customers/frmCustSearch.h"
+#include "masters/vehicles/frmMakeModel.h"
+#include "masters/vehicles/frmVehEdit.h"
+#include "masters/vehicles/frmVehList.h"
+#include "records/CannedLabor.h"
+#include "records/Vehicles.h"
+#include "screens/frmEnterPwd.h"
+#include "start/frmEnterDir.h"
+#include "start/frmSplash.h"
+
+namespace lantos {
+
+namespace {
+
+template <class Screen, class... Arguments>
+std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
+  return std::make_unique<Screen>(std::forward<Arguments>(arguments)...);
+}
+
+constexpr DaySerial kSomeDay = 37894;
+
+const std::vector<MakeForm> kForms = {
+    [](FormGround& ground) {
+      return Make<frmMain>(ground.shop, ground.database, ground.masters, ground.inventoryList, ground.workorders,
+                           StartAndStop{[] {}, [] { return true; }, [] {}});
+    },
+    [](FormGround& ground) { return Make<frmSplash>(ground.shop.desktop); },
+    [](FormGround& ground) { return Make<frmEnterDir>(ground.shop.desktop, ground.shop.environment); },
+    [](FormGround& ground) { return Make<frmEnterPwd>(ground.shop, "System"); },
+    [](FormGround& ground) { return Make<frmPrintOptions>(ground.shop); },
+    [](FormGround& ground) { return Make<frmStdHours>(ground.shop, ground.database.lantosData); },
+    [](FormGround& ground) { return Make<frmSpecialDays>(ground.shop, ground.database.lantosData); },
+    [](FormGround& ground) { return Make<frmEstStatus>(ground.shop, ground.database, [] { return kNotContinued; }); },
+    [](FormGround& ground) { return Make<frmStatusOptions>(ground.shop); },
+    [](FormGround& ground) { return Make<frmCustSearch>(ground.shop); },
+    [](FormGround& ground) { return Make<frmCustEdit>(ground.shop); },
+    [](FormGround& ground) { return Make<frmVehList>(ground.shop); },
+    [](FormGround& ground) {
+      return Make<frmVehEdit>(ground.shop, ground.shop.records.vehicles.CurrentVehicle, "Edit Vehicle");
+    },
+    [](FormGround& ground) { return Make<frmMakeModel>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
+    [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
+    [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },
+    [](FormGround& ground) { return Make<frmCanLaborList>(ground.contents.bench); },
+    [](FormGround& ground) { return Make<frmCanLabor>(ground.contents.bench, frmCanLabor::Mode::Add, CannedLabor()); },
+    [](FormGround& ground) {
+      return Make<frmWOPart>(ground.contents.bench, "Add Non-Stocked Part", frmWOPart::Task::Add,
+                             frmWOPart::Kind::NonStock);
+    },
+    [](FormGround& ground) { return Make<frmWOKit>(ground.contents.bench, "Add Kit to Estimate"); },
+    [](FormGround& ground) { return Make<frmEstExtras>(ground.contents.bench, kSubletExtras); },
+    [](FormGround& ground) { return Make<frmEstExtras>(ground.contents.bench, kWasteExtras); },
+    [](FormGround& ground) { return Make<frmSubList>(ground.contents.bench); },
+    [](FormGround& ground) { return Make<frmWOExtra>(ground.shop, "Estimate Sublet", ExtraLine(), "Yes"); },
+    [](FormGround& ground) { return Make<frmEstNotes>(ground.contents.bench); },
+    [](FormGround& ground) { return Make<frmNotes>(ground.shop, NoteMode::EstimateNote, Note()); },
+    [](FormGround& ground) { return Make<frmCanNoteList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmWOChklst>(ground.shop); },
+    [](FormGround& ground) { return Make<frmDisclaimer>(ground.shop); },
+    [](FormGround& ground) { return Make<frmReschedule>(ground.shop, ground.database, kSomeDay); },
+    [](FormGround& ground) { return Make<frmContinue>(ground.shop); },
+};
+
+}  // namespace
+
+const std::vector<MakeForm>& EveryForm() { return kForms; }
+
+}  // namespace lantos

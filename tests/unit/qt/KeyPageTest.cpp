@@ -1,0 +1,91 @@
+#include "start/KeyPage.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "qt/EveryForm.h"
+#include "ui/SpokenName.h"
+
+namespace lantos {
+namespace {
+
+using test::PaperShop;
+
+// What a tool tip may name.
+bool IsKey(const std::string& key) { return !ui::ParseKey(key).key.empty(); }
+
+TEST(KeyPage, NamesKeysThatThereAre) {
+  const PaperShop shop;
+  for (const auto& form : shop.forms) {
+    for (const ToldKey& told : KeysOf(*form)) {
+      if (told.key.find(", ") != std::string::npos) continue;  // a way through the menus
+      EXPECT_TRUE(IsKey(told.key)) << form->Name() << " tells of " << told.key;
+      EXPECT_FALSE(told.what.empty()) << form->Name() << ": " << told.key;
+    }
+  }
+}
+
+// Whoever leaves every box and form at once.
+class HastyDesktop : public test::StandInDesktop {
+  ui::Answer AnswerTo(const ui::Box& box) override { return ui::ButtonsOf(box).back(); }
+  void Use(ui::Form& form) override { form.Hide(); }
+  void ChooseFrom(ui::MenuItem&) override {}
+  void Failed(const std::string&) override {}
+};
+
+struct HastyShop {
+  HastyShop() { environment.files.SetDataDir(directory.DataDir()); }
+
+  test::ScratchDirectory directory;
+  StandingClock clock{LocalTime{ToSerial(test::kToday), 0}};
+  UserSettings settings{directory / "settings"};
+  Environment environment{clock, settings};
+  HastyDesktop desktop;
+  Records records{environment, desktop};
+  ui::GlobalKeys keys{desktop};
+  Shop shop{desktop, environment, records, keys};
+  EstimateDatabase database{environment, records};
+  MasterScreens masters{shop};
+  frmInvList inventoryList{shop};
+  Workorders workorders{environment, desktop, records};
+  test::PaperBoard board{desktop};
+  Contents contents{Workbench{shop, database, inventoryList, workorders.Current, board}, workorders};
+};
+
+// The keys of the forms' own, tried one by one: a form that takes a key tells of it.
+TEST(KeyPage, EveryKeyThatAFormTakesIsToldByItsToolTips) {
+  const char* const tried[] = {"F1", "F2",  "F3",  "F4",  "F5",     "F6",          "F7",          "F8",
+                               "F9", "F10", "F11", "F12", "Insert", "Ctrl+Delete", "Ctrl+Insert", "Esc"};
+  int taken = 0;
+  for (const MakeForm& make : EveryForm()) {
+    for (const char* key : tried) {
+      HastyShop shop;
+      FormGround ground{shop.shop, shop.database, shop.masters, shop.inventoryList, shop.workorders, shop.contents};
+      const std::unique_ptr<ui::Form> form = make(ground);
+      ui::KeyPress press = ui::ParseKey(key);
+      form->PreviewKey(press);
+      if (!press.cleared) continue;
+      ++taken;
+      std::set<std::string> told;
+      for (const ToldKey& each : KeysOf(*form)) told.insert(each.key);
+      EXPECT_TRUE(told.contains(key)) << form->Name() << " takes " << key << " and tells nobody";
+    }
+  }
+  EXPECT_GT(taken, 60);
+}
+
+TEST(SpokenNames, EveryFieldOfEveryFormHasOne) {
+  const PaperShop shop;
+  for (const auto& form : shop.forms) {
+    for (const ui::Control* control : form->Controls()) {
+      if (!control->TakesFocus()) continue;
+      // A caption that comes with the data.
+      if (form->Name() == "frmMain" && control->Name() == "List1") continue;
+      EXPECT_FALSE(ui::SpokenNameOf(*control).empty()) << form->Name() << "." << control->FullName();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace lantos
