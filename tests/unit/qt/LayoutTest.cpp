@@ -106,6 +106,29 @@ TEST(Layout, NorDoesItWithALargeFont) {
   ExpectBoardFits();
 }
 
+TEST(Layout, NamesAndPhonesWidenWithTheWindowAndMileageIsWhole) {
+  WindowShop shop;
+  auto& board = dynamic_cast<frmMain&>(*shop.forms.front());
+  board.Show();
+  board.week.frameWeekView.SetVisible(false);
+  board.detail.frameDetailView.SetVisible(true);
+  FillLabels(board);
+  ui::FormWindow& window = *shop.windows.WindowOf(board);
+  const auto width = [&](const char* name) { return window.findChild<QLabel*>(name)->width(); };
+  const char* const widening[] = {"lblCustName", "lblCustAddr", "lblCustPhoneW", "lblVehYMM", "lblVehVIN"};
+  window.resize(kRoom);
+  shop.windows.Settle();
+  std::vector<int> narrow;
+  for (const char* name : widening) narrow.push_back(width(name));
+  window.resize(1900, 1000);
+  shop.windows.Settle();
+  for (std::size_t i = 0; i < narrow.size(); ++i) EXPECT_GE(width(widening[i]), narrow[i] + 100) << widening[i];
+  const QLabel* phone = window.findChild<QLabel*>("lblCustPhoneW");
+  EXPECT_GE(phone->width(), phone->fontMetrics().horizontalAdvance(phone->text()));
+  const QLabel* mileage = window.findChild<QLabel*>("lblVehMileage");
+  EXPECT_GE(mileage->width(), mileage->fontMetrics().horizontalAdvance("1234567"));
+}
+
 // A mark makes a caption larger, not its button.
 TEST(Layout, TheCommandsKeepTheirPlacesWhateverIsMarked) {
   for (const int points : {9, 12}) {
