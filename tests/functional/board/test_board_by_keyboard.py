@@ -25,10 +25,18 @@ def selected(copy, name):
     return copy.rows(name)[row] if row >= 0 else ""
 
 
+def press_until(copy, key, reached):
+    for _ in range(60):
+        if reached():
+            return
+        copy.key(key)
+    assert reached(), f"{key} leads nowhere"
+
+
 def detail_of(copy, number):
     copy.key("Alt+D")
-    while copy.caption("frameDetailView")[7:13] != f"{number:06}":
-        copy.key("Tab") if copy.answer["focus"] != "List2" else copy.key("Down")
+    press_until(copy, "Tab", lambda: copy.answer["focus"] == "List2")
+    press_until(copy, "Down", lambda: copy.caption("frameDetailView")[7:13] == f"{number:06}")
     copy.key("Enter")
     assert (view_of(copy), copy.answer["focus"]) == (["Detail"], "listLabor")
 
