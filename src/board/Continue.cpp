@@ -34,6 +34,7 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   de& data = database.lantosData;
   const DaySerial next = NextBusinessDay(data, old.SchedDate);
   frmContinue form(shop);
+  form.SetCaption("Continue - Est. # " + FormatZeros(old.EstimateNumber, 6));
   form.SetDate(old.SchedDate);
   form.ShowModal();
   const double typed = Val(form.txtHours.Text()) * 100;

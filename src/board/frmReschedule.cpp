@@ -1,6 +1,7 @@
 #include "board/frmReschedule.h"
 
 #include "frame/Dates.h"
+#include "frame/Numbers.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -14,6 +15,7 @@ constexpr std::size_t kCommentsWidth = 255;
 frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial proposed)
     : OkCancelForm(shop.desktop, shop.keys, "frmReschedule", "Reschedule"), database_(database) {
   SetSize(6000, 2400);
+  SetCaption("Reschedule - Est. # " + FormatZeros(database.estimates.CurrentEstimate.EstimateNumber, 6));
   const bool wasSet = proposed >= ToSerial({2003, 1, 1});
   DTPicker1.SetValue(wasSet ? proposed : shop.environment.Today());
   cmdOK.SetToolTip("Copy the estimate to that day, and mark this one <F10>");

@@ -68,6 +68,18 @@ def test_a_status_that_loads_another_week_takes_the_calendar_along(copy):
     assert copy.caption("frameWeek(2)") == "Tue 9/30"
 
 
+def test_whose_other_day_and_whose_rest_is_asked_for_is_named(copy):
+    copy.click("List1(2)", row=0)
+    copy.click("cmdReschedule")
+    assert copy.answer["caption"] == "Reschedule - Est. # 000900"
+    copy.key("Esc")
+    copy.click("cmdChangeStatus")
+    copy.check("Option1(5)")
+    copy.click("cmdOK")
+    copy.press("Yes")
+    assert copy.answer["caption"] == "Continue - Est. # 000900"
+
+
 def test_days_of_a_followup_count_from_the_booked_day(copy):
     copy.pick("MonthView1", "2003-10-08")
     book(copy, 7)

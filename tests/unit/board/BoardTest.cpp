@@ -230,6 +230,14 @@ TEST(StatusByForm, SaysWhenNoEstimateIsSelected) {
   EXPECT_EQ(bench.desktop.boxes.at(0).text, "No estimate is selected.");
 }
 
+TEST(Window, GrowsToItsLeastSizeWhenItWasMadeSmaller) {
+  BoardBench bench;
+  frmMain& board = bench.Start();
+  board.DoResize(3000, 3000, ui::WindowState::Normal);
+  EXPECT_EQ(board.Width(), 640 * ui::kTwipsPerPixel);
+  EXPECT_EQ(board.Height(), 480 * ui::kTwipsPerPixel);
+}
+
 TEST(DayRollover, EndsTheProcessAtTheNextCommandOfANewDay) {
   BoardBench bench;
   frmMain& board = bench.Start();

@@ -48,7 +48,35 @@ TEST(Layout, NothingOnAnyFormIsCutOffOnASmallScreen) {
   }
 }
 
-TEST(Layout, NoViewOfTheBoardNeedsMoreThanASmallScreen) {
+// Points of the window system's font, for as long as it lives.
+struct FontOf {
+  explicit FontOf(int points) {
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+  }
+  ~FontOf() { QApplication::setFont(before); }
+  FontOf(const FontOf&) = delete;
+  const QFont before = QApplication::font();
+};
+
+// Texts as long as they come.
+void FillLabels(frmMain& board) {
+  DetailPane& detail = board.detail;
+  for (ui::Label* label : {&detail.lblCustName, &detail.lblCustSpouse, &detail.lblCustAddr, &detail.lblCustCSZ,
+                           &detail.lblVehYMM, &detail.lblVehVIN, &detail.lblEngTrans}) {
+    label->SetCaption("WWWWWWWWWWWWWWWWWWWW");
+  }
+  for (ui::Label* label : {&detail.lblCustPhoneH, &detail.lblCustPhoneW, &detail.lblCustPhoneO}) {
+    label->SetCaption("937-555-2222 x 12345");
+  }
+  detail.lblVehLic.SetCaption("WWW 000000");
+  detail.lblVehMileage.SetCaption("1234567");
+  detail.lblVehDate.SetCaption("12/28/2003");
+  for (ui::Label& label : board.week.lblWeekHours) label.SetCaption("Scheduled 128.00 of 128.00: CLOSED!");
+}
+
+void ExpectBoardFits() {
   WindowShop shop;
   auto& board = dynamic_cast<frmMain&>(*shop.forms.front());
   board.Show();
@@ -60,9 +88,71 @@ TEST(Layout, NoViewOfTheBoardNeedsMoreThanASmallScreen) {
     }
     shop.windows.Settle();
     SCOPED_TRACE(shown->Name());
-    EXPECT_LE(window.width(), kRoom.width());
-    EXPECT_LE(window.height(), kRoom.height());
+    FillLabels(board);
+    shop.windows.Settle();
+    const QSize least = window.minimumSizeHint();
+    EXPECT_LE(least.width(), kRoom.width());
+    EXPECT_LE(least.height(), kRoom.height());
+    window.resize(kRoom);
+    shop.windows.Settle();
     ExpectWholeTexts(window);
+  }
+}
+
+TEST(Layout, NoViewOfTheBoardNeedsMoreThanASmallScreen) { ExpectBoardFits(); }
+
+TEST(Layout, NorDoesItWithALargeFont) {
+  const FontOf large(12);
+  ExpectBoardFits();
+}
+
+TEST(Layout, NamesAndPhonesWidenWithTheWindowAndMileageIsWhole) {
+  WindowShop shop;
+  auto& board = dynamic_cast<frmMain&>(*shop.forms.front());
+  board.Show();
+  board.week.frameWeekView.SetVisible(false);
+  board.detail.frameDetailView.SetVisible(true);
+  FillLabels(board);
+  ui::FormWindow& window = *shop.windows.WindowOf(board);
+  const auto width = [&](const char* name) { return window.findChild<QLabel*>(name)->width(); };
+  const char* const widening[] = {"lblCustName", "lblCustAddr", "lblCustPhoneW", "lblVehYMM", "lblVehVIN"};
+  window.resize(kRoom);
+  shop.windows.Settle();
+  std::vector<int> narrow;
+  for (const char* name : widening) narrow.push_back(width(name));
+  window.resize(1900, 1000);
+  shop.windows.Settle();
+  for (std::size_t i = 0; i < narrow.size(); ++i) EXPECT_GE(width(widening[i]), narrow[i] + 100) << widening[i];
+  const QLabel* phone = window.findChild<QLabel*>("lblCustPhoneW");
+  EXPECT_GE(phone->width(), phone->fontMetrics().horizontalAdvance(phone->text()));
+  const QLabel* mileage = window.findChild<QLabel*>("lblVehMileage");
+  EXPECT_GE(mileage->width(), mileage->fontMetrics().horizontalAdvance("1234567"));
+}
+
+// A mark makes a caption larger, not its button.
+TEST(Layout, TheCommandsKeepTheirPlacesWhateverIsMarked) {
+  for (const int points : {9, 12}) {
+    const FontOf font(points);
+    WindowShop shop;
+    auto& board = dynamic_cast<frmMain&>(*shop.forms.front());
+    board.Show();
+    const std::vector<ui::Button*> marked = {&board.commands.cmdEstimateNotes, &board.commands.cmdEstimateSublets,
+                                             &board.commands.cmdEstimateWaste};
+    const auto buttons = shop.windows.WindowOf(board)->findChild<QWidget*>("frameCommands");
+    const auto places = [&](bool mark) {
+      for (ui::Button* button : marked) CommandPane::Mark(*button, mark);
+      shop.windows.Settle();
+      std::vector<QRect> found;
+      for (const QAbstractButton* button : buttons->findChildren<QAbstractButton*>())
+        found.push_back(button->geometry());
+      return found;
+    };
+    const std::vector<QRect> plain = places(false);
+    EXPECT_EQ(places(true), plain) << points;
+    CommandPane::Mark(board.commands.cmdEstimateWaste, false);
+    shop.windows.Settle();
+    EXPECT_EQ(buttons->findChild<QWidget*>("cmdEstimateWaste")->height(),
+              buttons->findChild<QWidget*>("cmdEstimateSublets")->height());
   }
 }
 
