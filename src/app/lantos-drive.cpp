@@ -6,7 +6,9 @@
 #include <iostream>
 #include <memory>
 
+#include "frame/ExitCodes.h"
 #include "frame/Text.h"
+#include "frame/Version.h"
 #include "start/Program.h"
 #include "ui/driver/ControlJson.h"
 #include "ui/driver/DriverDesktop.h"
@@ -23,7 +25,6 @@ namespace lantos {
 
 namespace {
 
-constexpr int kWrongOptions = 2;
 constexpr int kBroken = 70;
 constexpr std::int64_t kLongestTimeout = 3'600'000;  // an hour
 
@@ -74,13 +75,16 @@ int ReadOptions(int count, char** arguments, DriveOptions& options) {
   app.add_option("--busy-timeout", options.busyTimeout,
                  "milliseconds for which a lock that another copy holds on the database is waited for")
       ->check(CLI::Range(kLongestTimeout));
+  app.set_version_flag("--version", "lantos-drive " + ProgramVersion(), "Print the version and exit");
   app.footer("What stands behind -- is the program's own command line, as /D=/some/dir.");
   const int own = OwnArgumentCount(count, arguments);
   try {
     app.parse(own, arguments);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == 0) return app.exit(error);
-    std::cerr << "lantos-drive: " << error.what() << "\n";
+    std::cerr << "lantos-drive: " << error.what() << "\n"
+              << "What is the program's own stands behind --, as in: lantos-drive -- /D=/some/dir\n"
+              << "lantos-drive --help tells the options.\n";
     return kWrongOptions;
   }
   options.programArguments = JoinedArguments(own + 1, count, arguments);

@@ -7,14 +7,16 @@
 #include <string>
 
 #include "frame/Dates.h"
+#include "frame/ExitCodes.h"
 #include "frame/Text.h"
+#include "frame/Version.h"
 #include "records/MakesModels.h"
 #include "shopmaker/EmptyShop.h"
 #include "shopmaker/SampleShop.h"
 
 namespace {
 
-constexpr int kFailed = 1;
+constexpr int kFailed = 1;  // no shop was made
 
 struct Arguments {
   std::string directory;
@@ -79,11 +81,18 @@ void MakeShop(const CLI::App& app, Arguments& arguments) {
 
 int main(int argc, char** argv) {
   CLI::App app("Makes the data directory of a shop.", "lantos-shop");
-  app.require_subcommand(1);
+  app.set_version_flag("--version", "lantos-shop " + lantos::ProgramVersion(), "Print the version and exit");
+  app.require_subcommand(0, 1);  // asked for below, so that a wrong word is named rather than the lack of a right one
   Arguments arguments;
   AddNew(app, arguments);
   AddSample(app, arguments);
-  CLI11_PARSE(app, argc, argv);
+  try {
+    app.parse(argc, argv);
+    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new and sample");
+  } catch (const CLI::ParseError& error) {
+    const int code = app.exit(error);  // prints what was asked for, or what is wrong
+    return code == 0 ? lantos::kEndedInOrder : lantos::kWrongOptions;
+  }
   try {
     MakeShop(app, arguments);
     return 0;

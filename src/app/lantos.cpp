@@ -1,9 +1,13 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <cstdio>
+#include <optional>
 
 #include "frame/Clock.h"
+#include "frame/ExitCodes.h"
+#include "frame/PlainWords.h"
 #include "frame/UserSettings.h"
+#include "frame/Version.h"
 #include "start/Program.h"
 #include "ui/qt/Platform.h"
 #include "ui/qt/QtDesktop.h"
@@ -23,22 +27,56 @@ int RunProgram(const std::string& commandLine) {
   return Program(desktop, clock, settings, Invocation{commandLine, computerName}).Run();
 }
 
+constexpr std::string_view kHelp =
+    R"(Usage: lantos [options] [/D=DIRECTORY]
+
+The appointment scheduler of a car repair shop.
+
+  /D=DIRECTORY  the directory of the shop's data files. It is kept: later starts need no switch. Blanks in the
+                directory need no quotes. Without a switch and with no directory kept the program asks.
+
+  -h, --help    print this and exit
+  --version     print the version and exit
+
+Options of the window system, as -platform or -style, come before the switch.
+
+Exit codes: 0 closed in order, 1 the start failed, 2 wrong options, 3 the start was cancelled.
+)";
+
+// What is printed instead of starting, which needs no display. Nothing when the program is to start.
+std::optional<std::string> AnswerOf(int count, char** arguments) {
+  if (count < 2) return std::nullopt;
+  const std::string_view first = arguments[1];
+  if (first == "--help" || first == "-h") return std::string(kHelp);
+  if (first == "--version") return "lantos " + ProgramVersion() + "\n";
+  return std::nullopt;
+}
+
 }  // namespace
 
 }  // namespace lantos
 
 int main(int count, char** arguments) {
+  if (const auto text = lantos::AnswerOf(count, arguments)) {
+    std::fputs(text->c_str(), stdout);
+    return lantos::kEndedInOrder;
+  }
   lantos::ui::TameWindowSystem("lantos");
   QApplication application(count, arguments);
   QApplication::setApplicationName(QStringLiteral("lantos"));
   QApplication::setApplicationDisplayName(QString());
   // What the window system has taken for itself is no longer among the arguments.
   const QStringList own = QApplication::arguments().mid(1);
+  if (!own.isEmpty() && own.first().startsWith(QLatin1Char('-'))) {
+    std::fprintf(stderr, "lantos: there is no option %s; lantos --help tells what there is.\n",
+                 own.first().toUtf8().constData());
+    return lantos::kWrongOptions;
+  }
   try {
     return lantos::RunProgram(lantos::ui::FromQt(own.join(QLatin1Char(' '))));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "lantos: %s\n", error.what());
-    QMessageBox::critical(nullptr, QStringLiteral("Lantos"), QString::fromUtf8(error.what()));
-    return 1;
+    QMessageBox::critical(nullptr, QStringLiteral("Lantos"), QString::fromUtf8(lantos::WordsFor(error)));
+    return lantos::kStartFailed;
   }
 }

@@ -18,31 +18,62 @@ void Board::LoadWeek(DaySerial date) {
   state.sunday = sunday;
   state.dayOnShow = date;
   parts_.week.NameDays(state);
+  parts_.week.ShowComments(state.capacity);
   parts_.day.NameDay(date);
+  parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
   parts_.detail.ClearDetail();
   parts_.day.List2.Clear();
   {
     const Customers::Reading reading(parts_.shop.records.customers);
     for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, data.days[i]);
   }
-  state.currentDate = date;
-  ShowDayHeader(static_cast<std::size_t>(date - sunday));
+  StandOn(date);
+}
+
+// New Estimate books on the day of the last load, so calendar, hours and mark tell of that day.
+void Board::StandOn(DaySerial date) {
+  parts_.state.currentDate = date;
+  parts_.calendar.SetValue(date);
+  parts_.week.MarkDay(parts_.state);
+  parts_.commands.cmdNewEstimate.SetToolTip("Book an estimate on " + FormatDateWithWeekday(date));
+  ShowDayHeader(static_cast<std::size_t>(WeekdayIndex(date)));
 }
 
 void Board::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows) {
   parts_.week.List1[weekday].Clear();
   for (BoardRow& row : rows) {
     AddWeekLines(weekday, row.estimate);
-    if (!parts_.state.IsOnShow(weekday)) continue;
-    parts_.state.selectedDay = weekday;
-    AddDayLines(row.estimate, row.laborLines);
+    if (parts_.state.IsOnShow(weekday)) AddDayLines(row.estimate, row.laborLines);
   }
-  parts_.week.frameWeek[weekday].SetBackColor(parts_.state.ColorOf(weekday));
+  ColorPanel(weekday);
 }
 
-void Board::AddEstimate(std::size_t weekday, Estimate& estimate, const std::vector<std::string>& laborLines) {
-  AddDayLines(estimate, laborLines);
-  AddWeekLines(weekday, estimate);
+void Board::ColorPanel(std::size_t weekday) {
+  parts_.week.frameWeek[weekday].SetBackColor(parts_.state.ColorOf(weekday));
+  parts_.week.ShowHours(parts_.state, weekday);
+}
+
+void Board::AddCurrent() {
+  const auto weekday = parts_.state.PanelOf(Current().SchedDate);
+  if (!weekday) return;
+  // The list holds the day of the last load, whatever day was chosen by a click since.
+  if (Current().SchedDate == parts_.state.currentDate) {
+    AddDayLines(Current(), parts_.day.cbShowLabor.Value()
+                               ? FetchLaborLines(parts_.database.lantosData, Current().EstimateNumber)
+                               : std::vector<std::string>());
+  }
+  AddWeekLines(*weekday, Current());
+  SelectDay(*weekday);
+  ShowDayHeader(*weekday);
+}
+
+void Board::RefreshLines() {
+  if (Current().EstimateNumber == 0) return;
+  Estimate estimate = Current();
+  ReadTotals(parts_.database.lantosData, estimate);
+  const CustomerRecord* customer = FindCustomerOf(estimate);
+  parts_.week.RefreshName(estimate.EstimateNumber, ListedName(customer));
+  parts_.day.RefreshMainLine(estimate, customer);
 }
 
 const CustomerRecord* Board::FindCustomerOf(const Estimate& estimate) {
@@ -77,8 +108,12 @@ void Board::ShowDayHeader(std::size_t weekday) {
   const BoardState& state = parts_.state;
   const ui::Color color = state.ColorOf(weekday);
   parts_.hours.ShowHours(state, weekday);
-  parts_.week.frameWeek[weekday].SetBackColor(color);
+  ColorPanel(weekday);
   if (state.IsOnShow(weekday)) parts_.day.frameDay.SetBackColor(color);
+}
+
+void Board::ShowHoursOfCurrent() {
+  if (const auto weekday = parts_.state.PanelOf(Current().SchedDate)) ShowDayHeader(*weekday);
 }
 
 void Board::ShowView(View view) {
@@ -98,7 +133,7 @@ void Board::ShowDayView(DayData data) {
   if (state.loading) return;
   if (data == DayData::Load) LoadWeek(state.dayOnShow);
   ShowView(View::Day);
-  parts_.day.lblDayComments.SetCaption(state.capacity.DayComment[state.selectedDay]);
+  parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
 }
 
 void Board::ShowDetailView() {
@@ -106,10 +141,16 @@ void Board::ShowDetailView() {
   parts_.detail.ShowEstimateDetail();
 }
 
+void Board::GoOnWithTheDay() {
+  const auto weekday = parts_.state.PanelOf(Current().SchedDate);
+  if (parts_.day.frameDayView.Visible()) return parts_.day.List2.SetFocus();
+  if (parts_.week.frameWeekView.Visible() && weekday) return parts_.week.List1[*weekday].SetFocus();
+  parts_.commands.cmdDayView.SetFocus();
+}
+
 void Board::SelectDay(std::size_t weekday) {
   BoardState& state = parts_.state;
   const DaySerial date = state.PanelDate(weekday);
-  state.selectedDay = weekday;
   state.dayOnShow = date;
   parts_.calendar.SetValue(date);
   parts_.day.NameDay(date);
@@ -124,7 +165,7 @@ void Board::RefreshStatusText() {
   const std::string word = SettleStatus(Current());
   parts_.detail.RefreshDetailCaption(word);
   parts_.day.RefreshStatus(Current(), word);
-  parts_.week.RefreshStatus(parts_.state.selectedDay, word);
+  parts_.week.RefreshStatus(Current(), word);
 }
 
 Board::WeekLoad Board::LoadWeekIfCountChanged(std::int16_t oldStatus) {

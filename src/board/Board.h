@@ -32,18 +32,26 @@ class Board {
  public:
   explicit Board(const BoardParts& parts) : parts_(parts) {}
 
-  // Rebuilds week lists, day list, hours and colours around a day. When the database can't be read the board stays as
-  // it is, and DatabaseError is thrown. CurrentEstimate isn't touched.
+  // Rebuilds week lists, day list, hours and colours around a day, which calendar and mark stand on then. When the
+  // database can't be read the board stays as it is, and DatabaseError is thrown. CurrentEstimate isn't touched.
   void LoadWeek(DaySerial date);
-  // The lines of one more estimate, in the panel of a weekday and in the day list; its hours count.
-  void AddEstimate(std::size_t weekday, Estimate& estimate, const std::vector<std::string>& laborLines);
+  // The lines of the current estimate, which is new, in the panel of its day, and in the day list when that is of its
+  // day; its hours count. The board then stands on that day.
+  void AddCurrent();
+  // Name, phones, vehicle and hours of the current estimate, where it is listed.
+  void RefreshLines();
   // The hours and the colour of a weekday as they are now.
   void ShowDayHeader(std::size_t weekday);
+  // The same for the day of the current estimate. Nothing when that is of another week.
+  void ShowHoursOfCurrent();
 
   enum class DayData { Load, AsLoaded };
   void ShowWeekView();
   void ShowDayView(DayData data);
   void ShowDetailView();
+
+  // The focus to the list that the current estimate stands in, or from the detail view to the way back to the day.
+  void GoOnWithTheDay();
 
   // Makes a panel's day the one of calendar and day view, with nothing loaded anew.
   void SelectDay(std::size_t weekday);
@@ -64,6 +72,8 @@ class Board {
 
  private:
   void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows);
+  void ColorPanel(std::size_t weekday);
+  void StandOn(DaySerial date);
   void AddWeekLines(std::size_t weekday, Estimate& estimate);
   void AddDayLines(Estimate& estimate, const std::vector<std::string>& laborLines);
   void ShowView(View view);

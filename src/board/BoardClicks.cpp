@@ -43,7 +43,7 @@ void BoardClicks::WirePanels() {
   day.List2.OnClick = [this] { DayListClick(); };
   day.List2.OnDoubleClick = [this] {
     DayListClick();
-    parts_.commands.cmdDetailView.OnClick();
+    OpenDetail();
   };
   day.cbShowLabor.OnClick = [this] { parts_.commands.cmdDayView.OnClick(); };
   for (ui::OptionButton& option : day.optDaySortBy) {
@@ -91,8 +91,6 @@ void BoardClicks::OpenClickedDay() {
 
 void BoardClicks::PanelClick(std::size_t weekday) {
   const DaySerial date = parts_.state.PanelDate(weekday);
-  parts_.state.selectedDay = weekday;
-  parts_.calendar.SetValue(date);
   LoadClicked(date);
   parts_.state.lastSelectedDate = date;
 }
@@ -108,7 +106,13 @@ void BoardClicks::WeekListClick(std::size_t weekday) {
 void BoardClicks::WeekListDoubleClick(std::size_t weekday) {
   board_.ShowDayHeader(weekday);
   WeekListClick(weekday);
+  OpenDetail();
+}
+
+// The list that had the focus is hidden now.
+void BoardClicks::OpenDetail() {
   parts_.commands.cmdDetailView.OnClick();
+  parts_.detail.listLabor.SetFocus();
 }
 
 void BoardClicks::DayListClick() {
@@ -126,7 +130,6 @@ void BoardClicks::DayListClick() {
 void BoardClicks::WeekListRightClick(std::size_t weekday) {
   const std::optional<std::int32_t> estimate = parts_.week.SelectedEstimate(weekday);
   if (!estimate) return menus_.PopupRefresh();
-  parts_.state.selectedDay = weekday;
   status_.PopupOf(*estimate);
 }
 

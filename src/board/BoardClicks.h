@@ -26,6 +26,7 @@ class BoardClicks {
   void WeekListClick(std::size_t weekday);
   void WeekListDoubleClick(std::size_t weekday);
   void DayListClick();
+  void OpenDetail();
   void WeekListRightClick(std::size_t weekday);
   void DayListRightClick();
 

@@ -217,6 +217,8 @@ void BoardCommands::EditNotes() {
 
 void BoardCommands::Convert() {
   DetailPane& detail = parts_.detail;
+  const Workorder& order = detail.contents.workorders.Current;
+  const std::int32_t before = order.WorkorderNumber;
   detail.frameDetailView.Owner().Run([&] {
     const ui::Hourglass hourglass(parts_.shop.desktop);
     Conversion(detail.contents.bench, detail.contents.workorders).Run();
@@ -224,6 +226,8 @@ void BoardCommands::Convert() {
   // What it has changed is shown however it ended.
   board_.LoadWeek(parts_.database.estimates.CurrentEstimate.SchedDate);
   detail.ShowEstimateDetail();
+  // Who has left a conversion at its first questions stays where he was.
+  if (order.WorkorderNumber != before && order.WorkorderNumber != 0) board_.GoOnWithTheDay();
 }
 
 }  // namespace lantos

@@ -59,7 +59,9 @@ void BoardMenus::BuildCommandMenu(const std::vector<BoardCommand>& commands) {
 void BoardMenus::BuildMaintenanceMenu() {
   ui::MenuItem& maintenance = form_.AddMenu("mnuMaint", "&Maintenance");
   maintenance.Add("mnuCustomer", "&Customers", [this] {
-    if (MayEnter(shop_, Section::Customer)) masters_.CustomerMaintenance(MasterScreens::Purpose::Maintain);
+    if (!MayEnter(shop_, Section::Customer)) return;
+    masters_.CustomerMaintenance(MasterScreens::Purpose::Maintain);
+    actions_.customersEdited();
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
   maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);

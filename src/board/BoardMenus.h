@@ -19,6 +19,7 @@ class BoardMenus {
   // What the entries do that are no commands of the board.
   struct Actions {
     std::function<void()> refreshTotals;
+    std::function<void()> customersEdited;
     std::function<void(std::int16_t)> changeStatus;
   };
 

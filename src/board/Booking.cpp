@@ -18,65 +18,94 @@ constexpr const char* kLaborOnly = "There are labor items already on the estimat
 }  // namespace
 
 void Booking::NewEstimate() {
-  BoardState& state = parts_.state;
-  DetailPane& detail = parts_.detail;
+  const DaySerial day = parts_.state.currentDate;
   ui::Button& detailView = parts_.commands.cmdDetailView;
-  if (state.currentDate < parts_.shop.environment.Today() && !AskForPastDate()) return;
+  if (day < parts_.shop.environment.Today() && !AskForPastDate(day)) return;
   const bool estimateOnly =
       parts_.shop.desktop.Ask("Is this an Estimate Only?\r\r(Will not be \"Scheduled\")", "New Estimate",
                               ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
   detailView.OnClick();
-  detail.ClearDetail();
-  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) {
+  parts_.detail.ClearDetail();
+  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate,
+                                    "New Estimate on " + FormatDateWithWeekday(day))) {
     parts_.shop.desktop.Tell("New Estimate cancelled.\r\rPrevious estimate redisplayed.", "New Estimate - Cancelled",
                              ui::Icon::Information);
     detailView.OnClick();
     return;
   }
-  modEstimates& estimates = parts_.database.estimates;
-  const std::int32_t number = estimates.CreateEstimate(state.currentDate, estimateOnly ? kEstimateOnly : kScheduled);
-  // The caption tells of the new estimate while its vehicle is being chosen.
-  estimates.LoadEstimate(number);
-  detail.BeginNew(number);
-  AttachCustomer();
-  AttachVehicle();
-  estimates.LoadEstimate(number);
-  board_.AddEstimate(state.selectedDay, Current(),
-                     parts_.day.cbShowLabor.Value() ? FetchLaborLines(Data(), number) : std::vector<std::string>());
-  detailView.OnClick();
+  const std::int32_t number = parts_.database.estimates.CreateEstimate(day, estimateOnly ? kEstimateOnly : kScheduled);
+  PrepareWorkorder(number, day);
+  Book(number);
 }
 
-bool Booking::AskForPastDate() {
+// An estimate that stands in the database is shown, whatever else the database refuses of it.
+void Booking::Book(std::int32_t number) {
+  // The caption tells of the new estimate while its vehicle is being chosen.
+  parts_.database.estimates.LoadEstimate(number);
+  parts_.detail.BeginNew(number);
+  try {
+    AttachCustomer();
+    AttachVehicle();
+  } catch (const std::exception&) {
+    ShowBooked(number);
+    throw;
+  }
+  ShowBooked(number);
+}
+
+// What was taken up of another one, its vehicle above all, is no part of this one.
+void Booking::PrepareWorkorder(std::int32_t number, DaySerial day) {
+  Workorder& order = parts_.detail.contents.workorders.Current;
+  ClearWorkorder(order);
+  order.WorkorderNumber = number;
+  order.Type = "Estimate";
+  order.Status = kWoStatusTexts[static_cast<std::size_t>(WoStatus::Open)];
+  order.Totals.Put(wototals::DateOpen, ToFileDate(day));
+}
+
+void Booking::ShowBooked(std::int32_t number) {
+  parts_.database.estimates.LoadEstimate(number);
+  board_.AddCurrent();
+  parts_.commands.cmdDetailView.OnClick();
+  parts_.detail.txtComments.SetFocus();
+}
+
+bool Booking::AskForPastDate(DaySerial day) {
   return parts_.shop.desktop.Ask(
              "Warning.\r\rThe scheduled date is in the past.\r\rAre you sure you wish to schedule\r\r"
              "a new estimate for " +
-                 FormatDate(parts_.state.currentDate) + " ?",
+                 FormatDate(day) + " ?",
              "New Estimate", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
 void Booking::AttachCustomer() {
-  parts_.detail.ShowCustomer(parts_.shop.records.customers.CurrentCustomer);
-  const std::int32_t number = parts_.detail.Customer().Get(customer::Number);
+  const CustomerRecord& chosen = parts_.shop.records.customers.CurrentCustomer;
+  const std::int32_t number = chosen.Get(customer::Number);
   Data().SetCustomer(number, parts_.detail.DisplayedEstimate());
   Current().CustomerNumber = number;
+  parts_.detail.ShowCustomer(chosen);
 }
 
 void Booking::AttachVehicle() {
   Vehicles& vehicles = parts_.shop.records.vehicles;
   if (masters_.VehicleMaintenance() != MasterScreens::VehicleChoice::Selected) return;
   parts_.detail.ShowCustomer(parts_.shop.records.customers.CurrentCustomer);
-  const VehicleRecord& record = vehicles.CurrentVehicle;
-  Estimate& estimate = Current();
-  estimate.VehicleLink = vehicles.CurrentVehicleOffset;
-  PutSnapshot(estimate, SnapshotOf(record));
+  Estimate changed = Current();
+  changed.VehicleLink = vehicles.CurrentVehicleOffset;
+  PutSnapshot(changed, SnapshotOf(vehicles.CurrentVehicle));
+  Data().SetVehicleNew(changed.VehicleLink, SnapshotIn(changed), parts_.detail.DisplayedEstimate());
+  Current() = changed;
   parts_.detail.ShowVehicle();
-  Data().SetVehicleNew(estimate.VehicleLink, SnapshotIn(estimate), parts_.detail.DisplayedEstimate());
 }
 
 void Booking::EditCustomer() {
   if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) return;
   AttachCustomer();
+  // The taxes are those of the new customer, whether a vehicle is chosen or not.
+  parts_.detail.RefreshTotals();
+  board_.RefreshLines();
   AttachVehicle();
+  board_.RefreshLines();
 }
 
 void Booking::EditVehicle() {
@@ -100,6 +129,7 @@ void Booking::EditVehicle() {
     return;
   }
   AttachVehicle();
+  board_.RefreshLines();
 }
 
 }  // namespace lantos

@@ -11,13 +11,16 @@ class Booking {
   Booking(const BoardParts& parts, Board& board, MasterScreens& masters)
       : parts_(parts), board_(board), masters_(masters) {}
 
-  // On the day of the last load.
+  // On the day of the last load, which the board then stands on.
   void NewEstimate();
   void EditCustomer();
   void EditVehicle();
 
  private:
-  bool AskForPastDate();
+  bool AskForPastDate(DaySerial day);
+  void Book(std::int32_t number);
+  void PrepareWorkorder(std::int32_t number, DaySerial day);
+  void ShowBooked(std::int32_t number);
   void AttachCustomer();
   void AttachVehicle();
   de& Data() { return parts_.database.lantosData; }

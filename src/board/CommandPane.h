@@ -27,7 +27,7 @@ class CommandPane {
   ui::Button cmdChangeStatus{form_, "cmdChangeStatus", "Chan&ge Status"};
   ui::Button cmdFind{form_, "cmdFind", "F&ind"};
   ui::Button cmdWOHistory{form_, "cmdWOHistory", "WO Histor&y"};
-  ui::Button cmdTechHours{form_, "cmdTechHours", "Tech Ho&urs"};
+  ui::Button cmdTechHours{form_, "cmdTechHours", "Tech Hours"};
   ui::Button cmdEstimateNotes{form_, "cmdEstimateNotes", "N&otes"};
   ui::Button cmdEstimateSublets{form_, "cmdEstimateSublets", "Su&blets"};
   ui::Button cmdEstimateWaste{form_, "cmdEstimateWaste", "W&aste"};

@@ -22,6 +22,11 @@ std::int32_t HighestLaborNumber(de& database, std::int32_t estimate) {
   return highest;
 }
 
+Cents TotalAtShopRate(const Shop& shop, Hundredths hours) {
+  const std::int64_t rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
+  return LongOrOverflow(DivideHalfEven(hours * rate, 100));
+}
+
 }  // namespace
 
 DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
@@ -36,16 +41,17 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   const bool goesOn = form.ok;
   form.Unload();
   if (!goesOn) return kNotContinued;
-  // Before anything is made: what doesn't fit leaves all as it was.
+  // Tried before anything is made: what doesn't fit leaves all as it was.
   const Hundredths taken = WholeOrOverflow(-typed);
-  const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
-  const Cents total = LongOrOverflow(DivideHalfEven(static_cast<std::int64_t>(taken) * rate, 100));
+  TotalAtShopRate(shop, taken);
   const std::int32_t copy = database.estimates.CreateEstimate(next, old.Status);
   database.estimates.CloneEstimateContents(old.EstimateNumber, copy);
   data.SetStatus(old.Status, copy);
   if (taken != 0) {
+    // Taking the number has read the system record anew, and the rate with it.
+    const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
     data.AddLabor(copy, HighestLaborNumber(data, copy) + 1, "HOURS APPLIED ON " + FormatDate(old.SchedDate), taken,
-                  rate, total, mechanic);
+                  rate, TotalAtShopRate(shop, taken), mechanic);
   }
   data.SetStatus(kContinued, old.EstimateNumber);
   database.estimates.CurrentEstimate = old;

@@ -55,15 +55,22 @@ void DayPane::AddLines(const Estimate& estimate, const CustomerRecord* customer,
   for (const std::string& line : laborLines) List2.AddItem(line, number);
 }
 
+void DayPane::RefreshMainLine(const Estimate& estimate, const CustomerRecord* customer) {
+  const int row = List2.FindData(estimate.EstimateNumber);
+  if (row >= 0) List2.SetList(row, MainLine(estimate, customer));
+}
+
 void DayPane::RefreshStatus(const Estimate& estimate, const std::string& word) {
-  const int row = List2.ListIndex();
-  if (row < 0 || List2.List(row).starts_with(' ')) return;
+  const int row = List2.FindData(estimate.EstimateNumber);
+  if (row < 0) return;
   int statusRow = row + 1;
   if (statusRow < List2.ListCount() && List2.List(statusRow).starts_with(" -")) ++statusRow;
   if (statusRow >= List2.ListCount()) return;
+  std::string line = StatusLine(estimate, word);
+  if (List2.ListIndex() != row && List2.List(statusRow) == line) return;
   List2.RemoveItem(statusRow);
   // The new line is left without the estimate's number; a click on it still moves up to the main line.
-  List2.InsertItem(statusRow, StatusLine(estimate, word));
+  List2.InsertItem(statusRow, std::move(line));
 }
 
 }  // namespace lantos

@@ -23,7 +23,7 @@ class DayPane {
   ui::Frame frameDay{form_, "frameDay"};
   ui::ListBox List2{form_, "List2"};
   ui::Label lblDayComments{form_, "lblDayComments"};
-  ui::CheckBox cbShowLabor{form_, "cbShowLabor", "S&how Labor"};
+  ui::CheckBox cbShowLabor{form_, "cbShowLabor", "Incl&ude Labor"};
   ui::ControlArray<ui::OptionButton, 4> optDaySortBy{form_, "optDaySortBy"};
   ui::Button cmdPrintDay{form_, "cmdPrintDay", "Print Day"};
 
@@ -33,7 +33,9 @@ class DayPane {
   std::string_view SortOrder() const;
   void AddLines(const Estimate& estimate, const CustomerRecord* customer, std::string_view word,
                 const std::vector<std::string>& laborLines);
-  // The status line of the estimate whose first line is selected.
+  // The first line of an estimate, if it is listed.
+  void RefreshMainLine(const Estimate& estimate, const CustomerRecord* customer);
+  // Its status line. The selected estimate's is put in anew, one that isn't selected where it tells something else.
   void RefreshStatus(const Estimate& estimate, const std::string& word);
 };
 

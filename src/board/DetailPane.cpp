@@ -86,8 +86,7 @@ void DetailPane::ShowEstimateDetail() {
   txtComments.SetText(Current().Comments);
   savedComment_ = Trim(Current().Comments);
   RefreshDetailCaption("");
-  const CustomerRecord* known = shop_.records.customers.LookupCustomer(Current().CustomerNumber);
-  ShowCustomer(known != nullptr ? *known : UnknownCustomer());
+  ShowCustomerOnFile();
   ShowVehicle();
   contents.parts.LoadPartList();
   contents.labor.LoadLaborList();
@@ -95,6 +94,17 @@ void DetailPane::ShowEstimateDetail() {
   RefreshTotals();
   LoadEstimateChecklist(contents.bench);
   ShowNotesMark();
+}
+
+void DetailPane::ShowCustomerOnFile() {
+  const CustomerRecord* known = shop_.records.customers.LookupCustomer(Current().CustomerNumber);
+  ShowCustomer(known != nullptr ? *known : UnknownCustomer());
+}
+
+void DetailPane::ReadCustomerAgain() {
+  if (displayedEstimate_ == 0) return;
+  ShowCustomerOnFile();
+  RefreshTotals();
 }
 
 void DetailPane::BeginNew(std::int32_t number) {
@@ -171,14 +181,15 @@ void DetailPane::KeepUnsavedComments() {
 }
 
 void DetailPane::StoreComments(const std::string& comments) {
-  txtComments.SetText(comments);
   Data().SetComments(comments, displayedEstimate_);
+  txtComments.SetText(comments);
   savedComment_ = Trim(comments);
   Current().Comments = comments;
 }
 
 void DetailPane::AddScheduledHours(Hundredths hours) {
-  if (modEstimates::CountsTowardDay(Current().Status)) state_.capacity.ScheduledHours[state_.selectedDay] += hours;
+  const auto panel = state_.PanelOf(Current().SchedDate);
+  if (panel && modEstimates::CountsTowardDay(Current().Status)) state_.capacity.ScheduledHours[*panel] += hours;
 }
 
 }  // namespace lantos

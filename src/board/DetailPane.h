@@ -30,7 +30,7 @@ class DetailPane : private EstimateOnShow {
   ui::Label lblCustPhoneH{form_, "lblCustPhoneH"};
   ui::Label lblCustPhoneW{form_, "lblCustPhoneW"};
   ui::Label lblCustPhoneO{form_, "lblCustPhoneO"};
-  ui::Button cmdCustomerEdit{form_, "cmdCustomerEdit", "Edit..."};
+  ui::Button cmdCustomerEdit{form_, "cmdCustomerEdit", "C&ustomer..."};
   ui::Frame frameVehicle{form_, "frameVehicle", "Vehicle"};
   ui::Label lblVehYMM{form_, "lblVehYMM"};
   ui::Label lblVehVIN{form_, "lblVehVIN"};
@@ -38,22 +38,23 @@ class DetailPane : private EstimateOnShow {
   ui::Label lblVehDate{form_, "lblVehDate"};
   ui::Label lblVehMileage{form_, "lblVehMileage"};
   ui::Label lblEngTrans{form_, "lblEngTrans"};
-  ui::Button cmdVehicleEdit{form_, "cmdVehicleEdit", "Edit..."};
+  ui::Button cmdVehicleEdit{form_, "cmdVehicleEdit", "&Vehicle..."};
   ui::Frame frameComments{form_, "frameComments", "Comments"};
   ui::TextBox txtComments{form_, "txtComments"};
+  // Digits, since the letters are taken by the menu and the commands.
   ui::Frame frameLabor{form_, "frameLabor", "Labor"};
   ui::ListBox listLabor{form_, "listLabor"};
-  ui::Button cmdLaborAdd{form_, "cmdLaborAdd", "Add"};
-  ui::Button cmdLaborAddCanned{form_, "cmdLaborAddCanned", "Add Canned"};
-  ui::Button cmdLaborChange{form_, "cmdLaborChange", "Change"};
-  ui::Button cmdLaborRemove{form_, "cmdLaborRemove", "Remove"};
-  ui::Button cmdLaborFollowup{form_, "cmdLaborFollowup", "Followup"};
+  ui::Button cmdLaborAdd{form_, "cmdLaborAdd", "&1 Add"};
+  ui::Button cmdLaborAddCanned{form_, "cmdLaborAddCanned", "&2 Add Canned"};
+  ui::Button cmdLaborChange{form_, "cmdLaborChange", "&3 Change"};
+  ui::Button cmdLaborRemove{form_, "cmdLaborRemove", "&4 Remove"};
+  ui::Button cmdLaborFollowup{form_, "cmdLaborFollowup", "&5 Followup"};
   ui::Frame frameParts{form_, "frameParts", "Parts"};
   ui::ListBox listParts{form_, "listParts"};
-  ui::Button cmdPartAdd{form_, "cmdPartAdd", "Add"};
-  ui::Button cmdPartAddNonStock{form_, "cmdPartAddNonStock", "Add Non-stock"};
-  ui::Button cmdPartChange{form_, "cmdPartChange", "Change"};
-  ui::Button cmdPartRemove{form_, "cmdPartRemove", "Remove"};
+  ui::Button cmdPartAdd{form_, "cmdPartAdd", "&6 Add"};
+  ui::Button cmdPartAddNonStock{form_, "cmdPartAddNonStock", "&7 Add Non-stock"};
+  ui::Button cmdPartChange{form_, "cmdPartChange", "&8 Change"};
+  ui::Button cmdPartRemove{form_, "cmdPartRemove", "&9 Remove"};
   ui::Frame frameTotals{form_, "frameTotals", "Totals"};
   ui::TextBox txtTotalHours{form_, "txtTotalHours"};
   ui::TextBox txtTotalLabor{form_, "txtTotalLabor"};
@@ -66,7 +67,7 @@ class DetailPane : private EstimateOnShow {
   // What the estimate holds, and the commands on it.
   Contents contents;
 
-  // Called when the hours of the selected day have changed; set by whoever shows them.
+  // Called when the hours of the current estimate's day have changed; set by whoever shows them.
   std::function<void()> OnHoursChanged;
 
   // Nothing is on show then.
@@ -78,6 +79,8 @@ class DetailPane : private EstimateOnShow {
   // An empty word is found out from the current estimate, which may become a No-show in memory.
   void RefreshDetailCaption(const std::string& word);
   void ShowCustomer(const CustomerRecord& record);
+  // The customer of the estimate on show as the files have it, and the totals, whose taxes go by the customer.
+  void ReadCustomerAgain();
   void ShowVehicle();
   void RefreshTotals() override;
   void ShowNotesMark();
@@ -94,6 +97,7 @@ class DetailPane : private EstimateOnShow {
 
  private:
   void ArrangeBoxes();
+  void ShowCustomerOnFile();
   ui::ListBox& LaborList() override { return listLabor; }
   ui::ListBox& PartList() override { return listParts; }
   void AddScheduledHours(Hundredths hours) override;

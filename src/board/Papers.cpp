@@ -21,6 +21,13 @@ void Papers::ReadPrintOptions() {
   parts_.shop.environment.printOptions = LoadPrintOptions(parts_.shop.environment.Profile());
 }
 
+// A paper has the customer and the totals that the detail view has, and a load of the week empties that.
+void Papers::FillDetail() {
+  DetailPane& detail = parts_.detail;
+  detail.KeepUnsavedComments();
+  if (detail.DisplayedEstimate() != Current().EstimateNumber) detail.ShowEstimateDetail();
+}
+
 void Papers::PrintEstimate() {
   ui::Desktop& desktop = parts_.shop.desktop;
   if (Current().Status != kScheduled &&
@@ -29,8 +36,8 @@ void Papers::PrintEstimate() {
     return;
   }
   ReadPrintOptions();
-  DetailPane& detail = parts_.detail;
-  detail.KeepUnsavedComments();
+  FillDetail();
+  const DetailPane& detail = parts_.detail;
   const TotalTexts totals{detail.txtTotalLabor.Text(), detail.txtTotalParts.Text(), detail.txtTotalSublet.Text(),
                           detail.txtTotalWaste.Text(), detail.txtTotalTax.Text(),   detail.txtTotalCost.Text()};
   Environment& environment = parts_.shop.environment;
@@ -61,8 +68,8 @@ bool Papers::MayPrintWorksheet() {
 void Papers::PrintWorksheet() {
   if (!MayPrintWorksheet()) return;
   ReadPrintOptions();
-  DetailPane& detail = parts_.detail;
-  detail.KeepUnsavedComments();
+  FillDetail();
+  const DetailPane& detail = parts_.detail;
   Environment& environment = parts_.shop.environment;
   WorksheetReport report(environment, parts_.shop.desktop, parts_.shop.records, parts_.database);
   ShowReport(parts_.shop.desktop, environment, report.Make(detail.Customer()),
@@ -83,8 +90,7 @@ void Papers::FollowPrint(StatusOption option, const char* question, std::int16_t
     return;
   }
   const std::int16_t oldStatus = Current().Status;
-  Current().Status = status;
-  parts_.database.estimates.SaveStatus();
+  parts_.database.estimates.ChangeStatus(status);
   board_.FollowStatus(oldStatus);
 }
 

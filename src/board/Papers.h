@@ -16,6 +16,7 @@ class Papers {
 
  private:
   void ReadPrintOptions();
+  void FillDetail();
   bool MayPrintWorksheet();
   void FollowPrint(StatusOption option, const char* question, std::int16_t status);
   Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }

@@ -22,7 +22,8 @@ void StatusByHand::PopupOnDetail() {
   if (Current().EstimateNumber == 0) return;
   const std::int16_t oldStatus = Current().Status;
   menus_.PopupStatus(oldStatus);
-  parts_.detail.RefreshDetailCaption("");
+  if (Current().Status == oldStatus) return parts_.detail.RefreshDetailCaption("");
+  board_.RefreshStatusText();
   if (board_.LoadWeekIfCountChanged(oldStatus) == Board::WeekLoad::Done) parts_.detail.ShowEstimateDetail();
 }
 
@@ -49,15 +50,20 @@ ContinueEstimate StatusByHand::Continuing() {
 void StatusByHand::Reschedule() {
   const ui::Hourglass hourglass(parts_.shop.desktop);
   parts_.detail.KeepUnsavedComments();
+  const std::int16_t oldStatus = Current().Status;
   frmReschedule form(parts_.shop, parts_.database, parts_.state.lastSelectedDate);
   form.ShowModal();
   const bool moved = form.ok;
   const DaySerial date = form.newDate;
   form.Unload();
-  if (!moved) return;
-  parts_.calendar.SetValue(date);
+  if (!moved) {
+    // The database may have refused what comes behind the status.
+    if (Current().Status != oldStatus) board_.FollowStatus(oldStatus);
+    return;
+  }
   board_.LoadWeek(date);
   parts_.commands.cmdDayView.OnClick();
+  board_.GoOnWithTheDay();
 }
 
 }  // namespace lantos

@@ -62,8 +62,9 @@ ChangeResult ChangeStatusByHand(Shop& shop, EstimateDatabase& database, const Co
   if (warns && !ConfirmReschedule(shop)) return ChangeResult::Refused;
   const bool continues = newStatus == kContinued && Continues(options);
   if (continues && !ContinueToNextDay(shop, estimate, continueEstimate)) return ChangeResult::Refused;
-  estimate.Status = newStatus;
-  database.estimates.SaveStatus();
+  // Who carried the work on has stored the status already.
+  if (continues) estimate.Status = kContinued;
+  database.estimates.ChangeStatus(newStatus);
   return ChangeResult::Changed;
 }
 

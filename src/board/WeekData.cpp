@@ -15,10 +15,7 @@ std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view or
     BoardRow& row = rows.emplace_back();
     modEstimates::ReadRow(estimates, row.estimate);
     row.estimate.Comments = Trim(row.estimate.Comments);
-    Recordset& totals = database.TotalsForEstimate(row.estimate.EstimateNumber);
-    row.estimate.TotalHours = totals.Eof() ? 0 : totals.Long("TotalHours");
-    row.estimate.TotalLabor = totals.Eof() ? 0 : totals.Long("TotalLabor");
-    totals.Close();
+    ReadTotals(database, row.estimate);
     if (withLabor) row.laborLines = FetchLaborLines(database, row.estimate.EstimateNumber);
   }
   estimates.Close();
@@ -38,6 +35,13 @@ WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySe
     }
   });
   return week;
+}
+
+void ReadTotals(de& database, Estimate& estimate) {
+  Recordset& totals = database.TotalsForEstimate(estimate.EstimateNumber);
+  estimate.TotalHours = totals.Eof() ? 0 : totals.Long("TotalHours");
+  estimate.TotalLabor = totals.Eof() ? 0 : totals.Long("TotalLabor");
+  totals.Close();
 }
 
 std::vector<std::string> FetchLaborLines(de& database, std::int32_t estimate) {

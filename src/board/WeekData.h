@@ -27,6 +27,8 @@ inline constexpr DaySerial kNoDay = -1;
 // One read of the database for all statements. The estimates stand in the order wanted ("EstimateNumber ASC"); those of
 // the day laborOf (kNoDay: none) with their labor. Throws DatabaseError.
 WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf);
+// Hours and labor of an estimate, which are stored nowhere but in its lines.
+void ReadTotals(de& database, Estimate& estimate);
 // The labor of an estimate as the day list shows it, with the blank line that closes it.
 std::vector<std::string> FetchLaborLines(de& database, std::int32_t estimate);
 

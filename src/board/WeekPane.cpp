@@ -7,11 +7,22 @@
 
 namespace lantos {
 
+namespace {
+
+constexpr std::size_t kNumberWidth = 7;  // with the blank behind it
+const std::string kNameIndent = "  ";
+constexpr const char* kMark = "\xBB New estimates";
+// A blank keeps the line's height, so that the lists stay where they are when the mark goes to another panel.
+constexpr const char* kNoMark = " ";
+
+}  // namespace
+
 WeekPane::WeekPane(ui::Form& form) : form_(form) {
   frameWeekView.Holds(lblWeekComment);
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     frameWeek[i].SetContainer(frameWeekView);
-    frameWeek[i].Holds(List1[i]);
+    frameWeek[i].Holds(List1[i], lblWeekMark[i], lblWeekHours[i]);
+    lblWeekMark[i].SetBold(true);
     frameWeek[i].SetToolTip("Double-click for the day view");
   }
 }
@@ -22,6 +33,18 @@ void WeekPane::NameDays(const BoardState& state) {
     frameWeek[i].SetTag(std::to_string(day));
     frameWeek[i].SetCaption(FormatPanelDate(day));
   }
+}
+
+void WeekPane::MarkDay(const BoardState& state) {
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    lblWeekMark[i].SetCaption(state.PanelDate(i) == state.currentDate ? kMark : kNoMark);
+  }
+}
+
+void WeekPane::ShowHours(const BoardState& state, std::size_t weekday) {
+  lblWeekHours[weekday].SetCaption("Scheduled " + FormatHundredths(state.capacity.ScheduledHours[weekday]) + " of " +
+                                   FormatHundredths(state.capacity.AvailableHours[weekday]) + ": " +
+                                   std::string(DayStatusText(state.ColorOf(weekday))));
 }
 
 void WeekPane::ShowComments(const DayCapacity& capacity) {
@@ -37,7 +60,7 @@ void WeekPane::ShowComments(const DayCapacity& capacity) {
 void WeekPane::AddLines(std::size_t weekday, std::int32_t estimate, const std::string& word,
                         const std::string& customer) {
   List1[weekday].AddItem(FormatZeros(estimate, 6) + " " + word, estimate);
-  List1[weekday].AddItem("  " + customer, estimate);
+  List1[weekday].AddItem(kNameIndent + customer, estimate);
 }
 
 std::optional<std::int32_t> WeekPane::SelectedEstimate(std::size_t weekday) const {
@@ -46,13 +69,22 @@ std::optional<std::int32_t> WeekPane::SelectedEstimate(std::size_t weekday) cons
   return list.ItemData(list.ListIndex());
 }
 
-void WeekPane::RefreshStatus(std::size_t weekday, const std::string& word) {
-  ui::ListBox& list = List1[weekday];
-  int row = list.ListIndex();
-  if (row < 0) return;
-  if (row > 0 && list.List(row).starts_with(' ')) --row;
-  if (list.List(row).starts_with(' ')) return;
-  list.SetList(row, Left(list.List(row), 7) + word);
+void WeekPane::RefreshName(std::int32_t estimate, const std::string& customer) {
+  for (ui::ListBox& list : List1) {
+    const int row = list.FindData(estimate);
+    if (row >= 0 && row + 1 < list.ListCount()) list.SetList(row + 1, kNameIndent + customer);
+  }
+}
+
+void WeekPane::RefreshStatus(const Estimate& estimate, const std::string& word) {
+  for (ui::ListBox& list : List1) {
+    const int row = list.FindData(estimate.EstimateNumber);
+    if (row < 0) continue;
+    const bool selected = list.ListIndex() == row || list.ListIndex() == row + 1;
+    const std::string line =
+        Left(list.List(row), kNumberWidth) + (selected || estimate.Status != kScheduled ? word : "");
+    if (line != list.List(row)) list.SetList(row, line);
+  }
 }
 
 }  // namespace lantos

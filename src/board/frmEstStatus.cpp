@@ -1,5 +1,7 @@
 #include "board/frmEstStatus.h"
 
+#include "frame/Numbers.h"
+
 namespace lantos {
 
 frmEstStatus::frmEstStatus(Shop& shop, EstimateDatabase& database, ContinueEstimate continueEstimate)
@@ -17,6 +19,7 @@ frmEstStatus::frmEstStatus(Shop& shop, EstimateDatabase& database, ContinueEstim
 void frmEstStatus::OnLoad() {
   SizedForm::OnLoad();
   Estimate& estimate = database_.estimates.CurrentEstimate;
+  SetCaption("Change Status - Est. # " + FormatZeros(estimate.EstimateNumber, 6));
   // Asked for its effect: a Scheduled one of an earlier day becomes a No-show in memory.
   database_.estimates.StatusText(estimate.Status, estimate.SchedDate);
   Option1[kRescheduled].SetEnabled(CanReschedule(shop_.environment.statusOptions));

@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
+#include "board/ListKeys.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 #include "records/modSystem.h"
 #include "ui/GlobalKeys.h"
+#include "ui/WindowPlace.h"
 
 namespace lantos {
 
@@ -30,8 +32,17 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
       booking_(Parts(), board_, masters) {
   SetSize(kDefaultSize, kDefaultSize);
   SetResizable(true);
-  detail.OnHoursChanged = [this] { board_.ShowDayHeader(state_.selectedDay); };
+  detail.OnHoursChanged = [this] { board_.ShowHoursOfCurrent(); };
+  WalkByEstimates(day.List2);
+  for (ui::ListBox& list : week.List1) OpenByEnter(list);
+  ServeByKeys(detail.listLabor, {detail.cmdLaborAdd, detail.cmdLaborChange, detail.cmdLaborRemove});
+  ServeByKeys(detail.listParts, {detail.cmdPartAdd, detail.cmdPartChange, detail.cmdPartRemove});
   menus_.Build(boardCommands_.All(), {.refreshTotals = [this] { detail.RefreshTotals(); },
+                                      .customersEdited =
+                                          [this] {
+                                            detail.ReadCustomerAgain();
+                                            board_.RefreshLines();
+                                          },
                                       .changeStatus = [this](std::int16_t status) { status_.ChangeTo(status); }});
 }
 
@@ -52,7 +63,7 @@ void frmMain::OnLoad() {
   state_.loading = true;
   rollover_.Start();
   startAndStop_.processCommandLine();
-  if (!startAndStop_.initGlobals()) shop_.desktop.EndProcess(0);
+  if (!startAndStop_.initGlobals()) shop_.desktop.EndProcess(kStartCancelled);
   RestoreSettings();
   // This caption keeps the search for another copy from finding this one.
   SetCaption("Lantos Starting...");
@@ -144,6 +155,8 @@ void frmMain::UnloadOtherForms() {
 }
 
 void frmMain::OnKeyDown(ui::KeyPress& key) { shop_.keys.HandleGlobalKeys(key, *this); }
+
+void frmMain::OnResize() { ui::FitMinimumSize(*this, 0, 0); }
 
 void frmMain::OnMouseUp(ui::MouseButton button) {
   if (button == ui::MouseButton::Right) menus_.PopupRefresh();

@@ -46,6 +46,7 @@ class frmMain : public ui::Form {
  private:
   void OnLoad() override;
   void OnKeyDown(ui::KeyPress& key) override;
+  void OnResize() override;
   void OnMouseUp(ui::MouseButton button) override;
   void OnUnload(bool& refuse) override;
   bool StartSecondCopy();

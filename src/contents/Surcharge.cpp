@@ -5,6 +5,7 @@
 #include "contents/AmountFields.h"
 #include "contents/EstimateTotals.h"
 #include "frame/Numbers.h"
+#include "frame/PlainWords.h"
 #include "frame/Text.h"
 #include "records/modSystem.h"
 
@@ -12,19 +13,28 @@ namespace lantos {
 
 // The twins, each with the commands of its own.
 struct SurchargeTable {
+  std::string_view noun;
   std::string_view number;  // the column of the line's number
   LongField taxRate;
   Recordset& (de::*get)(std::int32_t estimate);
   void (de::*set)(Cents amount, std::int32_t estimate, std::int32_t number);
   void (de::*add)(std::int32_t estimate, const de::SurchargeLine& line);
+  Recordset& (de::*line)(std::int32_t estimate, std::int32_t number);
 };
 
 namespace {
 
-constexpr SurchargeTable kSublets = {"SubletNumber", sysrec::tax_rate_sublet, &de::GetSubletSurcharge,
-                                     &de::SetSubletSurcharge, &de::AddSubletSurcharge};
-constexpr SurchargeTable kWaste = {"WasteNumber", sysrec::tax_rate_waste, &de::GetWasteSurcharge,
-                                   &de::SetWasteSurcharge, &de::AddWasteSurcharge};
+constexpr SurchargeTable kSublets = {"sublet",
+                                     "SubletNumber",
+                                     sysrec::tax_rate_sublet,
+                                     &de::GetSubletSurcharge,
+                                     &de::SetSubletSurcharge,
+                                     &de::AddSubletSurcharge,
+                                     &de::GetSublet};
+constexpr SurchargeTable kWaste = {"waste charge",         "WasteNumber",          sysrec::tax_rate_waste,
+                                   &de::GetWasteSurcharge, &de::SetWasteSurcharge, &de::AddWasteSurcharge,
+                                   &de::GetWaste};
+constexpr std::int32_t kNumberOfSurcharge = 1;  // always: a line of another origin that has it keeps it out
 constexpr std::int64_t kWholeRate = 1000000;
 constexpr std::int64_t kFlatUnit = 100;  // a flat amount is in hundredths of a cent
 
@@ -44,6 +54,16 @@ Cents Surcharge::Amount() const {
 }
 
 void Surcharge::ApplySurcharge() {
+  try {
+    Write();
+  } catch (const std::exception& error) {
+    bench_.estimate.RefreshTotals();
+    bench_.estimate.RefreshDay();
+    bench_.shop.desktop.EndEvent(error);
+  }
+}
+
+void Surcharge::Write() {
   const SystemRecord& system = bench_.System();
   if (system.Get(sysrec::labor_surcharge_percent) == 0 && system.Get(sysrec::parts_surcharge_percent) == 0) return;
   if (system.View(sysrec::surcharge_description).empty()) return;
@@ -58,9 +78,29 @@ void Surcharge::SetSurchargeLine(const SurchargeTable& table, Cents amount) {
   const std::int32_t number = isThere ? row.Long(table.number) : 0;
   row.Close();
   if (isThere) return (data.*table.set)(amount, estimate, number);
+  try {
+    Add(table, amount);
+  } catch (const DatabaseError& error) {
+    if (error.Kind() != DatabaseErrorKind::Duplicate) throw;
+    throw WordedError(error.what(), WordsOfRefusal(table));
+  }
+}
+
+void Surcharge::Add(const SurchargeTable& table, Cents amount) {
   const SystemRecord& system = bench_.System();
-  (data.*table.add)(estimate,
-                    {amount, system.Get(sysrec::surcharge_description), DefaultTaxable(system.Get(table.taxRate))});
+  (bench_.Data().*table.add)(
+      bench_.Number(), {amount, system.Get(sysrec::surcharge_description), DefaultTaxable(system.Get(table.taxRate))});
+}
+
+// What is in the way, and how to get it out of there: a line that is added again has the next number.
+std::string Surcharge::WordsOfRefusal(const SurchargeTable& table) {
+  Recordset& row = (bench_.Data().*table.line)(bench_.Number(), kNumberOfSurcharge);
+  const std::string holder = row.Eof() ? std::string() : Trim(row.Text("VendorName"));
+  row.Close();
+  const std::string noun(table.noun);
+  return "The surcharge could not be stored: it needs the first place among the lines of its kind, and the " + noun +
+         " \"" + holder + "\" stands there.\r\rWhat you changed is stored. To make room, add this " + noun +
+         " once more, then remove the first one; the surcharge comes with the next change of labor or parts.";
 }
 
 }  // namespace lantos

@@ -17,9 +17,9 @@ class EstimateOnShow {
   virtual const CustomerRecord& Customer() const = 0;  // of the displayed estimate
   virtual ui::ListBox& LaborList() = 0;
   virtual ui::ListBox& PartList() = 0;
-  // Adds to the hours scheduled on the selected day, when the estimate's status counts toward it.
+  // Adds to the hours scheduled on the estimate's day, when its status counts toward it.
   virtual void AddScheduledHours(Hundredths hours) = 0;
-  // The hours and the colour of the selected day.
+  // The hours and the colour of that day.
   virtual void RefreshDay() = 0;
   virtual void RefreshTotals() = 0;
   virtual std::string CommentsOnShow() const = 0;

@@ -22,70 +22,19 @@ constexpr std::size_t kEngine = 7;
 constexpr std::size_t kTransmission = 8;
 using Snapshot = std::array<std::string, kColumnCount>;
 
-// Rows are written some at a time: each commit waits for the disk, and other workstations want their turn.
-constexpr std::size_t kRowsTogether = 100;
-
-class SnapshotWriter {
- public:
-  explicit SnapshotWriter(Engine& engine) : engine_(engine) {
-    for (const SnapshotColumn& column : kSnapshotColumns) names_.emplace_back(column.name);
+void Write(Engine& engine, std::int32_t estimate, const Snapshot& snapshot) {
+  std::vector<std::string> names;
+  std::vector<Value> values;
+  for (std::size_t i = 0; i < kColumnCount; ++i) {
+    const std::string text = Left(Trim(snapshot[i]), kSnapshotColumns[i].width);
+    names.emplace_back(kSnapshotColumns[i].name);
+    values.emplace_back(text.empty() ? std::string(" ") : text);
   }
-
-  void Add(std::int32_t estimate, const Snapshot& snapshot) {
-    std::vector<Value> values;
-    for (std::size_t i = 0; i < kColumnCount; ++i) {
-      const std::string text = Left(Trim(snapshot[i]), kSnapshotColumns[i].width);
-      values.emplace_back(text.empty() ? std::string(" ") : text);
-    }
-    rows_.emplace_back(estimate, std::move(values));
-    if (rows_.size() >= kRowsTogether) Write();
-  }
-
-  void Write() {
-    const auto rows = std::move(rows_);
-    rows_.clear();
-    if (rows.empty()) return;
-    engine_.Together([&] {
-      for (const auto& [estimate, values] : rows) {
-        engine_.UpdateFirst("Estimates", names_, values, {"EstimateNumber", std::int64_t{estimate}});
-      }
-    });
-  }
-
- private:
-  Engine& engine_;
-  std::vector<std::string> names_;
-  std::vector<std::pair<std::int32_t, std::vector<Value>>> rows_;
-};
-
-// Runs fill on every estimate, with what it puts into the snapshot written to the row.
-template <class Fill>
-void FillEach(EstimateDatabase& database, Fill fill) {
-  Recordset& rows = database.lantosData.Run("AllEstimates");
-  SnapshotWriter writer(database.lantosData.Connection());
-  try {
-    for (; !rows.Eof(); rows.MoveNext()) {
-      Snapshot snapshot;
-      fill(rows, snapshot);
-      writer.Add(rows.Long("EstimateNumber"), snapshot);
-    }
-  } catch (...) {
-    writer.Write();
-    rows.Close();
-    throw;
-  }
-  writer.Write();
-  rows.Close();
+  engine.UpdateFirst("Estimates", names, values, {"EstimateNumber", std::int64_t{estimate}});
 }
 
 [[noreturn]] void GiveUp(std::string_view what) {
   throw DatabaseError(fmt::format("{} The vehicles of the estimates could not all be filled in.", what));
-}
-
-FileHandle OpenVehicles(Records& records) {
-  const FileHandle handle = records.vehicles.OpenVehicleForRead();
-  if (handle == kNoHandle) GiveUp("The vehicle file could not be opened.");
-  return handle;
 }
 
 void TakeLinkedVehicle(Vehicles& vehicles, FileLink link, FileHandle handle, Snapshot& snapshot) {
@@ -95,32 +44,6 @@ void TakeLinkedVehicle(Vehicles& vehicles, FileLink link, FileHandle handle, Sna
   snapshot = {taken.VehYear, taken.VehMake,    taken.VehModel, taken.VehVIN,  taken.VehLic,
               taken.VehDate, taken.VehMileage, taken.VehEng,   taken.VehTrans};
 }
-
-// Matches vehicles against the chain of their customer, whose first link is looked up once.
-class VehicleMatcher {
- public:
-  VehicleMatcher(Records& records, FileHandle handle) : records_(records), handle_(handle) {}
-
-  std::optional<MatchedVehicle> Match(const VehicleRecord& wanted) {
-    return MatchVehicle(records_.vehicles, wanted, FirstLink(wanted.Get(vehicle::Number)), handle_);
-  }
-
- private:
-  FileLink FirstLink(std::int32_t customer) {
-    const auto known = firstLinks_.find(customer);
-    if (known != firstLinks_.end()) return known->second;
-    Customers& customers = records_.customers;
-    if (firstLinks_.empty()) customers.LoadCustomerTags();
-    const std::size_t index = customers.IndexOf(customer);
-    const bool isThere = customer != 0 && index < customers.Count();
-    const auto master = isThere ? customers.Master(customers.Tag(index)) : std::nullopt;
-    return firstLinks_[customer] = master ? master->Get(customer::VLink) : kNoLink;
-  }
-
-  Records& records_;
-  FileHandle handle_;
-  std::unordered_map<std::int32_t, FileLink> firstLinks_;  // by customer; each is looked up once
-};
 
 }  // namespace
 
@@ -181,30 +104,91 @@ void PutSnapshot(Estimate& estimate, const de::VehicleSnapshot& snapshot) {
   estimate.VehTrans = snapshot.VehTrans;
 }
 
-void FillSnapshots(EstimateDatabase& database, Environment& environment, Records& records) {
-  OpenedFile file(environment.openFiles);
-  file.TakeOver(OpenVehicles(records));
-  FillEach(database, [&](const Recordset& row, Snapshot& snapshot) {
+// Matches vehicles against the chain of their customer, whose first link is looked up once.
+class SnapshotFilling::VehicleMatcher {
+ public:
+  VehicleMatcher(Records& records, FileHandle handle) : records_(records), handle_(handle) {}
+
+  std::optional<MatchedVehicle> Match(const VehicleRecord& wanted) {
+    return MatchVehicle(records_.vehicles, wanted, FirstLink(wanted.Get(vehicle::Number)), handle_);
+  }
+
+  FileLink FirstLink(std::int32_t customer) {
+    const auto known = firstLinks_.find(customer);
+    if (known != firstLinks_.end()) return known->second;
+    Customers& customers = records_.customers;
+    if (firstLinks_.empty()) customers.LoadCustomerTags();
+    const std::size_t index = customers.IndexOf(customer);
+    const bool isThere = customer != 0 && index < customers.Count();
+    const auto master = isThere ? customers.Master(customers.Tag(index)) : std::nullopt;
+    return firstLinks_[customer] = master ? master->Get(customer::VLink) : kNoLink;
+  }
+
+ private:
+  Records& records_;
+  FileHandle handle_;
+  std::unordered_map<std::int32_t, FileLink> firstLinks_;  // by customer; each is looked up once
+};
+
+SnapshotFilling::SnapshotFilling(EstimateDatabase& database, Environment& environment, Records& records)
+    : database_(database), records_(records), file_(environment.openFiles) {}
+
+SnapshotFilling::~SnapshotFilling() = default;
+
+void SnapshotFilling::Prepare(SnapshotGap gap) {
+  if (gap == SnapshotGap::None) return;
+  const FileHandle handle = records_.vehicles.OpenVehicleForRead();
+  if (handle == kNoHandle) GiveUp("The vehicle file could not be opened.");
+  file_.TakeOver(handle);
+  matcher_ = std::make_unique<VehicleMatcher>(records_, handle);
+  if (gap != SnapshotGap::Engines) return;
+  ForEachEstimate([this](const Recordset& row) { matcher_->FirstLink(row.Long("CustomerNumber")); });
+}
+
+void SnapshotFilling::Fill(SnapshotGap gap) {
+  if (gap == SnapshotGap::None) return;
+  if (!matcher_) Prepare(gap);
+  gap == SnapshotGap::All ? FillAll() : FillEngines();
+}
+
+template <class Use>
+void SnapshotFilling::ForEachEstimate(Use use) {
+  Recordset& rows = database_.lantosData.Run("AllEstimates");
+  try {
+    for (; !rows.Eof(); rows.MoveNext()) use(rows);
+  } catch (...) {
+    rows.Close();
+    throw;
+  }
+  rows.Close();
+}
+
+void SnapshotFilling::FillAll() {
+  Engine& engine = database_.lantosData.Connection();
+  ForEachEstimate([&](const Recordset& row) {
+    Snapshot snapshot;
     // A link that is null is none, as -1 is.
-    if (row.IsNull("VehicleLink") || row.Long("VehicleLink") == kNoLink) return;
-    TakeLinkedVehicle(records.vehicles, row.Long("VehicleLink"), file.Handle(), snapshot);
+    if (!row.IsNull("VehicleLink") && row.Long("VehicleLink") != kNoLink) {
+      TakeLinkedVehicle(records_.vehicles, row.Long("VehicleLink"), file_.Handle(), snapshot);
+    }
+    Write(engine, row.Long("EstimateNumber"), snapshot);
   });
 }
 
-void FillEngines(EstimateDatabase& database, Environment& environment, Records& records) {
-  OpenedFile file(environment.openFiles);
-  file.TakeOver(OpenVehicles(records));
-  VehicleMatcher matcher(records, file.Handle());
-  FillEach(database, [&](const Recordset& row, Snapshot& snapshot) {
+void SnapshotFilling::FillEngines() {
+  Engine& engine = database_.lantosData.Connection();
+  ForEachEstimate([&](const Recordset& row) {
+    Snapshot snapshot;
     for (std::size_t i = 0; i < kEngine; ++i) snapshot[i] = Trim(row.Text(kSnapshotColumns[i].name));
     // Without the mileage: what was not on a row of that age isn't made up.
     const VehicleRecord wanted =
         VehicleOf({snapshot[0], snapshot[1], snapshot[2], snapshot[3], snapshot[4], snapshot[5], "", "", ""},
                   row.Long("CustomerNumber"));
-    const std::optional<MatchedVehicle> match = matcher.Match(wanted);
-    if (!match) return;
-    snapshot[kEngine] = match->record.Get(vehicle::EngineSize);
-    snapshot[kTransmission] = match->record.Get(vehicle::Transmission);
+    if (const std::optional<MatchedVehicle> match = matcher_->Match(wanted)) {
+      snapshot[kEngine] = match->record.Get(vehicle::EngineSize);
+      snapshot[kTransmission] = match->record.Get(vehicle::Transmission);
+    }
+    Write(engine, row.Long("EstimateNumber"), snapshot);
   });
 }
 

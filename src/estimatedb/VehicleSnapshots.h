@@ -1,6 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "estimatedb/EstimateDatabase.h"
+#include "records/OpenedFile.h"
 #include "records/Vehicles.h"
 
 namespace lantos {
@@ -23,12 +26,35 @@ bool IsSnapshotOf(const de::VehicleSnapshot& snapshot, const VehicleRecord& reco
 de::VehicleSnapshot SnapshotIn(const Estimate& estimate);
 void PutSnapshot(Estimate& estimate, const de::VehicleSnapshot& snapshot);
 
-// Fill columns that have just been added to every row of Estimates. Both throw when the person gives up on a
-// vehicle or customer file; rows done so far stay done, and a later start doesn't take the work up again.
+// Which of the nine columns an older database lacks.
+enum class SnapshotGap { None, Engines, All };
 
-// All nine, from the vehicle that the row is linked to.
-void FillSnapshots(EstimateDatabase& database, Environment& environment, Records& records);
-// Engine and transmission, from the vehicle of the row's customer that is most like the snapshot.
-void FillEngines(EstimateDatabase& database, Environment& environment, Records& records);
+// Fills snapshot columns that have just been added to Estimates, in every row. What may have to ask the person comes
+// first, in Prepare, so that nobody is kept out of the database meanwhile. Both throw when the person gives up on a
+// vehicle or customer file.
+class SnapshotFilling {
+ public:
+  SnapshotFilling(EstimateDatabase& database, Environment& environment, Records& records);
+  ~SnapshotFilling();
+
+  // Opens the vehicle file, and looks up the customers where the gap needs them.
+  void Prepare(SnapshotGap gap);
+  // All: all nine, from the vehicle that the row is linked to. Engines: engine and transmission, from the vehicle of
+  // the row's customer that is most like the snapshot.
+  void Fill(SnapshotGap gap);
+
+ private:
+  class VehicleMatcher;
+
+  template <class Use>
+  void ForEachEstimate(Use use);
+  void FillAll();
+  void FillEngines();
+
+  EstimateDatabase& database_;
+  Records& records_;
+  OpenedFile file_;
+  std::unique_ptr<VehicleMatcher> matcher_;
+};
 
 }  // namespace lantos

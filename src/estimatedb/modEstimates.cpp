@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 #include "frame/Text.h"
 
@@ -89,6 +90,16 @@ void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t ne
 }
 
 void modEstimates::SaveStatus() { de_.SetStatus(CurrentEstimate.Status, CurrentEstimate.EstimateNumber); }
+
+void modEstimates::ChangeStatus(std::int16_t status) {
+  const std::int16_t old = std::exchange(CurrentEstimate.Status, status);
+  try {
+    SaveStatus();
+  } catch (...) {
+    CurrentEstimate.Status = old;
+    throw;
+  }
+}
 
 std::string modEstimates::StatusText(std::int16_t& status, DaySerial schedDate) const {
   if (status == kScheduled && schedDate < environment_.Today()) status = kNoShow;

@@ -56,6 +56,8 @@ class modEstimates {
   std::int32_t CreateEstimate(DaySerial date, std::int16_t status);
   void CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber);
   void SaveStatus();
+  // The status in memory and in the database. When the database refuses, memory has the old one.
+  void ChangeStatus(std::int16_t status);
 
   // The word for a status. A Scheduled one of a day before today becomes a No-show in the caller's variable.
   std::string StatusText(std::int16_t& status, DaySerial schedDate) const;

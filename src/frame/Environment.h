@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "frame/ExitCodes.h"
 #include "frame/FileIO.h"
 #include "frame/OpenFiles.h"
 #include "frame/Options.h"
@@ -34,10 +35,12 @@ struct Environment {
   ShopOptions shopOptions;
   bool fleetVersion = false;
   bool hasKorvelDatabase = false;
-  std::string updateFileName;
+  std::string updateFileName;  // of this run; empty before it is made
+  // What the process ends with when the person gives up at a question that ends it; another one during the start.
+  int exitCodeOfGivingUp = kEndedInOrder;
 
-  // Lantos.ini in DataDir.
-  ProfileFile Profile() const { return ProfileFile(files.PathOf("Lantos.ini")); }
+  // Lantos.ini in DataDir. An entry that can't be written is lost, and only the log hears of it.
+  ProfileFile Profile() const { return ProfileFile(files.PathOf("Lantos.ini"), files.logFailure); }
   DaySerial Today() const { return clock.Today(); }
 };
 

@@ -1,5 +1,6 @@
 #include "frame/FileIO.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -13,7 +14,8 @@ namespace lantos {
 
 namespace {
 
-constexpr int kWaitsForAFile = 2;  // slow network drives don't answer at once
+constexpr mode_t kNewFileMode = 0666;  // the umask takes from it
+constexpr int kWaitsForAFile = 2;      // slow network drives don't answer at once
 
 // The length of the UTF-8 character at the front of a text, 0 when there is none.
 std::size_t Utf8Length(std::string_view text) {
@@ -108,6 +110,15 @@ std::uintmax_t FileIO::Length(std::string_view name) const {
   if (!error) return length;
   if (error != std::errc::no_such_file_or_directory) ThrowFileError(error.value(), "measuring " + std::string(name));
   return 0;
+}
+
+bool FileIO::MakeNew(std::string_view name) const {
+  const std::filesystem::path path = PathOf(name);
+  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+  if (descriptor < 0 && errno == EEXIST) return false;
+  if (descriptor < 0) ThrowFileError(errno, "making " + path.string());
+  ::close(descriptor);
+  return true;
 }
 
 // Under a claim that denies all, so that a file that somebody has open stays, and nobody opens it meanwhile.

@@ -42,6 +42,9 @@ class FileIO {
   // Names in DataDir that match a pattern with "*" and "?", without regard to case, sorted.
   std::vector<std::string> List(std::string_view pattern) const;
   std::uintmax_t Length(std::string_view name) const;  // 0 when it isn't there
+  // Makes the file, empty. False when it is there already: of several copies that try at once one alone gets true.
+  // Throws FileError when it can't be made.
+  bool MakeNew(std::string_view name) const;
   // False when it could not be deleted, be it that somebody has it open.
   bool Delete(std::string_view name) const;
   // Opens the file for reading and writing with no sharing, flushes it to the disk and closes; errors are ignored. An

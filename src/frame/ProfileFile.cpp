@@ -127,6 +127,14 @@ std::string ProfileFile::Get(std::string_view section, std::string_view key, std
 }
 
 bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
+  if (Edit(section, key, value)) return true;
+  if (logFailure_) {
+    logFailure_("[" + std::string(section) + "] " + std::string(key) + " could not be saved in " + path_.string());
+  }
+  return false;
+}
+
+bool ProfileFile::Edit(std::string_view section, std::string_view key, std::string_view value) const {
   LockedText file(path_, LockedText::Purpose::Editing);
   const std::optional<std::string> before = file.Read();
   if (!before) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,7 +13,11 @@ namespace lantos {
 // another's entry; of two that write the same entry the last wins.
 class ProfileFile {
  public:
-  explicit ProfileFile(std::filesystem::path path) : path_(std::move(path)) {}
+  using LogFailure = std::function<void(const std::string& text)>;
+
+  // logFailure hears of an entry that could not be written, which the person is not told of.
+  explicit ProfileFile(std::filesystem::path path, LogFailure logFailure = nullptr)
+      : path_(std::move(path)), logFailure_(std::move(logFailure)) {}
 
   // The value, blanks around it and one pair of quotes removed, cut at limit characters.
   std::string Get(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -21,7 +26,10 @@ class ProfileFile {
   bool Put(std::string_view section, std::string_view key, std::string_view value);
 
  private:
+  bool Edit(std::string_view section, std::string_view key, std::string_view value) const;
+
   std::filesystem::path path_;
+  LogFailure logFailure_;
 };
 
 }  // namespace lantos

@@ -19,12 +19,13 @@ void DeleteOthers(const FileIO& files, std::string_view pattern, std::string_vie
   }
 }
 
-// The first name that no file bears yet; empty when all are taken.
-template <class NameOf>
-std::string FirstFree(const FileIO& files, NameOf nameOf) {
+// Makes an empty file under the first name that none bears yet, which another copy may take in the same moment: then
+// it is the next one's turn. Empty when use says no to all of them.
+template <class NameOf, class Use>
+std::string TakeFirstFree(const FileIO& files, NameOf nameOf, Use use) {
   for (int n = 0; n < kNamesADay; ++n) {
     std::string name = nameOf(n);
-    if (!files.FileExists(name)) return name;
+    if (!files.FileExists(name) && files.MakeNew(name) && use(name)) return name;
   }
   return {};
 }
@@ -39,11 +40,22 @@ std::string DayMark(DaySerial day) {
 bool RunLog::Open() {
   const std::string prefix = "LN" + DayMark(files_.GetClock().Today());
   DeleteOthers(files_, "LN*.LOG", prefix);
-  name_ = FirstFree(files_, [&](int n) { return prefix + fmt::format("{:03}.LOG", n); });
-  if (name_.empty()) return false;
-  file_ = SharedFile(files_.PathOf(name_), Access::ReadWrite, Deny::All);
+  name_ = TakeFirstFree(
+      files_, [&](int n) { return prefix + fmt::format("{:03}.LOG", n); },
+      [this](const std::string& name) { return OpenAlone(name); });
   offset_ = 0;
-  return true;
+  return !name_.empty();
+}
+
+// A program that looks at every new file may have it for a moment.
+bool RunLog::OpenAlone(const std::string& name) {
+  try {
+    file_ = SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All);
+    return true;
+  } catch (const FileError& error) {
+    if (error.Number() != FileErrorNumber::PermissionDenied) throw;
+    return false;
+  }
 }
 
 void RunLog::Write(std::string_view message) noexcept {
@@ -80,8 +92,10 @@ std::filesystem::path RunLog::Path() const { return name_.empty() ? std::filesys
 
 std::string UpdateFilePrefix(DaySerial day) { return "AU" + DayMark(day); }
 
-std::string FreeUpdateFileName(const FileIO& files, DaySerial day) {
-  return FirstFree(files, [&](int n) { return UpdateFilePrefix(day) + std::to_string(n) + ".$$$"; });
+std::string TakeUpdateFile(const FileIO& files, DaySerial day) {
+  return TakeFirstFree(
+      files, [&](int n) { return UpdateFilePrefix(day) + std::to_string(n) + ".$$$"; },
+      [](const std::string&) { return true; });
 }
 
 void DeleteOldUpdateFiles(const FileIO& files, DaySerial day) { DeleteOthers(files, "AU*.$$$", UpdateFilePrefix(day)); }

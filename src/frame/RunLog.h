@@ -18,8 +18,8 @@ class RunLog {
  public:
   explicit RunLog(FileIO& files) : files_(files) {}
 
-  // Deletes logs of other days, takes the first free name of today and opens it with no sharing. False when all 1000
-  // names are taken; throws FileError when the file can't be opened.
+  // Deletes logs of other days, takes the first free name of today and opens it with no sharing. Copies that start in
+  // the same moment get a name each. False when all 1000 names are taken; throws FileError when the file can't be made.
   bool Open();
   // One line: date and time padded to 20 characters, the message, CR LF. Never reports.
   void Write(std::string_view message) noexcept;
@@ -29,6 +29,7 @@ class RunLog {
   std::filesystem::path Path() const;
 
  private:
+  bool OpenAlone(const std::string& name);
   const std::string& Stamp();
 
   FileIO& files_;
@@ -41,8 +42,9 @@ class RunLog {
 
 // "AU" + day mark.
 std::string UpdateFilePrefix(DaySerial day);
-// The first free name prefix + n + ".$$$", n from 0 to 999; empty when all are taken.
-std::string FreeUpdateFileName(const FileIO& files, DaySerial day);
+// Makes an empty file under the first free name prefix + n + ".$$$", n from 0 to 999, which no other copy gets. Empty
+// when all are taken; throws FileError when it can't be made.
+std::string TakeUpdateFile(const FileIO& files, DaySerial day);
 // Deletes update files of other days, going on past errors.
 void DeleteOldUpdateFiles(const FileIO& files, DaySerial day);
 

@@ -17,7 +17,7 @@ std::string PartOnPaper(const Recordset& part, PartNumber number) {
 
 bool AddNotes(ReportLines& lines, Recordset& rows) {
   const bool any = !rows.Eof();
-  if (any) lines.Add("____Notes____");
+  if (any) lines.AddHeading("____Notes____");
   for (; !rows.Eof(); rows.MoveNext()) {
     for (std::size_t i = 1; i <= kNoteLines; ++i) {
       const std::string text = rows.Text("Desc" + std::to_string(i));

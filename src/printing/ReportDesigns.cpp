@@ -12,6 +12,7 @@ using ui::ReportLabel;
 constexpr double kRow = 13;  // points from line to line of a block of labels
 constexpr double kMiddle = 0.5;
 constexpr double kInset = 0.012;
+constexpr double kWritingLine = 20;  // seven millimeters and a bit, for a pen
 
 enum class Weight { Plain, Bold };
 
@@ -143,6 +144,9 @@ ReportDesign WorksheetDesign(WorksheetPaper paper) {
   }
   design.headerHeight = kTop + kBlockHeight + 8;
   design.characters = 101;  // the rule for the hours of a technician
+  design.wraps = true;      // comments are of any length
+  design.ruleHeight = kWritingLine;
+  design.aboveHeading = 9;
   design.columns = {{"DataLine", 0, 1, Align::Left, ""}};
   return design;
 }
@@ -157,6 +161,7 @@ ReportDesign DayViewDesign() {
   design.boxes = {{Band::PageHeader, 0, 34, 1, 0}};
   design.headerHeight = 40;
   design.characters = 122;  // a main line of the day list
+  design.wraps = true;      // with its comments
   design.columns = {{"DataLine", 0, 1, Align::Left, ""}};
   return design;
 }

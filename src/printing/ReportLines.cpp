@@ -11,6 +11,17 @@ void ReportLines::Add(const std::string& dataLine, const std::string& amount1, c
     for (const std::string* amount : {&amount1, &amount2, &amount3}) row.push_back(Left(*amount, kAmountWidth));
   }
   rows_.push_back(std::move(row));
+  kinds_.push_back(ui::LineKind::Text);
+}
+
+void ReportLines::AddHeading(const std::string& text) {
+  Add(text);
+  kinds_.back() = ui::LineKind::Heading;
+}
+
+void ReportLines::AddRule(const std::string& text) {
+  Add(text);
+  kinds_.back() = ui::LineKind::Rule;
 }
 
 }  // namespace lantos

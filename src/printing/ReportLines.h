@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "ui/Report.h"
+
 namespace lantos {
 
 // The body of a report: its lines in the order in which they are printed, composed down to the last character by
@@ -19,12 +21,16 @@ class ReportLines {
   void Add(const std::string& dataLine, const std::string& amount1 = " ", const std::string& amount2 = " ",
            const std::string& amount3 = " ");
   void AddBlank() { Add(" "); }
+  void AddHeading(const std::string& text);
+  void AddRule(const std::string& text);  // for somebody to write on
 
   const std::vector<std::vector<std::string>>& Rows() const { return rows_; }
+  const std::vector<ui::LineKind>& Kinds() const { return kinds_; }
 
  private:
   Amounts amounts_;
   std::vector<std::vector<std::string>> rows_;
+  std::vector<ui::LineKind> kinds_;
 };
 
 }  // namespace lantos

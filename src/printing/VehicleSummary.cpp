@@ -37,7 +37,7 @@ VehicleSummary::VehicleSummary(Environment& environment, ui::Desktop& desktop, R
 }
 
 void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
-  lines.Add("***** Vehicle Summary *****");
+  lines.AddHeading("***** Vehicle Summary *****");
   lines.AddBlank();
   const DaySerial today = environment_.Today();
   const TagScan scan(environment_, workorders_);

@@ -42,7 +42,7 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
   }
   ui::Report report{
       WorksheetDesign(Options().PrintCustomerOnWorksheet ? WorksheetPaper::WithCustomer : WorksheetPaper::Plain),
-      "Technician Worksheet for Estimate " + std::to_string(Number()), lines.Rows()};
+      "Technician Worksheet for Estimate " + std::to_string(Number()), lines.Rows(), lines.Kinds()};
   FillCompany(report, records_.system.SysRec);
   FillCustomer(report, customer);
   FillEstimate(report, Current());
@@ -59,7 +59,7 @@ ui::Report WorksheetReport::Make(const CustomerRecord& customer) {
 void WorksheetReport::ComposeComments(ReportLines& lines) const {
   const std::string comments = Trim(Current().Comments);
   if (!Options().PrintCommentsOnWorksheet || comments.empty()) return;
-  lines.Add("____Comments____");
+  lines.AddHeading("____Comments____");
   for (const std::string& line : ui::LinesOf(comments)) {
     if (!Trim(line).empty()) lines.Add(line);
   }
@@ -68,32 +68,35 @@ void WorksheetReport::ComposeComments(ReportLines& lines) const {
 
 void WorksheetReport::ComposeLabor(ReportLines& lines) const {
   const int blankLines = Options().BlankLinesPerLabor;
-  lines.Add("____Labor____");
+  lines.AddHeading("____Labor____");
   lines.Add("       HOURS APPLIED ON");
   if (blankLines == 0) {
-    lines.Add(kTechHeading);
-    lines.Add(kTechRule);
+    lines.AddHeading(kTechHeading);
+    lines.AddRule(kTechRule);
   }
   Recordset& rows = database_.lantosData.LaborForEstimate(Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const LaborText text = LaborOnPaper(rows.Text("Description"));
+    bool first = true;  // it heads what is written about this labor
     for (const std::string& line : text) {
-      if (!line.empty()) lines.Add(line);
+      if (line.empty()) continue;
+      first ? lines.AddHeading(line) : lines.Add(line);
+      first = false;
     }
     if (blankLines <= 0) continue;
-    lines.Add(kTechHeading);
-    for (int i = 0; i < blankLines; ++i) lines.Add(kTechRule);
+    lines.AddHeading(kTechHeading);
+    for (int i = 0; i < blankLines; ++i) lines.AddRule(kTechRule);
   }
   rows.Close();
 }
 
 void WorksheetReport::ComposeParts(ReportLines& lines) const {
-  lines.Add("____Parts____");
+  lines.AddHeading("____Parts____");
   Recordset& rows = database_.lantosData.PartsTable(Number());
   for (; !rows.Eof(); rows.MoveNext()) lines.Add(PartOnPaper(rows, PartNumber::Shown));
   rows.Close();
   lines.AddBlank();
-  for (int i = 0; i < Options().BlankPartLines; ++i) lines.Add(kPartRule);
+  for (int i = 0; i < Options().BlankPartLines; ++i) lines.AddRule(kPartRule);
 }
 
 // What earlier work orders recommended for this vehicle and nobody has booked yet.
@@ -101,7 +104,7 @@ void WorksheetReport::ComposeFollowups(ReportLines& lines) const {
   const std::vector<Followup> followups =
       records_.followups.OpenFollowups(Current().CustomerNumber, Trim(Current().VehVIN), Trim(Current().VehLic));
   if (followups.empty()) return;
-  lines.Add(FollowupRow("Service", "Due Back"));
+  lines.AddHeading(FollowupRow("Service", "Due Back"));
   for (const Followup& followup : followups) {
     const DaySerial date = FromFileDate(followup.record.Get(followup::FollowupDate));
     const std::int32_t miles = followup.record.Get(followup::Miles);

@@ -36,7 +36,7 @@ template <class... Statements>
 void modSystem::RetryOrEnd(Statements... statements) {
   Contention contention(contention::kSystem, desktop_, environment_);
   const bool done = (contention.Run(statements) && ...);
-  if (!done) desktop_.EndProcess(0);
+  if (!done) desktop_.EndProcess(environment_.exitCodeOfGivingUp);
 }
 
 }  // namespace lantos

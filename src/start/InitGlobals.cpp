@@ -21,7 +21,7 @@ constexpr std::size_t kProfileSectionWidth = 20;
 
 void EndWithTooManyUsers(ui::Desktop& desktop) {
   desktop.Tell("More than 1000 network users - can not continue!", "KorvelMain", ui::Icon::Critical);
-  desktop.EndProcess(0);
+  desktop.EndProcess(kStartFailed);
 }
 
 std::string ProfileSectionOf(const std::string& computerName) {
@@ -29,17 +29,16 @@ std::string ProfileSectionOf(const std::string& computerName) {
   return name.empty() ? std::string(kDefaultsSection) : name;
 }
 
-void TakeUpdateFile(Shop& shop) {
+void MakeUpdateFile(Shop& shop) {
   Environment& environment = shop.environment;
   const DaySerial today = environment.Today();
-  environment.updateFileName = FreeUpdateFileName(environment.files, today);
-  if (environment.updateFileName.empty()) EndWithTooManyUsers(shop.desktop);
-  DeleteOldUpdateFiles(environment.files, today);
   try {
-    SharedFile(environment.files.PathOf(environment.updateFileName), Access::Write, Deny::All).Truncate(0);
+    environment.updateFileName = TakeUpdateFile(environment.files, today);
+    if (environment.updateFileName.empty()) EndWithTooManyUsers(shop.desktop);
   } catch (const FileError& error) {
     environment.log.Write(error.what());  // a run without an update file goes on
   }
+  DeleteOldUpdateFiles(environment.files, today);
 }
 
 void LoadSharedTables(Records& records) {
@@ -63,6 +62,7 @@ void WarnOfNetworkMount(Shop& shop) {
 
 bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList) {
   Environment& environment = shop.environment;
+  environment.exitCodeOfGivingUp = kStartCancelled;
   if (!ResolveDataDir(environment, shop.desktop)) return false;
   shop.records.system.ReadSystem();
   if (!environment.log.Open()) EndWithTooManyUsers(shop.desktop);
@@ -74,7 +74,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
   UpgradeDatabase(database, environment, shop.records);
   WarnOfNetworkMount(shop);
-  TakeUpdateFile(shop);
+  MakeUpdateFile(shop);
   ProfileFile profile = environment.Profile();
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
   environment.statusOptions = LoadStatusOptions(profile);
@@ -86,6 +86,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.openFiles.ResetFileMarks();
   environment.fleetVersion = environment.settings.GetBoolean(kMainApplication, kSettingsSection, "FleetVersion", false);
   splash.Unload();
+  environment.exitCodeOfGivingUp = kEndedInOrder;
   return true;
 }
 

@@ -5,16 +5,12 @@
 #include <array>
 
 #include "board/frmMain.h"
+#include "frame/PlainWords.h"
+#include "start/CommandLine.h"
 #include "start/DataDirectory.h"
 #include "start/InitGlobals.h"
 
 namespace lantos {
-
-namespace {
-
-constexpr int kStartFailed = 1;
-
-}  // namespace
 
 struct Program::State {
   State(ui::Desktop& theDesktop, Clock& clock, UserSettings& settings, Invocation theInvocation)
@@ -51,8 +47,15 @@ struct Program::State {
 
 StartAndStop Program::State::Steps() {
   StartAndStop steps;
-  steps.processCommandLine = [this] { ProcessCommandLine(environment, invocation.commandLine); };
-  steps.initGlobals = [this] { return InitGlobals(shop, database, inventoryList); };
+  steps.processCommandLine = [this] {
+    ProcessCommandLine(environment, invocation.commandLine);
+    TellWhatIsNotUnderstood(desktop, invocation.commandLine);
+  };
+  steps.initGlobals = [this] {
+    const bool isUp = InitGlobals(shop, database, inventoryList);
+    NoteUnknownSwitch(shop, invocation.commandLine);
+    return isUp;
+  };
   steps.deleteUpdateFileAndCloseLog = [this] {
     if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
     environment.log.Close();
@@ -73,13 +76,13 @@ int Program::Run() {
   } catch (const std::exception& error) {
     state_->environment.log.Write(error.what());
     state_->desktop.SetPointer(ui::Pointer::Normal);
-    state_->desktop.Tell(error.what(), "Lantos can not start", ui::Icon::Critical);
+    state_->desktop.Tell(WordsFor(error), "Lantos can not start", ui::Icon::Critical);
     return kStartFailed;
   }
-  if (!mainWindow.IsLoaded()) return 0;
+  if (!mainWindow.IsLoaded()) return kEndedInOrder;
   mainWindow.Show();
   state_->desktop.RunUntilUnloaded(mainWindow);
-  return 0;
+  return kEndedInOrder;
 }
 
 std::string Program::LogPath() const { return state_->environment.log.Path().string(); }

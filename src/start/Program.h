@@ -26,7 +26,8 @@ class Program {
   Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Invocation invocation);
   ~Program();
 
-  // From the first line of the main window's load event to the end. The result is the exit code of the process.
+  // From the first line of the main window's load event to the end. The result is an ExitCode. A start that the person
+  // gives up ends the process from within, by Desktop::EndProcess.
   int Run();
   // Of this run's log file; empty before it is open.
   std::string LogPath() const;

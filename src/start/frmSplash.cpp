@@ -1,17 +1,10 @@
 #include "start/frmSplash.h"
 
+#include "frame/Version.h"
+
 namespace lantos {
 
-namespace {
-
-constexpr int kVersionEra = 2000;
-
-}  // namespace
-
-std::string VersionText() {
-  return "Version " + std::to_string(LANTOS_VERSION_MAJOR + kVersionEra) + "." + std::to_string(LANTOS_VERSION_MINOR) +
-         "." + std::to_string(LANTOS_VERSION_REVISION);
-}
+std::string VersionText() { return "Version " + ProgramVersion(); }
 
 frmSplash::frmSplash(ui::Desktop& desktop) : Form(desktop, "frmSplash", "Lantos") {
   SetSize(6000, 3000);

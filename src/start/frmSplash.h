@@ -6,7 +6,7 @@
 
 namespace lantos {
 
-// "Version 2001.0.0": the program's years are counted from 2000.
+// "Version 2001.0.0"
 std::string VersionText();
 
 // What the person sees while the program starts.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "frame/PlainWords.h"
 #include "ui/Form.h"
 
 namespace lantos::ui {
@@ -51,7 +52,7 @@ std::string WithLineFeeds(std::string_view text) {
 
 void Desktop::EndEvent(const std::exception& error) {
   if (logFailure) logFailure(error.what());
-  ReportFailure(error.what());
+  ReportFailure(WordsFor(error));
 }
 
 Form* Desktop::FindForm(std::string_view name) const {

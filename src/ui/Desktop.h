@@ -83,7 +83,7 @@ class Desktop {
 
   // What is to be written down when an event fails.
   std::function<void(const std::string&)> logFailure;
-  // Writes it down and reports it.
+  // Writes its text down, and reports what it says to a person.
   void EndEvent(const std::exception& error);
 
   // Loaded forms, the topmost last.

@@ -17,9 +17,11 @@ constexpr double kLargestDetail = 9.5;
 constexpr double kDetailLeading = 1.2;
 constexpr double kLabelLeading = 1.25;
 constexpr double kHeadingHeight = 14;
-constexpr double kBelowGrown = 8;        // between a header that grew and what follows
-constexpr std::size_t kLeastLines = 12;  // of the detail that a page must have room for below one
+constexpr double kBelowGrown = 8;           // between a header that grew and what follows
+constexpr std::size_t kLeastLines = 12;     // of the detail that a page must have room for below one
+constexpr std::size_t kShortStatement = 4;  // lines that aren't left alone on a page
 constexpr double kPageFooterHeight = 18;
+constexpr double kRounding = 1e-6;
 
 void Replace(std::string& text, std::string_view what, std::size_t number) {
   if (const std::size_t at = text.find(what); at != std::string::npos)
@@ -46,17 +48,6 @@ std::string PageText(std::size_t page, std::size_t pages) {
 
 double PitchOf(double size) { return size * kLabelLeading; }
 
-std::vector<std::string> LinesOf(std::string_view text) {
-  const std::string plain = WithLineFeeds(text);
-  std::vector<std::string> lines;
-  for (std::size_t start = 0;;) {
-    const std::size_t end = plain.find('\n', start);
-    lines.push_back(plain.substr(start, end == std::string::npos ? end : end - start));
-    if (end == std::string::npos) return lines;
-    start = end + 1;
-  }
-}
-
 const ReportLabel* GrowingLabel(const Report& report, Band band) {
   for (const ReportLabel& label : report.design.labels) {
     if (label.band == band && label.grows && !label.text.empty()) return &label;
@@ -70,10 +61,9 @@ namespace {
 class Pages {
  public:
   Pages(const Report& report, ReportLayout& layout) : report_(report), layout_(layout) {
-    if (const ReportLabel* label = GrowingLabel(report, Band::PageHeader)) {
-      headerLines_ = LinesOf(label->text).size();
-      headerPitch_ = PitchOf(label->size);
-    }
+    headerLines_ = layout.header.size();
+    if (const ReportLabel* label = GrowingLabel(report, Band::PageHeader)) headerPitch_ = PitchOf(label->size);
+    if (const ReportLabel* label = GrowingLabel(report, Band::ReportFooter)) footerPitch_ = PitchOf(label->size);
     const auto& columns = report.design.columns;
     hasHeadings_ =
         std::any_of(columns.begin(), columns.end(), [](const ReportColumn& column) { return !column.heading.empty(); });
@@ -85,17 +75,15 @@ class Pages {
     std::size_t line = 0;
     do {
       Begin(line);
-      const auto fitting = static_cast<std::size_t>(left_ / layout_.detailPitch);
-      const std::size_t count = std::min(fitting, report_.lines.size() - line);
+      const std::size_t count = FittingFrom(line);
       Page().lineCount = count;
-      left_ -= static_cast<double>(count) * layout_.detailPitch;
-      line += count;
-    } while (line < report_.lines.size() || headerDone_ < headerLines_);
+      for (const std::size_t end = line + count; line < end; ++line) left_ -= layout_.lines[line].height;
+    } while (line < layout_.lines.size() || headerDone_ < headerLines_);
     const bool fresh = Page().lineCount == 0 && (repeatsHeader_ || Page().header.count == 0);
-    if (report_.design.footerHeight > left_ && !fresh) Begin(line);
+    if (FooterHeight() > left_ && !fresh) Begin(line);
     Page().hasFooter = true;
     left_ -= report_.design.footerHeight;
-    if (const ReportLabel* label = GrowingLabel(report_, Band::ReportFooter)) GrowFooter(*label);
+    if (!layout_.footer.empty()) GrowFooter();
   }
 
  private:
@@ -121,13 +109,34 @@ class Pages {
     page.headerHeight = HeaderHeight(page.header.count);
     left_ = std::max(layout_.height - page.headerHeight, 0.0);
     // A design whose header leaves no room for a line would never come to an end: it gets one all the same.
-    if (page.header.count == 0 || repeatsHeader_) left_ = std::max(left_, layout_.detailPitch);
+    const double least = line < layout_.lines.size() ? layout_.lines[line].height : layout_.detailPitch;
+    if (page.header.count == 0 || repeatsHeader_) left_ = std::max(left_, least);
     layout_.pages.push_back(page);
   }
 
-  void GrowFooter(const ReportLabel& label) {
-    const std::size_t lines = LinesOf(label.text).size();
-    const double pitch = PitchOf(label.size), height = static_cast<double>(lines) * pitch;
+  std::size_t FittingFrom(std::size_t line) const {
+    std::size_t end = line;
+    for (double room = left_ + kRounding; end < layout_.lines.size(); ++end) {
+      room -= layout_.lines[end].height;
+      if (room < 0) break;
+    }
+    const auto isHeading = [this](std::size_t at) { return layout_.lines[at].kind == LineKind::Heading; };
+    const std::size_t full = end;
+    while (end < layout_.lines.size() && end > line && isHeading(end - 1)) --end;
+    return (end == line ? full : end) - line;
+  }
+
+  // With a short statement, where a page has room for both.
+  double FooterHeight() const {
+    const double fixed = report_.design.footerHeight;
+    if (layout_.footer.size() > kShortStatement) return fixed;
+    const double both = fixed + static_cast<double>(layout_.footer.size()) * footerPitch_;
+    return both <= layout_.height - HeaderHeight(repeatsHeader_ ? headerLines_ : 0) ? both : fixed;
+  }
+
+  void GrowFooter() {
+    const std::size_t lines = layout_.footer.size();
+    const double pitch = footerPitch_, height = static_cast<double>(lines) * pitch;
     const double whole = layout_.height - Page().headerHeight;
     for (std::size_t done = 0; done < lines;) {
       auto count = std::min(static_cast<std::size_t>(std::max(left_, 0.0) / pitch), lines - done);
@@ -136,7 +145,7 @@ class Pages {
       Page().footer = {done, count};
       done += count;
       if (done == lines) break;
-      Begin(report_.lines.size());
+      Begin(layout_.lines.size());
       left_ = std::max(left_, pitch);
     }
   }
@@ -144,12 +153,48 @@ class Pages {
   const Report& report_;
   ReportLayout& layout_;
   std::size_t headerLines_ = 0;  // that grow, and what each page has of them
-  double headerPitch_ = 0;
+  double headerPitch_ = 0, footerPitch_ = 0;
   bool hasHeadings_ = false;
   bool repeatsHeader_ = true;
   std::size_t headerDone_ = 0;
   double left_ = 0;  // of the last page's height
 };
+
+double HeightOf(LineKind kind, const ReportDesign& design, double pitch) {
+  switch (kind) {
+    case LineKind::Heading:
+      return pitch + design.aboveHeading;
+    case LineKind::Rule:
+      return std::max(pitch, design.ruleHeight);
+    case LineKind::Text:
+      break;
+  }
+  return pitch;
+}
+
+std::vector<PrintedLine> PrintedLinesOf(const Report& report, std::size_t characters, double pitch) {
+  std::vector<PrintedLine> printed;
+  for (std::size_t line = 0; line < report.lines.size(); ++line) {
+    const std::string first = report.lines[line].empty() ? std::string() : report.lines[line].front();
+    const LineKind kind = line < report.kinds.size() ? report.kinds[line] : LineKind::Text;
+    const double height = HeightOf(kind, report.design, pitch);
+    if (!report.design.wraps || first.size() <= characters) {
+      printed.push_back({line, first, true, kind, height});
+      continue;
+    }
+    bool begins = true;
+    for (std::string& text : WrappedLine(first, characters)) {
+      printed.push_back({line, std::move(text), begins, kind, begins ? height : pitch});
+      begins = false;
+    }
+  }
+  return printed;
+}
+
+std::vector<std::string> GrownLinesOf(const Report& report, Band band, double width) {
+  const ReportLabel* label = GrowingLabel(report, band);
+  return label == nullptr ? std::vector<std::string>() : WrappedLabel(label->text, label->size, label->width * width);
+}
 
 }  // namespace
 
@@ -162,6 +207,10 @@ ReportLayout LayOut(const Report& report, Paper paper) {
   const double field = design.columns.empty() ? layout.width : design.columns.front().width * layout.width;
   layout.detailSize = std::min(kLargestDetail, field / (kCharacterWidth * static_cast<double>(design.characters)));
   layout.detailPitch = layout.detailSize * kDetailLeading;
+  const double fitting = field / (kCharacterWidth * layout.detailSize) + kRounding;
+  layout.lines = PrintedLinesOf(report, static_cast<std::size_t>(fitting), layout.detailPitch);
+  layout.header = GrownLinesOf(report, Band::PageHeader, layout.width);
+  layout.footer = GrownLinesOf(report, Band::ReportFooter, layout.width);
   Pages(report, layout).LayOut();
   return layout;
 }

@@ -6,11 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/ReportText.h"
+
 namespace lantos::ui {
 
 // A banded report: a page header and footer on every page, detail lines from top to bottom, a report footer behind the
-// last of them. Nothing is measured against the page but the height: a text breaks only where it says so itself, and
-// what is too long for its field is cut off there.
+// last of them. A text breaks where it says so itself, and what is too long for its field is cut off there; only labels
+// that grow, and the first column of a design that wraps, go on in the next line.
 //
 // Heights and sizes are points, a 72nd of an inch. Places across are shares of the printable width, so that a design
 // fits every paper.
@@ -26,7 +28,7 @@ struct ReportLabel {
   double size = 9;
   Align align = Align::Left;
   bool bold = false;
-  bool grows = false;  // the last of its band, which becomes as high as the text needs, over pages if it must
+  bool grows = false;  // the last of its band, not bold; becomes as high as the text needs, over pages if it must
   std::string text;
 };
 
@@ -51,16 +53,23 @@ struct ReportDesign {
   double headerHeight = 0;  // without what grows
   double footerHeight = 0;
   std::size_t characters = 80;  // that the first column must hold; the size of the detail follows from it
+  bool wraps = false;           // whether what the first column can't hold goes on below
+  double ruleHeight = 0;        // of a rule, with the room to write above it; no less than that of any line
+  double aboveHeading = 0;      // empty
   std::vector<ReportColumn> columns;
   std::vector<ReportLabel> labels;
   std::vector<ReportBox> boxes;
 };
+
+// What a line is to the design. A heading isn't left alone at the foot of a page.
+enum class LineKind { Text, Heading, Rule };
 
 // A design, filled in.
 struct Report {
   ReportDesign design;
   std::string title;
   std::vector<std::vector<std::string>> lines;  // a text for each column
+  std::vector<LineKind> kinds = {};             // of the lines; those behind its end are Text
 
   // Sets the label of that name in this design. A name that the design doesn't have throws std::logic_error.
   void SetLabel(std::string_view name, std::string text);
@@ -77,7 +86,7 @@ inline constexpr Paper kLetterPaper{612, 792};
 inline constexpr Paper kA4Paper{595.3, 841.9};
 inline constexpr double kReportMargin = 36;
 
-// Lines of a label that grows.
+// Lines of a label that grows, of those in the layout.
 struct GrownLines {
   std::size_t first = 0, count = 0;
 };
@@ -87,20 +96,29 @@ struct ReportPage {
   GrownLines header;        // all on every page; where that leaves too little room, on the first ones only
   double headingTop = 0;    // of the columns
   double headerHeight = 0;  // with them
-  std::size_t firstLine = 0, lineCount = 0;  // of the detail
+  std::size_t firstLine = 0, lineCount = 0;  // of the layout's
   bool hasFooter = false;                    // the report footer's fixed part, behind the detail
   GrownLines footer;                         // behind that
+};
+// A line of the detail on paper. Its text stands at the foot of its height.
+struct PrintedLine {
+  std::size_t line = 0;  // of the report
+  std::string text;      // in the first column
+  bool begins = true;    // the report's line, and has the other columns beside it
+  LineKind kind = LineKind::Text;
+  double height = 0;
 };
 struct ReportLayout {
   double width = 0, height = 0;  // printable, in the report's orientation
   double detailSize = 0, detailPitch = 0;
-  std::vector<ReportPage> pages;  // at least one
+  std::vector<PrintedLine> lines;
+  std::vector<std::string> header, footer;  // of the labels that grow
+  std::vector<ReportPage> pages;            // at least one
 };
 ReportLayout LayOut(const Report& report, Paper paper = kLetterPaper);
 // The label of the band that grows, null where there is none or it is empty.
 const ReportLabel* GrowingLabel(const Report& report, Band band);
 double PitchOf(double size);  // from line to line of a label
-std::vector<std::string> LinesOf(std::string_view text);
 
 // What a printed job is where there is no paper: a line of text a report line, its columns apart by tabs; those and
 // line ends within a column are blanks. Throws FileError.

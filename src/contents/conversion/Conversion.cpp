@@ -195,8 +195,7 @@ void Conversion::ChangeStatus() {
   const char letter = bench_.shop.environment.statusOptions[options[status]];
   if (letter == 'Y' ||
       (letter == 'A' && desktop.Ask("Change status to 'Completed'?", kTitle, ui::Buttons::YesNo) == ui::Answer::Yes)) {
-    Current().Status = kCompleted;
-    bench_.database.estimates.SaveStatus();
+    bench_.database.estimates.ChangeStatus(kCompleted);
   }
   if (Current().Status == kCompleted) return;
   desktop.Tell(

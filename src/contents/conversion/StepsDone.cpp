@@ -1,8 +1,7 @@
 #include "contents/conversion/StepsDone.h"
 
-#include <stdexcept>
-
 #include "frame/Numbers.h"
+#include "frame/PlainWords.h"
 
 namespace lantos {
 
@@ -14,12 +13,11 @@ void StepsDone::Add(std::string step) {
 // Nothing is undone, so the person has to know how far it came.
 void StepsDone::Rethrow(const std::exception& error) const {
   if (steps_.empty()) throw;
-  std::string text =
-      std::string(error.what()) + "\r\rThe conversion to " + Goal() + " stopped here. What was done before stays:";
+  std::string text = "\r\rThe conversion to " + Goal() + " stopped here. What was done before stays:";
   for (const std::string& step : steps_) text += "\r- " + step;
   text += "\rThe next step was not finished.";
   if (isWritten_) text += "\r\rThe work order is there. Don't convert the estimate once more.";
-  throw std::runtime_error(text);
+  throw WordedError(error.what() + text, WordsFor(error) + text);
 }
 
 std::string StepsDone::Goal() const {

@@ -21,7 +21,7 @@ class StepsDone {
     isWritten_ = true;
     Add(std::move(step));
   }
-  // The error as it is while nothing was done; else std::runtime_error with its text and what stays.
+  // The error as it is while nothing was done; else WordedError with its text and what stays.
   [[noreturn]] void Rethrow(const std::exception& error) const;
 
  private:

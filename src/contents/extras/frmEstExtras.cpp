@@ -1,5 +1,6 @@
 #include "contents/extras/frmEstExtras.h"
 
+#include "contents/Changing.h"
 #include "contents/extras/frmWOExtra.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -79,10 +80,13 @@ void frmEstExtras::ShowHeader() {
 }
 
 void frmEstExtras::LoadLines() {
+  const std::optional<std::int32_t> selected = lines_.Selected();
   Recordset& stored = (bench_.Data().*table_.stored)(bench_.Number());
+  lines_.StartAnew();
   for (; !stored.Eof(); stored.MoveNext()) lines_.Put(stored.Long(table_.numberColumn), ReadExtra(stored));
   stored.Close();
-  if (!lines_.Lines().empty()) lines_.Select(lines_.Lines().begin()->first);
+  if (lines_.Lines().empty()) return;
+  lines_.Select(selected && lines_.Contains(*selected) ? *selected : lines_.Lines().begin()->first);
 }
 
 void frmEstExtras::OnKeyDown(ui::KeyPress& key) {
@@ -98,10 +102,11 @@ void frmEstExtras::OnKeyDown(ui::KeyPress& key) {
 }
 
 void frmEstExtras::Store(std::int32_t number, const ExtraLine& line) {
-  bench_.Data().Connection().Together([&] {
+  const auto store = [&] {
     if (lines_.Contains(number)) (bench_.Data().*table_.remove)(bench_.Number(), number);
     (bench_.Data().*table_.add)(bench_.Number(), number, RowOf(line));
-  });
+  };
+  ChangeOrGoBack([&] { bench_.Data().Connection().Together(store); }, [this] { LoadLines(); });
   lines_.Put(number, line);
   lines_.Select(number);
   listLines.SetFocus();
@@ -142,7 +147,7 @@ void frmEstExtras::Remove() {
                   ui::Buttons::YesNo) != ui::Answer::Yes) {
     return;
   }
-  (bench_.Data().*table_.remove)(bench_.Number(), *number);
+  ChangeOrGoBack([&] { (bench_.Data().*table_.remove)(bench_.Number(), *number); }, [this] { LoadLines(); });
   lines_.Remove(*number);
   listLines.SetFocus();
 }

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "contents/Changing.h"
+#include "contents/EstimateTotals.h"
 #include "contents/labor/LaborRows.h"
 #include "contents/labor/frmLabor.h"
 #include "frame/Dates.h"
+#include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "records/LaborText.h"
 #include "records/modSystem.h"
@@ -35,34 +38,59 @@ std::string FirstText(const WoLaborLine& line) {
 
 std::string LaborLines::EstimateDate() const { return FormatDate(bench_.database.estimates.CurrentEstimate.SchedDate); }
 
-void LaborLines::AddLaborLine(const WoLaborLine& line) { StoreLaborLine(list_.NextNumber(), line); }
+void LaborLines::AddLaborLine(const WoLaborLine& line) {
+  const std::int32_t number = list_.NextNumber();
+  Make([&] { StoreLaborLine(number, line); });
+}
 
 void LaborLines::StoreLaborLine(std::int32_t number, WoLaborLine line) {
-  // A number that the database refuses isn't tried again: another workstation has given it.
-  list_.Reserve(number);
   for (std::string& text : line.Desc) text = TrimNull(text);
   bench_.Data().AddLabor(bench_.Number(), number, JoinLaborText(line.Desc), line.Hours, line.Rate, line.Total,
                          line.Mechanic);
   list_.Put(number, line);
   list_.Select(number);
   bench_.estimate.AddScheduledHours(line.Hours);
+}
+
+void LaborLines::Make(const std::function<void()>& change) {
+  const std::int64_t sumBefore = LaborSum(list_.Lines());
+  ChangeOrGoBack(change, [&] {
+    GoBack();
+    if (LaborSum(list_.Lines()) != sumBefore) surcharge_.ApplySurcharge();
+    bench_.estimate.RefreshTotals();
+    bench_.estimate.RefreshDay();
+  });
   surcharge_.ApplySurcharge();
   bench_.estimate.RefreshTotals();
   bench_.estimate.RefreshDay();
 }
 
 void LaborLines::LoadLaborList() {
-  list_.StartAnew();
   Recordset& labor = bench_.Data().LaborForEstimate(bench_.Number());
+  list_.StartAnew();
   for (; !labor.Eof(); labor.MoveNext()) list_.Put(labor.Long("LaborNumber"), ReadLaborLine(labor));
   labor.Close();
+}
+
+// What another workstation has added or taken away is seen from then on, and counts on the day.
+void LaborLines::GoBack() {
+  const std::optional<std::int32_t> selected = list_.Selected();
+  const Hundredths hoursBefore = HoursListed();
+  LoadLaborList();
+  if (selected) list_.Select(*selected);
+  bench_.estimate.AddScheduledHours(HoursListed() - hoursBefore);
+}
+
+Hundredths LaborLines::HoursListed() const {
+  std::int64_t hours = 0;
+  for (const auto& [number, line] : list_.Lines()) hours += line.Hours;
+  return LongOrOverflow(hours);
 }
 
 void LaborLines::RemoveLaborLine(std::int32_t number) {
   bench_.Data().DeleteLabor(bench_.Number(), number);
   bench_.estimate.AddScheduledHours(-list_[number].Hours);
   list_.Remove(number);
-  bench_.estimate.RefreshDay();
 }
 
 std::optional<WoLaborLine> LaborLines::EditLaborLine(const WoLaborLine& line) {
@@ -91,8 +119,10 @@ void LaborLines::Change() {
   const std::optional<WoLaborLine> edited = EditLaborLine(line);
   if (!edited) return;
   // Between the two the line is in memory alone: it is lost when it can't be added.
-  RemoveLaborLine(*number);
-  StoreLaborLine(*number, *edited);
+  Make([&] {
+    RemoveLaborLine(*number);
+    StoreLaborLine(*number, *edited);
+  });
 }
 
 void LaborLines::Remove() {
@@ -106,9 +136,7 @@ void LaborLines::Remove() {
                   ui::Buttons::YesNo) == ui::Answer::No) {
     return;
   }
-  RemoveLaborLine(*number);
-  surcharge_.ApplySurcharge();
-  bench_.estimate.RefreshTotals();
+  Make([&] { RemoveLaborLine(*number); });
 }
 
 }  // namespace lantos

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "contents/EstimateLines.h"
@@ -30,9 +31,14 @@ class LaborLines {
   void Remove();
 
  private:
+  // Surcharge, totals and the day follow the change. Where it fails on its way, list and all of them follow what the
+  // database has.
+  void Make(const std::function<void()>& change);
+  // Database, list and the hours of the day.
   void StoreLaborLine(std::int32_t number, WoLaborLine line);
-  // List, database and the day follow; surcharge and totals are the caller's.
   void RemoveLaborLine(std::int32_t number);
+  void GoBack();
+  Hundredths HoursListed() const;
   std::string EstimateDate() const;
 
   Workbench& bench_;

@@ -40,8 +40,9 @@ bool frmRepairCode::Insert() {
     database_.AddRepairCode(Code(), Trim(txtRepairCodeDesc.Text()));
     return true;
   } catch (const DatabaseError& error) {
-    shop_.desktop.Tell(
-        std::to_string(error.Number()) + " - " + error.Description() + "\r\nError inserting Repair Code!", Caption());
+    shop_.environment.log.Write(error.what());
+    shop_.desktop.Tell(std::to_string(error.Number()) + " - " + error.Words() + "\r\nError inserting Repair Code!",
+                       Caption());
     return false;
   }
 }

@@ -1,5 +1,6 @@
 #include "contents/notes/frmEstNotes.h"
 
+#include "contents/Changing.h"
 #include "contents/notes/frmCanNoteList.h"
 #include "frame/Text.h"
 
@@ -56,10 +57,17 @@ frmEstNotes::frmEstNotes(Workbench& bench)
 
 void frmEstNotes::OnLoad() {
   SizedForm::OnLoad();
+  LoadNotes();
+}
+
+void frmEstNotes::LoadNotes() {
+  const std::optional<std::int32_t> selected = notes_.Selected();
   Recordset& stored = bench_.Data().NotesForEstimate(bench_.Number());
+  notes_.StartAnew();
   for (; !stored.Eof(); stored.MoveNext()) notes_.Put(stored.Long("NoteNumber"), ReadNote(stored));
   stored.Close();
-  if (!notes_.Lines().empty()) notes_.Select(notes_.Lines().begin()->first);
+  if (notes_.Lines().empty()) return;
+  notes_.Select(selected && notes_.Contains(*selected) ? *selected : notes_.Lines().begin()->first);
 }
 
 void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
@@ -75,10 +83,11 @@ void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
 }
 
 void frmEstNotes::Store(std::int32_t number, const Note& note) {
-  bench_.Data().Connection().Together([&] {
+  const auto store = [&] {
     if (notes_.Contains(number)) bench_.Data().DeleteNote(bench_.Number(), number);
     bench_.Data().AddNote(bench_.Number(), number, std::vector<std::string>(note.begin(), note.end()));
-  });
+  };
+  ChangeOrGoBack([&] { bench_.Data().Connection().Together(store); }, [this] { LoadNotes(); });
   notes_.Put(number, note);
   notes_.Select(number);
   listNotes.SetFocus();
@@ -117,7 +126,7 @@ void frmEstNotes::Remove() {
   }
   const std::string question = "Remove\r    " + notes_[*number][0] + "\rfrom this estimate?";
   if (bench_.shop.desktop.Ask(question, "Remove Note", ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  bench_.Data().DeleteNote(bench_.Number(), *number);
+  ChangeOrGoBack([&] { bench_.Data().DeleteNote(bench_.Number(), *number); }, [this] { LoadNotes(); });
   notes_.Remove(*number);
   listNotes.SetFocus();
 }

@@ -25,6 +25,7 @@ class frmEstNotes : public SizedForm {
   void OnKeyDown(ui::KeyPress& key) override;
   void Accept() override { Hide(); }
 
+  void LoadNotes();
   void Add(const Note& note, NoteMode mode);
   void AddCanned();
   void Change();

@@ -29,10 +29,11 @@ void PartLines::Add() {
     }
     const std::string number = Stock().CurrentInv.Get(inventory::StockNumber);
     const bool hasCore = Stock().CurrentInv.Get(inventory::HasACore) == 1;
-    if (!AddStockPart()) continue;
-    if (hasCore) AddCoreOf(number);
-    surcharge_.ApplySurcharge();
-    bench_.estimate.RefreshTotals();
+    Make([&] {
+      if (!AddStockPart()) return Changed::Nothing;
+      if (hasCore) AddCoreOf(number);
+      return Changed::Lines;
+    });
   }
 }
 
@@ -76,9 +77,10 @@ void PartLines::AddNonStock() {
   PartLine line = form.Line();
   line.partNumber = ToUpper(line.partNumber);
   line.description = ToUpper(line.description);
-  AddPartLine(line, Choosing::ItsRow);
-  surcharge_.ApplySurcharge();
-  bench_.estimate.RefreshTotals();
+  Make([&] {
+    AddPartLine(line, Choosing::ItsRow);
+    return Changed::Lines;
+  });
 }
 
 void PartLines::Change() {
@@ -99,13 +101,14 @@ void PartLines::Change() {
   form.ShowModal();
   if (!form.Saved()) return;
   // Removed and added anew: the quantity is replaced. Both or neither.
-  bench_.Data().Connection().Together([&] {
-    bench_.Data().DeletePart(bench_.Number(), line.partNumber);
-    StorePart(form.Line());
+  Make([&] {
+    bench_.Data().Connection().Together([&] {
+      bench_.Data().DeletePart(bench_.Number(), line.partNumber);
+      StorePart(form.Line());
+    });
+    ReloadList(line.partNumber);
+    return Changed::Lines;
   });
-  ReloadList(line.partNumber);
-  surcharge_.ApplySurcharge();
-  bench_.estimate.RefreshTotals();
 }
 
 void PartLines::Remove() {
@@ -116,9 +119,10 @@ void PartLines::Remove() {
   for (const int row : rows) question += "\r    " + bench_.estimate.PartList().List(row);
   question += "\rfrom this estimate?";
   if (desktop.Ask(question, "Remove Part", ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  for (auto row = rows.rbegin(); row != rows.rend(); ++row) RemovePartLine(*row);
-  surcharge_.ApplySurcharge();
-  bench_.estimate.RefreshTotals();
+  Make([&] {
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) RemovePartLine(*row);
+    return Changed::Lines;
+  });
 }
 
 // A kit with a price stands for its parts, which show at no charge; one without shows the sum of them.
@@ -145,10 +149,11 @@ void PartLines::AddKitLines() {
   const PartLine kit = form.Line();
   std::vector<PartLine> components;
   for (const KitRow& row : form.Rows()) components.push_back(KitComponentLine(row, kit));
-  AddPartLine(kit, Choosing::ItsRow);
-  for (const PartLine& component : components) AddPartLine(component, Choosing::NoRow);
-  surcharge_.ApplySurcharge();
-  bench_.estimate.RefreshTotals();
+  Make([&] {
+    AddPartLine(kit, Choosing::ItsRow);
+    for (const PartLine& component : components) AddPartLine(component, Choosing::NoRow);
+    return Changed::Lines;
+  });
 }
 
 }  // namespace lantos

@@ -4,14 +4,16 @@
 #include <stdexcept>
 
 #include "contents/AmountFields.h"
+#include "contents/Changing.h"
+#include "contents/EstimateTotals.h"
 #include "frame/Text.h"
 
 // The parts list and its rows in the database.
 namespace lantos {
 
 void PartLines::LoadPartList() {
-  ClearPartList();
   Recordset& parts = bench_.Data().PartsTable(bench_.Number());
+  ClearPartList();
   for (; !parts.Eof(); parts.MoveNext()) {
     lines_.push_back(ReadPartLine(parts));
     bench_.estimate.PartList().AddItem(PartRow(lines_.back()), lines_.back().cost);
@@ -31,6 +33,20 @@ void PartLines::ReloadList(std::string_view selected) {
     bench_.estimate.PartList().SelectRow(static_cast<int>(i));
     return;
   }
+}
+
+void PartLines::Make(const std::function<Changed()>& change) {
+  const std::int64_t sumBefore = PartsSum(lines_);
+  Changed changed = Changed::Nothing;
+  ChangeOrGoBack([&] { changed = change(); },
+                 [&] {
+                   LoadPartList();
+                   if (PartsSum(lines_) != sumBefore) surcharge_.ApplySurcharge();
+                   bench_.estimate.RefreshTotals();
+                 });
+  if (changed == Changed::Nothing) return;
+  surcharge_.ApplySurcharge();
+  bench_.estimate.RefreshTotals();
 }
 
 void PartLines::StorePart(const PartLine& entry) {

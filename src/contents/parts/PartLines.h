@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -20,7 +21,7 @@ class PartLines {
   enum class Choosing { ItsRow, NoRow };
 
   // A part can stand only once on an estimate: another entry of its number is merged into its row, and its prices
-  // replace those of the whole row. The total follows from quantity and price.
+  // replace those of the whole row. The total follows from quantity and price. Surcharge and totals are the caller's.
   void AddPartLine(const PartLine& entry, Choosing choosing);
   void RemovePartLine(int row);
   // Fills the list from the database.
@@ -39,6 +40,10 @@ class PartLines {
  private:
   void StorePart(const PartLine& entry);
   void ReloadList(std::string_view selected);
+  // Surcharge and totals follow the change, if there was one. Where it fails on its way, list and both of them follow
+  // what the database has.
+  enum class Changed { Nothing, Lines };
+  void Make(const std::function<Changed()>& change);
   bool AddStockPart();
   void AddCoreOf(const std::string& partNumber);
   void AddDisposalFee();

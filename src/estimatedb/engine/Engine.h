@@ -2,43 +2,17 @@
 
 #include <chrono>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "estimatedb/engine/DatabaseError.h"
 #include "estimatedb/engine/Recordset.h"
 
 namespace lantos {
 
 // How long a lock that another copy of the program holds is waited for, unless somebody says otherwise.
 inline constexpr std::chrono::milliseconds kBusyTimeout{5000};
-
-// What callers may want to tell apart.
-enum class DatabaseErrorKind {
-  Other,
-  Locked,    // another copy had the database for longer than the wait for it
-  NotThere,  // no table or no column has the name
-};
-
-// A statement that the engine refused, with the statement and the values that were involved.
-class DatabaseError : public std::runtime_error {
- public:
-  explicit DatabaseError(const std::string& text, DatabaseErrorKind kind = DatabaseErrorKind::Other)
-      : std::runtime_error(text), kind_(kind) {}
-  DatabaseError(const std::string& text, DatabaseErrorKind kind, int number, std::string description)
-      : std::runtime_error(text), kind_(kind), number_(number), description_(std::move(description)) {}
-
-  DatabaseErrorKind Kind() const { return kind_; }
-  // As the engine itself has them; 0 and what() for an error that isn't the engine's.
-  int Number() const { return number_; }
-  std::string Description() const { return description_.empty() ? what() : description_; }
-
- private:
-  DatabaseErrorKind kind_;
-  int number_ = 0;
-  std::string description_;
-};
 
 // The one row that a change through a recordset is meant for: the first whose column has the value.
 struct RowKey {

@@ -41,9 +41,38 @@ std::string ForPeople(std::string_view statement, const std::vector<Value>& para
 }
 
 // SQLite has one number for all that is wrong with a statement; its words tell more.
-DatabaseErrorKind KindOf(int code, std::string_view description) {
-  const bool isNotThere = description.starts_with("no such table") || description.starts_with("no such column");
-  return code == SQLITE_ERROR && isNotThere ? DatabaseErrorKind::NotThere : DatabaseErrorKind::Other;
+DatabaseErrorKind KindOf(int code, int extendedCode, std::string_view description) {
+  switch (code) {
+    case SQLITE_ERROR: {
+      const bool isNotThere = description.starts_with("no such table") || description.starts_with("no such column");
+      return isNotThere ? DatabaseErrorKind::NotThere : DatabaseErrorKind::Other;
+    }
+    case SQLITE_CONSTRAINT: {
+      const bool isKey = extendedCode == SQLITE_CONSTRAINT_UNIQUE || extendedCode == SQLITE_CONSTRAINT_PRIMARYKEY;
+      return isKey ? DatabaseErrorKind::Duplicate : DatabaseErrorKind::Refused;
+    }
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return DatabaseErrorKind::Locked;
+    case SQLITE_READONLY:
+      return DatabaseErrorKind::ReadOnly;
+    case SQLITE_FULL:
+      return DatabaseErrorKind::Full;
+    case SQLITE_CANTOPEN:
+    case SQLITE_IOERR:
+    case SQLITE_PERM:
+      return DatabaseErrorKind::Unreachable;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return DatabaseErrorKind::Damaged;
+    default:
+      return DatabaseErrorKind::Other;
+  }
+}
+
+// Then its place is worth knowing.
+bool IsOfTheFile(DatabaseErrorKind kind) {
+  return kind != DatabaseErrorKind::Duplicate && kind != DatabaseErrorKind::Refused;
 }
 
 // SQLite's own number of a row tells equal ones apart.
@@ -203,14 +232,17 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
     throw;
   } catch (const SQLite::Exception& error) {
     const int code = error.getErrorCode() & 0xFF;
-    if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
-      throw DatabaseError(fmt::format("Another copy of the program has the database \"{}\" locked; it didn't become "
-                                      "free within {:g} seconds. What was to be done in it was not done.\n\n{}",
-                                      path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details),
-                          DatabaseErrorKind::Locked);
-    }
     const std::string description = FromUtf8(error.what());
-    throw DatabaseError(fmt::format("{}\n\n{}", description, details), KindOf(code, description), code, description);
+    const DatabaseErrorKind kind = KindOf(code, error.getExtendedErrorCode(), description);
+    if (kind != DatabaseErrorKind::Locked) {
+      const std::string words = std::string(WordsOf(kind)) + (IsOfTheFile(kind) ? "\n\n" + path_.string() : "");
+      throw DatabaseError(fmt::format("{}\n\n{}", description, details), kind, code, words);
+    }
+    const std::string words = fmt::format(
+        "Another copy of the program has the database \"{}\" locked; it didn't become free within {:g} "
+        "seconds. What was to be done in it was not done.",
+        path_.string(), std::chrono::duration<double>(busyTimeout_).count());
+    throw DatabaseError(fmt::format("{}\n\n{}", words, details), kind, code, words);
   }
 }
 

@@ -16,16 +16,17 @@ void PutName(CustomerRecord& record, TextField field, std::string_view name) {
 
 }  // namespace
 
-bool MasterScreens::CustomerMaintenance(Purpose purpose) {
+bool MasterScreens::CustomerMaintenance(Purpose purpose, std::string_view forWhat) {
   shop_.desktop.ShowStatus("Performing Customer Maintenance...");
-  const bool chosen = RunSearch(purpose);
+  const bool chosen = RunSearch(purpose, forWhat);
   shop_.desktop.ShowStatus("");
   return chosen;
 }
 
-bool MasterScreens::RunSearch(Purpose purpose) {
+bool MasterScreens::RunSearch(Purpose purpose, std::string_view forWhat) {
   const bool picks = purpose != Purpose::Maintain;
   frmCustSearch search(shop_);
+  if (!forWhat.empty()) search.SetCaption(search.Caption() + " - " + std::string(forWhat));
   search.cmdNew.SetEnabled(purpose != Purpose::ChooseOnly);
   search.cmdCancel.SetCaption(picks ? "Cancel" : "Close");
   KeptCustomer before(shop_.records.customers);

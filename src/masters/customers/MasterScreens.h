@@ -17,9 +17,10 @@ class MasterScreens {
 
   // The customer search, for as long as the person stays. To maintain, a selection opens the edit screen and the search
   // comes back after it. Else a selected customer is the result, and so is a new one that was saved; whoever may only
-  // choose makes no new ones. True when a customer was chosen, who then is CurrentCustomer.
+  // choose makes no new ones. The caption ends in what the customer is for, if that is said. True when a customer was
+  // chosen, who then is CurrentCustomer.
   enum class Purpose { Maintain, ChooseForEstimate, ChooseOnly };
-  bool CustomerMaintenance(Purpose purpose);
+  bool CustomerMaintenance(Purpose purpose, std::string_view forWhat = "");
 
   // The edit screen on CurrentCustomer, in a window made for it, or in the one that is there already. True when
   // something was saved.
@@ -34,7 +35,7 @@ class MasterScreens {
   VehicleChoice VehicleMaintenance();
 
  private:
-  bool RunSearch(Purpose purpose);
+  bool RunSearch(Purpose purpose, std::string_view forWhat);
   frmCustEdit& CustomerWindow(Window which, std::unique_ptr<frmCustEdit>& window);
   void AddVehicle(frmVehList& list);
   void EditVehicle(frmVehList& list);

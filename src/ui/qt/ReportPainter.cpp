@@ -22,8 +22,8 @@ constexpr double kThinLine = 0.5;
 constexpr double kHeadingSize = 8.5;
 constexpr double kBelowHeadingRule = 2;
 constexpr double kPageTextSize = 9;
-constexpr std::size_t kTabColumns = 8;
 constexpr double kPointsPerInch = 72;
+constexpr double kNoEnd = 1e9;  // points that hold any line
 constexpr double kPointsPerMillimeter = kPointsPerInch / 25.4;
 
 double ToUnits(double points) { return points * kUnits; }
@@ -80,14 +80,6 @@ void PaintText(QPainter& painter, const QRectF& place, Align align, const std::s
   painter.restore();
 }
 
-// Blanks up to the next eighth column.
-std::string WithoutTabs(const std::string& line) {
-  std::string plain;
-  for (const char c : line)
-    c == '\t' ? plain.append(kTabColumns - plain.size() % kTabColumns, ' ') : plain.append(1, c);
-  return plain;
-}
-
 void PaintRule(QPainter& painter, double left, double right, double at) {
   painter.drawLine(QPointF(ToUnits(left), ToUnits(at)), QPointF(ToUnits(right), ToUnits(at)));
 }
@@ -118,6 +110,10 @@ void ReportPainter::PaintPage(QPainter& painter, std::size_t page) const {
   painter.restore();
 }
 
+std::span<const PrintedLine> ReportPainter::LinesOn(const ReportPage& page) const {
+  return std::span(layout_.lines).subspan(page.firstLine, page.lineCount);
+}
+
 QRectF ReportPainter::Across(double left, double width, double top, double height) const {
   return {left * layout_.width, top, width * layout_.width, height};
 }
@@ -129,12 +125,16 @@ void ReportPainter::PaintBand(QPainter& painter, Band band, double top) const {
   }
   for (const ReportLabel& label : report_.design.labels) {
     if (label.band != band || label.grows) continue;
-    PaintLabel(painter, label, top + label.top, {0, LinesOf(label.text).size()});
+    PaintLabel(painter, label, top + label.top, WrappedLabel(label.text, label.size, kNoEnd));
   }
 }
 
 void ReportPainter::PaintGrown(QPainter& painter, Band band, double top, GrownLines lines) const {
-  if (lines.count > 0) PaintLabel(painter, *GrowingLabel(report_, band), top, lines);
+  if (lines.count == 0) return;
+  const std::vector<std::string>& all = band == Band::PageHeader ? layout_.header : layout_.footer;
+  const auto first = all.begin() + static_cast<std::ptrdiff_t>(lines.first);
+  const std::vector<std::string> shown(first, first + static_cast<std::ptrdiff_t>(lines.count));
+  PaintLabel(painter, *GrowingLabel(report_, band), top, shown);
 }
 
 void ReportPainter::PaintBox(QPainter& painter, const ReportBox& box, double top) const {
@@ -147,13 +147,12 @@ void ReportPainter::PaintBox(QPainter& painter, const ReportBox& box, double top
   }
 }
 
-void ReportPainter::PaintLabel(QPainter& painter, const ReportLabel& label, double top, GrownLines shown) const {
-  const std::vector<std::string> lines = LinesOf(label.text);
+void ReportPainter::PaintLabel(QPainter& painter, const ReportLabel& label, double top,
+                               const std::vector<std::string>& lines) const {
   painter.setFont(LabelFont(label.size, label.bold));
-  for (std::size_t i = 0; i < shown.count; ++i) {
-    const QRectF field =
-        Across(label.left, label.width, top + static_cast<double>(i) * PitchOf(label.size), PitchOf(label.size));
-    PaintText(painter, Times(field, kUnits), label.align, WithoutTabs(lines.at(shown.first + i)));
+  for (const std::string& line : lines) {
+    PaintText(painter, Times(Across(label.left, label.width, top, PitchOf(label.size)), kUnits), label.align, line);
+    top += PitchOf(label.size);
   }
 }
 
@@ -175,19 +174,23 @@ void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const
   painter.save();
   painter.scale(kUnits / units, kUnits / units);
   painter.setFont(DetailFont());
-  for (std::size_t i = 0; i < page.lineCount; ++i) {
-    const std::vector<std::string>& texts = report_.lines.at(page.firstLine + i);
-    const double top = page.headerHeight + static_cast<double>(i) * layout_.detailPitch;
-    for (std::size_t column = 0; column < std::min(columns.size(), texts.size()); ++column) {
+  double bottom = page.headerHeight;
+  for (const PrintedLine& line : LinesOn(page)) {
+    bottom += line.height;
+    const double top = bottom - layout_.detailPitch;
+    const std::vector<std::string>& texts = report_.lines.at(line.line);
+    const std::size_t count = line.begins ? std::min(columns.size(), texts.size()) : 1;
+    for (std::size_t column = 0; column < count; ++column) {
       const QRectF field = Across(columns[column].left, columns[column].width, top, layout_.detailPitch);
-      PaintText(painter, Times(field, units), columns[column].align, texts[column]);
+      PaintText(painter, Times(field, units), columns[column].align, column == 0 ? line.text : texts[column]);
     }
   }
   painter.restore();
 }
 
 void ReportPainter::PaintFooter(QPainter& painter, const ReportPage& page) const {
-  double top = page.headerHeight + static_cast<double>(page.lineCount) * layout_.detailPitch;
+  double top = page.headerHeight;
+  for (const PrintedLine& line : LinesOn(page)) top += line.height;
   if (page.hasFooter) {
     PaintBand(painter, Band::ReportFooter, top);
     top += report_.design.footerHeight;

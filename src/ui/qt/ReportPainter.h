@@ -3,7 +3,9 @@
 #include <QFont>
 #include <QRectF>
 #include <cstddef>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "ui/Report.h"
 
@@ -12,7 +14,7 @@ class QPainter;
 
 namespace lantos::ui {
 
-// Paints a report page by page. Everything comes to lie where LayOut says; no text is measured.
+// Paints a report page by page. Everything comes to lie where LayOut says.
 class ReportPainter {
  public:
   ReportPainter(const Report& report, Paper paper) : report_(report), layout_(LayOut(report, paper)) {}
@@ -26,10 +28,11 @@ class ReportPainter {
   void PaintBand(QPainter& painter, Band band, double top) const;
   void PaintBox(QPainter& painter, const ReportBox& box, double top) const;
   void PaintGrown(QPainter& painter, Band band, double top, GrownLines lines) const;
-  void PaintLabel(QPainter& painter, const ReportLabel& label, double top, GrownLines shown) const;
+  void PaintLabel(QPainter& painter, const ReportLabel& label, double top, const std::vector<std::string>& lines) const;
   void PaintHeadings(QPainter& painter, const ReportPage& page) const;
   void PaintDetail(QPainter& painter, const ReportPage& page) const;
   void PaintFooter(QPainter& painter, const ReportPage& page) const;
+  std::span<const PrintedLine> LinesOn(const ReportPage& page) const;
   QRectF Across(double left, double width, double top, double height) const;
 
   const Report& report_;

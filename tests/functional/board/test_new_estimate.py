@@ -214,20 +214,20 @@ def test_changing_the_customer_always_asks_for_a_vehicle_as_well(lantos, shop):
     lantos.expect_form("frmCustSearch")
     lantos.key("Esc")
     lantos.expect_form("frmMain")
-    assert shop.estimate(1001) == row(1001, CustomerNumber=8)
+    assert shop.estimate(1001) == row(1001, CustomerNumber=8, Comments="")
     lantos.click("cmdCustomerEdit")
     pick_customer(lantos, 7)
     lantos.expect_form("frmVehList")
-    assert shop.estimate(1001) == row(1001, CustomerNumber=7)
+    assert shop.estimate(1001) == row(1001, CustomerNumber=7, Comments="")
     assert lantos.caption("lblCustName", "frmMain") == "John Smith"
     lantos.click("DataGrid1", row=1)
     lantos.key("F10")
     lantos.expect_form("frmMain")
-    assert shop.estimate(1001) == row(1001, CustomerNumber=7, **FOCUS)
+    assert shop.estimate(1001) == row(1001, CustomerNumber=7, Comments="", **FOCUS)
     lantos.click("cmdCustomerEdit")
     pick_customer(lantos, 8)
     lantos.key("Esc")
-    assert shop.estimate(1001) == row(1001, CustomerNumber=8, **FOCUS), "the vehicle stays as it was"
+    assert shop.estimate(1001) == row(1001, CustomerNumber=8, Comments="", **FOCUS), "the vehicle stays as it was"
 
 
 @pytest.mark.parametrize("estimate, text", [
@@ -267,11 +267,11 @@ def test_another_vehicle_of_an_estimate_without_lines_asks_nothing(lantos, shop)
     lantos.click("cmdVehicleEdit")
     lantos.expect_form("frmVehList")
     lantos.double_click("DataGrid1", row=1)
-    assert shop.estimate(1001) == row(1001, CustomerNumber=7, **FOCUS)
+    assert shop.estimate(1001) == row(1001, CustomerNumber=7, Comments="", **FOCUS)
     assert captions(lantos, VEHICLE_LABELS)[0] == "1999 Ford Focus"
     lantos.click("cmdVehicleEdit")
     lantos.key("Esc")
-    assert shop.estimate(1001) == row(1001, CustomerNumber=7, **FOCUS)
+    assert shop.estimate(1001) == row(1001, CustomerNumber=7, Comments="", **FOCUS)
 
 
 def test_the_snapshot_stays_when_the_vehicle_is_edited_later(lantos, shop):

@@ -97,6 +97,7 @@ def test_a_database_that_is_held_at_the_end_says_that_the_work_order_is_there(st
         copy.press("OK")
         box = copy.expect_box(icon="critical")
         assert box["text"].startswith("Another copy of the program has the database")
+        assert "Statement" not in box["text"] and "Values" not in box["text"]
         assert box["text"].endswith("The work order is there. Don't convert the estimate once more.")
         while copy.answer["waiting"] == "box":
             copy.press("OK")

@@ -3,6 +3,7 @@ totals."""
 
 import pytest
 
+from boardlines import hours_of
 from locks import denied_to_all
 from workfiles import make_orders, one_estimate, order_tag, show, sublet_line, texts, totals
 
@@ -251,13 +252,50 @@ def test_the_surcharge_cant_be_changed_and_comes_back_when_removed(start, shop):
     assert lines(shop)[0][3:5] == (1300, 1300)
 
 
+def expect_kept_out(copy, what):
+    """The box says what is in the way, and no statement; the log has the statement."""
+    copy.expect_box(title="Lantos", icon="critical", buttons=["OK"])
+    text = copy.answer["text"]
+    assert text.startswith("The surcharge could not be stored:") and f"the {what} stands there" in text
+    assert "insert" not in text.lower() and "constraint" not in text
+    assert any("UNIQUE constraint" in line for line in copy.log_lines())
+    copy.press("OK")
+    copy.expect_form("frmMain")
+
+
 def test_a_sublet_of_number_1_keeps_the_surcharge_out(start, shop):
     copy = surcharged(start, shop, 100000, 0, fill=lambda shop: shop.add_sublet(900, 1, "Valley Machine", 100))
+    hours = hours_of(copy)[2:4]
     type_labor(copy, "1")
-    copy.expect_box(title="Lantos", icon="critical")
-    copy.press("OK")
+    expect_kept_out(copy, 'sublet "Valley Machine"')
     assert [line[1] for line in lines(shop)] == ["Valley Machine"]
     assert len(shop.query("SELECT * FROM Labors WHERE EstimateNumber = 900")) == 1, "the labor line itself is stored"
+    assert totals(copy) == ["1.00", "65.00", "0.00", "1.00", "0.00", "0.00", "66.00"]
+    assert float(hours_of(copy)[2]) == float(hours[0]) + 1
+    type_labor(copy, "1")
+    expect_kept_out(copy, 'sublet "Valley Machine"')
+    assert totals(copy)[:2] == ["2.00", "130.00"]
+    # What the box tells to do.
+    copy.click("cmdEstimateSublets")
+    add(copy)
+    copy.type("Vendor", "Valley Machine")
+    copy.type("Price", "1")
+    copy.key("F10")
+    copy.select("listSublets", row=0)
+    copy.click("cmdRemove")
+    copy.press("Yes")
+    copy.key("Esc")
+    type_labor(copy, "1")
+    copy.expect_form("frmMain")
+    assert [line[:2] for line in lines(shop)] == [(1, "SURCHARGE"), (2, "Valley Machine")]
+
+
+def test_a_disposal_fee_keeps_the_surcharge_out_of_the_waste(start, shop):
+    copy = surcharged(start, shop, 100000, 0, as_sublet="N",
+                      fill=lambda shop: shop.add_waste(900, 1, "Waste Disposal Fee", 100))
+    type_labor(copy, "1")
+    expect_kept_out(copy, 'waste charge "Waste Disposal Fee"')
+    assert totals(copy)[:2] == ["1.00", "65.00"]
 
 
 def test_an_emptied_description_stops_all_recalculation(start, shop):

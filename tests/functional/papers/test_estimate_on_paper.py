@@ -259,6 +259,29 @@ def test_without_any_disclaimer_the_report_fails(start, shop):
     assert print_estimate(copy)["labels"]["lblDisclaimer"] == "Now."
 
 
+CLAUSE = "Clause({}): parts replaced are kept for the customer, and are then the property of the shop."
+
+
+def test_statements_wider_than_the_paper_go_on_in_the_next_line(start, shop):
+    """As the editor shows them: all of their words are on paper, and the pages grow with them."""
+    plain_shop(shop, disclaimer=" ".join(CLAUSE.format(number) for number in range(400)).encode())
+    shop.path("DISCLOSURE.TXT").write_bytes(" ".join(CLAUSE.format(number) for number in range(1000, 1010)).encode())
+    options(shop, {"ScheduledToArrived": "N"}, PrintDisclosure="True")
+    copy = choose(start(shop))
+    shown = print_estimate(copy)
+    assert "\n" not in shown["labels"]["lblDisclaimer"] + shown["labels"]["lblDisclosure"]
+    assert shown["pages"] > 4
+    copy.send(do="print")
+    [job] = jobs(copy)
+    assert text_of(job) == as_text(shown["lines"])
+    if copy.desktop == "qt":
+        pages = pdf_pages(job["pdf"])
+        assert len(pages) == shown["pages"]
+        told = "".join(without_blanks("\n".join(runs)) for runs in pages)
+        assert all(told.count(f"Clause({number}):") == 1 for number in range(400))
+        assert all(f"Clause({number}):" in told for number in range(1000, 1010))
+
+
 def test_the_disclosure_is_printed_only_where_the_shop_wants_it(start, shop):
     plain_shop(shop)
     shop.path("DISCLOSURE.TXT").write_bytes(b"Ours.")

@@ -5,7 +5,7 @@ import pytest
 from boardlines import CREATED, TODAY, elsewhere
 from historyfiles import History
 from printsteps import (MONDAY, NOTHING_CHOSEN, TITLE, VIN, as_text, choose, expect_on_paper, expect_preview, jobs,
-                           options, text_of)
+                           options, pdf_pages, text_of)
 from workfiles import followup, make_followups
 from worksheetsteps import (BARE, EMPTY_BODY, HISTORY, NO_CHANGE, SUMMARY, TECH, TECH_RULE, car_shop, lines_of,
                             numbers_of, open_worksheet, write_history)
@@ -33,6 +33,21 @@ def work_shop(shop, **columns):
     shop.add_note(900, 2, "Second note")
     shop.write()
     return shop
+
+
+def test_all_of_a_long_comment_is_on_paper(start, shop):
+    comment = " ".join(f"Remark{number}" for number in range(40))[:255].rstrip()
+    car_shop(shop, Comments=comment)
+    shop.add_labor(900, 1, "Brake pads", 1.5)
+    shop.write()
+    lines, copy = open_worksheet(start, shop, PrintCommentsOnWorksheet="True", PrintVehSummaryOnWorksheet="False")
+    assert lines[:2] == ["____Comments____", comment]
+    copy.send(do="print")
+    [job] = jobs(copy)
+    assert text_of(job) == as_text([[line] for line in lines])
+    if copy.desktop == "qt":
+        [paper] = pdf_pages(job["pdf"])
+        assert "".join(comment.split()) in "".join("".join(paper).split())
 
 
 COMMENTS = ["____Comments____", "Call first", " then wait", " "]

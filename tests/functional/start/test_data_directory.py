@@ -3,7 +3,7 @@
 import pytest
 
 from driver import data_option
-from startsteps import MAIN_CAPTION, settings_of
+from startsteps import MAIN_CAPTION, START_CANCELLED, settings_of
 
 NO_FILES = "No scheduler files in data directory '{directory}'!\n\nChange directory?"
 
@@ -76,7 +76,7 @@ def test_no_answer_at_all_goes_on_with_an_empty_directory(start, tmp_path):
     copy.press("OK")
     expect_no_files_box(copy, "")
     copy.press("Cancel")
-    copy.expect_end()
+    copy.expect_end(START_CANCELLED)
     assert stored_directory(tmp_path) is None
 
 
@@ -88,7 +88,7 @@ def test_cancel_ends_without_window_log_or_further_message(start, tmp_path):
     assert copy.get("forms") == ["frmMain"]
     assert copy.get("frmMain")["visible"] is False
     copy.press("Cancel")
-    copy.expect_end()
+    copy.expect_end(START_CANCELLED)
     assert list(empty.iterdir()) == []
 
 
@@ -132,7 +132,7 @@ def test_yes_and_then_no_answer_ends_the_start(start, tmp_path):
     copy.key("Esc")
     expect_must_be_specified(copy)
     copy.press("OK")
-    copy.expect_end()
+    copy.expect_end(START_CANCELLED)
 
 
 def test_names_are_found_in_any_case(start, shop):

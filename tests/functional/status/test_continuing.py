@@ -74,6 +74,18 @@ def test_an_estimate_is_continued_less_the_hours_applied(start, shop, way):
     assert hours_of(copy)[2] == "2.25", "the day has what is left to do"
 
 
+def test_the_hours_applied_have_the_rate_that_the_shop_has_now(start, shop):
+    continued_shop(shop)
+    copy = choose(start(shop))
+    shop.system["shop_rate"] = 10000
+    shop.path("TQSYSTEM.DAT").write_bytes(shop.system_record())
+    by_form(copy)
+    copy.type("txtHours", "1.25")
+    copy.click("OKButton")
+    told(copy, "Automatically continued", "Wed 10/01/2003")
+    assert applied(125, rate=10000) in lines(shop, "Labors", NEW)
+
+
 @pytest.mark.parametrize("way", WAYS)
 def test_where_the_shop_asks_no_ends_it(start, shop, way):
     continued_shop(shop, "A")

@@ -2,6 +2,10 @@
 
 from driver import Settings
 
+START_FAILED = 1
+WRONG_OPTIONS = 2
+START_CANCELLED = 3
+
 MAIN_CAPTION = "Lantos: Miller's Garage ({directory}\\)"
 
 

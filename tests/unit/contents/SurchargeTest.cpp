@@ -1,6 +1,6 @@
 #include "contents/Surcharge.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <stdexcept>
 
@@ -11,6 +11,10 @@ namespace lantos {
 namespace {
 
 using test::ContentsBench;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 
 struct SurchargeBench : ContentsBench {
   SurchargeBench() {
@@ -86,11 +90,45 @@ TEST(Surcharge, OnlyLaborAboveZeroCounts) {
   EXPECT_EQ(bench.Line("Cost"), "500");
 }
 
-TEST(Surcharge, AnotherLineOfNumber1KeepsItOut) {
+TEST(Surcharge, AnotherLineOfNumber1KeepsItOutAndIsNamed) {
   SurchargeBench bench;
+  bench.desktop.failuresExpected = true;
+  std::string logged;
+  bench.desktop.logFailure = [&logged](const std::string& text) { logged = text; };
   bench.database.lantosData.AddSublet(1001, 1, {"VENDOR", "", 0, 100, "", "", "", "", "No"});
-  EXPECT_THROW(bench.contents.surcharge.ApplySurcharge(), DatabaseError);
+  bench.contents.surcharge.ApplySurcharge();
   EXPECT_EQ(bench.Line("count(*)"), "0");
+  ASSERT_EQ(bench.desktop.failures.size(), 1U);
+  const std::string told = bench.desktop.failures.front();
+  EXPECT_THAT(told, HasSubstr("the sublet \"VENDOR\" stands there"));
+  EXPECT_THAT(told, AllOf(Not(HasSubstr("insert")), Not(HasSubstr("UNIQUE")), Not(HasSubstr("Statement"))));
+  EXPECT_THAT(logged, AllOf(HasSubstr("UNIQUE"), HasSubstr("Statement: ")));
+  EXPECT_EQ(bench.board.totalRefreshes, 1);
+  EXPECT_EQ(bench.board.dayRefreshes, 1);
+}
+
+TEST(Surcharge, ADisposalFeeKeepsItOutOfTheWaste) {
+  SurchargeBench bench;
+  bench.desktop.failuresExpected = true;
+  bench.records.system.SysRec.Put(sysrec::surcharge_is_sublet, 'N');
+  bench.database.lantosData.AddWaste(1001, 1, {"Waste Disposal Fee", "", 0, 100, "", "", "", "", "No"});
+  bench.contents.surcharge.ApplySurcharge();
+  ASSERT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_THAT(bench.desktop.failures.front(), HasSubstr("the waste charge \"Waste Disposal Fee\" stands there"));
+  // What the box tells to do makes room.
+  bench.database.lantosData.AddWaste(1001, 2, {"Waste Disposal Fee", "", 0, 100, "", "", "", "", "No"});
+  bench.database.lantosData.DeleteWaste(1001, 1);
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Line("count(*)", "Waste"), "1");
+}
+
+TEST(Surcharge, AnyOtherFailureIsToldToo) {
+  SurchargeBench bench;
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger Refuse before insert on Sublets begin select raise(abort, 'no'); end");
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_THAT(bench.desktop.failures, ElementsAre(std::string(WordsOf(DatabaseErrorKind::Refused))));
+  EXPECT_EQ(bench.board.totalRefreshes, 1);
 }
 
 TEST(Surcharge, ADescriptionMayHoldAnApostrophe) {

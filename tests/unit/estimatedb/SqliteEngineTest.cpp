@@ -1,5 +1,7 @@
 #include "estimatedb/sqlite/SqliteEngine.h"
 
+#include <set>
+
 #include "DatabaseFixture.h"
 #include "estimatedb/sqlite/DatabaseFileKind.h"
 
@@ -173,9 +175,23 @@ TEST_F(Engines, AFailureIsOfAKindAndKeepsTheEnginesNumberAndWords) {
     engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
     FAIL() << "the key";
   } catch (const DatabaseError& error) {
-    EXPECT_EQ(error.Kind(), DatabaseErrorKind::Other);
+    EXPECT_EQ(error.Kind(), DatabaseErrorKind::Duplicate);
     EXPECT_EQ(error.Number(), 19);
-    EXPECT_EQ(error.Description(), "UNIQUE constraint failed: Estimates.EstimateNumber");
+    EXPECT_EQ(error.Words(), WordsOf(DatabaseErrorKind::Duplicate));
+    EXPECT_TRUE(std::string_view(error.what()).starts_with("UNIQUE constraint failed: Estimates.EstimateNumber\n"));
+  }
+  engine.Run("create trigger Closed before delete on Estimates begin select raise(abort, 'not today'); end", {});
+  EXPECT_EQ(kindOf("delete from Estimates"), DatabaseErrorKind::Refused);
+}
+
+// They are read by people who know nothing of statements.
+TEST(DatabaseErrors, HaveWordsOfTheirOwn) {
+  using Kind = DatabaseErrorKind;
+  std::set<std::string_view> all;
+  for (const Kind kind : {Kind::Other, Kind::Locked, Kind::NotThere, Kind::Duplicate, Kind::Refused, Kind::ReadOnly,
+                          Kind::Full, Kind::Unreachable, Kind::Damaged}) {
+    EXPECT_TRUE(all.insert(WordsOf(kind)).second);
+    EXPECT_TRUE(WordsOf(kind).ends_with('.'));
   }
 }
 

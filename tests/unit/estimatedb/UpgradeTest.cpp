@@ -137,7 +137,7 @@ TEST_F(Upgrades, TextsOfVehiclesAreCutAtTheColumnsWidth) {
   EXPECT_THAT(Snapshots(), ElementsAre("19999|Ford|F150|VIN1|ABC| |1234567|5.3L|Auto"));
 }
 
-TEST_F(Upgrades, MoreRowsThanAreWrittenTogetherAreAllFilled) {
+TEST_F(Upgrades, HundredsOfRowsAreAllFilled) {
   PutOldest();
   Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
   Plain(
@@ -147,26 +147,76 @@ TEST_F(Upgrades, MoreRowsThanAreWrittenTogetherAreAllFilled) {
   EXPECT_EQ(PlainValue("select count(*) from Estimates where VehMake = 'Ford' and VehTrans = 'Auto'"), "250");
 }
 
-TEST_F(Upgrades, ASecondStartAfterAFailedFillingLeavesTheHalfDoneRows) {
+TEST_F(Upgrades, AFailureOnTheWayUndoesTheColumnsAndTheNextStartTriesAgain) {
   PutOldest();
   Plain(
       "insert into Estimates (EstimateNumber, VehicleLink) values (1, -1), (2, -1);"
       "create trigger Refuse before update on Estimates when new.EstimateNumber = 2 "
       "begin select raise(abort, 'the disk is full'); end");
+  const std::vector<std::string> before = Columns("Estimates");
   EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("the disk is full"));
+  EXPECT_EQ(Columns("Estimates"), before);
   Plain("drop trigger Refuse");
-  Plain("update Estimates set VehMake = 'half' where EstimateNumber = 1");
   Run();
-  EXPECT_THAT(PlainRows("select VehMake from Estimates"), ElementsAre("half", "null"));
+  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | | | | ", " | | | | | | | | "));
 }
 
-TEST_F(Upgrades, GivingUpOnTheVehicleFileEndsTheRunAndKeepsTheRows) {
+TEST_F(Upgrades, HalfDoneRowsWhoseColumnsAreThereStayAsTheyAre) {
+  PutEstimates(
+      ", VehYear Text(5), VehMake Text(20), VehModel Text(20), VehVIN Text(20), VehLic Text(10), "
+      "VehDate Text(10), VehMileage Text(7), VehEng Text(12), VehTrans Text(12)");
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
+  Plain("insert into Estimates (EstimateNumber, VehicleLink, VehMake) values (1, 0, 'half'), (2, 0, null)");
+  Run();
+  EXPECT_THAT(PlainRows("select VehMake, VehEng from Estimates"), ElementsAre("half|null", "null|null"));
+}
+
+TEST_F(Upgrades, GivingUpOnTheVehicleFileEndsTheRunAndTheNextStartTriesAgain) {
   PutOldest();
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
   Plain("insert into Estimates (EstimateNumber, VehicleLink, Comments) values (1, 0, 'c')");
-  const SharedFile held = HeldByAnother("TQVEHICL.DAT");
-  desktop.WillAnswer(ui::Answer::Cancel);
-  EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("vehicle file"));
-  EXPECT_EQ(PlainValue("select Comments, VehMake from Estimates"), "c|null");
+  const std::vector<std::string> before = Columns("Estimates");
+  {
+    const SharedFile held = HeldByAnother("TQVEHICL.DAT");
+    desktop.WillAnswer(ui::Answer::Cancel);
+    EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("vehicle file"));
+  }
+  EXPECT_EQ(Columns("Estimates"), before);
+  Run();
+  EXPECT_THAT(Snapshots(), ElementsAre("1999|Ford|F150|VIN1|ABC| |0|5.3L|Auto"));
+}
+
+TEST_F(Upgrades, NobodyIsKeptOutWhileThePersonIsAskedForTheVehicleFile) {
+  PutOldest();
+  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, -1)");
+  std::optional<SharedFile> held = HeldByAnother("TQVEHICL.DAT");
+  desktop.WillAnswer([&](const ui::Box&) {
+    Plain("update Estimates set Comments = 'booked meanwhile'");
+    held.reset();
+    return ui::Answer::Retry;
+  });
+  Run();
+  EXPECT_EQ(PlainValue("select Comments, VehMake from Estimates"), "booked meanwhile| ");
+}
+
+// Another workstation is through with the work between this one's look and its turn.
+TEST_F(Upgrades, WhatAnotherCopyHasDoneMeanwhileIsNotDoneAgain) {
+  PutOldest();
+  Put("TQVEHICL.DAT", Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "5.3L"));
+  Plain("insert into Estimates (EstimateNumber, VehicleLink) values (1, 0)");
+  bool isFirst = true;
+  std::vector<std::string> changes;
+  StatementsOf(db, [&](std::string_view statement) {
+    if (!statement.starts_with("Select") && !statement.starts_with("SELECT")) changes.emplace_back(statement);
+    if (statement.find("Checklist") == std::string_view::npos || !std::exchange(isFirst, false)) return;
+    EstimateDatabase other(environment, records);
+    Connect(other, environment);
+    UpgradeDatabase(other, environment, records);
+    Plain("update Estimates set VehMake = 'changed since'");
+  });
+  Run();
+  EXPECT_THAT(changes, IsEmpty());
+  EXPECT_THAT(Snapshots(), ElementsAre("1999|changed since|F150|VIN1|ABC| |0|5.3L|Auto"));
 }
 
 class UpgradesOfEngines : public Upgrades {
@@ -330,7 +380,8 @@ TEST_F(Upgrades, EveryStepStandsInTheTableOfCommands) {
   });
   Run();
   EXPECT_THAT(strangers, IsEmpty());
-  EXPECT_EQ(count, 5 + 9 + 1 + 3 + 1 + 2U) << "probes, columns, rows, parts, labors, tables";
+  EXPECT_EQ(count, 5 + 5 + 1 + 9 + 1 + 3 + 1 + 2U)
+      << "probes, the same under the lock, columns that are there, columns, rows, parts, labors, tables";
 }
 
 TEST_F(Upgrades, ADatabaseWithoutItsBaseTablesIsAnErrorThatNamesTheTable) {

@@ -4,6 +4,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <barrier>
+#include <functional>
+#include <thread>
+
 #include "frame/Environment.h"
 #include "frame/ScratchDirectory.h"
 
@@ -83,13 +88,68 @@ TEST_F(RunLogs, AMessageBeforeTheLogIsOpenIsLost) {
 
 TEST_F(RunLogs, TheUpdateFileTakesTheFirstFreeNumberOfTheDay) {
   const DaySerial today = clock.Today();
-  EXPECT_EQ(FreeUpdateFileName(files, today), "AUb150.$$$");
-  directory.Put("AUb150.$$$", "");
+  EXPECT_EQ(TakeUpdateFile(files, today), "AUb150.$$$");
+  EXPECT_EQ(directory.Content("AUb150.$$$"), "");
   directory.Put("AUb140.$$$", "");
-  EXPECT_EQ(FreeUpdateFileName(files, today), "AUb151.$$$");
+  EXPECT_EQ(TakeUpdateFile(files, today), "AUb151.$$$");
   DeleteOldUpdateFiles(files, today);
   EXPECT_TRUE(std::filesystem::exists(directory / "AUb150.$$$"));
   EXPECT_FALSE(std::filesystem::exists(directory / "AUb140.$$$"));
+}
+
+// What each of the copies that start in one moment gets.
+std::vector<std::string> TakenAtOnce(std::size_t copies, const std::function<std::string()>& take) {
+  std::vector<std::string> names(copies);
+  std::barrier start(static_cast<std::ptrdiff_t>(copies));
+  std::vector<std::jthread> threads;
+  for (std::string& name : names) {
+    threads.emplace_back([&] {
+      start.arrive_and_wait();
+      try {
+        name = take();
+      } catch (const FileError& error) {
+        name = error.what();
+      }
+    });
+  }
+  threads.clear();
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+TEST_F(RunLogs, CopiesThatStartInOneMomentGetALogAndAnUpdateFileEach) {
+  constexpr std::size_t copies = 12;
+  std::vector<std::string> logs;
+  std::vector<std::string> updateFiles;
+  for (std::size_t n = 0; n < copies; ++n) {
+    logs.push_back(fmt::format("LNb15{:03}.LOG", n));
+    updateFiles.push_back(fmt::format("AUb15{}.$$$", n));
+  }
+  std::sort(updateFiles.begin(), updateFiles.end());
+  for (int round = 0; round < 20; ++round) {
+    for (const std::string& name : files.List("*")) files.Delete(name);
+    EXPECT_EQ(TakenAtOnce(copies,
+                          [&] {
+                            FileIO own(clock);
+                            own.SetDataDir(directory.DataDir());
+                            RunLog ownLog(own);
+                            return ownLog.Open() ? ownLog.Name() : "none";
+                          }),
+              logs);
+    EXPECT_EQ(TakenAtOnce(copies,
+                          [&] {
+                            FileIO own(clock);
+                            own.SetDataDir(directory.DataDir());
+                            return TakeUpdateFile(own, clock.Today());
+                          }),
+              updateFiles);
+  }
+}
+
+TEST_F(RunLogs, ANameThatIsALinkToNowhereIsTaken) {
+  std::filesystem::create_symlink("nowhere", directory / "LNb15000.LOG");
+  ASSERT_TRUE(log.Open());
+  EXPECT_EQ(log.Name(), "LNb15001.LOG");
 }
 
 TEST_F(RunLogs, ClosingAFileIsLoggedWithItsNumber) {

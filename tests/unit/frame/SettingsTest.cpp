@@ -80,6 +80,15 @@ TEST_F(Profiles, AFileThatCanNotBeWrittenLosesTheValueSilently) {
   EXPECT_EQ(nowhere.Get("a", "b", "default"), "default");
 }
 
+TEST_F(Profiles, OfAnEntryThatCanNotBeWrittenTheLogHears) {
+  std::vector<std::string> heard;
+  ProfileFile nowhere(directory / "absent" / "Lantos.ini", [&](const std::string& text) { heard.push_back(text); });
+  EXPECT_FALSE(nowhere.Put("Print Options", "PreviewEstimate", "True"));
+  ASSERT_EQ(heard.size(), 1U);
+  EXPECT_TRUE(heard[0].starts_with("[Print Options] PreviewEstimate could not be saved in ")) << heard[0];
+  EXPECT_TRUE(heard[0].ends_with("Lantos.ini")) << heard[0];
+}
+
 TEST_F(Profiles, AFileThatOnlyWritesOrOnlyReadsIsLeftAsItIs) {
   directory.Put("Lantos.ini", kForeign);
   std::filesystem::permissions(directory.Path(), std::filesystem::perms::all);

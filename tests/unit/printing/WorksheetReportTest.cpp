@@ -75,6 +75,36 @@ TEST_F(WorksheetOnPaper, ABareEstimateHasTheHeadingsOfWorkAndParts) {
                                       "______   _______   " + std::string(82, '_'), "____Parts____", " "}));
 }
 
+TEST_F(WorksheetOnPaper, HasRoomForAPenAndForAllOfTheComments) {
+  constexpr double kSevenMillimeters = 7 * 72 / 25.4;
+  Options().PrintVehSummaryOnWorksheet = false;
+  Options().PrintCommentsOnWorksheet = true;
+  Options().BlankLinesPerLabor = 2;
+  Options().BlankPartLines = 3;
+  std::string comments;
+  while (comments.size() < 250) comments += "word" + std::to_string(comments.size()) + " ";
+  comments.resize(255, 'x');
+  comments.back() = 'x';
+  database.estimates.CurrentEstimate.Comments = comments;
+  database.lantosData.AddLabor(1001, 1, "Look", 100, 6500, 6500, 0);
+  const ui::Report report = WorksheetReport(environment, desktop, records, database).Make(customer);
+  EXPECT_EQ(report.lines[1][0], comments);
+  const ui::ReportLayout layout = LayOut(report);
+  std::string printed;
+  std::size_t rules = 0;
+  for (const ui::PrintedLine& line : layout.lines) {
+    if (line.line == 1) printed += (line.begins ? "" : " ") + line.text;
+    if (line.text.starts_with("____")) {
+      const bool isHeading = line.text.find_first_not_of('_') < 5;
+      EXPECT_GT(line.height, isHeading ? layout.detailPitch + 5 : kSevenMillimeters) << line.text;
+      rules += isHeading ? 0 : 1;
+    }
+    EXPECT_LE(line.text.size(), 101u);
+  }
+  EXPECT_EQ(printed, comments);
+  EXPECT_EQ(rules, 5u);
+}
+
 TEST_F(WorksheetOnPaper, WorkOrdersOfOneDayComeByTheirNumbersHighestFirst) {
   for (const std::int32_t number : {2, 9, 5}) PutActive(number, Today());
   PutActive(7, Today() - 1);

@@ -143,6 +143,46 @@ TEST(ReportPainter, AStatementGoesOnWhereThePageEnded) {
   }
 }
 
+TEST(ReportPainter, EveryWordOfAWideStatementIsOnThePaper) {
+  Report report = MakeBill(1);
+  std::string terms;
+  for (int i = 0; i < 200; ++i) terms += fmt::format("{}Word{:03}, Willing", i == 0 ? "" : " ", i);
+  report.SetLabel("lblTerms", terms);
+  report.SetLabel("lblRemark", terms);
+  const test::ScratchDirectory directory;
+  for (const ui::Paper paper : {ui::kLetterPaper, ui::kA4Paper}) {
+    const QRect ink = InkOf(PictureOf(report, paper));
+    EXPECT_LE(ink.right(), 2 * (paper.width - ui::kReportMargin) + 1);
+  }
+  {
+    QPdfWriter pdf(QString::fromStdString((directory / "wide.pdf").string()));
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    ui::SetSheet(pdf, report);
+    ASSERT_TRUE(ui::PaintReport(report, pdf));
+  }
+  if (!CanReadPdf()) return;
+  const std::vector<std::string> pages = TextsOf(directory / "wide.pdf");
+  ASSERT_EQ(pages.size(), 1U);
+  for (int i = 0; i < 200; ++i) EXPECT_EQ(CountOf(fmt::format("Word{:03},", i), pages[0]), 2U) << i;
+  EXPECT_EQ(CountOf("Willing", pages[0]), 400U);
+}
+
+TEST(ReportPainter, ARuleLeavesRoomForAPen) {
+  Report report = MakeBill(0);
+  report.lines.assign(3, {std::string(20, '_')});
+  report.kinds.assign(3, ui::LineKind::Rule);
+  report.design.ruleHeight = 20;
+  const ui::ReportLayout layout = LayOut(report);
+  const double top = ui::kReportMargin + layout.pages[0].headerHeight;
+  const QImage picture = PictureOf(report, ui::kLetterPaper);
+  for (int i = 0; i < 3; ++i) {
+    const QRect row(0, static_cast<int>(2 * (top + 20 * i)) + 3, picture.width(), 37);
+    const QRect ink = InkOf(picture, row);
+    EXPECT_GT(ink.top(), row.top() + 28) << i;
+    EXPECT_LE(ink.height(), 4) << i;
+  }
+}
+
 TEST(ReportPainter, PrintsThePagesAskedFor) {
   const test::ScratchDirectory directory;
   const Report report = MakeBillOfPages(3);

@@ -21,7 +21,7 @@ struct Start : InstalledShop {
       Run();
       ADD_FAILURE() << "a run without a name of its own";
     } catch (const test::ProcessEnded& end) {
-      EXPECT_EQ(end.code, 0);
+      EXPECT_EQ(end.code, kStartFailed);
     }
     ASSERT_EQ(desktop.boxes.size(), 1U);
     EXPECT_EQ(desktop.boxes[0].text, "More than 1000 network users - can not continue!");

@@ -34,9 +34,9 @@ Report Make(std::size_t lines, double headerHeight = 100, double footerHeight = 
   return report;
 }
 
-std::string LinesOfText(std::size_t count) {
-  std::string text = "line";
-  for (std::size_t i = 1; i < count; ++i) text += "\r\nline";
+std::string LinesOfText(std::size_t count, const std::string& line = "line") {
+  std::string text = line;
+  for (std::size_t i = 1; i < count; ++i) text += "\r\n" + line;
   return text;
 }
 
@@ -76,6 +76,101 @@ TEST(Report, PagesAreCounted) {
 TEST(Report, TextsBreakAtLineEndsOfAnyKind) {
   EXPECT_EQ(ui::LinesOf(""), std::vector<std::string>{""});
   EXPECT_EQ(ui::LinesOf("a\rb\r\nc\n\rd"), (std::vector<std::string>{"a", "b", "c", "", "d"}));
+}
+
+TEST(Report, ALabelGoesOnBelowAtTheEndsOfItsWords) {
+  // At 10 points a letter m takes 8.33 points, a blank 2.78.
+  EXPECT_EQ(ui::WrappedLabel("mm mm  mm", 10, 40), (std::vector<std::string>{"mm mm", "mm"}));
+  EXPECT_EQ(ui::WrappedLabel("mm mm  mm", 10, 60), std::vector<std::string>{"mm mm  mm"});
+  EXPECT_EQ(ui::WrappedLabel("  mm mm\r\n\r\n mm", 10, 30), (std::vector<std::string>{"  mm", "mm", "", " mm"}));
+  EXPECT_EQ(ui::WrappedLabel("m mmmmmmm m", 10, 30), (std::vector<std::string>{"m", "mmm", "mmm", "m m"}));
+  EXPECT_EQ(ui::WrappedLabel("mmm   ", 10, 26), std::vector<std::string>{"mmm   "});
+  EXPECT_EQ(ui::WrappedLabel("m\tm", 10, 100), std::vector<std::string>{"m       m"});
+  EXPECT_EQ(ui::WrappedLabel("mm", 10, 1), (std::vector<std::string>{"m", "m"}));
+}
+
+TEST(Report, ALineGoesOnBelowItsOwnBeginning) {
+  EXPECT_EQ(ui::WrappedLine("twelve chars", 12), std::vector<std::string>{"twelve chars"});
+  EXPECT_EQ(ui::WrappedLine("one two three", 8), (std::vector<std::string>{"one two", "three"}));
+  EXPECT_EQ(ui::WrappedLine("  one two three", 8), (std::vector<std::string>{"  one", "  two", "  three"}));
+  EXPECT_EQ(ui::WrappedLine("     one two", 8), (std::vector<std::string>{"     one", "two"}));
+  EXPECT_EQ(ui::WrappedLine(std::string(20, 'x'), 8),
+            (std::vector<std::string>{std::string(8, 'x'), std::string(8, 'x'), std::string(4, 'x')}));
+  EXPECT_EQ(ui::WrappedLine("          ", 8), (std::vector<std::string>{"          "}));
+}
+
+TEST(ReportLayout, AStatementWiderThanThePaperIsAsHighAsItsLines) {
+  Report report = Make(1, 100, 20);
+  const std::string sentence =
+      "Parts that were ordered for this vehicle can be returned only unopened and in their box. ";
+  std::string text;
+  for (int i = 0; i < 8; ++i) text += sentence;
+  report.SetLabel("lblTerms", text);
+  const ReportLayout layout = LayOut(report);
+  EXPECT_GT(layout.footer.size(), 4U);
+  EXPECT_EQ(layout.pages[0].footer.count, layout.footer.size());
+  std::string joined;
+  for (const std::string& line : layout.footer) joined += line + " ";
+  EXPECT_EQ(joined, text + " ");
+  EXPECT_GT(LayOut(report, ui::kA4Paper).footer.size(), layout.footer.size() - 1);
+  report.SetLabel("lblRemark", text);
+  EXPECT_EQ(LayOut(report).pages[0].header.count, layout.footer.size());
+}
+
+TEST(ReportLayout, AShortStatementStaysWithTheTotals) {
+  const auto perPage = static_cast<std::size_t>((kLetterRoom - 100) / kPitch);
+  Report report = Make(perPage - 5, 100, 50);  // leaves the totals room, and no more
+  report.SetLabel("lblTerms", LinesOfText(2));
+  const ReportLayout layout = LayOut(report);
+  ASSERT_EQ(layout.pages.size(), 2U);
+  EXPECT_FALSE(layout.pages[0].hasFooter);
+  EXPECT_TRUE(layout.pages[1].hasFooter);
+  EXPECT_EQ(layout.pages[1].footer.count, 2U);
+  report.design.footerHeight = kLetterRoom - 100;  // a page for itself
+  EXPECT_TRUE(LayOut(report).pages[1].hasFooter);
+  EXPECT_EQ(LayOut(report).pages[2].footer.count, 2U);
+}
+
+TEST(ReportLayout, WhatTheFirstColumnCannotHoldGoesOnBelowWhereTheDesignWraps) {
+  Report report = Make(2);
+  report.lines[0][0] = std::string(60, 'a') + " " + std::string(70, 'b');
+  EXPECT_EQ(LayOut(report).lines.size(), 2U);
+  report.design.wraps = true;
+  const ReportLayout layout = LayOut(report);
+  ASSERT_EQ(layout.lines.size(), 4U);
+  EXPECT_EQ(layout.lines[0].text, std::string(60, 'a'));
+  EXPECT_TRUE(layout.lines[0].begins);
+  EXPECT_FALSE(layout.lines[1].begins);
+  EXPECT_EQ(layout.lines[2].line, 0U);
+  EXPECT_EQ(layout.lines[1].text + layout.lines[2].text, std::string(70, 'b'));
+  EXPECT_EQ(layout.lines[3].line, 1U);
+  EXPECT_EQ(layout.pages[0].lineCount, 4U);
+}
+
+TEST(ReportLayout, RulesHaveRoomToWriteAndHeadingsAirAboveThem) {
+  Report report = Make(3);
+  report.kinds = {ui::LineKind::Heading, ui::LineKind::Rule};
+  EXPECT_DOUBLE_EQ(LayOut(report).lines[1].height, kPitch);
+  report.design.ruleHeight = 20;
+  report.design.aboveHeading = 9;
+  const ReportLayout layout = LayOut(report);
+  EXPECT_DOUBLE_EQ(layout.lines[0].height, kPitch + 9);
+  EXPECT_DOUBLE_EQ(layout.lines[1].height, 20);
+  EXPECT_DOUBLE_EQ(layout.lines[2].height, kPitch);
+  const auto perPage = static_cast<std::size_t>((kLetterRoom - 100) / 20);
+  report.lines.resize(perPage + 1, {"____"});
+  report.kinds.assign(report.lines.size(), ui::LineKind::Rule);
+  EXPECT_EQ(LayOut(report).pages[0].lineCount, perPage);
+}
+
+TEST(ReportLayout, AHeadingIsNotLeftAloneAtTheFootOfAPage) {
+  const auto perPage = static_cast<std::size_t>((kLetterRoom - 100) / kPitch);
+  Report report = Make(perPage + 5);
+  report.kinds.assign(report.lines.size(), ui::LineKind::Text);
+  report.kinds[perPage - 1] = report.kinds[perPage - 2] = ui::LineKind::Heading;
+  EXPECT_EQ(LayOut(report).pages[0].lineCount, perPage - 2);
+  report.kinds.assign(report.lines.size(), ui::LineKind::Heading);
+  EXPECT_EQ(LayOut(report).pages[0].lineCount, perPage);
 }
 
 TEST(ReportLayout, FillsAPageBeforeTheNextOneBegins) {
@@ -225,7 +320,7 @@ TEST(ReportLayout, AStatementAsLongAsAPageComesToAnEnd) {
   for (std::size_t lines = 1; lines < 400; ++lines) {
     for (const double header : {0.0, 0.1, 33.3}) {
       Report report = Make(1, header);
-      report.SetLabel("lblTerms", LinesOfText(lines));
+      report.SetLabel("lblTerms", LinesOfText(lines, "l"));  // which fits at any size
       report.design.labels[1].size = (kLetterRoom - header) / static_cast<double>(lines) / 1.25;
       const ReportLayout layout = LayOut(report);
       ASSERT_EQ(GrownOn(layout), lines);

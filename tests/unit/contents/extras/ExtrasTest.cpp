@@ -119,6 +119,39 @@ TEST(frmEstExtras, ALineThatCantBeStoredLeavesTheOldOne) {
   EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 OIL 0.00 1.00"));
 }
 
+TEST(frmEstExtras, ALineOfAnotherWorkstationIsSeenWhenItKeepsOursOut) {
+  ExtrasBench bench;
+  frmEstExtras form(bench.bench, kWasteExtras);
+  form.LoadForm();
+  form.Show();
+  bench.database.lantosData.AddWaste(1001, 1, {"THEIRS", "", 0, 100, "", "", "", "", "No"});
+  bench.desktop.failuresExpected = true;
+  bench.WillEdit("Estimate Waste", "OURS");
+  form.cmdAdd.DoClick();
+  EXPECT_THAT(bench.desktop.failures, ElementsAre(std::string(WordsOf(DatabaseErrorKind::Duplicate))));
+  EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 THEIRS 0.00 1.00"));
+  bench.WillEdit("Estimate Waste", "OURS");
+  form.cmdAdd.DoClick();
+  EXPECT_THAT(bench.Stored("Waste", "WasteNumber"), ElementsAre("1:THEIRS", "2:OURS"));
+}
+
+TEST(frmEstExtras, ALineThatCantBeRemovedStays) {
+  ExtrasBench bench;
+  for (const int number : {1, 2})
+    bench.database.lantosData.AddSublet(1001, number, {"OIL", "", 0, 100, "", "", "", "", "No"});
+  bench.Do("create trigger Refuse before delete on Sublets begin select raise(abort, 'no'); end");
+  frmEstExtras form(bench.bench, kSubletExtras);
+  form.LoadForm();
+  form.Show();
+  form.listLines.DoSelect(1);
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillAnswer(Answer::Yes);
+  form.cmdRemove.DoClick();
+  EXPECT_THAT(bench.desktop.failures, ElementsAre(std::string(WordsOf(DatabaseErrorKind::Refused))));
+  EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 OIL 0.00 1.00", "2 OIL 0.00 1.00"));
+  EXPECT_EQ(form.listLines.ListIndex(), 1);
+}
+
 TEST(frmEstExtras, TheSurchargeIsntChangedByHand) {
   ExtrasBench bench;
   bench.database.lantosData.AddSublet(1001, 1, {"SURCHARGE", "", 500, 500, "SUPPLIES", "", "", "", "No"});

@@ -139,9 +139,69 @@ TEST(LaborLines, ANumberThatTheDatabaseRefusesIsntTriedAgain) {
   WoLaborLine line;
   line.Desc[0] = "OURS";
   EXPECT_THROW(bench.labor.AddLaborLine(line), DatabaseError);
-  EXPECT_EQ(bench.Rows().size(), 5U);
+  EXPECT_THAT(bench.Rows().back(), "0        OF ANOTHER WORKSTATION");
+  EXPECT_EQ(bench.board.scheduledHours, 100);
+  EXPECT_EQ(bench.board.totalRefreshes, 1);
   bench.labor.AddLaborLine(line);
   EXPECT_EQ(bench.Stored().back(), "5|OURS\t\t\t\t\t\t\t|0|0|0|0");
+}
+
+TEST(LaborLines, ALineThatCantBeStoredIsNowhere) {
+  TwoLines bench;
+  bench.Do("create trigger Refuse before insert on Labors begin select raise(abort, 'no'); end");
+  const auto before = bench.Rows();
+  WoLaborLine line;
+  line.Hours = 100;
+  line.Desc[0] = "OURS";
+  EXPECT_THROW(bench.labor.AddLaborLine(line), DatabaseError);
+  EXPECT_EQ(bench.Rows(), before);
+  EXPECT_EQ(bench.board.scheduledHours, 0);
+}
+
+TEST(LaborLines, ALineThatCantBeRemovedStays) {
+  TwoLines bench;
+  bench.Do("create trigger Refuse before delete on Labors begin select raise(abort, 'no'); end");
+  const auto before = bench.Rows();
+  bench.board.listLabor.DoSelect(3);
+  bench.desktop.WillAnswer(Answer::Yes);
+  EXPECT_THROW(bench.labor.Remove(), DatabaseError);
+  EXPECT_EQ(bench.Rows(), before);
+  EXPECT_EQ(bench.board.listLabor.ListIndex(), 3);
+  EXPECT_EQ(bench.board.scheduledHours, 0);
+}
+
+// It is gone from the database, and so from the list, the day, the surcharge and the totals.
+TEST(LaborLines, ALineThatIsLostOnItsWayCountsNoMore) {
+  TwoLines bench;
+  SystemRecord& system = bench.records.system.SysRec;
+  system.Put(sysrec::labor_surcharge_percent, 100000);
+  system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  bench.Do("create trigger Refuse before insert on Labors begin select raise(abort, 'no'); end");
+  bench.board.listLabor.DoSelect(0);
+  bench.WillType("2", "changed");
+  EXPECT_THROW(bench.labor.Change(), DatabaseError);
+  EXPECT_THAT(bench.Rows(), ElementsAre("3 000004 0.50 65.00 32.50", "0        OIL"));
+  EXPECT_EQ(bench.board.scheduledHours, -100);
+  EXPECT_EQ(bench.Ask("select Price from Waste"), "325");
+  EXPECT_GE(bench.board.totalRefreshes, 1);
+  EXPECT_GE(bench.board.dayRefreshes, 1);
+}
+
+TEST(LaborLines, ASurchargeThatIsKeptOutStopsNothing) {
+  TwoLines bench;
+  SystemRecord& system = bench.records.system.SysRec;
+  system.Put(sysrec::labor_surcharge_percent, 100000);
+  system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  bench.database.lantosData.AddWaste(1001, 1, {"OIL", "", 0, 100, "", "", "", "", "No"});
+  bench.desktop.failuresExpected = true;
+  WoLaborLine line;
+  line.Hours = 100;
+  line.Desc[0] = "OURS";
+  bench.labor.AddLaborLine(line);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(bench.board.scheduledHours, 100);
+  EXPECT_EQ(bench.board.totalRefreshes, 2) << "behind the box, and at the end";
+  EXPECT_EQ(bench.Stored().size(), 3U);
 }
 
 }  // namespace

@@ -121,6 +121,22 @@ TEST(EstimateChecklist, CancelPutsTheTableBackAndWritesNothing) {
   EXPECT_TRUE(bench.records.checkList.ChecklistLoaded);
 }
 
+// A work order takes what the table has.
+TEST(EstimateChecklist, ASaveThatFailsPutsTheTableBack) {
+  ChecklistBench bench;
+  bench.Do("create trigger Refuse before insert on Checklist begin select raise(abort, 'no'); end");
+  const auto before = bench.Used();
+  EXPECT_THROW(bench.Use([](frmWOChklst& form) {
+    form.List1.DoCheck(1, true);
+    form.List2.DoCheck(1, true);
+    test::Press(form, "F10");
+  }),
+               DatabaseError);
+  EXPECT_TRUE(bench.Stored().empty());
+  EXPECT_EQ(bench.Used(), before);
+  EXPECT_FALSE(bench.records.checkList.ChecklistLoaded);
+}
+
 TEST(frmWOChklst, ShowsCategoriesWithoutBracketsAndTheItemsOfTheOneSelected) {
   ChecklistBench bench;
   frmWOChklst form(bench.shop);

@@ -154,6 +154,28 @@ TEST(frmEstNotes, ARemovedNoteGoesWithAllItsRows) {
   EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays"));
 }
 
+TEST(frmEstNotes, WhatTheDatabaseRefusesLeavesTheListAsTheDatabaseIs) {
+  NotesBench bench;
+  bench.Store(1, Note{"stays"});
+  frmEstNotes form(bench.bench);
+  form.LoadForm();
+  form.Show();
+  bench.Store(2, Note{"of another", "workstation"});
+  bench.desktop.failuresExpected = true;
+  bench.WillType("Estimate Notes", "ours");
+  form.cmdAdd.DoClick();
+  EXPECT_THAT(bench.desktop.failures, ElementsAre(std::string(WordsOf(DatabaseErrorKind::Duplicate))));
+  EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays", "--> of another", "    workstation"));
+  bench.Do("create trigger Refuse before delete on Notes begin select raise(abort, 'no'); end");
+  bench.desktop.WillAnswer(Answer::Yes);
+  form.cmdRemove.DoClick();
+  bench.WillType("Estimate Notes", "changed");
+  form.cmdChange.DoClick();
+  EXPECT_EQ(bench.desktop.failures.back(), WordsOf(DatabaseErrorKind::Refused));
+  EXPECT_EQ(bench.desktop.failures.size(), 3U);
+  EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays", "--> of another", "    workstation"));
+}
+
 TEST(frmEstNotes, ACannedNoteChangedOnItsWayLeavesTheListAsItWas) {
   NotesBench bench;
   bench.directory.Put("TQCANNOT.DAT", "Call\tbefore noon\r\nSecond\r\n");

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "contents/parts/PartsBench.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 namespace {
@@ -48,6 +49,36 @@ TEST(PartLines, AChangeThatCantBeStoredLosesNothing) {
   bench.desktop.WillUse([](ui::Form& form) { test::Press(form, "F10"); });
   EXPECT_THROW(bench.contents.parts.Change(), std::invalid_argument);
   EXPECT_EQ(bench.Stored(), "100");
+}
+
+// One of two can be removed: list, surcharge and totals follow what is left in the database.
+TEST(PartLines, WhatWasDoneBeforeAFailureCounts) {
+  PartsBench bench;
+  SystemRecord& system = bench.records.system.SysRec;
+  system.Put(sysrec::parts_surcharge_percent, 100000);
+  system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  for (const char* number : {"A-1", "B-2"}) {
+    bench.contents.parts.AddPartLine(Line(number, 1, 1000), PartLines::Choosing::NoRow);
+  }
+  bench.Do(
+      "create trigger Refuse before delete on Parts when old.PartNumber = 'A-1' begin select raise(abort, 'no'); end");
+  bench.board.listParts.DoSelectRows({0, 1});
+  bench.desktop.WillAnswer(Answer::Yes);
+  EXPECT_THROW(bench.contents.parts.Remove(), DatabaseError);
+  EXPECT_EQ(bench.board.listParts.ListCount(), 1);
+  EXPECT_EQ(bench.Ask("select Price from Waste"), "100");
+  EXPECT_EQ(bench.board.totalRefreshes, 1);
+}
+
+TEST(PartLines, APartThatCantBeChangedStaysAsItIs) {
+  PartsBench bench;
+  bench.contents.parts.AddPartLine(Line("A-1", 1, 1000), PartLines::Choosing::ItsRow);
+  bench.Do("create trigger Refuse before insert on Parts begin select raise(abort, 'no'); end");
+  const auto before = bench.board.listParts.List(0);
+  bench.desktop.WillUse([](ui::Form& form) { test::Press(form, "F10"); });
+  EXPECT_THROW(bench.contents.parts.Change(), DatabaseError);
+  EXPECT_EQ(bench.board.listParts.List(0), before);
+  EXPECT_EQ(bench.contents.lines.parts.size(), 1U);
 }
 
 TEST(PartLines, AnySequenceOfAddingChangingAndRemovingLeavesTheRowsEqualToTheDatabase) {

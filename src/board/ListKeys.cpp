@@ -1,0 +1,52 @@
+#include "board/ListKeys.h"
+
+namespace lantos {
+
+namespace {
+
+void StepToEstimate(ui::ListBox& list, int step) {
+  // With nothing selected the first Down takes the first estimate, and so does Up.
+  int row = list.ListIndex() < 0 ? 0 : list.ListIndex() + step;
+  while (row >= 0 && row < list.ListCount() && list.List(row).starts_with(' ')) row += step;
+  // The selected line may be one behind the first: Up then ends at the estimate's own.
+  if (row >= 0 && row < list.ListCount()) list.SetListIndex(row);
+}
+
+void OpenOn(ui::KeyPress& key, ui::ListBox& list) {
+  if (!key.Is("Enter") || list.ListIndex() < 0) return;
+  key.Clear();
+  list.OnDoubleClick();
+}
+
+}  // namespace
+
+void OpenByEnter(ui::ListBox& list) {
+  list.OnKeyDown = [&list](ui::KeyPress& key) { OpenOn(key, list); };
+}
+
+void WalkByEstimates(ui::ListBox& list) {
+  list.OnKeyDown = [&list](ui::KeyPress& key) {
+    OpenOn(key, list);
+    const int step = key.Is("Down") ? 1 : key.Is("Up") ? -1 : 0;
+    if (step == 0) return;
+    key.Clear();
+    StepToEstimate(list, step);
+  };
+}
+
+void ServeByKeys(ui::ListBox& list, const ListButtons& buttons) {
+  list.OnKeyDown = [buttons](ui::KeyPress& key) {
+    ui::Button* button = key.Is("Insert")   ? &buttons.add
+                         : key.Is("Enter")  ? &buttons.change
+                         : key.Is("Delete") ? &buttons.remove
+                                            : nullptr;
+    if (button == nullptr) return;
+    key.Clear();
+    if (button->IsUsable()) button->OnClick();
+  };
+  list.OnDoubleClick = [buttons] {
+    if (buttons.change.IsUsable()) buttons.change.OnClick();
+  };
+}
+
+}  // namespace lantos

@@ -1,0 +1,84 @@
+#include "board/BookingBench.h"
+
+// What a customer's copy has from the screen.
+namespace lantos {
+namespace {
+
+using test::BookingBench;
+using test::Texts;
+using ui::Answer;
+
+struct Printing : BookingBench {
+  Printing() {
+    directory.Put("disclaim.txt", "Paid in full.\r\n");
+    Fill(900, 7);
+  }
+  // The customer's copy, which is shown first.
+  ui::Report Print() {
+    desktop.WillAnswer(Answer::Yes);  // the status isn't Scheduled
+    test::Click(board.commands.cmdPrintEstimate);
+    return desktop.previews.empty() ? ui::Report{} : desktop.previews.back();
+  }
+};
+
+std::string LabelOf(const ui::Report& report, std::string_view name) {
+  for (const ui::ReportLabel& label : report.design.labels) {
+    if (label.name == name) return label.text;
+  }
+  return "(no such label)";
+}
+
+bool HasTaxRow(const ui::Report& report) {
+  return std::any_of(report.lines.begin(), report.lines.end(),
+                     [](const auto& line) { return !line.empty() && line[0] == "Tax"; });
+}
+
+TEST(PrintedEstimate, FromTheDayViewHasItsTotalsAndItsTax) {
+  Printing bench;
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[Printing::kTuesday], 0);
+  test::Click(board.commands.cmdDayView);
+  EXPECT_EQ(board.detail.txtTotalCost.Text(), "") << "the load has emptied the view";
+  const ui::Report report = bench.Print();
+  EXPECT_EQ(LabelOf(report, "lblTotal"), "388.42");
+  EXPECT_EQ(LabelOf(report, "lblTax"), "21.21");
+  EXPECT_EQ(LabelOf(report, "lblCustName"), "Beth Adams");
+  EXPECT_TRUE(HasTaxRow(report));
+}
+
+TEST(EditedCustomer, IsReadAgainForScreenAndPaper) {
+  Printing bench;
+  bench.Show(900);
+  frmMain& board = bench.board;
+  bench.desktop.WillUse([&](ui::Form& form) {
+    Customers& customers = bench.records.customers;
+    ASSERT_TRUE(customers.MakeCurrent(7));
+    customers.CurrentCustomer.Put(customer::Firstname, "Bertha");
+    customers.CurrentCustomer.Put(customer::tax_id_number, "31-99");
+    ASSERT_TRUE(customers.WriteCustomer());
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  board.FindMenu("mnuCustomer")->DoClick();
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "Bertha Adams");
+  EXPECT_EQ(bench.Totals(), (Texts{"1.25", "113.75", "99.96", "150.00", "3.50", "6.14", "373.35"}));
+  EXPECT_EQ(test::TextsOf(board.week.List1[Printing::kTuesday])[1], "  Adams,Bertha");
+  EXPECT_EQ(test::TextsOf(board.day.List2)[0].substr(7, 12), "Adams,Bertha");
+  EXPECT_EQ(LabelOf(bench.Print(), "lblCustName"), "Bertha Adams");
+}
+
+TEST(ChosenCustomer, PaysItsOwnTaxesAndIsListed) {
+  Printing bench;
+  bench.Show(900);
+  frmMain& board = bench.board;
+  bench.WillPickCustomer(8);
+  bench.WillLeave();
+  test::Click(board.detail.cmdCustomerEdit);
+  EXPECT_EQ(bench.Totals()[5], "6.14");
+  EXPECT_EQ(test::TextsOf(board.week.List1[Printing::kTuesday])[1], "  School,City");
+  const std::string line = test::TextsOf(board.day.List2)[0];
+  EXPECT_EQ(line.substr(7, 11), "School,City");
+  EXPECT_EQ(line.substr(line.size() - 4), "1.25") << "its hours stay";
+}
+
+}  // namespace
+}  // namespace lantos

@@ -1,0 +1,175 @@
+#include "board/BookingBench.h"
+#include "masters/vehicles/frmVehList.h"
+
+// What the database refused is as it was: in memory, in the lists, in caption and popup. It can be tried again.
+namespace lantos {
+namespace {
+
+using test::BookingBench;
+using test::Texts;
+using test::TextsOf;
+using ui::Answer;
+
+struct Refusing : BookingBench {
+  void Refuse(std::string_view column, std::int32_t estimate = 900) {
+    desktop.failuresExpected = true;
+    Do(
+        fmt::format("create trigger Refuse before update of {} on Estimates when old.EstimateNumber = {} "
+                    "begin select raise(abort, 'no'); end",
+                    column, estimate));
+  }
+  void Allow() { Do("drop trigger Refuse"); }
+  // An estimate of today, chosen in both lists.
+  frmMain& Begin(std::int16_t status) {
+    AddEstimate(900, Today(), status);
+    Start();
+    Choose(board.day.List2, 0);
+    Choose(board.week.List1[kTuesday], 0);
+    return board;
+  }
+  void ExpectAsBefore(std::int16_t status, const std::string& word) {
+    EXPECT_EQ(desktop.failures.size(), 1U);
+    EXPECT_EQ(Current().Status, status);
+    EXPECT_EQ(Stored("Status", 900), std::to_string(status));
+    EXPECT_EQ(board.detail.frameDetailView.Caption(), "Est. # 000900  09/30/2003  " + word);
+    EXPECT_NE(TextsOf(board.day.List2)[1].find("Status = " + word), std::string::npos);
+  }
+};
+
+TEST(RefusedStatus, OfThePopupCanBeTriedAgain) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  bench.desktop.WillChoose("mnuPopupStatus(2)");
+  bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
+  bench.ExpectAsBefore(kArrived, "Arrived");
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday])[0], "000900 Arrived");
+  bench.Allow();
+  bench.desktop.WillChoose("mnuPopupStatus(2)");
+  bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
+  EXPECT_EQ(bench.Stored("Status", 900), "2");
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday])[0], "000900 In Progress");
+}
+
+TEST(RefusedStatus, LeavesTheFormOpenForAnotherTry) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    dynamic_cast<ui::OptionButton&>(*form.Find("Option1(4)")).DoClick();
+    form.PressKey(ui::ParseKey("F10"));
+    EXPECT_TRUE(form.Visible());
+    bench.ExpectAsBefore(kArrived, "Arrived");
+    bench.Allow();
+    form.PressKey(ui::ParseKey("F10"));
+    EXPECT_FALSE(form.Visible());
+  });
+  board.commands.cmdChangeStatus.DoClick();
+  EXPECT_EQ(bench.Stored("Status", 900), "4");
+}
+
+TEST(RefusedStatus, OfAPaperIsAskedForAgainAtTheNextPrint) {
+  Refusing bench;
+  bench.directory.Put("disclaim.txt", "Paid in full.\r\n");
+  frmMain& board = bench.Begin(kScheduled);
+  bench.Refuse("Status");
+  for (int i = 0; i < 2; ++i) {
+    bench.desktop.WillAnswer([](const ui::Box& box) {
+      EXPECT_EQ(box.text, "Shall I change the status from\rScheduled to Arrived?");
+      return Answer::Yes;
+    });
+    test::Click(board.commands.cmdPrintEstimate);
+    if (i == 0) bench.ExpectAsBefore(kScheduled, "Scheduled");
+    if (i == 0) bench.Allow();
+  }
+  EXPECT_EQ(bench.Stored("Status", 900), "1");
+}
+
+TEST(RefusedStatus, OfAContinuedEstimateWhoseRestIsBookedStaysContinued) {
+  Refusing bench;
+  bench.MakeCurrent(900, bench.Today(), kArrived);
+  bench.environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+  bench.desktop.WillAnswer(Answer::Ok);
+  const ContinueEstimate booked = [&] {
+    bench.database.lantosData.SetStatus(kContinued, 900);
+    bench.Refuse("Status");
+    return bench.Today() + 1;
+  };
+  EXPECT_ANY_THROW(ChangeStatusByHand(bench.shop, bench.database, booked, kContinued));
+  EXPECT_EQ(bench.Current().Status, kContinued) << "the database has it";
+}
+
+TEST(RefusedReschedule, ShowsWhatWasDoneOfIt) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Comments");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    EXPECT_TRUE(form.Visible());
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_EQ(bench.Stored("Status", 900), "7");
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday])[0], "000900 Rescheduled");
+}
+
+TEST(RefusedCustomer, LeavesTheOneOfBeforeOnTheScreen) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  test::Click(board.commands.cmdDetailView);
+  bench.Refuse("CustomerNumber");
+  bench.WillPickCustomer(8);
+  test::Click(board.detail.cmdCustomerEdit);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "Beth Adams");
+  EXPECT_EQ(bench.Current().CustomerNumber, 7);
+  EXPECT_EQ(board.detail.Customer().Get(customer::Number), 7);
+}
+
+TEST(RefusedVehicle, LeavesTheOneOfBeforeOnTheScreen) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  VehicleRecord truck;
+  truck.Put(vehicle::Number, 7);
+  truck.Put(vehicle::Make, "Dodge");
+  truck.Put(vehicle::VLink, kNoLink);
+  ASSERT_TRUE(bench.records.customers.MakeCurrent(7));
+  ASSERT_NE(bench.records.customers.AppendVehicle(truck), kNoLink);
+  test::Click(board.commands.cmdDetailView);
+  bench.Refuse("VehMake");
+  bench.desktop.WillUse([](ui::Form& form) {
+    auto& list = dynamic_cast<frmVehList&>(form);
+    list.DataGrid1.DoSelect(0);
+    list.cmdSelect.DoClick();
+  });
+  test::Click(board.detail.cmdVehicleEdit);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(board.detail.lblVehYMM.Caption(), "  ");
+  EXPECT_EQ(bench.Current().VehMake, "");
+}
+
+TEST(RefusedBooking, IsOnTheBoardAsFarAsItStandsInTheDatabase) {
+  Refusing bench;
+  frmMain& board = bench.Start();
+  bench.Refuse("CustomerNumber", 1001);
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillPickCustomer(8);
+  test::Click(board.commands.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]), (Texts{"001001 ", "  CUSTOMER,UNKNOWN"}));
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "UNKNOWN CUSTOMER");
+}
+
+TEST(RefusedComments, OfAConversionAreNotShownAsKept) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  test::Click(board.commands.cmdDetailView);
+  board.detail.txtComments.SetText("Waits");
+  bench.Refuse("Comments");
+  board.Run([&] { board.detail.contents.bench.estimate.StoreComments("Workorder # 000001 Waits"); });
+  EXPECT_EQ(board.detail.txtComments.Text(), "Waits");
+  bench.Allow();
+}
+
+}  // namespace
+}  // namespace lantos
