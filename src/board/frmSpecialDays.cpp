@@ -45,7 +45,7 @@ frmSpecialDays::frmSpecialDays(Shop& shop, de& database)
   txtComments.SetToolTip("Shows as the day's comment");
   Check1.SetToolTip("List days of the past too");
   cmdSave.SetToolTip("Save <F10>");
-  cmdDelete.SetToolTip("Delete the day shown");
+  cmdDelete.SetToolTip("Delete the day shown <Delete>");
   cmdCancel.SetToolTip("Close <Esc>");
   UseButtons(cmdSave, cmdCancel);
 
@@ -70,6 +70,13 @@ void frmSpecialDays::OnLoad() {
   datePicked_ = false;
   LoadList();
   MarkUnchanged();
+}
+
+// In the list alone: in the fields the key belongs to the text.
+void frmSpecialDays::OnKeyDown(ui::KeyPress& key) {
+  if (!key.Is("Delete") || !List1.HasFocus()) return SizedForm::OnKeyDown(key);
+  key.Clear();
+  Delete();
 }
 
 void frmSpecialDays::LoadList() {

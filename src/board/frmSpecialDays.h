@@ -26,6 +26,7 @@ class frmSpecialDays : public SizedForm {
 
  private:
   void OnLoad() override;
+  void OnKeyDown(ui::KeyPress& key) override;
   void Accept() override;
   void Delete();
   void LoadList();

@@ -1,6 +1,7 @@
 #include "printing/VehicleSummary.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
@@ -27,8 +28,13 @@ DaySerial YearsBack(DaySerial day, int years) {
 
 VehicleSummary::VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records)
     : environment_(environment),
+      desktop_(desktop),
       checkList_(records.checkList),
-      workorders_(environment, desktop, records, checkList_) {}
+      workorders_(environment, desktop, records, checkList_) {
+  workorders_.onUnknownEntry = [this](const std::string& name) {
+    if (std::find(unknown_.begin(), unknown_.end(), name) == unknown_.end()) unknown_.push_back(name);
+  };
+}
 
 void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
   lines.AddHeading("***** Vehicle Summary *****");
@@ -46,6 +52,7 @@ void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
     if (offset == kNoLink) continue;  // active still, and printed above
     if (workorders_.GetArchWo(tag.Get(wotag::WorkorderNumber), offset)) PrintWorkorder(DayOf(tag), lines);
   }
+  TellUnknownEntries(desktop_, std::exchange(unknown_, {}));
 }
 
 void VehicleSummary::PrintWorkorder(FileDate date, ReportLines& lines) const {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "printing/ReportLines.h"
 #include "records/CheckList.h"
@@ -15,16 +17,19 @@ class VehicleSummary {
  public:
   VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records);
 
-  // Of the print options' years, up to today, by the exact VIN.
+  // Of the print options' years, up to today, by the exact VIN. One box at the end tells the check list entries that
+  // the work orders name and the shop hasn't any more.
   void Compose(std::string_view vin, ReportLines& lines);
 
  private:
   void PrintWorkorder(FileDate date, ReportLines& lines) const;
 
   Environment& environment_;
+  ui::Desktop& desktop_;
   // Past work orders are read into places of their own: the current one and its check list stay as they are.
   CheckListTable checkList_;
   Workorders workorders_;
+  std::vector<std::string> unknown_;  // names of entries, each once
 };
 
 }  // namespace lantos

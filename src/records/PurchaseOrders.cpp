@@ -46,6 +46,7 @@ OrderedSublet ParseSubletLine(std::string_view line) {
 
 std::vector<OrderedSublet> PurchaseOrders::GetOpenPOSublets() {
   std::vector<OrderedSublet> sublets;
+  std::vector<std::string> missing;
   if (!environment_.files.IsThere(kOpenOrdersFile)) return sublets;
   OpenedFile file(environment_.openFiles);
   Contention tags(contention::kOpenOrders, desktop_, environment_,
@@ -60,10 +61,20 @@ std::vector<OrderedSublet> PurchaseOrders::GetOpenPOSublets() {
     if ((status != kOrderClosed && status != kOrderOnAccount) || name.empty()) continue;
     std::optional<std::vector<std::string>> lines;
     Contention detail(contention::kOpenOrders, desktop_, environment_, "Purchase Order detail file (" + name + ")");
-    detail.Run([&] { lines = ReadTextLines(environment_, name); });
+    const bool opened = detail.Run([&] { lines = ReadTextLines(environment_, name); });
     if (lines) AddSublets(*lines, tag.Get(potag::Number), sublets);
+    if (opened && !lines) missing.push_back(name);
   }
+  TellMissing(missing);
   return sublets;
+}
+
+void PurchaseOrders::TellMissing(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) {
+    if (told_.insert(name).second) text += "Purchase Order detail file (" + name + ")\r";
+  }
+  if (!text.empty()) desktop_.Tell(text + "not found.  Skipped.", "Purchase Orders");
 }
 
 }  // namespace lantos

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,12 +44,16 @@ class PurchaseOrders {
   PurchaseOrders(Environment& environment, ui::Desktop& desktop) : environment_(environment), desktop_(desktop) {}
 
   // The sublets with a price above 0 of all orders that are closed or on account, in file order. A file that somebody
-  // holds is the person's to retry or skip; without the tags the list ends as far as it came.
+  // holds is the person's to retry or skip; without the tags the list ends as far as it came. Orders whose detail file
+  // isn't there are named in one box, each of them once in a run.
   std::vector<OrderedSublet> GetOpenPOSublets();
 
  private:
+  void TellMissing(const std::vector<std::string>& names);
+
   Environment& environment_;
   ui::Desktop& desktop_;
+  std::set<std::string> told_;  // detail files that aren't there
 };
 
 }  // namespace lantos

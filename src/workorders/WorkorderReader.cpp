@@ -249,6 +249,14 @@ void WorkorderReader::LoadCheckListValues(std::string& line) {
   }
 }
 
+void TellUnknownEntries(ui::Desktop& desktop, const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) {
+    text += (text.empty() ? "" : "\r") + ("Couldn't locate " + name + " in checklist.  Item skipped.");
+  }
+  if (!text.empty()) desktop.Tell(text, "LoadCheckListValues");
+}
+
 void WorkorderReader::TakeCheckListRow(const std::string& row) {
   CheckListTable& table = around_.checkList;
   table.ChecklistLoaded = true;
@@ -259,7 +267,8 @@ void WorkorderReader::TakeCheckListRow(const std::string& row) {
                                : Trim(TakeUpTo(rest, ','));
   const int index = table.Find(name);
   if (index < 0) {
-    desktop_.Tell("Couldn't locate " + name + " in checklist.  Item skipped.", "LoadCheckListValues");
+    if (unknownEntry) return unknownEntry(name);
+    TellUnknownEntries(desktop_, {name});
     return;
   }
   ChecklistItem& item = table.items[static_cast<std::size_t>(index)];

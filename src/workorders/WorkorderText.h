@@ -41,6 +41,8 @@ class WorkorderReader {
   // The record of a number from the customer files; false when there is none. Asked for as soon as the text names the
   // customer, whose other keys then overwrite it.
   std::function<bool(std::int32_t number, CustomerRecord& record)> liveCustomer;
+  // Told the name of each check list entry that the table hasn't; without it a box tells the person at once.
+  std::function<void(const std::string& name)> unknownEntry;
 
   // The section whose heading the line begins with, if it is one. Leaves in line what ended it: an empty line, the
   // heading of the next work order, or nothing more.
@@ -73,5 +75,8 @@ class WorkorderReader {
   LineSource& lines_;
   std::size_t notes_ = 0;
 };
+
+// Tells of check list entries that texts name and the shop hasn't (any more), all in one box; nothing of none.
+void TellUnknownEntries(ui::Desktop& desktop, const std::vector<std::string>& names);
 
 }  // namespace lantos

@@ -55,6 +55,7 @@ WorkorderReader Workorders::Reader(LineSource& lines, const TextSurroundings& ar
   reader.liveCustomer = [this](std::int32_t number, CustomerRecord& record) {
     return ReadLiveCustomer(number, record);
   };
+  reader.unknownEntry = onUnknownEntry;
   return reader;
 }
 

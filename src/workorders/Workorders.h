@@ -20,6 +20,9 @@ class Workorders {
   Workorder Current;
   ActiveWoTag CurrentActiveTag;
   ArchivedWoTag CurrentArchivedTag;
+  // For whoever reads many, and tells once: the names of check list entries that the shop hasn't. Each is told in a box
+  // where nobody listens.
+  std::function<void(const std::string& name)> onUnknownEntry;
 
   // Reads the work order of CurrentActiveTag. False when its file isn't there or is held, and the person skips it.
   // With keptOpen the file stays open with no sharing, and keptOpen has its number.

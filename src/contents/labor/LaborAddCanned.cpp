@@ -23,6 +23,7 @@ void OfferLaborKit(Workbench& bench, PartLines& parts, std::string_view code) {
     return;
   }
   Inventory& inventory = bench.shop.records.inventory;
+  inventory.FinishLoading();
   const Inventory::PartIndex index = inventory.FindPart(kit);
   FileLink offset = kNoLink;
   if (index != Inventory::kNoPart && inventory.ReadInventory(offset, index)) parts.AddKitLines();

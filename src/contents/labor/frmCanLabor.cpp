@@ -57,12 +57,14 @@ void frmCanLabor::OnLoad() {
   MarkUnchanged();
 }
 
+// A kit that isn't listed, since the file hasn't it or is held by another, stays with its code until another is chosen.
 void frmCanLabor::FillKits() {
   Combo1.AddItem(kNoKit);
   for (std::string& number : bench_.shop.records.kits.KitNumbers()) Combo1.AddItem(std::move(number));
   const std::string kit = Entry.Code().empty() ? std::string() : bench_.shop.records.laborKits.KitOf(Entry.Code());
+  if (Trim(kit).empty() || Trim(kit) == Trim(kNoKit)) return Combo1.SetListIndex(0);
   const int row = Combo1.FindText(kit);
-  Combo1.SetListIndex(row < 0 ? 0 : row);
+  Combo1.SetListIndex(row < 0 ? Combo1.AddItem(kit) : row);
 }
 
 void frmCanLabor::Accept() {

@@ -45,7 +45,7 @@ frmCanLaborList::frmCanLaborList(Workbench& bench)
   UpdList.SetCheckBoxes(true);
   UpdList.SetFace(ui::FontFace::FixedPitch);
   UpdList.SetVisible(false);
-  txtCode.OnChange = txtDesc.OnChange = [this] { FillGrid(); };
+  txtCode.OnChange = txtDesc.OnChange = [this] { Search(); };
   DataGrid1.OnDoubleClick = [this] { Press(cmdSelect); };
   UseButtons(cmdSelect, cmdClose);
   cmdAdd.OnClick = [this] { Add(); };
@@ -74,6 +74,7 @@ void frmCanLaborList::OnKeyDown(ui::KeyPress& key) {
     return Press(cmdSelect);
   }
   const bool inText = txtCode.HasFocus() || txtDesc.HasFocus();
+  if (inText && GoToHits(key)) return key.Clear();
   ui::Button* button = key.Is("Insert")              ? &cmdAdd
                        : key.Is("F4")                ? &cmdEdit
                        : key.Is("Delete") && !inText ? &cmdDelete
@@ -81,6 +82,20 @@ void frmCanLaborList::OnKeyDown(ui::KeyPress& key) {
   if (button == nullptr) return SizedForm::OnKeyDown(key);
   key.Clear();
   Press(*button);
+}
+
+// From what is looked for to what was found, of which the next Enter takes one.
+bool frmCanLaborList::GoToHits(const ui::KeyPress& key) {
+  const bool goes = (key.Is("Enter") || key.Is("Down")) && DataGrid1.IsShown() && DataGrid1.RowCount() > 0;
+  if (!goes) return false;
+  if (DataGrid1.Row() < 0) DataGrid1.SetRow(0);
+  DataGrid1.SetFocus();
+  return true;
+}
+
+void frmCanLaborList::Search() {
+  FillGrid();
+  if (DataGrid1.RowCount() > 0 && DataGrid1.Row() < 0) DataGrid1.SetRow(0);
 }
 
 bool frmCanLaborList::IsListed(const CannedLabor& entry) const {
@@ -92,6 +107,8 @@ bool frmCanLaborList::IsListed(const CannedLabor& entry) const {
 }
 
 void frmCanLaborList::FillGrid() {
+  const int current = DataGrid1.Row();
+  const int kept = current < 0 ? -1 : DataGrid1.RowAt(current).data;
   std::vector<ui::GridRow> rows;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     const CannedLabor& entry = entries_[i];
@@ -101,6 +118,13 @@ void frmCanLaborList::FillGrid() {
                     static_cast<std::int32_t>(i)});
   }
   DataGrid1.SetRows(std::move(rows));
+  if (kept >= 0) MakeCurrent(static_cast<std::size_t>(kept));
+}
+
+void frmCanLaborList::MakeCurrent(std::size_t entry) {
+  for (int row = 0; row < DataGrid1.RowCount(); ++row) {
+    if (DataGrid1.RowAt(row).data == static_cast<std::int32_t>(entry)) return DataGrid1.SetRow(row);
+  }
 }
 
 void frmCanLaborList::FillRateList() {
@@ -128,6 +152,7 @@ void frmCanLaborList::Add() {
   entries_.push_back(editor.Entry);
   changed_ = true;
   FillGrid();
+  MakeCurrent(entries_.size() - 1);
   if (showing_ == Showing::RateList) FillRateList();
 }
 

@@ -45,7 +45,12 @@ class frmCanLaborList : public SizedForm {
   void UpdateTicked();
   enum class Showing { Grid, RateList };
   void SwitchTo(Showing showing);
+  // The entry that was current stays so.
   void FillGrid();
+  // The first of the hits is current, unless the entry that was is among them.
+  void Search();
+  void MakeCurrent(std::size_t entry);
+  bool GoToHits(const ui::KeyPress& key);
   void FillRateList();
   bool IsListed(const CannedLabor& entry) const;
   int SelectedEntry();  // -1 when there is none, which has been told

@@ -48,6 +48,7 @@ bool PartLines::AddStockPart() {
 }
 
 void PartLines::AddCoreOf(const std::string& partNumber) {
+  Stock().FinishLoading();
   const Inventory::PartIndex index = Stock().FindPart(partNumber + "/C");
   FileLink offset = kNoLink;
   if (index != Inventory::kNoPart && Stock().ReadInventory(offset, index)) AddStockPart();
@@ -90,6 +91,7 @@ void PartLines::Change() {
   PartLine line = lines_.at(static_cast<std::size_t>(rows.front()));
   line.description = Trim(Left(line.description, kPartDescriptionColumn));  // the row shows no more, and so it stays
   UsePriceLevelOfCustomer();
+  Stock().FinishLoading();
   const Inventory::PartIndex index = Stock().FindPart(line.partNumber);
   FileLink offset = kNoLink;
   const bool inStock = index != Inventory::kNoPart && Stock().ReadInventory(offset, index);
@@ -138,7 +140,10 @@ PartLine PartLines::KitComponentLine(const KitRow& row, const PartLine& kit) con
 
 void PartLines::AddKitLines() {
   UsePriceLevelOfCustomer();
+  Stock().FinishLoading();  // its parts may be any
   frmWOKit form(bench_, "Add Kit to Estimate");
+  form.LoadForm();
+  if (!form.HasContents()) return;
   form.ShowModal();
   if (!form.Saved()) return;
   const PartLine kit = form.Line();

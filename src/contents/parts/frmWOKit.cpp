@@ -1,6 +1,7 @@
 #include "contents/parts/frmWOKit.h"
 
 #include "contents/AmountFields.h"
+#include "records/OpenedFile.h"
 #include "records/inventory/Inventory.h"
 
 namespace lantos {
@@ -50,7 +51,7 @@ frmWOKit::frmWOKit(Workbench& bench, const std::string& caption)
 void frmWOKit::OnLoad() {
   SizedForm::OnLoad();
   ShowKit();
-  FillList();
+  hasContents_ = FillList();
 }
 
 void frmWOKit::ShowKit() {
@@ -66,15 +67,20 @@ void frmWOKit::ShowKit() {
   MarkUnchanged();
 }
 
-void frmWOKit::FillList() {
+// A kit that the file hasn't is empty; a file that somebody holds is another matter.
+bool frmWOKit::FillList() {
+  OpenedFile file(shop_.environment.openFiles);
+  file.TakeOver(shop_.records.kits.OpenKitFile(InventoryKits::Sharing::Shared));
+  if (!file.IsOpen()) return false;
   InventoryKitRecord kit;
-  shop_.records.kits.FindKit(inventory_.CurrentInv.View(inventory::StockNumber), kit);
+  shop_.records.kits.FindKit(inventory_.CurrentInv.View(inventory::StockNumber), kit, file.Handle());
   for (const KitComponent& component : ComponentsOf(kit)) {
     rows_.push_back({component.partNumber, component.quantity, inventory_.PartDescription(component.partNumber)});
     const KitRow& row = rows_.back();
     List1.AddItem(RightJustify(std::to_string(row.quantity), kQuantityWidth) + "   " +
                   LeftJustify(row.partNumber, kNumberWidth) + row.description);
   }
+  return true;
 }
 
 PartLine frmWOKit::Line() const {

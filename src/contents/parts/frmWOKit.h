@@ -43,6 +43,8 @@ class frmWOKit : public SizedForm {
   ui::Button cmdReset{*this, "cmdReset", "&Reset"};
   ui::Button cmdCancel{*this, "cmdCancel", "Cancel"};
 
+  // False when what is in the kit couldn't be read, which has been told: the screen isn't shown then.
+  bool HasContents() const { return hasContents_; }
   bool Saved() const { return saved_; }
   // The kit's own line, as it was typed.
   PartLine Line() const;
@@ -55,13 +57,14 @@ class frmWOKit : public SizedForm {
   void Accept() override;
 
   void ShowKit();
-  void FillList();
+  bool FillList();
   bool StockSuffices();
 
   Shop& shop_;
   Inventory& inventory_;
   std::vector<KitRow> rows_;
   NumberFields numbers_{*this};
+  bool hasContents_ = false;
   bool saved_ = false;
 };
 

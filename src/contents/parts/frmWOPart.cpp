@@ -142,6 +142,7 @@ void frmWOPart::OnKeyDown(ui::KeyPress& key) {
 void frmWOPart::PartNumberLeft() {
   const std::string number = Trim(PartNumber.Text());
   if (PartNumber.Locked() || number == currentPart_) return;
+  inventory_.FinishLoading();
   const Inventory::PartIndex index = inventory_.FindPart(number);
   if (index == Inventory::kNoPart) return;
   FileLink offset = kNoLink;

@@ -50,6 +50,10 @@ void frmCustSearch::OnQueryClose(bool&) { LeaveWith(Request::None); }
 
 void frmCustSearch::OnKeyDown(ui::KeyPress& key) {
   if (shop_.keys.HandleGlobalKeys(key, *this)) return;
+  if (key.Is("Down") && dynamic_cast<ui::TextBox*>(Focus()) != nullptr && CustList.ListCount() > 0) {
+    key.Clear();
+    return CustList.SetFocus();
+  }
   ui::Button* button = nullptr;
   if (key.Is("F10")) button = &cmdSearch;
   if (key.Is("F2")) button = &cmdClear;
@@ -76,6 +80,7 @@ void frmCustSearch::Search() {
   } else {
     Msg.SetCaption("Found " + std::to_string(hits_.size()) + " matching " + std::string(LabelOf(key)) + " records.");
   }
+  if (CustList.ListCount() > 0) CustList.SetFocus();  // where nobody is chosen yet
 }
 
 void frmCustSearch::ShowHits() {

@@ -58,6 +58,8 @@ PartTable::Key PartTable::KeyOf(Inventory::PartIndex part) const {
                            : sort_ == PartSort::ByKey ? ComputeSortKey(tag.View(inventorytag::StockNumber))
                                                       : tag.Get(inventorytag::StockNumber);
   Key key{};
+  // Parts without a number don't head the list.
+  if (!byDescription && text.empty() && !down) key.fill(0xFF);
   for (std::size_t i = 0; i < std::min(text.size(), key.size()); ++i) {
     key[i] = static_cast<unsigned char>(ToUpper(text[i]));
   }

@@ -100,7 +100,7 @@ void frmInvList::Subscribe() {
 void frmInvList::WireSearch() {
   cmdSearch.OnClick = [this] {
     FilterParts();
-    if (DataGrid1.RowCount() > 0 && Visible()) DataGrid1.SetFocus();
+    GoToHits();
   };
   SearchPart.OnChange = [this] { SearchTyped(); };
   SearchDesc.OnChange = [this] { SearchTyped(); };
@@ -216,6 +216,13 @@ void frmInvList::FilterParts() {
   table_.SetFilter(filter);
   ShowRows();
   lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
+  if (DataGrid1.RowCount() > 0 && DataGrid1.Row() < 0) DataGrid1.SetRow(0);
+}
+
+void frmInvList::GoToHits() {
+  if (DataGrid1.RowCount() == 0 || !Visible()) return;
+  if (DataGrid1.Row() < 0) DataGrid1.SetRow(0);
+  DataGrid1.SetFocus();
 }
 
 void frmInvList::SortBy(const std::string& column) {
@@ -298,7 +305,14 @@ void frmInvList::Accept() {
 }
 
 void frmInvList::OnKeyDown(ui::KeyPress& key) {
-  ui::Button* button = key.Is("F4") ? &cmdView : key.Is("Insert") ? &cmdAdd : nullptr;
+  if (key.Is("Down") && (SearchPart.HasFocus() || SearchDesc.HasFocus())) {
+    key.Clear();
+    return GoToHits();
+  }
+  ui::Button* button = key.Is("F4")                              ? &cmdView
+                       : key.Is("Insert")                        ? &cmdAdd
+                       : key.Is("Enter") && DataGrid1.HasFocus() ? &cmdSelect
+                                                                 : nullptr;
   if (button == nullptr) return SizedForm::OnKeyDown(key);
   key.Clear();
   Press(*button);

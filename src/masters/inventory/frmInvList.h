@@ -73,7 +73,8 @@ class frmInvList : public SizedForm {
   void UpdateListRow(Inventory::PartIndex index, ListedPart part);
   void EnableSearch(bool enabled);
   void ShowTotal();
-  void FilterParts();
+  void FilterParts();  // the first of the hits is current, unless the part that was is among them
+  void GoToHits();
   void SearchTyped();
   void SortBy(const std::string& column);
   void ShowRows();

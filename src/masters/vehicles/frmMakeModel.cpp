@@ -7,6 +7,10 @@ frmMakeModel::frmMakeModel(Shop& shop) : Form(shop.desktop, "frmMakeModel", "Mak
   SetSize(8100, 6000);
   txtMake.SetMaxLength(makemodel::Name.width - 1);
   txtModel.SetMaxLength(makemodel::Name.width - 1);
+  cmdAddMake.SetToolTip("Add the make <Enter>");
+  cmdDelMake.SetToolTip("Delete the make chosen in the list <Delete>");
+  cmdAddModel.SetToolTip("Add the model to the make <Enter>");
+  cmdDelModel.SetToolTip("Delete the model chosen in the list <Delete>");
   cmdClose.SetToolTip("Close <Esc>");
   cmdAddMake.OnClick = [this] { AddMake(); };
   cmdAddModel.OnClick = [this] { AddModel(); };
@@ -28,9 +32,16 @@ frmMakeModel::frmMakeModel(Shop& shop) : Form(shop.desktop, "frmMakeModel", "Mak
 void frmMakeModel::OnLoad() { FillMakes(); }
 
 void frmMakeModel::OnKeyDown(ui::KeyPress& key) {
-  if (shop_.keys.HandleGlobalKeys(key, *this) || !key.Is("Esc")) return;
+  if (shop_.keys.HandleGlobalKeys(key, *this)) return;
+  const ui::Button* button = key.Is("Esc")                               ? &cmdClose
+                             : key.Is("Delete") && listMakes.HasFocus()  ? &cmdDelMake
+                             : key.Is("Delete") && listModels.HasFocus() ? &cmdDelModel
+                             : key.Is("Enter") && txtMake.HasFocus()     ? &cmdAddMake
+                             : key.Is("Enter") && txtModel.HasFocus()    ? &cmdAddModel
+                                                                         : nullptr;
+  if (button == nullptr) return;
   key.Clear();
-  cmdClose.OnClick();
+  button->OnClick();
 }
 
 void frmMakeModel::FillMakes() {

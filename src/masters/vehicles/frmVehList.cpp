@@ -97,6 +97,10 @@ void frmVehList::OnQueryClose(bool&) { LeaveWith(Request::None); }
 
 void frmVehList::OnKeyDown(ui::KeyPress& key) {
   if (shop_.keys.HandleGlobalKeys(key, *this)) return;
+  if (key.Is("Down") && dynamic_cast<ui::TextBox*>(Focus()) != nullptr && DataGrid1.RowCount() > 0) {
+    key.Clear();
+    return DataGrid1.SetFocus();
+  }
   ui::Button* button = nullptr;
   if (key.Is("F10")) button = &cmdSelect;
   if (key.Is("Insert")) button = &cmdNew;

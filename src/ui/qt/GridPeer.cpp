@@ -85,6 +85,7 @@ class GridPeer : private HasModel, public RowsPeer {
     table_.setSelectionMode(QAbstractItemView::SingleSelection);
     table_.setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_.setTabKeyNavigation(false);
+    table_.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // one that comes and goes moves the columns
     table_.verticalHeader()->hide();
     QHeaderView& heading = *table_.horizontalHeader();
     heading.setSectionsClickable(true);
@@ -133,7 +134,10 @@ class GridPeer : private HasModel, public RowsPeer {
     }
     if (Has(aspects, Aspect::Rows)) {
       model_.Reload();
-      if (HideColumns()) widthsArePersons_ = false;
+      if (HideColumns()) {
+        widthsArePersons_ = false;
+        widest_.clear();
+      }
       ShowSortMark();
       if (!widthsArePersons_) FitColumns();
     }
@@ -152,12 +156,20 @@ class GridPeer : private HasModel, public RowsPeer {
     return true;
   }
 
-  // By their contents, and what is left over goes to all but the last alike.
+  // By their contents, and what is left over goes to all but the last alike. A column that has been wider stays so:
+  // other rows don't make the columns jump.
   void FitColumns() {
     if (fitting_) return;
     fitting_ = true;
     table_.resizeColumnsToContents();
     QHeaderView& heading = *table_.horizontalHeader();
+    widest_.resize(static_cast<std::size_t>(heading.count()));
+    for (int column = 0; column < heading.count(); ++column) {
+      if (heading.isSectionHidden(column)) continue;
+      int& widest = widest_[static_cast<std::size_t>(column)];
+      widest = std::max(widest, heading.sectionSize(column));
+      heading.resizeSection(column, widest);
+    }
     const int growing = heading.count() - heading.hiddenSectionCount() - 1;
     const int spare = table_.viewport()->width() - heading.length();
     if (spare < 0) Shrink(heading, -spare);
@@ -195,6 +207,7 @@ class GridPeer : private HasModel, public RowsPeer {
   Grid& grid_;
   QTableView& table_;
   QStringList captions_;
+  std::vector<int> widest_;  // pixels that the contents of each column have wanted
   bool fitting_ = false;
   bool widthsArePersons_ = false;  // the person has drawn at a heading
 };

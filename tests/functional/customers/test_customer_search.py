@@ -70,6 +70,16 @@ def test_each_key_finds_its_customers_row_by_row(at_search):
         assert at_search.rows("CustList") == rows, fields
 
 
+def test_the_focus_is_on_the_hits_of_which_none_is_chosen(at_search):
+    at_search.type("NameKey", "a")
+    at_search.key("Enter")
+    assert at_search.answer["focus"] == "CustList"
+    assert at_search.control("CustList")["selected"] == -1
+    at_search.type("NameKey", "nobody of that name")
+    at_search.key("Enter")
+    assert at_search.answer["focus"] == "NameKey"
+
+
 def test_the_first_field_that_is_not_blank_decides(at_search):
     filled = {"NameKey": "abel", "Number": "7", "License": "xyz", "VIN": "1FAPP", "Phone": "614", "Year": "2000"}
     decided = [("Customer Name", [ABEL]), ("Customer #", [SMITH, SMITH_SPOUSE]), ("License #", [JONES, JONES_SPOUSE]),

@@ -151,6 +151,22 @@ def test_sublets_of_purchase_orders_are_offered(start, shop):
         assert texts(copy, "POSubletList") == ["New Sublet (No Purchase Order)"]
 
 
+def test_an_order_whose_detail_file_is_missing_is_named_once(start, shop):
+    one_estimate(shop)
+    shop.write()
+    make_orders(shop, [(order_tag(3101, status=1, file="A.TQP"), None), (order_tag(3102, status=4, file="B.TQP"), None)])
+    copy = show(start(shop))
+    copy.click("cmdEstimateSublets")
+    copy.click("cmdAdd")
+    copy.expect_box("Purchase Order detail file (A.TQP)\nPurchase Order detail file (B.TQP)\nnot found.  Skipped.",
+                    "Purchase Orders")
+    copy.press("OK")
+    assert copy.answer["focus"] == "POSubletList"
+    copy.key("Esc")
+    copy.click("cmdAdd")
+    copy.expect_form("frmSubList")
+
+
 def test_waste_goes_straight_to_its_editor(board, shop):
     board.click("cmdEstimateWaste")
     board.expect_form("frmEstWaste")

@@ -77,6 +77,21 @@ def test_a_search_by_enter_and_by_each_key(start, shop):
     assert copy.control("cbAutoSearch")["checked"]
 
 
+def test_the_focus_is_on_the_hits_whose_first_is_current(start, shop):
+    copy = opened(start, shop)
+    copy.type("SearchPart", "99")
+    copy.key("Enter")
+    assert copy.answer["focus"] == "DataGrid1" and copy.control("DataGrid1")["selected"] == 0
+    copy.key("Enter")
+    copy.expect_form("frmWOPart")
+    assert copy.text("PartNumber") == "A-999-000-X"
+
+
+def test_parts_without_a_number_stand_at_the_end(start, shop):
+    copy = opened(start, shop, parts=[part("", "NAMELESS"), *PARTS])
+    assert column(copy, "Part")[-1] == ""
+
+
 def test_a_heading_sorts_up_and_down(start, shop):
     copy = opened(start, shop)
     copy.click("DataGrid1", column="Part")

@@ -39,6 +39,16 @@ def pick(copy, row):
     copy.expect_form("frmLabor")
 
 
+def test_a_search_goes_to_the_hits(board):
+    board.type("txtDesc", "brakes")
+    board.key("Enter")
+    assert board.answer["form"] == "frmCanLaborList" and board.answer["focus"] == "DataGrid1"
+    assert board.control("DataGrid1")["selected"] == 0
+    board.key("Enter")
+    board.expect_form("frmLabor")
+    assert board.text("txtDesc").startswith("ADJUST BRAKES")
+
+
 def test_the_list_shows_code_and_text(board):
     assert entries(board) == [("LOF", "OIL AND FILTER CHECK FLUIDS", "0.50", "60.00", "30.00"),
                               ("AC", "RECHARGE", "1.20", "0.00", "99.00"),

@@ -294,3 +294,24 @@ def test_hours_that_no_row_can_hold_are_refused(board, shop):
     assert "Overflow" in board.answer["text"]
     board.press("OK")
     assert labors(shop) == [OLD]
+
+
+def test_a_technician_whom_nobody_knows_stays_with_the_line(start, shop):
+    one_estimate(shop)
+    shop.add_labor(900, 1, "OLD JOB\t\t\t\t\t\t\t", 1, mechanic=77)
+    shop.write()
+    copy = show(start(shop))
+    copy.select("listLabor", row=0)
+    copy.click("cmdLaborChange")
+    assert copy.text("EmpList") == f"{'(not listed)':<31}000077"
+    copy.type("Hours", "2")
+    copy.key("F10")
+    assert [row["Mechanic"] for row in labors(shop)] == [77]
+
+
+def test_days_of_a_followup_may_be_none_or_lie_before(board):
+    board.click("cmdLaborAdd")
+    for days, date in (("0", "09/30/2003"), ("-3", "09/27/2003")):
+        board.type("Days", days)
+        board.leave()
+        assert board.text("FollowupDate") == date

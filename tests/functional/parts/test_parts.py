@@ -3,6 +3,7 @@
 import pytest
 
 from inventoryfiles import kit_part, make_inventory, make_kits, part
+from locks import denied_to_all
 from workfiles import one_estimate, show, texts, totals
 
 PARTS = [
@@ -300,3 +301,13 @@ def test_a_changed_part_keeps_as_much_of_its_description_as_its_row_shows(board,
     board.click("cmdPartChange")
     board.key("F10")
     assert stored(shop)["LONG"][0] == "A DESCRIPTION OF THI"
+
+
+def test_a_kit_whose_contents_are_held_does_not_come_up(board, shop):
+    board.click("cmdPartAdd")
+    with denied_to_all(shop.path("TQINVKIT.DAT")):
+        pick(board, "KIT-A")
+        board.expect_box("Could not open TQINVKIT.DAT for shared access.")
+        board.press("OK")
+        board.expect_form("frmInvList")
+    assert stored(shop) == {}

@@ -139,6 +139,17 @@ TEST(SpecialDaysForm, ALineThatWasClickedAndADayThatWasSavedAreNothingToLose) {
   EXPECT_FALSE(screen.form.Visible());
 }
 
+TEST(SpecialDaysForm, DeleteRemovesTheLineOfTheListAndIsATextsOwnKeyInTheFields) {
+  Screen screen;
+  screen.form.MoveFocus(&screen.form.txtComments);
+  test::Press(screen.form, "Delete");
+  EXPECT_EQ(screen.Lines().size(), 2U);
+  screen.form.MoveFocus(&screen.form.List1);
+  screen.form.List1.DoSelect(0);
+  test::Press(screen.form, "Delete");
+  EXPECT_EQ(screen.Lines().size(), 1U);
+}
+
 TEST(SpecialDaysForm, HoursThatDontFitAreAnOverflowAndNothingIsWritten) {
   Screen screen;
   const std::vector<std::string> before = screen.Lines();

@@ -44,6 +44,19 @@ TEST_F(CustSearch, ASpousesNameFindsTheCustomer) {
   EXPECT_EQ(Search(&frmCustSearch::NameKey, "smith,jane").size(), 0U);
 }
 
+TEST_F(CustSearch, TheHitsGetTheFocusAndNoneOfThemIsChosen) {
+  form.Show();
+  Search(&frmCustSearch::NameKey, "smi");
+  EXPECT_EQ(form.Focus(), &form.CustList);
+  EXPECT_EQ(form.CustList.ListIndex(), -1);
+  desktop.WillAnswer(ui::Answer::Ok);
+  Press(form, "Enter");
+  EXPECT_EQ(desktop.boxes.at(0).text, "No item currently selected.");
+  Type(form.NameKey, "nobody");
+  Press(form, "Enter");
+  EXPECT_EQ(form.Focus(), &form.NameKey);
+}
+
 TEST_F(CustSearch, ACustomerWithoutASpouseGetsOneRow) {
   EXPECT_EQ(Search(&frmCustSearch::NameKey, "roe"), (std::vector<std::string>{"000006 " + LeftJustify("ROE,AL", 38)}));
 }

@@ -69,6 +69,41 @@ TEST_F(InvList, ListsAPartThatJoined) {
   EXPECT_EQ(list.TotalParts.Caption(), "      2 Total Parts");
 }
 
+TEST_F(InvList, ASearchGoesToTheHitsWhoseFirstIsCurrentAndEnterTakesIt) {
+  AddPart("OIL-1");
+  AddPart("OIL-2");
+  ForgetList();
+  frmInvList list(shop);
+  list.LoadForm();
+  inventory.FinishLoading();
+  desktop.WillUse([&](ui::Form&) {
+    EXPECT_EQ(list.DataGrid1.Row(), -1) << "nobody has looked for anything yet";
+    test::Type(list.SearchPart, "OIL");
+    test::Press(list, "Enter");
+    EXPECT_EQ(list.Focus(), &list.DataGrid1);
+    EXPECT_EQ(list.DataGrid1.Row(), 0);
+    test::Press(list, "Down");
+    test::Press(list, "Enter");
+  });
+  const auto picked = list.Pick("Add part to estimate");
+  ASSERT_TRUE(picked);
+  EXPECT_EQ(inventory.Tag(picked->index).Get(inventorytag::StockNumber), "OIL-2");
+}
+
+TEST_F(InvList, ASearchWithoutHitsStaysWhereItIs) {
+  ForgetList();
+  frmInvList list(shop);
+  list.LoadForm();
+  inventory.FinishLoading();
+  list.Show();
+  test::Type(list.SearchPart, "NOTHING");
+  test::Press(list, "Enter");
+  EXPECT_EQ(list.Focus(), &list.SearchPart);
+  desktop.WillAnswer(ui::Answer::Ok);
+  test::Press(list, "F10");
+  EXPECT_EQ(desktop.boxes.at(0).text, "No part is selected.");
+}
+
 TEST_F(InvList, HearsNothingOnceItIsGone) {
   { const frmInvList list(shop); }
   Write("PAD-9", "PADS", 17);

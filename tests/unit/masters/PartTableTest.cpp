@@ -54,6 +54,18 @@ TEST(PartTable, RowsComeInTheOrderOfTheirKeysAlsoThoseAddedLater) {
   EXPECT_EQ(bench.Rows(), (Texts{"a1", "B-000-000-X", "B-222-111-X"}));
 }
 
+TEST(PartTable, PartsWithoutANumberStandAtTheEnd) {
+  TableBench bench;
+  bench.Add("", "NAMELESS");
+  bench.Add("~~~~", "LAST OF THE NUMBERS");
+  bench.Add("A1", "BELT");
+  EXPECT_EQ(bench.Rows(), (Texts{"A1", "~~~~", ""}));
+  for (const PartSort sort : {PartSort::ByPart, PartSort::ByPartDown}) {
+    bench.table.SetSort(sort);
+    EXPECT_EQ(bench.Rows().back(), "");
+  }
+}
+
 TEST(PartTable, AFilterLooksInsideTheTextsInEitherCase) {
   TableBench bench;
   bench.Add("ALT-1", "Alternator");

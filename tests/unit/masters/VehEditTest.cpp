@@ -202,6 +202,20 @@ TEST_F(MakeModel, AMakeIsAddedAtTheEnd) {
   EXPECT_EQ(form.listMakes.List(2), "SAAB");
 }
 
+TEST_F(MakeModel, EnterAddsWhatIsTypedAndDeleteRemovesWhatIsChosen) {
+  const int before = form.listMakes.ListCount();
+  form.Show();
+  test::Type(form.txtMake, "SAAB");
+  test::Press(form, "Enter");
+  EXPECT_EQ(form.listMakes.ListCount(), before + 1);
+  form.MoveFocus(&form.listMakes);
+  form.listMakes.DoSelect(before);
+  desktop.WillAnswer(ui::Answer::Yes);
+  test::Press(form, "Delete");
+  EXPECT_EQ(desktop.boxes.back().title, "Delete Make");
+  EXPECT_EQ(form.listMakes.ListCount(), before);
+}
+
 TEST_F(MakeModel, AModelBecomesTheFirstOfItsMake) {
   std::string expected = Content();
   expected.replace(29, 29, MakeRecord("HONDA", -1, 116));

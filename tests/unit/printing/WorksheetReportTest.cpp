@@ -52,6 +52,22 @@ class WorksheetOnPaper : public testing::Test, protected test::PrintingBench {
   Image active_;
 };
 
+TEST_F(WorksheetOnPaper, OneBoxTellsAllEntriesThatPastWorkOrdersNameAndTheShopHasNot) {
+  for (const int number : {4001, 4002}) {
+    PutActive(number, environment.Today());
+    directory.Put(Workorders::FileNameOf(number), "[Workorder]\r\nWorkorderNumber=" + std::to_string(100000 + number) +
+                                                      "\r\n\r\n[Check List]\r\nHorn,weak,\r\n[Trim],\r\n" +
+                                                      (number == 4002 ? "Tires,worn,\r\n" : ""));
+  }
+  desktop.WillAnswer(ui::Answer::Ok);
+  EXPECT_EQ(Listed().size(), 2U);
+  ASSERT_EQ(desktop.boxes.size(), 1U);
+  EXPECT_EQ(desktop.boxes[0].title, "LoadCheckListValues");
+  EXPECT_EQ(desktop.boxes[0].text,
+            "Couldn't locate Horn in checklist.  Item skipped.\rCouldn't locate [Trim] in checklist.  Item "
+            "skipped.\rCouldn't locate Tires in checklist.  Item skipped.");
+}
+
 TEST_F(WorksheetOnPaper, ABareEstimateHasTheHeadingsOfWorkAndParts) {
   Options().PrintVehSummaryOnWorksheet = false;
   EXPECT_EQ(Lines(),

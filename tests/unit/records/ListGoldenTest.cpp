@@ -78,6 +78,17 @@ TEST_F(ListGolden, OnlyOrdersWithADetailAndAPriceAreOffered) {
   EXPECT_EQ(sublets[0].description, "RECORE RADIATOR");
 }
 
+TEST_F(ListGolden, AnOrderWhoseDetailFileIsMissingIsNamedOnce) {
+  std::filesystem::remove(environment.files.PathOf("P0003101.TQP"));
+  const auto tags = BytesOf(kOpenOrdersFile);
+  Put(kOpenOrdersFile, tags + tags);
+  desktop.WillAnswer(ui::Answer::Ok);
+  EXPECT_TRUE(records.orders.GetOpenPOSublets().empty());
+  EXPECT_TRUE(records.orders.GetOpenPOSublets().empty());
+  ASSERT_EQ(desktop.boxes.size(), 1u);
+  EXPECT_EQ(desktop.boxes[0].text, "Purchase Order detail file (P0003101.TQP)\rnot found.  Skipped.");
+}
+
 TEST_F(ListGolden, CannedLaborLoadedAndSavedIsTheSameFile) {
   const auto entries = LoadCannedLabor(environment);
   ASSERT_EQ(entries.size(), 3u);
@@ -142,6 +153,7 @@ TEST_F(ListGolden, LookingWritesNothing) {
 }
 
 TEST_F(ListGolden, EveryFileCutAnywhereIsReadWithoutHarm) {
+  desktop.otherwise = [](const ui::Box&) { return ui::Answer::Ok; };  // detail files of half a name
   for (const std::string_view name : {kFollowupFile, kOpenOrdersFile, kLaborKitFile}) {
     const std::string whole = GoldenBytes(name);
     for (std::size_t length = 0; length <= whole.size(); length += 13) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "contents/parts/PartsBench.h"
+#include "records/OpenedFile.h"
 
 // frmWOKit: a kit on its screen.
 namespace lantos {
@@ -41,6 +42,16 @@ TEST(frmWOKit, ShowsTheKitAndWhatIsInIt) {
   EXPECT_EQ(form.List1.List(1), "    1   FILTER               ");
   EXPECT_TRUE(form.PartNumber.Locked());
   EXPECT_EQ(form.Focus(), &form.QuantityUsed);
+}
+
+TEST(frmWOKit, AKitWhoseContentsAreHeldByAnotherComesNeitherUpNorOntoTheEstimate) {
+  KitScreen bench;
+  const OpenedFile held(bench.environment.openFiles, kKitFile, Access::ReadWrite, Deny::All);
+  bench.desktop.WillAnswer(Answer::Ok);
+  bench.contents.parts.AddKitLines();
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "Could not open TQINVKIT.DAT for shared access.");
+  EXPECT_TRUE(bench.desktop.forms.empty());
+  EXPECT_EQ(bench.board.listParts.ListCount(), 0);
 }
 
 TEST(frmWOKit, ForAnEstimateTheStockIsntAskedAbout) {

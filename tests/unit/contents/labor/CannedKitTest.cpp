@@ -1,0 +1,76 @@
+#include <gtest/gtest.h>
+
+#include "contents/labor/LaborAddCanned.h"
+#include "contents/labor/frmCanLabor.h"
+#include "contents/parts/PartsBench.h"
+#include "records/CannedLabor.h"
+#include "records/OpenedFile.h"
+
+// The inventory kit that goes with a standard job.
+namespace lantos {
+namespace {
+
+using test::PartsBench;
+using ui::Answer;
+
+struct CannedKit : PartsBench {
+  CannedKit() { records.laborKits.Save("LOF", "KIT-A"); }
+  static CannedLabor Entry() {
+    CannedLabor entry;
+    entry.Desc[0] = "LOF  OIL AND FILTER";
+    return entry;
+  }
+  void SaveKit() {
+    InventoryKitRecord kit;
+    kit.Put(inventorykit::KitNumber, "KIT-A");
+    records.kits.SaveKit(kit);
+  }
+};
+
+TEST(CannedKit, AKitThatCantBeListedStaysWithItsCodeUntilAnotherIsChosen) {
+  for (const bool isHeld : {true, false}) {
+    CannedKit bench;
+    if (isHeld) bench.SaveKit();
+    std::optional<OpenedFile> held;
+    if (isHeld) {
+      held.emplace(bench.environment.openFiles, kKitFile, Access::ReadWrite, Deny::All);
+      bench.desktop.WillAnswer(Answer::Ok);
+    }
+    frmCanLabor form(bench.bench, frmCanLabor::Mode::Edit, CannedKit::Entry());
+    form.Show();
+    EXPECT_EQ(form.Combo1.Text(), "KIT-A");
+    test::Press(form, "F10");
+    EXPECT_TRUE(form.Saved());
+    EXPECT_EQ(bench.records.laborKits.KitOf("LOF"), "KIT-A");
+  }
+}
+
+TEST(CannedKit, NoneIsStillThereToBeChosen) {
+  CannedKit bench;
+  frmCanLabor form(bench.bench, frmCanLabor::Mode::Edit, CannedKit::Entry());
+  form.Show();
+  form.Combo1.DoSelect(0);
+  test::Press(form, "F10");
+  EXPECT_EQ(bench.records.laborKits.KitOf("LOF"), "None");
+}
+
+TEST(CannedKit, AKitThatIsOfferedWaitsForThePartsThatArentListedYet) {
+  CannedKit bench;
+  bench.SaveKit();
+  int waits = 0;
+  bench.inventory.onFinishLoading = [&] {
+    if (waits++ == 0) bench.Stock("KIT-A", 0, "KIT:(12.50,14.00)");
+  };
+  bench.desktop.WillAnswer(Answer::Yes);
+  bench.desktop.WillUse([](ui::Form& form) {
+    EXPECT_EQ(form.Name(), "frmWOKit");
+    test::Press(form, "F10");
+  });
+  OfferLaborKit(bench.bench, bench.contents.parts, "LOF");
+  EXPECT_GE(waits, 1);
+  EXPECT_EQ(bench.Ask("select count(*) from Parts where EstimateNumber = 1001"), "1");
+  bench.inventory.onFinishLoading = nullptr;
+}
+
+}  // namespace
+}  // namespace lantos
