@@ -19,7 +19,7 @@ namespace lantos::bench {
 namespace {
 
 constexpr std::int32_t kEstimate = 1002;
-constexpr std::int16_t kBlankLines = 104;  // for each of five jobs: 20 pages
+constexpr int kRemarks = 1000;  // lines of comments: with the rest of the worksheet 20 pages
 
 void NeedWindows() {
   static int count = 1;
@@ -34,9 +34,12 @@ void NeedWindows() {
 struct Worksheet {
   Worksheet() {
     NeedWindows();
-    world.environment.printOptions.BlankLinesPerLabor = kBlankLines;
+    world.environment.printOptions.BlankLinesPerLabor = 0;
     world.environment.printOptions.PrintVehSummaryOnWorksheet = false;
     board.database.estimates.LoadEstimate(kEstimate);
+    std::string& comments = board.database.estimates.CurrentEstimate.Comments;
+    comments.clear();
+    for (int i = 0; i < kRemarks; ++i) comments += "Remark " + std::to_string(i) + ": " + std::string(80, 'x') + "\r\n";
   }
   ui::Report Make() {
     return WorksheetReport(world.environment, world.desktop, world.records, board.database).Make({});

@@ -40,7 +40,7 @@ bool Contention::AskOrTell(const FileError& error) {
   if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
   if (rule_.afterRetries == ContentionRule::AfterRetries::AskAndRetrySilently) failures_ = 0;
   const ui::Answer answer =
-      desktop_.Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
+      desktop_->Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
   if (rule_.afterRetries == ContentionRule::AfterRetries::GiveUp || answer == ui::Answer::Cancel) return false;
   Wait(rule_.pauseAfterBox);
   return true;
@@ -58,12 +58,12 @@ void Contention::ShowWordWhenDue(const FileError& error) {
   if (rule_.word.empty() || wordShown_ || waited_ < kWaitWithoutWord) return;
   const std::string word = Fill(rule_.word, error.Text());
   environment_.log.Write(word);
-  desktop_.ShowStatus(word);
+  desktop_->ShowStatus(word);
   wordShown_ = true;
 }
 
 void Contention::EndWord() {
-  if (wordShown_) desktop_.ShowStatus("");
+  if (wordShown_) desktop_->ShowStatus("");
   wordShown_ = false;
 }
 

@@ -15,7 +15,9 @@ class Contention {
  public:
   // what stands for "{what}" in the texts of the rule.
   Contention(const ContentionRule& rule, ui::Desktop& desktop, Environment& environment, std::string_view what = {})
-      : rule_(rule), desktop_(desktop), environment_(environment), what_(what) {}
+      : rule_(rule), desktop_(&desktop), environment_(environment), what_(what) {}
+  // For a rule that speaks to nobody.
+  Contention(const ContentionRule& rule, Environment& environment) : rule_(rule), environment_(environment) {}
   ~Contention() { EndWord(); }
   Contention(const Contention&) = delete;
 
@@ -46,7 +48,7 @@ class Contention {
   std::string Fill(std::string_view text, std::string_view error) const;
 
   const ContentionRule& rule_;
-  ui::Desktop& desktop_;
+  ui::Desktop* desktop_ = nullptr;
   Environment& environment_;
   std::string what_;
   int failures_ = 0;  // since the last box that began the silent retries anew

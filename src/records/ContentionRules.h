@@ -163,13 +163,16 @@ inline constexpr ContentionRule kOpenOrders = {
     .buttons = Buttons::RetryCancel,
 };
 
-// Work orders. Another copy that has just written its tag flushes the file, and has it alone for that moment.
-inline constexpr ContentionRule kOpenWorkorderTags = {
+// Files that another copy has alone for a moment: the lists that each copy reads at its start (employees, makes), and
+// the tags of work orders, which are flushed behind each write. Two seconds.
+inline constexpr ContentionRule kMomentsPatience = {
     .silentRetries = 19,
     .pause = Pause::TenthOfASecond,
     .failures = Failures::SharingOnly,
     .afterRetries = AfterRetries::Surface,
 };
+
+// Work orders.
 inline constexpr ContentionRule kWriteArchivedTag = {
     .text = "Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
     .title = "WriteArchivedWoTag({what})",

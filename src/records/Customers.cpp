@@ -251,11 +251,16 @@ const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {
 // Tags that were loaded for this very search aren't loaded twice.
 std::size_t Customers::IndexAfterReload(std::int32_t number) {
   const bool wasEmpty = tags_.empty();
-  if (wasEmpty) LoadCustomerTags();
+  if (wasEmpty) LoadTagsForLookup();
   const std::size_t index = IndexOf(number);
   if (index != Count() || wasEmpty) return index;
-  LoadCustomerTags();
+  LoadTagsForLookup();
   return IndexOf(number);
+}
+
+void Customers::LoadTagsForLookup() {
+  if (reading_ != nullptr && tagsGivenUp_) return;
+  tagsGivenUp_ = !LoadCustomerTags();
 }
 
 const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {

@@ -101,11 +101,13 @@ class Customers {
   const CustomerRecord* LookupCustomer(std::int32_t customerNumber);
 
   // Keeps the customer master open from its first read on, for as long as this lives: many look-ups in a row then cost
-  // one open. Nothing may wait for the person meanwhile but the look-ups' own prompts.
+  // one open. A person who has given up on the tags isn't asked again meanwhile. Nothing may wait for the person but
+  // the look-ups' own prompts.
   class Reading {
    public:
     explicit Reading(Customers& customers) : customers_(customers), file_(customers.environment_.openFiles) {
       customers_.reading_ = &file_;
+      customers_.tagsGivenUp_ = false;
     }
     ~Reading() { customers_.reading_ = nullptr; }
     Reading(const Reading&) = delete;
@@ -125,6 +127,7 @@ class Customers {
   const CustomerRecord& InMemory() const { return lookedUp_ ? *lookedUp_ : CurrentCustomer; }
   void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
+  void LoadTagsForLookup();
   std::uint64_t MasterLength() const;
   void LoadIndex(const SharedFile& masters);
 
@@ -136,6 +139,7 @@ class Customers {
   CustomerNumbers numbers_;
   std::vector<CustomerIndexRow> index_;
   OpenedFile* reading_ = nullptr;
+  bool tagsGivenUp_ = false;  // while reading_
   static constexpr std::int32_t kNobody = -1;
   std::optional<CustomerRecord> lookedUp_;  // since CurrentCustomer was set
   std::int32_t lookupCustomer_ = kNobody;   // of the last look-up, while it was known

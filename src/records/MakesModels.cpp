@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "records/OpenedFile.h"
+#include "records/Patience.h"
 
 namespace lantos {
 
@@ -29,7 +29,8 @@ MakeModelRecord NewRecord(std::string_view name, FileLink prev, FileLink next) {
 class MakeModelFile {
  public:
   MakeModelFile(Environment& environment, std::string_view caller)
-      : environment_(environment), file_(environment.openFiles, kMakeModelFile, Access::ReadWrite, Deny::All) {
+      : environment_(environment), file_(environment.openFiles) {
+    OpenPatiently(file_, environment, kMakeModelFile, Access::ReadWrite, Deny::All);
     environment_.log.Write(std::string(caller) + ": Opened " + std::string(kMakeModelFile) +
                            " (update,fp=" + std::to_string(file_.Handle()) + ")");
   }
@@ -92,7 +93,8 @@ class MakeModelFile {
 void MakesModels::LoadMakes() {
   makes_.clear();
   models_.clear();
-  OpenedFile file(environment_.openFiles, kMakeModelFile, Access::Read, Deny::All);
+  OpenedFile file(environment_.openFiles);
+  OpenPatiently(file, environment_, kMakeModelFile, Access::Read, Deny::All);
   const FileLink count = LinkAtEnd(file->Length(), kMakeModelFile) / kStep;
   for (FileLink i = 0; i < count && makes_.size() < kLimit; ++i) {
     MakeModelRecord record;

@@ -31,7 +31,7 @@ struct Model {
   std::string Name;
 };
 
-// None of these traps a failed open: it surfaces as FileError.
+// None of these traps a failed open: after a moment's patience it surfaces as FileError.
 class MakesModels {
  public:
   explicit MakesModels(Environment& environment) : environment_(environment) {}

@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "frame/Numbers.h"
-#include "records/OpenedFile.h"
+#include "records/Patience.h"
 #include "records/RecordArray.h"
 
 namespace lantos {
 
 std::vector<EmployeeName> modEmployees::LoadEmployeeList() {
-  OpenedFile file(environment_.openFiles, kEmployeeFile, Access::Read, Deny::None);
+  OpenedFile file(environment_.openFiles);
+  OpenPatiently(file, environment_, kEmployeeFile, Access::Read, Deny::None);
   // Up to the end of the file, so a last record that is short counts too.
   std::vector<EmployeeRecord> records((file->Length() + EmployeeRecord::kLength - 1) / EmployeeRecord::kLength);
   ReadRecords(*file, 0, std::span(records));
@@ -26,7 +27,8 @@ std::vector<EmployeeName> modEmployees::LoadEmployeeList() {
 }
 
 void modEmployees::LoadEmployees() {
-  OpenedFile file(environment_.openFiles, kEmployeeFile, Access::Read, Deny::All);
+  OpenedFile file(environment_.openFiles);
+  OpenPatiently(file, environment_, kEmployeeFile, Access::Read, Deny::All);
   const auto length = static_cast<std::int64_t>(file->Length());
   employees_.assign(static_cast<std::size_t>(DivideHalfEven(length, EmployeeRecord::kLength)), {});
   ReadRecords(*file, 0, std::span(employees_));

@@ -47,7 +47,7 @@ struct EmployeeName {
   bool IsActive() const { return DateTerminated <= 0; }
 };
 
-// None of these traps an error: a locked file surfaces as FileError.
+// None of these traps an error: a locked file surfaces as FileError, in reading after a moment's patience.
 class modEmployees {
  public:
   explicit modEmployees(Environment& environment) : environment_(environment) {}

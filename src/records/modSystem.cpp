@@ -1,9 +1,23 @@
 #include "records/modSystem.h"
 
+#include <limits>
+#include <stdexcept>
+
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
 
 namespace lantos {
+
+namespace {
+
+std::string NameOf(LongField counter) {
+  if (counter.offset == sysrec::last_workorder_number.offset) return "the work orders";
+  if (counter.offset == sysrec::last_estimate_number.offset) return "the estimates";
+  if (counter.offset == sysrec::last_customer_number.offset) return "the customers";
+  return "the employees";
+}
+
+}  // namespace
 
 FileHandle modSystem::ReadSystem(Then then) {
   const bool keepOpen = then == Then::StayOpen;
@@ -24,11 +38,15 @@ void modSystem::WriteSystem(FileHandle handle) {
 }
 
 std::int32_t modSystem::TakeNumber(LongField counter) {
-  const FileHandle handle = ReadSystem(Then::StayOpen);
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(ReadSystem(Then::StayOpen));
   const std::int32_t number = SysRec.Get(counter);
-  // A counter at the end of its range (a damaged file) wraps.
-  SysRec.Put(counter, static_cast<std::int32_t>(static_cast<std::uint32_t>(number) + 1));
-  WriteSystem(handle);
+  if (number == std::numeric_limits<std::int32_t>::max()) {
+    throw std::overflow_error("No number can be given any more: the running number of " + NameOf(counter) + " in " +
+                              std::string(kSystemFile) + " stands at its end, " + std::to_string(number) + ".");
+  }
+  SysRec.Put(counter, number + 1);
+  WriteSystem(file.Release());
   return number;
 }
 

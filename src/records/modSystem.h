@@ -72,6 +72,7 @@ class modSystem {
   // Writes SysRec to the handle, or to the file when the handle is kNoHandle, and closes.
   void WriteSystem(FileHandle handle = kNoHandle);
   // Hands out a running number: the value found, which is then raised by 1 in the file, all under one lock.
+  // At the end of the counter's range nothing is taken: std::overflow_error, which says so.
   std::int32_t TakeNumber(LongField counter);
 
  private:

@@ -32,6 +32,7 @@ std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Work
   FileLink offset = kNoLink;
   if (!inventory_.ReadInventory(offset, index)) {
     environment_.log.Write("Convert: the stock of " + part.number + " could not be read and was not moved");
+    notMoved_.push_back(part.number);
     return std::nullopt;
   }
   InventoryTag& tag = inventory_.CurrentInvTag;

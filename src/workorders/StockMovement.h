@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/UpdateTurns.h"
 #include "records/inventory/UsageHistory.h"
@@ -32,6 +33,9 @@ class StockMovement {
   // std::overflow_error, with nothing moved either.
   std::optional<std::int16_t> TakeOut(const Taken& part, const Workorder& order);
 
+  // The numbers of the parts whose records the person gave up to read.
+  const std::vector<std::string>& NotMoved() const { return notMoved_; }
+
   static UsageHistory::Use UseIn(const Workorder& order);
 
  private:
@@ -44,6 +48,7 @@ class StockMovement {
   std::function<void(std::string step)> onDone_;
   const FileIO::SteadyNames names_;
   UpdateTurns turns_;
+  std::vector<std::string> notMoved_;
 };
 
 }  // namespace lantos

@@ -26,7 +26,7 @@ bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::i
 template <class Open>
 FileHandle OpenTags(ui::Desktop& desktop, Environment& environment, Open open) {
   FileHandle file = kNoHandle;
-  Contention contention(contention::kOpenWorkorderTags, desktop, environment);
+  Contention contention(contention::kMomentsPatience, desktop, environment);
   contention.Run([&] { file = open(environment.openFiles); });
   return file;
 }

@@ -148,6 +148,7 @@ void Conversion::TakeParts() {
     if (left && *left < 1)
       reorderList_ += "\r" + part.partNumber + " quantity in stock is now " + std::to_string(*left);
   }
+  for (const std::string& number : stock.NotMoved()) notMoved_ += "\r" + number;
 }
 
 void Conversion::TakeOtherLines() {
@@ -183,8 +184,9 @@ void Conversion::TellOfReorders() {
 void Conversion::MarkEstimate() {
   bench_.estimate.StoreComments("Workorder # " + OrderNumber() + " " + Trim(bench_.estimate.CommentsOnShow()));
   done_.Add("the comments of the estimate name the work order");
-  bench_.shop.desktop.Tell("Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber(),
-                           kTitle, ui::Icon::Information);
+  std::string text = "Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber();
+  if (!notMoved_.empty()) text += "\r\rThe stock of these parts could not be read and was not changed:\r" + notMoved_;
+  bench_.shop.desktop.Tell(text, kTitle, ui::Icon::Information);
 }
 
 void Conversion::ChangeStatus() {

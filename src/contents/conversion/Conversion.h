@@ -48,6 +48,7 @@ class Conversion {
   OrderFilling filling_;
   StepsDone done_;
   std::string reorderList_;
+  std::string notMoved_;  // part numbers, each behind a carriage return
 };
 
 }  // namespace lantos

@@ -3,7 +3,7 @@
 import pytest
 
 from boardlines import TODAY
-from conversionsteps import FIRST, PARTS, begin, convert, convert_whole, estimate, expect_converted, shop
+from conversionsteps import FIRST, PARTS, answer_status, begin, convert, convert_whole, estimate, expect_converted, shop
 from inventoryfiles import MASTER, part, read_masters, read_tags
 from inventoryfiles import TAG as STOCK_TAG
 from screens import expect_changed_within, span
@@ -128,7 +128,10 @@ def test_a_part_whose_tag_is_gone_asks_and_cancel_moves_nothing(start, shop):
         copy.expect_box("Can not read tags record for PAD-9\nError 57: Device I/O error", "ReadInventory",
                         "exclamation", ["Retry", "Cancel"])
         copy.press(answer)
-    expect_converted(copy, FIRST)
+    copy.expect_box(f"Estimate # 000900 is now Workorder # {FIRST:06}\n\n"
+                    "The stock of these parts could not be read and was not changed:\n\nPAD-9")
+    copy.press("OK")
+    answer_status(copy)
     assert (shop.path("TQINVTAG.DAT").read_bytes(), shop.path("TQINVENT.DAT").read_bytes()) == before
     assert usage_records(shop) == []
     assert read_workorder(shop, FIRST)["Parts"] == [part_row("PAD-9", "BRAKE PADS", 9, 0, 3500, 0)]

@@ -4,6 +4,7 @@ import os
 
 import pytest
 
+from boardlines import TODAY
 from copysteps import SYSTEM_LOCKED, shop
 from locks import denied_to_all, deny_to_all
 from screens import (ask_new_estimate, cells, edit_customer, open_search, open_vehicles, pick_customer, search,
@@ -87,6 +88,24 @@ def test_held_tags_ask_after_three_silent_seconds_and_cancel_gives_up(lantos, sh
     lantos.press("OK")
     lantos.expect_form("frmCustSearch")
     assert lantos.caption("Msg") == "Found 1 matching Customer Name records."
+
+
+def test_one_cancel_at_held_tags_holds_for_the_whole_load_of_the_board(start, shop):
+    for number in range(3):
+        shop.add_customer(7 + number, f"Adams{number}", "Beth")
+        shop.add_estimate(900 + number, TODAY, customer=7 + number, hours=1, CreateDate=TODAY)
+    shop.write()
+    held = deny_to_all(shop.path("TQCSTTAG.DAT"))
+    copy = start(shop)
+    for _ in range(2):  # a start fills the board twice
+        copy.expect_box(TAGS_LOCKED, "Open failure")
+        copy.press("Cancel")
+    copy.expect_form("frmMain")
+    assert "UNKNOWN" in copy.control("List2")["rows"][0]["text"]
+    os.close(held)
+    copy.click("cmdDayView")
+    copy.click("cmdWeekView")
+    copy.expect_form("frmMain")
 
 
 def test_held_customer_data_asks_and_cancel_leaves_the_record_unread(lantos, shop):

@@ -67,11 +67,11 @@ TEST_F(Waiting, AnErrorOfAnotherKindEndsTheWordOnTheStatusLineToo) {
 }
 
 TEST_F(Waiting, TheTagsOfWorkOrdersAreTriedTwentyTimesAndThenTheErrorSurfaces) {
-  EXPECT_TRUE(RunFailing(contention::kOpenWorkorderTags, 19));
+  EXPECT_TRUE(RunFailing(contention::kMomentsPatience, 19));
   EXPECT_EQ(patience.waits, std::vector<std::int64_t>(19, 100));
-  EXPECT_THROW(RunFailing(contention::kOpenWorkorderTags, 20), FileError);
+  EXPECT_THROW(RunFailing(contention::kMomentsPatience, 20), FileError);
   patience.waits.clear();
-  EXPECT_THROW(RunFailing(contention::kOpenWorkorderTags, 1, FileErrorNumber::DeviceIo), FileError);
+  EXPECT_THROW(RunFailing(contention::kMomentsPatience, 1, FileErrorNumber::DeviceIo), FileError);
   EXPECT_TRUE(patience.waits.empty()) << "only another copy's hold is waited out";
 }
 

@@ -111,6 +111,23 @@ TEST_F(CustomersTest, CancelWhileLoadingLeavesTheTagsNotLoaded) {
   EXPECT_EQ(customers.Count(), 0U);
 }
 
+TEST_F(CustomersTest, OneCancelHoldsForAllLookUpsOfAReading) {
+  PutCustomers(3);
+  SharedFile other = HeldByAnother(kCustomerTagFile);
+  desktop.WillAnswer(Answer::Cancel);
+  {
+    const Customers::Reading reading(customers);
+    for (std::int32_t number = 1; number < 4; ++number) EXPECT_EQ(customers.LookupCustomer(number), nullptr);
+  }
+  EXPECT_EQ(desktop.boxes.size(), 1U);
+  desktop.WillAnswer(Answer::Cancel);
+  EXPECT_EQ(customers.LookupCustomer(1), nullptr) << "the next look-up asks anew";
+  other.Close();
+  const Customers::Reading reading(customers);
+  EXPECT_EQ(LookedUpName(2), "Name2");
+  EXPECT_EQ(desktop.boxes.size(), 2U);
+}
+
 TEST_F(CustomersTest, FindCustomerTagOnAnEmptyArrayReturnsZeroWhichEqualsTheCount) {
   EXPECT_EQ(customers.FindCustomerTag(5), 0U);
   EXPECT_EQ(customers.Count(), 0U);

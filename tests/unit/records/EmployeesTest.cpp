@@ -1,4 +1,12 @@
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
+
 #include "Fixture.h"
+#include "records/MakesModels.h"
 #include "records/modEmployees.h"
 
 namespace lantos::test {
@@ -8,6 +16,21 @@ class EmployeesTest : public ShopTest {
  protected:
   modEmployees& employees = records.employees;
 };
+
+// Another copy, until it is killed.
+[[noreturn]] void HoldForMoments(const std::filesystem::path& employees, const std::filesystem::path& makes) {
+  using std::chrono::milliseconds;
+  for (;;) {
+    for (const auto& path : {employees, makes}) {
+      try {
+        const SharedFile held(path, Access::Read, Deny::All);
+        std::this_thread::sleep_for(milliseconds(10));
+      } catch (const FileError&) {  // one of the others has it
+      }
+    }
+    std::this_thread::sleep_for(milliseconds(30));
+  }
+}
 
 TEST_F(EmployeesTest, SavingDropsEachElementWhoseNumberIsMinusOneAndTheRestCloseUp) {
   Image file;
@@ -93,6 +116,45 @@ TEST_F(EmployeesTest, AFailedSaveKeepsTheTableLoaded) {
   }
   EXPECT_TRUE(employees.Loaded());
   EXPECT_EQ(employees.Employees().size(), 3U);
+}
+
+// Copies that start at once each have the lists alone for a moment.
+TEST_F(EmployeesTest, CopiesThatHaveTheListsForAMomentAreWaitedFor) {
+  PutGolden();
+  std::vector<pid_t> others;
+  for (int i = 0; i < 3; ++i) {
+    others.push_back(fork());
+    ASSERT_GE(others.back(), 0);
+    if (others.back() == 0) HoldForMoments(PathOf(kEmployeeFile), PathOf(kMakeModelFile));
+  }
+  SystemClock running;
+  Environment other(running, settings);
+  other.files.SetDataDir(environment.files.DataDir());
+  Records lists(other, desktop);
+  for (int i = 0; i < 6; ++i) {
+    EXPECT_NO_THROW(lists.employees.LoadEmployees());
+    EXPECT_NO_THROW(lists.makes.LoadMakes());
+    EXPECT_EQ(lists.employees.LoadEmployeeList().size(), 3U);
+  }
+  for (const pid_t child : others) {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+  }
+}
+
+TEST_F(EmployeesTest, AFileThatStaysHeldIsAnErrorAfterTwoSeconds) {
+  PutGolden();
+  const LocalTime before = clock.Now();
+  {
+    const SharedFile other = HeldByAnother(kEmployeeFile);
+    EXPECT_THROW(employees.LoadEmployees(), FileError);
+    EXPECT_EQ(clock.Now().MillisecondsSince(before), 1900);
+  }
+  const SharedFile other = HeldByAnother(kMakeModelFile);
+  EXPECT_THROW(records.makes.LoadMakes(), FileError);
+  EXPECT_THROW(records.makes.AddMake("Saab"), FileError);
+  EXPECT_EQ(clock.Now().MillisecondsSince(before), 3 * 1900);
+  EXPECT_TRUE(desktop.boxes.empty());
 }
 
 }  // namespace

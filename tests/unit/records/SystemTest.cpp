@@ -100,11 +100,26 @@ TEST_F(System, AnAbsentOrShortFileReadsAsZeros) {
   EXPECT_EQ(records.system.SysRec.Get(sysrec::hand_msg1), "");
 }
 
-TEST_F(System, ADamagedCounterAtTheEndOfItsRangeWraps) {
-  std::string bytes = GoldenBytes(kSystemFile);
-  Put(kSystemFile, bytes.replace(12, 4, std::string("\xFF\xFF\xFF\x7F", 4)));
-  EXPECT_EQ(records.system.TakeNumber(sysrec::last_customer_number), 2147483647);
-  EXPECT_EQ(LongAt(BytesOf(kSystemFile), 12), -2147483647 - 1);
+TEST_F(System, ACounterAtItsEndGivesNothingAndSaysSo) {
+  for (const auto& [counter, name] : {std::pair{sysrec::last_workorder_number, "the work orders"},
+                                      {sysrec::last_estimate_number, "the estimates"},
+                                      {sysrec::last_customer_number, "the customers"},
+                                      {sysrec::last_employee_number, "the employees"}}) {
+    std::string bytes = GoldenBytes(kSystemFile);
+    bytes.replace(counter.offset, 4, "\xFE\xFF\xFF\x7F");
+    Put(kSystemFile, bytes);
+    EXPECT_EQ(records.system.TakeNumber(counter), 2147483646);
+    const std::string atItsEnd = BytesOf(kSystemFile);
+    EXPECT_EQ(LongAt(atItsEnd, counter.offset), 2147483647);
+    try {
+      records.system.TakeNumber(counter);
+      ADD_FAILURE() << "a number was given";
+    } catch (const std::overflow_error& error) {
+      EXPECT_THAT(error.what(), testing::AllOf(testing::HasSubstr(name), testing::HasSubstr("2147483647")));
+    }
+    EXPECT_EQ(BytesOf(kSystemFile), atItsEnd);
+    EXPECT_NO_THROW(HeldByAnother(kSystemFile)) << "the file was let go";
+  }
 }
 
 }  // namespace

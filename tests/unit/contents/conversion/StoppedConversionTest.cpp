@@ -54,6 +54,26 @@ TEST(StoppedConversion, AnArchivedTagThatIsGivenUpIsLoggedAndTheRestIsDone) {
   EXPECT_EQ(bench.board.comments, "Workorder # 005001 Call first");
 }
 
+TEST(StoppedConversion, APartThatIsGivenUpIsNamedAtTheEnd) {
+  ConversionBench bench;
+  bench.AddPart("PAD-9", 6, 2);
+  bench.AddPart("BULB", 6, 1);
+  bench.WillConfirm();
+  SharedFile held(bench.directory / "TQINVTAG.DAT", Access::ReadWrite, Deny::All);
+  bench.desktop.WillAnswer([&held](const ui::Box& box) {
+    EXPECT_EQ(box.title, "ReadInventory");
+    held.Close();
+    return Answer::Cancel;
+  });
+  bench.WillEndQuietly();
+  bench.Convert();
+  EXPECT_EQ(bench.desktop.boxes[2].text,
+            "Estimate # 001001 is now Workorder # 005001\r\r"
+            "The stock of these parts could not be read and was not changed:\r\rBULB");
+  EXPECT_EQ(bench.InStock("BULB"), 6);
+  EXPECT_EQ(bench.InStock("PAD-9"), 4);
+}
+
 TEST(StoppedConversion, ByANoteTooManyHasMovedTheStockAndWrittenNoFile) {
   ConversionBench bench;
   bench.AddPart("PAD-9", 6, 2);
