@@ -5,6 +5,7 @@
 #include <array>
 
 #include "board/frmMain.h"
+#include "frame/PathText.h"
 #include "start/CommandLine.h"
 #include "start/DataDirectory.h"
 #include "start/InitGlobals.h"
@@ -84,7 +85,7 @@ int Program::Run() {
   return kEndedInOrder;
 }
 
-std::string Program::LogPath() const { return state_->environment.log.Path().string(); }
+std::string Program::LogPath() const { return TextOfPath(state_->environment.log.Path()); }
 
 std::string PlatformComputerName() {
   std::array<char, 256> name{};

@@ -13,7 +13,7 @@ namespace lantos {
 
 // What the process was started with.
 struct Invocation {
-  std::string commandLine;   // all arguments, joined by blanks
+  std::string commandLine;   // all arguments, joined by blanks, in the form of TextOfPath
   std::string computerName;  // empty when it has none
   // How long a lock that another copy holds on the database is waited for.
   std::chrono::milliseconds busyTimeout = kBusyTimeout;
@@ -29,7 +29,7 @@ class Program {
   // From the first line of the main window's load event to the end. The result is an ExitCode. A start that the person
   // gives up ends the process from within, by Desktop::EndProcess.
   int Run();
-  // Of this run's log file; empty before it is open.
+  // Of this run's log file, in the program's page; empty before it is open.
   std::string LogPath() const;
 
  private:

@@ -12,6 +12,7 @@
 #include "estimatedb/sqlite/Dialect.h"
 #include "estimatedb/sqlite/SqlWords.h"
 #include "frame/Dates.h"
+#include "frame/PathText.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -56,9 +57,9 @@ std::string FirstRowWhere(std::string_view table, std::string_view column) {
 SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock, Mode mode,
                            std::chrono::milliseconds busyTimeout)
     : path_(std::filesystem::absolute(path)), clockVfs_(clock), busyTimeout_(busyTimeout) {
-  const std::string opening = fmt::format("opening \"{}\"", path_.string());
+  const std::string opening = fmt::format("opening \"{}\"", TextOfPath(path_));
   if (mode == Mode::New && std::filesystem::exists(path_)) {
-    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", path_.string()));
+    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", TextOfPath(path_)));
   }
   try {
     // One thread alone uses a connection, so it needs no mutex of its own.
@@ -206,7 +207,7 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
     if (code == SQLITE_BUSY || code == SQLITE_LOCKED) {
       throw DatabaseError(fmt::format("Another copy of the program has the database \"{}\" locked; it didn't become "
                                       "free within {:g} seconds. What was to be done in it was not done.\n\n{}",
-                                      path_.string(), std::chrono::duration<double>(busyTimeout_).count(), details),
+                                      TextOfPath(path_), std::chrono::duration<double>(busyTimeout_).count(), details),
                           DatabaseErrorKind::Locked);
     }
     const std::string description = FromUtf8(error.what());
