@@ -74,6 +74,30 @@ TEST(Start, EndsAtTheBoardWithItsFullCaption) {
                                                           "unloaded frmInvList", "unloaded frmMain"}));
 }
 
+TEST(Start, SetsEveryScreenInTheSizeOfTheFontFactor) {
+  Running run;
+  run.data.Put("Lantos.ini", "[BENCH1]\r\nFontFactor=3\r\n");
+  run.WillWork([&](frmMain& board) {
+    EXPECT_EQ(board.MonthView1.FontSize(), 12);
+    EXPECT_EQ(board.week.List1[0].FontSize(), 12);
+    for (const ui::Control* control : run.desktop.FindForm("frmInvList")->Controls()) {
+      const bool hasFont = dynamic_cast<const ui::Timer*>(control) == nullptr &&
+                           dynamic_cast<const ui::ProgressBar*>(control) == nullptr;
+      EXPECT_EQ(control->FontSize(), hasFont ? 12 : 0) << control->FullName();
+    }
+  });
+  EXPECT_EQ(run.Run(), 0);
+}
+
+TEST(Start, LeavesThePlatformsFontWhereNobodyAskedForAnother) {
+  Running run;
+  run.WillWork([&](frmMain& board) {
+    EXPECT_EQ(board.MonthView1.FontSize(), 0);
+    EXPECT_EQ(run.desktop.FindForm("frmInvList")->Controls().front()->FontSize(), 0);
+  });
+  EXPECT_EQ(run.Run(), 0);
+}
+
 TEST(Start, EndsTheProcessSilentlyWithoutADataDirectory) {
   Running run;
   std::filesystem::remove(run.data / "Lantos.mdb");
