@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "frame/ExitCodes.h"
+#include "frame/PathText.h"
 #include "frame/Text.h"
 #include "frame/Version.h"
 #include "start/Program.h"
@@ -43,7 +44,7 @@ struct DriveOptions {
 std::string JoinedArguments(int first, int count, char** arguments) {
   std::string joined;
   for (int i = first; i < count; ++i) joined += (i == first ? "" : " ") + std::string(arguments[i]);
-  return FromUtf8(joined);
+  return TextOfPath(joined);
 }
 
 int OwnArgumentCount(int count, char** arguments) {
@@ -115,7 +116,7 @@ int RunProgram(ui::Desktop& desktop, ui::Session& session, Clock& clock, const D
     Program program(desktop, clock, settings,
                     Invocation{options.programArguments, FromUtf8(options.computer),
                                std::chrono::milliseconds(options.busyTimeout)});
-    session.logPath = [&program] { return program.LogPath(); };
+    session.logPath = [&program] { return ToUtf8(program.LogPath()); };
     code = program.Run();
     session.logPath = nullptr;
   }

@@ -5,13 +5,13 @@
 
 #include "frame/Clock.h"
 #include "frame/ExitCodes.h"
+#include "frame/PathText.h"
 #include "frame/PlainWords.h"
 #include "frame/UserSettings.h"
 #include "frame/Version.h"
 #include "start/Program.h"
 #include "ui/qt/Platform.h"
 #include "ui/qt/QtDesktop.h"
-#include "ui/qt/Text.h"
 
 // The program for whoever sits in front of the screen.
 namespace lantos {
@@ -52,6 +52,13 @@ std::optional<std::string> AnswerOf(int count, char** arguments) {
   return std::nullopt;
 }
 
+// In the bytes that they were given in, since a directory's name may have any.
+std::string CommandLineOf(int count, char** arguments) {
+  std::string joined;
+  for (int i = 1; i < count; ++i) joined += (i == 1 ? "" : " ") + std::string(arguments[i]);
+  return TextOfPath(joined);
+}
+
 }  // namespace
 
 }  // namespace lantos
@@ -66,14 +73,12 @@ int main(int count, char** arguments) {
   QApplication::setApplicationName(QStringLiteral("lantos"));
   QApplication::setApplicationDisplayName(QString());
   // What the window system has taken for itself is no longer among the arguments.
-  const QStringList own = QApplication::arguments().mid(1);
-  if (!own.isEmpty() && own.first().startsWith(QLatin1Char('-'))) {
-    std::fprintf(stderr, "lantos: there is no option %s; lantos --help tells what there is.\n",
-                 own.first().toUtf8().constData());
+  if (count > 1 && arguments[1][0] == '-') {
+    std::fprintf(stderr, "lantos: there is no option %s; lantos --help tells what there is.\n", arguments[1]);
     return lantos::kWrongOptions;
   }
   try {
-    return lantos::RunProgram(lantos::ui::FromQt(own.join(QLatin1Char(' '))));
+    return lantos::RunProgram(lantos::CommandLineOf(count, arguments));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "lantos: %s\n", error.what());
     QMessageBox::critical(nullptr, QStringLiteral("Lantos"), QString::fromUtf8(lantos::WordsFor(error)));

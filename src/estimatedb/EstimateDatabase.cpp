@@ -6,6 +6,7 @@
 
 #include "estimatedb/EngineChoice.h"
 #include "estimatedb/Schema.h"
+#include "frame/PathText.h"
 
 namespace lantos {
 
@@ -22,7 +23,7 @@ DataEnvironment::Opener OpenerOf(std::string_view name, Environment& environment
 void CreateDatabase(const std::filesystem::path& path, const Clock& clock,
                     std::span<const std::string_view> statements) {
   if (std::filesystem::exists(path)) {
-    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", path.string()));
+    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", TextOfPath(path)));
   }
   try {
     const std::unique_ptr<Engine> engine = CreateDatabaseFile(path, clock);

@@ -117,11 +117,13 @@ class SnapshotFilling::VehicleMatcher {
     const auto known = firstLinks_.find(customer);
     if (known != firstLinks_.end()) return known->second;
     Customers& customers = records_.customers;
-    if (firstLinks_.empty()) customers.LoadCustomerTags();
+    if (firstLinks_.empty() && !customers.LoadCustomerTags()) GiveUp("The customer tags could not be read.");
     const std::size_t index = customers.IndexOf(customer);
-    const bool isThere = customer != 0 && index < customers.Count();
-    const auto master = isThere ? customers.Master(customers.Tag(index)) : std::nullopt;
-    return firstLinks_[customer] = master ? master->Get(customer::VLink) : kNoLink;
+    const bool isThere = customer != 0 && index < customers.Count() && !customers.LeadsNowhere(customers.Tag(index));
+    if (!isThere) return firstLinks_[customer] = kNoLink;
+    const std::optional<CustomerRecord> master = customers.Master(customers.Tag(index));
+    if (!master) GiveUp("The customer file could not be read.");
+    return firstLinks_[customer] = master->Get(customer::VLink);
   }
 
  private:

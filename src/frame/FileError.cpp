@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "frame/PathText.h"
+
 namespace lantos {
 
 namespace {
@@ -65,7 +67,7 @@ std::string Describe(FileErrorNumber number) {
 }
 
 FileError::FileError(FileErrorNumber number, const std::string& detail)
-    : std::runtime_error(TextOf(number) + " (" + detail + ")"), number_(number) {}
+    : std::runtime_error(TextOf(number) + " (" + TextOfPlatform(detail) + ")"), number_(number) {}
 
 std::string FileError::Text() const { return TextOf(number_); }
 

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "frame/NetworkMount.h"
+#include "frame/PathText.h"
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
 
@@ -17,32 +18,6 @@ namespace {
 constexpr mode_t kNewFileMode = 0666;  // the umask takes from it
 constexpr int kWaitsForAFile = 2;      // slow network drives don't answer at once
 
-// The length of the UTF-8 character at the front of a text, 0 when there is none.
-std::size_t Utf8Length(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text.front());
-  const std::size_t length = lead < 0x80   ? 1
-                             : lead < 0xC2 ? 0
-                             : lead < 0xE0 ? 2
-                             : lead < 0xF0 ? 3
-                             : lead < 0xF5 ? 4
-                                           : 0;
-  if (length == 0 || length > text.size()) return 0;
-  const std::string_view rest = text.substr(1, length - 1);
-  const bool whole = std::all_of(rest.begin(), rest.end(), [](char c) { return (c & 0xC0) == 0x80; });
-  return whole ? length : 0;
-}
-
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = Utf8Length(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
-// Command line and settings hand a path on as the system wrote it, which is UTF-8; a name that the program made or
-// read from a file is in the ANSI page. Text of that page hardly ever looks like UTF-8 by accident.
 std::string PlatformText(std::string_view text) {
   std::string path;
   path.reserve(text.size());
@@ -50,7 +25,7 @@ std::string PlatformText(std::string_view text) {
     if (c == '\\') c = '/';
     if (c != '/' || path.empty() || path.back() != '/') path += c;
   }
-  return IsUtf8(path) ? path : ToUtf8(path);
+  return PathOfText(path);
 }
 
 }  // namespace

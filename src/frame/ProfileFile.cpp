@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/LockedText.h"
+#include "frame/PathText.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -129,7 +130,7 @@ std::string ProfileFile::Get(std::string_view section, std::string_view key, std
 bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
   if (Edit(section, key, value)) return true;
   if (logFailure_) {
-    logFailure_("[" + std::string(section) + "] " + std::string(key) + " could not be saved in " + path_.string());
+    logFailure_("[" + std::string(section) + "] " + std::string(key) + " could not be saved in " + TextOfPath(path_));
   }
   return false;
 }

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "frame/Dates.h"
+#include "frame/PathText.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -62,7 +63,7 @@ void RunLog::Write(std::string_view message) noexcept {
   if (!file_.IsOpen()) return;
   try {
     std::string line = Stamp();
-    line += message;
+    line += WithReadableEscapes(message);
     line += "\r\n";
     file_.WriteAt(offset_, std::as_bytes(std::span(line)));
     offset_ += line.size();

@@ -1,6 +1,7 @@
 #include <array>
 #include <cstdint>
 
+#include "frame/CodePoints.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -13,19 +14,21 @@ constexpr std::array<std::uint16_t, 32> kMiddle = {0x20AC, 0x0081, 0x201A, 0x019
                                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char32_t ToCodePoint(unsigned char c) { return c >= 0x80 && c < 0xA0 ? kMiddle[c - 0x80u] : c; }
+}  // namespace
 
-char ToPage(char32_t point) {
+char32_t OfPage(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte >= 0x80 && byte < 0xA0 ? kMiddle[byte - 0x80u] : byte;
+}
+
+std::optional<char> InPage(char32_t point) {
   if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<char>(point);
   for (std::size_t i = 0; i < kMiddle.size(); ++i) {
     if (kMiddle[i] == point) return static_cast<char>(0x80 + i);
   }
-  return '?';
+  return std::nullopt;
 }
 
-constexpr char32_t kMalformed = 0xFFFFFFFF;
-
-// One code point from position on; position moves behind what was read (one byte of malformed text).
 char32_t NextCodePoint(std::string_view utf8, std::size_t& position) {
   const auto lead = static_cast<unsigned char>(utf8[position++]);
   if (lead < 0x80) return lead;
@@ -43,25 +46,22 @@ char32_t NextCodePoint(std::string_view utf8, std::size_t& position) {
   return point;
 }
 
-}  // namespace
-
-std::string ToUtf8(std::string_view ansi) {
-  std::string result;
-  result.reserve(ansi.size());
-  for (char c : ansi) {
-    const char32_t point = ToCodePoint(static_cast<unsigned char>(c));
-    if (point < 0x80) {
-      result += static_cast<char>(point);
-    } else if (point < 0x800) {
-      result += static_cast<char>(0xC0 | (point >> 6));
-      result += static_cast<char>(0x80 | (point & 0x3F));
+void AppendUtf8(std::string& text, char32_t point) {
+  const auto add = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  const auto follow = [&](unsigned shift) { add(0x80 | ((point >> shift) & 0x3F)); };
+  if (point < 0x80) return add(point);
+  if (point < 0x800) {
+    add(0xC0 | (point >> 6));
+  } else {
+    if (point < 0x10000) {
+      add(0xE0 | (point >> 12));
     } else {
-      result += static_cast<char>(0xE0 | (point >> 12));
-      result += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-      result += static_cast<char>(0x80 | (point & 0x3F));
+      add(0xF0 | (point >> 18));
+      follow(12);
     }
+    follow(6);
   }
-  return result;
+  follow(0);
 }
 
 std::string FromUtf8(std::string_view utf8) {
@@ -69,7 +69,7 @@ std::string FromUtf8(std::string_view utf8) {
   result.reserve(utf8.size());
   for (std::size_t position = 0; position < utf8.size();) {
     const char32_t point = NextCodePoint(utf8, position);
-    result += point == kMalformed ? '?' : ToPage(point);
+    result += point == kMalformed ? '?' : InPage(point).value_or('?');
   }
   return result;
 }

@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "frame/PathText.h"
 #include "frame/ProfileFile.h"
 #include "frame/Text.h"
 
@@ -46,7 +47,7 @@ void UserSettings::Save(std::string_view application, std::string_view section, 
   std::filesystem::create_directories(directory_, noDirectory);
   const std::filesystem::path file = FileOf(application);
   if (ProfileFile(file).Put(section, key, value) || !logFailure) return;
-  logFailure("Setting " + std::string(key) + " could not be saved in " + file.string() +
+  logFailure("Setting " + std::string(key) + " could not be saved in " + TextOfPath(file) +
              (noDirectory ? ": " + noDirectory.message() : ""));
 }
 

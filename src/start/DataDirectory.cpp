@@ -1,5 +1,6 @@
 #include "start/DataDirectory.h"
 
+#include "frame/PathText.h"
 #include "frame/Text.h"
 #include "start/frmEnterDir.h"
 
@@ -32,11 +33,15 @@ std::string AskForDirectory(Environment& environment, ui::Desktop& desktop) {
 void ProcessCommandLine(Environment& environment, const std::string& commandLine) {
   const std::string line = Trim(commandLine);
   if (!line.starts_with("/D=") && !line.starts_with("/d=")) return;
-  environment.settings.Save(kMainApplication, kSettingsSection, kDataDirKey, WithBackslash(line.substr(3)));
+  StoreDataDir(environment, WithBackslash(line.substr(3)));
+}
+
+void StoreDataDir(Environment& environment, const std::string& directory) {
+  environment.settings.Save(kMainApplication, kSettingsSection, kDataDirKey, StoredPathText(directory));
 }
 
 std::string StoredDataDir(const Environment& environment) {
-  std::string directory = environment.settings.Get(kMainApplication, kSettingsSection, kDataDirKey);
+  std::string directory = TextOfPlatform(environment.settings.Get(kMainApplication, kSettingsSection, kDataDirKey));
   if (directory.ends_with('/')) directory.back() = '\\';
   return directory;
 }

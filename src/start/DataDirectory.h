@@ -7,9 +7,15 @@
 
 namespace lantos {
 
+// DataDir as the program has it: text with "\\" or "/" at its end, in the form of TextOfPath. Stored it is in the page,
+// or in UTF-8 where the page hasn't got a character of it.
+
 // "/D=" or "/d=" and a directory: stored as the main application's DataDir setting, with a final backslash, and read
 // from there by what follows. There is no other switch.
 void ProcessCommandLine(Environment& environment, const std::string& commandLine);
+
+// Makes it the main application's DataDir setting. One that can't be written is lost; the log hears of it, once open.
+void StoreDataDir(Environment& environment, const std::string& directory);
 
 // The main application's DataDir setting; a final "/" comes back as a backslash, while the stored one keeps it.
 std::string StoredDataDir(const Environment& environment);

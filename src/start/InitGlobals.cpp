@@ -41,6 +41,14 @@ void MakeUpdateFile(Shop& shop) {
   DeleteOldUpdateFiles(environment.files, today);
 }
 
+// The other screens take over the size of the main window. A factor of one leaves the platform's own font, since one is
+// what a shop has that never asked for another.
+void SetMainWindowFont(Shop& shop) {
+  ui::Form* mainWindow = shop.desktop.FindForm("frmMain");
+  if (mainWindow == nullptr || shop.environment.fontFactor <= 1) return;
+  ui::ApplyFontFactor(*mainWindow, shop.environment.fontFactor);
+}
+
 void LoadSharedTables(Records& records) {
   records.employees.LoadEmployees();
   records.passwords.LoadPasswords();
@@ -77,6 +85,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   MakeUpdateFile(shop);
   ProfileFile profile = environment.Profile();
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
+  SetMainWindowFont(shop);
   environment.statusOptions = LoadStatusOptions(profile);
   environment.shopOptions = LoadShopOptions(profile);
   shop.records.inventory.SizeArrays();

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "board/frmMain.h"
+#include "frame/PathText.h"
 #include "frame/PlainWords.h"
 #include "start/CommandLine.h"
 #include "start/DataDirectory.h"
@@ -97,7 +98,7 @@ std::string Program::Keys() {
   return KeyPage(forms);
 }
 
-std::string Program::LogPath() const { return state_->environment.log.Path().string(); }
+std::string Program::LogPath() const { return TextOfPath(state_->environment.log.Path()); }
 
 std::string PlatformComputerName() {
   std::array<char, 256> name{};

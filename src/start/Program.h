@@ -13,7 +13,7 @@ namespace lantos {
 
 // What the process was started with.
 struct Invocation {
-  std::string commandLine;   // all arguments, joined by blanks
+  std::string commandLine;   // all arguments, joined by blanks, in the form of TextOfPath
   std::string computerName;  // empty when it has none
   // How long a lock that another copy holds on the database is waited for.
   std::chrono::milliseconds busyTimeout = kBusyTimeout;
@@ -31,7 +31,7 @@ class Program {
   int Run();
   // The page of all keys of all forms (UTF-8). No file is read for it, and no window made.
   std::string Keys();
-  // Of this run's log file; empty before it is open.
+  // Of this run's log file, in the program's page; empty before it is open.
   std::string LogPath() const;
 
  private:

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "frame/PathText.h"
 #include "frame/Text.h"
+#include "start/DataDirectory.h"
 
 namespace lantos {
 
@@ -11,11 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A name that the program's page can't hold, or with a separator of the rules in it, could not be found again.
-bool IsAddressable(const fs::path& path) {
-  const std::string name = path.string();
-  return name.find('\\') == std::string::npos && ToUtf8(FromUtf8(name)) == name;
-}
+// A name with a separator of the rules in it could not be found again.
+bool IsAddressable(const fs::path& path) { return path.native().find('\\') == std::string::npos; }
 
 // Sub-directories by name; those whose name begins with a dot stay out. What can't be read has none.
 std::vector<fs::path> SubDirectories(const fs::path& path) {
@@ -46,7 +45,32 @@ std::vector<fs::path> Drives() {
   return drives;
 }
 
-std::string TextOf(const fs::path& path) { return FromUtf8(path.string()); }
+// What a field with the path in it gives back, since fields hold the page alone.
+std::string AsTyped(const std::string& name) { return FromUtf8(ToUtf8(name)); }
+
+// The one directory in the parent that reads like this in a field; the name itself where there is none, or several.
+fs::path Meant(const fs::path& parent, const fs::path& name) {
+  std::vector<fs::path> alike;
+  std::error_code error;
+  for (fs::directory_iterator at(parent, error), end; !error && at != end; at.increment(error)) {
+    const fs::path found = at->path().filename();
+    std::error_code ignored;
+    if (AsTyped(TextOfPath(found)) == TextOfPath(name) && at->is_directory(ignored)) alike.push_back(found);
+  }
+  return parent / (alike.size() == 1 ? alike.front() : name);
+}
+
+// A "?" in what a field gives stands for a character beyond the page, unless a directory bears it.
+std::string WithoutDoubt(const std::string& typed) {
+  std::error_code ignored;
+  if (typed.find('?') == std::string::npos || fs::exists(PlatformPath(typed), ignored)) return typed;
+  fs::path path;
+  for (const fs::path& name : PlatformPath(typed)) {
+    const bool isDoubtful = name.native().find('?') != std::string::npos;
+    path = isDoubtful ? Meant(path, name) : path / name;
+  }
+  return TextOfPath(path);
+}
 
 }  // namespace
 
@@ -64,7 +88,8 @@ frmEnterDir::frmEnterDir(ui::Desktop& desktop, Environment& environment)
 
   Drive1.OnClick = [this] { GoTo(drives_, Drive1.ListIndex()); };
   Dir1.OnClick = [this] {
-    if (Dir1.ListIndex() >= 0) TextString.SetText(TextOf(directories_.at(static_cast<std::size_t>(Dir1.ListIndex()))));
+    if (Dir1.ListIndex() >= 0)
+      TextString.SetText(TextOfPath(directories_.at(static_cast<std::size_t>(Dir1.ListIndex()))));
   };
   Dir1.OnDoubleClick = [this] { GoTo(directories_, Dir1.ListIndex()); };
   Dir1.OnKeyDown = [this](ui::KeyPress& key) {
@@ -76,7 +101,7 @@ frmEnterDir::frmEnterDir(ui::Desktop& desktop, Environment& environment)
 
 void frmEnterDir::OnLoad() {
   drives_ = Drives();
-  for (const fs::path& drive : drives_) Drive1.AddItem(TextOf(drive));
+  for (const fs::path& drive : drives_) Drive1.AddItem(TextOfPath(drive));
   // The person's own directory where there is one.
   Drive1.SetListIndex(std::min(1, Drive1.ListCount() - 1));
   // What stands there at first isn't a choice of the person's.
@@ -89,7 +114,7 @@ void frmEnterDir::GoTo(const std::vector<fs::path>& places, int row) {
   // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const fs::path path = places.at(static_cast<std::size_t>(row));
   ShowDirectory(path);
-  TextString.SetText(TextOf(path));
+  TextString.SetText(TextOfPath(path));
 }
 
 void frmEnterDir::ShowDirectory(const fs::path& path) {
@@ -101,16 +126,16 @@ void frmEnterDir::ShowDirectory(const fs::path& path) {
   }
   for (const fs::path& directory : SubDirectories(path)) {
     directories_.push_back(directory);
-    Dir1.AddItem(TextOf(directory.filename()));
+    Dir1.AddItem(TextOfPath(directory.filename()));
   }
 }
 
 void frmEnterDir::Accept() {
-  answer = Trim(TextString.Text());
+  answer = WithoutDoubt(Trim(TextString.Text()));
   if (!answer.empty()) {
     // The main application reads the same setting, and expects it to end so.
     if (!answer.ends_with('/')) answer += '/';
-    environment_.settings.Save(kMainApplication, kSettingsSection, "DataDir", answer);
+    StoreDataDir(environment_, answer);
     environment_.files.SetDataDir(answer);
   }
   Hide();

@@ -1,6 +1,19 @@
 #include "ui/Form.h"
 
+#include "ui/GlobalKeys.h"
+
 namespace lantos::ui {
+
+namespace {
+
+// Every screen is set in the size of the first one loaded, which is the main window; what a screen sets on its own
+// account while it loads stays.
+void TakeFontSize(Form& form, const Form& mainWindow) {
+  const int points = mainWindow.Controls().empty() ? 0 : mainWindow.Controls().front()->FontSize();
+  if (points > 0) ApplyFontFactor(form, (points - 6) / 2);
+}
+
+}  // namespace
 
 Form::Form(Desktop& desktop, std::string name, std::string caption)
     : MenuBar(*this), desktop_(desktop), name_(std::move(name)), caption_(std::move(caption)) {}
@@ -26,6 +39,7 @@ void Form::SetBackColor(std::optional<Color> color) {
 void Form::LoadForm() {
   if (loaded_) return;
   loaded_ = true;
+  if (!desktop_.LoadedForms().empty()) TakeFontSize(*this, *desktop_.LoadedForms().front());
   desktop_.Remember(*this);
   desktop_.FormLoaded(*this);
   OnLoad();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/PathText.h"
 #include "frame/Text.h"
 
 namespace lantos::ui {
@@ -50,7 +51,7 @@ void ShowHelpFile(Desktop& desktop, const FileIO& files, std::string directory, 
   if (!directory.ends_with('\\') && !directory.ends_with('/')) directory += '\\';
   const std::string path = directory + name;
   // Names in the data directory are found in any case.
-  const std::string found = inDataDir ? FromUtf8(files.PathOf(name).string()) : path;
+  const std::string found = inDataDir ? TextOfPath(files.PathOf(name)) : path;
   if (RunShell(desktop, "\"" + found + "\"", "") < kFirstGoodRunResult) {
     desktop.Tell("Could not locate " + path, "Missing help file");
   }

@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include "frame/PathText.h"
+
 namespace lantos {
 
 namespace {
@@ -26,7 +28,7 @@ DatabaseFileKind KindOfDatabaseFile(std::string_view firstBytes) {
 }
 
 std::string RefusalOf(DatabaseFileKind kind, const std::filesystem::path& path) {
-  const std::string file = path.string();
+  const std::string file = TextOfPath(path);
   switch (kind) {
     case DatabaseFileKind::Jet:
       return fmt::format(

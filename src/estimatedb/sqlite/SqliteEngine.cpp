@@ -12,6 +12,7 @@
 #include "estimatedb/sqlite/Dialect.h"
 #include "estimatedb/sqlite/SqlWords.h"
 #include "frame/Dates.h"
+#include "frame/PathText.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -85,9 +86,9 @@ std::string FirstRowWhere(std::string_view table, std::string_view column) {
 SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock, Mode mode,
                            std::chrono::milliseconds busyTimeout)
     : path_(std::filesystem::absolute(path)), clockVfs_(clock), busyTimeout_(busyTimeout) {
-  const std::string opening = fmt::format("opening \"{}\"", path_.string());
+  const std::string opening = fmt::format("opening \"{}\"", TextOfPath(path_));
   if (mode == Mode::New && std::filesystem::exists(path_)) {
-    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", path_.string()));
+    throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", TextOfPath(path_)));
   }
   try {
     // One thread alone uses a connection, so it needs no mutex of its own.
@@ -235,13 +236,13 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
     const std::string description = FromUtf8(error.what());
     const DatabaseErrorKind kind = KindOf(code, error.getExtendedErrorCode(), description);
     if (kind != DatabaseErrorKind::Locked) {
-      const std::string words = std::string(WordsOf(kind)) + (IsOfTheFile(kind) ? "\n\n" + path_.string() : "");
+      const std::string words = std::string(WordsOf(kind)) + (IsOfTheFile(kind) ? "\n\n" + TextOfPath(path_) : "");
       throw DatabaseError(fmt::format("{}\n\n{}", description, details), kind, code, words);
     }
     const std::string words = fmt::format(
         "Another copy of the program has the database \"{}\" locked; it didn't become free within {:g} "
         "seconds. What was to be done in it was not done.",
-        path_.string(), std::chrono::duration<double>(busyTimeout_).count());
+        TextOfPath(path_), std::chrono::duration<double>(busyTimeout_).count());
     throw DatabaseError(fmt::format("{}\n\n{}", words, details), kind, code, words);
   }
 }

@@ -146,7 +146,7 @@ std::string FormPlace::Select(const Line& line) {
 }
 
 std::vector<int> FormPlace::RowsToSelect(const Line& line, const Control& control) const {
-  if (line.Has("text")) return {RowOfText(control, line.Text("text"))};
+  if (line.Has("text")) return {RowOfText(control, line.WholeText("text"))};
   if (line.Has("row")) {
     const int row = line.Number("row");
     RowCount(control);

@@ -4,6 +4,7 @@
 #include <limits>
 #include <span>
 
+#include "frame/PathText.h"
 #include "frame/Text.h"
 
 namespace lantos::ui {
@@ -114,6 +115,10 @@ Line::Line(std::string_view text) {
 
 std::string Line::Text(std::string_view member) const {
   return FromUtf8(json_.at(std::string(member)).get<std::string>());
+}
+
+std::string Line::WholeText(std::string_view member) const {
+  return TextOfPath(json_.at(std::string(member)).get<std::string>());
 }
 
 int Line::Number(std::string_view member) const { return json_.at(std::string(member)).get<int>(); }

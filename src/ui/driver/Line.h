@@ -29,6 +29,8 @@ class Line {
   bool Has(std::string_view member) const { return json_.contains(member); }
   bool IsNull(std::string_view member) const { return json_.at(std::string(member)).is_null(); }
   std::string Text(std::string_view member) const;
+  // The same in the form of TextOfPath: what a list shows may have characters beyond the page.
+  std::string WholeText(std::string_view member) const;
   int Number(std::string_view member) const;
   std::vector<int> Numbers(std::string_view member) const;
   bool Flag(std::string_view member, bool whenAbsent = false) const;

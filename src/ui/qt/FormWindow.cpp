@@ -39,6 +39,26 @@ Qt::WindowFlags FlagsOf(const Form& form) {
          Qt::WindowCloseButtonHint;
 }
 
+// In points, where all controls that have a font have one of a size of their own; else 0.
+int CommonFontSize(const Form& form) {
+  int smallest = 0;
+  for (const Control* control : form.Controls()) {
+    if (dynamic_cast<const Timer*>(control) != nullptr || dynamic_cast<const ProgressBar*>(control) != nullptr)
+      continue;
+    if (control->FontSize() == 0) return 0;
+    smallest = smallest == 0 ? control->FontSize() : std::min(smallest, control->FontSize());
+  }
+  return smallest;
+}
+
+// For labels that are no controls.
+void SetFontSize(QWidget& root, int points) {
+  if (points == 0) return;
+  QFont font = root.font();
+  font.setPointSize(points);
+  root.setFont(font);
+}
+
 }  // namespace
 
 FormWindow::FormWindow(QtDesktop& desktop, Form& form)
@@ -47,6 +67,7 @@ FormWindow::FormWindow(QtDesktop& desktop, Form& form)
   setObjectName(QString::fromStdString(form.Name()));
   root_ = LoadFormFile(form.Name()).release();
   setCentralWidget(root_);
+  SetFontSize(*root_, CommonFontSize(form));
   Bind();
   form.SetPeer(this);
   CaptionChanged();

@@ -54,7 +54,7 @@ class ListPeer : public RowsPeer {
     for (int row = 0; row < list_.count(); ++row) {
       const QListWidgetItem& item = *list_.item(row);
       ListRow& shown = (*state.rows)[static_cast<std::size_t>(row)];
-      shown.text = FromQt(item.text());
+      shown.text = ShownText(item.text());
       shown.selected = item.isSelected();
       if (box_.CheckBoxes()) shown.checked = item.checkState() == Qt::Checked;
     }
@@ -132,11 +132,11 @@ class ComboPeer : public WidgetPeer {
 
   void Read(ControlState& state) const override {
     WidgetPeer::Read(state);
-    state.text = FromQt(combo_.currentText());
+    state.text = ShownText(combo_.currentText());
     state.selected = SelectedRow();
     state.rows->resize(static_cast<std::size_t>(combo_.count()));
     for (int row = 0; row < combo_.count(); ++row) {
-      (*state.rows)[static_cast<std::size_t>(row)].text = FromQt(combo_.itemText(row));
+      (*state.rows)[static_cast<std::size_t>(row)].text = ShownText(combo_.itemText(row));
       (*state.rows)[static_cast<std::size_t>(row)].selected = row == *state.selected;
     }
     if (box_.Editable()) state.caret = combo_.lineEdit()->cursorPosition();

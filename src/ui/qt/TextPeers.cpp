@@ -45,7 +45,7 @@ class LinePeer : public WidgetPeer {
 
   void Read(ControlState& state) const override {
     WidgetPeer::Read(state);
-    state.text = FromQt(edit_.text());
+    state.text = ShownText(edit_.text());
     state.locked = edit_.isReadOnly();
     state.caret = edit_.cursorPosition();
   }

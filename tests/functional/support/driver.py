@@ -53,7 +53,7 @@ class Lantos:
         self.answer = None
         self.finished = False
         self._errors_path = self.home / f"{name}.stderr"
-        self._record = open(self.home / f"{name}.transcript", "w", encoding="utf-8")
+        self._record = open(self.home / f"{name}.transcript", "w", encoding="utf-8", errors="surrogateescape")
         self._errors = open(self._errors_path, "w", encoding="utf-8")
         self._answers = queue.Queue()
         command = [str(program_path()), "--desktop", desktop, "--settings", str(self.settings),
@@ -294,7 +294,7 @@ class Lantos:
     def evidence(self):
         if not self._record.closed:
             self._record.flush()
-        transcript = Path(self._record.name).read_text(encoding="utf-8").splitlines()[-12:]
+        transcript = Path(self._record.name).read_text(encoding="utf-8", errors="replace").splitlines()[-12:]
         shown = "\n".join(line[:2000] for line in transcript)
         return f"--- transcript\n{shown}\n--- stderr\n{self.errors()[-4000:]}"
 

@@ -280,6 +280,26 @@ TEST_F(UpgradesOfEngines, NullsOfTheSnapshotBecomeBlanks) {
   EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | | | | "));
 }
 
+// Else all rows would have blanks for good, since their columns are there from then on.
+TEST_F(UpgradesOfEngines, GivingUpOnACustomerFileUndoesTheColumnsAndTheNextStartTriesAgain) {
+  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
+  for (const char* file : {"TQCSTTAG.DAT", "TQCSTDAT.DAT"}) {
+    const SharedFile held = HeldByAnother(file);
+    desktop.WillAnswer(ui::Answer::Cancel);
+    EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("customer")) << file;
+    EXPECT_THAT(Columns("Estimates"), testing::Not(testing::Contains(HasSubstr("VehEng")))) << file;
+  }
+  Run();
+  EXPECT_THAT(Engines(), ElementsAre("byVin|Auto"));
+}
+
+TEST_F(UpgradesOfEngines, ACustomerTagThatLeadsNowhereIsOneWithoutVehicles) {
+  Put("TQCSTTAG.DAT", CustomerTagImage(77, "Smith,Ann", 31700));
+  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
+  Run();
+  EXPECT_THAT(Engines(), ElementsAre(" | "));
+}
+
 TEST_F(UpgradesOfEngines, TheLinkOfTheRowIsNotLookedAt) {
   PutRow(1, 78, "1980", "Opel", "Kadett", "OTHER", "XYZ");
   Run();

@@ -48,6 +48,31 @@ TEST(Layout, NothingOnAnyFormIsCutOffOnASmallScreen) {
   }
 }
 
+// Of the screens that are opened from the board; the board itself has views, below.
+TEST(Layout, InALargeFontEveryScreenFitsASmallScreenAndIsSetInItWholly) {
+  for (const int factor : {3, 4}) {
+    WindowShop shop;
+    ui::Form& board = *shop.forms.front();
+    board.LoadForm();
+    ui::ApplyFontFactor(board, factor);
+    for (const auto& form : shop.forms) {
+      if (form.get() == &board || form->Name() == "frmSplash") continue;  // the splash comes before the size is known
+      SCOPED_TRACE(form->Name() + ", factor " + std::to_string(factor));
+      form->Show();
+      shop.windows.Settle();
+      ui::FormWindow& window = *shop.windows.WindowOf(*form);
+      const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+      EXPECT_LE(least.width(), kRoom.width());
+      EXPECT_LE(least.height(), kRoom.height());
+      for (const QLabel* label : window.findChildren<QLabel*>()) {
+        EXPECT_EQ(label->font().pointSize(), factor * 2 + 6) << label->objectName().toStdString();
+      }
+      ExpectWholeTexts(window);
+      form->Hide();
+    }
+  }
+}
+
 // Points of the window system's font, for as long as it lives.
 struct FontOf {
   explicit FontOf(int points) {

@@ -74,6 +74,30 @@ TEST(Start, EndsAtTheBoardWithItsFullCaption) {
                                                           "unloaded frmInvList", "unloaded frmMain"}));
 }
 
+TEST(Start, SetsEveryScreenInTheSizeOfTheFontFactor) {
+  Running run;
+  run.data.Put("Lantos.ini", "[BENCH1]\r\nFontFactor=3\r\n");
+  run.WillWork([&](frmMain& board) {
+    EXPECT_EQ(board.MonthView1.FontSize(), 12);
+    EXPECT_EQ(board.week.List1[0].FontSize(), 12);
+    for (const ui::Control* control : run.desktop.FindForm("frmInvList")->Controls()) {
+      const bool hasFont = dynamic_cast<const ui::Timer*>(control) == nullptr &&
+                           dynamic_cast<const ui::ProgressBar*>(control) == nullptr;
+      EXPECT_EQ(control->FontSize(), hasFont ? 12 : 0) << control->FullName();
+    }
+  });
+  EXPECT_EQ(run.Run(), 0);
+}
+
+TEST(Start, LeavesThePlatformsFontWhereNobodyAskedForAnother) {
+  Running run;
+  run.WillWork([&](frmMain& board) {
+    EXPECT_EQ(board.MonthView1.FontSize(), 0);
+    EXPECT_EQ(run.desktop.FindForm("frmInvList")->Controls().front()->FontSize(), 0);
+  });
+  EXPECT_EQ(run.Run(), 0);
+}
+
 TEST(Start, EndsTheProcessSilentlyWithoutADataDirectory) {
   Running run;
   std::filesystem::remove(run.data / "Lantos.mdb");
@@ -88,29 +112,6 @@ TEST(Start, GivenUpAtTheSystemFileIsACancelledOne) {
   const SharedFile held(run.data / "TQSYSTEM.DAT", Access::Read, Deny::All);
   run.desktop.WillAnswer(Answer::Cancel);
   EXPECT_EQ(run.RunToTheEnd(), kStartCancelled);
-}
-
-TEST(Start, NamesADirectoryWithoutTheSwitchAndGoesOn) {
-  for (const std::string line : {"/srv/shop", " ./shop ", "shop", "x /D=/srv/shop", "D=/srv/shop", "-D=/srv/shop"}) {
-    Running run;
-    run.desktop.WillAnswer([&](const ui::Box& box) {
-      EXPECT_NE(box.text.find("\"" + Trim(line) + "\" on the command line"), std::string::npos) << box.text;
-      EXPECT_NE(box.text.find("/D="), std::string::npos);
-      EXPECT_EQ(box.icon, ui::Icon::Exclamation);
-      return Answer::Ok;
-    });
-    run.WillClose();
-    EXPECT_EQ(run.Run(line), kEndedInOrder);
-    EXPECT_EQ(run.StoredDataDir(), run.data.DataDir());
-  }
-}
-
-TEST(Start, NamesASwitchOfAnotherLetterInTheLogAndOnTheStatusLine) {
-  Running run;
-  run.WillClose();
-  EXPECT_EQ(run.Run("/X=/srv/shop"), kEndedInOrder);
-  EXPECT_TRUE(run.desktop.boxes.empty());
-  EXPECT_NE(run.Log("LN930000.LOG").find("\"/X=/srv/shop\" on the command line is not understood."), std::string::npos);
 }
 
 TEST(Start, AnErrorIsShownAndEndsTheRunWithCodeOne) {

@@ -86,5 +86,19 @@ TEST(ApplyFontFactor, IsTwiceTheFactorAndSixForWhatHasAFont) {
   EXPECT_EQ(form.label.FontSize(), 12);
 }
 
+TEST(ApplyFontFactor, ReachesEveryScreenThatIsLoadedOverTheMainWindow) {
+  test::TestDesktop desktop;
+  ListForm mainWindow(desktop);
+  mainWindow.LoadForm();
+  ListForm plain(desktop);
+  plain.LoadForm();
+  EXPECT_EQ(plain.list.FontSize(), 0) << "the platform's own";
+  ApplyFontFactor(mainWindow, 4);
+  ListForm form(desktop);
+  form.LoadForm();
+  EXPECT_EQ(form.list.FontSize(), 14);
+  EXPECT_EQ(form.label.FontSize(), 14);
+}
+
 }  // namespace
 }  // namespace lantos::ui
