@@ -28,8 +28,7 @@ void frmReschedule::Accept() {
   Estimate& current = database_.estimates.CurrentEstimate;
   const Estimate old = current;
   const DaySerial date = DTPicker1.Value();
-  const std::int32_t copy = database_.estimates.CreateEstimate(date, kScheduled);
-  database_.estimates.CloneEstimateContents(old.EstimateNumber, copy);
+  if (copiedTo_ != date) CopyTo(date);
   const bool staysEstimateOnly = old.Status == kEstimateOnly;
   if (!staysEstimateOnly) {
     database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);
@@ -42,6 +41,13 @@ void frmReschedule::Accept() {
   ok = true;
   newDate = date;
   Hide();
+}
+
+// Once for a day: when the database refuses what comes behind it, the next try goes on from there.
+void frmReschedule::CopyTo(DaySerial date) {
+  const std::int32_t copy = database_.estimates.CreateEstimate(date, kScheduled);
+  database_.estimates.CloneEstimateContents(database_.estimates.CurrentEstimate.EstimateNumber, copy);
+  copiedTo_ = date;
 }
 
 }  // namespace lantos

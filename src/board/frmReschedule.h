@@ -24,8 +24,10 @@ class frmReschedule : public OkCancelForm {
  private:
   void OnActivate() override { DTPicker1.SetFocus(); }
   void Accept() override;
+  void CopyTo(DaySerial date);
 
   EstimateDatabase& database_;
+  DaySerial copiedTo_ = 0;  // 0: not yet
 };
 
 }  // namespace lantos

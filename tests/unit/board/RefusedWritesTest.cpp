@@ -113,6 +113,21 @@ TEST(RefusedReschedule, ShowsWhatWasDoneOfIt) {
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday])[0], "000900 Rescheduled");
 }
 
+TEST(RefusedReschedule, TriedAgainGoesOnWithTheCopyThatWasMade) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Comments");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    bench.Allow();
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_EQ(bench.Ask("select count(*) as Copies from Estimates"), "2");
+  EXPECT_EQ(bench.NextNumber(), 1002);
+  EXPECT_EQ(bench.StoredComments().substr(0, 15), "Rescheduled for");
+}
+
 TEST(RefusedCustomer, LeavesTheOneOfBeforeOnTheScreen) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);
