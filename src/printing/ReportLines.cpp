@@ -19,6 +19,11 @@ void ReportLines::AddHeading(const std::string& text) {
   kinds_.back() = ui::LineKind::Heading;
 }
 
+void ReportLines::AddLeading(const std::string& text) {
+  Add(text);
+  kinds_.back() = ui::LineKind::Leading;
+}
+
 void ReportLines::AddRule(const std::string& text) {
   Add(text);
   kinds_.back() = ui::LineKind::Rule;

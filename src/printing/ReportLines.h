@@ -22,7 +22,8 @@ class ReportLines {
            const std::string& amount3 = " ");
   void AddBlank() { Add(" "); }
   void AddHeading(const std::string& text);
-  void AddRule(const std::string& text);  // for somebody to write on
+  void AddLeading(const std::string& text);  // goes with what follows
+  void AddRule(const std::string& text);     // for somebody to write on
 
   const std::vector<std::vector<std::string>>& Rows() const { return rows_; }
   const std::vector<ui::LineKind>& Kinds() const { return kinds_; }

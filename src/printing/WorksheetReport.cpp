@@ -77,10 +77,10 @@ void WorksheetReport::ComposeLabor(ReportLines& lines) const {
   Recordset& rows = database_.lantosData.LaborForEstimate(Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const LaborText text = LaborOnPaper(rows.Text("Description"));
-    bool first = true;  // it heads what is written about this labor
+    bool first = true;
     for (const std::string& line : text) {
       if (line.empty()) continue;
-      first ? lines.AddHeading(line) : lines.Add(line);
+      first ? lines.AddHeading(line) : blankLines > 0 ? lines.AddLeading(line) : lines.Add(line);
       first = false;
     }
     if (blankLines <= 0) continue;

@@ -120,9 +120,12 @@ class Pages {
       room -= layout_.lines[end].height;
       if (room < 0) break;
     }
-    const auto isHeading = [this](std::size_t at) { return layout_.lines[at].kind == LineKind::Heading; };
+    const auto leads = [this](std::size_t at) {
+      const LineKind kind = layout_.lines[at].kind;
+      return kind == LineKind::Heading || kind == LineKind::Leading;
+    };
     const std::size_t full = end;
-    while (end < layout_.lines.size() && end > line && isHeading(end - 1)) --end;
+    while (end < layout_.lines.size() && end > line && leads(end - 1)) --end;
     return (end == line ? full : end) - line;
   }
 
@@ -166,6 +169,7 @@ double HeightOf(LineKind kind, const ReportDesign& design, double pitch) {
       return pitch + design.aboveHeading;
     case LineKind::Rule:
       return std::max(pitch, design.ruleHeight);
+    case LineKind::Leading:
     case LineKind::Text:
       break;
   }

@@ -61,8 +61,9 @@ struct ReportDesign {
   std::vector<ReportBox> boxes;
 };
 
-// What a line is to the design. A heading isn't left alone at the foot of a page.
-enum class LineKind { Text, Heading, Rule };
+// What a line is to the design. Headings and leading lines aren't left at the foot of a page without what follows them;
+// a heading has air above it.
+enum class LineKind { Text, Heading, Leading, Rule };
 
 // A design, filled in.
 struct Report {

@@ -105,6 +105,21 @@ TEST_F(WorksheetOnPaper, HasRoomForAPenAndForAllOfTheComments) {
   EXPECT_EQ(rules, 5u);
 }
 
+// The rules of a job stand on the page that names it.
+TEST_F(WorksheetOnPaper, NoPageEndsBetweenAJobAndItsRules) {
+  Options().PrintVehSummaryOnWorksheet = false;
+  Options().BlankLinesPerLabor = 3;
+  for (int number = 1; number <= 40; ++number) {
+    database.lantosData.AddLabor(1001, number, "Look\tat\tit", 100, 6500, 6500, 0);
+  }
+  const ui::ReportLayout layout = LayOut(WorksheetReport(environment, desktop, records, database).Make(customer));
+  ASSERT_GT(layout.pages.size(), 5u);
+  for (const ui::ReportPage& page : layout.pages) {
+    const std::string& last = layout.lines[page.firstLine + page.lineCount - 1].text;
+    EXPECT_TRUE(last.starts_with("______") || last == " ") << last;
+  }
+}
+
 TEST_F(WorksheetOnPaper, WorkOrdersOfOneDayComeByTheirNumbersHighestFirst) {
   for (const std::int32_t number : {2, 9, 5}) PutActive(number, Today());
   PutActive(7, Today() - 1);

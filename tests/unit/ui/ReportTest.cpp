@@ -169,6 +169,8 @@ TEST(ReportLayout, AHeadingIsNotLeftAloneAtTheFootOfAPage) {
   report.kinds.assign(report.lines.size(), ui::LineKind::Text);
   report.kinds[perPage - 1] = report.kinds[perPage - 2] = ui::LineKind::Heading;
   EXPECT_EQ(LayOut(report).pages[0].lineCount, perPage - 2);
+  report.kinds[perPage - 1] = ui::LineKind::Leading;
+  EXPECT_EQ(LayOut(report).pages[0].lineCount, perPage - 2);
   report.kinds.assign(report.lines.size(), ui::LineKind::Heading);
   EXPECT_EQ(LayOut(report).pages[0].lineCount, perPage);
 }
