@@ -31,7 +31,7 @@ class Clock {
   virtual ~Clock() = default;
   virtual LocalTime Now() const = 0;
   // Lets time pass inside the program. A standing clock moves on by itself, and a little real time passes too.
-  virtual void Wait(std::int64_t milliseconds) = 0;
+  virtual void Wait(std::int64_t milliseconds) = 0;  // 0 or more
 
   DaySerial Today() const { return Now().day; }
 };

@@ -16,11 +16,13 @@ enum class FileErrorNumber {
   PathNotFound = 76,
 };
 
+// The words alone: "Permission denied".
 std::string Describe(FileErrorNumber number);
 
 class FileError : public std::runtime_error {
  public:
-  // detail says what was being done and with what; it goes to the log, not into Text().
+  // detail says what was being done and with what, a path as the platform has it; it goes to the log and into what(),
+  // in the program's page, not into Text().
   FileError(FileErrorNumber number, const std::string& detail);
   FileErrorNumber Number() const { return number_; }
   // "Error 70: Permission denied"

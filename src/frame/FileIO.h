@@ -16,7 +16,7 @@
 namespace lantos {
 
 // A text with the data directory's rules ("C:\shop\", "/srv/shop/\") as a path of this platform: backslashes become
-// separators, runs of separators one. Characters beyond ASCII become UTF-8, unless they are that already.
+// separators, runs of separators one. Characters beyond ASCII become the bytes that PathOfText tells.
 std::filesystem::path PlatformPath(std::string_view text);
 
 // Everything that has to do with files by name. DataDir is text, with its trailing backslash; a name is appended to
@@ -34,14 +34,16 @@ class FileIO {
   std::filesystem::path PathOf(std::string_view name) const;
 
   // DataDir + the trimmed name. A network drive doesn't always answer at once: where DataDir lies on one and the name
-  // isn't there, waits for the next second and looks again, at most twice.
+  // isn't there, waits for the next second and looks again, at most twice. Throws as PathOf does.
   bool FileExists(std::string_view name) const;
   // One look, no waiting.
   bool IsThere(std::string_view name) const;
 
-  // Names in DataDir that match a pattern with "*" and "?", without regard to case, sorted.
+  // Names in DataDir that match a pattern with "*" and "?", without regard to case, sorted; none where the directory
+  // can't be read.
   std::vector<std::string> List(std::string_view pattern) const;
-  std::uintmax_t Length(std::string_view name) const;  // 0 when it isn't there
+  // In bytes; 0 when it isn't there. Throws FileError when it can't be told.
+  std::uintmax_t Length(std::string_view name) const;
   // Makes the file, empty. False when it is there already: of several copies that try at once one alone gets true.
   // Throws FileError when it can't be made.
   bool MakeNew(std::string_view name) const;

@@ -12,7 +12,7 @@ std::int32_t RoundHalfEven(double value);
 // The same, but what 32 bits can't hold ends the event: std::overflow_error.
 std::int32_t WholeOrOverflow(double value);
 std::int32_t LongOrOverflow(std::int64_t value);
-// numerator / denominator in whole numbers, halves to even.
+// numerator / denominator in whole numbers, halves to even. The denominator isn't 0.
 std::int64_t DivideHalfEven(std::int64_t numerator, std::int64_t denominator);
 
 std::string FormatHundredths(std::int64_t value);        // 150 is "1.50", -5 is "-0.05"

@@ -16,11 +16,12 @@ class OpenFiles {
 
   // Opens DataDir + name. Throws FileError.
   FileHandle Open(std::string_view name, Access access, Deny deny, Absent absent = Absent::Create);
+  // Of an open file; another number throws std::out_of_range.
   SharedFile& operator[](FileHandle handle);
   // Closes, logs, and sets the caller's variable to kNoHandle. kNoHandle does nothing at all.
   void CloseFile(FileHandle& handle);
 
-  // The archived work-order tag file: a number in use already is logged and closed first.
+  // The archived work-order tag file: a number in use already is logged and closed first. Throws FileError.
   FileHandle OpenArchivedTagFile(std::string_view caller, Access access = Access::Read);
   void SetReceivingFile(FileHandle handle) { receivingFile_ = handle; }
   // Both global numbers to none.

@@ -27,6 +27,7 @@ struct PrintOptions {
 };
 // A text that is neither boolean nor number under such a key throws std::invalid_argument.
 PrintOptions LoadPrintOptions(const ProfileFile& profile);
+// What can't be written is lost, as ProfileFile tells.
 void SavePrintOptions(ProfileFile& profile, const PrintOptions& options);
 
 // Section "Status Options" of Lantos.ini: one character each, "Y" yes, "N" no, "A" ask, "E" refuse.
@@ -45,6 +46,7 @@ struct StatusOptions {
   std::array<char, kStatusOptionCount> letters = {'A', 'A', 'A', 'A', 'A', 'A', 'A', 'A'};
   char operator[](StatusOption option) const { return letters[static_cast<std::size_t>(option)]; }
 };
+// Never fails: an empty entry is a blank.
 StatusOptions LoadStatusOptions(const ProfileFile& profile);
 void SaveStatusOptions(ProfileFile& profile, const StatusOptions& options);
 
@@ -59,9 +61,9 @@ class WorkstationProfile {
   // 1 to 9; 0 everywhere becomes 1, written to the defaults. A text that is no number throws std::invalid_argument.
   int ReadFontFactor();
   void WriteFontFactor(int& value);  // a value outside 1 to 9 becomes 1, in the caller's variable too
-  std::string ReadBackupCmd();
+  std::string ReadBackupCmd();       // a command line; empty when there is none
   void WriteBackupCmd(std::string_view text);
-  bool ReadBackupCmdWait();
+  bool ReadBackupCmdWait();  // a text that is no boolean throws std::invalid_argument
   void WriteBackupCmdWait(bool wait);
 
  private:
@@ -76,7 +78,8 @@ inline constexpr std::size_t kPaymentMethodWidth = 8;
 inline constexpr std::string_view kSplitPayment = "Split";
 using PaymentMethodTable = std::array<std::string, kPaymentMethodCount>;
 
-// Keys of Lantos.ini that have no screen: sections "Options", "Inventory" and "Payment Methods" (0 to 12).
+// Keys of Lantos.ini that have no screen: sections "Options", "Inventory" and "Payment Methods" (0 to 12). A text that
+// is neither boolean nor number throws std::invalid_argument.
 struct ShopOptions {
   bool LaborDateOption = false;
   bool RepairCodeOption = false;

@@ -52,7 +52,8 @@ std::string CleanForFile(std::string_view text);
 // Splits at the first "="; with none, all goes to key and value is empty.
 void SplitKeyValue(std::string_view text, std::string& key, std::string& value);
 
-// The borders to Unicode. What the page can't hold becomes "?"; malformed UTF-8 too.
+// The borders to Unicode. What the page can't hold becomes "?"; malformed UTF-8 too. Names of directories cross them
+// by TextOfPath (frame/PathText.h), which loses nothing; ToUtf8 shows its forms as the characters that they stand for.
 std::string ToUtf8(std::string_view ansi);
 std::string FromUtf8(std::string_view utf8);
 

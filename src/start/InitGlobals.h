@@ -8,7 +8,7 @@ namespace lantos {
 
 // Everything that must stand before the board can be filled, in order: data directory, system record, log, splash
 // window, databases and their upgrade, update file, options, the inventory list, shared tables. False ends the process
-// silently.
+// silently. What a start can't go on with is thrown: FileError, DatabaseError, std::invalid_argument of a setting.
 bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList);
 
 }  // namespace lantos

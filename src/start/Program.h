@@ -27,7 +27,8 @@ class Program {
   ~Program();
 
   // From the first line of the main window's load event to the end. The result is an ExitCode. A start that the person
-  // gives up ends the process from within, by Desktop::EndProcess.
+  // gives up ends the process from within, by Desktop::EndProcess. Errors of the start are shown in a box and not
+  // thrown.
   int Run();
   // The page of all keys of all forms (UTF-8). No file is read for it, and no window made.
   std::string Keys();
