@@ -51,9 +51,6 @@ frmPrintOptions::frmPrintOptions(Shop& shop)
   cmdSave.SetToolTip("Save <F10>");
   cmdCancel.SetToolTip("Cancel <Esc>");
   UseButtons(cmdSave, cmdCancel);
-  AskBeforeLosing(cmdCancel, optCustW, optCommW, optNoteW, optVehW, optDisclosure, optPreviewWS, optPreviewEst,
-                  optShowDialog, optPartOnEst, txtVehSummaryYears, txtVehSummaryLaborLines, txtLaborLines,
-                  txtPartLines);
 }
 
 void frmPrintOptions::OnLoad() {
@@ -61,7 +58,6 @@ void frmPrintOptions::OnLoad() {
   const PrintOptions& options = shop_.environment.printOptions;
   for (const Switch& item : kSwitches) (this->*item.box).SetValue(options.*item.option);
   for (const Number& number : kNumbers) (this->*number.box).SetText(std::to_string(options.*number.option));
-  MarkUnchanged();
 }
 
 void frmPrintOptions::Accept() {

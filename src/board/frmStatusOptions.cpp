@@ -51,7 +51,6 @@ frmStatusOptions::frmStatusOptions(Shop& shop)
   cmdSave.SetToolTip("Save <F10>");
   cmdCancel.SetToolTip("Cancel <Esc>");
   UseButtons(cmdSave, cmdCancel);
-  AskBeforeLosing(cmdCancel, Option1, Option2, Option3, Option4, Option5, Option6, Option7, Option8);
 }
 
 void frmStatusOptions::OnLoad() {
@@ -62,7 +61,6 @@ void frmStatusOptions::OnLoad() {
     group[option].SetValue(true);
     if (place == 0) group[option].SetFocus();
   });
-  MarkUnchanged();
 }
 
 void frmStatusOptions::Accept() {

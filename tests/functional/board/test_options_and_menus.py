@@ -109,8 +109,6 @@ def test_cancel_and_esc_write_no_print_option(start, shop):
         open_options(copy)
         copy.check("optNoteW")
         way_out()
-        copy.expect_box("Discard changes?", "Print Options", buttons=["Yes", "No"])
-        copy.press("Yes")
         copy.expect_form("frmMain")
     assert open_options(copy) == as_shown(DEFAULTS)
     assert profile(shop) == before

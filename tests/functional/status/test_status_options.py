@@ -62,8 +62,6 @@ def test_cancel_and_esc_write_nothing(start, shop):
         copy.check("Option1(0)")
         copy.check("Option8(1)")
         way_out()
-        copy.expect_box("Discard changes?", "Status Options", buttons=["Yes", "No"])
-        copy.press("Yes")
         copy.expect_form("frmMain")
     open_options(copy)
     assert options_of(copy) == "NAAAAAAA"

@@ -62,7 +62,6 @@ TEST(PrintOptionsForm, EachControlStandsForItsOwnOption) {
 TEST(PrintOptionsForm, CancelChangesNothing) {
   Screen screen;
   test::Click(screen.form.optCustW);
-  screen.desktop.WillAnswer(ui::Answer::Yes);
   test::Press(screen.form, "Esc");
   EXPECT_FALSE(screen.form.ok);
   EXPECT_FALSE(screen.form.Visible());

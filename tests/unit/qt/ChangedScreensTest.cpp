@@ -29,8 +29,6 @@ constexpr Changed kScreens[] = {
     {"frmStdHours", "txtHours(2)", "cmdCancel", "&Close", "&Cancel"},
     {"frmSpecialDays", "txtComments", "cmdCancel", "&Close", "&Cancel"},
     {"frmDisclaimer", "txtDisclaimer", "cmdCancel", "Close", "Cancel"},
-    {"frmPrintOptions", "optVehW", "cmdCancel", "&Close", "&Cancel"},
-    {"frmStatusOptions", "Option3(1)", "cmdCancel", "&Close", "&Cancel"},
     {"frmCustEdit", "Firstname", "cmdCancel", "Close", "Cancel"},
     {"frmVehEdit", "Mileage", "cmdCancel", "Close", "Cancel"},
 };
