@@ -80,7 +80,13 @@ void WorksheetReport::ComposeLabor(ReportLines& lines) const {
     bool first = true;
     for (const std::string& line : text) {
       if (line.empty()) continue;
-      first ? lines.AddHeading(line) : blankLines > 0 ? lines.AddLeading(line) : lines.Add(line);
+      if (first) {
+        lines.AddHeading(line);
+      } else if (blankLines > 0) {
+        lines.AddLeading(line);
+      } else {
+        lines.Add(line);
+      }
       first = false;
     }
     if (blankLines <= 0) continue;
