@@ -18,6 +18,9 @@ namespace {
 
 constexpr std::size_t kComputerNameBuffer = 50;
 constexpr std::size_t kProfileSectionWidth = 20;
+// In milliseconds.
+constexpr std::int64_t kPatience = 2000;
+constexpr std::int64_t kPause = 50;
 
 void EndWithTooManyUsers(ui::Desktop& desktop) {
   desktop.Tell("More than 1000 network users - can not continue!", "KorvelMain", ui::Icon::Critical);
@@ -49,13 +52,26 @@ void SetMainWindowFont(Shop& shop) {
   ui::ApplyFontFactor(*mainWindow, shop.environment.fontFactor);
 }
 
-void LoadSharedTables(Records& records) {
-  records.employees.LoadEmployees();
-  records.passwords.LoadPasswords();
-  records.departments.Load();
-  records.manufacturers.Load();
-  records.makes.LoadMakes();
-  records.checkList.LoadChecklistFile();
+// Most of these files are opened with no sharing: copies that start together are in each other's way for a moment.
+template <class Load>
+void LoadPatiently(Clock& clock, Load load) {
+  for (std::int64_t waited = 0;; waited += kPause) {
+    try {
+      return load();
+    } catch (const FileError& error) {
+      if (error.Number() != FileErrorNumber::PermissionDenied || waited >= kPatience) throw;
+    }
+    clock.Wait(kPause);
+  }
+}
+
+void LoadSharedTables(Records& records, Clock& clock) {
+  LoadPatiently(clock, [&] { records.employees.LoadEmployees(); });
+  LoadPatiently(clock, [&] { records.passwords.LoadPasswords(); });
+  LoadPatiently(clock, [&] { records.departments.Load(); });
+  LoadPatiently(clock, [&] { records.manufacturers.Load(); });
+  LoadPatiently(clock, [&] { records.makes.LoadMakes(); });
+  LoadPatiently(clock, [&] { records.checkList.LoadChecklistFile(); });
 }
 
 void WarnOfNetworkMount(Shop& shop) {
@@ -91,7 +107,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   shop.records.inventory.SizeArrays();
   inventoryList.LoadForm();  // hidden; its timer fills the list between the person's actions
   environment.openFiles.ResetFileMarks();
-  LoadSharedTables(shop.records);
+  LoadSharedTables(shop.records, environment.clock);
   environment.openFiles.ResetFileMarks();
   environment.fleetVersion = environment.settings.GetBoolean(kMainApplication, kSettingsSection, "FleetVersion", false);
   splash.Unload();

@@ -1,6 +1,4 @@
-#include "DatabaseFixture.h"
-#include "WatchedEngine.h"
-#include "estimatedb/EngineChoice.h"
+#include "UpgradeFixture.h"
 
 namespace lantos::test {
 namespace {
@@ -8,55 +6,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-// A vehicle record with all that a snapshot takes.
-Image Vehicle(std::int32_t customer, std::string_view year, std::string_view make, std::string_view model,
-              std::string_view vin, std::string_view licence, std::string_view engine, std::int32_t next = -1) {
-  return Image(VehicleImage(customer, make, next))
-      .Text(29, model)
-      .Text(50, year)
-      .Text(56, engine)
-      .Text(69, "Auto")
-      .Text(82, vin)
-      .Text(103, licence);
-}
-
-constexpr std::string_view kOldLines =
-    "CREATE TABLE Labors (EstimateNumber INTEGER, LaborNumber INTEGER, Description LongText, LaborHours INTEGER,"
-    " LaborRate INTEGER, LaborTotal INTEGER, Mechanic INTEGER, PRIMARY KEY (EstimateNumber, LaborNumber));"
-    "CREATE TABLE Parts (EstimateNumber INTEGER, PartNumber Text(20), PartDesc Text(38), Quantity INTEGER,"
-    " PartPrice INTEGER, PartTotal INTEGER);";
-
-// Databases of earlier levels, made with plain SQLite.
-class Upgrades : public DatabaseTest {
- protected:
-  Upgrades() { std::filesystem::remove(Path()); }
-
-  void PutEstimates(const std::string& snapshotColumns) {
-    Plain(
-        "CREATE TABLE Estimates (EstimateNumber INTEGER PRIMARY KEY, CustomerNumber INTEGER DEFAULT 0, VehicleLink "
-        "INTEGER DEFAULT 0, SchedDate DATE, Comments Text(255)" +
-        snapshotColumns + ");" + std::string(kOldLines));
-  }
-  void PutOldest() { PutEstimates(""); }
-  void PutWithoutEngines() {
-    PutEstimates(
-        ", VehYear Text(5), VehMake Text(20), VehModel Text(20), VehVIN Text(20), VehLic Text(10), "
-        "VehDate Text(10), VehMileage Text(7)");
-  }
-  void Run() { UpgradeDatabase(database, environment, records); }
-  std::vector<std::string> Snapshots() const {
-    return PlainRows(
-        "select VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans "
-        "from Estimates order by EstimateNumber");
-  }
-  void StatementsOf(de& connection, WatchedEngine::Watch watch) {
-    connection.SetOpener([this, watch] { return std::make_unique<WatchedEngine>(OpenDatabase(Path(), clock), watch); });
-  }
-  std::vector<std::string> Columns(const std::string& table) const {
-    return PlainRows("select name || ' ' || type from pragma_table_info('" + table + "')");
-  }
-};
 
 TEST_F(Upgrades, ACurrentDatabasePassesAllStepsWithoutWritingAnything) {
   Put("Lantos.mdb", EmptyDatabase());
@@ -217,93 +166,6 @@ TEST_F(Upgrades, WhatAnotherCopyHasDoneMeanwhileIsNotDoneAgain) {
   Run();
   EXPECT_THAT(changes, IsEmpty());
   EXPECT_THAT(Snapshots(), ElementsAre("1999|changed since|F150|VIN1|ABC| |0|5.3L|Auto"));
-}
-
-class UpgradesOfEngines : public Upgrades {
- protected:
-  UpgradesOfEngines() {
-    PutWithoutEngines();
-    Put("TQCSTTAG.DAT", CustomerTagImage(77, "Smith,Ann", 0).Append(CustomerTagImage(78, "Jones,Bob", 317)));
-    Put("TQCSTDAT.DAT", CustomerImage(77, "Smith", 0).Append(CustomerImage(78, "Jones", -1)));
-    // The chain of Smith: the wrong kind of car, the same licence, the same VIN, the same year, make and model.
-    Put("TQVEHICL.DAT", Vehicle(77, "1980", "Opel", "Kadett", "OTHER", "XYZ", "1.3L", 397)
-                            .Append(Vehicle(77, "1990", "Ford", "F100", "", "ABC", "byLic", 794))
-                            .Append(Vehicle(77, "1990", "Ford", "F100", "VIN1", "Q", "byVin", 1191))
-                            .Append(Vehicle(77, "1999", "Ford", "F150", "", "", "byModel", 1588))
-                            .Append(Vehicle(77, "1999", "Ford", "F150", "VIN1", "ABC", "second", -1)));
-  }
-  void PutRow(int number, int customer, const std::string& year, const std::string& make, const std::string& model,
-              const std::string& vin, const std::string& licence) {
-    Plain(
-        "insert into Estimates (EstimateNumber, CustomerNumber, VehicleLink, VehYear, VehMake, VehModel, VehVIN, "
-        "VehLic, VehDate, VehMileage) values (" +
-        std::to_string(number) + "," + std::to_string(customer) + ",0,'" + year + "','" + make + "','" + model + "','" +
-        vin + "','" + licence + "','09/29/2003','84512')");
-  }
-  std::vector<std::string> Engines() const {
-    return PlainRows("select VehEng, VehTrans from Estimates order by EstimateNumber");
-  }
-};
-
-TEST_F(UpgradesOfEngines, TheVehicleWithTheSameVinWinsOverLicenceAndModel) {
-  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
-  PutRow(2, 77, "1999", "Ford", "F150", "NOT", "ABC");
-  PutRow(3, 77, "1999", "Ford", "F150", "NOT", "NOT");
-  PutRow(4, 77, "2002", "Ford", "F150", "NOT", "NOT");
-  Run();
-  EXPECT_THAT(Engines(), ElementsAre("byVin|Auto", "byLic|Auto", "byModel|Auto", " | "));
-}
-
-TEST_F(UpgradesOfEngines, OnlyTheTwoNewColumnsAreFilled) {
-  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
-  Run();
-  EXPECT_THAT(Snapshots(), ElementsAre("1999|Ford|F150|VIN1|ABC|09/29/2003|84512|byVin|Auto"));
-}
-
-TEST_F(UpgradesOfEngines, ASnapshotOfBlanksMatchesNothing) {
-  PutRow(1, 77, " ", " ", " ", " ", " ");
-  Run();
-  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | |09/29/2003|84512| | "));
-}
-
-TEST_F(UpgradesOfEngines, CustomersWithoutVehiclesOrUnknownGetBlanks) {
-  PutRow(1, 78, "1999", "Ford", "F150", "VIN1", "ABC");
-  PutRow(2, 99, "1999", "Ford", "F150", "VIN1", "ABC");
-  PutRow(3, 0, "1999", "Ford", "F150", "VIN1", "ABC");
-  Run();
-  EXPECT_THAT(Engines(), ElementsAre(" | ", " | ", " | "));
-}
-
-TEST_F(UpgradesOfEngines, NullsOfTheSnapshotBecomeBlanks) {
-  Plain("insert into Estimates (EstimateNumber, CustomerNumber) values (1, 77)");
-  Run();
-  EXPECT_THAT(Snapshots(), ElementsAre(" | | | | | | | | "));
-}
-
-// Else all rows would have blanks for good, since their columns are there from then on.
-TEST_F(UpgradesOfEngines, GivingUpOnACustomerFileUndoesTheColumnsAndTheNextStartTriesAgain) {
-  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
-  for (const char* file : {"TQCSTTAG.DAT", "TQCSTDAT.DAT"}) {
-    const SharedFile held = HeldByAnother(file);
-    desktop.WillAnswer(ui::Answer::Cancel);
-    EXPECT_THAT(ErrorOf([&] { Run(); }), HasSubstr("customer")) << file;
-    EXPECT_THAT(Columns("Estimates"), testing::Not(testing::Contains(HasSubstr("VehEng")))) << file;
-  }
-  Run();
-  EXPECT_THAT(Engines(), ElementsAre("byVin|Auto"));
-}
-
-TEST_F(UpgradesOfEngines, ACustomerTagThatLeadsNowhereIsOneWithoutVehicles) {
-  Put("TQCSTTAG.DAT", CustomerTagImage(77, "Smith,Ann", 31700));
-  PutRow(1, 77, "1999", "Ford", "F150", "VIN1", "ABC");
-  Run();
-  EXPECT_THAT(Engines(), ElementsAre(" | "));
-}
-
-TEST_F(UpgradesOfEngines, TheLinkOfTheRowIsNotLookedAt) {
-  PutRow(1, 78, "1980", "Opel", "Kadett", "OTHER", "XYZ");
-  Run();
-  EXPECT_THAT(Engines(), ElementsAre(" | ")) << "the row's link leads to another customer's Opel";
 }
 
 TEST_F(Upgrades, PartsGetCostAndListPriceOfZero) {

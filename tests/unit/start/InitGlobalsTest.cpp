@@ -193,5 +193,31 @@ TEST(InitGlobals, LoadsEmployeesThenPasswordsThenMakes) {
   EXPECT_FALSE(held.Has("TQMAKMOD.DAT"));
 }
 
+// Something happens each time that the program lets time pass.
+struct EventfulClock : StandingClock {
+  using StandingClock::StandingClock;
+  void Wait(std::int64_t milliseconds) override {
+    onWait();
+    StandingClock::Wait(milliseconds);
+  }
+  std::function<void()> onWait;
+};
+
+TEST(InitGlobals, WaitsAMomentForFilesThatAnotherCopyIsLoading) {
+  for (const char* file : {"TQEMPLOY.DAT", "TQDEPART.DAT", "TQMANUFA.DAT", "TQMAKMOD.DAT", "CHECKLST.TXT"}) {
+    InstalledShop shop;
+    EventfulClock clock(shop.clock.Now());
+    std::optional<SharedFile> held(std::in_place, shop.data / file, Access::ReadWrite, Deny::All);
+    int waits = 0;
+    clock.onWait = [&] {
+      if (++waits == 3) held.reset();
+    };
+    shop.desktop.WillUse([](ui::Form& form) { form.DoClose(); });
+    EXPECT_EQ(Program(shop.desktop, clock, shop.settings, Invocation{"", shop.computer}).Run(), kEndedInOrder) << file;
+    EXPECT_TRUE(shop.desktop.boxes.empty()) << file;
+    EXPECT_EQ(waits, 3) << file;
+  }
+}
+
 }  // namespace
 }  // namespace lantos
