@@ -23,7 +23,8 @@ class Desk:
         self.shop = self.folder / "shop"
         subprocess.run([self.binaries / "lantos-shop", "sample", self.shop, *shop_options], check=True, capture_output=True)
         self.environment = {**os.environ, "HOME": str(self.folder), "XDG_CONFIG_HOME": str(self.folder / "config"),
-                            "XDG_RUNTIME_DIR": str(self.folder), "QT_QPA_PLATFORM": "xcb", **(environment or {})}
+                            "XDG_RUNTIME_DIR": str(self.folder),
+                            "LSAN_OPTIONS": f"suppressions={ROOT / 'tests/keyboard/leaks.txt'}", "QT_QPA_PLATFORM": "xcb", **(environment or {})}
         self._start_screen(screen)
         self.processes = [self._screen]
         self._start(["openbox"])
@@ -33,11 +34,11 @@ class Desk:
     def _start_screen(self, screen):
         """On the first free display."""
         read, write = os.pipe()
-        command = ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{screen}x24", "-nolisten", "tcp"]
-        self._screen = subprocess.Popen(command, pass_fds=[write], stderr=subprocess.DEVNULL)
+        command = ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{screen}x24", "-nolisten", "tcp", "-noreset"]
+        self._screen = subprocess.Popen(command, pass_fds=[write], stderr=open(self.folder / "screen.log", "wb"))
         os.close(write)
-        self.environment["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
-        os.close(read)
+        with os.fdopen(read) as told:
+            self.environment["DISPLAY"] = ":" + told.readline().strip()
 
     def _start(self, command):
         log = open(self.folder / f"{pathlib.Path(command[0]).name}.log", "wb")
@@ -47,8 +48,12 @@ class Desk:
 
     def close(self):
         for process in reversed(self.processes):
-            process.kill()
-            process.wait()
+            process.terminate()
+            try:
+                process.wait(timeout=5)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 
     def _xdotool(self, *arguments):
@@ -65,10 +70,13 @@ class Desk:
             if self.program.poll() is not None:
                 raise AssertionError(f"the program has ended with {self.program.returncode}; {title!r} was to come")
             if time.monotonic() > end:
-                self.picture(self.folder / "lost.png")
                 raise AssertionError(f"the window is {self.title()!r} and not {title!r}")
             time.sleep(0.05)
         time.sleep(0.15)
+
+    def pause(self):
+        """Until a window that is on its way has come."""
+        time.sleep(1)
 
     def press(self, *keys):
         """Keys by the names that xdotool has: Return, alt+n, Down."""
@@ -83,7 +91,9 @@ class Desk:
         time.sleep(0.1)
 
     def picture(self, path):
-        subprocess.run(["import", "-window", "root", str(path)], env=self.environment, capture_output=True)
+        """Of the whole screen, where ImageMagick is installed."""
+        if shutil.which("import"):
+            subprocess.run(["import", "-window", "root", str(path)], env=self.environment, capture_output=True)
 
 
 def until(check, what):

@@ -61,6 +61,8 @@ void frmEstExtras::WireCommands() {
   cmdAdd.OnClick = [this] { Add(); };
   cmdChange.OnClick = [this] { Change(); };
   cmdRemove.OnClick = [this] { Remove(); };
+  listLines.SetToolTip("Back to the estimate <F10>");
+  listLines.SetSpokenName(Caption());
   cmdAdd.SetToolTip("Add <Insert>");
   cmdChange.SetToolTip("Change <Enter>");
   cmdRemove.SetToolTip("Remove <Delete>");

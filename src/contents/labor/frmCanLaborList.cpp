@@ -36,6 +36,8 @@ frmCanLaborList::frmCanLaborList(Workbench& bench)
                 "Canned Labor List"),
       bench_(bench) {
   SetDesignedSize(kWidth, kHeight);
+  DataGrid1.SetSpokenName("Canned labor");
+  UpdList.SetSpokenName("Canned labor to update");
   DataGrid1.SetColumns({{"ArrayIndex", "ArrayIndex", true, true},
                         {"Code", "Code"},
                         {"Description", "Description"},

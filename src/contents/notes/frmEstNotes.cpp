@@ -48,6 +48,8 @@ frmEstNotes::frmEstNotes(Workbench& bench)
   cmdChange.OnClick = [this] { Change(); };
   cmdRemove.OnClick = [this] { Remove(); };
   SetDefaultButton(cmdChange);
+  listNotes.SetToolTip("Back to the estimate <F10>");
+  listNotes.SetSpokenName("Notes");
   cmdAdd.SetToolTip("Add a note <Insert>");
   cmdCanned.SetToolTip("Add a note from the shop's list");
   cmdChange.SetToolTip("Change the selected note <Enter>");

@@ -26,6 +26,7 @@ frmNotes::frmNotes(Shop& shop, NoteMode mode, const Note& note)
     : OkCancelForm(shop.desktop, shop.keys, "frmNotes", CaptionOf(mode)), CurrentNote(note), shop_(shop) {
   SetSize(kWidth, kHeight);
   txtDesc.SetMultiLine(true);
+  txtDesc.SetSpokenName("Note");
   txtDesc.SetFace(ui::FontFace::FixedPitch);
   for (ui::TextBox& line : Desc) line.SetVisible(false);
   UseButtons(cmdSave, cmdCancel);

@@ -20,6 +20,7 @@ frmCustSearch::frmCustSearch(Shop& shop) : Form(shop.desktop, "frmCustSearch", "
   Model.SetMaxLength(vehicle::Model.width - 1);
   NameKey.SetToolTip("Lastname,Firstname");
   lblLicense.SetCaption(shop.environment.fleetVersion ? "Unit #" : "License #");
+  CustList.SetSpokenName("Customers found");
   CustList.SetFace(ui::FontFace::FixedPitch);
   WireButtons();
 }

@@ -59,6 +59,7 @@ frmInvList::frmInvList(Shop& shop)
       table_(inventory_) {
   SetResident(true);
   SetDesignedSize(kWidth, kHeight);
+  DataGrid1.SetSpokenName("Parts");
   frameStocked.Holds(optBoth, optStk, optNonStk);
   optBoth.SetValue(true);
   SearchPart.SetMaxLength(20);

@@ -5,6 +5,10 @@ namespace lantos {
 
 frmMakeModel::frmMakeModel(Shop& shop) : Form(shop.desktop, "frmMakeModel", "Makes and Models"), shop_(shop) {
   SetSize(8100, 6000);
+  listMakes.SetSpokenName("Makes");
+  txtMake.SetSpokenName("Make");
+  listModels.SetSpokenName("Models of the make");
+  txtModel.SetSpokenName("Model");
   txtMake.SetMaxLength(makemodel::Name.width - 1);
   txtModel.SetMaxLength(makemodel::Name.width - 1);
   cmdAddMake.SetToolTip("Add the make <Enter>");

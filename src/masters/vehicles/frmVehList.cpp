@@ -44,6 +44,9 @@ frmVehList::frmVehList(Shop& shop)
     box->SetTabStop(false);
   }
   lblLicense.SetCaption(fleet_ ? "Unit #" : "License #");
+  CustomerNumber.SetSpokenName("Customer number");
+  CustName.SetSpokenName("Customer name");
+  DataGrid1.SetSpokenName("Vehicles");
   DataGrid1.SetColumns(GridColumns(fleet_));
   WireFilters();
   WireButtons();

@@ -81,7 +81,10 @@ bool FormInput::PlatformKey(const KeyPress& key) {
     GetForm().DoClose();
     return true;
   }
-  if (key.alt && !key.control && key.key.size() == 1) return PressMnemonic(ToQt(key.key).at(0));
+  if (key.alt && !key.control && key.key.size() == 1) {
+    PressMnemonic(ToQt(key.key).at(0));
+    return true;  // one that nothing bears goes into no text
+  }
   if (key.key == "Tab" && !key.alt && !key.control) {
     ShowKeyboardFocus();
     if (Control* next = GetForm().NextInTabOrder(key.shift)) window_.MoveFocusTo(*next);
