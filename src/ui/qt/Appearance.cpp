@@ -64,6 +64,13 @@ QFont FontOf(const Control& control, const QFont& theme) {
   return font;
 }
 
+void MakeRoomForMnemonic(QLabel& label) {
+  const bool takesWhatIsLeft = label.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+  if (label.buddy() == nullptr || label.wordWrap() || takesWhatIsLeft) return;
+  constexpr int kRoom = 2;  // pixels
+  label.setMinimumWidth(label.sizeHint().width() + kRoom);
+}
+
 QIcon ProgramIcon() {
   constexpr int kSize = 64;
   QPixmap pixmap(kSize, kSize);

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QFont>
 #include <QIcon>
+#include <QLabel>
 #include <QWidget>
 #include <optional>
 
@@ -21,6 +22,9 @@ void PaintBackground(QWidget& widget, const std::optional<Color>& color, Colours
 
 // The theme's font with what the control asks for.
 QFont FontOf(const Control& control, const QFont& theme);
+
+// A label with an underlined letter is a pixel or two wider than it says of itself.
+void MakeRoomForMnemonic(QLabel& label);
 
 // The program's icon, drawn: a calendar sheet with one day marked.
 QIcon ProgramIcon();

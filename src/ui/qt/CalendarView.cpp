@@ -2,8 +2,16 @@
 
 #include <QTextCharFormat>
 #include <QToolButton>
+#include <algorithm>
 
 namespace lantos::ui {
+
+namespace {
+
+constexpr int kRows = 7;        // the names of the days, and the six weeks that a month may lie in
+constexpr int kRowPadding = 4;  // pixels above and below the number together
+
+}  // namespace
 
 QTableView& DaysOf(const QCalendarWidget& calendar) { return *calendar.findChild<QTableView*>(); }
 
@@ -15,6 +23,10 @@ void CalmDown(QCalendarWidget& calendar) {
   QPalette palette;
   palette.setColor(QPalette::HighlightedText, calendar.palette().color(QPalette::WindowText));
   bar->setPalette(palette);
+  // What the calendar asks for by itself is too little for a large font.
+  const int row = QFontMetrics(calendar.font()).height() + kRowPadding;
+  const int edges = 2 * DaysOf(calendar).frameWidth();
+  calendar.setMinimumHeight(std::max(calendar.minimumHeight(), bar->sizeHint().height() + kRows * row + edges));
   bar->setBackgroundRole(QPalette::Window);
   for (auto* button : bar->findChildren<QToolButton*>()) {
     const QString name = button->objectName();

@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include "ui/qt/Appearance.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
 #include "ui/qt/WidgetPeer.h"
@@ -44,6 +45,7 @@ class LabelPeer : public WidgetPeer {
     if (IsElided()) shown = label_.fontMetrics().elidedText(whole, Qt::ElideRight, label_.contentsRect().width());
     cut_ = shown != whole;
     if (label_.text() != shown) label_.setText(shown);
+    MakeRoomForMnemonic(label_);
   }
 
   QString ToolTipToCome() const override {

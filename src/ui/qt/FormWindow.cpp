@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -104,6 +105,7 @@ void FormWindow::Bind() {
     dirty_.push_back(peer);
   }
   GroupOptions();
+  for (QLabel* label : root_->findChildren<QLabel*>()) MakeRoomForMnemonic(*label);
   for (const auto& menu : form_->Menus()) {
     if (!menu->Visible()) continue;
     actions_->FillBar(*menuBar(), form_->Menus());

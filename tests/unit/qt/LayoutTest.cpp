@@ -1,8 +1,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QTableView>
 
 #include "qt/WindowShop.h"
+#include "ui/qt/CalendarView.h"
 #include "ui/qt/FormWindow.h"
 
 namespace lantos {
@@ -121,6 +123,9 @@ void ExpectBoardFits() {
     window.resize(kRoom);
     shop.windows.Settle();
     ExpectWholeTexts(window);
+    const QTableView& days = ui::DaysOf(*window.findChild<QCalendarWidget*>());
+    const int last = days.model()->rowCount() - 1;
+    EXPECT_LE(days.rowViewportPosition(last) + days.rowHeight(last), days.viewport()->height()) << "the last week";
   }
 }
 
