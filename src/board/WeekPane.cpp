@@ -22,7 +22,6 @@ WeekPane::WeekPane(ui::Form& form) : form_(form) {
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     frameWeek[i].SetContainer(frameWeekView);
     frameWeek[i].Holds(List1[i], lblWeekMark[i], lblWeekHours[i]);
-    lblWeekMark[i].SetBold(true);
     frameWeek[i].SetToolTip("Double-click for the day view");
   }
 }
@@ -42,7 +41,7 @@ void WeekPane::MarkDay(const BoardState& state) {
 }
 
 void WeekPane::ShowHours(const BoardState& state, std::size_t weekday) {
-  lblWeekHours[weekday].SetCaption("Scheduled " + FormatHundredths(state.capacity.ScheduledHours[weekday]) + " of " +
+  lblWeekHours[weekday].SetCaption("Scheduled " + FormatHundredths(state.capacity.ScheduledHours[weekday]) + "\nof " +
                                    FormatHundredths(state.capacity.AvailableHours[weekday]) + ": " +
                                    std::string(DayStatusText(state.ColorOf(weekday))));
 }

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QDateEdit>
 #include <QProgressBar>
@@ -6,6 +5,7 @@
 
 #include "ui/Form.h"
 #include "ui/qt/CalendarView.h"
+#include "ui/qt/FocusFrame.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
 #include "ui/qt/WidgetPeer.h"
@@ -22,8 +22,8 @@ class MonthPeer : public WidgetPeer {
       : WidgetPeer(window, control, calendar), month_(control), calendar_(calendar) {
     calendar_.setFirstDayOfWeek(Qt::Sunday);
     calendar_.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    DaysOf(calendar_).setFrameStyle(QFrame::StyledPanel);  // which shows the focus
-    QObject::connect(qApp, &QApplication::focusChanged, &calendar_, [this] { DaysOf(calendar_).update(); });
+    DaysOf(calendar_).setFrameStyle(QFrame::StyledPanel);  // the room for it
+    new FocusFrame(DaysOf(calendar_));
     QObject::connect(&calendar_, &QCalendarWidget::clicked, &calendar_, [this](const QDate& date) {
       if (IsPersonsDoing()) month_.DoPick(FromQt(date));
     });

@@ -48,8 +48,8 @@ void FormWindow::ShowForm() {
   windowHandle()->removeEventFilter(this);
   windowHandle()->installEventFilter(this);
   if (below != nullptr && below != this) windowHandle()->setTransientParent(below->windowHandle());
-  PlaceChanged();
   placing_ = true;
+  ApplyPlace();
   QPoint place(ToPixels(form_->LeftEdge()), ToPixels(form_->TopEdge()));
   if (!form_->HasPosition()) {
     const QRect around = below != nullptr && below != this ? below->geometry() : screen()->availableGeometry();
@@ -65,7 +65,9 @@ void FormWindow::ShowForm() {
   activateWindow();
 }
 
+// A window that isn't there yet takes its place when it is shown: each time means laying out all that is on it.
 void FormWindow::PlaceChanged() {
+  if (!isVisible()) return;
   placing_ = true;
   ApplyPlace();
   placing_ = false;

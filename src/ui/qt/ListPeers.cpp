@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QStyledItemDelegate>
 
 #include "ui/qt/FormWindow.h"
@@ -16,18 +17,42 @@ namespace {
 // The room that the program leaves behind the longest text. A row has margins of its own.
 constexpr QLatin1String kRoomBehindText("  ");
 
-// All rows are as wide as the program asked for, so that the longest can be scrolled to.
+// All rows are as wide as the program asked for, so that the longest can be scrolled to. A row is one line of text, and
+// is painted as such: the style would lay it out as a page of text, twice.
 class RowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   int extent = 0;
+
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    if (extent > 0) {
-      const int margins = 2 * (option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option) + 1);
-      size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + margins);
-    }
+    if (extent > 0)
+      size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + 2 * MarginOf(option));
     return size;
+  }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    if (row.features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) {
+      return QStyledItemDelegate::paint(painter, option, index);
+    }
+    const QString text = std::exchange(row.text, QString());
+    row.widget->style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    const bool selected = row.state.testFlag(QStyle::State_Selected);
+    painter->setFont(row.font);
+    painter->setPen(row.palette.color(GroupOf(row), selected ? QPalette::HighlightedText : QPalette::Text));
+    const int above = (row.rect.height() - row.fontMetrics.height()) / 2 + row.fontMetrics.ascent();
+    painter->drawText(row.rect.left() + MarginOf(row), row.rect.top() + above, text);
+  }
+
+ private:
+  static int MarginOf(const QStyleOptionViewItem& row) {
+    return row.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &row) + 1;
+  }
+  static QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& row) {
+    if (!row.state.testFlag(QStyle::State_Enabled)) return QPalette::Disabled;
+    return row.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
   }
 };
 

@@ -13,7 +13,6 @@
 #include "ui/qt/Appearance.h"
 #include "ui/qt/BoxWindow.h"
 #include "ui/qt/Documents.h"
-#include "ui/qt/FocusStyle.h"
 #include "ui/qt/FormTimers.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
@@ -35,7 +34,6 @@ struct QtDesktop::Buried {
 QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_unique<QObject>()) {
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
-  UseFocusStyle();
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());
 }
 
@@ -99,7 +97,7 @@ FormWindow* QtDesktop::TopFormWindow() const {
 QWidget* QtDesktop::TopWindow() const { return overlays_.empty() ? TopFormWindow() : overlays_.back(); }
 
 void QtDesktop::FormLoaded(Form& form) {
-  if (!IsDriven()) timers_[&form] = MakeTimers(form);
+  if (timersRun_) timers_[&form] = MakeTimers(form);
   if (!form.IsResident()) MakeWindow(form);
 }
 
@@ -166,6 +164,7 @@ void QtDesktop::RunUntilUnloaded(Form& form) {
 void QtDesktop::WaitFor(const std::function<bool()>& over, const std::function<void()>& ask) {
   ++waitCount_;
   ++waitDepth_;
+  StartTimers();
   FlushWindows();
   // The hourglass says that the program works, which it now doesn't.
   const Pointer pointer = pointer_;
@@ -184,6 +183,12 @@ void QtDesktop::WaitFor(const std::function<bool()>& over, const std::function<v
   SetPointer(pointer);
   --waitDepth_;
   DeleteBuried(false);
+}
+
+// Not before the program first waits for the person: what they do comes after the first board is seen.
+void QtDesktop::StartTimers() {
+  if (IsDriven() || std::exchange(timersRun_, true)) return;
+  for (const Form* form : LoadedForms()) timers_[form] = MakeTimers(*form);
 }
 
 void QtDesktop::WakeWaits() {

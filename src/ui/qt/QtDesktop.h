@@ -86,6 +86,7 @@ class QtDesktop : public Desktop {
 
   // Waits until over() is true: the loop of the window system, or ask, which hands the wait to the Person.
   void WaitFor(const std::function<bool()>& over, const std::function<void()>& ask);
+  void StartTimers();
   void WakeWaits();
   void FlushWindows();
   FormWindow* MakeWindow(Form& form);
@@ -109,6 +110,7 @@ class QtDesktop : public Desktop {
   std::unique_ptr<QTimer> registryTimer_;
   std::vector<std::unique_ptr<FormWindow>> windows_;
   std::map<const Form*, std::vector<std::unique_ptr<ControlPeer>>> timers_;  // of loaded forms, for a real person
+  bool timersRun_ = false;
   std::vector<Buried> buried_;
   std::vector<Wait> waits_;
   std::vector<QWidget*> overlays_;  // boxes, menus, previews on show, the topmost last

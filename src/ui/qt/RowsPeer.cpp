@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "ui/qt/FocusFrame.h"
 #include "ui/qt/FormWindow.h"
 
 namespace lantos::ui {
@@ -13,16 +14,13 @@ RowsPeer::RowsPeer(FormWindow& window, Control& control, QAbstractItemView& view
   view_.setContextMenuPolicy(Qt::NoContextMenu);
   QObject::connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, &view_,
                    [this] { SelectionChanged(); });
-  QObject::connect(qApp, &QApplication::focusChanged, &view_,
-                   [this](QWidget* before, QWidget* now) { FocusChanged(before, now); });
+  new FocusFrame(view_);
+  QObject::connect(qApp, &QApplication::focusChanged, &view_, [this](QWidget*, QWidget* now) { FocusCame(now); });
 }
 
-// A view of the window system marks its first row when the focus comes, though nothing is selected. The focus is shown
-// on its frame instead.
-void RowsPeer::FocusChanged(const QWidget* before, const QWidget* now) {
-  if (before != &view_ && now != &view_) return;
+// A view of the window system marks its first row when the focus comes, though nothing is selected.
+void RowsPeer::FocusCame(const QWidget* now) {
   if (now == &view_ && Window().IsAttached() && CurrentRow() < 0) view_.selectionModel()->clearCurrentIndex();
-  view_.update();
 }
 
 int RowsPeer::RowsAPage() const {

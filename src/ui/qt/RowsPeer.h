@@ -31,7 +31,7 @@ class RowsPeer : public WidgetPeer {
 
  private:
   void Release(QMouseEvent& event);
-  void FocusChanged(const QWidget* before, const QWidget* now);
+  void FocusCame(const QWidget* now);
   void SelectionChanged();
 
   QAbstractItemView& view_;

@@ -28,12 +28,18 @@ void WidgetPeer::Flush() {
   if (Has(aspects, Aspect::Look)) ApplyLook();
   Apply(aspects);
   if (Has(aspects, Aspect::Enabled)) widget_.setEnabled(control_.Enabled());
-  if (Has(aspects, Aspect::Shown)) widget_.setVisible(control_.Visible());
+  if (Has(aspects, Aspect::Shown)) ShowOrHide();
   // A list is called like the frame around it, whose caption may have changed with its rows.
   if (Has(aspects, Aspect::ToolTip) || Has(aspects, Aspect::Caption) || Has(aspects, Aspect::Rows)) {
     widget_.setAccessibleName(ToQt(SpokenNameOf(control_)));
   }
   if (Has(aspects, Aspect::ToolTip)) ShowToolTip();
+}
+
+// What was designed to be seen is shown with its window, and costs a layout when it is told so once more.
+void WidgetPeer::ShowOrHide() {
+  const bool asDesigned = !widget_.testAttribute(Qt::WA_WState_ExplicitShowHide);
+  if (!control_.Visible() || !asDesigned) widget_.setVisible(control_.Visible());
 }
 
 QString WidgetPeer::ToolTipToCome() const { return ToQt(control_.ToolTip()); }

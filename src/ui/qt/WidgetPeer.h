@@ -58,6 +58,7 @@ class WidgetPeer : public ControlPeer {
  private:
   static unsigned Bit(Aspect aspect) { return 1U << static_cast<unsigned>(aspect); }
   void ApplyLook();
+  void ShowOrHide();
 
   FormWindow& window_;
   Control& control_;

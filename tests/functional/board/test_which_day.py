@@ -52,8 +52,8 @@ def test_an_estimate_chosen_on_another_day_leaves_the_mark_where_new_ones_are_bo
 
 def test_the_hours_of_each_panel_are_told(copy):
     available = hours_of(copy)[1]
-    assert copy.caption("lblWeekHours(2)").startswith(f"Scheduled 2.00 of {available}: ")
-    assert copy.caption("lblWeekHours(4)").startswith("Scheduled 3.00 of ")
+    assert copy.caption("lblWeekHours(2)").startswith(f"Scheduled 2.00\nof {available}: ")
+    assert copy.caption("lblWeekHours(4)").startswith("Scheduled 3.00\nof ")
 
 
 def test_a_status_that_loads_another_week_takes_the_calendar_along(copy):

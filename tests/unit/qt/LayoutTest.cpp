@@ -100,7 +100,7 @@ void FillLabels(frmMain& board) {
   detail.lblVehLic.SetCaption("WWW 000000");
   detail.lblVehMileage.SetCaption("1234567");
   detail.lblVehDate.SetCaption("12/28/2003");
-  for (ui::Label& label : board.week.lblWeekHours) label.SetCaption("Scheduled 128.00 of 128.00: CLOSED!");
+  for (ui::Label& label : board.week.lblWeekHours) label.SetCaption("Scheduled 128.00\nof 128.00: CLOSED!");
 }
 
 void ExpectBoardFits() {
