@@ -20,7 +20,8 @@ std::string InPlace(const std::string& typed, const std::string& taken) {
 }  // namespace
 
 void NumberFields::Add(ui::TextBox& box, std::string name, Read read) {
-  Field& field = fields_.emplace_back(Field{box, std::move(name), read, false, {}, {}});
+  fields_.push_back(Field{box, std::move(name), read, false, {}, {}});
+  Field& field = fields_.back();
   AlsoRuns(box.OnChange, [&field] { Judge(field); });
 }
 
