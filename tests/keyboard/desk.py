@@ -63,6 +63,19 @@ class Desk:
         """Of the window that has the keyboard; empty when none has."""
         return self._xdotool("getactivewindow", "getwindowname")
 
+    def window(self):
+        """The one that has the keyboard; empty when none has."""
+        return self._xdotool("getactivewindow")
+
+    def expect_other(self, window):
+        """Waits until another window than this one has the keyboard, whatever it is called."""
+        end = time.monotonic() + PATIENCE
+        while self.window() in ("", window):
+            if time.monotonic() > end:
+                raise AssertionError(f"no other window than {self.title()!r} has come")
+            time.sleep(0.05)
+        time.sleep(0.15)
+
     def expect(self, title):
         """Waits until the window with the keyboard is called so."""
         end = time.monotonic() + PATIENCE
