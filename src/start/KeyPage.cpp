@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/Text.h"
+#include "ui/Mnemonic.h"
 #include "ui/SpokenName.h"
 
 namespace lantos {
@@ -62,21 +63,8 @@ constexpr std::string_view kEverywhere = R"(# Keys
 )";
 
 std::string MnemonicIn(std::string_view caption) {
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != '&') continue;
-    if (caption[i + 1] != '&') return std::string("Alt+") + ToUpper(caption[i + 1]);
-    ++i;
-  }
-  return {};
-}
-
-std::string WithoutMnemonic(std::string_view caption) {
-  std::string plain;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && ++i == caption.size()) break;
-    plain += caption[i];
-  }
-  return plain;
+  const char letter = ui::MnemonicOf(caption);
+  return letter == '\0' ? std::string() : std::string("Alt+") + letter;
 }
 
 // "Add <Insert>, change <Enter>" tells two.
@@ -96,7 +84,7 @@ void ToldByMenu(const ui::MenuItem& item, const std::string& path, std::vector<T
   if (!item.Visible()) return;
   const std::string mnemonic = MnemonicIn(item.Caption());
   const std::string way = path.empty() ? mnemonic : path + ", " + mnemonic.substr(mnemonic.find('+') + 1);
-  if (!mnemonic.empty()) keys.push_back({way, "menu entry " + WithoutMnemonic(item.Caption())});
+  if (!mnemonic.empty()) keys.push_back({way, "menu entry " + ui::WithoutMnemonic(item.Caption())});
   for (const auto& inner : item.Items()) ToldByMenu(*inner, way, keys);
 }
 

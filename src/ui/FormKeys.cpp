@@ -3,23 +3,12 @@
 #include <algorithm>
 
 #include "frame/Text.h"
+#include "ui/Mnemonic.h"
 
 // The platform's part of the keyboard, for desktops that have no window system to do it.
 namespace lantos::ui {
 
-namespace {
-
-// The letter behind the first single "&", or NUL.
-char MnemonicOf(std::string_view caption) {
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != '&') continue;
-    if (caption[i + 1] != '&') return ToUpper(caption[i + 1]);
-    ++i;
-  }
-  return '\0';
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void FormKeys::Forget(Control& control) {
   TabOrder::Forget(control);

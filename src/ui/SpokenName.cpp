@@ -5,6 +5,7 @@
 
 #include "frame/Text.h"
 #include "ui/Form.h"
+#include "ui/Mnemonic.h"
 
 namespace lantos::ui {
 
@@ -21,11 +22,7 @@ constexpr DesignedLabel kDesignedLabels[] = {
 
 // "&Save" is "Save", "Name:" is "Name".
 std::string Spoken(std::string_view text) {
-  std::string spoken;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '&' && ++i == text.size()) break;
-    spoken += text[i];
-  }
+  std::string spoken = WithoutMnemonic(text);
   spoken = Trim(spoken.substr(0, spoken.find(" <")));
   while (spoken.ends_with(':')) spoken.pop_back();
   return spoken;

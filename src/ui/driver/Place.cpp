@@ -4,19 +4,11 @@
 
 #include "frame/Text.h"
 #include "ui/Menu.h"
+#include "ui/Mnemonic.h"
 
 namespace lantos::ui {
 
 namespace {
-
-std::string WithoutMnemonic(std::string_view caption) {
-  std::string plain;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && ++i == caption.size()) break;
-    plain += caption[i];
-  }
-  return plain;
-}
 
 bool IsSeparator(const MenuItem& item) { return item.Caption() == "-"; }
 
