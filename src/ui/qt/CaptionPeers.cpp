@@ -37,7 +37,10 @@ class LabelPeer : public WidgetPeer {
     if (IsElided()) ShowToolTip();
   }
 
-  bool IsElided() const { return !label_.wordWrap() && label_.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored; }
+  bool IsElided() const {
+    const bool isOneLine = captioned_.Caption().find('\n') == std::string::npos;
+    return isOneLine && !label_.wordWrap() && label_.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+  }
 
   void ShowCaption() {
     const QString whole = ToQt(captioned_.Caption());

@@ -2,6 +2,7 @@
 #include <QCalendarWidget>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QScreen>
@@ -197,6 +198,18 @@ TEST(VehicleGrid, AHeadingIsClickedWhereItStands) {
     EXPECT_EQ(clicked, 2);
     list->Hide();
   }
+}
+
+// A caption of two lines is told whole, however narrow its panel.
+TEST(Board, TheHoursOfAPanelAreNeverCut) {
+  test::WindowShop shop;
+  auto& board = dynamic_cast<frmMain&>(*shop.forms.front());
+  board.Show();
+  board.week.lblWeekHours[0].SetCaption("Scheduled 17.30\nof 24.00: Under");
+  shop.windows.Settle();
+  auto& label = dynamic_cast<QLabel&>(shop.windows.WindowOf(board)->PeerOf(board.week.lblWeekHours[0])->Widget());
+  EXPECT_EQ(label.text(), QStringLiteral("Scheduled 17.30\nof 24.00: Under"));
+  EXPECT_LE(label.fontMetrics().size(0, label.text()).width(), label.width());
 }
 
 }  // namespace
