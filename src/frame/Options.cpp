@@ -60,7 +60,7 @@ int ToFontFactor(std::string_view digit) { return TrimView(digit).empty() ? 0 : 
 
 // The platform's word for what went wrong, with the key it went wrong at.
 template <class Convert>
-auto ReadAs(const ProfileFile& profile, std::string_view section, std::string_view key, std::string_view defaultValue,
+auto ReadAs(const ProfileText& profile, std::string_view section, std::string_view key, std::string_view defaultValue,
             Convert convert, std::size_t limit = kPrintValueLimit) {
   const std::string text = profile.Get(section, key, defaultValue, limit);
   try {
@@ -72,7 +72,8 @@ auto ReadAs(const ProfileFile& profile, std::string_view section, std::string_vi
 
 }  // namespace
 
-PrintOptions LoadPrintOptions(const ProfileFile& profile) {
+PrintOptions LoadPrintOptions(const ProfileFile& file) {
+  const ProfileText profile = file.Read();
   PrintOptions options;
   for (const BooleanKey& key : kBooleanKeys) {
     options.*key.field = ReadAs(profile, kPrintSection, key.name, WordFor(options.*key.field), ToBoolean);
@@ -90,7 +91,8 @@ void SavePrintOptions(ProfileFile& profile, const PrintOptions& options) {
   }
 }
 
-StatusOptions LoadStatusOptions(const ProfileFile& profile) {
+StatusOptions LoadStatusOptions(const ProfileFile& file) {
+  const ProfileText profile = file.Read();
   StatusOptions options;
   for (std::size_t i = 0; i < kStatusOptionCount; ++i) {
     const std::string letter = profile.Get(kStatusSection, kStatusKeys[i], "A", kStatusValueLimit);
@@ -110,8 +112,8 @@ std::string_view WorkstationProfile::WriteSection() const {
 }
 
 int WorkstationProfile::ReadFontFactor() {
-  const auto read = [&](std::string_view section) {
-    return ReadAs(profile_, section, "FontFactor", "0", ToFontFactor, kFontFactorLimit);
+  const auto read = [profile = profile_.Read()](std::string_view section) {
+    return ReadAs(profile, section, "FontFactor", "0", ToFontFactor, kFontFactorLimit);
   };
   int factor = read(WriteSection());
   if (factor == 0) factor = read(kDefaultsSection);
@@ -146,7 +148,8 @@ bool WorkstationProfile::ReadBackupCmdWait() {
 
 void WorkstationProfile::WriteBackupCmdWait(bool wait) { profile_.Put(WriteSection(), "BackupCmdWait", WordFor(wait)); }
 
-ShopOptions LoadShopOptions(const ProfileFile& profile) {
+ShopOptions LoadShopOptions(const ProfileFile& file) {
+  const ProfileText profile = file.Read();
   ShopOptions options;
   options.LaborDateOption = ReadAs(profile, "Options", "LaborDateOption", "False", ToBoolean);
   options.RepairCodeOption = ReadAs(profile, "Options", "RepairCodeOption", "False", ToBoolean);

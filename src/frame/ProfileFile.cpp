@@ -113,18 +113,22 @@ void PutEntry(std::vector<std::string>& lines, std::string_view section, std::st
 
 }  // namespace
 
-std::string ProfileFile::Get(std::string_view section, std::string_view key, std::string_view defaultValue,
+ProfileText::ProfileText(const std::string& text) : lines_(LinesOf(text)) {}
+
+std::string ProfileText::Get(std::string_view section, std::string_view key, std::string_view defaultValue,
                              std::size_t limit) const {
-  const std::vector<std::string> lines =
-      LinesOf(LockedText(path_, LockedText::Purpose::Reading).Read().value_or(std::string()));
-  const Place place = Locate(lines, section, key);
+  const Place place = Locate(lines_, section, key);
   if (!place.key) return std::string(defaultValue.substr(0, limit));
-  const std::string_view line = WithoutLineEnd(lines[*place.key]);
+  const std::string_view line = WithoutLineEnd(lines_[*place.key]);
   std::string_view value = Blankless(line.substr(line.find('=') + 1));
   if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.back() == value.front()) {
     value = value.substr(1, value.size() - 2);
   }
   return std::string(value.substr(0, limit));
+}
+
+ProfileText ProfileFile::Read() const {
+  return ProfileText(LockedText(path_, LockedText::Purpose::Reading).Read().value_or(std::string()));
 }
 
 bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {

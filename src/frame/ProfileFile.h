@@ -4,8 +4,21 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lantos {
+
+// What a profile file held at one moment.
+class ProfileText {
+ public:
+  explicit ProfileText(const std::string& text);
+  // As ProfileFile's.
+  std::string Get(std::string_view section, std::string_view key, std::string_view defaultValue,
+                  std::size_t limit = std::string_view::npos) const;
+
+ private:
+  std::vector<std::string> lines_;
+};
 
 // A profile file ("[section]", "key=value"). It is a foreign file: writing edits one line and keeps every other line,
 // its order and its line end as found. Sections and keys are found without regard to case; of two equal ones the
@@ -21,7 +34,11 @@ class ProfileFile {
 
   // The value, blanks around it and one pair of quotes removed, cut at limit characters.
   std::string Get(std::string_view section, std::string_view key, std::string_view defaultValue,
-                  std::size_t limit = std::string_view::npos) const;
+                  std::size_t limit = std::string_view::npos) const {
+    return Read().Get(section, key, defaultValue, limit);
+  }
+  // The whole of it, for who wants many values: the file is opened once.
+  ProfileText Read() const;
   // False when the file can't be read and written; it stays as it is then.
   bool Put(std::string_view section, std::string_view key, std::string_view value);
 
