@@ -48,6 +48,12 @@ bool UnsavedChanges::MayBeDropped() const {
 
 void UnsavedChanges::WatchOne(ui::TextBox& box) {
   AlsoRuns(box.OnChange, [this] { Mark(); });
+  // What a screen makes of a box that is left isn't the person's doing; what they typed is marked by then.
+  if (!box.OnLostFocus) return;
+  box.OnLostFocus = [this, own = std::move(box.OnLostFocus)] {
+    const Quiet quiet(*this);
+    own();
+  };
 }
 
 void UnsavedChanges::WatchOne(ui::ComboBox& combo) {

@@ -14,6 +14,7 @@ class Sample : public OkCancelForm {
   explicit Sample(TestShop& world) : OkCancelForm(world.desktop, world.keys, "frmSample", "Sample") {
     for (const char* row : {"one", "two"}) cboKind.AddItem(row);
     txtName.OnChange = [this] { ++nameChanges; };
+    txtName.OnLostFocus = [this] { txtName.SetText("as left"); };
     UseButtons(cmdOK, cmdCancel);
     cmdCancel.SetToolTip("Close <Esc>");
     AskBeforeLosing(cmdCancel, txtName, cboKind, chkFlag, dtpDay, lstTicks);
@@ -50,6 +51,19 @@ TEST(UnsavedChanges, FillingTheFieldsIsNoChangeAndEachKindOfFieldCanBeChanged) {
     change(form);
     EXPECT_TRUE(form.Changed());
   }
+}
+
+TEST(UnsavedChanges, WhatAScreenMakesOfABoxThatIsLeftIsNotThePersonsDoing) {
+  TestShop world;
+  Sample form(world);
+  form.Show();
+  form.txtName.SetFocus();
+  form.PressKey(ui::ParseKey("Tab"));
+  EXPECT_EQ(form.txtName.Text(), "as left");
+  EXPECT_FALSE(form.Changed());
+  form.txtName.DoType("typed");
+  form.cboKind.SetFocus();
+  EXPECT_TRUE(form.Changed());
 }
 
 TEST(UnsavedChanges, TheRowThatIsShownPickedOnceMoreChangesNothing) {
