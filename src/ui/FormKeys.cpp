@@ -3,12 +3,25 @@
 #include <algorithm>
 
 #include "frame/Text.h"
+#include "ui/Form.h"
 #include "ui/Mnemonic.h"
+#include "ui/SpokenName.h"
 
 // The platform's part of the keyboard, for desktops that have no window system to do it.
 namespace lantos::ui {
 
-namespace {}  // namespace
+namespace {
+
+// What a label that only the design knows leads to by its letter.
+Control* FieldLabelled(const std::vector<Control*>& controls, char letter) {
+  const auto field = std::find_if(controls.begin(), controls.end(), [&](const Control* control) {
+    const std::string_view label = DesignedLabelOf(control->Owner().Name(), control->FullName());
+    return control->TakesFocus() && control->IsUsable() && MnemonicOf(label) == ToUpper(letter);
+  });
+  return field == controls.end() ? nullptr : *field;
+}
+
+}  // namespace
 
 void FormKeys::Forget(Control& control) {
   TabOrder::Forget(control);
@@ -106,7 +119,8 @@ bool FormKeys::PressMnemonic(char letter) {
     if (MoveFocus(control)) control->DoClick();
     return true;
   }
-  return false;
+  Control* field = FieldLabelled(Controls(), letter);
+  return field != nullptr && MoveFocus(field);
 }
 
 }  // namespace lantos::ui

@@ -57,6 +57,14 @@ TEST_F(CustSearch, TheHitsGetTheFocusAndNoneOfThemIsChosen) {
   EXPECT_EQ(form.Focus(), &form.NameKey);
 }
 
+TEST_F(CustSearch, TheLettersOfLabelsThatOnlyTheDesignHasLeadToTheirFields) {
+  form.Show();
+  Press(form, "Alt+P");
+  EXPECT_EQ(form.Focus(), &form.Phone);
+  Press(form, "Alt+Y");
+  EXPECT_EQ(form.Focus(), &form.Year);
+}
+
 TEST_F(CustSearch, ACustomerWithoutASpouseGetsOneRow) {
   EXPECT_EQ(Search(&frmCustSearch::NameKey, "roe"), (std::vector<std::string>{"000006 " + LeftJustify("ROE,AL", 38)}));
 }
