@@ -189,7 +189,7 @@ void frmInvList::EndLoading() {
   LoadProgress.SetVisible(false);
   LoadingLabel.SetVisible(false);
   EnableSearch(true);
-  if (Visible() && !DataGrid1.HasFocus()) SearchPart.SetFocus();
+  if (Visible() && (!DataGrid1.HasFocus() || DataGrid1.Row() < 0)) SearchPart.SetFocus();
 }
 
 void frmInvList::EnableSearch(bool enabled) {

@@ -43,6 +43,15 @@ TEST_F(InvList, IsReadToItsEndWhenTheInventoryAsksForIt) {
   EXPECT_EQ(inventory.FindPart("PAD-9"), 0);
 }
 
+TEST_F(InvList, ShownWhileItIsReadItHasTheHandInTheSearchAtTheEnd) {
+  ForgetList();
+  frmInvList list(shop);
+  list.LoadForm();
+  list.Show();
+  inventory.FinishLoading();
+  EXPECT_EQ(list.Focus(), &list.SearchPart);
+}
+
 TEST_F(InvList, APartThatWasWrittenIsListedAsItIsNow) {
   ForgetList();
   frmInvList list(shop);
