@@ -54,7 +54,10 @@ char CharacterOf(const KeyPress& key) {
 
 }  // namespace
 
-void Typing::PutCaret(std::size_t at) { caret_ = anchor_ = std::min(at, Shown().size()); }
+void Typing::PutCaret(std::size_t at) {
+  caret_ = anchor_ = std::min(at, Shown().size());
+  last_ = Change::None;
+}
 
 void Typing::MarkAll() {
   anchor_ = 0;

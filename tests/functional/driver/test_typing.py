@@ -40,6 +40,16 @@ def test_what_is_typed_in_the_middle_stays_in_the_middle(customer):
     assert state(customer, "Address") == ("x5797 Second St", 1)
 
 
+def test_what_is_put_in_at_two_places_is_taken_back_one_by_one(customer):
+    customer.insert("Address", "1", at=0)
+    customer.insert("Address", "2", at=1)
+    assert state(customer, "Address")[0] == "125797 Second St"
+    customer.key("Ctrl+Z")
+    assert state(customer, "Address")[0] == "15797 Second St"
+    customer.key("Ctrl+Z")
+    assert state(customer, "Address")[0] == "5797 Second St"
+
+
 def test_a_full_field_takes_no_more_at_any_place(customer):
     customer.type("State", "XYZ")
     full = customer.text("State")
