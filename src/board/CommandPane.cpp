@@ -10,6 +10,7 @@ constexpr int kMarkedPoints = 10;
 }  // namespace
 
 CommandPane::CommandPane(ui::Form& form) : form_(form) {
+  frameCommands.SetSpokenName("Commands");
   frameCommands.Holds(cmdWeekView, cmdDayView, cmdDetailView, cmdNewEstimate, cmdPrintEstimate, cmdPrintWorksheet,
                       cmdConvert, cmdReschedule, cmdChangeStatus, cmdFind, cmdWOHistory, cmdTechHours, cmdEstimateNotes,
                       cmdEstimateSublets, cmdEstimateWaste, cmdEstimateChecklist);

@@ -22,6 +22,7 @@ constexpr SortChoice kSortChoices[] = {{"Est#", "EstimateNumber ASC"},
 }  // namespace
 
 DayPane::DayPane(ui::Form& form) : form_(form) {
+  frameDayView.SetSpokenName("Day");
   frameDayView.Holds(frameDay, lblDayComments, cbShowLabor, cmdPrintDay);
   frameDay.Holds(List2);
   List2.SetFace(ui::FontFace::FixedPitch);

@@ -49,7 +49,6 @@ void ServeByKeys(ui::ListBox& list, const ListButtons& buttons) {
     key.Clear();
     if (button->IsUsable()) button->OnClick();
   };
-  list.SetToolTip("Insert adds, Enter changes, Delete removes");
   list.OnDoubleClick = [buttons] {
     if (buttons.change.IsUsable()) buttons.change.OnClick();
   };

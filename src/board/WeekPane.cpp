@@ -18,6 +18,7 @@ constexpr const char* kNoMark = " ";
 }  // namespace
 
 WeekPane::WeekPane(ui::Form& form) : form_(form) {
+  frameWeekView.SetSpokenName("Week");
   frameWeekView.Holds(lblWeekComment);
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     frameWeek[i].SetContainer(frameWeekView);

@@ -21,7 +21,7 @@ constexpr std::string_view kEverywhere = R"(# Keys
 |---|---|
 | Tab, Shift+Tab | to the next field, to the one before |
 | Alt and the underlined letter | presses the button, opens the menu, goes to the field |
-| Enter | presses the button that has the focus, else the default one |
+| Enter | presses the button that has the focus, else the default one; in the fields of labor, canned labor, parts and kits it goes to the next field |
 | Arrows on a button, a box or an option | to the next one; an option is chosen by it |
 | Space | presses the button, ticks the box |
 | Menu, Shift+F10 | what the right button of the mouse opens |
@@ -39,6 +39,23 @@ constexpr std::string_view kEverywhere = R"(# Keys
 | Space | takes row 1 where none is selected; ticks the row's box |
 | Shift with these, Ctrl+A | several rows, where several can be selected |
 | F4, Alt+Down | open a drop-down; Enter takes the marked row, Esc leaves it |
+
+## In searches
+
+| key | what it does |
+|---|---|
+| Enter in a search field | searches; in canned labor it goes to what was found |
+| Down in a search field | to what was found |
+| Enter on what was found | takes it |
+
+## In the preview of a paper
+
+| key | what it does |
+|---|---|
+| PgUp, PgDn | a page back, a page on |
+| Home, End | to the first page, to the last |
+| Ctrl++, Ctrl+- | larger, smaller |
+| Ctrl+P | prints |
 
 ## In texts
 
