@@ -28,6 +28,7 @@ constexpr std::string_view kEverywhere = R"(# Keys
 | Alt+F4 | the close box of the window |
 | Ctrl+Alt+P | prints the screen |
 | Ctrl+Alt+T | to Korvel |
+| Ctrl+Alt+V | the vendors, to look at |
 
 ## In lists and grids
 
