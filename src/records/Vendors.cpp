@@ -6,7 +6,6 @@
 
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
-#include "records/RecordArray.h"
 #include "records/modSystem.h"
 
 namespace lantos {
@@ -48,7 +47,7 @@ bool Vendors::LookAgain() {
 void Vendors::ReadAll() {
   OpenedFile file(environment_.openFiles, kVendorFile, Access::Read, Deny::All);
   const std::uint64_t count = std::min<std::uint64_t>(CountIn(file->Length()), kVendorLimit);
-  std::vector<VendorRecord> read(static_cast<std::size_t>(count));
+  RecordArray<VendorRecord> read(static_cast<std::size_t>(count));
   ReadRecords(*file, 0, std::span(read));
   vendors_ = std::move(read);
   loaded_ = true;

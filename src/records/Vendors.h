@@ -2,11 +2,10 @@
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 #include "frame/Environment.h"
 #include "frame/SharedFile.h"
-#include "records/Record.h"
+#include "records/RecordArray.h"
 #include "ui/Desktop.h"
 
 namespace lantos {
@@ -81,7 +80,7 @@ class Vendors {
   Environment& environment_;
   ui::Desktop& desktop_;
   modSystem& system_;
-  std::vector<VendorRecord> vendors_;
+  RecordArray<VendorRecord> vendors_;
   bool loaded_ = false;
 };
 

@@ -195,11 +195,13 @@ TEST_F(VendorsTest, ANewVendorLeavesABrokenEndThatCountsAndGoesBehindIt) {
 }
 
 TEST_F(VendorsTest, AFullFileTakesNoMore) {
-  Put(kVendorFile, std::string((kVendorLimit + 7) * 204, '\0'));
+  constexpr std::uintmax_t length = (kVendorLimit + 7) * 204;
+  Put(kVendorFile, "");
+  std::filesystem::resize_file(PathOf(kVendorFile), length);
   vendors.LoadVendors();
   EXPECT_EQ(vendors.Count(), kVendorLimit);
   EXPECT_THROW(vendors.AddVendor("Beta"), std::overflow_error);
-  EXPECT_EQ(File().size(), (kVendorLimit + 7) * 204);
+  EXPECT_EQ(std::filesystem::file_size(PathOf(kVendorFile)), length);
 }
 
 TEST_F(VendorsTest, ADeletedVendorLeavesABlankRecordAndTheOthersKeepTheirNumbers) {
