@@ -175,11 +175,11 @@ def test_a_file_that_is_not_whole_records(start, shop, broken):
     assert vendor_bytes(shop) == [vendor_record(ALPHA), *kept, added]
 
 
-def test_the_key_of_the_vendors_shows_them_on_every_screen(start, vendors):
-    customer = vendors.add_customer(7, "Smith", "John")
-    vendors.add_vehicle(customer, "Ford", "Focus", "1999")
-    vendors.write()
-    copy = start(vendors)
+def test_the_key_of_the_vendors_shows_them_on_every_screen(start, shop):
+    shop.add_vehicle(shop.add_customer(7, "Smith", "John"), "Ford", "Focus", "1999")
+    shop.write()
+    write_vendors(shop, ALPHA)
+    copy = start(shop)
 
     def look(expected):
         copy.key("Ctrl+Alt+V")
@@ -254,10 +254,10 @@ def test_a_file_that_is_held_is_asked_about_for_ever(start, vendors):
     assert vendor_bytes(vendors)[:2] == [BLANK, BLANK]
 
 
-def test_the_vendors_are_behind_their_password(start, vendors):
-    vendors.set_password("Vendor", "secret")
-    vendors.write()
-    copy = start(vendors)
+def test_the_vendors_are_behind_their_password(start, shop):
+    shop.set_password("Vendor", "secret")
+    shop.write()
+    copy = start(shop)
     copy.menu("mnuMaintVendors")
     copy.expect_form("frmEnterPwd")
     assert copy.answer["caption"] == "Enter Vendor Password"
