@@ -252,19 +252,3 @@ def test_a_file_that_is_held_is_asked_about_for_ever(start, vendors):
         copy.press("OK")
         copy.expect_form("frmVendorList")
     assert vendor_bytes(vendors)[:2] == [BLANK, BLANK]
-
-
-def test_the_vendors_are_behind_their_password(start, shop):
-    shop.set_password("Vendor", "secret")
-    shop.write()
-    copy = start(shop)
-    copy.menu("mnuMaintVendors")
-    copy.expect_form("frmEnterPwd")
-    assert copy.answer["caption"] == "Enter Vendor Password"
-    copy.type("Pwd", "Secret")
-    copy.key("Enter")
-    copy.expect_form("frmMain")
-    copy.menu("mnuMaintVendors")
-    copy.type("Pwd", "secret")
-    copy.key("Enter")
-    copy.expect_form("frmVendorList")
