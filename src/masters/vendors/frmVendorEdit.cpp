@@ -69,9 +69,12 @@ void frmVendorEdit::Save() {
   Hide();
 }
 
+std::size_t frmVendorEdit::EndOfListAt(Direction direction) const {
+  return direction == Direction::Forward ? list_.size() - 1 : 0;
+}
+
 void frmVendorEdit::Step(Direction direction) {
-  const bool atTheEnd = direction == Direction::Forward ? place_ + 1 == list_.size() : place_ == 0;
-  if (atTheEnd) return shop_.desktop.Beep();
+  if (place_ == EndOfListAt(direction)) return shop_.desktop.Beep();
   if (!MayLeaveVendor()) return;
   if (!GoTo(direction)) {
     vendors_.MakeCurrent(Index());
@@ -87,9 +90,8 @@ bool frmVendorEdit::MayLeaveVendor() {
 
 // Passes over vendors that another copy has deleted since the list was made.
 bool frmVendorEdit::GoTo(Direction direction) {
-  std::size_t place = place_;
-  while (direction == Direction::Forward ? place + 1 < list_.size() : place > 0) {
-    direction == Direction::Forward ? ++place : --place;
+  for (std::size_t place = place_; place != EndOfListAt(direction);) {
+    place = direction == Direction::Forward ? place + 1 : place - 1;
     vendors_.MakeCurrent(list_[place]);
     if (vendors_.CurrentVendor.View(vendor::VendorName).empty()) continue;
     place_ = place;

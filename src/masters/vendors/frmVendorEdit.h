@@ -46,6 +46,7 @@ class frmVendorEdit : public EditForm {
   void WireButtons();
   void OnlyShow();
   enum class Direction { Back, Forward };
+  std::size_t EndOfListAt(Direction direction) const;
   void Step(Direction direction);
   bool MayLeaveVendor();
   bool GoTo(Direction direction);
