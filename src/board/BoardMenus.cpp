@@ -6,6 +6,7 @@
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
 #include "frame/Text.h"
+#include "masters/vendors/VendorScreens.h"
 #include "records/Customers.h"
 #include "records/Passwords.h"
 #include "screens/CheckPassword.h"
@@ -65,7 +66,9 @@ void BoardMenus::BuildMaintenanceMenu() {
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
   maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);
-  maintenance.Add("mnuMaintVendors", "&Vendors").SetEnabled(false);
+  maintenance.Add("mnuMaintVendors", "&Vendors", [this] {
+    if (MayEnter(shop_, Section::Vendor)) VendorMaintenance(shop_);
+  });
   ui::MenuItem& refresh = maintenance.Add("mnuRefresh", "&Refresh");
   refresh.Add("mnuRefreshCustomer", "&Customers", [this] { RefreshCustomerIndex(); });
   refresh.Add("mnuRefreshTotals", "&Totals", [this] { actions_.refreshTotals(); });

@@ -163,6 +163,12 @@ inline constexpr ContentionRule kOpenOrders = {
     .buttons = Buttons::RetryCancel,
 };
 
+// Vendors, for ever. What is waited for is the routine.
+inline constexpr ContentionRule kVendors = {
+    .text = "Vendor file locked by another user.\rClick OK to try again.",
+    .title = "{what} {error}",
+};
+
 // Files that another copy has alone for a moment: the lists that each copy reads at its start (employees, makes), and
 // the tags of work orders, which are flushed behind each write. Two seconds.
 inline constexpr ContentionRule kMomentsPatience = {

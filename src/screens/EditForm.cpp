@@ -104,7 +104,7 @@ void EditForm::Press(ui::Button& button) {
 void EditForm::OnKeyDown(ui::KeyPress& key) {
   if (shop_.keys.HandleGlobalKeys(key, *this)) return;
   ui::Button* button = key.Is("F10") ? save_ : key.Is("F2") ? reset_ : key.Is("Esc") ? cancel_ : nullptr;
-  if (button == nullptr) return OtherKey(key);
+  if (button == nullptr || !button->Visible()) return OtherKey(key);
   key.Clear();
   Press(*button);
 }

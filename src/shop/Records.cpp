@@ -8,6 +8,7 @@
 #include "records/Passwords.h"
 #include "records/PurchaseOrders.h"
 #include "records/Vehicles.h"
+#include "records/Vendors.h"
 #include "records/inventory/Inventory.h"
 #include "records/inventory/InventoryKits.h"
 #include "records/inventory/NameList.h"
@@ -33,7 +34,8 @@ struct Records::Families {
         followups(environment),
         laborKits(environment),
         checkList(environment),
-        usageHistory(environment, desktop, inventory) {}
+        usageHistory(environment, desktop, inventory),
+        vendors(environment, desktop, system) {}
 
   modSystem system;
   Vehicles vehicles;
@@ -50,6 +52,7 @@ struct Records::Families {
   LaborKits laborKits;
   CheckListTable checkList;
   UsageHistory usageHistory;
+  Vendors vendors;
 };
 
 Records::Records(Environment& environment, ui::Desktop& desktop)
@@ -68,7 +71,8 @@ Records::Records(Environment& environment, ui::Desktop& desktop)
       followups(families_->followups),
       laborKits(families_->laborKits),
       checkList(families_->checkList),
-      usageHistory(families_->usageHistory) {}
+      usageHistory(families_->usageHistory),
+      vendors(families_->vendors) {}
 
 Records::~Records() = default;
 

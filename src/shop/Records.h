@@ -21,6 +21,7 @@ class Passwords;
 class PurchaseOrders;
 class UsageHistory;
 class Vehicles;
+class Vendors;
 
 // The shared flat files of one run, each family with its own working record. Whoever uses a family includes its header.
 struct Records {
@@ -48,6 +49,7 @@ struct Records {
   LaborKits& laborKits;
   CheckListTable& checkList;
   UsageHistory& usageHistory;
+  Vendors& vendors;
 };
 
 }  // namespace lantos

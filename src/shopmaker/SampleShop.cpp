@@ -95,6 +95,7 @@ void AddListFiles(ShopDirectory& directory, const SampleShop& shop) {
   AddRecords(directory, kOpenOrdersFile, shop.orders);
   for (const auto& [name, text] : shop.orderTexts) directory.AddFile(name, text);
   AddRecords(directory, kFollowupFile, shop.followups);
+  AddRecords(directory, kVendorFile, shop.vendors);
   // A year, as without the file, would leave most vehicles without a past on the worksheet.
   directory.AddFile("Lantos.ini",
                     std::string_view("[Print Options]\r\nVehSummaryYears=3\r\nVehSummaryLaborLines=2\r\n"));
@@ -159,6 +160,7 @@ SampleShop ImagineShop(const SampleOptions& options) {
   sample::ImagineEstimates(shop, options);
   sample::ImagineWork(shop, options);
   sample::ImagineLists(shop, options);
+  sample::ImagineVendors(shop, options);
   sample::ImagineWorkorders(shop, options);
   return shop;
 }
@@ -170,11 +172,11 @@ void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& opti
 void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock) {
   ShopDirectory directory(path);
   AddFlatFiles(directory, shop, clock);
-  AddEmptyFiles(directory, {kSystemFile,     kCustomerTagFile,    kCustomerFile,  kVehicleFile,     kMakeModelFile,
-                            kEmployeeFile,   kInventoryTagFile,   kInventoryFile, kDepartmentFile,  kManufacturerFile,
-                            kKitFile,        kCannedLaborFile,    kLaborKitFile,  kCannedNoteFile,  kCheckListFile,
-                            kOpenOrdersFile, kFollowupFile,       kActiveTagFile, kArchivedTagFile, kArchiveFile,
-                            kUsageFile,      kWorkorderDisclaimer});
+  AddEmptyFiles(directory, {kSystemFile,     kCustomerTagFile,     kCustomerFile,  kVehicleFile,     kMakeModelFile,
+                            kEmployeeFile,   kInventoryTagFile,    kInventoryFile, kDepartmentFile,  kManufacturerFile,
+                            kKitFile,        kCannedLaborFile,     kLaborKitFile,  kCannedNoteFile,  kCheckListFile,
+                            kOpenOrdersFile, kFollowupFile,        kActiveTagFile, kArchivedTagFile, kArchiveFile,
+                            kUsageFile,      kWorkorderDisclaimer, kVendorFile});
   AddDatabases(directory, clock);
   de database;
   ConnectTo(database, directory, clock);

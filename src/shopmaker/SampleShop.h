@@ -16,6 +16,7 @@
 #include "records/MakesModels.h"
 #include "records/PurchaseOrders.h"
 #include "records/Vehicles.h"
+#include "records/Vendors.h"
 #include "records/inventory/InventoryKits.h"
 #include "records/inventory/InventoryLayout.h"
 #include "records/modEmployees.h"
@@ -98,6 +99,7 @@ struct SampleShop {
   std::vector<PoTag> orders;
   std::vector<std::pair<std::string, std::string>> orderTexts;  // file name and text
   std::vector<FollowupRecord> followups;
+  std::vector<VendorRecord> vendors;
   std::vector<SampleEstimate> estimates;
   std::vector<SampleWorkorder> workorders;      // by number, and so by the day they were opened
   std::array<std::int32_t, 7> standardHours{};  // Sunday to Saturday

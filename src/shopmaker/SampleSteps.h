@@ -17,6 +17,7 @@ void ImagineParts(SampleShop& shop, const SampleOptions& options);
 void ImagineKits(SampleShop& shop, const SampleOptions& options);
 std::int32_t KitCount(const SampleOptions& options);
 void ImagineLists(SampleShop& shop, const SampleOptions& options);
+void ImagineVendors(SampleShop& shop, const SampleOptions& options);
 void ImagineSchedule(SampleShop& shop, const SampleOptions& options);
 void ImagineEstimates(SampleShop& shop, const SampleOptions& options);
 
@@ -50,7 +51,8 @@ enum Stream : std::uint64_t {
   kScheduleStream,
   kWorkStream,
   kListStream,
-  kWorkorderStream
+  kWorkorderStream,
+  kVendorStream
 };
 
 // The rows of Lantos.mdb.

@@ -28,6 +28,9 @@
 #include "masters/vehicles/frmMakeModel.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
+#include "masters/vendors/frmVendorAdd.h"
+#include "masters/vendors/frmVendorEdit.h"
+#include "masters/vendors/frmVendorList.h"
 #include "records/CannedLabor.h"
 #include "records/Vehicles.h"
 #include "screens/frmEnterPwd.h"
@@ -41,6 +44,11 @@ namespace {
 template <class Screen, class... Arguments>
 std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
   return std::make_unique<Screen>(std::forward<Arguments>(arguments)...);
+}
+
+// The only vendor of its list.
+std::unique_ptr<ui::Form> MakeVendorEdit(Shop& shop, frmVendorEdit::Purpose purpose) {
+  return Make<frmVendorEdit>(shop, purpose, std::vector<std::size_t>{0}, std::size_t{0});
 }
 
 constexpr DaySerial kSomeDay = 37894;
@@ -66,6 +74,11 @@ const std::vector<MakeForm> kForms = {
     },
     [](FormGround& ground) { return Make<frmMakeModel>(ground.shop); },
     [](FormGround& ground) { return Make<frmInvList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmVendorList>(ground.shop, frmVendorList::Purpose::Maintain); },
+    [](FormGround& ground) { return Make<frmVendorList>(ground.shop, frmVendorList::Purpose::View); },
+    [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::Edit); },
+    [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::View); },
+    [](FormGround& ground) { return Make<frmVendorAdd>(ground.shop); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },

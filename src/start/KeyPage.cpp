@@ -28,6 +28,7 @@ constexpr std::string_view kEverywhere = R"(# Keys
 | Alt+F4 | the close box of the window |
 | Ctrl+Alt+P | prints the screen |
 | Ctrl+Alt+T | to Korvel |
+| Ctrl+Alt+V | the vendors, to look at |
 
 ## In lists and grids
 
@@ -117,6 +118,8 @@ std::vector<ToldKey> KeysOf(const ui::Form& form) {
   if (form.DefaultButton() != nullptr) keys.push_back({"Enter", ui::SpokenNameOf(*form.DefaultButton())});
   if (form.CancelButton() != nullptr) keys.push_back({"Esc", ui::SpokenNameOf(*form.CancelButton())});
   for (const ui::Control* control : form.Controls()) {
+    // A field may come with what is entered elsewhere; a button that the form hides as it is made stays away.
+    if (dynamic_cast<const ui::Button*>(control) != nullptr && !control->Visible()) continue;
     ToldByToolTip(*control, keys);
     const auto* captioned = dynamic_cast<const ui::Captioned*>(control);
     const std::string_view label = ui::DesignedLabelOf(form.Name(), control->FullName());

@@ -7,6 +7,7 @@
 #include "board/frmMain.h"
 #include "frame/PathText.h"
 #include "frame/PlainWords.h"
+#include "masters/vendors/VendorScreens.h"
 #include "start/CommandLine.h"
 #include "start/DataDirectory.h"
 #include "start/EveryForm.h"
@@ -30,6 +31,7 @@ struct Program::State {
     environment.computerName = invocation.computerName;
     database.busyTimeout = invocation.busyTimeout;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
+    keys.openVendorList = [this] { ViewVendors(shop); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
   }
   ~State() { desktop.logFailure = nullptr; }

@@ -4,6 +4,7 @@
 #include "records/CannedLabor.h"
 #include "records/Followups.h"
 #include "records/PurchaseOrders.h"
+#include "records/Vendors.h"
 
 // What the program does with the shop's lists, whatever their bytes are.
 namespace lantos::fuzz {
@@ -26,6 +27,39 @@ inline void ReadOrders(QuietShop& shop) {
   Records records(shop.environment, shop.desktop);
   Refusable([&] {
     for (const OrderedSublet& sublet : records.orders.GetOpenPOSublets()) See(sublet.vendor + sublet.description);
+  });
+}
+
+inline void ReadVendors(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    Vendors& vendors = records.vendors;
+    vendors.LoadVendors();
+    for (std::size_t i = 0; i < vendors.Count(); ++i) {
+      for (const TextField field :
+           {vendor::VendorName, vendor::Contact, vendor::Address, vendor::City, vendor::State, vendor::Zip,
+            vendor::Phone1, vendor::Phone1Ext, vendor::Phone2, vendor::Phone3, vendor::TaxIdNumber}) {
+        See(vendors[i].Get(field));
+      }
+    }
+    for (std::size_t i = 0; i < std::min<std::size_t>(vendors.Count(), 3); ++i) vendors.MakeCurrent(i);
+    vendors.Find("Clearview Glass");
+    vendors.LookAgain();
+  });
+}
+
+inline void ChangeVendors(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    Vendors& vendors = records.vendors;
+    vendors.LoadVendors();
+    if (vendors.Count() > 0) {
+      vendors.MakeCurrent(0);
+      vendors.CurrentVendor.Put(vendor::Contact, "Somebody");
+      vendors.SaveVendor(0);
+      vendors.DeleteVendor(vendors.Count() - 1);
+    }
+    vendors.AddVendor("Newcomer");
   });
 }
 

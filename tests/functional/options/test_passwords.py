@@ -13,7 +13,7 @@ GUARDED = {
     "mnuStatusOptions": ("System", "frmStatusOptions"),
     "mnuMaintInventory": ("Inventory Maintenance", None),
     "mnuMaintEmployees": ("Employee", None),
-    "mnuMaintVendors": ("Vendor", None),
+    "mnuMaintVendors": ("Vendor", "frmVendorList"),
     "mnuSystemCompanyInfo": ("System", None),
     "mnuSystemParameters": ("System", None),
     "mnuDisclaimer": ("Edit Menu", "frmDisclaimer"),

@@ -108,6 +108,20 @@ MAKE_MODEL = ("TQMAKMOD.DAT", 29, {
     "Next": (25, 4, LONG),
 })
 
+VENDOR = ("TQVENDOR.DAT", 204, {
+    "VendorName": (0, 32, TEXT),
+    "Contact": (32, 32, TEXT),
+    "Address": (64, 33, TEXT),
+    "City": (97, 21, TEXT),
+    "State": (118, 3, TEXT),
+    "Zip": (121, 11, TEXT),
+    "Phone1": (132, 15, TEXT),
+    "Phone1Ext": (147, 6, TEXT),
+    "Phone2": (153, 15, TEXT),
+    "Phone3": (168, 15, TEXT),
+    "TaxIdNumber": (183, 21, TEXT),
+})
+
 EMPLOYEE = ("TQEMPLOY.DAT", 199, {
     "EmpNumber": (0, 4, LONG),
     "Name": (4, 32, TEXT),
@@ -245,7 +259,7 @@ ARCHIVED_WO_TAG = ("TQINCTAG.DAT", 290, {**WO_TAG_HEAD, "MasterOffset": (286, 4,
 PASSWORDS = ("TQPASSWD.DAT", 252, {"password_%d" % i: (21 * i, 21, TEXT) for i in range(12)})
 
 LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS, INVENTORY_TAG, INVENTORY, KIT, FOLLOWUP,
-           PO_TAG, LABOR_KIT, WO_TOTALS, ACTIVE_WO_TAG, ARCHIVED_WO_TAG)
+           PO_TAG, LABOR_KIT, WO_TOTALS, ACTIVE_WO_TAG, ARCHIVED_WO_TAG, VENDOR)
 
 
 def record(layout, **values):

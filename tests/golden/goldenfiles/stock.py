@@ -1,6 +1,6 @@
-"""The inventory with its kits and lists of names, and purchase orders."""
+"""The inventory with its kits and lists of names, purchase orders, and vendors."""
 
-from .layouts import INVENTORY, INVENTORY_TAG, KIT, PO_TAG, pattern, record
+from .layouts import INVENTORY, INVENTORY_TAG, KIT, PO_TAG, VENDOR, pattern, record
 
 PARTS = (
     dict(StockNumber="PF47", Description="OIL FILTER", AltNumber_0="PH3614", AltNumber_2=b"L10241\0older",
@@ -60,3 +60,17 @@ def make_orders():
                     for vendor, invoice, cost, price, text in SUBLETS)
     detail = "[Purchase Order]\r\nVendor=Riverside Radiator\r\n\r\n[Sublets]\r\n" + lines + "[Credits]\r\n"
     return tags, detail.encode("cp1252")
+
+
+def make_vendors():
+    """One with leftovers behind its texts, a deleted one, one whose texts fill their fields, one in blanks."""
+    return b"".join((
+        record(VENDOR, VendorName=b"Riverside Radiator\0& Sons", Contact=b"Rita\0Robert Rivers", Address="9 River Road",
+               City="Dayton", State="OH", Zip="45402", Phone1="937-555-0900", Phone1Ext="21", Phone2="937-555-0901",
+               Phone3="937-555-0902", TaxIdNumber="31-0000009"),
+        record(VENDOR),
+        record(VENDOR, VendorName="M\u00fcnchner Motorenteile Import A", Contact="c" * 32, Address="a" * 33, City="i" * 21,
+               State="OHI", Zip="45402-12345", Phone1="937-555-0100 x9", Phone1Ext="123456", Phone2="2" * 15,
+               Phone3="3" * 15, TaxIdNumber="t" * 21),
+        record(VENDOR, VendorName="  Valley Machine  ", City="Xenia"),
+    ))

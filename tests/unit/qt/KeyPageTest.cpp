@@ -82,6 +82,45 @@ TEST(KeyPage, EveryKeyThatAFormTakesIsToldByItsToolTips) {
   EXPECT_GT(taken, 60);
 }
 
+TEST(KeyPage, AButtonThatAFormLeavesOutIsNotToldAndItsKeyNotTaken) {
+  PaperShop shop;
+  frmVendorList view(shop.shop, frmVendorList::Purpose::View);
+  frmVendorEdit look(shop.shop, frmVendorEdit::Purpose::View, {0}, 0);
+  const auto tells = [](const ui::Form& form, std::string_view key) {
+    const std::vector<ToldKey> told = KeysOf(form);
+    return std::any_of(told.begin(), told.end(), [&](const ToldKey& each) { return each.key == key; });
+  };
+  EXPECT_TRUE(tells(view, "F10"));
+  EXPECT_FALSE(tells(view, "Insert"));
+  EXPECT_FALSE(tells(view, "Alt+E"));
+  EXPECT_TRUE(tells(look, "PgDn"));
+  EXPECT_FALSE(tells(look, "F10"));
+  for (const char* key : {"F10", "F2"}) {
+    ui::KeyPress press = ui::ParseKey(key);
+    look.PreviewKey(press);
+    EXPECT_FALSE(press.cleared) << key;
+  }
+}
+
+TEST(GlobalKeys, TheVendorsAreShownFromEveryScreenButTheirOwn) {
+  PaperShop shop;
+  int opened = 0;
+  shop.keys.openVendorList = [&] { ++opened; };
+  for (const auto& form : shop.forms) {
+    // The one is never touched, and the other asks where the vendors are.
+    if (form->Name() == "frmSplash" || form->Name() == "frmEnterDir") continue;
+    const int before = opened;
+    const int beepsBefore = shop.desktop.beeps;
+    ui::KeyPress press = ui::ParseKey("Ctrl+Alt+V");
+    form->PreviewKey(press);
+    EXPECT_TRUE(press.cleared) << form->Name();
+    const bool isVendors = form->Name().starts_with("frmVendor");
+    EXPECT_EQ(opened - before, isVendors ? 0 : 1) << form->Name();
+    EXPECT_EQ(shop.desktop.beeps - beepsBefore, isVendors ? 1 : 0) << form->Name();
+  }
+  EXPECT_GT(opened, 20);
+}
+
 TEST(SpokenNames, EveryFieldOfEveryFormHasOne) {
   const PaperShop shop;
   for (const auto& form : shop.forms) {

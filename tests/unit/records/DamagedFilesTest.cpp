@@ -2,11 +2,12 @@
 
 #include <functional>
 
-#include "../../fuzz/Readers.h"
+#include "../../fuzz/ListReaders.h"
 #include "records/Customers.h"
 #include "records/MakesModels.h"
 #include "records/Passwords.h"
 #include "records/Vehicles.h"
+#include "records/Vendors.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
 
@@ -95,6 +96,17 @@ std::string EmployeeSeed() {
   return file;
 }
 
+std::string VendorSeed() {
+  std::string file;
+  for (const char* name : {"Valley Machine", "Clearview Glass"}) {
+    VendorRecord record;
+    record.Put(vendor::VendorName, name);
+    record.Put(vendor::TaxIdNumber, "31-0000009");
+    Append(file, record);
+  }
+  return file;
+}
+
 std::string SystemSeed() {
   SystemRecord record;
   for (const LongField counter :
@@ -123,6 +135,7 @@ constexpr Format kVehicles = {kVehicleFile, VehicleRecord::kLength, VehicleSeed,
 constexpr Format kMakes = {kMakeModelFile, MakeModelRecord::kLength, MakeSeed, fuzz::ReadMakes, fuzz::ChangeMakes};
 constexpr Format kEmployees = {kEmployeeFile, EmployeeRecord::kLength, EmployeeSeed, fuzz::ReadEmployees,
                                fuzz::ChangeEmployees};
+constexpr Format kVendors = {kVendorFile, VendorRecord::kLength, VendorSeed, fuzz::ReadVendors, fuzz::ChangeVendors};
 constexpr Format kSystem = {kSystemFile, SystemRecord::kLength, SystemSeed, fuzz::ReadSystemRecord, fuzz::TakeNumbers};
 constexpr Format kPasswords = {kPasswordFile, PasswordRecord::kLength,
                                [] { return std::string(PasswordRecord::kLength, 'p'); }, fuzz::ReadPasswords, nullptr};
@@ -131,7 +144,7 @@ class DamagedFiles : public testing::TestWithParam<Format> {
  protected:
   // The other files are sound, so that links lead somewhere.
   void PutSound() {
-    for (const Format& format : {kTags, kMasters, kVehicles, kMakes, kEmployees, kSystem, kPasswords}) {
+    for (const Format& format : {kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kSystem, kPasswords}) {
       shop.Put(format.file, format.seed());
     }
   }
@@ -194,10 +207,11 @@ std::string NameOfTest(const testing::TestParamInfo<Format>& tested) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, DamagedFiles,
-                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kSystem, kPasswords),
+                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kSystem, kPasswords),
                          NameOfTest);
 INSTANTIATE_TEST_SUITE_P(Formats, DamagedFilesThatAreWritten,
-                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kSystem), NameOfTest);
+                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kSystem),
+                         NameOfTest);
 
 }  // namespace
 }  // namespace lantos

@@ -1,10 +1,11 @@
-// The golden files of the shop's lists: followups, purchase orders, canned labor and notes, the checklist.
+// The golden files of the shop's lists: followups, purchase orders, vendors, canned labor and notes, the checklist.
 #include "GoldenBench.h"
 #include "GoldenDirectory.h"
 #include "records/CannedLabor.h"
 #include "records/CheckList.h"
 #include "records/Followups.h"
 #include "records/PurchaseOrders.h"
+#include "records/Vendors.h"
 
 namespace lantos::test {
 namespace {
@@ -31,6 +32,14 @@ std::vector<Field> LaborKitFields() {
   return list.All();
 }
 
+std::vector<Field> VendorFields() {
+  FieldList list(kVendorFile);
+  list FIELD(vendor, VendorName) FIELD(vendor, Contact) FIELD(vendor, Address) FIELD(vendor, City) FIELD(vendor, State)
+      FIELD(vendor, Zip) FIELD(vendor, Phone1) FIELD(vendor, Phone1Ext) FIELD(vendor, Phone2) FIELD(vendor, Phone3)
+          FIELD(vendor, TaxIdNumber);
+  return list.All();
+}
+
 class ListGolden : public ShopTest {
  protected:
   ListGolden() {
@@ -43,7 +52,8 @@ class ListGolden : public ShopTest {
 };
 
 TEST_F(ListGolden, EveryFieldLiesWhereTheGoldenFilesHaveIt) {
-  for (const auto& fields : {FollowupFields(), OrderFields(), LaborKitFields()}) ExpectGoldenLayout(fields);
+  for (const auto& fields : {FollowupFields(), OrderFields(), LaborKitFields(), VendorFields()})
+    ExpectGoldenLayout(fields);
 }
 
 TEST_F(ListGolden, FollowupsReadAsTheyWereMade) {
@@ -87,6 +97,33 @@ TEST_F(ListGolden, AnOrderWhoseDetailFileIsMissingIsNamedOnce) {
   EXPECT_TRUE(records.orders.GetOpenPOSublets().empty());
   ASSERT_EQ(desktop.boxes.size(), 1u);
   EXPECT_EQ(desktop.boxes[0].text, "Purchase Order detail file (P0003101.TQP)\rnot found.  Skipped.");
+}
+
+TEST_F(ListGolden, VendorsReadAsTheyWereMade) {
+  Vendors& vendors = records.vendors;
+  vendors.LoadVendors();
+  ASSERT_EQ(vendors.Count(), 4U);
+  EXPECT_EQ(vendors[0].Get(vendor::VendorName), "Riverside Radiator") << "what stands behind the NUL is old";
+  EXPECT_EQ(vendors[0].Get(vendor::Phone1Ext), "21");
+  EXPECT_EQ(vendors[1].Get(vendor::VendorName), "") << "deleted";
+  EXPECT_EQ(vendors[2].Get(vendor::VendorName), "M\xFCnchner Motorenteile Import A");
+  EXPECT_EQ(vendors[2].Get(vendor::TaxIdNumber), std::string(21, 't')) << "a full field has no terminator";
+  EXPECT_EQ(vendors[3].Get(vendor::VendorName), "Valley Machine");
+}
+
+TEST_F(ListGolden, EachFieldOfAVendorReachesTheFileAlone) {
+  Vendors& vendors = records.vendors;
+  vendors.LoadVendors();
+  const std::string before = BytesOf(kVendorFile);
+  for (const Field& field : VendorFields()) {
+    vendors.MakeCurrent(2);
+    Change(vendors.CurrentVendor, field);
+    vendors.SaveVendor(2);
+    const auto place = Difference(before, BytesOf(kVendorFile));
+    const std::size_t start = 2 * 204 + field.offset;
+    EXPECT_EQ(place, (std::pair<std::size_t, std::size_t>{start, start + field.width})) << field.name;
+    Put(kVendorFile, before);
+  }
 }
 
 TEST_F(ListGolden, CannedLaborLoadedAndSavedIsTheSameFile) {
@@ -145,6 +182,8 @@ TEST_F(ListGolden, LookingWritesNothing) {
   records.followups.OpenFollowups(1001, "2G1WH55K019100002", "");
   records.followups.Exists(1001, "2G1WH55K019100002", "ABC 1234", 4711, 731874, 0);
   records.orders.GetOpenPOSublets();
+  records.vendors.LoadVendors();
+  records.vendors.MakeCurrent(0);
   LoadCannedLabor(environment);
   LoadCannedNotes(environment);
   records.laborKits.KitOf("LOF");

@@ -118,6 +118,8 @@ TEST_F(MadeShop, HasFilesOfWholeRecords) {
   EXPECT_EQ(files.at("TQMAKMOD.DAT").size() % 29, 0u);
   EXPECT_EQ(files.at("TQOPENPO.DAT").size(), 6u * 171);
   EXPECT_EQ(files.at("TQFOLLOW.DAT").size(), 2u * 596);
+  EXPECT_GT(files.at("TQVENDOR.DAT").size(), 10u * 204);
+  EXPECT_EQ(files.at("TQVENDOR.DAT").size() % 204, 0u);
   EXPECT_EQ(files.at("TQLABKIT.DAT").size(), 3u * 26);
   EXPECT_EQ(files.at("TQEMPLOY.DAT").size() % 199, 0u);
 }
@@ -165,6 +167,29 @@ TEST_F(MadeShop, ItsOrdersHaveTheirTextsWithOneSubletEach) {
     EXPECT_EQ(sublet.vendor, shop.orders[i].Get(potag::VendorName));
     EXPECT_EQ(sublet.invoice, shop.orders[i].Get(potag::VendorInvoice));
     EXPECT_GT(sublet.price, sublet.cost);
+  }
+}
+
+TEST_F(MadeShop, ItsVendorsAreThereOnceAndItsOrdersAndSubletsNameThem) {
+  SampleOptions options;
+  options.date = kDay;
+  const SampleShop shop = ImagineShop(options);
+  std::set<std::string> names;
+  std::size_t deleted = 0;
+  for (const VendorRecord& record : shop.vendors) {
+    const std::string name = ToUpper(record.View(vendor::VendorName));
+    if (name.empty()) {
+      EXPECT_EQ(record, VendorRecord());
+      ++deleted;
+    } else {
+      EXPECT_TRUE(names.insert(name).second) << name;
+      EXPECT_NE(record.Get(vendor::Phone1), "") << name;
+    }
+  }
+  EXPECT_EQ(deleted, 1u);
+  for (const PoTag& order : shop.orders) EXPECT_TRUE(names.contains(ToUpper(order.View(potag::VendorName))));
+  for (const SampleEstimate& estimate : shop.estimates) {
+    for (const de::Extra& sublet : estimate.sublets) EXPECT_TRUE(names.contains(ToUpper(sublet.VendorName)));
   }
 }
 
