@@ -5,6 +5,8 @@ find_package(Qt6 REQUIRED COMPONENTS Widgets PrintSupport)
 target_compile_definitions(lantos_ui_qt PRIVATE QT_NO_KEYWORDS)
 target_link_libraries(lantos_ui_qt PUBLIC Qt6::Widgets PRIVATE Qt6::PrintSupport)
 
+precompile(lantos_ui_qt windows)
+
 # Each form becomes a header, and all of them a table by name.
 file(GLOB forms CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/forms/*.ui)
 qt_wrap_ui(form_headers ${forms})
