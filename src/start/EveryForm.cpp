@@ -25,6 +25,9 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/inventory/frmDept.h"
+#include "masters/inventory/frmInvKit.h"
+#include "masters/inventory/frmInvKitAdd.h"
 #include "masters/vehicles/frmMakeModel.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
@@ -66,6 +69,11 @@ const std::vector<MakeForm> kForms = {
     },
     [](FormGround& ground) { return Make<frmMakeModel>(ground.shop); },
     [](FormGround& ground) { return Make<frmInvList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvKit>(ground.shop, "TUNEUP"); },
+    [](FormGround& ground) {
+      return Make<frmInvKitAdd>(ground.shop, kChoosePartForKit, KitLineTexts{"", "1"});
+    },
+    [](FormGround& ground) { return Make<frmDept>(ground.shop, ground.shop.records.departments); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },
