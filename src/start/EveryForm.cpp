@@ -25,6 +25,10 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/inventory/frmInvAdd.h"
+#include "masters/inventory/frmInvPartChange.h"
+#include "masters/inventory/frmInvPartDelete.h"
+#include "masters/inventory/frmInvView.h"
 #include "masters/vehicles/frmMakeModel.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
@@ -66,6 +70,10 @@ const std::vector<MakeForm> kForms = {
     },
     [](FormGround& ground) { return Make<frmMakeModel>(ground.shop); },
     [](FormGround& ground) { return Make<frmInvList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvView>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvAdd>(ground.shop, ground.inventoryList); },
+    [](FormGround& ground) { return Make<frmInvPartChange>(ground.shop, Inventory::kNoPart); },
+    [](FormGround& ground) { return Make<frmInvPartDelete>(ground.shop, Inventory::kNoPart); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },
