@@ -25,6 +25,9 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/inventory/frmInvEdit.h"
+#include "masters/inventory/frmRecvList.h"
+#include "masters/inventory/frmUsageList.h"
 #include "masters/vehicles/frmMakeModel.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
@@ -42,6 +45,14 @@ template <class Screen, class... Arguments>
 std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
   return std::make_unique<Screen>(std::forward<Arguments>(arguments)...);
 }
+
+// A list in which no part has a neighbour.
+struct NoRows : PartRows {
+  std::optional<PartAt> Before(Inventory::PartIndex) const override { return std::nullopt; }
+  std::optional<PartAt> After(Inventory::PartIndex) const override { return std::nullopt; }
+  void Refresh(Inventory::PartIndex) override {}
+};
+NoRows noRows;
 
 constexpr DaySerial kSomeDay = 37894;
 
@@ -66,6 +77,9 @@ const std::vector<MakeForm> kForms = {
     },
     [](FormGround& ground) { return Make<frmMakeModel>(ground.shop); },
     [](FormGround& ground) { return Make<frmInvList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, noRows, PartAt()); },
+    [](FormGround& ground) { return Make<frmUsageList>(ground.shop, "BRAKEPAD"); },
+    [](FormGround& ground) { return Make<frmRecvList>(ground.shop, "BRAKEPAD"); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },

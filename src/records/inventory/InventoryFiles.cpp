@@ -170,6 +170,9 @@ void Inventory::WriteMaster(const Part& part) {
 }
 
 void Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index) {
+  // Its master's place is the end of the file, which another copy may want as well.
+  UpdateTurns turns = Turns();
+  const UpdateTurns::Turn turn(turns);
   const Part part = AddPart(stockNumber, index);
   CurrentInvTag = part.tag;
   CurrentInv = part.master;

@@ -5,6 +5,8 @@
 namespace lantos {
 
 bool DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex index) {
+  UpdateTurns turns = inventory.Turns();
+  const UpdateTurns::Turn turn(turns);
   if (!inventory.ReadInventory(offset, index)) return false;
   inventory.CurrentInv.Put(inventory::Deleted, 1);
   inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
@@ -13,6 +15,8 @@ bool DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex inde
 }
 
 bool ChangePartNumber(Inventory& inventory, FileLink offset, Inventory::PartIndex index, std::string_view newNumber) {
+  UpdateTurns turns = inventory.Turns();
+  const UpdateTurns::Turn turn(turns);
   if (!inventory.ReadInventory(offset, index)) return false;
   const std::string_view number = TrimView(newNumber);
   inventory.CurrentInv.Put(inventory::StockNumber, number);
