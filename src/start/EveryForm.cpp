@@ -25,7 +25,10 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/inventory/frmDept.h"
 #include "masters/inventory/frmInvEdit.h"
+#include "masters/inventory/frmInvKit.h"
+#include "masters/inventory/frmInvKitAdd.h"
 #include "masters/inventory/frmRecvList.h"
 #include "masters/inventory/frmUsageList.h"
 #include "masters/vehicles/frmMakeModel.h"
@@ -80,6 +83,11 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, noRows, PartAt()); },
     [](FormGround& ground) { return Make<frmUsageList>(ground.shop, "BRAKEPAD"); },
     [](FormGround& ground) { return Make<frmRecvList>(ground.shop, "BRAKEPAD"); },
+    [](FormGround& ground) { return Make<frmInvKit>(ground.shop, "TUNEUP"); },
+    [](FormGround& ground) {
+      return Make<frmInvKitAdd>(ground.shop, kChoosePartForKit, KitLineTexts{"", "1"});
+    },
+    [](FormGround& ground) { return Make<frmDept>(ground.shop, ground.shop.records.departments); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },

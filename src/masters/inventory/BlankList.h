@@ -14,7 +14,7 @@ class BlankList : public ui::Form {
   ui::Button cmdClose{*this, "cmdClose", "&Close"};
 
  protected:
-  BlankList(Shop& shop, std::string name, std::string caption, std::string heading);
+  BlankList(Shop& shop, std::string name, std::string caption, const std::string& heading);
 
   void OnKeyDown(ui::KeyPress& key) override;
 

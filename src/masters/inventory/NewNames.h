@@ -6,7 +6,7 @@ namespace lantos {
 
 // Asks for the name of a department or manufacturer and puts it into its list (Records::departments, manufacturers)
 // and file. The place of the name in the list, which may have grown by names of other copies too; -1 when the person
-// cancelled. Errors of the file surface as FileError.
+// left without one.
 int AddDepartment(Shop& shop);
 int AddManufacturer(Shop& shop);
 
