@@ -61,9 +61,17 @@ class Inventory : public InventoryList {
   void WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast);
   // A new part of that number, read into the working records and written. The list is told, unless it is a core.
   void NewInventoryPart(std::string_view stockNumber, PartIndex& index);
-  // For a turn from the reading of a part to its writing, which other copies of this program wait for. Turns don't
-  // nest; a new part takes its own.
-  UpdateTurns Turns() const { return {environment_.files.PathOf(kInventoryTagFile), environment_.clock}; }
+  // From the reading of a part to its last writing: other copies of this program wait for their turn meanwhile, and
+  // the names of the files are looked up once. Doesn't nest; a new part has its own.
+  class OneUpdate {
+   public:
+    explicit OneUpdate(Inventory& inventory);
+
+   private:
+    const FileIO::SteadyNames names_;
+    UpdateTurns turns_;
+    const UpdateTurns::Turn turn_;
+  };
   // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);
 

@@ -5,8 +5,7 @@
 namespace lantos {
 
 bool DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex index) {
-  UpdateTurns turns = inventory.Turns();
-  const UpdateTurns::Turn turn(turns);
+  const Inventory::OneUpdate update(inventory);
   if (!inventory.ReadInventory(offset, index)) return false;
   inventory.CurrentInv.Put(inventory::Deleted, 1);
   inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
@@ -15,8 +14,7 @@ bool DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex inde
 }
 
 bool ChangePartNumber(Inventory& inventory, FileLink offset, Inventory::PartIndex index, std::string_view newNumber) {
-  UpdateTurns turns = inventory.Turns();
-  const UpdateTurns::Turn turn(turns);
+  const Inventory::OneUpdate update(inventory);
   if (!inventory.ReadInventory(offset, index)) return false;
   const std::string_view number = TrimView(newNumber);
   inventory.CurrentInv.Put(inventory::StockNumber, number);

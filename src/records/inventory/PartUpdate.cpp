@@ -40,8 +40,7 @@ void CrossReference(Inventory& inventory, const InventoryRecord& before, const I
 
 PartUpdated UpdatePart(Inventory& inventory, Inventory::PartIndex index,
                        const std::function<void(InventoryRecord& master)>& change) {
-  UpdateTurns turns = inventory.Turns();
-  const UpdateTurns::Turn turn(turns);
+  const Inventory::OneUpdate update(inventory);
   std::optional<Inventory::Part> part = inventory.Read(index);
   if (!part) return PartUpdated::GivenUp;
   if (part->master.Get(inventory::Deleted) == 1) return PartUpdated::WasDeleted;
