@@ -5,6 +5,7 @@
 namespace lantos {
 
 bool DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex index) {
+  const Inventory::OneUpdate update(inventory);
   if (!inventory.ReadInventory(offset, index)) return false;
   inventory.CurrentInv.Put(inventory::Deleted, 1);
   inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
@@ -13,6 +14,7 @@ bool DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex inde
 }
 
 bool ChangePartNumber(Inventory& inventory, FileLink offset, Inventory::PartIndex index, std::string_view newNumber) {
+  const Inventory::OneUpdate update(inventory);
   if (!inventory.ReadInventory(offset, index)) return false;
   const std::string_view number = TrimView(newNumber);
   inventory.CurrentInv.Put(inventory::StockNumber, number);
