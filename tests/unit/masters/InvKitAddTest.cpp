@@ -115,6 +115,32 @@ TEST_F(InvKitAdd, APartIsChosenFromTheInventoryList) {
   EXPECT_EQ(form.Component().partNumber, "WIRES");
 }
 
+TEST_F(InvKitAdd, TheListIsLookedThroughAndLeftAsItWasBefore) {
+  frmInvList list(shop);
+  list.LoadForm();
+  while (list.IsLoading()) list.FinishLoading();
+  list.SearchPart.SetText("TUNE");
+  list.cmdSearch.OnClick();
+  ASSERT_EQ(list.DataGrid1.RowCount(), 1);
+  frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
+  desktop.WillUse([&](ui::Form&) {
+    desktop.WillUse([&](ui::Form& each) {
+      Type(list.SearchPart, "");
+      Type(list.SearchDesc, "CAP");
+      Click(list.cmdSearch);
+      Press(each, "F10");
+    });
+    Click(form.cmdFind);
+    EXPECT_EQ(form.txtPart.Text(), "CAP");
+    EXPECT_EQ(list.SearchPart.Text(), "TUNE");
+    EXPECT_EQ(list.SearchDesc.Text(), "");
+    ASSERT_EQ(list.DataGrid1.RowCount(), 1);
+    EXPECT_EQ(list.DataGrid1.RowAt(0).cells.at(1), "TUNEUP");
+    Press(form, "F10");
+  });
+  form.ShowModal();
+}
+
 TEST_F(InvKitAdd, WhatWasTypedIsAskedAbout) {
   frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
   desktop.WillAnswer({Answer::No, Answer::Yes});

@@ -30,16 +30,26 @@ TEST_F(InvKit, ShowsEachLineWithQuantityNumberAndDescriptionAndPassesOverBlankOn
 }
 
 TEST_F(InvKit, TheWorkingRecordsStayAsTheyAre) {
+  FileLink offset = kNoLink;
+  ASSERT_TRUE(inventory.ReadInventory(offset, inventory.FindPart("TUNEUP")));
+  inventory.CurrentInv.Put(inventory::Comment, "being edited");
   const InventoryTag tag = inventory.CurrentInvTag;
   const InventoryRecord master = inventory.CurrentInv;
+  const InventoryRecord original = inventory.OriginalInv;
   PutKit({"PLUG(4)"});
   Edit([this](frmInvKit& form) {
-    WillType("WIRES", "1");
+    desktop.WillUse([this](ui::Form& add) {
+      // As a look at a part of the list does it.
+      FileLink other = kNoLink;
+      EXPECT_TRUE(inventory.ReadInventory(other, inventory.FindPart("CAP")));
+      Press(add, "Esc");
+    });
     Press(form, "F5");
-    Press(form, "F10");
+    EXPECT_EQ(inventory.CurrentInv.Get(inventory::StockNumber), "CAP");
   });
   EXPECT_EQ(inventory.CurrentInvTag, tag);
   EXPECT_EQ(inventory.CurrentInv, master);
+  EXPECT_EQ(inventory.OriginalInv, original);
 }
 
 TEST_F(InvKit, AKitThatTheFileHasNotIsEmptyAndEachButtonSaysSo) {
