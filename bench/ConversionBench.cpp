@@ -1,13 +1,9 @@
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <array>
 #include <chrono>
 
 #include "bench/BoardBench.h"
 #include "bench/PlainEngine.h"
-#include "frame/SharingClaim.h"
+#include "bench/PlainFiles.h"
 #include "records/inventory/Inventory.h"
 #include "records/inventory/UsageHistory.h"
 #include "records/modSystem.h"
@@ -25,9 +21,8 @@ using Clock = std::chrono::steady_clock;
 constexpr std::int32_t kEstimate = 1003;
 constexpr int kStockParts = 20;
 constexpr int kLaborLines = 30;
-constexpr int kEverySeventh = 7;   // of the parts
-constexpr int kLogLinesAPart = 4;  // on what was done, beside those of the closed files
-constexpr off_t kAtTheEnd = -1;
+constexpr int kEverySeventh = 7;           // of the parts
+constexpr int kLogLinesAPart = 4;          // on what was done, beside those of the closed files
 constexpr std::size_t kTextLength = 6000;  // about as long as the text that the program writes
 
 double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
@@ -83,59 +78,6 @@ void Convert(benchmark::State& state) {
   }
 }
 
-class PlainFiles {
- public:
-  explicit PlainFiles(std::filesystem::path directory) : directory_(std::move(directory)) {}
-
-  void Read(std::string_view name, off_t offset, std::size_t length) {
-    const int file = Open(name, O_RDONLY);
-    if (::pread(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("read");
-    Close(file);
-  }
-  void Write(std::string_view name, off_t offset, std::size_t length) {
-    const int file = Open(name, O_RDWR | O_CREAT);
-    if (offset == kAtTheEnd) offset = ::lseek(file, 0, SEEK_END);
-    if (::pwrite(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("write");
-    Close(file);
-  }
-  // The run log doesn't tell of flushes.
-  void Flush(std::string_view name) {
-    const int file = Open(name, O_RDWR);
-    ::fsync(file);
-    ::close(file);
-  }
-  void Log(int lines) {
-    for (int i = 0; i < lines; ++i) LogLine();
-  }
-
- private:
-  int Open(std::string_view name, int flags) {
-    const int file = ::open((directory_ / name).c_str(), flags | O_CLOEXEC, 0644);
-    if (file < 0) throw std::runtime_error("open");
-    struct flock claim = {};
-    claim.l_type = flags == O_RDONLY ? F_RDLCK : F_WRLCK;
-    claim.l_whence = SEEK_SET;
-    claim.l_start = static_cast<off_t>(kReadMark);
-    claim.l_len = 1;
-    if (::fcntl(file, F_OFD_SETLK, &claim) != 0) throw std::runtime_error("claim");
-    return file;
-  }
-  // Each file that is closed leaves a line in the run log.
-  void Close(int file) {
-    ::close(file);
-    LogLine();
-  }
-  void LogLine() {
-    if (::pwrite(log_, bytes_.data(), kLogLine, logEnd_) < 0) throw std::runtime_error("log");
-    logEnd_ += kLogLine;
-  }
-  static constexpr off_t kLogLine = 64;
-  std::filesystem::path directory_;
-  std::array<char, 8192> bytes_{};
-  int log_ = ::open((directory_ / "PLAIN.LOG").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-  off_t logEnd_ = 0;
-};
-
 void RunBare(benchmark::State& state) {
   const std::filesystem::path directory = FullDayShop();
   PlainFiles files(directory);
@@ -159,13 +101,13 @@ void RunBare(benchmark::State& state) {
       files.Write(kInventoryTagFile, tag, InventoryTag::kLength);
       files.Read(kInventoryFile, master, InventoryRecord::kLength);
       files.Write(kInventoryFile, master, InventoryRecord::kLength);
-      files.Write(kUsageFile, kAtTheEnd, UsageRecord::kLength);
+      files.Write(kUsageFile, PlainFiles::kAtTheEnd, UsageRecord::kLength);
       files.Flush(kUsageFile);
       files.Log(kLogLinesAPart);
     }
-    files.Write(kActiveTagFile, kAtTheEnd, ActiveWoTag::kLength);
+    files.Write(kActiveTagFile, PlainFiles::kAtTheEnd, ActiveWoTag::kLength);
     files.Flush(kActiveTagFile);
-    files.Write(kArchivedTagFile, kAtTheEnd, ArchivedWoTag::kLength);
+    files.Write(kArchivedTagFile, PlainFiles::kAtTheEnd, ArchivedWoTag::kLength);
     files.Flush(kArchivedTagFile);
     files.Write(Workorders::FileNameOf(number++), 0, kTextLength);
     engine.Run(comments);

@@ -6,6 +6,7 @@
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
 #include "frame/Text.h"
+#include "masters/inventory/InventoryMaintenance.h"
 #include "masters/vendors/VendorScreens.h"
 #include "records/Customers.h"
 #include "records/Passwords.h"
@@ -65,7 +66,9 @@ void BoardMenus::BuildMaintenanceMenu() {
     actions_.customersEdited();
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
-  maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);
+  maintenance.Add("mnuMaintInventory", "&Inventory", [this] {
+    if (MayEnter(shop_, Section::Inventory)) InventoryMaintenance(shop_, inventoryList_);
+  });
   maintenance.Add("mnuMaintVendors", "&Vendors", [this] {
     if (MayEnter(shop_, Section::Vendor)) VendorMaintenance(shop_);
   });

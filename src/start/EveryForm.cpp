@@ -25,6 +25,16 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/inventory/frmDept.h"
+#include "masters/inventory/frmInvAdd.h"
+#include "masters/inventory/frmInvEdit.h"
+#include "masters/inventory/frmInvKit.h"
+#include "masters/inventory/frmInvKitAdd.h"
+#include "masters/inventory/frmInvPartChange.h"
+#include "masters/inventory/frmInvPartDelete.h"
+#include "masters/inventory/frmInvView.h"
+#include "masters/inventory/frmRecvList.h"
+#include "masters/inventory/frmUsageList.h"
 #include "masters/vehicles/frmMakeModel.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
@@ -50,6 +60,13 @@ std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
 std::unique_ptr<ui::Form> MakeVendorEdit(Shop& shop, frmVendorEdit::Purpose purpose) {
   return Make<frmVendorEdit>(shop, purpose, std::vector<std::size_t>{0}, std::size_t{0});
 }
+// A list in which no part has a neighbour.
+struct NoRows : PartRows {
+  std::optional<PartAt> Before(Inventory::PartIndex) const override { return std::nullopt; }
+  std::optional<PartAt> After(Inventory::PartIndex) const override { return std::nullopt; }
+  void Refresh(Inventory::PartIndex) override {}
+};
+NoRows noRows;
 
 constexpr DaySerial kSomeDay = 37894;
 
@@ -74,6 +91,18 @@ const std::vector<MakeForm> kForms = {
     },
     [](FormGround& ground) { return Make<frmMakeModel>(ground.shop); },
     [](FormGround& ground) { return Make<frmInvList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvView>(ground.shop); },
+    [](FormGround& ground) { return Make<frmInvAdd>(ground.shop, ground.inventoryList); },
+    [](FormGround& ground) { return Make<frmInvPartChange>(ground.shop, Inventory::kNoPart); },
+    [](FormGround& ground) { return Make<frmInvPartDelete>(ground.shop, Inventory::kNoPart); },
+    [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, noRows, PartAt()); },
+    [](FormGround& ground) { return Make<frmUsageList>(ground.shop, "BRAKEPAD"); },
+    [](FormGround& ground) { return Make<frmRecvList>(ground.shop, "BRAKEPAD"); },
+    [](FormGround& ground) { return Make<frmInvKit>(ground.shop, "TUNEUP"); },
+    [](FormGround& ground) {
+      return Make<frmInvKitAdd>(ground.shop, kChoosePartForKit, KitLineTexts{"", "1"});
+    },
+    [](FormGround& ground) { return Make<frmDept>(ground.shop, ground.shop.records.departments); },
     [](FormGround& ground) { return Make<frmVendorList>(ground.shop, frmVendorList::Purpose::Maintain); },
     [](FormGround& ground) { return Make<frmVendorList>(ground.shop, frmVendorList::Purpose::View); },
     [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::Edit); },

@@ -1,6 +1,7 @@
 #include "contents/parts/frmWOKit.h"
 
 #include "contents/AmountFields.h"
+#include "masters/inventory/KitRows.h"
 #include "records/OpenedFile.h"
 #include "records/inventory/Inventory.h"
 
@@ -11,8 +12,6 @@ namespace {
 constexpr ui::Twips kWidth = 8400;
 constexpr ui::Twips kHeight = 6300;
 constexpr std::string_view kForEstimate = "Estimate";
-constexpr std::size_t kQuantityWidth = 5;
-constexpr std::size_t kNumberWidth = 21;
 
 }  // namespace
 
@@ -77,8 +76,7 @@ bool frmWOKit::FillList() {
   for (const KitComponent& component : ComponentsOf(kit)) {
     rows_.push_back({component.partNumber, component.quantity, inventory_.PartDescription(component.partNumber)});
     const KitRow& row = rows_.back();
-    List1.AddItem(RightJustify(std::to_string(row.quantity), kQuantityWidth) + "   " +
-                  LeftJustify(row.partNumber, kNumberWidth) + row.description);
+    List1.AddItem(KitRowText(std::to_string(row.quantity), row.partNumber, row.description));
   }
   return true;
 }

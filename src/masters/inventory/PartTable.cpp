@@ -33,9 +33,67 @@ void PartTable::Add(Inventory::PartIndex part) {
   filtered_ = false;
 }
 
-void PartTable::Refresh() {
+void PartTable::Insert(Inventory::PartIndex part) {
+  if (!IsInOrder()) return Add(part);
+  PutInPlace(rows_, part);
+  ++ordered_;
+  if (filtered_ && !filter_.IsEmpty() && Matches(part)) PutInPlace(matches_, part);
+}
+
+void PartTable::Refresh(Inventory::PartIndex part) {
+  if (!IsInOrder()) return OrderAnew();
+  if (!TakeOut(rows_, part)) return;
+  PutInPlace(rows_, part);
+  if (!filtered_ || filter_.IsEmpty()) return;
+  TakeOut(matches_, part);
+  if (Matches(part)) PutInPlace(matches_, part);
+}
+
+void PartTable::Remove(Inventory::PartIndex part) {
+  const bool inOrder = IsInOrder();
+  if (!TakeOut(rows_, part)) return;
+  if (inOrder) {
+    ordered_ = rows_.size();
+  } else {
+    OrderAnew();
+  }
+  if (filtered_) TakeOut(matches_, part);
+}
+
+void PartTable::OrderAnew() {
   ordered_ = 0;
   filtered_ = false;
+}
+
+bool PartTable::ComesBefore(Inventory::PartIndex part, const Key& key, Inventory::PartIndex other) const {
+  const Key keyOfPart = KeyOf(part);
+  const int order = std::memcmp(keyOfPart.data(), key.data(), key.size());
+  return order != 0 ? order < 0 : part < other;
+}
+
+std::size_t PartTable::PlaceIn(const Parts& parts, Inventory::PartIndex part) const {
+  const Key key = KeyOf(part);
+  const auto place = std::partition_point(parts.begin(), parts.end(),
+                                          [&](Inventory::PartIndex each) { return ComesBefore(each, key, part); });
+  return static_cast<std::size_t>(place - parts.begin());
+}
+
+// Where its key says, or anywhere when the key has changed since it was put there.
+std::size_t PartTable::FindIn(const Parts& parts, Inventory::PartIndex part) const {
+  const std::size_t place = PlaceIn(parts, part);
+  if (place < parts.size() && parts[place] == part) return place;
+  return static_cast<std::size_t>(std::find(parts.begin(), parts.end(), part) - parts.begin());
+}
+
+void PartTable::PutInPlace(Parts& parts, Inventory::PartIndex part) const {
+  parts.insert(parts.begin() + static_cast<std::ptrdiff_t>(PlaceIn(parts, part)), part);
+}
+
+bool PartTable::TakeOut(Parts& parts, Inventory::PartIndex part) const {
+  const std::size_t place = FindIn(parts, part);
+  if (place == parts.size()) return false;
+  parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(place));
+  return true;
 }
 
 void PartTable::SetFilter(const PartFilter& filter) {
@@ -47,7 +105,7 @@ void PartTable::SetFilter(const PartFilter& filter) {
 
 void PartTable::SetSort(PartSort sort) {
   sort_ = sort;
-  Refresh();
+  OrderAnew();
 }
 
 PartTable::Key PartTable::KeyOf(Inventory::PartIndex part) const {
@@ -118,9 +176,9 @@ Inventory::PartIndex PartTable::At(std::size_t row) const {
 
 int PartTable::RowOf(Inventory::PartIndex part) const {
   FilterRows();
-  const std::vector<Inventory::PartIndex>& shown = filter_.IsEmpty() ? rows_ : matches_;
-  const auto found = std::find(shown.begin(), shown.end(), part);
-  return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
+  const Parts& shown = filter_.IsEmpty() ? rows_ : matches_;
+  const std::size_t place = FindIn(shown, part);
+  return place == shown.size() ? -1 : static_cast<int>(place);
 }
 
 }  // namespace lantos

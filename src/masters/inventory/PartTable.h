@@ -30,9 +30,13 @@ class PartTable {
 
   void Clear();
   void Add(Inventory::PartIndex part);
-  // A part's tag has changed.
-  void Refresh();
+  // One more where its key puts it, at once. Many are cheaper by Add.
+  void Insert(Inventory::PartIndex part);
+  // A part's tag has changed: its row goes where its key puts it, and is there while the filter holds for it.
+  void Refresh(Inventory::PartIndex part);
+  void Remove(Inventory::PartIndex part);
   void SetFilter(const PartFilter& filter);
+  const PartFilter& Filter() const { return filter_; }
   void SetSort(PartSort sort);
   PartSort Sort() const { return sort_; }
 
@@ -40,12 +44,21 @@ class PartTable {
   std::size_t MatchCount() const;
   // Of the parts that match, in order.
   Inventory::PartIndex At(std::size_t row) const;
-  // The row of a part; -1 when it isn't among those that match.
+  // The row of a part, found in few steps; -1 when it isn't among those that match.
   int RowOf(Inventory::PartIndex part) const;
 
  private:
   using Key = std::array<unsigned char, 39>;
+  using Parts = std::vector<Inventory::PartIndex>;
   Key KeyOf(Inventory::PartIndex part) const;
+  bool ComesBefore(Inventory::PartIndex part, const Key& key, Inventory::PartIndex other) const;
+  bool IsInOrder() const { return ordered_ == rows_.size(); }
+  // Where the part stands, or would stand, in a row of parts of which at most its own key isn't what it was.
+  std::size_t PlaceIn(const Parts& parts, Inventory::PartIndex part) const;
+  std::size_t FindIn(const Parts& parts, Inventory::PartIndex part) const;  // parts.size(): it isn't there
+  void PutInPlace(Parts& parts, Inventory::PartIndex part) const;
+  bool TakeOut(Parts& parts, Inventory::PartIndex part) const;
+  void OrderAnew();
   bool Matches(Inventory::PartIndex part) const;
   void PutInOrder() const;
   void FilterRows() const;
@@ -55,10 +68,10 @@ class PartTable {
   PartFilter filter_;
   CaselessNeedle partNeedle_;
   CaselessNeedle descriptionNeedle_;
-  mutable std::vector<Inventory::PartIndex> rows_;
-  mutable std::size_t ordered_ = 0;                    // leading rows that are in order
-  mutable std::vector<Inventory::PartIndex> matches_;  // with a filter only
-  mutable bool filtered_ = true;                       // matches_ holds for the rows as they are
+  mutable Parts rows_;
+  mutable std::size_t ordered_ = 0;  // leading rows that are in order
+  mutable Parts matches_;            // with a filter only
+  mutable bool filtered_ = true;     // matches_ holds for the rows as they are
 };
 
 }  // namespace lantos

@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
-#include "frame/Numbers.h"
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
-#include "masters/inventory/PartOrder.h"
+#include "masters/inventory/DeletedParts.h"
+#include "masters/inventory/frmInvPartChange.h"
+#include "masters/inventory/frmInvPartDelete.h"
+#include "masters/inventory/frmInvView.h"
 #include "records/Contention.h"
 #include "records/RecordArray.h"
 
@@ -21,25 +23,7 @@ constexpr std::size_t kBlockTags = 128;
 constexpr std::uint64_t kBlockLength = kBlockTags * InventoryTag::kLength;
 static_assert(kBlockLength == 16384);
 constexpr std::string_view kAutoSearchKey = "frmInvListAutoSearch";
-
-constexpr const char* kStockedColumn = "IsStocked";
-
-std::vector<ui::GridColumn> Columns(bool withStocked) {
-  std::vector<ui::GridColumn> columns = {{"SortKey", "SortKey", false, true},
-                                         {"Part", "Part"},
-                                         {"Description", "Description"},
-                                         {"Qty", "Qty", true},
-                                         {"Retail1", "Price", true},
-                                         {"Retail", "Retail", true},
-                                         {"Resale", "Resale", true},
-                                         {"Wholesale", "Wholesale", true},
-                                         {"Cost", "Cost", true},
-                                         {"Tag", "Tag", true, true},
-                                         {"Index", "Index", true, true},
-                                         {"Offset", "Offset", true, true}};
-  if (withStocked) columns.push_back({kStockedColumn, "Stk"});
-  return columns;
-}
+constexpr const char* kCaption = "Inventory List";
 
 std::string Elapsed(std::int64_t milliseconds) {
   const std::int64_t seconds = milliseconds / 1000;
@@ -53,7 +37,7 @@ void Press(ui::Button& button) {
 }  // namespace
 
 frmInvList::frmInvList(Shop& shop)
-    : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmInvList", "Inventory List"),
+    : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmInvList", kCaption),
       shop_(shop),
       inventory_(shop.records.inventory),
       table_(inventory_) {
@@ -67,6 +51,7 @@ frmInvList::frmInvList(Shop& shop)
   UseButtons(cmdSelect, cmdClose);
   SetDefaultButton(cmdSearch);
   WireSearch();
+  WireRequests();
   Subscribe();
   ReadTimer.SetEnabled(false);
   ReadTimer.SetInterval(kReadInterval);
@@ -75,7 +60,6 @@ frmInvList::frmInvList(Shop& shop)
     timer->SetEnabled(false);  // nothing is told to the other copies yet
     timer->SetInterval(kBroadcastInterval);
   }
-  for (ui::Button* button : {&cmdView, &cmdAdd, &cmdChange, &cmdDelete}) button->SetEnabled(false);
   cmdSearch.SetToolTip("Search <Enter>");
   cmdSelect.SetToolTip("Select <F10>");
   cmdView.SetToolTip("View <F4>");
@@ -89,12 +73,18 @@ frmInvList::frmInvList(Shop& shop)
 frmInvList::~frmInvList() {
   inventory_.onNewPart = nullptr;
   inventory_.onPartChanged = nullptr;
+  inventory_.onCountChanged = nullptr;
   inventory_.onFinishLoading = nullptr;
 }
 
 void frmInvList::Subscribe() {
   inventory_.onNewPart = [this](FileLink, Inventory::PartIndex index) { UpdateListRow(index, ListedPart::New); };
   inventory_.onPartChanged = [this](FileLink, Inventory::PartIndex index) { UpdateListRow(index, ListedPart::Known); };
+  // The core that comes with a part is told of by the count alone.
+  inventory_.onCountChanged = [this] {
+    const Inventory::PartIndex last = inventory_.Count() - 1;
+    if (inventory_.Tag(last).View(inventorytag::StockNumber).ends_with("/C")) UpdateListRow(last, ListedPart::New);
+  };
   inventory_.onFinishLoading = [this] { FinishLoading(); };
 }
 
@@ -122,18 +112,37 @@ void frmInvList::WireSearch() {
   DataGrid1.OnHeadClick = [this](int column) { SortBy(DataGrid1.Columns()[static_cast<std::size_t>(column)].name); };
 }
 
-bool frmInvList::HasStockedFlag() const { return shop_.environment.shopOptions.InventoryTagVersion > 0; }
+// A change of number and a deletion are asked about on forms of their own; the list stays behind them.
+void frmInvList::WireRequests() {
+  cmdView.OnClick = [this] { Leave(Request::View); };
+  cmdAdd.OnClick = [this] { Leave(Request::Add); };
+  cmdChange.OnClick = [this] {
+    if (HasCurrentPart()) ChangeNumberOf(shop_, currentPart_);
+  };
+  cmdDelete.OnClick = [this] {
+    if (HasCurrentPart() && DeleteAsked(shop_, currentPart_)) RemoveListRow(currentPart_);
+  };
+}
+
+StockedColumn frmInvList::Stocked() const {
+  return shop_.environment.shopOptions.InventoryTagVersion > 0 ? StockedColumn::Shown : StockedColumn::Absent;
+}
 
 void frmInvList::OnLoad() {
   SizedForm::OnLoad();
-  DataGrid1.SetColumns(Columns(HasStockedFlag()));
-  frameStocked.SetVisible(HasStockedFlag());
+  DataGrid1.SetColumns(PartColumns(Stocked()));
+  frameStocked.SetVisible(Stocked() == StockedColumn::Shown);
   cbAutoSearch.SetValue(shop_.environment.settings.GetBoolean(kAutoSearchKey, false));
   StartLoading();
 }
 
+// Whoever comes back from a part goes on from its row.
 void frmInvList::OnActivate() {
-  if (SearchPart.IsUsable()) SearchPart.SetFocus();
+  if (purpose_ == Purpose::Keep && currentPart_ != Inventory::kNoPart) {
+    DataGrid1.SetFocus();
+  } else if (SearchPart.IsUsable()) {
+    SearchPart.SetFocus();
+  }
 }
 
 // A block a tick, so that the board can be used meanwhile.
@@ -176,10 +185,13 @@ void frmInvList::FinishLoading() {
 }
 
 void frmInvList::ListTags(const std::vector<InventoryTag>& block) {
+  DeletedParts deleted(shop_);
   for (const InventoryTag& tag : block) {
     const bool isKept = tag.Get(inventorytag::Tag) > 0 || !tag.View(inventorytag::StockNumber).empty() ||
                         !tag.View(inventorytag::Description).empty();
-    if (isKept) table_.Add(inventory_.AppendTag(tag));
+    if (!isKept) continue;
+    const Inventory::PartIndex index = inventory_.AppendTag(tag);
+    if (!deleted.Has(tag)) table_.Add(index);
   }
 }
 
@@ -200,9 +212,11 @@ void frmInvList::EnableSearch(bool enabled) {
   }
 }
 
-void frmInvList::ShowTotal() {
-  TotalParts.SetCaption(RightJustify(std::to_string(table_.TotalCount()), 7) + " Total Parts");
+void frmInvList::ShowTotal(std::size_t places) {
+  TotalParts.SetCaption(RightJustify(std::to_string(table_.TotalCount()), places) + " Total Parts");
 }
+
+void frmInvList::ShowMatches() { lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    "); }
 
 void frmInvList::SearchTyped() {
   if (cbAutoSearch.Value() && IsLoaded()) FilterParts();
@@ -213,10 +227,10 @@ void frmInvList::FilterParts() {
   PartFilter filter;
   if (!TrimView(SearchPart.Text()).empty()) filter.part = SearchPart.Text();
   if (!TrimView(SearchDesc.Text()).empty()) filter.description = SearchDesc.Text();
-  if (HasStockedFlag() && !optBoth.Value()) filter.stocked = optStk.Value();
+  if (Stocked() == StockedColumn::Shown && !optBoth.Value()) filter.stocked = optStk.Value();
   table_.SetFilter(filter);
   ShowRows();
-  lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
+  ShowMatches();
   if (DataGrid1.RowCount() > 0 && DataGrid1.Row() < 0) DataGrid1.SetRow(0);
 }
 
@@ -242,67 +256,98 @@ void frmInvList::SortBy(const std::string& column) {
 
 // The part that was current stays so.
 void frmInvList::ShowRows() {
-  DataGrid1.SetRows(static_cast<int>(table_.MatchCount()),
-                    [this](int row) { return RowOf(table_.At(static_cast<std::size_t>(row))); });
-  if (currentPart_ == Inventory::kNoPart) return;
-  const int row = table_.RowOf(currentPart_);
-  if (row >= 0) {
-    DataGrid1.SetRow(row);
-  } else {
-    currentPart_ = Inventory::kNoPart;
-  }
+  DataGrid1.SetRows(static_cast<int>(table_.MatchCount()), [this](int row) {
+    return PartCells(inventory_, table_.At(static_cast<std::size_t>(row)), Stocked());
+  });
+  GoToPart(currentPart_);
 }
 
-ui::GridRow frmInvList::RowOf(Inventory::PartIndex part) const {
-  const InventoryTag& tag = inventory_.Tag(part);
-  const auto price = [&tag](int level) {
-    return FormatHundredths(tag.Get(inventorytag::Pricing[static_cast<std::size_t>(level)]));
-  };
-  const std::string number = tag.Get(inventorytag::StockNumber);
-  ui::GridRow row;
-  row.data = part;
-  row.cells = {ComputeSortKey(number),
-               number,
-               tag.Get(inventorytag::Description),
-               std::to_string(tag.Get(inventorytag::InStock)),
-               price(inventory_.pricingLevel),
-               price(3),
-               price(2),
-               price(1),
-               price(0),
-               std::to_string(tag.Get(inventorytag::Tag)),
-               std::to_string(part),
-               std::to_string(inventory_.Location(part))};
-  if (HasStockedFlag()) row.cells.emplace_back(tag.Get(inventorytag::IsStocked) == 1 ? "1" : "0");
-  return row;
+void frmInvList::GoToPart(Inventory::PartIndex index) {
+  const int row = index == Inventory::kNoPart ? -1 : table_.RowOf(index);
+  currentPart_ = row < 0 ? Inventory::kNoPart : index;
+  if (row >= 0) DataGrid1.SetRow(row);
 }
 
 void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
-  const bool isNew = part == ListedPart::New;
-  if (isNew) {
-    table_.Add(index);
+  if (part == ListedPart::Known) {
+    table_.Refresh(index);
+    if (!Visible()) return;  // a hidden list is filled anew when it is shown
+  } else if (!DeletedParts(shop_).Has(inventory_.Tag(index))) {
+    table_.Insert(index);
     ShowTotal();
-  } else {
-    table_.Refresh();
   }
-  if (isNew || Visible()) ShowRows();  // a hidden list puts its rows in order when it is shown
+  ShowRows();
+  if (!lblMatchParts.Caption().empty()) ShowMatches();
+}
+
+void frmInvList::RemoveListRow(Inventory::PartIndex index) {
+  const int row = table_.RowOf(index);
+  const bool wasCurrent = index == currentPart_;
+  table_.Remove(index);
+  ShowTotal();
+  ShowRows();
+  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  if (wasCurrent && DataGrid1.RowCount() > 0) DataGrid1.SetRow(std::min(row, DataGrid1.RowCount() - 1));
+}
+
+PartAt frmInvList::PartOfRow(int row) const {
+  const Inventory::PartIndex part = table_.At(static_cast<std::size_t>(row));
+  return {inventory_.Tag(part).Get(inventorytag::Tag), part};
+}
+
+std::optional<PartAt> frmInvList::Before(Inventory::PartIndex part) const {
+  const int row = table_.RowOf(part);
+  if (row <= 0) return std::nullopt;
+  return PartOfRow(row - 1);
+}
+
+std::optional<PartAt> frmInvList::After(Inventory::PartIndex part) const {
+  const int row = table_.RowOf(part);
+  if (row < 0 || row + 1 >= static_cast<int>(table_.MatchCount())) return std::nullopt;
+  return PartOfRow(row + 1);
+}
+
+frmInvList::Request frmInvList::ShowFor(Purpose purpose) {
+  purpose_ = purpose;
+  for (ui::Button* button : {&cmdAdd, &cmdChange, &cmdDelete}) button->SetEnabled(purpose == Purpose::Keep);
+  request_ = Request::None;
+  ShowRows();  // the price level may be another customer's
+  ShowModal();
+  return request_;
 }
 
 std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
-  picked_.reset();
   SetCaption(caption);
-  ShowRows();  // the price level may be another customer's
-  ShowModal();
-  return picked_;
+  for (;;) {
+    const Request request = ShowFor(Purpose::Pick);
+    if (request == Request::None) return std::nullopt;
+    if (request == Request::View) {
+      const std::optional<PartAt> seen = ViewPart(shop_, chosen_.index);
+      if (!seen) continue;
+      chosen_ = {seen->index, seen->tag};
+    }
+    return chosen_;
+  }
 }
 
-void frmInvList::Accept() {
-  if (currentPart_ == Inventory::kNoPart) {
-    shop_.desktop.Tell("No part is selected.", Caption());
-    return;
-  }
-  picked_ = PickedPart{currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
+frmInvList::Request frmInvList::Ask() {
+  SetCaption(kCaption);
+  return ShowFor(Purpose::Keep);
+}
+
+void frmInvList::Accept() { Leave(Request::Select); }
+
+void frmInvList::Leave(Request request) {
+  if (request != Request::Add && !HasCurrentPart()) return;
+  if (request != Request::Add) chosen_ = {currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
+  request_ = request;
   Hide();
+}
+
+bool frmInvList::HasCurrentPart() {
+  if (currentPart_ != Inventory::kNoPart) return true;
+  shop_.desktop.Tell("No part is selected.", Caption());
+  return false;
 }
 
 void frmInvList::OnKeyDown(ui::KeyPress& key) {

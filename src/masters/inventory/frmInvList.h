@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "masters/inventory/PartColumns.h"
+#include "masters/inventory/PartRows.h"
 #include "masters/inventory/PartTable.h"
 #include "records/inventory/Inventory.h"
 #include "screens/OkCancelForm.h"
@@ -14,7 +16,7 @@ namespace lantos {
 
 // The inventory list: where a part is found, and the keeper of the list in memory. Loaded hidden at the start of the
 // run, it stays loaded until the end; its timers serve the list between the person's actions.
-class frmInvList : public SizedForm {
+class frmInvList : public SizedForm, public PartRows {
  public:
   explicit frmInvList(Shop& shop);
   ~frmInvList() override;
@@ -45,15 +47,38 @@ class frmInvList : public SizedForm {
   ui::Timer UpdTimer{*this, "UpdTimer"};
   ui::Timer ReadTimer{*this, "ReadTimer"};
 
-  // For as long as the person looks for a part: the one that was selected.
   struct PickedPart {
     Inventory::PartIndex index = Inventory::kNoPart;
     FileLink master = kNoLink;
   };
+  // For as long as the person looks for a part: the one that was selected, in the list or in its view. The stock isn't
+  // kept meanwhile.
   std::optional<PickedPart> Pick(const std::string& caption);
+
+  // Where the stock is kept: what the person wants next, and with which part. Numbers are changed and parts deleted
+  // in the list itself.
+  enum class Request { None, Select, View, Add };
+  Request Ask();
+  const PickedPart& Chosen() const { return chosen_; }
+
   bool IsLoading() const { return nextBlock_ < blockCount_; }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
+
+  // The row of a part, from its tag in the list. The person's own place in the list stays, as far as it can: the part
+  // that is current, the search and what of the list is in sight.
+  enum class ListedPart { New, Known };
+  void UpdateListRow(Inventory::PartIndex index, ListedPart part);
+  // The row behind it is current then, if this one was. The part's place in the list in memory stays.
+  void RemoveListRow(Inventory::PartIndex index);
+  // The part is current, if the search has it among its hits.
+  void GoToPart(Inventory::PartIndex index);
+  // How many parts the list has, in so many places at least.
+  void ShowTotal(std::size_t places = 7);
+
+  std::optional<PartAt> Before(Inventory::PartIndex part) const override;
+  std::optional<PartAt> After(Inventory::PartIndex part) const override;
+  void Refresh(Inventory::PartIndex part) override { UpdateListRow(part, ListedPart::Known); }
 
  private:
   void OnLoad() override;
@@ -64,22 +89,25 @@ class frmInvList : public SizedForm {
   // To the inventory's changes of parts.
   void Subscribe();
   void WireSearch();
+  void WireRequests();
   void StartLoading();
   void ReadNextBlock();
   void ListTags(const std::vector<InventoryTag>& block);
   void EndLoading();
-  // The row of a part, from its tag in the list.
-  enum class ListedPart { New, Known };
-  void UpdateListRow(Inventory::PartIndex index, ListedPart part);
   void EnableSearch(bool enabled);
-  void ShowTotal();
+  enum class Purpose { Pick, Keep };
+  Request ShowFor(Purpose purpose);
+  // Leaves the list with the request, or with the part that is current, if it needs one.
+  void Leave(Request request);
+  bool HasCurrentPart();  // tells that there is none
+  PartAt PartOfRow(int row) const;
   void FilterParts();  // the first of the hits is current, unless the part that was is among them
   void GoToHits();
   void SearchTyped();
   void SortBy(const std::string& column);
   void ShowRows();
-  ui::GridRow RowOf(Inventory::PartIndex part) const;
-  bool HasStockedFlag() const;
+  void ShowMatches();
+  StockedColumn Stocked() const;
 
   Shop& shop_;
   Inventory& inventory_;
@@ -90,7 +118,9 @@ class frmInvList : public SizedForm {
   std::vector<InventoryTag> block_;
   LocalTime loadStarted_;
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
-  std::optional<PickedPart> picked_;
+  Purpose purpose_ = Purpose::Pick;
+  Request request_ = Request::None;
+  PickedPart chosen_;
 };
 
 }  // namespace lantos

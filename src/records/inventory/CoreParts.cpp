@@ -23,12 +23,16 @@ Cents WithMarkup(Cents cost, Millionths markup) {
 
 }  // namespace
 
+bool HasRoomForCore(std::string_view stockNumber) {
+  return stockNumber.size() + kCoreSuffix.size() <= inventory::StockNumber.width;
+}
+
 bool Inventory::IsCore(std::string_view stockNumber) { return stockNumber.ends_with(kCoreSuffix); }
 
 void Inventory::UpdateCorePart(const InventoryRecord& part) {
-  const std::string number = part.Get(inventory::StockNumber) + std::string(kCoreSuffix);
   // Cut to the field it would be another part's number.
-  if (number.size() > inventory::StockNumber.width) return;
+  if (!HasRoomForCore(part.View(inventory::StockNumber))) return;
+  const std::string number = part.Get(inventory::StockNumber) + std::string(kCoreSuffix);
   PartIndex index = FindPart(number);
   if (index == kNoPart) AddPart(number, index);
   std::optional<Part> core = Read(index);

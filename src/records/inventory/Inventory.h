@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "frame/Environment.h"
+#include "frame/UpdateTurns.h"
 #include "records/inventory/InventoryLayout.h"
 #include "records/inventory/InventoryList.h"
 #include "records/modSystem.h"
@@ -60,6 +61,17 @@ class Inventory : public InventoryList {
   void WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast);
   // A new part of that number, read into the working records and written. The list is told, unless it is a core.
   void NewInventoryPart(std::string_view stockNumber, PartIndex& index);
+  // From the reading of a part to its last writing: other copies of this program wait for their turn meanwhile, and
+  // the names of the files are looked up once. Doesn't nest; a new part has its own.
+  class OneUpdate {
+   public:
+    explicit OneUpdate(Inventory& inventory);
+
+   private:
+    const FileIO::SteadyNames names_;
+    UpdateTurns turns_;
+    const UpdateTurns::Turn turn_;
+  };
   // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);
 
@@ -95,5 +107,8 @@ class Inventory : public InventoryList {
   ui::Desktop& desktop_;
   modSystem& system_;
 };
+
+// Whether the number of the part's core still fits the field; without room the part has no core.
+bool HasRoomForCore(std::string_view stockNumber);
 
 }  // namespace lantos

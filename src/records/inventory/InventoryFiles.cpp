@@ -32,6 +32,11 @@ void RequireLink(FileLink link, const std::string& what) {
 
 }  // namespace
 
+Inventory::OneUpdate::OneUpdate(Inventory& inventory)
+    : names_(inventory.environment_.files),
+      turns_(inventory.environment_.files.PathOf(kInventoryTagFile), inventory.environment_.clock),
+      turn_(turns_) {}
+
 void Inventory::SizeArrays() { Clear(environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength); }
 
 FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny) {
@@ -170,6 +175,8 @@ void Inventory::WriteMaster(const Part& part) {
 }
 
 void Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index) {
+  // Its master's place is the end of the file, which another copy may want as well.
+  const OneUpdate update(*this);
   const Part part = AddPart(stockNumber, index);
   CurrentInvTag = part.tag;
   CurrentInv = part.master;

@@ -12,6 +12,12 @@ namespace lantos {
 namespace {
 
 constexpr std::string_view kKitMark = "KIT:";
+constexpr const char* kOne = "1";
+
+// Where the record behind the last one begins.
+std::uint64_t EndOfRecords(std::uint64_t length) {
+  return (length + InventoryKitRecord::kLength - 1) / InventoryKitRecord::kLength * InventoryKitRecord::kLength;
+}
 
 // What stands between the first "(" and the ")" behind it; empty without one.
 std::string_view Bracketed(std::string_view text) {
@@ -24,18 +30,35 @@ Cents DollarsToCents(std::string_view text) { return NumberInFile(text, 100); }
 
 }  // namespace
 
-KitComponent ParseKitLine(std::string_view line) {
+KitLineTexts SplitKitLine(std::string_view line) {
   const std::string_view used = TrimView(line.substr(0, inventorykit::kLineUsed));
-  KitComponent component;
-  component.partNumber = Trim(used.substr(0, used.find('(')));
-  const std::string_view quantity = TrimView(Bracketed(used));
-  if (!quantity.empty()) component.quantity = NumberInFile(quantity);
-  return component;
+  KitLineTexts texts{Trim(used.substr(0, used.find('('))), Trim(Bracketed(used))};
+  if (texts.quantity.empty()) texts.quantity = kOne;
+  return texts;
+}
+
+std::string JoinKitLine(const KitLineTexts& texts) {
+  if (texts.quantity == kOne) return texts.partNumber;
+  return texts.partNumber + "(" + texts.quantity + ")";
+}
+
+std::string WhyNoKitLine(const KitLineTexts& texts) {
+  const std::string line = JoinKitLine(texts);
+  if (texts.partNumber.find('(') != std::string::npos) {
+    return "Part " + texts.partNumber + " can not be in a kit: what follows \"(\" would be read as a quantity.";
+  }
+  if (line.size() <= inventorykit::kLineUsed) return {};
+  return line + " is too long for a kit, which has room for " + std::to_string(inventorykit::kLineUsed) +
+         " characters of part number and quantity.";
+}
+
+KitComponent ParseKitLine(std::string_view line) {
+  const KitLineTexts texts = SplitKitLine(line);
+  return {texts.partNumber, NumberInFile(texts.quantity)};
 }
 
 std::string KitLine(const KitComponent& component) {
-  if (component.quantity == 1) return component.partNumber;
-  return component.partNumber + "(" + std::to_string(component.quantity) + ")";
+  return JoinKitLine({component.partNumber, std::to_string(component.quantity)});
 }
 
 std::vector<KitComponent> ComponentsOf(const InventoryKitRecord& kit) {
@@ -99,7 +122,7 @@ bool InventoryKits::SaveKit(const InventoryKitRecord& kit) {
   if (!file.IsOpen()) return false;
   InventoryKitRecord found;
   FileLink offset = FindKit(kit.View(inventorykit::KitNumber), found, file.Handle());
-  if (offset == kNoLink) offset = LinkAtEnd(file->Length(), kKitFile);
+  if (offset == kNoLink) offset = LinkAtEnd(EndOfRecords(file->Length()), kKitFile);
   WriteRecord(*file, offset, kit);
   file.Close();
   environment_.files.FlushFile(kKitFile);

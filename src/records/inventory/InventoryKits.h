@@ -24,7 +24,17 @@ using InventoryKitRecord = Record<inventorykit::Line(inventorykit::kLineCount - 
 
 inline constexpr std::string_view kKitFile = "TQINVKIT.DAT";
 
-// One component: "BRAKEPAD(4)" is four of BRAKEPAD, "BRAKEPAD" is one.
+// The two texts of a line: "BRAKEPAD(4)" is four of BRAKEPAD, "BRAKEPAD" is one, and so is "BRAKEPAD()".
+struct KitLineTexts {
+  std::string partNumber;
+  std::string quantity;  // "1" when the line has none
+};
+KitLineTexts SplitKitLine(std::string_view line);
+std::string JoinKitLine(const KitLineTexts& texts);  // a quantity of 1 isn't written
+// Why a line with these texts would not be read back as it was written; empty when it would.
+std::string WhyNoKitLine(const KitLineTexts& texts);
+
+// The same with the quantity as a number; 0 is what is none.
 struct KitComponent {
   std::string partNumber;
   std::int32_t quantity = 1;
@@ -52,7 +62,8 @@ class InventoryKits {
   // The offset of the kit's record, or kNoLink with a blank record of that number. kNoHandle as handle opens the file
   // for the search and closes it.
   FileLink FindKit(std::string_view stockNumber, InventoryKitRecord& kit, FileHandle handle = kNoHandle);
-  // Over the kit's record, or at the end of the file. False when the file could not be opened.
+  // Over the kit's record, or behind the last one; what is left of a record that was cut off keeps its place. False
+  // when the file could not be opened.
   bool SaveKit(const InventoryKitRecord& kit);
   // The numbers of all kits, in file order, blank ones passed over.
   std::vector<std::string> KitNumbers();

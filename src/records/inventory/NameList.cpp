@@ -1,30 +1,70 @@
 #include "records/inventory/NameList.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 
 #include "frame/Text.h"
+#include "records/Patience.h"
+#include "records/TextLineReader.h"
 #include "records/TextLines.h"
 #include "records/inventory/InventoryLayout.h"
 
 namespace lantos {
 
+namespace {
+
+std::vector<std::string> NamesIn(std::string_view line) {
+  std::vector<std::string> names;
+  for (std::size_t at = 0; at < line.size(); at += kNameColumn) {
+    names.push_back(TrimNull(line.substr(at, kNameColumn)));
+  }
+  return names;
+}
+
+std::string LineOf(const std::vector<std::string>& names) {
+  std::string line;
+  for (const std::string& each : names) line += LeftJustify(each, kNameColumn);
+  return line + "\r\n";
+}
+
+std::size_t PlaceOf(const std::vector<std::string>& names, std::string_view name) {
+  return static_cast<std::size_t>(std::find(names.begin(), names.end(), name) - names.begin());
+}
+
+}  // namespace
+
 void NameList::Load() {
   names_.clear();
   const auto lines = ReadTextLines(environment_, file_);
-  if (!lines || lines->empty()) return;
-  const std::string& line = lines->front();
-  for (std::size_t at = 0; at < line.size(); at += kNameColumn) {
-    names_.push_back(TrimNull(std::string_view(line).substr(at, kNameColumn)));
-  }
+  if (lines && !lines->empty()) names_ = NamesIn(lines->front());
 }
 
-void NameList::Add(std::string_view name) {
-  std::vector<std::string> names = names_;
-  names.push_back(Left(Trim(name), kNameColumn));
+std::size_t NameList::Add(std::string_view name) {
+  const std::string added = Trim(Left(Trim(name), kNameColumn));
+  OpenedFile file(environment_.openFiles);
+  OpenPatiently(file, environment_, file_, Access::ReadWrite, Deny::All);
   std::string line;
-  for (const std::string& each : names) line += LeftJustify(each, kNameColumn);
-  WriteTextLines(environment_, file_, {line});
+  TextLineReader(*file).Next(line);
+  std::vector<std::string> names = Together(NamesIn(line));
+  const std::size_t place = PlaceOf(names, added);
+  if (place == names.size()) {
+    names.push_back(added);
+    const std::string text = LineOf(names);
+    file->WriteAt(0, std::as_bytes(std::span(text)));
+    file->Truncate(text.size());
+    file.Close();
+  }
   names_ = std::move(names);
+  return place;
+}
+
+std::vector<std::string> NameList::Together(const std::vector<std::string>& onFile) const {
+  std::vector<std::string> names = names_;
+  for (const std::string& each : onFile) {
+    if (PlaceOf(names, each) == names.size()) names.push_back(each);
+  }
+  return names;
 }
 
 }  // namespace lantos

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,10 +17,15 @@ class NameList {
 
   void Load();
   const std::vector<std::string>& Names() const { return names_; }
-  // At the end; the whole line is rewritten at once, under an exclusive open.
-  void Add(std::string_view name);
+  // At the end, behind the names that other copies have added meanwhile; the whole line is rewritten, under the one
+  // open that it was read anew under. The place of the name; that of the one there is, and nothing written, for a name
+  // that is listed. A file that is held is waited for, two seconds.
+  std::size_t Add(std::string_view name);
 
  private:
+  // The names, which keep their places, and behind them those of the file that aren't among them.
+  std::vector<std::string> Together(const std::vector<std::string>& onFile) const;
+
   Environment& environment_;
   std::string_view file_;
   std::vector<std::string> names_;

@@ -1,5 +1,6 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 #include <algorithm>
 
@@ -133,15 +134,37 @@ class GridPeer : private HasModel, public RowsPeer {
       table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(FontToCome()).height() + kRowPadding);
     }
     if (Has(aspects, Aspect::Rows)) {
-      model_.Reload();
-      if (HideColumns()) {
-        widthsArePersons_ = false;
-        widest_.clear();
-      }
-      ShowSortMark();
-      if (!widthsArePersons_) FitColumns();
+      ShowRows();
+    } else if (Has(aspects, Aspect::Selection)) {
+      ShowSelected(grid_.Row());
     }
-    if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) ShowSelected(grid_.Row());
+    if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) current_ = IdentityOf(grid_.Row());
+  }
+
+  // Where the current row is the one that was, the rows change under the person's eyes: it stays at its height, and
+  // where they have scrolled away from it, they stay away.
+  void ShowRows() {
+    const int top = table_.verticalScrollBar()->value();
+    const int before = SelectedRow();
+    model_.Reload();
+    if (HideColumns()) {
+      widthsArePersons_ = false;
+      widest_.clear();
+    }
+    ShowSortMark();
+    if (!widthsArePersons_) FitColumns();
+    ShowSelected(grid_.Row());
+    const bool isTheSame = grid_.Row() < 0 || before < 0 ? grid_.Row() == before : IdentityOf(grid_.Row()) == current_;
+    if (!isTheSame) return;
+    table_.verticalScrollBar()->setValue(top + grid_.Row() - before);
+  }
+
+  // What the program knows the row by, or how it begins where that says nothing.
+  std::string IdentityOf(int row) const {
+    if (row < 0) return {};
+    const GridRow shown = grid_.RowAt(row);
+    if (shown.data != 0 || shown.cells.size() < 2) return std::to_string(shown.data);
+    return shown.cells[0] + '\0' + shown.cells[1];
   }
 
   // True when the columns are others than before.
@@ -207,6 +230,7 @@ class GridPeer : private HasModel, public RowsPeer {
   Grid& grid_;
   QTableView& table_;
   QStringList captions_;
+  std::string current_;      // what was shown as the current row
   std::vector<int> widest_;  // pixels that the contents of each column have wanted
   bool fitting_ = false;
   bool widthsArePersons_ = false;  // the person has drawn at a heading

@@ -20,7 +20,7 @@ NUMBERS = {
 DEFAULTS = {key: value for key, (_, value) in {**SWITCHES, **NUMBERS}.items()}
 
 BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet",
-         "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuMaintVendors",
+         "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuMaintInventory", "mnuMaintVendors",
          "mnuRefreshCustomer", "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
          "mnuHQuickStartGuide", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"}
 MENUS = [

@@ -3,6 +3,7 @@
 
 #include "MasterShop.h"
 #include "masters/inventory/frmInvList.h"
+#include "records/inventory/PartNumbers.h"
 
 namespace lantos::test {
 namespace {
@@ -111,6 +112,106 @@ TEST_F(InvList, ASearchWithoutHitsStaysWhereItIs) {
   desktop.WillAnswer(ui::Answer::Ok);
   test::Press(list, "F10");
   EXPECT_EQ(desktop.boxes.at(0).text, "No part is selected.");
+}
+
+// On show, with all parts read, hoses looked for and the second of them current.
+class ShownInvList : public InvList {
+ protected:
+  ShownInvList() {
+    for (const char* number : {"HOSE-2", "HOSE-4", "HOSE-6"}) AddPart(number);
+    ForgetList();
+    list.LoadForm();
+    inventory.FinishLoading();
+    list.Show();
+    test::Type(list.SearchPart, "HOSE");
+    test::Press(list, "Enter");
+    test::Press(list, "Down");
+  }
+  ~ShownInvList() override { list.Hide(); }
+  std::string Current() const {
+    const int row = list.DataGrid1.Row();
+    return row < 0 ? "" : list.DataGrid1.RowAt(row).cells.at(1);
+  }
+  std::vector<std::string> Numbers() const {
+    std::vector<std::string> numbers;
+    for (int row = 0; row < list.DataGrid1.RowCount(); ++row) numbers.push_back(list.DataGrid1.RowAt(row).cells.at(1));
+    return numbers;
+  }
+
+  frmInvList list{shop};
+};
+
+using ::testing::ElementsAre;
+
+TEST_F(ShownInvList, ANewPartStandsWhereItsKeyPutsItAndThePersonStaysWhereTheyAre) {
+  ASSERT_EQ(Current(), "HOSE-4");
+  AddPart("HOSE-3");
+  EXPECT_THAT(Numbers(), ElementsAre("HOSE-2", "HOSE-3", "HOSE-4", "HOSE-6"));
+  EXPECT_EQ(Current(), "HOSE-4");
+  EXPECT_EQ(list.lblMatchParts.Caption(), "4 Matches    ");
+  EXPECT_EQ(list.TotalParts.Caption(), "      5 Total Parts");
+  AddPart("OIL-1");
+  EXPECT_EQ(list.DataGrid1.RowCount(), 4) << "it isn't looked for";
+  EXPECT_EQ(list.lblMatchParts.Caption(), "4 Matches    ");
+  EXPECT_EQ(list.TotalParts.Caption(), "      6 Total Parts");
+}
+
+TEST_F(ShownInvList, APartThatBringsItsCoreBringsARowForItToo) {
+  Inventory::PartIndex index = inventory.FindPart("HOSE-4");
+  std::optional<Inventory::Part> part = inventory.Read(index);
+  part->master.Put(inventory::HasACore, 1);
+  inventory.Write(*part, index, Inventory::Core::Follows, Inventory::Broadcast::No);
+  EXPECT_THAT(Numbers(), ElementsAre("HOSE-2", "HOSE-4", "HOSE-4/C", "HOSE-6"));
+  EXPECT_EQ(list.TotalParts.Caption(), "      5 Total Parts");
+  EXPECT_EQ(list.DataGrid1.RowAt(2).cells.at(2), "CORE: HOSE-4");
+}
+
+TEST_F(ShownInvList, ARowThatIsTakenAwayLeavesThePersonOnTheOneBehindIt) {
+  const Inventory::PartIndex hose4 = inventory.FindPart("HOSE-4");
+  list.RemoveListRow(hose4);
+  EXPECT_THAT(Numbers(), ElementsAre("HOSE-2", "HOSE-6"));
+  EXPECT_EQ(Current(), "HOSE-6");
+  EXPECT_EQ(list.lblMatchParts.Caption(), "2 Matches    ");
+  list.RemoveListRow(inventory.FindPart("HOSE-6"));
+  EXPECT_EQ(Current(), "HOSE-2");
+  list.RemoveListRow(inventory.FindPart("HOSE-2"));
+  EXPECT_EQ(Current(), "");
+  EXPECT_EQ(list.TotalParts.Caption(), "      1 Total Parts");
+  list.UpdateListRow(hose4, frmInvList::ListedPart::Known);
+  EXPECT_EQ(list.DataGrid1.RowCount(), 0) << "what has gone stays away";
+}
+
+TEST_F(ShownInvList, NeighboursAreThoseOfTheHitsInTheirOrder) {
+  const auto numberOf = [&](const std::optional<PartAt>& part) {
+    if (!part) return std::string("none");
+    EXPECT_EQ(part->tag, inventory.Tag(part->index).Get(inventorytag::Tag));
+    return inventory.Tag(part->index).Get(inventorytag::StockNumber);
+  };
+  const Inventory::PartIndex hose4 = inventory.FindPart("HOSE-4");
+  EXPECT_EQ(numberOf(list.Before(hose4)), "HOSE-2");
+  EXPECT_EQ(numberOf(list.After(hose4)), "HOSE-6");
+  EXPECT_EQ(numberOf(list.Before(inventory.FindPart("HOSE-2"))), "none");
+  EXPECT_EQ(numberOf(list.After(inventory.FindPart("HOSE-6"))), "none");
+  EXPECT_EQ(numberOf(list.Before(inventory.FindPart("PAD-9"))), "none") << "it isn't among the hits";
+  EXPECT_EQ(numberOf(list.After(inventory.FindPart("PAD-9"))), "none");
+}
+
+TEST_F(InvList, ADeletedPartHasNoRowAfterTheNextStartAndOneWithoutANumberHas) {
+  AddPart("GONE");
+  ASSERT_TRUE(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")));
+  const Inventory::PartIndex nameless = AddPart("X");
+  std::optional<Inventory::Part> part = inventory.Read(nameless);
+  part->tag.Put(inventorytag::StockNumber, "");
+  inventory.Write(*part, nameless, Inventory::Core::Stays, Inventory::Broadcast::No);
+  ForgetList();
+  frmInvList list(shop);
+  list.LoadForm();
+  inventory.FinishLoading();
+  ASSERT_EQ(inventory.Count(), 3);
+  EXPECT_EQ(list.TotalParts.Caption(), "      2 Total Parts");
+  ASSERT_EQ(list.DataGrid1.RowCount(), 2);
+  EXPECT_EQ(list.DataGrid1.RowAt(0).cells.at(1), "PAD-9");
+  EXPECT_EQ(list.DataGrid1.RowAt(1).cells.at(2), "X") << "its description";
 }
 
 TEST_F(InvList, HearsNothingOnceItIsGone) {

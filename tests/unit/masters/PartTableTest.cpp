@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <set>
+
 #include "admin/TestShop.h"
 #include "masters/inventory/PartOrder.h"
 #include "records/inventory/Inventory.h"
@@ -113,8 +116,66 @@ TEST(PartTable, ARenamedPartMovesToItsNewPlace) {
   InventoryTag tag = bench.records.inventory.Tag(0);
   tag.Put(inventorytag::StockNumber, "C");
   bench.records.inventory.ReplaceTag(0, tag);
-  bench.table.Refresh();
+  bench.table.Refresh(0);
   EXPECT_EQ(bench.Rows(), (Texts{"B", "C"}));
+}
+
+TEST(PartTable, APartThatIsTakenOutStaysOut) {
+  TableBench bench;
+  for (const char* number : {"A", "B", "C"}) bench.Add(number, "");
+  bench.table.Remove(1);
+  EXPECT_EQ(bench.Rows(), (Texts{"A", "C"})) << "before anybody has looked";
+  bench.table.Remove(0);
+  EXPECT_EQ(bench.Rows(), (Texts{"C"}));
+  bench.table.Refresh(0);
+  bench.table.Remove(0);
+  EXPECT_EQ(bench.Rows(), (Texts{"C"}));
+  EXPECT_EQ(bench.table.TotalCount(), 1U);
+  EXPECT_EQ(bench.table.RowOf(0), -1);
+}
+
+// Whatever happens to parts one at a time, the rows are those of a table that is made from the tags as they are.
+TEST(PartTable, RowsChangedOneByOneAreThoseOfAFreshTable) {
+  TableBench bench;
+  Inventory& inventory = bench.records.inventory;
+  std::mt19937 random(20030930);
+  const auto draw = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+  const auto newTag = [&draw] {
+    InventoryTag tag;
+    tag.Put(inventorytag::StockNumber, draw(9) == 0 ? "" : "P-" + std::to_string(draw(30)));
+    tag.Put(inventorytag::Description, draw(2) == 0 ? "BELT" : "hose " + std::to_string(draw(5)));
+    return tag;
+  };
+  std::set<Inventory::PartIndex> listed;
+  const std::vector<PartFilter> filters = {{}, {"1", "", {}}, {"", "HOSE", {}}};
+  for (int step = 0; step < 600; ++step) {
+    const int what = draw(10);
+    const auto part = static_cast<Inventory::PartIndex>(draw(std::max(1, inventory.Count())));
+    if (what < 3) {
+      listed.insert(inventory.AppendTag(newTag()));
+      bench.table.Insert(inventory.Count() - 1);
+    } else if (what < 7 && inventory.Count() > 0) {
+      inventory.ReplaceTag(part, newTag());
+      bench.table.Refresh(part);
+    } else if (what == 7 && inventory.Count() > 0) {
+      listed.erase(part);
+      bench.table.Remove(part);
+    } else if (what == 8) {
+      bench.table.SetFilter(filters[static_cast<std::size_t>(draw(3))]);
+    } else {
+      bench.table.SetSort(static_cast<PartSort>(draw(5)));
+    }
+    if (step % 7 != 0) continue;
+    PartTable fresh(inventory);
+    fresh.SetFilter(bench.table.Filter());
+    fresh.SetSort(bench.table.Sort());
+    for (const Inventory::PartIndex each : listed) fresh.Add(each);
+    ASSERT_EQ(bench.table.MatchCount(), fresh.MatchCount()) << "step " << step;
+    for (std::size_t row = 0; row < fresh.MatchCount(); ++row) {
+      ASSERT_EQ(bench.table.At(row), fresh.At(row)) << "step " << step;
+      ASSERT_EQ(bench.table.RowOf(fresh.At(row)), static_cast<int>(row)) << "step " << step;
+    }
+  }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 
 #include "qt/WindowShop.h"
@@ -35,6 +36,72 @@ TEST(GridColumns, OtherRowsDontMakeThemJump) {
     }
     list->Hide();
   }
+}
+
+// Rows of a long list, known by their numbers.
+class ScrolledList {
+ public:
+  explicit ScrolledList(test::WindowShop& shop) : shop_(shop) {
+    for (const auto& form : shop.forms) {
+      if (auto* list = dynamic_cast<frmInvList*>(form.get())) list_ = list;
+    }
+    list_->DataGrid1.OnRowChange = nullptr;  // the rows aren't those of its parts
+    list_->Show();
+    Show(0, 500);
+  }
+  ~ScrolledList() { list_->Hide(); }
+  // As many rows, the first of that number.
+  void Show(int first, int count, int current = -1) {
+    list_->DataGrid1.SetRows(count, [first](int row) {
+      const std::string text = std::to_string(first + row);
+      return ui::GridRow{{text, text, text}, first + row};
+    });
+    list_->DataGrid1.SetRow(current);
+    shop_.windows.Settle();
+  }
+  QScrollBar& Bar() { return *Table().verticalScrollBar(); }
+  bool IsInSight(int row) {
+    return Table().viewport()->rect().intersects(Table().visualRect(Table().model()->index(row, 1)));
+  }
+  QTableView& Table() {
+    return dynamic_cast<QTableView&>(shop_.windows.WindowOf(*list_)->PeerOf(list_->DataGrid1)->Widget());
+  }
+
+ private:
+  test::WindowShop& shop_;
+  frmInvList* list_ = nullptr;
+};
+
+TEST(GridRows, RowsThatChangeUnderThePersonsEyesStayWhereTheyAre) {
+  test::WindowShop shop;
+  ScrolledList list(shop);
+  for (const int current : {-1, 0, 7, 250}) {
+    list.Show(0, 500, current);
+    list.Bar().setValue(120);
+    list.Show(0, 500, current);
+    EXPECT_EQ(list.Bar().value(), 120) << "the current row is " << current;
+  }
+}
+
+TEST(GridRows, TheCurrentRowKeepsItsHeightWhenOthersComeOrGoBeforeIt) {
+  test::WindowShop shop;
+  ScrolledList list(shop);
+  list.Show(100, 500, 250);
+  list.Bar().setValue(245);
+  list.Show(97, 503, 253);
+  EXPECT_EQ(list.Bar().value(), 248);
+  EXPECT_TRUE(list.IsInSight(253));
+}
+
+TEST(GridRows, AnotherCurrentRowComesIntoSight) {
+  test::WindowShop shop;
+  ScrolledList list(shop);
+  list.Show(0, 500, 250);
+  list.Bar().setValue(0);
+  list.Show(0, 500, 400);
+  EXPECT_TRUE(list.IsInSight(400));
+  list.Show(2000, 30, 29);
+  EXPECT_TRUE(list.IsInSight(29));
 }
 
 }  // namespace

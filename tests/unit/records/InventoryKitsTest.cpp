@@ -1,6 +1,6 @@
 // Kits and their components.
 #include "Fixture.h"
-#include "records/inventory/InventoryKits.h"
+#include "records/inventory/KitContents.h"
 
 namespace lantos::test {
 namespace {
@@ -62,6 +62,31 @@ TEST(KitLines, AQuantityOfOneIsStoredWithoutParenthesesAndReadsBackAsOne) {
   }
 }
 
+TEST(KitLines, AQuantityStaysAsItIsWritten) {
+  for (const char* quantity : {"01", "X", "-3", "0", "1.5"}) {
+    const KitLineTexts texts = SplitKitLine("PAD(" + std::string(quantity) + ")");
+    EXPECT_EQ(texts.quantity, quantity);
+    EXPECT_EQ(JoinKitLine(texts), "PAD(" + std::string(quantity) + ")");
+  }
+  EXPECT_EQ(JoinKitLine(SplitKitLine("PAD(1)")), "PAD");
+  EXPECT_EQ(JoinKitLine(SplitKitLine("PAD( )")), "PAD");
+}
+
+TEST(KitLines, WhatWouldNotBeReadBackAsItWasWrittenIsNoLine) {
+  const auto why = [](const char* number, const char* quantity) { return WhyNoKitLine({number, quantity}); };
+  EXPECT_EQ(why("123456789012345678901", "1"), "");
+  EXPECT_EQ(why("12345678901234567", "99"), "");
+  EXPECT_EQ(why("123456789012345678", "99"),
+            "123456789012345678(99) is too long for a kit, which has room for 21 characters of part number and "
+            "quantity.");
+  EXPECT_EQ(why("123456789012345678901", "2"),
+            "123456789012345678901(2) is too long for a kit, which has room for 21 characters of part number and "
+            "quantity.");
+  EXPECT_EQ(why("PAD(L", "1"), "Part PAD(L can not be in a kit: what follows \"(\" would be read as a quantity.");
+  EXPECT_EQ(why("PAD)", "2"), "");
+  EXPECT_EQ(ParseKitLine("PAD)(2)").partNumber, "PAD)");
+}
+
 TEST(KitLines, BlankLinesAreSkippedAndALineMayStandBehindOne) {
   const auto components =
       ComponentsOf(KitOf(KitImage("KIT", {"", "PAD(4)", "", std::string(21, ' ') + "beyond", "ROTOR"})));
@@ -78,6 +103,57 @@ TEST(KitLines, AKitHoldsFiftyComponents) {
   const auto components = ComponentsOf(KitOf(KitImage("KIT", lines)));
   ASSERT_EQ(components.size(), 50U);
   EXPECT_EQ(components[49].partNumber, "P50");
+}
+
+std::string LinesOf(const InventoryKitRecord& kit) {
+  std::string lines;
+  for (std::size_t i = 0; i < 50; ++i) {
+    lines += std::string(kit.View(TextField{21 + 39 * i, 39})) + (i < 49 ? "|" : "");
+  }
+  return lines.substr(0, lines.find_last_not_of('|') + 1);
+}
+
+TEST(KitContentsTest, ARecordIsRebuiltWithoutBlankLinesAndWithoutAQuantityOfOne) {
+  const KitContents contents(KitOf(KitImage("OLD", {"", "PAD(1)", "", "ROTOR(2)", "BOLT()", "PIN( X )"})));
+  ASSERT_EQ(contents.Count(), 4U);
+  EXPECT_EQ(contents.RecordOf(" KIT "), KitOf(KitImage("KIT", {"PAD", "ROTOR(2)", "BOLT", "PIN(X)"})));
+}
+
+TEST(KitContentsTest, WhatStandsBehindATextIsGone) {
+  const std::string old = std::string("PAD(2)") + '\0' + "remains of old";
+  EXPECT_EQ(KitContents(KitOf(KitImage("KIT", {old}))).RecordOf("KIT"), KitOf(KitImage("KIT", {"PAD(2)"})));
+}
+
+TEST(KitContentsTest, ALineOfWhichOnlyTheBeginningIsReadStaysWholeUntilItIsChanged) {
+  const std::string overlong = "12345678901234567890(12)";
+  const std::string open = "1234567890123456789(5";
+  KitContents contents(KitOf(KitImage("KIT", {overlong, "PAD", "  " + overlong, open})));
+  EXPECT_EQ(contents[0].partNumber, "12345678901234567890");
+  EXPECT_EQ(contents[0].quantity, "1");
+  EXPECT_EQ(contents[3].quantity, "5");
+  contents.Swap(0, 1);
+  EXPECT_EQ(contents.RecordOf("KIT"), KitOf(KitImage("KIT", {"PAD", overlong, "  " + overlong, open})));
+  contents.Change(1, {"PAD", "3"});
+  contents.Remove(2);
+  EXPECT_EQ(LinesOf(contents.RecordOf("KIT")), "PAD|PAD(3)|" + open);
+}
+
+TEST(KitContentsTest, ALineWithoutAPartNumberIsNoBlankOne) {
+  const KitContents contents(KitOf(KitImage("KIT", {"()", "(1)", "(4)"})));
+  EXPECT_EQ(contents.Count(), 3U);
+  EXPECT_EQ(LinesOf(contents.RecordOf("KIT")), "()|(1)|(4)");
+}
+
+TEST(KitContentsTest, AKitOfFiftyComponentsFillsTheRecordToItsLastLine) {
+  KitContents contents{InventoryKitRecord()};
+  std::vector<std::string> lines;
+  for (int i = 1; i <= 50; ++i) {
+    EXPECT_FALSE(contents.IsFull());
+    contents.Add({"P" + std::to_string(i), "2"});
+    lines.push_back("P" + std::to_string(i) + "(2)");
+  }
+  EXPECT_TRUE(contents.IsFull());
+  EXPECT_EQ(contents.RecordOf("KIT"), KitOf(KitImage("KIT", lines)));
 }
 
 TEST(KitPricesTest, StandInParenthesesBehindTheMark) {
@@ -140,6 +216,15 @@ TEST_F(Kits, ANewKitGoesToTheEndOfTheFile) {
   EXPECT_TRUE(kits.SaveKit(KitOf(first)));
   EXPECT_TRUE(kits.SaveKit(KitOf(second)));
   EXPECT_EQ(BytesOf(kKitFile), first + second);
+}
+
+TEST_F(Kits, ANewKitStandsWhereItIsFoundAgainBehindARecordThatWasCutOff) {
+  const std::string first = KitImage("A", {"PART1"});
+  Put(kKitFile, first + std::string(KitImage("TORN", {"PART2"})).substr(0, 100));
+  const std::string added = KitImage("B", {"PART3"});
+  EXPECT_TRUE(kits.SaveKit(KitOf(added)));
+  EXPECT_EQ(BytesOf(kKitFile), first + std::string(KitImage("TORN", {"PART2"})) + added);
+  EXPECT_EQ(kits.FindKit("B", kit), 2 * 1971);
 }
 
 TEST_F(Kits, TheNumbersOfAllKitsComeInFileOrder) {

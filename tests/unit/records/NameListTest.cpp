@@ -1,5 +1,7 @@
 // Departments and manufacturers.
-#include "Fixture.h"
+#include <thread>
+
+#include "InventoryFixture.h"
 #include "records/inventory/InventoryLayout.h"
 #include "records/inventory/NameList.h"
 
@@ -71,6 +73,81 @@ TEST_F(NameLists, ALongerLineLeavesNothingBehindAShorterOne) {
   Put(kDepartmentFile, Column("TIRES") + "\r\n" + std::string(500, 'x'));
   records.departments.Load();
   records.departments.Add("OIL");
+  EXPECT_EQ(BytesOf(kDepartmentFile), Column("TIRES") + Column("OIL") + "\r\n");
+}
+
+TEST_F(NameLists, ANewNameHasTheLastPlaceAndOneThatIsListedItsOwn) {
+  Put(kDepartmentFile, Column("TIRES") + Column("") + Column("OIL"));
+  records.departments.Load();
+  EXPECT_EQ(records.departments.Add("BELTS"), 3U);
+  const std::string written = BytesOf(kDepartmentFile);
+  EXPECT_EQ(written, Column("TIRES") + Column("") + Column("OIL") + Column("BELTS") + "\r\n");
+  EXPECT_EQ(records.departments.Add(" OIL "), 2U);
+  EXPECT_EQ(BytesOf(kDepartmentFile), written);
+  EXPECT_EQ(records.departments.Add("oil"), 4U) << "names are compared exactly";
+}
+
+TEST_F(NameLists, NamesThatTwoCopiesAddAreBothKept) {
+  Put(kDepartmentFile, "TIRES");
+  Environment otherEnvironment(clock, settings);
+  otherEnvironment.files.SetDataDir(environment.files.DataDir());
+  NameList other(otherEnvironment, kDepartmentFile);
+  NameList& own = records.departments;
+  own.Load();
+  other.Load();
+  EXPECT_EQ(other.Add("OIL"), 1U);
+  EXPECT_EQ(own.Add("BELTS"), 2U) << "behind the name of the other copy";
+  EXPECT_EQ(own.Names(), (Names{"TIRES", "OIL", "BELTS"}));
+  EXPECT_EQ(other.Add("BELTS"), 2U) << "which is there already";
+  EXPECT_EQ(other.Names(), own.Names());
+  EXPECT_EQ(BytesOf(kDepartmentFile), Column("TIRES") + Column("OIL") + Column("BELTS") + "\r\n");
+}
+
+TEST_F(NameLists, OfTwoCopiesThatAddAtTheSameTimeNoNameIsLostAndNoneIsThereTwice) {
+  constexpr int kEach = 8;
+  const auto add = [this](char copy) {
+    SystemClock running;
+    UserSettings own(PathOf(std::string("settings") + copy));
+    Environment world(running, own);
+    world.files.SetDataDir(environment.files.DataDir());
+    NameList names(world, kDepartmentFile);
+    for (int i = 0; i < kEach; ++i) {
+      names.Add(copy + std::to_string(i));
+      names.Add("BOTH" + std::to_string(i));
+    }
+  };
+  Put(kDepartmentFile, "");
+  {
+    const std::jthread one(add, 'A');
+    const std::jthread other(add, 'B');
+  }
+  records.departments.Load();
+  Names names = records.departments.Names();
+  EXPECT_EQ(names.size(), 3 * kEach);
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end());
+}
+
+TEST_F(NameLists, ANameThatTheFileHasLostIsWrittenAgainWithTheNext) {
+  Put(kDepartmentFile, Column("TIRES") + Column("OIL"));
+  records.departments.Load();
+  Put(kDepartmentFile, Column("TIRES") + Column("GLASS"));
+  EXPECT_EQ(records.departments.Add("BELTS"), 3U);
+  EXPECT_EQ(BytesOf(kDepartmentFile), Column("TIRES") + Column("OIL") + Column("GLASS") + Column("BELTS") + "\r\n");
+  std::filesystem::remove(PathOf(kDepartmentFile));
+  EXPECT_EQ(records.departments.Add("WIPERS"), 4U);
+  EXPECT_EQ(BytesOf(kDepartmentFile).size(), 5 * 20 + 2U);
+}
+
+TEST_F(NameLists, AFileThatIsHeldForAMomentIsWaitedFor) {
+  Put(kDepartmentFile, "TIRES");
+  records.departments.Load();
+  SharedFile held = HeldByAnother(kDepartmentFile);
+  PatientClock patient(clock.Now());
+  patient.onWait = [&] { held.Close(); };
+  Environment world(patient, settings);
+  world.files.SetDataDir(environment.files.DataDir());
+  EXPECT_EQ(NameList(world, kDepartmentFile).Add("OIL"), 1U);
   EXPECT_EQ(BytesOf(kDepartmentFile), Column("TIRES") + Column("OIL") + "\r\n");
 }
 

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <fcntl.h>
+#include <sys/types.h>
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+#include <stdexcept>
+#include <string_view>
+
+#include "frame/SharingClaim.h"
+
+namespace lantos::bench {
+
+// Files opened with the claim that each open makes, read, written and flushed, with nothing else around it. Each that
+// is closed leaves a line in a run log.
+class PlainFiles {
+ public:
+  static constexpr off_t kAtTheEnd = -1;
+
+  explicit PlainFiles(std::filesystem::path directory) : directory_(std::move(directory)) {}
+  ~PlainFiles() { ::close(log_); }
+  PlainFiles(const PlainFiles&) = delete;
+
+  void Read(std::string_view name, off_t offset, std::size_t length) {
+    const int file = Open(name, O_RDONLY);
+    if (::pread(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("read");
+    Close(file);
+  }
+  void Write(std::string_view name, off_t offset, std::size_t length) {
+    const int file = Open(name, O_RDWR | O_CREAT);
+    if (offset == kAtTheEnd) offset = ::lseek(file, 0, SEEK_END);
+    if (::pwrite(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("write");
+    Close(file);
+  }
+  // The run log doesn't tell of flushes.
+  void Flush(std::string_view name) {
+    const int file = Open(name, O_RDWR);
+    ::fsync(file);
+    ::close(file);
+  }
+  void Log(int lines) {
+    for (int i = 0; i < lines; ++i) LogLine();
+  }
+  // The turn at a file that is changed from its reading to its writing.
+  class Turn {
+   public:
+    Turn(const PlainFiles& files, std::string_view name)
+        : file_(::open((files.directory_ / name).c_str(), O_RDWR | O_CLOEXEC)) {
+      Claim(file_, kUpdateTurn, F_WRLCK);
+    }
+    ~Turn() { ::close(file_); }
+    Turn(const Turn&) = delete;
+
+   private:
+    int file_;
+  };
+
+ private:
+  int Open(std::string_view name, int flags) {
+    const int file = ::open((directory_ / name).c_str(), flags | O_CLOEXEC, 0644);
+    if (file < 0) throw std::runtime_error("open");
+    Claim(file, kReadMark, flags == O_RDONLY ? F_RDLCK : F_WRLCK);
+    return file;
+  }
+  static void Claim(int file, std::uint64_t mark, short type) {
+    struct flock claim = {};
+    claim.l_type = type;
+    claim.l_whence = SEEK_SET;
+    claim.l_start = static_cast<off_t>(mark);
+    claim.l_len = 1;
+    if (::fcntl(file, F_OFD_SETLK, &claim) != 0) throw std::runtime_error("claim");
+  }
+  void Close(int file) {
+    ::close(file);
+    LogLine();
+  }
+  void LogLine() {
+    if (::pwrite(log_, bytes_.data(), kLogLine, logEnd_) < 0) throw std::runtime_error("log");
+    logEnd_ += kLogLine;
+  }
+  static constexpr off_t kLogLine = 64;
+  std::filesystem::path directory_;
+  std::array<char, 8192> bytes_{};
+  int log_ = ::open((directory_ / "PLAIN.LOG").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  off_t logEnd_ = 0;
+};
+
+}  // namespace lantos::bench
