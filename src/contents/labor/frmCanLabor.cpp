@@ -41,6 +41,7 @@ void frmCanLabor::WireAmounts() {
   numbers_.Add(TotalLabor, "Total");
   for (ui::TextBox* box : {&Hours, &ShopRate}) numbers_.TakeOnLeaving(*box);
   numbers_.FormatOnLeaving(TotalLabor);
+  numbers_.TakeOnSaving(TotalLabor);
   EnterMovesThrough({&txtCode, &Hours, &ShopRate, &TotalLabor, &txtDesc});
 }
 

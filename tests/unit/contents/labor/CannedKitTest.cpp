@@ -69,6 +69,19 @@ TEST(CannedKit, AnAmountThatNoFieldHoldsLeavesTheKitAsItWas) {
   EXPECT_EQ(form.Entry.Hours, 0);
 }
 
+TEST(frmCanLabor, ATotalThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
+  CannedKit bench;
+  frmCanLabor form(bench.bench, frmCanLabor::Mode::Edit, CannedKit::Entry());
+  form.Show();
+  test::Type(form.TotalLabor, "12abc");
+  bench.desktop.WillAnswer(Answer::Ok);
+  test::Press(form, "F10");
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "Total: \"12abc\" is not a number. 12.00 stands in its place.");
+  test::Press(form, "F10");
+  EXPECT_TRUE(form.Saved());
+  EXPECT_EQ(form.Entry.Total, 1200);
+}
+
 TEST(CannedKit, AKitThatCantBeWrittenIsAsItWas) {
   CannedKit bench;
   const OpenedFile held(bench.environment.openFiles, kLaborKitFile, Access::ReadWrite, Deny::All);
