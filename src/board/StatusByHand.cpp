@@ -1,5 +1,7 @@
 #include "board/StatusByHand.h"
 
+#include <utility>
+
 #include "board/BoardMenus.h"
 #include "board/Continue.h"
 #include "board/frmEstStatus.h"
@@ -13,7 +15,9 @@ void StatusByHand::PopupOf(std::int32_t estimate) {
     parts_.detail.ShowEstimateDetail();
   }
   const std::int16_t oldStatus = Current().Status;
+  copy_ = Board::Copy::None;
   menus_.PopupStatus(oldStatus);
+  if (copy_ == Board::Copy::Made) return board_.FollowStatus(oldStatus, copy_);
   board_.RefreshStatusText();
   board_.LoadWeekIfCountChanged(oldStatus);
 }
@@ -21,7 +25,9 @@ void StatusByHand::PopupOf(std::int32_t estimate) {
 void StatusByHand::PopupOnDetail() {
   if (Current().EstimateNumber == 0) return;
   const std::int16_t oldStatus = Current().Status;
+  copy_ = Board::Copy::None;
   menus_.PopupStatus(oldStatus);
+  if (copy_ == Board::Copy::Made) return board_.FollowStatus(oldStatus, copy_);
   if (Current().Status == oldStatus) return parts_.detail.RefreshDetailCaption("");
   board_.RefreshStatusText();
   if (board_.LoadWeekIfCountChanged(oldStatus) == Board::WeekLoad::Done) parts_.detail.ShowEstimateDetail();
@@ -34,16 +40,21 @@ void StatusByHand::ChangeTo(std::int16_t status) {
 void StatusByHand::Change() {
   const ui::Hourglass hourglass(parts_.shop.desktop);
   const std::int16_t oldStatus = Current().Status;
+  copy_ = Board::Copy::None;
   frmEstStatus form(parts_.shop, parts_.database, Continuing());
   form.ShowModal();
   form.Unload();
-  board_.FollowStatus(oldStatus);
+  board_.FollowStatus(oldStatus, copy_);
 }
 
+// Where it fails on its way the copy may stand already.
 ContinueEstimate StatusByHand::Continuing() {
   return [this] {
     parts_.detail.KeepUnsavedComments();
-    return ContinueCurrentEstimate(parts_.shop, parts_.database);
+    const Board::Copy before = std::exchange(copy_, Board::Copy::Made);
+    const DaySerial next = ContinueCurrentEstimate(parts_.shop, parts_.database);
+    if (next == kNotContinued) copy_ = before;
+    return next;
   };
 }
 
@@ -55,10 +66,11 @@ void StatusByHand::Reschedule() {
   form.ShowModal();
   const bool moved = form.ok;
   const DaySerial date = form.newDate;
+  const auto copy = form.hasCopied ? Board::Copy::Made : Board::Copy::None;
   form.Unload();
   if (!moved) {
-    // The database may have refused what comes behind the status.
-    if (Current().Status != oldStatus) board_.FollowStatus(oldStatus);
+    // The database may have refused what comes behind the copy or the status.
+    if (copy == Board::Copy::Made || Current().Status != oldStatus) board_.FollowStatus(oldStatus, copy);
     return;
   }
   board_.LoadWeek(date);

@@ -31,6 +31,7 @@ class StatusByHand {
   BoardParts parts_;
   Board& board_;
   BoardMenus& menus_;
+  Board::Copy copy_ = Board::Copy::None;  // of the estimate whose status is being changed
 };
 
 }  // namespace lantos

@@ -46,6 +46,7 @@ void frmReschedule::Accept() {
 // Once for a day: when the database refuses what comes behind it, the next try goes on from there.
 void frmReschedule::CopyTo(DaySerial date) {
   const std::int32_t copy = database_.estimates.CreateEstimate(date, kScheduled);
+  hasCopied = true;
   database_.estimates.CloneEstimateContents(database_.estimates.CurrentEstimate.EstimateNumber, copy);
   copiedTo_ = date;
 }

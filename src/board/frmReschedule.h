@@ -19,6 +19,7 @@ class frmReschedule : public OkCancelForm {
   ui::Button cmdCancel{*this, "cmdCancel", "Cancel <Esc>"};
 
   bool ok = false;
+  bool hasCopied = false;  // a copy stands in the database, whole or not, whatever became of the rest
   DaySerial newDate = 0;
 
  private:

@@ -20,7 +20,7 @@ std::string InPlace(const std::string& typed, const std::string& taken) {
 }  // namespace
 
 void NumberFields::Add(ui::TextBox& box, std::string name, Read read) {
-  fields_.push_back(Field{box, std::move(name), read, false, {}, {}});
+  fields_.push_back(Field{box, std::move(name), read, false, false, {}, {}});
   Field& field = fields_.back();
   AlsoRuns(box.OnChange, [&field] { Judge(field); });
 }
@@ -32,14 +32,16 @@ void NumberFields::FormatOnLeaving(ui::TextBox& box) {
 }
 
 void NumberFields::TakeOnLeaving(ui::TextBox& box) {
-  AlsoRuns(box.OnLostFocus, [this, &box] {
-    Field& field = FieldOf(box);
-    const std::string typed = field.red && field.taken.empty() ? box.Text() : std::string();
-    box.SetText(FormatFixed(Val(box.Text()), 2));
-    if (typed.empty()) return;
-    field.taken = typed;
-    ShowRed(field, InPlace(typed, box.Text()));
-  });
+  TakeOnSaving(box);
+  AlsoRuns(box.OnLostFocus, [this, &box] { Take(FieldOf(box)); });
+}
+
+void NumberFields::Take(Field& field) {
+  const std::string typed = field.red && field.taken.empty() ? field.box.Text() : std::string();
+  field.box.SetText(FormatFixed(Val(field.box.Text()), 2));
+  if (typed.empty()) return;
+  field.taken = typed;
+  ShowRed(field, InPlace(typed, field.box.Text()));
 }
 
 bool NumberFields::Reads(const std::string& text, Read read) {
@@ -82,6 +84,7 @@ bool NumberFields::AreNumbers() {
   const auto wrong = std::find_if(fields_.begin(), fields_.end(),
                                   [](const Field& field) { return field.red && field.box.IsUsable(); });
   if (wrong == fields_.end()) return true;
+  if (wrong->isTaken && wrong->taken.empty()) Take(*wrong);
   const std::string text = wrong->taken.empty() ? "\"" + wrong->box.Text() + "\" is not a number."
                                                 : InPlace(wrong->taken, wrong->box.Text());
   form_.GetDesktop().Tell(wrong->name + ": " + text, form_.Caption(), ui::Icon::Exclamation);

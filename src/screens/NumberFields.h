@@ -25,6 +25,9 @@ class NumberFields {
   // ... or what it begins with is taken all the same, and the box stays red until the person has typed anew or has
   // been told.
   void TakeOnLeaving(ui::TextBox& box);
+  // The same when it is saved: AreNumbers puts what the text begins with into the box and tells of it, and the next
+  // time that counts. A box without either is refused until its text is a number. TakeOnLeaving does this too.
+  void TakeOnSaving(ui::TextBox& box) { FieldOf(box).isTaken = true; }
 
   bool IsNumber(const ui::TextBox& box) const;
   // Tells of the first box in use that is red, and goes there. True when none is.
@@ -36,11 +39,13 @@ class NumberFields {
     std::string name;
     Read read;
     bool red = false;
-    std::string taken;  // the text that was no number, once it was taken for one
+    bool isTaken = false;  // what it begins with will do
+    std::string taken;     // the text that was no number, once it was taken for one
     std::string toolTip;
   };
   Field& FieldOf(const ui::TextBox& box);
   static bool Reads(const std::string& text, Read read);
+  static void Take(Field& field);
   static void Judge(Field& field);
   static void ShowRed(Field& field, const std::string& why);
   static void ShowPlain(Field& field);

@@ -43,7 +43,10 @@ void frmWOExtra::WireFields() {
   for (ui::TextBox& box : Desc) box.SetMaxLength(64);
   numbers_.Add(Cost, "Cost");
   numbers_.Add(Price, "Price");
-  for (ui::TextBox* box : {&Cost, &Price}) numbers_.FormatOnLeaving(*box);
+  for (ui::TextBox* box : {&Cost, &Price}) {
+    numbers_.FormatOnLeaving(*box);
+    numbers_.TakeOnSaving(*box);
+  }
 }
 
 void frmWOExtra::ShowLine() {

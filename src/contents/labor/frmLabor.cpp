@@ -64,6 +64,7 @@ void frmLabor::WireAmounts() {
   amounts_.Add(ShopRate, "Rate");
   amounts_.Add(TotalLabor, "Total");
   for (ui::TextBox* box : {&Hours, &ShopRate}) amounts_.TakeOnLeaving(*box);
+  amounts_.TakeOnSaving(TotalLabor);
   EnterMovesThrough({&Hours, &ShopRate, &TotalLabor, &txtDesc});
 }
 

@@ -33,7 +33,10 @@ frmWOKit::frmWOKit(Workbench& bench, const std::string& caption)
   numbers_.Add(SalePrice, "Sale Price");
   numbers_.Add(ListPrice, "List Price");
   numbers_.Add(DisposalFee, "Disposal Fee");
-  for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) numbers_.FormatOnLeaving(*box);
+  for (ui::TextBox* box : {&SalePrice, &ListPrice, &DisposalFee}) {
+    numbers_.FormatOnLeaving(*box);
+    numbers_.TakeOnSaving(*box);
+  }
   EnterMovesThrough({&QuantityUsed, &SalePrice, &ListPrice, &DisposalFee, &cmdSave});
   UseButtons(cmdSave, cmdCancel);
   cmdReset.OnClick = [this] {

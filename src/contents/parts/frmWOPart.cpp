@@ -57,7 +57,10 @@ void frmWOPart::WireFields() {
   numbers_.Add(SalePrice, "Sale Price");
   numbers_.Add(ListPrice, "List Price");
   numbers_.Add(DisposalFee, "Disposal Fee");
-  for (ui::TextBox* box : {&CostPrice, &SalePrice, &ListPrice, &DisposalFee}) numbers_.FormatOnLeaving(*box);
+  for (ui::TextBox* box : {&CostPrice, &SalePrice, &ListPrice, &DisposalFee}) {
+    numbers_.FormatOnLeaving(*box);
+    numbers_.TakeOnSaving(*box);
+  }
 }
 
 bool frmWOPart::IsForEstimate() const { return Right(Caption(), kForEstimate.size()) == kForEstimate; }

@@ -105,7 +105,7 @@ def test_an_untouched_screen_closes_without_a_word(board):
             board.expect_form("frmMain")
 
 
-def test_prices_that_are_no_numbers_are_red_and_refused(board, shop):
+def test_prices_that_are_no_numbers_are_red_and_told_before_they_count(board, shop):
     board.click("cmdPartAddNonStock")
     board.type("PartNumber", "X-1")
     board.type("Description", "a thing")
@@ -117,8 +117,9 @@ def test_prices_that_are_no_numbers_are_red_and_refused(board, shop):
     assert board.text("SalePrice") == "abc"
     assert board.control("SalePrice")["backcolor"] is not None
     for save in (lambda: board.click("cmdSave"), lambda: board.key("F10")):
+        board.type("SalePrice", "abc")
         save()
-        board.expect_box('Sale Price: "abc" is not a number.', "Add Non-Stocked Part")
+        board.expect_box('Sale Price: "abc" is not a number. 0.00 stands in its place.', "Add Non-Stocked Part")
         board.press("OK")
         assert board.answer["focus"] == "SalePrice"
     board.type("SalePrice", "15")

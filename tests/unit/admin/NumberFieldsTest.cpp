@@ -17,10 +17,14 @@ class Sample : public ui::Form {
     numbers.Add(txtDays, "Days", NumberFields::Read::Whole);
     numbers.FormatOnLeaving(txtAmount);
     numbers.TakeOnLeaving(txtHours);
+    numbers.Add(txtPrice, "Price");
+    numbers.FormatOnLeaving(txtPrice);
+    numbers.TakeOnSaving(txtPrice);
   }
   ui::TextBox txtAmount{*this, "txtAmount"};
   ui::TextBox txtHours{*this, "txtHours"};
   ui::TextBox txtDays{*this, "txtDays"};
+  ui::TextBox txtPrice{*this, "txtPrice"};
   NumberFields numbers{*this};
 };
 
@@ -91,6 +95,33 @@ TEST(NumberFields, WhatWasTakenForANumberOnLeavingIsToldBeforeItCounts) {
   EXPECT_EQ(world.desktop.boxes.at(0).text, "Hours: \"abc\" is not a number. 0.00 stands in its place.");
   EXPECT_TRUE(form.numbers.AreNumbers()) << "the person has been told, and left it";
   EXPECT_FALSE(form.txtHours.BackColor());
+}
+
+TEST(NumberFields, WhatIsTakenOnSavingStaysAsTypedUntilThenAndIsToldOnce) {
+  TestShop world;
+  Sample form(world);
+  form.Show();
+  test::Type(form.txtPrice, "12abc");
+  form.MoveFocus(&form.txtDays);
+  EXPECT_EQ(form.txtPrice.Text(), "12abc");
+  world.desktop.WillAnswer(Answer::Ok);
+  EXPECT_FALSE(form.numbers.AreNumbers());
+  EXPECT_EQ(world.desktop.boxes.at(0).text, "Price: \"12abc\" is not a number. 12.00 stands in its place.");
+  EXPECT_EQ(form.Focus(), &form.txtPrice);
+  EXPECT_EQ(form.txtPrice.Text(), "12.00");
+  EXPECT_TRUE(form.numbers.AreNumbers());
+  EXPECT_FALSE(form.txtPrice.BackColor());
+}
+
+TEST(NumberFields, WhatIsTakenOnLeavingIsTakenWhenTheBoxIsSavedUnleft) {
+  TestShop world;
+  Sample form(world);
+  form.Show();
+  test::Type(form.txtHours, "1,200");
+  world.desktop.WillAnswer(Answer::Ok);
+  EXPECT_FALSE(form.numbers.AreNumbers());
+  EXPECT_EQ(world.desktop.boxes.at(0).text, "Hours: \"1,200\" is not a number. 1.00 stands in its place.");
+  EXPECT_TRUE(form.numbers.AreNumbers());
 }
 
 }  // namespace

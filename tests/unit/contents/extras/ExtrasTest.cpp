@@ -195,5 +195,19 @@ TEST(frmEstExtras, TheTotalsFollowWhenTheScreenIsLeft) {
   EXPECT_EQ(bench.board.totalRefreshes, 1);
 }
 
+TEST(frmWOExtra, AnAmountThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
+  ExtrasBench bench;
+  frmWOExtra form(bench.shop, "Estimate Sublet", {}, "No");
+  form.Show();
+  test::Type(form.Price, "12.5x");
+  bench.desktop.WillAnswer(Answer::Ok);
+  test::Press(form, "F10");
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "Price: \"12.5x\" is not a number. 12.50 stands in its place.");
+  EXPECT_EQ(form.Focus(), &form.Price);
+  test::Press(form, "F10");
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(form.CurrentExtra.Price, 1250);
+}
+
 }  // namespace
 }  // namespace lantos

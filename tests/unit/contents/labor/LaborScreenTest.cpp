@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <tuple>
+
 #include "contents/labor/LaborBench.h"
 #include "frame/Dates.h"
 #include "records/OpenedFile.h"
@@ -189,15 +191,23 @@ TEST(frmLabor, NoAloneStaysInTheQuestionAboutItsChanges) {
   }
 }
 
-TEST(frmLabor, ATotalThatIsNoNumberIsRefusedByName) {
-  LaborScreen screen;
-  test::Type(screen.form.TotalLabor, "abc");
-  EXPECT_TRUE(screen.form.TotalLabor.BackColor());
-  screen.desktop.WillAnswer(Answer::Ok);
-  test::Click(screen.form.OKButton);
-  EXPECT_EQ(screen.desktop.boxes.at(0).text, "Total: \"ABC\" is not a number.");
-  EXPECT_FALSE(screen.form.Saved());
-  EXPECT_EQ(screen.form.Focus(), &screen.form.TotalLabor);
+TEST(frmLabor, ATotalThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
+  const std::tuple<std::string, std::string, Cents> totals[] = {
+      {"12ABC", "12.00", 1200}, {"1,250.00", "1.00", 100}, {"ABC", "0.00", 0}};
+  for (const auto& [typed, taken, cents] : totals) {
+    LaborScreen screen;
+    test::Type(screen.form.TotalLabor, typed);
+    EXPECT_TRUE(screen.form.TotalLabor.BackColor());
+    screen.desktop.WillAnswer(Answer::Ok);
+    test::Press(screen.form, "F10");
+    EXPECT_EQ(screen.desktop.boxes.at(0).text,
+              "Total: \"" + typed + "\" is not a number. " + taken + " stands in its place.");
+    EXPECT_FALSE(screen.form.Saved());
+    EXPECT_EQ(screen.form.Focus(), &screen.form.TotalLabor);
+    test::Press(screen.form, "F10");
+    EXPECT_TRUE(screen.form.Saved());
+    EXPECT_EQ(screen.form.CurrentLabor.Total, cents);
+  }
 }
 
 TEST(frmLabor, HoursThatAreNoNumberAreShownAsNoughtAndToldBeforeTheyCount) {

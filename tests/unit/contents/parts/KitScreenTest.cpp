@@ -81,6 +81,22 @@ TEST(frmWOKit, ResetBringsBackTheKitAndAnEmptyQuantityIsOne) {
   EXPECT_EQ(form.QuantityUsed.Text(), "1");
 }
 
+TEST(frmWOKit, AnAmountThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
+  PartsBench bench;
+  bench.inventory.CurrentInv.Put(inventory::StockNumber, "KIT-A");
+  bench.inventory.CurrentInv.Put(inventory::Description, "KIT");
+  frmWOKit form(bench.bench, "Add Kit to Estimate");
+  form.LoadForm();
+  form.Show();
+  test::Type(form.SalePrice, "1,250.00");
+  bench.desktop.WillAnswer(Answer::Ok);
+  test::Press(form, "F10");
+  EXPECT_EQ(bench.desktop.boxes.at(0).text, "Sale Price: \"1,250.00\" is not a number. 1.00 stands in its place.");
+  test::Press(form, "F10");
+  EXPECT_TRUE(form.Saved());
+  EXPECT_EQ(form.Line().price, 100);
+}
+
 TEST(frmWOKit, AsksBeforeItSellsMoreThanThereIs) {
   PartsBench bench;
   bench.Stock("OIL", 5);

@@ -80,28 +80,41 @@ TEST(frmWOPart, ResetBringsBackWhatWasThereAtLoad) {
   EXPECT_FALSE(form.Saved());
 }
 
-TEST(frmWOPart, WhatIsNoNumberStaysRedAndIsRefusedByName) {
+TEST(frmWOPart, AQuantityThatIsNoNumberStaysRedAndIsRefusedByName) {
+  PartsBench bench;
+  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
+  form.SetLine(Line("A-1", 5, 1234));
+  form.LoadForm();
+  form.Show();
+  bench.desktop.WillAnswer({Answer::Ok, Answer::Ok});
+  test::Type(form.QuantityUsed, "abc");
+  for (int i = 0; i < 2; ++i) test::Click(form.cmdSave);
+  EXPECT_EQ(form.QuantityUsed.Text(), "abc");
+  EXPECT_TRUE(form.QuantityUsed.BackColor());
+  EXPECT_EQ(bench.desktop.boxes.back().text, "Quantity Used: \"abc\" is not a number.");
+  EXPECT_FALSE(form.Saved());
+}
+
+TEST(frmWOPart, AnAmountThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
   PartsBench bench;
   frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
   form.SetLine(Line("A-1", 5, 1234));
   form.LoadForm();
   form.Show();
   bench.desktop.otherwise = [](const ui::Box&) { return Answer::Ok; };
-  const std::vector<std::pair<ui::TextBox*, std::string>> fields = {{&form.QuantityUsed, "Quantity Used"},
-                                                                    {&form.CostPrice, "Cost"},
-                                                                    {&form.SalePrice, "Sale Price"},
-                                                                    {&form.ListPrice, "List Price"}};
+  const std::vector<std::pair<ui::TextBox*, std::string>> fields = {
+      {&form.CostPrice, "Cost"}, {&form.SalePrice, "Sale Price"}, {&form.ListPrice, "List Price"}};
   for (const auto& [box, name] : fields) {
-    test::Type(*box, "abc");
-    test::Click(form.cmdSave);
-    EXPECT_EQ(box->Text(), "abc");
+    test::Type(*box, "12abc");
     EXPECT_TRUE(box->BackColor());
-    EXPECT_EQ(bench.desktop.boxes.back().text, name + ": \"abc\" is not a number.");
+    test::Click(form.cmdSave);
+    EXPECT_EQ(bench.desktop.boxes.back().text, name + ": \"12abc\" is not a number. 12.00 stands in its place.");
     EXPECT_FALSE(form.Saved());
-    test::Type(*box, "2");
   }
   test::Click(form.cmdSave);
   EXPECT_TRUE(form.Saved());
+  const PartLine line = form.Line();
+  EXPECT_EQ(line.cost + line.price + line.list, 3600);
 }
 
 TEST(frmWOPart, ResetLeavesNothingToLose) {
