@@ -83,6 +83,21 @@ TEST(Booking, NamesItsDayInTheCaptionOfTheCustomerSearch) {
   board.FindMenu("mnuCustomer")->DoClick();
 }
 
+// An estimate's click has taken the calendar to its day, with nothing loaded.
+TEST(CalendarMark, GoesBackToTheDayOnShowWhenAnotherCannotBeRead) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today() + 2, kArrived);
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[kThursday], 0);
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Estimates");
+  board.MonthView1.DoPick(bench.Today() + 7);
+  bench.Reveal("Estimates");
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(board.MonthView1.Value(), bench.Today() + 2);
+  EXPECT_EQ(board.day.frameDay.Tag(), std::to_string(bench.Today() + 2));
+}
+
 // A day that is empty was chosen all the same.
 TEST(EmptyDay, PickedInTheCalendarIsTheDayWhoseCommentIsShown) {
   BoardBench bench;
