@@ -130,6 +130,40 @@ TEST(Hours, OfLaborGoToTheDayOfTheirEstimate) {
   EXPECT_EQ(board.week.lblWeekHours[kThursday].Caption(), "Scheduled 0.00\nof 40.00: Under");
 }
 
+// What the last load kept out of the day's hours takes nothing from them, and adds nothing.
+TEST(Hours, OfAnEstimateThatTheFilterHidesCountNowhere) {
+  BookingBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddLabor(900, 1, 200, 1);
+  bench.AddEstimate(901, bench.Today(), kInProgress);
+  bench.AddLabor(901, 1, 300, 1);
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[BoardBench::kTuesday], 0);
+  board.FindMenu("mnuShowStat(1)")->DoClick();
+  test::Click(board.commands.cmdDetailView);
+  board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 100});
+  EXPECT_EQ(bench.Hours()[2], "6.00") << "the board still lists it";
+  board.LoadWeek(bench.Today());
+  test::Click(board.commands.cmdDetailView);
+  board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 4600});
+  EXPECT_EQ(bench.Hours(), (Texts{"Tue 9/30", "40.00", "3.00", "-37.00", "Under"}));
+  board.detail.listLabor.DoSelect(0);
+  bench.desktop.WillAnswer(Answer::Yes);
+  test::Click(board.detail.cmdLaborRemove);
+  EXPECT_EQ(bench.Hours()[2], "3.00");
+}
+
+TEST(Hours, OfABookedEstimateCountWhereItIsListed) {
+  BookingBench bench;
+  frmMain& board = bench.Start();
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillPickCustomer(7);
+  bench.WillLeave();
+  test::Click(board.commands.cmdNewEstimate);
+  board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 250});
+  EXPECT_EQ(bench.Hours()[2], "2.50");
+}
+
 struct Status : BoardBench {
   void WillSet(std::string option) {
     desktop.WillUse([this, option = std::move(option)](ui::Form& form) {
