@@ -146,6 +146,25 @@ TEST(WeekList, AClickMakesItsDayTheOneOfTheCalendarWithNoReload) {
   EXPECT_EQ(bench.Hours()[0], "Tue 9/30");
 }
 
+TEST(DoubleClick, WhereNothingIsSelectedOpensNoEstimate) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today() + 2, kArrived);
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[4], 0);
+  board.week.List1[BoardBench::kTuesday].DoDoubleClick();
+  EXPECT_TRUE(board.week.frameWeekView.Visible()) << "900 is of Thursday";
+  EXPECT_EQ(bench.Hours()[0], "Tue 9/30");
+  board.LoadWeek(bench.Today());
+  test::Click(board.commands.cmdDayView);
+  board.day.List2.DoDoubleClick();
+  EXPECT_TRUE(board.day.frameDayView.Visible());
+  test::Click(board.commands.cmdWeekView);
+  bench.Choose(board.week.List1[4], 0);
+  board.week.List1[4].DoDoubleClick();
+  EXPECT_TRUE(board.detail.frameDetailView.Visible());
+  EXPECT_EQ(bench.Hours()[0], "Thu 10/2");
+}
+
 // The status, by popup.
 
 struct Popup : BoardBench {
