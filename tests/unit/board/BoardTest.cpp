@@ -249,6 +249,21 @@ TEST(StatusByForm, SaysWhenNoEstimateIsSelected) {
   EXPECT_EQ(bench.desktop.boxes.at(0).text, "No estimate is selected.");
 }
 
+TEST(RefreshCustomers, SaysThatItIsDoneOnlyWhenItIs) {
+  BoardBench bench;
+  frmMain& board = bench.Start();
+  bench.desktop.WillAnswer(ui::Answer::Ok);
+  board.FindMenu("mnuRefreshCustomer")->DoClick();
+  ASSERT_EQ(bench.desktop.boxes.size(), 1U);
+  EXPECT_EQ(bench.desktop.boxes[0].text, "Customer information refreshed.");
+  EXPECT_EQ(bench.desktop.boxes[0].title, "Refresh Complete.");
+  const SharedFile other(bench.directory / "TQCSTTAG.DAT", Access::ReadWrite, Deny::All);
+  bench.desktop.WillAnswer(ui::Answer::Cancel);
+  board.FindMenu("mnuRefreshCustomer")->DoClick();
+  ASSERT_EQ(bench.desktop.boxes.size(), 2U);
+  EXPECT_EQ(bench.desktop.boxes[1].text, "Customer tags file locked by another user.");
+}
+
 TEST(Window, GrowsToItsLeastSizeWhenItWasMadeSmaller) {
   BoardBench bench;
   frmMain& board = bench.Start();
