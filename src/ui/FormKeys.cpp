@@ -8,8 +8,6 @@
 // The platform's part of the keyboard, for desktops that have no window system to do it.
 namespace lantos::ui {
 
-namespace {}  // namespace
-
 void FormKeys::Forget(Control& control) {
   TabOrder::Forget(control);
   if (defaultButton_ == &control) defaultButton_ = nullptr;
@@ -24,7 +22,12 @@ void FormKeys::PreviewKey(KeyPress& key) {
   });
 }
 
+// An open list is a window of its own: what it has no use for goes nowhere else.
 void FormKeys::PressKey(KeyPress key) {
+  if (const auto* combo = dynamic_cast<ComboBox*>(Focus()); combo != nullptr && combo->DroppedRow()) {
+    PressControlKey(key);
+    return;
+  }
   PreviewKey(key);
   if (!key.cleared && Visible()) PlatformKey(key);
 }
@@ -32,9 +35,7 @@ void FormKeys::PressKey(KeyPress key) {
 void FormKeys::PlatformKey(const KeyPress& key) {
   if (key.IsAlt("F4")) return DoClose();
   if (IsMenuKey(key)) return PressMenuKey();
-  if (const auto* combo = dynamic_cast<ComboBox*>(Focus()); combo != nullptr && combo->DroppedRow()) {
-    PressControlKey(key);
-  } else if (key.alt && !key.control && key.key.size() == 1) {
+  if (key.alt && !key.control && key.key.size() == 1) {
     PressMnemonic(key.key[0]);
   } else if (key.key == "Tab" && !key.alt && !key.control) {
     MoveFocus(NextInTabOrder(key.shift));

@@ -79,5 +79,23 @@ TEST_F(Rows, ShiftAfterTheRemovalOfItsRowBeginsAtTheCurrentOne) {
   EXPECT_EQ(form.Selected(), "de");
 }
 
+TEST_F(Rows, AnOpenListKeepsItsKeysFromTheForm) {
+  form.MoveFocus(&form.combo);
+  form.Press("F4");
+  form.told.clear();
+  for (const char* key : {"Down", "F10", "Tab", "Alt+A", "Menu"}) {
+    form.Press(key);
+    EXPECT_EQ(form.combo.DroppedRow(), 0) << key;
+  }
+  form.Press("Esc");
+  EXPECT_EQ(form.combo.DroppedRow(), std::nullopt);
+  EXPECT_TRUE(form.told.empty());
+  EXPECT_EQ(form.cancelled, 0);
+  EXPECT_EQ(form.Focus(), &form.combo);
+  form.Press("Esc");
+  EXPECT_EQ(form.told, std::vector<std::string>{"Esc"});
+  EXPECT_EQ(form.cancelled, 1);
+}
+
 }  // namespace
 }  // namespace lantos::ui
