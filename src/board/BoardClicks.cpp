@@ -42,6 +42,7 @@ void BoardClicks::WirePanels() {
   DayPane& day = parts_.day;
   day.List2.OnClick = [this] { DayListClick(); };
   day.List2.OnDoubleClick = [this] {
+    if (parts_.day.List2.ListIndex() < 0) return;
     DayListClick();
     OpenDetail();
   };
@@ -109,7 +110,9 @@ void BoardClicks::WeekListClick(std::size_t weekday) {
   parts_.detail.ShowEstimateDetail();
 }
 
+// The window system tells of double clicks beside the rows too: without a selected row they mean no estimate.
 void BoardClicks::WeekListDoubleClick(std::size_t weekday) {
+  if (!parts_.week.SelectedEstimate(weekday)) return;
   board_.ShowDayHeader(weekday);
   WeekListClick(weekday);
   OpenDetail();

@@ -155,7 +155,7 @@ void BoardMenus::BuildRefreshPopup() {
 void BoardMenus::RefreshCustomerIndex() {
   {
     const ui::Hourglass hourglass(shop_.desktop);
-    shop_.records.customers.RefreshCustomers();
+    if (!shop_.records.customers.RefreshCustomers()) return;
   }
   shop_.desktop.Tell("Customer information refreshed.", "Refresh Complete.");
 }

@@ -1,5 +1,7 @@
 #include "board/ListKeys.h"
 
+#include "ui/Form.h"
+
 namespace lantos {
 
 namespace {
@@ -12,6 +14,14 @@ void StepToEstimate(ui::ListBox& list, int step) {
   while (row >= 0 && row < list.ListCount() && list.List(row).starts_with(' ')) row += step;
   // The selected line may be one behind the first: Up then ends at the estimate's own.
   if (row >= 0 && row < list.ListCount()) list.SetListIndex(row);
+}
+
+// An estimate may have more lines than a page: the page ends inside of it, and the click takes the row back to its
+// first line.
+void PageToEstimate(ui::ListBox& list, const ui::KeyPress& key, int step) {
+  const int row = list.ListIndex();
+  list.Owner().PressControlKey(key);
+  if (row >= 0 && list.ListIndex() == row) StepToEstimate(list, step);
 }
 
 void OpenOn(ui::KeyPress& key, ui::ListBox& list) {
@@ -31,10 +41,13 @@ void WalkByEstimates(ui::ListBox& list) {
   list.SetToolTip(kOpens);
   list.OnKeyDown = [&list](ui::KeyPress& key) {
     OpenOn(key, list);
-    const int step = key.Is("Down") ? 1 : key.Is("Up") ? -1 : 0;
+    ui::KeyPress pressed = key;
+    pressed.shift = false;  // one row alone can be selected
+    const bool pages = pressed.Is("PgDn") || pressed.Is("PgUp");
+    const int step = pressed.Is("Down") || pressed.Is("PgDn") ? 1 : pressed.Is("Up") || pressed.Is("PgUp") ? -1 : 0;
     if (step == 0) return;
     key.Clear();
-    StepToEstimate(list, step);
+    pages ? PageToEstimate(list, pressed, step) : StepToEstimate(list, step);
   };
 }
 

@@ -8,7 +8,8 @@ namespace lantos {
 void OpenByEnter(ui::ListBox& list);
 
 // The same, and Down and Up go from estimate to estimate: from any line of one to the first line of the next or the
-// previous. Only the first line of an estimate doesn't begin with a blank.
+// previous. PgDn and PgUp go by pages, and by an estimate where one is longer than a page. Only the first line of an
+// estimate doesn't begin with a blank.
 void WalkByEstimates(ui::ListBox& list);
 
 // Insert adds a line, Enter and a double click change the selected one, Delete removes it, as the buttons do.

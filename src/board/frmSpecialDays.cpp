@@ -61,7 +61,8 @@ frmSpecialDays::frmSpecialDays(Shop& shop, de& database)
   Check1.OnClick = [this] { LoadList(); };
   cmdDelete.OnClick = [this] { Delete(); };
   numbers_.Add(txtHours, "Hours", NumberFields::Read::Whole);
-  AskBeforeLosing(cmdCancel, DTPicker1, txtHours, txtComments);
+  // Not the date: leaving it looks the day up, and alone it could not be saved.
+  AskBeforeLosing(cmdCancel, txtHours, txtComments);
 }
 
 void frmSpecialDays::OnLoad() {
@@ -113,6 +114,7 @@ void frmSpecialDays::DateLeft() {
   if (row >= 0) return;
   txtHours.SetText("");
   txtComments.SetText("");
+  MarkUnchanged();
 }
 
 void frmSpecialDays::Accept() {

@@ -263,21 +263,21 @@ void Customers::LoadTagsForLookup() {
   tagsGivenUp_ = !LoadCustomerTags();
 }
 
-const std::vector<CustomerIndexRow>& Customers::RefreshCustomers() {
+bool Customers::RefreshCustomers() {
   index_.clear();
   lookupCustomer_ = kNobody;
   lookedUp_.reset();
-  if (!LoadCustomerTags()) return index_;
+  if (!LoadCustomerTags()) return false;
   OpenedFile masters(environment_.openFiles);
   Contention contention(contention::kReadCustomer, desktop_, environment_);
-  if (!contention.Run([&] { masters.Open(kCustomerFile, Access::Read, Deny::None); })) return index_;
+  if (!contention.Run([&] { masters.Open(kCustomerFile, Access::Read, Deny::None); })) return false;
   LoadIndex(*masters);
   // What is in memory of a customer must be as fresh as the rest, since it isn't read again.
   const std::int32_t current = CurrentCustomer.Get(customer::Number);
   for (const CustomerIndexRow& row : index_) {
     if (row.customer.Get(customer::Number) == current) CurrentCustomer = row.customer;
   }
-  return index_;
+  return true;
 }
 
 void Customers::LoadIndex(const SharedFile& masters) {

@@ -117,8 +117,10 @@ class Customers {
     OpenedFile file_;
   };
 
-  // Loads every customer anew, with the date of the newest vehicle.
-  const std::vector<CustomerIndexRow>& RefreshCustomers();
+  // Loads every customer anew, with the date of the newest vehicle. False, and an empty index, when the person gave up.
+  bool RefreshCustomers();
+  // As RefreshCustomers loaded it.
+  const std::vector<CustomerIndexRow>& Index() const { return index_; }
 
  private:
   void FillTags(const SharedFile& file);

@@ -37,7 +37,12 @@ void FormKeys::PreviewKey(KeyPress& key) {
   });
 }
 
+// An open list is a window of its own: what it has no use for goes nowhere else.
 void FormKeys::PressKey(KeyPress key) {
+  if (const auto* combo = dynamic_cast<ComboBox*>(Focus()); combo != nullptr && combo->DroppedRow()) {
+    PressControlKey(key);
+    return;
+  }
   PreviewKey(key);
   if (!key.cleared && Visible()) PlatformKey(key);
 }
@@ -45,9 +50,7 @@ void FormKeys::PressKey(KeyPress key) {
 void FormKeys::PlatformKey(const KeyPress& key) {
   if (key.IsAlt("F4")) return DoClose();
   if (IsMenuKey(key)) return PressMenuKey();
-  if (const auto* combo = dynamic_cast<ComboBox*>(Focus()); combo != nullptr && combo->DroppedRow()) {
-    PressControlKey(key);
-  } else if (key.alt && !key.control && key.key.size() == 1) {
+  if (key.alt && !key.control && key.key.size() == 1) {
     PressMnemonic(key.key[0]);
   } else if (key.key == "Tab" && !key.alt && !key.control) {
     MoveFocus(NextInTabOrder(key.shift));

@@ -71,7 +71,8 @@ inline void ReadCustomers(QuietShop& shop) {
     }
     customers.FindCustomerTag(0);
     customers.LookupCustomer(-7);
-    for (const CustomerIndexRow& row : customers.RefreshCustomers()) SeeCustomer(row.customer);
+    customers.RefreshCustomers();
+    for (const CustomerIndexRow& row : customers.Index()) SeeCustomer(row.customer);
   });
 }
 

@@ -146,6 +146,25 @@ TEST(WeekList, AClickMakesItsDayTheOneOfTheCalendarWithNoReload) {
   EXPECT_EQ(bench.Hours()[0], "Tue 9/30");
 }
 
+TEST(DoubleClick, WhereNothingIsSelectedOpensNoEstimate) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today() + 2, kArrived);
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[4], 0);
+  board.week.List1[BoardBench::kTuesday].DoDoubleClick();
+  EXPECT_TRUE(board.week.frameWeekView.Visible()) << "900 is of Thursday";
+  EXPECT_EQ(bench.Hours()[0], "Tue 9/30");
+  board.LoadWeek(bench.Today());
+  test::Click(board.commands.cmdDayView);
+  board.day.List2.DoDoubleClick();
+  EXPECT_TRUE(board.day.frameDayView.Visible());
+  test::Click(board.commands.cmdWeekView);
+  bench.Choose(board.week.List1[4], 0);
+  board.week.List1[4].DoDoubleClick();
+  EXPECT_TRUE(board.detail.frameDetailView.Visible());
+  EXPECT_EQ(bench.Hours()[0], "Thu 10/2");
+}
+
 // The status, by popup.
 
 struct Popup : BoardBench {
@@ -228,6 +247,21 @@ TEST(StatusByForm, SaysWhenNoEstimateIsSelected) {
   bench.desktop.WillAnswer(ui::Answer::Ok);
   board.commands.cmdChangeStatus.DoClick();
   EXPECT_EQ(bench.desktop.boxes.at(0).text, "No estimate is selected.");
+}
+
+TEST(RefreshCustomers, SaysThatItIsDoneOnlyWhenItIs) {
+  BoardBench bench;
+  frmMain& board = bench.Start();
+  bench.desktop.WillAnswer(ui::Answer::Ok);
+  board.FindMenu("mnuRefreshCustomer")->DoClick();
+  ASSERT_EQ(bench.desktop.boxes.size(), 1U);
+  EXPECT_EQ(bench.desktop.boxes[0].text, "Customer information refreshed.");
+  EXPECT_EQ(bench.desktop.boxes[0].title, "Refresh Complete.");
+  const SharedFile other(bench.directory / "TQCSTTAG.DAT", Access::ReadWrite, Deny::All);
+  bench.desktop.WillAnswer(ui::Answer::Cancel);
+  board.FindMenu("mnuRefreshCustomer")->DoClick();
+  ASSERT_EQ(bench.desktop.boxes.size(), 2U);
+  EXPECT_EQ(bench.desktop.boxes[1].text, "Customer tags file locked by another user.");
 }
 
 TEST(Window, GrowsToItsLeastSizeWhenItWasMadeSmaller) {

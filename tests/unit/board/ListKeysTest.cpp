@@ -46,6 +46,16 @@ TEST(DayList, DownAndUpGoFromEstimateToEstimate) {
   }
 }
 
+TEST(DayList, ShiftMakesNoDifference) {
+  DayListKeys bench;
+  for (const std::int32_t number : {900, 901, 902}) {
+    bench.Press("Shift+Down");
+    EXPECT_EQ(bench.Selected(), number);
+  }
+  bench.Press("Shift+Up");
+  EXPECT_EQ(bench.Selected(), 901);
+}
+
 TEST(DayList, TheFirstKeyTakesTheFirstEstimateAndAnEmptyDayNone) {
   DayListKeys bench;
   bench.Press("Up");
@@ -53,6 +63,26 @@ TEST(DayList, TheFirstKeyTakesTheFirstEstimateAndAnEmptyDayNone) {
   bench.board.LoadWeek(bench.Today() + 1);
   bench.Press("Down");
   EXPECT_EQ(bench.list.ListIndex(), -1);
+}
+
+// Labor that fills more than a page behind the first of three estimates.
+TEST(DayList, APageGoesOnFromAnEstimateThatIsLongerThanItself) {
+  DayListKeys bench;
+  for (int line = 2; line <= 3 * ui::kRowsAPage; ++line) bench.AddLabor(900, line, 100, 6500);
+  bench.board.LoadWeek(bench.Today());
+  for (const std::int32_t number : {900, 901}) {
+    bench.Press("PgDn");
+    EXPECT_EQ(bench.Selected(), number);
+    EXPECT_EQ(bench.Current().EstimateNumber, number);
+  }
+  bench.Press("PgUp");
+  EXPECT_EQ(bench.Selected(), 900);
+  bench.Press("PgUp");
+  EXPECT_EQ(bench.list.ListIndex(), 0) << "there is none before";
+  bench.Press("End");
+  EXPECT_EQ(bench.Selected(), 902);
+  bench.Press("PgDn");
+  EXPECT_EQ(bench.Selected(), 902) << "there is none behind";
 }
 
 TEST(DayList, EnterOpensTheEstimateAndTheHandGoesOnInItsLabor) {

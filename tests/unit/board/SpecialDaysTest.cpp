@@ -139,6 +139,23 @@ TEST(SpecialDaysForm, ALineThatWasClickedAndADayThatWasSavedAreNothingToLose) {
   EXPECT_FALSE(screen.form.Visible());
 }
 
+TEST(SpecialDaysForm, ADayThatWasOnlyLookedUpIsNothingToLoseWhetherListedOrNot) {
+  for (const DaySerial day : {World::Day(12, 24), World::Day(12, 25)}) {
+    Screen screen;
+    screen.PickAndLeave(day);
+    EXPECT_EQ(screen.form.cmdCancel.Caption(), "&Close");
+    screen.Pick(day + 1);
+    test::Press(screen.form, "Esc");
+    EXPECT_FALSE(screen.form.Visible()) << FormatDate(day);
+  }
+  Screen screen;
+  screen.PickAndLeave(World::Day(12, 25));
+  test::Type(screen.form.txtComments, "Closed");
+  screen.desktop.WillAnswer(ui::Answer::No);
+  test::Press(screen.form, "Esc");
+  EXPECT_TRUE(screen.form.Visible()) << "what is typed for the day is a change";
+}
+
 TEST(SpecialDaysForm, DeleteRemovesTheLineOfTheListAndIsATextsOwnKeyInTheFields) {
   Screen screen;
   screen.form.MoveFocus(&screen.form.txtComments);

@@ -53,6 +53,11 @@ class KindForm : public ui::Form {
   std::vector<std::string> happened;
 
  private:
+  // The keys of a screen that saves and closes.
+  void OnKeyDown(ui::KeyPress& key) override {
+    if (key.Is("F10") || key.Is("Esc")) happened.push_back("form " + key.key);
+  }
+
   template <class Kind, class... More>
   Kind& Add(const char* name, More... more) {
     subjects_.push_back(std::make_unique<Kind>(*this, name, more...));

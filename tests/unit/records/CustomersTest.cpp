@@ -331,7 +331,8 @@ TEST_F(CustomersTest, ACustomerWhoCannotBeReadDoesNotBecomeCurrent) {
 TEST_F(CustomersTest, RefreshingLoadsEveryCustomerWithTheDateOfTheNewestVehicle) {
   PutGolden();
   records.vehicles.CurrentVehicle.Put(vehicle::Make, "Kept");
-  const auto& rows = customers.RefreshCustomers();
+  ASSERT_TRUE(customers.RefreshCustomers());
+  const auto& rows = customers.Index();
   ASSERT_EQ(rows.size(), 4U);
   EXPECT_EQ(rows[0].customer.Get(customer::Lastname), "Adams");
   EXPECT_EQ(rows[0].VehicleDate, ToFileDate(37880));
@@ -359,14 +360,27 @@ TEST_F(CustomersTest, RefreshingPassesOverTagsWithoutAMaster) {
       .Append(CustomerTagImage(3, "C,", 999));
   Put(kCustomerTagFile, tags);
   Put(kCustomerFile, CustomerImage(2, "B"));
-  EXPECT_EQ(customers.RefreshCustomers().size(), 1U);
+  EXPECT_TRUE(customers.RefreshCustomers());
+  EXPECT_EQ(customers.Index().size(), 1U);
+}
+
+TEST_F(CustomersTest, RefreshingThatThePersonGaveUpSaysSo) {
+  PutGolden();
+  for (const std::string_view name : {kCustomerTagFile, kCustomerFile}) {
+    EXPECT_TRUE(customers.RefreshCustomers()) << name;
+    const SharedFile other = HeldByAnother(name);
+    desktop.WillAnswer(Answer::Cancel);
+    EXPECT_FALSE(customers.RefreshCustomers()) << name;
+    EXPECT_TRUE(customers.Index().empty()) << name;
+  }
 }
 
 TEST_F(CustomersTest, RefreshingWithoutTheVehicleFileKnowsNoDates) {
   PutGolden();
   const SharedFile other = HeldByAnother(kVehicleFile);
   desktop.WillAnswer(Answer::Cancel);
-  const auto& rows = customers.RefreshCustomers();
+  ASSERT_TRUE(customers.RefreshCustomers());
+  const auto& rows = customers.Index();
   ASSERT_EQ(rows.size(), 4U);
   EXPECT_EQ(rows[0].VehicleDate, -1);
 }
