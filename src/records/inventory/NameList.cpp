@@ -28,8 +28,8 @@ std::string LineOf(const std::vector<std::string>& names) {
   return line + "\r\n";
 }
 
-std::size_t PlaceOf(const std::vector<std::string>& names, std::string_view name) {
-  return static_cast<std::size_t>(std::find(names.begin(), names.end(), name) - names.begin());
+bool IsAmong(const std::vector<std::string>& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 }  // namespace
@@ -47,22 +47,19 @@ std::size_t NameList::Add(std::string_view name) {
   std::string line;
   TextLineReader(*file).Next(line);
   std::vector<std::string> names = Together(NamesIn(line));
-  const std::size_t place = PlaceOf(names, added);
-  if (place == names.size()) {
-    names.push_back(added);
-    const std::string text = LineOf(names);
-    file->WriteAt(0, std::as_bytes(std::span(text)));
-    file->Truncate(text.size());
-    file.Close();
-  }
+  names.push_back(added);
+  const std::string text = LineOf(names);
+  file->WriteAt(0, std::as_bytes(std::span(text)));
+  file->Truncate(text.size());
+  file.Close();
   names_ = std::move(names);
-  return place;
+  return names_.size() - 1;
 }
 
 std::vector<std::string> NameList::Together(const std::vector<std::string>& onFile) const {
   std::vector<std::string> names = names_;
   for (const std::string& each : onFile) {
-    if (PlaceOf(names, each) == names.size()) names.push_back(each);
+    if (!IsAmong(names, each)) names.push_back(each);
   }
   return names;
 }

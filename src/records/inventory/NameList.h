@@ -18,8 +18,7 @@ class NameList {
   void Load();
   const std::vector<std::string>& Names() const { return names_; }
   // At the end, behind the names that other copies have added meanwhile; the whole line is rewritten, under the one
-  // open that it was read anew under. The place of the name; that of the one there is, and nothing written, for a name
-  // that is listed. A file that is held is waited for, two seconds.
+  // open that it was read anew under. The place of the name. A file that is held is waited for, two seconds.
   std::size_t Add(std::string_view name);
 
  private:

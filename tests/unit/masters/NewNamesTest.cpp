@@ -89,14 +89,13 @@ TEST_F(NewNames, ABlankNameIsRefused) {
   EXPECT_EQ(index, -1);
 }
 
-TEST_F(NewNames, ANameThatIsListedIsChosenAndNotWrittenTwice) {
-  const std::string before = directory.Content("TQDEPART.DAT");
+TEST_F(NewNames, ANameThatIsListedGoesToTheEndLikeAnyOther) {
   const int index = AddDepartmentBy([](frmDept& form) {
     Type(form.DeptName, "TIRES");
     Press(form, "F10");
   });
-  EXPECT_EQ(index, 0);
-  EXPECT_EQ(directory.Content("TQDEPART.DAT"), before);
+  EXPECT_EQ(index, 2);
+  EXPECT_EQ(directory.Content("TQDEPART.DAT"), Column("TIRES") + Column("OIL") + Column("TIRES") + "\r\n");
 }
 
 TEST_F(NewNames, AHeldFileLeavesTheNameOnTheScreen) {
