@@ -4,11 +4,11 @@
 
 namespace lantos::ui {
 
-QSize LineLabel::sizeHint() const { return IsPlain() ? Room() : QLabel::sizeHint(); }
+QSize LineLabel::sizeHint() const { return HasOwnLines() ? Room() : QLabel::sizeHint(); }
 
-QSize LineLabel::minimumSizeHint() const { return IsPlain() ? Room() : QLabel::minimumSizeHint(); }
+QSize LineLabel::minimumSizeHint() const { return HasOwnLines() ? Room() : QLabel::minimumSizeHint(); }
 
-bool LineLabel::IsPlain() const { return !wordWrap() && textFormat() == Qt::PlainText && !text().isEmpty(); }
+bool LineLabel::HasOwnLines() const { return !wordWrap() && !text().isEmpty(); }
 
 QSize LineLabel::Room() const {
   ensurePolished();

@@ -10,12 +10,12 @@ namespace lantos::ui {
 // nothing is shaped; elsewhere the text is shaped once. The board has so many labels that its start shows it.
 class LineLabel : public QLabel {
  public:
-  using QLabel::QLabel;
+  explicit LineLabel(QWidget* parent = nullptr) : QLabel(parent) { setTextFormat(Qt::PlainText); }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  private:
-  bool IsPlain() const;
+  bool HasOwnLines() const;
   QSize Room() const;
   QSize RoomOfText() const;
 
