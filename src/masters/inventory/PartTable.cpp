@@ -10,6 +10,8 @@ namespace lantos {
 
 namespace {
 
+constexpr std::size_t kFew = 8;  // rows in order for each that isn't
+
 struct Keyed {
   std::array<unsigned char, 39> key;
   Inventory::PartIndex part;
@@ -36,6 +38,20 @@ void PartTable::Add(Inventory::PartIndex part) {
 void PartTable::Refresh() {
   ordered_ = 0;
   filtered_ = false;
+}
+
+bool PartTable::Replace(Inventory::PartIndex part, const InventoryTag& before) {
+  const InventoryTag& tag = inventory_.Tag(part);
+  const bool staysInPlace = tag.View(inventorytag::StockNumber) == before.View(inventorytag::StockNumber) &&
+                            tag.View(inventorytag::Description) == before.View(inventorytag::Description);
+  if (staysInPlace && tag.Get(inventorytag::IsStocked) == before.Get(inventorytag::IsStocked)) return false;
+  filtered_ = false;
+  const auto row = std::find(rows_.begin(), rows_.end(), part);
+  if (staysInPlace || row == rows_.end()) return true;
+  if (row - rows_.begin() < static_cast<std::ptrdiff_t>(ordered_)) --ordered_;
+  rows_.erase(row);
+  rows_.push_back(part);
+  return true;
 }
 
 void PartTable::SetFilter(const PartFilter& filter) {
@@ -69,9 +85,18 @@ PartTable::Key PartTable::KeyOf(Inventory::PartIndex part) const {
   return key;
 }
 
-// Rows that came since are put in order by themselves and merged.
 void PartTable::PutInOrder() const {
   if (ordered_ == rows_.size()) return;
+  if (rows_.size() - ordered_ <= ordered_ / kFew) {
+    MergeFew();
+  } else {
+    SortAll();
+  }
+  ordered_ = rows_.size();
+}
+
+// Rows that came since are put in order by themselves and merged.
+void PartTable::SortAll() const {
   std::vector<Keyed> keyed;
   keyed.reserve(rows_.size());
   for (const Inventory::PartIndex part : rows_) keyed.push_back({KeyOf(part), part});
@@ -79,7 +104,24 @@ void PartTable::PutInOrder() const {
   std::sort(middle, keyed.end());
   std::inplace_merge(keyed.begin(), middle, keyed.end());
   for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = keyed[i].part;
-  ordered_ = rows_.size();
+}
+
+// Each of the few finds its place by halving, from the last: for most of the others no key is made.
+void PartTable::MergeFew() const {
+  auto end = rows_.begin() + static_cast<std::ptrdiff_t>(ordered_);  // of those that aren't merged yet
+  std::vector<Keyed> few;
+  for (auto row = end; row != rows_.end(); ++row) few.push_back({KeyOf(*row), *row});
+  std::sort(few.begin(), few.end());
+  auto to = rows_.end();
+  for (std::size_t i = few.size(); i-- > 0;) {
+    const auto place =
+        std::upper_bound(rows_.begin(), end, few[i], [this](const Keyed& keyed, Inventory::PartIndex row) {
+          return keyed < Keyed{KeyOf(row), row};
+        });
+    to = std::move_backward(place, end, to);
+    end = place;
+    *--to = few[i].part;
+  }
 }
 
 bool PartTable::Matches(Inventory::PartIndex part) const {

@@ -30,8 +30,10 @@ class PartTable {
 
   void Clear();
   void Add(Inventory::PartIndex part);
-  // A part's tag has changed.
+  // Parts' tags have changed, whichever.
   void Refresh();
+  // A part's tag was another one before. True when the rows may be others, or stand in another order.
+  bool Replace(Inventory::PartIndex part, const InventoryTag& before);
   void SetFilter(const PartFilter& filter);
   void SetSort(PartSort sort);
   PartSort Sort() const { return sort_; }
@@ -48,6 +50,8 @@ class PartTable {
   Key KeyOf(Inventory::PartIndex part) const;
   bool Matches(Inventory::PartIndex part) const;
   void PutInOrder() const;
+  void SortAll() const;
+  void MergeFew() const;
   void FilterRows() const;
 
   const Inventory& inventory_;

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 #include "frame/Numbers.h"
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
@@ -16,7 +18,6 @@ namespace {
 constexpr ui::Twips kWidth = 7380;
 constexpr ui::Twips kHeight = 3930;
 constexpr int kReadInterval = 1;  // milliseconds
-constexpr int kBroadcastInterval = 5000;
 constexpr std::size_t kBlockTags = 128;
 constexpr std::uint64_t kBlockLength = kBlockTags * InventoryTag::kLength;
 static_assert(kBlockLength == 16384);
@@ -56,7 +57,8 @@ frmInvList::frmInvList(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmInvList", "Inventory List"),
       shop_(shop),
       inventory_(shop.records.inventory),
-      table_(inventory_) {
+      table_(inventory_),
+      updates_(shop, AuditTimer, UpdTimer, ReceivedParts()) {
   SetResident(true);
   SetDesignedSize(kWidth, kHeight);
   DataGrid1.SetSpokenName("Parts");
@@ -71,10 +73,6 @@ frmInvList::frmInvList(Shop& shop)
   ReadTimer.SetEnabled(false);
   ReadTimer.SetInterval(kReadInterval);
   ReadTimer.OnTimer = [this] { ReadNextBlock(); };
-  for (ui::Timer* timer : {&AuditTimer, &UpdTimer}) {
-    timer->SetEnabled(false);  // nothing is told to the other copies yet
-    timer->SetInterval(kBroadcastInterval);
-  }
   for (ui::Button* button : {&cmdView, &cmdAdd, &cmdChange, &cmdDelete}) button->SetEnabled(false);
   cmdSearch.SetToolTip("Search <Enter>");
   cmdSelect.SetToolTip("Select <F10>");
@@ -130,6 +128,7 @@ void frmInvList::OnLoad() {
   frameStocked.SetVisible(HasStockedFlag());
   cbAutoSearch.SetValue(shop_.environment.settings.GetBoolean(kAutoSearchKey, false));
   StartLoading();
+  updates_.Start();
 }
 
 void frmInvList::OnActivate() {
@@ -286,6 +285,28 @@ void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
     table_.Refresh();
   }
   if (isNew || Visible()) ShowRows();  // a hidden list puts its rows in order when it is shown
+}
+
+InventoryUpdates::List frmInvList::ReceivedParts() {
+  return {.isLoading = [this] { return IsLoading(); },
+          .onChanged = [this](Inventory::PartIndex index,
+                              const InventoryTag& before) { rowsMoved_ |= table_.Replace(index, before); },
+          .onNew =
+              [this](Inventory::PartIndex index) {
+                table_.Add(index);
+                rowsMoved_ = true;
+              },
+          .show = [this] { ShowReceived(); }};
+}
+
+// Rows that stay where they are have their cells looked at anew, and nothing else.
+void frmInvList::ShowReceived() {
+  if (std::exchange(rowsMoved_, false)) {
+    ShowTotal();
+    ShowRows();
+  } else {
+    DataGrid1.SetSortedBy(DataGrid1.SortedBy());
+  }
 }
 
 std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {

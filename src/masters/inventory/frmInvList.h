@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "masters/inventory/InventoryUpdates.h"
 #include "masters/inventory/PartTable.h"
 #include "records/inventory/Inventory.h"
 #include "screens/OkCancelForm.h"
@@ -54,6 +55,8 @@ class frmInvList : public SizedForm {
   bool IsLoading() const { return nextBlock_ < blockCount_; }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
+  // Tells the other copies what they haven't been told yet, at the end of the run.
+  void SendAllChanges() { updates_.SendAll(); }
 
  private:
   void OnLoad() override;
@@ -71,6 +74,9 @@ class frmInvList : public SizedForm {
   // The row of a part, from its tag in the list.
   enum class ListedPart { New, Known };
   void UpdateListRow(Inventory::PartIndex index, ListedPart part);
+  // What the other copies have told of.
+  InventoryUpdates::List ReceivedParts();
+  void ShowReceived();
   void EnableSearch(bool enabled);
   void ShowTotal();
   void FilterParts();  // the first of the hits is current, unless the part that was is among them
@@ -91,6 +97,8 @@ class frmInvList : public SizedForm {
   LocalTime loadStarted_;
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
   std::optional<PickedPart> picked_;
+  bool rowsMoved_ = false;  // by what was received, since the rows were shown
+  InventoryUpdates updates_;
 };
 
 }  // namespace lantos
