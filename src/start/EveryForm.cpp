@@ -66,7 +66,7 @@ constexpr DaySerial kSomeDay = 37894;
 const std::vector<MakeForm> kForms = {
     [](FormGround& ground) {
       return Make<frmMain>(ground.shop, ground.database, ground.masters, ground.inventoryList, ground.workorders,
-                           StartAndStop{[] {}, [] { return true; }, [] {}});
+                           StartAndStop{[] {}, [] { return true; }, [] {}, [] {}});
     },
     [](FormGround& ground) { return Make<frmSplash>(ground.shop.desktop); },
     [](FormGround& ground) { return Make<frmEnterDir>(ground.shop.desktop, ground.shop.environment); },

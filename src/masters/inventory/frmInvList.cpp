@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
 #include "masters/inventory/DeletedParts.h"
@@ -18,7 +20,6 @@ namespace {
 constexpr ui::Twips kWidth = 7380;
 constexpr ui::Twips kHeight = 3930;
 constexpr int kReadInterval = 1;  // milliseconds
-constexpr int kBroadcastInterval = 5000;
 constexpr std::size_t kBlockTags = 128;
 constexpr std::uint64_t kBlockLength = kBlockTags * InventoryTag::kLength;
 static_assert(kBlockLength == 16384);
@@ -40,7 +41,8 @@ frmInvList::frmInvList(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmInvList", kCaption),
       shop_(shop),
       inventory_(shop.records.inventory),
-      table_(inventory_) {
+      table_(inventory_),
+      updates_(shop, AuditTimer, UpdTimer, ReceivedParts()) {
   SetResident(true);
   SetDesignedSize(kWidth, kHeight);
   DataGrid1.SetSpokenName("Parts");
@@ -56,10 +58,6 @@ frmInvList::frmInvList(Shop& shop)
   ReadTimer.SetEnabled(false);
   ReadTimer.SetInterval(kReadInterval);
   ReadTimer.OnTimer = [this] { ReadNextBlock(); };
-  for (ui::Timer* timer : {&AuditTimer, &UpdTimer}) {
-    timer->SetEnabled(false);  // nothing is told to the other copies yet
-    timer->SetInterval(kBroadcastInterval);
-  }
   cmdSearch.SetToolTip("Search <Enter>");
   cmdSelect.SetToolTip("Select <F10>");
   cmdView.SetToolTip("View <F4>");
@@ -134,6 +132,7 @@ void frmInvList::OnLoad() {
   frameStocked.SetVisible(Stocked() == StockedColumn::Shown);
   cbAutoSearch.SetValue(shop_.environment.settings.GetBoolean(kAutoSearchKey, false));
   StartLoading();
+  updates_.Start();
 }
 
 // Whoever comes back from a part goes on from its row.
@@ -314,6 +313,30 @@ frmInvList::Request frmInvList::ShowFor(Purpose purpose) {
   ShowRows();  // the price level may be another customer's
   ShowModal();
   return request_;
+}
+
+InventoryUpdates::List frmInvList::ReceivedParts() {
+  return {.isLoading = [this] { return IsLoading(); },
+          .onChanged = [this](Inventory::PartIndex index,
+                              const InventoryTag& before) { rowsMoved_ |= table_.Replace(index, before); },
+          .onNew =
+              [this](Inventory::PartIndex index) {
+                if (DeletedParts(shop_).Has(inventory_.Tag(index))) return;
+                table_.Add(index);
+                rowsMoved_ = true;
+              },
+          .show = [this] { ShowReceived(); }};
+}
+
+// Rows that stay where they are have their cells looked at anew, and nothing else.
+void frmInvList::ShowReceived() {
+  if (std::exchange(rowsMoved_, false)) {
+    ShowTotal();
+    ShowRows();
+    if (!lblMatchParts.Caption().empty()) ShowMatches();
+  } else {
+    DataGrid1.SetSortedBy(DataGrid1.SortedBy());
+  }
 }
 
 std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "masters/inventory/InventoryUpdates.h"
 #include "masters/inventory/PartColumns.h"
 #include "masters/inventory/PartRows.h"
 #include "masters/inventory/PartTable.h"
@@ -64,6 +65,8 @@ class frmInvList : public SizedForm, public PartRows {
   bool IsLoading() const { return nextBlock_ < blockCount_; }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
+  // Tells the other copies what they haven't been told yet, at the end of the run.
+  void SendAllChanges() { updates_.SendAll(); }
 
   // The row of a part, from its tag in the list. The person's own place in the list stays, as far as it can: the part
   // that is current, the search and what of the list is in sight.
@@ -94,6 +97,9 @@ class frmInvList : public SizedForm, public PartRows {
   void ReadNextBlock();
   void ListTags(const std::vector<InventoryTag>& block);
   void EndLoading();
+  // What the other copies have told of.
+  InventoryUpdates::List ReceivedParts();
+  void ShowReceived();
   void EnableSearch(bool enabled);
   enum class Purpose { Pick, Keep };
   Request ShowFor(Purpose purpose);
@@ -121,6 +127,8 @@ class frmInvList : public SizedForm, public PartRows {
   Purpose purpose_ = Purpose::Pick;
   Request request_ = Request::None;
   PickedPart chosen_;
+  bool rowsMoved_ = false;  // by what was received, since the rows were shown
+  InventoryUpdates updates_;
 };
 
 }  // namespace lantos
