@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "masters/inventory/PartColumns.h"
 #include "masters/inventory/PartRows.h"
 #include "masters/inventory/PartTable.h"
+#include "masters/inventory/TagBlocks.h"
 #include "records/inventory/Inventory.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
@@ -62,7 +62,7 @@ class frmInvList : public SizedForm, public PartRows {
   Request Ask();
   const PickedPart& Chosen() const { return chosen_; }
 
-  bool IsLoading() const { return nextBlock_ < blockCount_; }
+  bool IsLoading() const { return blocks_.AreLeft(); }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
   // Tells the other copies what they haven't been told yet, at the end of the run.
@@ -95,7 +95,6 @@ class frmInvList : public SizedForm, public PartRows {
   void WireRequests();
   void StartLoading();
   void ReadNextBlock();
-  void ListTags(const std::vector<InventoryTag>& block);
   void EndLoading();
   // What the other copies have told of.
   InventoryUpdates::List ReceivedParts();
@@ -106,8 +105,7 @@ class frmInvList : public SizedForm, public PartRows {
   // Leaves the list with the request, or with the part that is current, if it needs one.
   void Leave(Request request);
   bool HasCurrentPart();  // tells that there is none
-  PartAt PartOfRow(int row) const;
-  void FilterParts();  // the first of the hits is current, unless the part that was is among them
+  void FilterParts();     // the first of the hits is current, unless the part that was is among them
   void GoToHits();
   void SearchTyped();
   void SortBy(const std::string& column);
@@ -118,10 +116,7 @@ class frmInvList : public SizedForm, public PartRows {
   Shop& shop_;
   Inventory& inventory_;
   PartTable table_;
-  std::filesystem::path tagFile_;
-  std::uint64_t blockCount_ = 0;
-  std::uint64_t nextBlock_ = 0;
-  std::vector<InventoryTag> block_;
+  TagBlocks blocks_;
   LocalTime loadStarted_;
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
   Purpose purpose_ = Purpose::Pick;
