@@ -261,6 +261,9 @@ TEST_F(InvEdit, StockThatWasSoldWhileTheScreenWasOpenStaysSoldUnlessAnotherCount
     sold.inStock = left;
     directory.Put("TQINVTAG.DAT", TagImage(sold, 0).Bytes() + TagBytes(1));
     directory.Put("TQINVENT.DAT", MasterImage(sold).Long(336, 76).Bytes() + MasterBytes(1));
+    InventoryTag told = inventory.Tag(0);  // as the other copy's message has it
+    told.Put(inventorytag::InStock, left);
+    inventory.ReplaceTag(0, told);
   };
   Edit([&](frmInvEdit& form) {
     sell(7);
