@@ -6,6 +6,7 @@
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
 #include "frame/Text.h"
+#include "masters/inventory/InventoryMaintenance.h"
 #include "records/Customers.h"
 #include "records/Passwords.h"
 #include "screens/CheckPassword.h"
@@ -64,7 +65,9 @@ void BoardMenus::BuildMaintenanceMenu() {
     actions_.customersEdited();
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
-  maintenance.Add("mnuMaintInventory", "&Inventory").SetEnabled(false);
+  maintenance.Add("mnuMaintInventory", "&Inventory", [this] {
+    if (MayEnter(shop_, Section::Inventory)) InventoryMaintenance(shop_, inventoryList_);
+  });
   maintenance.Add("mnuMaintVendors", "&Vendors").SetEnabled(false);
   ui::MenuItem& refresh = maintenance.Add("mnuRefresh", "&Refresh");
   refresh.Add("mnuRefreshCustomer", "&Customers", [this] { RefreshCustomerIndex(); });

@@ -9,6 +9,7 @@
 #include "board/BoardCommands.h"
 #include "board/StatusChange.h"
 #include "masters/customers/MasterScreens.h"
+#include "masters/inventory/frmInvList.h"
 #include "ui/Form.h"
 
 namespace lantos {
@@ -23,8 +24,8 @@ class BoardMenus {
     std::function<void(std::int16_t)> changeStatus;
   };
 
-  BoardMenus(ui::Form& form, Shop& shop, EstimateDatabase& database, MasterScreens& masters)
-      : form_(form), shop_(shop), database_(database), masters_(masters) {}
+  BoardMenus(ui::Form& form, Shop& shop, EstimateDatabase& database, MasterScreens& masters, frmInvList& inventoryList)
+      : form_(form), shop_(shop), database_(database), masters_(masters), inventoryList_(inventoryList) {}
   // All menus, in their order on the bar.
   void Build(const std::vector<BoardCommand>& commands, Actions actions);
 
@@ -54,6 +55,7 @@ class BoardMenus {
   Shop& shop_;
   EstimateDatabase& database_;
   MasterScreens& masters_;
+  frmInvList& inventoryList_;
   Actions actions_;
   ui::MenuItem* popupMenu_ = nullptr;
   ui::MenuItem* statusPopup_ = nullptr;

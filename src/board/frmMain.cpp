@@ -28,7 +28,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
       database_(database),
       startAndStop_(std::move(startAndStop)),
       detail(*this, shop, database, inventoryList, workorders, state_, commands),
-      menus_(*this, shop, database, masters),
+      menus_(*this, shop, database, masters, inventoryList),
       booking_(Parts(), board_, masters) {
   SetSize(kDefaultSize, kDefaultSize);
   SetResizable(true);

@@ -1,6 +1,7 @@
 #include "masters/inventory/frmInvAdd.h"
 
 #include "frame/Text.h"
+#include "records/inventory/NewParts.h"
 
 namespace lantos {
 
@@ -20,19 +21,21 @@ void frmInvAdd::Accept() {
   Msg.SetCaption("Looking for duplicate...");
   Inventory& inventory = shop_.records.inventory;
   inventory.FinishLoading();
-  if (inventory.FindPart(number) == Inventory::kNoPart) return Add(number);
-  shop_.desktop.Tell("Part\r" + number + "\ralready exists.", Caption());
-  Msg.SetCaption(number + " already exists.");
-}
-
-void frmInvAdd::Add(const std::string& number) {
+  if (inventory.FindPart(number) != Inventory::kNoPart) return TellExists(number);
   Msg.SetCaption("Adding " + number + " to Inventory files.");
   Inventory::PartIndex index = Inventory::kNoPart;
-  shop_.records.inventory.NewInventoryPart(number, index);
+  if (AddNewPart(inventory, shop_.environment, shop_.desktop, number, index) == NewPart::Exists) {
+    return TellExists(number);
+  }
   Msg.SetCaption(number + " added.");
   list_.ShowTotal(1);
   list_.GoToPart(index);
   StockNumber.SetText("");
+}
+
+void frmInvAdd::TellExists(const std::string& number) {
+  shop_.desktop.Tell("Part\r" + number + "\ralready exists.", Caption());
+  Msg.SetCaption(number + " already exists.");
 }
 
 }  // namespace lantos

@@ -18,7 +18,7 @@ class frmInvAdd : public OkCancelForm {
  private:
   void OnActivate() override { StockNumber.SetFocus(); }
   void Accept() override;
-  void Add(const std::string& number);
+  void TellExists(const std::string& number);
 
   Shop& shop_;
   frmInvList& list_;

@@ -20,8 +20,8 @@ NUMBERS = {
 DEFAULTS = {key: value for key, (_, value) in {**SWITCHES, **NUMBERS}.items()}
 
 BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet",
-         "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuRefreshCustomer",
-         "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
+         "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuMaintInventory",
+         "mnuRefreshCustomer", "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
          "mnuHQuickStartGuide", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"}
 MENUS = [
     ("mnuFile", "&File"), ("mnuKorvelcom", "&Korvel Home Page"), ("mnuFileExit", "E&xit"),

@@ -115,18 +115,42 @@ def test_the_stocked_flag_is_used_from_tag_version_1_on(start, shop):
     assert len(column(copy, "Part")) == 5
 
 
-def test_nothing_selected_and_what_isnt_there_yet(start, shop):
+def test_nothing_selected_and_no_stock_keeping_while_a_part_is_picked(start, shop):
     copy = opened(start, shop)
-    copy.key("F10")
-    copy.expect_box("No part is selected.")
-    copy.press("OK")
-    for button in ("cmdView", "cmdAdd", "cmdChange", "cmdDelete"):
+    for key in ("F10", "F4"):
+        copy.key(key)
+        copy.expect_box("No part is selected.", "Add part to estimate")
+        copy.press("OK")
+        copy.expect_form("frmInvList")
+    for button in ("cmdAdd", "cmdChange", "cmdDelete"):
         assert not copy.control(button)["enabled"]
-    assert copy.control("cmdChange")["tooltip"] == "Change Part Number *NOT RECOMMENDED*"
-    assert copy.control("cmdDelete")["tooltip"] == "Delete Part Number *NOT RECOMMENDED*"
     copy.double_click("DataGrid1", row=1)
     copy.expect_form("frmWOPart")
     assert copy.text("PartNumber") == "123-456-789"
+
+
+def test_a_part_is_looked_at_before_it_goes_on_the_estimate(start, shop):
+    copy = opened(start, shop, parts=[part("HOSE", "A HOSE", AltNumber1="BELT"), part("BELT", "A BELT")])
+    copy.type("SearchPart", "HOSE")
+    copy.key("Enter")
+    copy.key("F4")
+    copy.expect_form("frmInvView")
+    assert copy.caption("StockNumber") == "HOSE"
+    copy.key("Esc")
+    copy.expect_form("frmInvList")
+    assert copy.answer["caption"] == "Add part to estimate"
+    assert copy.control("DataGrid1")["selected"] == 0
+    copy.key("F4")
+    copy.key("F10")
+    copy.expect_form("frmWOPart")
+    assert copy.text("PartNumber") == "HOSE"
+    copy.key("Esc")
+    copy.expect_form("frmInvList")
+    copy.key("F4")
+    copy.key("Alt+1")
+    copy.key("Enter")
+    copy.expect_form("frmWOPart")
+    assert copy.text("PartNumber") == "BELT", "the alternate that was gone to"
 
 
 def test_blank_tags_are_not_listed(start, shop):

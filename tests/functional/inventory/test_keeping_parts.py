@@ -52,7 +52,7 @@ def test_a_part_is_viewed_and_so_are_its_alternates(start, shop):
                         "AltNumber": ["AXLE", "", "NOWHERE", ""], "AltInStock": ["2", "", "0", ""],
                         "lblLevel": ["Cost", "Wholesale", "Resale", "Retail"]}.items():
         assert [copy.caption(f"{name}({i})") for i in range(4)] == texts
-    assert [copy.control(f"LevelColor({i})")["backColor"] for i in range(4)] == [
+    assert [copy.control(f"LevelColor({i})")["backcolor"] for i in range(4)] == [
         "#000000", "#ff0000", "#00ff00", "#0000ff"]
     assert [copy.control(f"cmdGoToAlt({i})")["enabled"] for i in range(4)] == [True, False, True, False]
     copy.key("Alt+3")
@@ -64,6 +64,31 @@ def test_a_part_is_viewed_and_so_are_its_alternates(start, shop):
     assert copy.answer["focus"] == "DataGrid1"
     assert listed(copy)[copy.control("DataGrid1")["selected"]] == "PAD-9"
     assert both_files(shop) == before
+
+
+def test_a_part_is_edited_from_the_list_and_from_its_view(start, shop):
+    copy = begin_keeping(start, shop, PARTS)
+    go_to_part(copy, "ZINC")
+    for keys, number in ((("Enter",), "ZINC"), (("F10",), "ZINC"), (("F4", "F10"), "ZINC")):
+        for key in keys:
+            copy.key(key)
+        copy.expect_form("frmInvEdit")
+        assert copy.text("StockNumber") == number
+        copy.key("Esc")
+        copy.expect_form("frmInvList")
+        assert copy.answer["focus"] == "DataGrid1"
+        assert listed(copy)[copy.control("DataGrid1")["selected"]] == "ZINC"
+    go_to_part(copy, "AXLE")
+    for key in ("F4", "Alt+1", "F10"):
+        copy.key(key)
+    copy.expect_form("frmInvEdit")
+    assert copy.text("StockNumber") == "PAD-9", "the alternate that was gone to in the view"
+    copy.type("Description", "CERAMIC PADS")
+    copy.key("F10")
+    copy.expect_form("frmInvList")
+    copy.type("SearchPart", "")
+    copy.click("cmdSearch")
+    assert listed(copy, "Description") == ["REAR AXLE", "CERAMIC PADS", "ZINC COAT"]
 
 
 def test_a_part_is_added_with_the_shops_markups(start, shop):

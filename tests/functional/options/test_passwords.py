@@ -11,7 +11,7 @@ GUARDED = {
     "mnuSpecialDays": ("System", "frmSpecialDays"),
     "mnuStandardHours": ("System", "frmStdHours"),
     "mnuStatusOptions": ("System", "frmStatusOptions"),
-    "mnuMaintInventory": ("Inventory Maintenance", None),
+    "mnuMaintInventory": ("Inventory Maintenance", "frmInvList"),
     "mnuMaintEmployees": ("Employee", None),
     "mnuMaintVendors": ("Vendor", None),
     "mnuSystemCompanyInfo": ("System", None),

@@ -108,6 +108,17 @@ TEST_F(InvAdd, APartThatTheListHasNotComeToIsADuplicateAllTheSame) {
   EXPECT_EQ(add.Msg.Caption(), "PAD-9 already exists.");
 }
 
+TEST_F(InvAdd, ANumberThatAnotherCopyHasJustAddedIsADuplicate) {
+  const std::string masters = Masters();
+  directory.Put("TQINVTAG.DAT", Tags() + RawRecord(kTag).Text(0, "OIL-1").Long(78, 344).Bytes());
+  desktop.WillAnswer(Answer::Ok);
+  Add("OIL-1");
+  EXPECT_EQ(desktop.boxes.at(0).text, "Part\rOIL-1\ralready exists.");
+  EXPECT_EQ(add.Msg.Caption(), "OIL-1 already exists.");
+  EXPECT_EQ(Tags().size(), 2 * kTag);
+  EXPECT_EQ(Masters(), masters);
+}
+
 class InvPart : public InventoryShop {
  protected:
   InvPart() {
@@ -153,9 +164,8 @@ TEST_F(InvPart, WithoutAPartNothingIsViewedChangedOrDeleted) {
 }
 
 TEST_F(InvPart, TheListHandsOutWhatIsAskedOfIt) {
-  const std::vector<std::pair<const char*, frmInvList::Request>> keys = {{"F10", frmInvList::Request::Select},
-                                                                         {"F4", frmInvList::Request::View},
-                                                                         {"Insert", frmInvList::Request::Add}};
+  const std::vector<std::pair<const char*, frmInvList::Request>> keys = {
+      {"F10", frmInvList::Request::Select}, {"F4", frmInvList::Request::View}, {"Insert", frmInvList::Request::Add}};
   for (const auto& [key, request] : keys) {
     desktop.WillUse([&, pressed = key](ui::Form&) {
       GoTo("PAD-9");
