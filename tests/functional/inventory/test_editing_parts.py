@@ -22,6 +22,7 @@ def both_files(shop):
 
 
 def edit(start, shop, number="PAD-9", parts=PARTS):
+    shop.directory.mkdir(exist_ok=True)
     make_names(shop.directory, ["BRAKES", "ENGINE"], ["ACME"])
     copy = begin_keeping(start, shop, parts)
     go_to_part(copy, number)
@@ -125,12 +126,14 @@ def test_alternates_are_kept_on_both_sides(start, shop):
 
 
 def test_a_core_just_turned_on_is_a_part_of_its_own(start, shop):
+    shop.system["markups"] = (0, 100000, 200000, 500000)
     copy = edit(start, shop)
     tags, masters = put_part(both_files(shop), PAD, HasACore=1)
     copy.key("Alt+H")
     copy.key("F10")
     copy.expect_form("frmInvList")
-    core = part("PAD-9/C", "CORE: BRAKE PADS", (1500,) * 4, IsStocked=0, Department="CORES", Manufacturer="ACME")
+    core = part("PAD-9/C", "CORE: BRAKE PADS", (1500, 1650, 1800, 2250), IsStocked=0, Department="CORES",
+                Manufacturer="ACME", MarkupPercent=(0, 100000, 200000, 500000))
     assert both_files(shop) == (tags + tag_record(core, 4 * MASTER_LENGTH), masters + master_record(core))
     assert copy.caption("TotalParts") == "      5 Total Parts"
 

@@ -1,5 +1,6 @@
 // The edit screen of a part: what it shows, and what it stores.
 #include "PartBench.h"
+#include "masters/inventory/frmInvKit.h"
 #include "masters/inventory/frmRecvList.h"
 #include "masters/inventory/frmUsageList.h"
 
@@ -363,6 +364,23 @@ TEST_F(InvEdit, OnlyAKitHasPartsToEdit) {
     EXPECT_FALSE(form.cmdEditKit.Enabled());
     Drop(form);
   });
+}
+
+TEST_F(InvEdit, F4EditsThePartsOfTheKitAndComesBackToThePart) {
+  PartImage kit = Pad();
+  kit.location = "KIT:";
+  PutParts({kit});
+  directory.Put("TQINVKIT.DAT", "");
+  Edit([this](frmInvEdit& form) {
+    desktop.WillUse([](ui::Form& shown) {
+      EXPECT_EQ(As<frmInvKit>(shown).txtKitPartNumber.Text(), "PAD-1");
+      Press(shown, "Esc");
+    });
+    Press(form, "F4");
+    form.Comment.DoType("a kit");
+    Press(form, "F10");
+  });
+  EXPECT_EQ(TextAt(MasterBytes(0), 186, 79), "a kit");
 }
 
 TEST_F(InvEdit, UsageAndReceivingAreBlankAndSayWhoShowsThem) {
