@@ -24,10 +24,6 @@ class InvEditNames : public PartBench {
     for (const ui::ListRow& row : combo.Rows()) rows.push_back(row.text);
     return rows;
   }
-  void Drop(frmInvEdit& form) {
-    desktop.WillAnswer(Answer::Yes);
-    Press(form, "Esc");
-  }
   std::string AlternatesOf(std::size_t record) const { return MasterBytes(record).substr(21, 84); }
 };
 
