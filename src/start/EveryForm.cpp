@@ -53,14 +53,6 @@ std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
   return std::make_unique<Screen>(std::forward<Arguments>(arguments)...);
 }
 
-// A list in which no part has a neighbour.
-struct NoRows : PartRows {
-  std::optional<PartAt> Before(Inventory::PartIndex) const override { return std::nullopt; }
-  std::optional<PartAt> After(Inventory::PartIndex) const override { return std::nullopt; }
-  void Refresh(Inventory::PartIndex) override {}
-};
-NoRows noRows;
-
 constexpr DaySerial kSomeDay = 37894;
 
 const std::vector<MakeForm> kForms = {
@@ -88,7 +80,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmInvAdd>(ground.shop, ground.inventoryList); },
     [](FormGround& ground) { return Make<frmInvPartChange>(ground.shop, Inventory::kNoPart); },
     [](FormGround& ground) { return Make<frmInvPartDelete>(ground.shop, Inventory::kNoPart); },
-    [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, noRows, PartAt()); },
+    [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, ground.inventoryList, PartAt()); },
     [](FormGround& ground) { return Make<frmUsageList>(ground.shop, "BRAKEPAD"); },
     [](FormGround& ground) { return Make<frmRecvList>(ground.shop, "BRAKEPAD"); },
     [](FormGround& ground) { return Make<frmInvKit>(ground.shop, "TUNEUP"); },
