@@ -1,10 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "Readers.h"
 #include "records/inventory/Inventory.h"
-#include "records/inventory/InventoryKits.h"
+#include "records/inventory/KitContents.h"
 #include "records/inventory/NameList.h"
 
 // What the program does with the inventory's files, whatever their bytes are.
@@ -92,9 +93,28 @@ inline void ChangeKits(QuietShop& shop) {
     kit.Put(inventorykit::Line(0), KitLine({"SPARKPLUG", 8}));
     Must(records.kits.SaveKit(kit), "a kit isn't saved");
     InventoryKitRecord saved;
-    // What follows half a record is never found.
-    const bool isWhole = shop.Content(kKitFile).size() % InventoryKitRecord::kLength == 0;
-    Must(records.kits.FindKit("TUNEUP", saved) != kNoLink || !isWhole, "a saved kit isn't found");
+    Must(records.kits.FindKit("TUNEUP", saved) != kNoLink && saved == kit, "a saved kit isn't found");
+  });
+}
+
+// Each kit is saved as its screen does it, and reads as it did.
+inline void SaveKitsAgain(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    for (const std::string& number : records.kits.KitNumbers()) {
+      InventoryKitRecord kit;
+      records.kits.FindKit(number, kit);
+      const KitContents contents(kit);
+      const InventoryKitRecord rebuilt = contents.RecordOf(number);
+      const KitContents again(rebuilt);
+      Must(again.Count() == contents.Count() && again.RecordOf(number) == rebuilt, "a kit doesn't stay what it is");
+      for (std::size_t row = 0; row < contents.Count(); ++row) {
+        const KitLineTexts& was = contents[row];
+        const KitLineTexts& is = again[row];
+        Must(was.partNumber == is.partNumber && was.quantity == is.quantity, "a line doesn't stay what it is");
+      }
+      Must(records.kits.SaveKit(rebuilt), "a kit isn't saved");
+    }
   });
 }
 
@@ -110,11 +130,20 @@ inline void AddName(QuietShop& shop) {
   Records records(shop.environment, shop.desktop);
   Refusable([&] {
     records.departments.Load();
-    const std::size_t before = records.departments.Names().size();
-    records.departments.Add("NEW NAME");
+    const std::vector<std::string> before = records.departments.Names();
+    const std::size_t place = records.departments.Add("NEW NAME");
     const std::vector<std::string> names = records.departments.Names();
     records.departments.Load();
-    Must(records.departments.Names() == names && names.size() == before + 1, "a name isn't kept");
+    Must(records.departments.Names() == names && names.at(place) == "NEW NAME", "a name isn't kept");
+    Must(names.size() >= before.size() && std::equal(before.begin(), before.end(), names.begin()), "a name has moved");
+    // A copy that knew nothing of the names has them all, too.
+    NameList other(shop.environment, kDepartmentFile);
+    Must(other.Add("OTHER NAME") < other.Names().size(), "a name has no place");
+    Must(std::all_of(names.begin(), names.end(),
+                     [&](const std::string& name) {
+                       return std::find(other.Names().begin(), other.Names().end(), name) != other.Names().end();
+                     }),
+         "a name of another copy is lost");
   });
 }
 

@@ -9,6 +9,7 @@ void Try(std::string_view bytes) {
   ReadKits(shop);
   Require(shop.Content(kKitFile) == bytes);
   ChangeKits(shop);
+  SaveKitsAgain(shop);
   // The text of a line and of a location alone, too.
   See(KitLine(ParseKitLine(bytes)));
   See(FormatHundredths(ParseKitPrices(bytes).sale));

@@ -15,6 +15,28 @@ namespace {
 constexpr ui::Twips kWidth = 9000;
 constexpr ui::Twips kHeight = 6300;
 
+// The part in the working records, put back at the end: what is looked up from the window may take its place.
+class KeptPart {
+ public:
+  explicit KeptPart(Inventory& inventory)
+      : inventory_(inventory),
+        tag_(inventory.CurrentInvTag),
+        master_(inventory.CurrentInv),
+        original_(inventory.OriginalInv) {}
+  ~KeptPart() {
+    inventory_.CurrentInvTag = tag_;
+    inventory_.CurrentInv = master_;
+    inventory_.OriginalInv = original_;
+  }
+  KeptPart(const KeptPart&) = delete;
+
+ private:
+  Inventory& inventory_;
+  InventoryTag tag_;
+  InventoryRecord master_;
+  InventoryRecord original_;
+};
+
 }  // namespace
 
 frmInvKit::frmInvKit(Shop& shop, std::string_view stockNumber)
@@ -165,6 +187,7 @@ void frmInvKit::Accept() {
 }
 
 void EditKit(Shop& shop, std::string_view stockNumber) {
+  const KeptPart part(shop.records.inventory);
   frmInvKit form(shop, stockNumber);
   form.LoadForm();
   if (form.HasContents()) form.ShowModal();

@@ -21,6 +21,34 @@ frmInvList* HiddenList(const ui::Desktop& desktop) {
   return list != nullptr && !list->Visible() ? list : nullptr;
 }
 
+// What was looked for in the list, and is again at the end: whoever came here from a row of it goes on there.
+class KeptSearch {
+ public:
+  explicit KeptSearch(frmInvList& list)
+      : list_(list),
+        part_(list.SearchPart.Text()),
+        description_(list.SearchDesc.Text()),
+        shown_(list.optStk.Value()      ? list.optStk
+               : list.optNonStk.Value() ? list.optNonStk
+                                        : list.optBoth) {}
+  ~KeptSearch() {
+    const bool isTheSame =
+        list_.SearchPart.Text() == part_ && list_.SearchDesc.Text() == description_ && shown_.Value();
+    if (isTheSame) return;
+    list_.SearchPart.SetText(part_);
+    list_.SearchDesc.SetText(description_);
+    shown_.SetValue(true);
+    list_.cmdSearch.OnClick();
+  }
+  KeptSearch(const KeptSearch&) = delete;
+
+ private:
+  frmInvList& list_;
+  std::string part_;
+  std::string description_;
+  ui::OptionButton& shown_;
+};
+
 }  // namespace
 
 frmInvKitAdd::frmInvKitAdd(Shop& shop, const std::string& caption, const KitLineTexts& component)
@@ -63,6 +91,7 @@ void frmInvKitAdd::OnKeyDown(ui::KeyPress& key) {
 void frmInvKitAdd::ChooseFromList() {
   frmInvList* list = HiddenList(shop_.desktop);
   if (list == nullptr) return;
+  const KeptSearch search(*list);
   const auto picked = list->Pick(kChoosePartForKit);
   if (!picked) return txtPart.SetFocus();
   txtPart.SetText(shop_.records.inventory.Tag(picked->index).Get(inventorytag::StockNumber));

@@ -14,9 +14,11 @@ std::string LineAt(const InventoryKitRecord& kit, std::size_t number) {
   return std::string(line.substr(0, line.find('\0')));
 }
 
+// Than could be written from the texts, which for "()" would be nothing.
 bool SaysMoreThan(std::string_view line, const KitLineTexts& texts) {
-  return !TrimView(line.substr(std::min(line.size(), inventorykit::kLineUsed))).empty() ||
-         JoinKitLine(texts).size() > inventorykit::kLineUsed;
+  const std::string rebuilt = JoinKitLine(texts);
+  return rebuilt.empty() || rebuilt.size() > inventorykit::kLineUsed ||
+         !TrimView(line.substr(std::min(line.size(), inventorykit::kLineUsed))).empty();
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 // What a kit consists of, on its screen.
 #include <gmock/gmock.h>
 
-#include "MasterShop.h"
-#include "masters/inventory/frmInvKit.h"
-#include "masters/inventory/frmInvKitAdd.h"
-#include "masters/inventory/frmInvList.h"
-#include "records/inventory/Inventory.h"
+#include "KitShop.h"
 
 namespace lantos::test {
 namespace {
@@ -13,59 +9,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-RawRecord KitImage(std::string_view number, const std::vector<std::string>& lines = {}) {
-  RawRecord image(1971);
-  image.Text(0, number);
-  for (std::size_t i = 0; i < lines.size(); ++i) image.Text(21 + 39 * i, lines[i]);
-  return image;
-}
-
-// A stock of a kit and three parts.
-class InvKit : public MasterShop {
- protected:
-  InvKit() {
-    inventory.SizeArrays();
-    AddPart("TUNEUP", "TUNE-UP KIT");
-    AddPart("PLUG", "SPARK PLUG");
-    AddPart("WIRES", "IGNITION WIRES");
-    AddPart("CAP", "DISTRIBUTOR CAP");
-  }
-  void AddPart(std::string_view number, std::string_view description) {
-    Inventory::PartIndex index = Inventory::kNoPart;
-    inventory.NewInventoryPart(number, index);
-    FileLink offset = kNoLink;
-    inventory.ReadInventory(offset, index);
-    inventory.CurrentInv.Put(inventory::Description, description);
-    inventory.CurrentInvTag.Put(inventorytag::Description, description);
-    inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::No);
-  }
-  void PutKit(const std::vector<std::string>& lines) const { directory.Put("TQINVKIT.DAT", KitImage("TUNEUP", lines)); }
-  std::string KitFile() const { return directory.Content("TQINVKIT.DAT"); }
-  static std::vector<std::string> Rows(const frmInvKit& form) {
-    std::vector<std::string> rows;
-    for (const ui::ListRow& row : form.List1.Rows()) rows.push_back(row.text);
-    return rows;
-  }
-  // The person's doing on the kit's screen, which is left without a question at the end when it is unchanged.
-  void Edit(const std::function<void(frmInvKit&)>& use) {
-    desktop.WillUse([&, use](ui::Form& form) {
-      use(As<frmInvKit>(form));
-      if (form.Visible()) form.PressKey(ui::ParseKey("Esc"));
-    });
-    EditKit(shop, "TUNEUP");
-  }
-  void WillType(std::string part, std::string quantity) {
-    desktop.WillUse([part = std::move(part), quantity = std::move(quantity)](ui::Form& form) {
-      auto& add = As<frmInvKitAdd>(form);
-      Type(add.txtPart, part);
-      Type(add.txtQuantity, quantity);
-      Press(form, "F10");
-    });
-  }
-  std::string LastBox() const { return desktop.boxes.empty() ? "" : desktop.boxes.back().text; }
-
-  Inventory& inventory = records.inventory;
-};
+class InvKit : public KitShop {};
 
 TEST_F(InvKit, ShowsEachLineWithQuantityNumberAndDescriptionAndPassesOverBlankOnes) {
   PutKit({"PLUG(4)", "", "WIRES", "GONE()", "CAP(X)"});
@@ -86,16 +30,26 @@ TEST_F(InvKit, ShowsEachLineWithQuantityNumberAndDescriptionAndPassesOverBlankOn
 }
 
 TEST_F(InvKit, TheWorkingRecordsStayAsTheyAre) {
+  FileLink offset = kNoLink;
+  ASSERT_TRUE(inventory.ReadInventory(offset, inventory.FindPart("TUNEUP")));
+  inventory.CurrentInv.Put(inventory::Comment, "being edited");
   const InventoryTag tag = inventory.CurrentInvTag;
   const InventoryRecord master = inventory.CurrentInv;
+  const InventoryRecord original = inventory.OriginalInv;
   PutKit({"PLUG(4)"});
   Edit([this](frmInvKit& form) {
-    WillType("WIRES", "1");
+    desktop.WillUse([this](ui::Form& add) {
+      // As a look at a part of the list does it.
+      FileLink other = kNoLink;
+      EXPECT_TRUE(inventory.ReadInventory(other, inventory.FindPart("CAP")));
+      Press(add, "Esc");
+    });
     Press(form, "F5");
-    Press(form, "F10");
+    EXPECT_EQ(inventory.CurrentInv.Get(inventory::StockNumber), "CAP");
   });
   EXPECT_EQ(inventory.CurrentInvTag, tag);
   EXPECT_EQ(inventory.CurrentInv, master);
+  EXPECT_EQ(inventory.OriginalInv, original);
 }
 
 TEST_F(InvKit, AKitThatTheFileHasNotIsEmptyAndEachButtonSaysSo) {
@@ -314,127 +268,6 @@ TEST_F(InvKit, TheScreenKeepsItsSize) {
   Edit([](frmInvKit& form) { form.DoResize(12000, 8000, ui::WindowState::Normal); });
   EXPECT_EQ(Setting("frmInvKitWidth"), "12000");
   EXPECT_EQ(Setting("frmInvKitHeight"), "8000");
-}
-
-// The screen of one component.
-class InvKitAdd : public InvKit {
- protected:
-  // What is told when this is typed and saved; empty when it is taken.
-  std::string Refusal(const std::string& part, const std::string& quantity) {
-    frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
-    desktop.boxes.clear();
-    desktop.otherwise = [](const ui::Box& box) { return box.buttons == ui::Buttons::Ok ? Answer::Ok : Answer::Yes; };
-    desktop.WillUse([&](ui::Form&) {
-      Type(form.txtPart, part);
-      Type(form.txtQuantity, quantity);
-      Press(form, "F10");
-      if (form.Visible()) form.Hide();
-    });
-    form.ShowModal();
-    EXPECT_EQ(form.Saved(), desktop.boxes.empty());
-    return desktop.boxes.empty() ? "" : desktop.boxes.back().text;
-  }
-};
-
-TEST_F(InvKitAdd, ShowsTheDescriptionOfTheTypedPart) {
-  frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
-  desktop.WillUse([&](ui::Form&) {
-    EXPECT_EQ(form.Caption(), "Choose Part for Kit");
-    EXPECT_TRUE(form.txtPart.HasFocus());
-    EXPECT_EQ(form.txtQuantity.Text(), "1");
-    EXPECT_FALSE(form.cmdFind.Enabled()) << "there is no list to choose from";
-    Press(form, "F5");
-    Type(form.txtPart, "PLU");
-    EXPECT_EQ(form.txtDesc.Text(), "");
-    Type(form.txtPart, " PLUG ");
-    EXPECT_EQ(form.txtDesc.Text(), "SPARK PLUG");
-    Press(form, "Enter");
-  });
-  form.ShowModal();
-  ASSERT_TRUE(form.Saved());
-  EXPECT_EQ(form.Component().partNumber, "PLUG");
-  EXPECT_EQ(form.Component().quantity, "1");
-}
-
-TEST_F(InvKitAdd, APartIsRequiredAndMustBeOnFile) {
-  EXPECT_EQ(Refusal("", "1"), "Part number is required.");
-  EXPECT_EQ(Refusal("  ", "1"), "Part number is required.");
-  EXPECT_EQ(Refusal("GONE", "1"), "Part GONE not found.");
-  EXPECT_EQ(Refusal("plug", "1"), "Part plug not found.") << "numbers are compared exactly";
-}
-
-TEST_F(InvKitAdd, AQuantityIsAWholeNumberOfOneAtLeast) {
-  const char* refusal = "Quantity must be a whole number from 1 to 99999.";
-  for (const char* quantity : {"0", "-4", "1.5"}) EXPECT_EQ(Refusal("PLUG", quantity), refusal) << quantity;
-  EXPECT_EQ(Refusal("PLUG", "abc"), "Quantity: \"abc\" is not a number.");
-  for (const char* quantity : {"", " ", "1", "12345", "99999", "1,000"}) EXPECT_EQ(Refusal("PLUG", quantity), "");
-}
-
-TEST_F(InvKitAdd, TheBoxOfTheQuantityHoldsFiveCharacters) {
-  frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
-  desktop.WillUse([&](ui::Form&) {
-    Type(form.txtQuantity, "123456");
-    EXPECT_EQ(form.txtQuantity.Text(), "12345");
-    Type(form.txtQuantity, "");
-    form.MoveFocus(&form.cmdSave);
-    EXPECT_EQ(form.txtQuantity.Text(), "1") << "none is one";
-    form.Hide();
-  });
-  form.ShowModal();
-}
-
-TEST_F(InvKitAdd, WhatALineOfAKitCanNotHoldIsToldAndNotCut) {
-  AddPart("PAD(L)", "PAD, LEFT");
-  AddPart("123456789012345678901", "OF THE WHOLE WIDTH");
-  AddPart("1234567890123456789", "OF NINETEEN");
-  EXPECT_EQ(Refusal("PAD(L)", "1"), "Part PAD(L) can not be in a kit: what follows \"(\" would be read as a quantity.");
-  EXPECT_EQ(Refusal("123456789012345678901", "1"), "");
-  EXPECT_THAT(Refusal("123456789012345678901", "2"), ::testing::HasSubstr("is too long for a kit"));
-  EXPECT_THAT(Refusal("1234567890123456789", "2"), ::testing::HasSubstr("1234567890123456789(2) is too long"));
-}
-
-TEST_F(InvKitAdd, APartIsChosenFromTheInventoryList) {
-  frmInvList list(shop);
-  list.LoadForm();
-  while (list.IsLoading()) list.FinishLoading();
-  frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
-  desktop.WillUse([&](ui::Form&) {
-    EXPECT_TRUE(form.cmdFind.Enabled());
-    desktop.WillUse([](ui::Form& each) { Press(each, "Esc"); });
-    Press(form, "F5");
-    EXPECT_EQ(form.txtPart.Text(), "") << "nothing was chosen";
-    EXPECT_TRUE(form.txtPart.HasFocus());
-    desktop.WillUse([](ui::Form& each) {
-      EXPECT_EQ(each.Name(), "frmInvList");
-      EXPECT_EQ(each.Caption(), "Choose Part for Kit");
-      auto& grid = As<frmInvList>(each).DataGrid1;
-      int row = 0;
-      while (grid.RowAt(row).cells.at(1) != "WIRES") ++row;
-      grid.DoSelect(row);
-      Press(each, "F10");
-    });
-    Click(form.cmdFind);
-    EXPECT_EQ(form.txtPart.Text(), "WIRES");
-    EXPECT_EQ(form.txtDesc.Text(), "IGNITION WIRES");
-    EXPECT_TRUE(form.txtQuantity.HasFocus());
-    Press(form, "F10");
-  });
-  form.ShowModal();
-  EXPECT_EQ(form.Component().partNumber, "WIRES");
-}
-
-TEST_F(InvKitAdd, WhatWasTypedIsAskedAbout) {
-  frmInvKitAdd form(shop, kChoosePartForKit, {"", "1"});
-  desktop.WillAnswer({Answer::No, Answer::Yes});
-  desktop.WillUse([&](ui::Form&) {
-    Type(form.txtPart, "PLUG");
-    Press(form, "Esc");
-    EXPECT_EQ(LastBox(), "Discard changes?");
-    EXPECT_TRUE(form.Visible());
-    form.DoClose();
-  });
-  form.ShowModal();
-  EXPECT_FALSE(form.Saved());
 }
 
 }  // namespace

@@ -62,7 +62,11 @@ struct Format {
 };
 constexpr Format kTags = {kInventoryTagFile, TagSeed, fuzz::ReadInventory, fuzz::ChangeInventory};
 constexpr Format kMasters = {kInventoryFile, MasterSeed, fuzz::ReadInventory, fuzz::ChangeInventory};
-constexpr Format kKits = {kKitFile, KitSeed, fuzz::ReadKits, fuzz::ChangeKits};
+void ChangeKits(fuzz::QuietShop& shop) {
+  fuzz::ChangeKits(shop);
+  fuzz::SaveKitsAgain(shop);
+}
+constexpr Format kKits = {kKitFile, KitSeed, fuzz::ReadKits, ChangeKits};
 constexpr Format kNames = {kDepartmentFile, NameSeed, fuzz::ReadNames, fuzz::AddName};
 
 class DamagedInventory : public testing::TestWithParam<Format> {

@@ -1,7 +1,7 @@
 // The inventory's golden files.
 #include "GoldenBench.h"
 #include "records/inventory/Inventory.h"
-#include "records/inventory/InventoryKits.h"
+#include "records/inventory/KitContents.h"
 #include "records/inventory/NameList.h"
 
 namespace lantos::test {
@@ -134,6 +134,20 @@ TEST_F(InventoryGolden, FindAndSaveLeaveTheKitFileUnchanged) {
     EXPECT_TRUE(records.kits.SaveKit(kit));
   }
   EXPECT_EQ(BytesOf(kKitFile), GoldenBytes(kKitFile));
+}
+
+TEST_F(InventoryGolden, AKitSavedFromItsRowsLosesABlankLineAndWhatStandsBehindATextAndNothingElse) {
+  for (const std::string& number : records.kits.KitNumbers()) {
+    InventoryKitRecord kit;
+    records.kits.FindKit(number, kit);
+    EXPECT_TRUE(records.kits.SaveKit(KitContents(kit).RecordOf(number)));
+  }
+  std::string expected = GoldenBytes(kKitFile);
+  expected.replace(60 + 5, 3, 3, '\0');  // "(3)" behind the NUL of the second line of TUNEUP
+  const std::size_t blank = 1971 + 21 + 39 * 48;
+  expected.replace(blank, 39, expected.substr(blank + 39, 39));
+  expected.replace(blank + 39, 39, 39, '\0');
+  EXPECT_EQ(BytesOf(kKitFile), expected);
 }
 
 TEST_F(InventoryGolden, EditingOneLineOfAKitChangesThatLineAlone) {

@@ -138,6 +138,12 @@ TEST(KitContentsTest, ALineOfWhichOnlyTheBeginningIsReadStaysWholeUntilItIsChang
   EXPECT_EQ(LinesOf(contents.RecordOf("KIT")), "PAD|PAD(3)|" + open);
 }
 
+TEST(KitContentsTest, ALineWithoutAPartNumberIsNoBlankOne) {
+  const KitContents contents(KitOf(KitImage("KIT", {"()", "(1)", "(4)"})));
+  EXPECT_EQ(contents.Count(), 3U);
+  EXPECT_EQ(LinesOf(contents.RecordOf("KIT")), "()|(1)|(4)");
+}
+
 TEST(KitContentsTest, AKitOfFiftyComponentsFillsTheRecordToItsLastLine) {
   KitContents contents{InventoryKitRecord()};
   std::vector<std::string> lines;

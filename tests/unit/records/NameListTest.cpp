@@ -1,4 +1,6 @@
 // Departments and manufacturers.
+#include <thread>
+
 #include "InventoryFixture.h"
 #include "records/inventory/InventoryLayout.h"
 #include "records/inventory/NameList.h"
@@ -99,6 +101,31 @@ TEST_F(NameLists, NamesThatTwoCopiesAddAreBothKept) {
   EXPECT_EQ(other.Add("BELTS"), 2U) << "which is there already";
   EXPECT_EQ(other.Names(), own.Names());
   EXPECT_EQ(BytesOf(kDepartmentFile), Column("TIRES") + Column("OIL") + Column("BELTS") + "\r\n");
+}
+
+TEST_F(NameLists, OfTwoCopiesThatAddAtTheSameTimeNoNameIsLostAndNoneIsThereTwice) {
+  constexpr int kEach = 8;
+  const auto add = [this](char copy) {
+    SystemClock running;
+    UserSettings own(PathOf(std::string("settings") + copy));
+    Environment world(running, own);
+    world.files.SetDataDir(environment.files.DataDir());
+    NameList names(world, kDepartmentFile);
+    for (int i = 0; i < kEach; ++i) {
+      names.Add(copy + std::to_string(i));
+      names.Add("BOTH" + std::to_string(i));
+    }
+  };
+  Put(kDepartmentFile, "");
+  {
+    const std::jthread one(add, 'A');
+    const std::jthread other(add, 'B');
+  }
+  records.departments.Load();
+  Names names = records.departments.Names();
+  EXPECT_EQ(names.size(), 3 * kEach);
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end());
 }
 
 TEST_F(NameLists, ANameThatTheFileHasLostIsWrittenAgainWithTheNext) {
