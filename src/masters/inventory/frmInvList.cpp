@@ -135,9 +135,8 @@ void frmInvList::OnLoad() {
   updates_.Start();
 }
 
-// Whoever comes back from a part goes on from its row.
 void frmInvList::OnActivate() {
-  if (purpose_ == Purpose::Keep && currentPart_ != Inventory::kNoPart) {
+  if (comes_ == Comes::Back && currentPart_ != Inventory::kNoPart) {
     DataGrid1.SetFocus();
   } else if (SearchPart.IsUsable()) {
     SearchPart.SetFocus();
@@ -288,7 +287,6 @@ std::optional<PartAt> frmInvList::After(Inventory::PartIndex part) const {
 }
 
 frmInvList::Request frmInvList::ShowFor(Purpose purpose) {
-  purpose_ = purpose;
   for (ui::Button* button : {&cmdAdd, &cmdChange, &cmdDelete}) button->SetEnabled(purpose == Purpose::Keep);
   request_ = Request::None;
   ShowRows();  // the price level may be another customer's
@@ -322,6 +320,7 @@ void frmInvList::ShowReceived() {
 
 std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
   SetCaption(caption);
+  comes_ = Comes::Fresh;
   for (;;) {
     const Request request = ShowFor(Purpose::Pick);
     if (request == Request::None) return std::nullopt;
@@ -334,8 +333,9 @@ std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& captio
   }
 }
 
-frmInvList::Request frmInvList::Ask() {
+frmInvList::Request frmInvList::Ask(Comes comes) {
   SetCaption(kCaption);
+  comes_ = comes;
   return ShowFor(Purpose::Keep);
 }
 

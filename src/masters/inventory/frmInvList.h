@@ -59,7 +59,8 @@ class frmInvList : public SizedForm, public PartRows {
   // Where the stock is kept: what the person wants next, and with which part. Numbers are changed and parts deleted
   // in the list itself.
   enum class Request { None, Select, View, Add };
-  Request Ask();
+  enum class Comes { Fresh, Back };  // the person: to look for a part, or from one to go on from its row
+  Request Ask(Comes comes = Comes::Fresh);
   const PickedPart& Chosen() const { return chosen_; }
 
   bool IsLoading() const { return blocks_.AreLeft(); }
@@ -119,7 +120,7 @@ class frmInvList : public SizedForm, public PartRows {
   TagBlocks blocks_;
   LocalTime loadStarted_;
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
-  Purpose purpose_ = Purpose::Pick;
+  Comes comes_ = Comes::Fresh;
   Request request_ = Request::None;
   PickedPart chosen_;
   bool rowsMoved_ = false;  // by what was received, since the rows were shown
