@@ -23,6 +23,7 @@ struct Board {
       world.records.system.ReadSystem();
       return world.environment.log.Open();
     };
+    steps.sendWaitingChanges = [] {};
     steps.deleteUpdateFileAndCloseLog = [] {};
     window = std::make_unique<frmMain>(world.shop, database, masters, inventoryList, workorders, std::move(steps));
     window->LoadForm();

@@ -134,6 +134,7 @@ void frmMain::OnUnload(bool&) {
   Run([this] { detail.KeepUnsavedComments(); });  // a database that is gone doesn't keep the window open
   database_.lantosData.CloseRecordsets();
   database_.korvelData.CloseRecordsets();
+  Run([this] { startAndStop_.sendWaitingChanges(); });
   shop_.environment.settings.Save("ShowStatus", menus_.ShownStatuses());
   UnloadOtherForms();
   SaveSettings();

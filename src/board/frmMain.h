@@ -15,6 +15,7 @@ namespace lantos {
 struct StartAndStop {
   std::function<void()> processCommandLine;
   std::function<bool()> initGlobals;  // false ends the process silently
+  std::function<void()> sendWaitingChanges;
   std::function<void()> deleteUpdateFileAndCloseLog;
 };
 

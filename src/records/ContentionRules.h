@@ -12,7 +12,13 @@ namespace lantos {
 // the routine waits for (a file, a part number), and "{error}" the text of the error.
 struct ContentionRule {
   // How long a retry is put off. The values but the first and the last are milliseconds.
-  enum class Pause : std::int64_t { None = 0, TenthOfASecond = 100, QuarterOfASecond = 250, ToNextSecond = -1 };
+  enum class Pause : std::int64_t {
+    None = 0,
+    HundredthOfASecond = 10,
+    TenthOfASecond = 100,
+    QuarterOfASecond = 250,
+    ToNextSecond = -1
+  };
   enum class Failures { All, SharingOnly };  // SharingOnly: any other error surfaces at once
   // Ask: one more try each time, unless Cancel. GiveUp: the box only tells. Surface: no box, the error is thrown on.
   enum class AfterRetries { Ask, AskAndRetrySilently, GiveUp, Surface };
@@ -134,6 +140,35 @@ inline constexpr ContentionRule kLoadInventoryTags = {
     .noted = Noted::EachFailure,
     .text = "Error reading inventory tags - Click OK to retry.",
     .title = "Lantos",
+};
+// The tag of a part that another copy has told of. Nobody has asked for it, so the moment that a write takes goes by
+// without a box.
+inline constexpr ContentionRule kReadTagOfChange = {
+    .silentRetries = 10,
+    .pause = Pause::HundredthOfASecond,
+    .pauseAfterBox = Pause::QuarterOfASecond,
+    .text = kReadInventoryTag.text,
+    .title = kReadInventoryTag.title,
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
+};
+// What the copies tell one another: the update files of the others, and the own one.
+inline constexpr ContentionRule kBroadcastUpdate = {
+    .silentRetries = 9,
+    .pause = Pause::ToNextSecond,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text =
+        "Inventory Update file {what} could not be opened.\r{error}\r"
+        "Click RETRY to try again, or CANCEL to skip this file.",
+    .title = "BroadcastUpdate",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
+};
+inline constexpr ContentionRule kReadUpdateFile = {
+    .silentRetries = 2,
+    .pause = Pause::ToNextSecond,
+    .afterRetries = AfterRetries::Surface,
+    .noted = Noted::EachFailure,
 };
 inline constexpr ContentionRule kUpdateUsage = {
     .silentRetries = 2,

@@ -60,20 +60,13 @@ std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
 std::unique_ptr<ui::Form> MakeVendorEdit(Shop& shop, frmVendorEdit::Purpose purpose) {
   return Make<frmVendorEdit>(shop, purpose, std::vector<std::size_t>{0}, std::size_t{0});
 }
-// A list in which no part has a neighbour.
-struct NoRows : PartRows {
-  std::optional<PartAt> Before(Inventory::PartIndex) const override { return std::nullopt; }
-  std::optional<PartAt> After(Inventory::PartIndex) const override { return std::nullopt; }
-  void Refresh(Inventory::PartIndex) override {}
-};
-NoRows noRows;
 
 constexpr DaySerial kSomeDay = 37894;
 
 const std::vector<MakeForm> kForms = {
     [](FormGround& ground) {
       return Make<frmMain>(ground.shop, ground.database, ground.masters, ground.inventoryList, ground.workorders,
-                           StartAndStop{[] {}, [] { return true; }, [] {}});
+                           StartAndStop{[] {}, [] { return true; }, [] {}, [] {}});
     },
     [](FormGround& ground) { return Make<frmSplash>(ground.shop.desktop); },
     [](FormGround& ground) { return Make<frmEnterDir>(ground.shop.desktop, ground.shop.environment); },
@@ -95,7 +88,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmInvAdd>(ground.shop, ground.inventoryList); },
     [](FormGround& ground) { return Make<frmInvPartChange>(ground.shop, Inventory::kNoPart); },
     [](FormGround& ground) { return Make<frmInvPartDelete>(ground.shop, Inventory::kNoPart); },
-    [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, noRows, PartAt()); },
+    [](FormGround& ground) { return Make<frmInvEdit>(ground.shop, ground.inventoryList, PartAt()); },
     [](FormGround& ground) { return Make<frmUsageList>(ground.shop, "BRAKEPAD"); },
     [](FormGround& ground) { return Make<frmRecvList>(ground.shop, "BRAKEPAD"); },
     [](FormGround& ground) { return Make<frmInvKit>(ground.shop, "TUNEUP"); },

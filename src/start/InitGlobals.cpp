@@ -39,7 +39,10 @@ void MakeUpdateFile(Shop& shop) {
     environment.updateFileName = TakeUpdateFile(environment.files, today);
     if (environment.updateFileName.empty()) EndWithTooManyUsers(shop.desktop);
   } catch (const FileError& error) {
-    environment.log.Write(error.what());  // a run without an update file goes on
+    environment.log.Write(error.what());
+    // A run without an update file goes on, under a name that no file has: it tells the others of its changes, and the
+    // person that it hears of none.
+    environment.updateFileName = UpdateFilePrefix(today) + "?.$$$";
   }
   DeleteOldUpdateFiles(environment.files, today);
 }

@@ -37,6 +37,7 @@ struct Program::State {
   ~State() { desktop.logFailure = nullptr; }
 
   StartAndStop Steps();
+  void DeleteUpdateFile() const;
 
   ui::Desktop& desktop;
   Invocation invocation;
@@ -61,11 +62,16 @@ StartAndStop Program::State::Steps() {
     NoteUnknownSwitch(shop, invocation.commandLine);
     return isUp;
   };
+  steps.sendWaitingChanges = [this] { inventoryList.SendAllChanges(); };
   steps.deleteUpdateFileAndCloseLog = [this] {
-    if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
+    DeleteUpdateFile();
     environment.log.Close();
   };
   return steps;
+}
+
+void Program::State::DeleteUpdateFile() const {
+  if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
 }
 
 Program::Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Invocation invocation)
@@ -80,6 +86,7 @@ int Program::Run() {
     mainWindow.LoadForm();
   } catch (const std::exception& error) {
     state_->environment.log.Write(error.what());
+    state_->DeleteUpdateFile();  // nobody will take anything in
     state_->desktop.SetPointer(ui::Pointer::Normal);
     state_->desktop.Tell(WordsFor(error), "Lantos can not start", ui::Icon::Critical);
     return kStartFailed;

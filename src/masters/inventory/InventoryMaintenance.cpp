@@ -30,10 +30,10 @@ void Serve(Shop& shop, frmInvList& list, frmInvList::Request request) {
 
 void InventoryMaintenance(Shop& shop, frmInvList& list) {
   shop.desktop.ShowStatus("Performing Inventory Maintenance...");
-  for (;;) {
-    const frmInvList::Request request = list.Ask();
-    if (request == frmInvList::Request::None) break;
+  frmInvList::Request request = list.Ask();
+  while (request != frmInvList::Request::None) {
     Serve(shop, list, request);
+    request = list.Ask(frmInvList::Comes::Back);
   }
   shop.desktop.ShowStatus("");
 }

@@ -70,7 +70,10 @@ bool NameChoice::IsListed(const std::string& name) const {
 }
 
 NameChoice::Entry NameChoice::Check() {
-  if (combo_.Text() == kNew) AddNew();  // typed, or an arrow left it there
+  if (combo_.Text() == kNew) {  // typed letter by letter
+    before_ = known_;
+    AddNew();
+  }
   const std::string name = Trim(combo_.Text());
   if (name.empty() || name == known_ || IsListed(name)) return Entry::Known;
   if (shop_.desktop.Ask(std::string(kind_.refusal), "Ingredient - Store Location", ui::Buttons::RetryCancel) ==

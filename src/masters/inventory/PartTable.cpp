@@ -10,6 +10,8 @@ namespace lantos {
 
 namespace {
 
+constexpr std::size_t kFew = 8;  // rows in order for each that isn't
+
 struct Keyed {
   std::array<unsigned char, 39> key;
   Inventory::PartIndex part;
@@ -41,28 +43,38 @@ void PartTable::Insert(Inventory::PartIndex part) {
 }
 
 void PartTable::Refresh(Inventory::PartIndex part) {
-  if (!IsInOrder()) return OrderAnew();
-  if (!TakeOut(rows_, part)) return;
+  const bool wasInOrder = IsInOrder();
+  if (!TakeOutOfRows(part)) return;
+  if (!wasInOrder) return Add(part);
   PutInPlace(rows_, part);
+  ++ordered_;
   if (!filtered_ || filter_.IsEmpty()) return;
   TakeOut(matches_, part);
   if (Matches(part)) PutInPlace(matches_, part);
 }
 
 void PartTable::Remove(Inventory::PartIndex part) {
-  const bool inOrder = IsInOrder();
-  if (!TakeOut(rows_, part)) return;
-  if (inOrder) {
-    ordered_ = rows_.size();
-  } else {
-    OrderAnew();
-  }
-  if (filtered_) TakeOut(matches_, part);
+  if (TakeOutOfRows(part) && filtered_) TakeOut(matches_, part);
 }
 
-void PartTable::OrderAnew() {
-  ordered_ = 0;
+bool PartTable::TakeOutOfRows(Inventory::PartIndex part) {
+  const std::size_t place = IsInOrder()
+                                ? FindIn(rows_, part)
+                                : static_cast<std::size_t>(std::find(rows_.begin(), rows_.end(), part) - rows_.begin());
+  if (place == rows_.size()) return false;
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(place));
+  if (place < ordered_) --ordered_;
+  return true;
+}
+
+bool PartTable::Replace(Inventory::PartIndex part, const InventoryTag& before) {
+  const InventoryTag& tag = inventory_.Tag(part);
+  const bool staysInPlace = tag.View(inventorytag::StockNumber) == before.View(inventorytag::StockNumber) &&
+                            tag.View(inventorytag::Description) == before.View(inventorytag::Description);
+  if (staysInPlace && tag.Get(inventorytag::IsStocked) == before.Get(inventorytag::IsStocked)) return false;
   filtered_ = false;
+  if (!staysInPlace && TakeOutOfRows(part)) rows_.push_back(part);
+  return true;
 }
 
 bool PartTable::ComesBefore(Inventory::PartIndex part, const Key& key, Inventory::PartIndex other) const {
@@ -105,7 +117,8 @@ void PartTable::SetFilter(const PartFilter& filter) {
 
 void PartTable::SetSort(PartSort sort) {
   sort_ = sort;
-  OrderAnew();
+  ordered_ = 0;
+  filtered_ = false;
 }
 
 PartTable::Key PartTable::KeyOf(Inventory::PartIndex part) const {
@@ -127,9 +140,18 @@ PartTable::Key PartTable::KeyOf(Inventory::PartIndex part) const {
   return key;
 }
 
-// Rows that came since are put in order by themselves and merged.
 void PartTable::PutInOrder() const {
   if (ordered_ == rows_.size()) return;
+  if (rows_.size() - ordered_ <= ordered_ / kFew) {
+    MergeFew();
+  } else {
+    SortAll();
+  }
+  ordered_ = rows_.size();
+}
+
+// Rows that came since are put in order by themselves and merged.
+void PartTable::SortAll() const {
   std::vector<Keyed> keyed;
   keyed.reserve(rows_.size());
   for (const Inventory::PartIndex part : rows_) keyed.push_back({KeyOf(part), part});
@@ -137,7 +159,24 @@ void PartTable::PutInOrder() const {
   std::sort(middle, keyed.end());
   std::inplace_merge(keyed.begin(), middle, keyed.end());
   for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = keyed[i].part;
-  ordered_ = rows_.size();
+}
+
+// Each of the few finds its place by halving, from the last: for most of the others no key is made.
+void PartTable::MergeFew() const {
+  auto end = rows_.begin() + static_cast<std::ptrdiff_t>(ordered_);  // of those that aren't merged yet
+  std::vector<Keyed> few;
+  for (auto row = end; row != rows_.end(); ++row) few.push_back({KeyOf(*row), *row});
+  std::sort(few.begin(), few.end());
+  auto to = rows_.end();
+  for (std::size_t i = few.size(); i-- > 0;) {
+    const auto place =
+        std::upper_bound(rows_.begin(), end, few[i], [this](const Keyed& keyed, Inventory::PartIndex row) {
+          return keyed < Keyed{KeyOf(row), row};
+        });
+    to = std::move_backward(place, end, to);
+    end = place;
+    *--to = few[i].part;
+  }
 }
 
 bool PartTable::Matches(Inventory::PartIndex part) const {

@@ -35,6 +35,9 @@ class PartTable {
   // A part's tag has changed: its row goes where its key puts it, and is there while the filter holds for it.
   void Refresh(Inventory::PartIndex part);
   void Remove(Inventory::PartIndex part);
+  // Like Refresh for a part whose tag was another one before, of many that change together: their places are sought
+  // when somebody looks. True when the rows may be others, or stand in another order.
+  bool Replace(Inventory::PartIndex part, const InventoryTag& before);
   void SetFilter(const PartFilter& filter);
   const PartFilter& Filter() const { return filter_; }
   void SetSort(PartSort sort);
@@ -58,9 +61,11 @@ class PartTable {
   std::size_t FindIn(const Parts& parts, Inventory::PartIndex part) const;  // parts.size(): it isn't there
   void PutInPlace(Parts& parts, Inventory::PartIndex part) const;
   bool TakeOut(Parts& parts, Inventory::PartIndex part) const;
-  void OrderAnew();
+  bool TakeOutOfRows(Inventory::PartIndex part);
   bool Matches(Inventory::PartIndex part) const;
   void PutInOrder() const;
+  void SortAll() const;
+  void MergeFew() const;
   void FilterRows() const;
 
   const Inventory& inventory_;

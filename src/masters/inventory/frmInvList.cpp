@@ -2,14 +2,13 @@
 
 #include <fmt/format.h>
 
-#include "frame/SharedFile.h"
+#include <utility>
+
 #include "frame/Text.h"
 #include "masters/inventory/DeletedParts.h"
 #include "masters/inventory/frmInvPartChange.h"
 #include "masters/inventory/frmInvPartDelete.h"
 #include "masters/inventory/frmInvView.h"
-#include "records/Contention.h"
-#include "records/RecordArray.h"
 
 namespace lantos {
 
@@ -18,16 +17,17 @@ namespace {
 constexpr ui::Twips kWidth = 7380;
 constexpr ui::Twips kHeight = 3930;
 constexpr int kReadInterval = 1;  // milliseconds
-constexpr int kBroadcastInterval = 5000;
-constexpr std::size_t kBlockTags = 128;
-constexpr std::uint64_t kBlockLength = kBlockTags * InventoryTag::kLength;
-static_assert(kBlockLength == 16384);
 constexpr std::string_view kAutoSearchKey = "frmInvListAutoSearch";
 constexpr const char* kCaption = "Inventory List";
 
 std::string Elapsed(std::int64_t milliseconds) {
   const std::int64_t seconds = milliseconds / 1000;
   return fmt::format("{}:{:02}:{:02}", seconds / 3600, seconds / 60 % 60, seconds % 60);
+}
+
+PartAt PartOfRow(const Inventory& inventory, const PartTable& table, int row) {
+  const Inventory::PartIndex part = table.At(static_cast<std::size_t>(row));
+  return {inventory.Tag(part).Get(inventorytag::Tag), part};
 }
 
 void Press(ui::Button& button) {
@@ -40,7 +40,9 @@ frmInvList::frmInvList(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmInvList", kCaption),
       shop_(shop),
       inventory_(shop.records.inventory),
-      table_(inventory_) {
+      table_(inventory_),
+      blocks_(shop),
+      updates_(shop, AuditTimer, UpdTimer, ReceivedParts()) {
   SetResident(true);
   SetDesignedSize(kWidth, kHeight);
   DataGrid1.SetSpokenName("Parts");
@@ -56,10 +58,6 @@ frmInvList::frmInvList(Shop& shop)
   ReadTimer.SetEnabled(false);
   ReadTimer.SetInterval(kReadInterval);
   ReadTimer.OnTimer = [this] { ReadNextBlock(); };
-  for (ui::Timer* timer : {&AuditTimer, &UpdTimer}) {
-    timer->SetEnabled(false);  // nothing is told to the other copies yet
-    timer->SetInterval(kBroadcastInterval);
-  }
   cmdSearch.SetToolTip("Search <Enter>");
   cmdSelect.SetToolTip("Select <F10>");
   cmdView.SetToolTip("View <F4>");
@@ -134,11 +132,11 @@ void frmInvList::OnLoad() {
   frameStocked.SetVisible(Stocked() == StockedColumn::Shown);
   cbAutoSearch.SetValue(shop_.environment.settings.GetBoolean(kAutoSearchKey, false));
   StartLoading();
+  updates_.Start();
 }
 
-// Whoever comes back from a part goes on from its row.
 void frmInvList::OnActivate() {
-  if (purpose_ == Purpose::Keep && currentPart_ != Inventory::kNoPart) {
+  if (comes_ == Comes::Back && currentPart_ != Inventory::kNoPart) {
     DataGrid1.SetFocus();
   } else if (SearchPart.IsUsable()) {
     SearchPart.SetFocus();
@@ -148,12 +146,9 @@ void frmInvList::OnActivate() {
 // A block a tick, so that the board can be used meanwhile.
 void frmInvList::StartLoading() {
   table_.Clear();
-  block_.resize(kBlockTags);
-  blockCount_ = shop_.environment.files.Length(kInventoryTagFile) / kBlockLength + 1;
-  nextBlock_ = 0;
-  tagFile_ = shop_.environment.files.PathOf(kInventoryTagFile);
+  blocks_.Begin();
   loadStarted_ = shop_.environment.clock.Now();
-  LoadProgress.SetRange(static_cast<int>(blockCount_));
+  LoadProgress.SetRange(blocks_.Count());
   LoadProgress.SetValue(0);
   ShowTotal();
   EnableSearch(false);
@@ -162,15 +157,15 @@ void frmInvList::StartLoading() {
 
 void frmInvList::ReadNextBlock() {
   ReadTimer.SetEnabled(false);
-  Contention contention(contention::kLoadInventoryTags, shop_.desktop, shop_.environment);
-  contention.Run([this] {
-    // Not among the numbered files: their closing is logged, and this is done for every block.
-    const SharedFile file(tagFile_, Access::Read, Deny::None);
-    ReadRecords(file, nextBlock_ * kBlockLength, std::span(block_));
-  });
-  ++nextBlock_;
-  ListTags(block_);
-  LoadProgress.SetValue(static_cast<int>(nextBlock_));
+  DeletedParts deleted(shop_);
+  for (const InventoryTag& tag : blocks_.Next()) {
+    const bool isKept = tag.Get(inventorytag::Tag) > 0 || !tag.View(inventorytag::StockNumber).empty() ||
+                        !tag.View(inventorytag::Description).empty();
+    if (!isKept) continue;
+    const Inventory::PartIndex index = inventory_.AppendTag(tag);
+    if (!deleted.Has(tag)) table_.Add(index);
+  }
+  LoadProgress.SetValue(blocks_.Done());
   ShowTotal();
   ShowRows();
   if (IsLoading()) {
@@ -182,17 +177,6 @@ void frmInvList::ReadNextBlock() {
 
 void frmInvList::FinishLoading() {
   while (IsLoading()) ReadNextBlock();
-}
-
-void frmInvList::ListTags(const std::vector<InventoryTag>& block) {
-  DeletedParts deleted(shop_);
-  for (const InventoryTag& tag : block) {
-    const bool isKept = tag.Get(inventorytag::Tag) > 0 || !tag.View(inventorytag::StockNumber).empty() ||
-                        !tag.View(inventorytag::Description).empty();
-    if (!isKept) continue;
-    const Inventory::PartIndex index = inventory_.AppendTag(tag);
-    if (!deleted.Has(tag)) table_.Add(index);
-  }
 }
 
 void frmInvList::EndLoading() {
@@ -290,25 +274,19 @@ void frmInvList::RemoveListRow(Inventory::PartIndex index) {
   if (wasCurrent && DataGrid1.RowCount() > 0) DataGrid1.SetRow(std::min(row, DataGrid1.RowCount() - 1));
 }
 
-PartAt frmInvList::PartOfRow(int row) const {
-  const Inventory::PartIndex part = table_.At(static_cast<std::size_t>(row));
-  return {inventory_.Tag(part).Get(inventorytag::Tag), part};
-}
-
 std::optional<PartAt> frmInvList::Before(Inventory::PartIndex part) const {
   const int row = table_.RowOf(part);
   if (row <= 0) return std::nullopt;
-  return PartOfRow(row - 1);
+  return PartOfRow(inventory_, table_, row - 1);
 }
 
 std::optional<PartAt> frmInvList::After(Inventory::PartIndex part) const {
   const int row = table_.RowOf(part);
   if (row < 0 || row + 1 >= static_cast<int>(table_.MatchCount())) return std::nullopt;
-  return PartOfRow(row + 1);
+  return PartOfRow(inventory_, table_, row + 1);
 }
 
 frmInvList::Request frmInvList::ShowFor(Purpose purpose) {
-  purpose_ = purpose;
   for (ui::Button* button : {&cmdAdd, &cmdChange, &cmdDelete}) button->SetEnabled(purpose == Purpose::Keep);
   request_ = Request::None;
   ShowRows();  // the price level may be another customer's
@@ -316,8 +294,33 @@ frmInvList::Request frmInvList::ShowFor(Purpose purpose) {
   return request_;
 }
 
+InventoryUpdates::List frmInvList::ReceivedParts() {
+  return {.isLoading = [this] { return IsLoading(); },
+          .onChanged = [this](Inventory::PartIndex index,
+                              const InventoryTag& before) { rowsMoved_ |= table_.Replace(index, before); },
+          .onNew =
+              [this](Inventory::PartIndex index) {
+                if (DeletedParts(shop_).Has(inventory_.Tag(index))) return;
+                table_.Add(index);
+                rowsMoved_ = true;
+              },
+          .show = [this] { ShowReceived(); }};
+}
+
+// Rows that stay where they are have their cells looked at anew, and nothing else.
+void frmInvList::ShowReceived() {
+  if (std::exchange(rowsMoved_, false)) {
+    ShowTotal();
+    ShowRows();
+    if (!lblMatchParts.Caption().empty()) ShowMatches();
+  } else {
+    DataGrid1.SetSortedBy(DataGrid1.SortedBy());
+  }
+}
+
 std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
   SetCaption(caption);
+  comes_ = Comes::Fresh;
   for (;;) {
     const Request request = ShowFor(Purpose::Pick);
     if (request == Request::None) return std::nullopt;
@@ -330,8 +333,9 @@ std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& captio
   }
 }
 
-frmInvList::Request frmInvList::Ask() {
+frmInvList::Request frmInvList::Ask(Comes comes) {
   SetCaption(kCaption);
+  comes_ = comes;
   return ShowFor(Purpose::Keep);
 }
 

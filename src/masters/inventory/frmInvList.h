@@ -1,13 +1,14 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "masters/inventory/InventoryUpdates.h"
 #include "masters/inventory/PartColumns.h"
 #include "masters/inventory/PartRows.h"
 #include "masters/inventory/PartTable.h"
+#include "masters/inventory/TagBlocks.h"
 #include "records/inventory/Inventory.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
@@ -58,12 +59,15 @@ class frmInvList : public SizedForm, public PartRows {
   // Where the stock is kept: what the person wants next, and with which part. Numbers are changed and parts deleted
   // in the list itself.
   enum class Request { None, Select, View, Add };
-  Request Ask();
+  enum class Comes { Fresh, Back };  // the person: to look for a part, or from one to go on from its row
+  Request Ask(Comes comes = Comes::Fresh);
   const PickedPart& Chosen() const { return chosen_; }
 
-  bool IsLoading() const { return nextBlock_ < blockCount_; }
+  bool IsLoading() const { return blocks_.AreLeft(); }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
+  // Tells the other copies what they haven't been told yet, at the end of the run.
+  void SendAllChanges() { updates_.SendAll(); }
 
   // The row of a part, from its tag in the list. The person's own place in the list stays, as far as it can: the part
   // that is current, the search and what of the list is in sight.
@@ -92,16 +96,17 @@ class frmInvList : public SizedForm, public PartRows {
   void WireRequests();
   void StartLoading();
   void ReadNextBlock();
-  void ListTags(const std::vector<InventoryTag>& block);
   void EndLoading();
+  // What the other copies have told of.
+  InventoryUpdates::List ReceivedParts();
+  void ShowReceived();
   void EnableSearch(bool enabled);
   enum class Purpose { Pick, Keep };
   Request ShowFor(Purpose purpose);
   // Leaves the list with the request, or with the part that is current, if it needs one.
   void Leave(Request request);
   bool HasCurrentPart();  // tells that there is none
-  PartAt PartOfRow(int row) const;
-  void FilterParts();  // the first of the hits is current, unless the part that was is among them
+  void FilterParts();     // the first of the hits is current, unless the part that was is among them
   void GoToHits();
   void SearchTyped();
   void SortBy(const std::string& column);
@@ -112,15 +117,14 @@ class frmInvList : public SizedForm, public PartRows {
   Shop& shop_;
   Inventory& inventory_;
   PartTable table_;
-  std::filesystem::path tagFile_;
-  std::uint64_t blockCount_ = 0;
-  std::uint64_t nextBlock_ = 0;
-  std::vector<InventoryTag> block_;
+  TagBlocks blocks_;
   LocalTime loadStarted_;
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
-  Purpose purpose_ = Purpose::Pick;
+  Comes comes_ = Comes::Fresh;
   Request request_ = Request::None;
   PickedPart chosen_;
+  bool rowsMoved_ = false;  // by what was received, since the rows were shown
+  InventoryUpdates updates_;
 };
 
 }  // namespace lantos

@@ -5,46 +5,12 @@ import threading
 
 import random
 
-from copysteps import SYSTEM_LOCKED, USED, copies, kill_within, shop, time_of, work
+from copysteps import (STOCK, USED, convert_patiently, converting_copies, copies, kill_within, shop, time_of, work)
 from driver import Lantos, data_option
-from inventoryfiles import make_inventory, part
-from screens import tell
 from shopfiles import NO_LINK
 from workfiles import show
-from workorderfiles import (WORKORDER_FILES, active_tags, archived_tags, file_name, part_row, read_workorder,
-                            stock_masters, stock_tags, usage_records, used_from)
-
-STOCK = 10000
-HELD = (SYSTEM_LOCKED, "Inventory Usage file locked by another user.", "Tag file locked by another user.")
-
-
-def write_work(shop):
-    shop.write()
-    make_inventory(shop.directory, [part(name, "PART", in_stock=STOCK) for name in USED])
-    for name in WORKORDER_FILES:
-        shop.path(name).write_bytes(b"")
-    shop.write_profile({"Status Options": {"ScheduledToComplete": "N"}})
-
-
-def converting_copies(copies, shop, count):
-    write_work(shop)
-    running = [copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}") for i in range(count)]
-    return [show(copy, 900 + i) for i, copy in enumerate(running)]
-
-
-def convert_patiently(copy):
-    """The number of the work order. A file that is held is tried again."""
-    copy.click("cmdConvert")
-    copy.press("Yes")
-    while copy.expect_box()["text"].split("\n")[0] in HELD:
-        copy.press(copy.answer["buttons"][0])
-    text = copy.answer["text"]
-    assert " is now Workorder # " in text, copy.evidence()
-    copy.press("OK")
-    tell(copy, "Estimate status is still 'Scheduled'", "Convert to WO")
-    copy.expect_form("frmMain")
-    return int(text.rsplit(" ", 1)[1])
-
+from workorderfiles import (active_tags, archived_tags, file_name, part_row, read_workorder, stock_masters, stock_tags,
+                            usage_records, used_from)
 
 def expect_whole_order(shop, number, active, archived):
     """Text and both tags tell of one and the same estimate."""

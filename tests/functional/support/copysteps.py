@@ -6,6 +6,10 @@ import pytest
 
 from boardlines import TODAY
 from conftest import Starter
+from inventoryfiles import make_inventory, part
+from screens import tell
+from workfiles import show
+from workorderfiles import WORKORDER_FILES
 
 SYSTEM_LOCKED = "System file locked by another user."
 
@@ -59,3 +63,35 @@ def work(shop):
             shop.add_part(number, name, f"PART OF {number}", quantity, 1000, 600)
         shop.add_labor(number, 1, f"Labor of {number}", 1)
     return shop
+
+
+STOCK = 10000  # of each part
+HELD = (SYSTEM_LOCKED, "Inventory Usage file locked by another user.", "Tag file locked by another user.")
+
+
+def write_work(shop):
+    shop.write()
+    make_inventory(shop.directory, [part(name, "PART", in_stock=STOCK) for name in USED])
+    for name in WORKORDER_FILES:
+        shop.path(name).write_bytes(b"")
+    shop.write_profile({"Status Options": {"ScheduledToComplete": "N"}})
+
+
+def converting_copies(copies, shop, count):
+    write_work(shop)
+    running = [copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}") for i in range(count)]
+    return [show(copy, 900 + i) for i, copy in enumerate(running)]
+
+
+def convert_patiently(copy):
+    """The number of the work order. A file that is held is tried again."""
+    copy.click("cmdConvert")
+    copy.press("Yes")
+    while copy.expect_box()["text"].split("\n")[0] in HELD:
+        copy.press(copy.answer["buttons"][0])
+    text = copy.answer["text"]
+    assert " is now Workorder # " in text, copy.evidence()
+    copy.press("OK")
+    tell(copy, "Estimate status is still 'Scheduled'", "Convert to WO")
+    copy.expect_form("frmMain")
+    return int(text.rsplit(" ", 1)[1])

@@ -95,6 +95,7 @@ struct BoardBench : BoardShop {
       records.system.ReadSystem();
       return true;
     };
+    steps.sendWaitingChanges = [] {};
     steps.deleteUpdateFileAndCloseLog = [] {};
     return steps;
   }

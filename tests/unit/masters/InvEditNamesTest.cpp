@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "PartBench.h"
+#include "masters/inventory/frmDept.h"
 
 namespace lantos::test {
 namespace {
@@ -23,10 +24,6 @@ class InvEditNames : public PartBench {
     for (const ui::ListRow& row : combo.Rows()) rows.push_back(row.text);
     return rows;
   }
-  void Drop(frmInvEdit& form) {
-    desktop.WillAnswer(Answer::Yes);
-    Press(form, "Esc");
-  }
   std::string AlternatesOf(std::size_t record) const { return MasterBytes(record).substr(21, 84); }
 };
 
@@ -36,6 +33,40 @@ TEST_F(InvEditNames, TheListsHaveNewOnTop) {
     EXPECT_THAT(RowsOf(form.ComboM), ElementsAre("<New>", "BOSCH"));
     EXPECT_EQ(form.ComboM.Text(), "NOBODY");
     Press(form, "Esc");
+  });
+}
+
+TEST_F(InvEditNames, NewAsksForANameWhichIsChosenThen) {
+  Edit([this](frmInvEdit& form) {
+    desktop.WillUse([](ui::Form& shown) {
+      EXPECT_EQ(shown.Caption(), "Add Manufacturer");
+      As<frmDept>(shown).DeptName.DoType("ACME");
+      Press(shown, "F10");
+    });
+    form.MoveFocus(&form.ComboM);
+    form.ComboM.DoSelect(0);
+    EXPECT_EQ(form.ComboM.Text(), "ACME");
+    EXPECT_THAT(RowsOf(form.ComboM), ElementsAre("<New>", "BOSCH", "ACME"));
+    EXPECT_EQ(form.cmdCancel.Caption(), "Cancel");
+    EXPECT_TRUE(form.MoveFocus(&form.Comment));
+    Press(form, "F10");
+  });
+  EXPECT_EQ(TextAt(MasterBytes(0), 165, 21), "ACME");
+}
+
+TEST_F(InvEditNames, ANewNameThatComesToNothingLeavesWhatStoodThere) {
+  Edit([this](frmInvEdit& form) {
+    const auto giveUp = [](ui::Form& shown) { Press(shown, "Esc"); };
+    desktop.WillUse(giveUp);
+    form.ComboM.DoSelect(0);
+    EXPECT_EQ(form.ComboM.Text(), "NOBODY");
+    EXPECT_EQ(form.cmdCancel.Caption(), "Close") << "nothing was changed";
+    form.MoveFocus(&form.ComboD);
+    form.ComboD.DoType("<New>");
+    desktop.WillUse(giveUp);
+    EXPECT_TRUE(form.MoveFocus(&form.Comment));
+    EXPECT_EQ(form.ComboD.Text(), "");
+    Drop(form);
   });
 }
 

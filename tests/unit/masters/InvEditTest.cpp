@@ -1,26 +1,12 @@
 // The edit screen of a part: what it shows, and what it stores.
 #include "PartBench.h"
-#include "masters/inventory/frmRecvList.h"
-#include "masters/inventory/frmUsageList.h"
 
 namespace lantos::test {
 namespace {
 
 class InvEdit : public PartBench {
  protected:
-  static PartImage Pad() {
-    PartImage pad = {"PAD-1", "BRAKE PAD", {1000, 1250, 1500, 1999}, 12};
-    pad.markups = {0, 250000, 500000, 999000};
-    pad.manufacturer = "BOSCH";
-    pad.location = "SHELF 3";
-    return pad;
-  }
   InvEdit() { PutParts({Pad(), {"PAD-2", "OTHER PAD", {1, 2, 3, 4}, 5}}); }
-  // Leaves the screen, changes and all.
-  void Drop(frmInvEdit& form) {
-    desktop.WillAnswer(Answer::Yes);
-    Press(form, "Esc");
-  }
 };
 
 TEST_F(InvEdit, ShowsEveryFieldInItsForm) {
@@ -261,6 +247,9 @@ TEST_F(InvEdit, StockThatWasSoldWhileTheScreenWasOpenStaysSoldUnlessAnotherCount
     sold.inStock = left;
     directory.Put("TQINVTAG.DAT", TagImage(sold, 0).Bytes() + TagBytes(1));
     directory.Put("TQINVENT.DAT", MasterImage(sold).Long(336, 76).Bytes() + MasterBytes(1));
+    InventoryTag told = inventory.Tag(0);  // as the other copy's message has it
+    told.Put(inventorytag::InStock, left);
+    inventory.ReplaceTag(0, told);
   };
   Edit([&](frmInvEdit& form) {
     sell(7);
@@ -300,91 +289,6 @@ TEST_F(InvEdit, APartThatCanNotBeReadIsNotShown) {
   const SharedFile held(directory / "TQINVENT.DAT", Access::ReadWrite, Deny::All);
   EditPart(shop, rows, kNoLink, 0);
   EXPECT_EQ(desktop.boxes[0].title, "ReadInventory");
-}
-
-TEST_F(InvEdit, PgDnAndPgUpGoToTheNeighboursAndBeepAtTheEnds) {
-  Edit([this](frmInvEdit& form) {
-    Press(form, "PgUp");
-    EXPECT_EQ(desktop.beeps, 1);
-    Press(form, "PgDn");
-    EXPECT_EQ(form.StockNumber.Text(), "PAD-2");
-    EXPECT_EQ(form.QtyInStock.Text(), "5");
-    Press(form, "PgDn");
-    EXPECT_EQ(desktop.beeps, 2);
-    form.Comment.DoType("second");
-    form.MoveFocus(&form.cmdSave);
-    Press(form, "F10");
-  });
-  EXPECT_EQ(MasterBytes(0), MasterImage(Pad()).Bytes());
-  EXPECT_EQ(TextAt(MasterBytes(1), 186, 79), "second");
-  EXPECT_EQ(rows.refreshed, std::vector<Inventory::PartIndex>{1});
-}
-
-TEST_F(InvEdit, LeavingAChangedPartForItsNeighbourAsks) {
-  desktop.WillAnswer({Answer::No, Answer::Yes});
-  Edit([](frmInvEdit& form) {
-    Type(form.Description, "X");
-    Press(form, "PgDn");
-    EXPECT_EQ(form.StockNumber.Text(), "PAD-1");
-    EXPECT_EQ(form.Description.Text(), "X");
-    Press(form, "PgDn");
-    EXPECT_EQ(form.StockNumber.Text(), "PAD-2");
-    EXPECT_EQ(form.cmdCancel.Caption(), "Close");
-    Press(form, "Esc");
-  });
-  EXPECT_EQ(desktop.boxes[0].text, "Discard current changes?");
-  EXPECT_EQ(desktop.boxes[0].buttons, ui::Buttons::YesNo);
-}
-
-TEST_F(InvEdit, ANeighbourThatCanNotBeReadLeavesThePartOnTheScreen) {
-  Edit([this](frmInvEdit& form) {
-    desktop.WillAnswer(Answer::Cancel);
-    {
-      const SharedFile held(directory / "TQINVENT.DAT", Access::ReadWrite, Deny::All);
-      Press(form, "PgDn");
-    }
-    EXPECT_EQ(form.StockNumber.Text(), "PAD-1");
-    form.Comment.DoType("first");
-    Press(form, "F10");
-  });
-  EXPECT_EQ(TextAt(MasterBytes(0), 186, 79), "first");
-}
-
-TEST_F(InvEdit, OnlyAKitHasPartsToEdit) {
-  Edit([this](frmInvEdit& form) {
-    EXPECT_FALSE(form.cmdEditKit.Enabled());
-    Press(form, "F4");
-    form.Location.DoType("KIT:(5.00,6.00)");
-    EXPECT_TRUE(form.cmdEditKit.Enabled());
-    form.Location.DoType("kit:");
-    EXPECT_FALSE(form.cmdEditKit.Enabled());
-    Drop(form);
-  });
-}
-
-TEST_F(InvEdit, UsageAndReceivingAreBlankAndSayWhoShowsThem) {
-  desktop.WillUse([this](ui::Form& shown) {
-    auto& form = As<frmInvEdit>(shown);
-    desktop.WillUse([](ui::Form& list) {
-      EXPECT_EQ(list.Caption(), "Usage");
-      EXPECT_EQ(As<frmUsageList>(list).lblHeading.Caption(), "Korvel shows the usage of PAD-1.");
-      Press(list, "Esc");
-    });
-    Press(form, "Alt+U");
-    desktop.WillUse([](ui::Form& list) {
-      EXPECT_EQ(list.Caption(), "Receiving");
-      EXPECT_EQ(As<frmRecvList>(list).lblHeading.Caption(), "Korvel shows the receiving of PAD-1.");
-      As<frmRecvList>(list).cmdClose.DoClick();
-    });
-    Press(form, "Alt+R");
-    Press(form, "Esc");
-  });
-  EditPart(shop, rows, kNoLink, 0);
-}
-
-TEST_F(InvEdit, AHeadingShowsAnAmpersandOfAPartNumber) {
-  const frmUsageList list(shop, "A&B");
-  EXPECT_EQ(list.lblHeading.Caption(), "Korvel shows the usage of A&&B.");
 }
 
 }  // namespace

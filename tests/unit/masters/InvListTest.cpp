@@ -214,6 +214,22 @@ TEST_F(InvList, ADeletedPartHasNoRowAfterTheNextStartAndOneWithoutANumberHas) {
   EXPECT_EQ(list.DataGrid1.RowAt(1).cells.at(2), "X") << "its description";
 }
 
+TEST_F(InvList, WhereTheMastersAreHeldOrGoneAPartWithoutANumberIsTakenForALiveOne) {
+  AddPart("GONE");
+  ASSERT_TRUE(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")));
+  for (const bool held : {true, false}) {
+    ForgetList();
+    std::optional<SharedFile> holder;
+    if (held) holder.emplace(directory / "TQINVENT.DAT", Access::ReadWrite, Deny::All);
+    if (!held) std::filesystem::remove(directory / "TQINVENT.DAT");
+    frmInvList list(shop);
+    list.LoadForm();
+    inventory.FinishLoading();
+    EXPECT_EQ(list.DataGrid1.RowCount(), 2) << "held: " << held;
+  }
+  EXPECT_FALSE(std::filesystem::exists(directory / "TQINVENT.DAT")) << "it isn't made by a look";
+}
+
 TEST_F(InvList, HearsNothingOnceItIsGone) {
   { const frmInvList list(shop); }
   Write("PAD-9", "PADS", 17);

@@ -66,6 +66,17 @@ TEST_F(KeepingStock, ASelectedPartIsEditedAndTheListComesBackToIt) {
   EXPECT_THAT(edited_, ElementsAre("PAD-9"));
 }
 
+TEST_F(KeepingStock, WhoeverOpensTheListAnewBeginsWithTheSearch) {
+  WillUseList("PAD-9", "Esc");
+  InventoryMaintenance(shop, list);
+  desktop.WillUse([&](ui::Form&) {
+    EXPECT_EQ(Current(), "PAD-9");
+    EXPECT_EQ(list.Focus(), &list.SearchPart);
+    test::Press(list, "Esc");
+  });
+  InventoryMaintenance(shop, list);
+}
+
 TEST_F(KeepingStock, AViewLeadsBackToTheListOrOnToTheEditing) {
   WillUseList("PAD-9", "F4");
   WillUse<frmInvView>([](frmInvView& view) { test::Press(view, "Esc"); });

@@ -34,6 +34,13 @@ class PartBench : public MasterShop {
     records.departments.Load();
     records.manufacturers.Load();
   }
+  static PartImage Pad() {
+    PartImage pad = {"PAD-1", "BRAKE PAD", {1000, 1250, 1500, 1999}, 12};
+    pad.markups = {0, 250000, 500000, 999000};
+    pad.manufacturer = "BOSCH";
+    pad.location = "SHELF 3";
+    return pad;
+  }
   // As PutParts of InventoryFixture does it.
   void PutParts(const std::vector<PartImage>& parts) {
     Image tags;
@@ -60,6 +67,12 @@ class PartBench : public MasterShop {
   void Edit(const std::function<void(frmInvEdit&)>& use, Inventory::PartIndex part = 0) {
     desktop.WillUse([use](ui::Form& shown) { use(As<frmInvEdit>(shown)); });
     EditPart(shop, rows, kNoLink, part);
+  }
+
+  // Leaves the screen, changes and all.
+  void Drop(frmInvEdit& form) {
+    desktop.WillAnswer(Answer::Yes);
+    Press(form, "Esc");
   }
 
   Inventory& inventory = records.inventory;

@@ -38,6 +38,17 @@ struct TableBench : test::TestShop {
     tag.Put(inventorytag::IsStocked, stocked);
     table.Add(records.inventory.AppendTag(tag));
   }
+  bool Change(Inventory::PartIndex part, std::string_view number, std::string_view description,
+              std::uint8_t stocked = 1) {
+    const InventoryTag before = records.inventory.Tag(part);
+    InventoryTag tag = before;
+    tag.Put(inventorytag::StockNumber, number);
+    tag.Put(inventorytag::Description, description);
+    tag.Put(inventorytag::IsStocked, stocked);
+    tag.Put(inventorytag::InStock, 77);
+    records.inventory.ReplaceTag(part, tag);
+    return table.Replace(part, before);
+  }
   Texts Rows() const {
     Texts rows;
     for (std::size_t row = 0; row < table.MatchCount(); ++row) {
@@ -55,6 +66,48 @@ TEST(PartTable, RowsComeInTheOrderOfTheirKeysAlsoThoseAddedLater) {
   EXPECT_EQ(bench.Rows(), (Texts{"a1", "B-222-111-X"}));
   bench.Add("B-000-000-X", "CLAMP");
   EXPECT_EQ(bench.Rows(), (Texts{"a1", "B-000-000-X", "B-222-111-X"}));
+}
+
+TEST(PartTable, FewRowsAmongManyFindTheirPlacesInEveryOrder) {
+  for (const PartSort sort : {PartSort::ByKey, PartSort::ByPart, PartSort::ByPartDown, PartSort::ByDescription,
+                              PartSort::ByDescriptionDown}) {
+    TableBench bench;
+    bench.table.SetSort(sort);
+    for (int i = 0; i < 50; ++i) bench.Add("N" + std::to_string(10 + i), "D" + std::to_string((i * 7) % 50));
+    ASSERT_EQ(bench.Rows().size(), 50U);
+    for (const char* number : {"N99", "A1", "N305", "N30"}) bench.Add(number, number);
+    const Texts merged = bench.Rows();
+    bench.table.SetSort(sort);
+    EXPECT_EQ(merged, bench.Rows()) << "as a sort of all puts them";
+  }
+}
+
+TEST(PartTable, APartThatIsAnotherNowGoesWhereItsKeyPutsIt) {
+  TableBench bench;
+  for (const char* number : {"B1", "C1", "D1", "E1"}) bench.Add(number, "BELT");
+  ASSERT_EQ(bench.Rows().front(), "B1");
+  EXPECT_TRUE(bench.Change(0, "F1", "BELT"));
+  EXPECT_EQ(bench.Rows(), (Texts{"C1", "D1", "E1", "F1"}));
+  EXPECT_TRUE(bench.Change(3, "A1", "BELT"));
+  EXPECT_TRUE(bench.Change(1, "G1", "BELT"));
+  EXPECT_EQ(bench.Rows(), (Texts{"A1", "D1", "F1", "G1"}));
+}
+
+TEST(PartTable, FiguresAloneMoveNoRow) {
+  TableBench bench;
+  bench.Add("B1", "BELT");
+  EXPECT_FALSE(bench.Change(0, "B1", "BELT"));
+  EXPECT_TRUE(bench.Change(0, "B1", "BELTS"));
+  EXPECT_TRUE(bench.Change(0, "B1", "BELTS", 0));
+}
+
+TEST(PartTable, APartThatIsAnotherNowIsHeldToTheFilter) {
+  TableBench bench;
+  for (const char* number : {"B1", "C1"}) bench.Add(number, "BELT");
+  bench.table.SetFilter({"", "BELT", {}});
+  ASSERT_EQ(bench.Rows().size(), 2U);
+  bench.Change(0, "B1", "CLAMP");
+  EXPECT_EQ(bench.Rows(), (Texts{"C1"}));
 }
 
 TEST(PartTable, PartsWithoutANumberStandAtTheEnd) {
@@ -155,8 +208,13 @@ TEST(PartTable, RowsChangedOneByOneAreThoseOfAFreshTable) {
       listed.insert(inventory.AppendTag(newTag()));
       bench.table.Insert(inventory.Count() - 1);
     } else if (what < 7 && inventory.Count() > 0) {
+      const InventoryTag before = inventory.Tag(part);
       inventory.ReplaceTag(part, newTag());
-      bench.table.Refresh(part);
+      if (what < 5) {
+        bench.table.Refresh(part);
+      } else {
+        bench.table.Replace(part, before);
+      }
     } else if (what == 7 && inventory.Count() > 0) {
       listed.erase(part);
       bench.table.Remove(part);

@@ -1,0 +1,67 @@
+#include "records/inventory/TagWalk.h"
+
+#include <algorithm>
+
+#include "records/Contention.h"
+#include "records/OpenedFile.h"
+#include "records/RecordArray.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kBlock = 2048;  // tags
+
+}  // namespace
+
+void TagWalk::Begin(const std::vector<Inventory::PartIndex>& wanted) {
+  isWanted_.assign(static_cast<std::size_t>(inventory_.Count()), false);
+  for (const Inventory::PartIndex index : wanted) isWanted_[static_cast<std::size_t>(index)] = true;
+  wanted_ = wanted.size();
+  end_ = wanted.empty() ? 0 : environment_.files.Length(kInventoryTagFile);
+}
+
+template <class Look>
+void TagWalk::LookAtBlock(Look look) {
+  const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(end_ / InventoryTag::kLength, kBlock));
+  block_.resize(count);
+  end_ -= count * InventoryTag::kLength;
+  const std::filesystem::path path = environment_.files.PathOf(kInventoryTagFile);
+  Contention contention(contention::kOpenInventory, desktop_, environment_, kInventoryTagFile);
+  contention.Run([&] {
+    // Not among the numbered files: their closing is logged, and this is done for every block.
+    const SharedFile file(path, Access::Read, Deny::None);
+    ReadRecords(file, end_, std::span(block_));
+  });
+  for (std::size_t i = count; i-- > 0;) {
+    if (look(block_[i], LinkAtEnd(end_ + i * InventoryTag::kLength, kInventoryTagFile))) return;
+  }
+}
+
+// Parts that nobody asked for are on the way: their places are noted too, which spares the next walk.
+void TagWalk::Step() {
+  LookAtBlock([this](const InventoryTag& tag, FileLink place) {
+    const Inventory::PartIndex index = inventory_.FindPart(tag.View(inventorytag::StockNumber));
+    if (index == Inventory::kNoPart || inventory_.Location(index) != kNoLink) return false;
+    inventory_.SetLocation(index, place);
+    const auto number = static_cast<std::size_t>(index);
+    if (number < isWanted_.size() && isWanted_[number]) --wanted_;
+    return wanted_ == 0;
+  });
+}
+
+FileLink TagWalk::FindByMaster(FileLink master) {
+  FileLink found = kNoLink;
+  wanted_ = 1;
+  end_ = environment_.files.Length(kInventoryTagFile);
+  while (IsUnderWay() && found == kNoLink) {
+    LookAtBlock([&](const InventoryTag& tag, FileLink place) {
+      if (tag.Get(inventorytag::Tag) == master) found = place;
+      return found != kNoLink;
+    });
+  }
+  wanted_ = 0;
+  return found;
+}
+
+}  // namespace lantos

@@ -1,0 +1,67 @@
+"""Copies that edit parts which name one another: no record is torn, and no alternate points one way."""
+
+import random
+import threading
+
+from copysteps import copies
+from inventoryfiles import make_inventory, part, read_masters, read_tags
+from inventorysteps import go_to_part, open_inventory
+
+PARTS = [f"PART-{letter}" for letter in "ABCD"]
+ALTERNATES = [f"AltNumber{place}" for place in range(1, 5)]
+ROUNDS = 20
+
+
+def patiently(copy):
+    """A file that another copy writes at this moment is tried again."""
+    while copy.answer["waiting"] == "box":
+        copy.expect_box(buttons=["Retry", "Cancel"])
+        assert "Can not read tags record for " in copy.answer["text"], copy.evidence()
+        copy.press("Retry")
+
+
+def edit_all(copy, dice, failures):
+    try:
+        for round_number in range(ROUNDS):
+            number = dice.choice(PARTS)
+            go_to_part(copy, number)
+            copy.key("F10")
+            patiently(copy)
+            copy.expect_form("frmInvEdit")
+            for place in dice.sample(range(4), 2):
+                # None twice: four places are enough for three others.
+                standing = {copy.text(f"AltNumber({other})") for other in range(4) if other != place}
+                copy.type(f"AltNumber({place})", dice.choice(["", *sorted(set(PARTS) - standing - {number})]))
+            copy.type("Comment", f"round {round_number}")
+            copy.key("F10")
+            patiently(copy)
+            copy.expect_form("frmInvList")
+    except Exception as failure:  # told in the test's own thread
+        failures.append(failure)
+
+
+def test_alternates_of_three_copies_stay_on_both_sides(copies, shop):
+    shop.write()
+    make_inventory(shop.directory, [part(name, "PART", (1, 2, 3, 4), 9) for name in PARTS])
+    failures, workers = [], []
+    for i in range(3):
+        copy = copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}")
+        copy.wait(10)
+        open_inventory(copy)
+        workers.append(threading.Thread(target=edit_all, args=(copy, random.Random(i), failures)))
+    for worker in workers:
+        worker.start()
+    for worker in workers:
+        worker.join()
+    assert not failures, failures[0]
+
+    masters = {master["StockNumber"]: master for master in read_masters(shop.directory)}
+    assert list(masters) == PARTS
+    named = {number: {master[place] for place in ALTERNATES} - {""} for number, master in masters.items()}
+    assert any(named.values()), "they name each other in the end"
+    for number, others in named.items():
+        for other in others:
+            assert number in named[other], f"{number} names {other}, and not the other way round: {named}"
+    tags = read_tags(shop.directory)
+    assert [(tag["StockNumber"], tag["Description"], tag["InStock"]) for tag in tags] == [
+        (name, "PART", 9) for name in PARTS]
