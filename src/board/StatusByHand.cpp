@@ -4,6 +4,7 @@
 #include "board/Continue.h"
 #include "board/frmEstStatus.h"
 #include "board/frmReschedule.h"
+#include "contents/Changing.h"
 
 namespace lantos {
 
@@ -43,7 +44,9 @@ void StatusByHand::Change() {
 ContinueEstimate StatusByHand::Continuing() {
   return [this] {
     parts_.detail.KeepUnsavedComments();
-    return ContinueCurrentEstimate(parts_.shop, parts_.database);
+    DaySerial next = kNotContinued;
+    ChangeOrGoBack([&] { next = ContinueCurrentEstimate(parts_.shop, parts_.database); }, [this] { ShowCopies(); });
+    return next;
   };
 }
 
@@ -54,16 +57,24 @@ void StatusByHand::Reschedule() {
   frmReschedule form(parts_.shop, parts_.database, parts_.state.lastSelectedDate);
   form.ShowModal();
   const bool moved = form.ok;
+  const bool copied = form.HasCopied();
   const DaySerial date = form.newDate;
   form.Unload();
   if (!moved) {
-    // The database may have refused what comes behind the status.
+    // The database may have refused what comes behind the copy, or behind the status.
     if (Current().Status != oldStatus) board_.FollowStatus(oldStatus);
+    if (copied) ShowCopies();
     return;
   }
   board_.LoadWeek(date);
   parts_.commands.cmdDayView.OnClick();
   board_.GoOnWithTheDay();
+}
+
+// A copy that was made before a step failed stays; the person must see it before trying again.
+void StatusByHand::ShowCopies() {
+  board_.LoadWeek(parts_.state.dayOnShow);
+  parts_.detail.ShowEstimateDetail();
 }
 
 }  // namespace lantos

@@ -26,6 +26,7 @@ class StatusByHand {
 
  private:
   ContinueEstimate Continuing();
+  void ShowCopies();
   Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
 
   BoardParts parts_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/EstimateCopy.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
@@ -20,14 +21,16 @@ class frmReschedule : public OkCancelForm {
 
   bool ok = false;
   DaySerial newDate = 0;
+  // A copy stands in the database, whether the move was finished or not.
+  bool HasCopied() const { return copy_.Number() != 0; }
 
  private:
   void OnActivate() override { DTPicker1.SetFocus(); }
   void Accept() override;
-  void CopyTo(DaySerial date);
+  void Move(DaySerial date);
 
   EstimateDatabase& database_;
-  DaySerial copiedTo_ = 0;  // 0: not yet
+  EstimateCopy copy_;
 };
 
 }  // namespace lantos

@@ -128,6 +128,73 @@ TEST(RefusedReschedule, TriedAgainGoesOnWithTheCopyThatWasMade) {
   EXPECT_EQ(bench.StoredComments().substr(0, 15), "Rescheduled for");
 }
 
+TEST(RefusedReschedule, ShowsAndNamesTheCopyThatStays) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  for (const std::int32_t copy : {1001, 1002}) {
+    bench.desktop.WillUse([](ui::Form& form) {
+      form.PressKey(ui::ParseKey("F10"));
+      form.PressKey(ui::ParseKey("Esc"));
+    });
+    test::Click(board.commands.cmdReschedule);
+    EXPECT_TRUE(bench.desktop.failures.back().starts_with(
+        fmt::format("Estimate # {:06} was made on Tue 09/30/2003 as a copy of this one, and stays there. "
+                    "The next step was not finished:\r\rThe database refused",
+                    copy)))
+        << bench.desktop.failures.back();
+    EXPECT_GE(board.week.List1[Refusing::kTuesday].FindData(copy), 0);
+    EXPECT_GE(board.day.List2.FindData(copy), 0);
+  }
+  EXPECT_EQ(bench.Current().EstimateNumber, 900);
+  EXPECT_EQ(board.detail.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Arrived");
+}
+
+TEST(RefusedReschedule, TellsOfACopyWithoutAllOfItsLines) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Notes");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    bench.Reveal("Notes");
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_TRUE(bench.desktop.failures.at(0).starts_with(
+      "Estimate # 001001 was made on Tue 09/30/2003 as a copy of this one, without all of its lines, and stays there."))
+      << bench.desktop.failures[0];
+}
+
+TEST(RefusedReschedule, WithoutACopyIsToldAsItIs) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
+  bench.desktop.WillUse([](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_TRUE(bench.desktop.failures.at(0).starts_with("The database refused the change."))
+      << bench.desktop.failures[0];
+  EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "1");
+}
+
+TEST(RefusedContinuation, ShowsAndNamesTheCopyThatStays) {
+  Refusing bench;
+  bench.environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  bench.desktop.WillUse([](ui::Form& form) { form.PressKey(ui::ParseKey("F10")); });
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
+  EXPECT_TRUE(bench.desktop.failures.at(0).starts_with("Estimate # 001001 was made on Wed 10/01/2003 as a copy"))
+      << bench.desktop.failures[0];
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday + 1]), (Texts{"001001 Arrived", "  Adams,Beth"}));
+  bench.ExpectAsBefore(kArrived, "Arrived");
+}
+
 TEST(RefusedCustomer, LeavesTheOneOfBeforeOnTheScreen) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);
