@@ -5,6 +5,7 @@
 #include "board/DayCapacity.h"
 #include "board/EstimateCopy.h"
 #include "board/frmContinue.h"
+#include "contents/AmountFields.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -15,12 +16,12 @@ namespace lantos {
 
 namespace {
 
-std::int32_t HighestLaborNumber(de& database, std::int32_t estimate) {
+std::int32_t NextLaborNumber(de& database, std::int32_t estimate) {
   std::int32_t highest = 0;
   Recordset& labor = database.LaborForEstimate(estimate);
   for (; !labor.Eof(); labor.MoveNext()) highest = std::max(highest, labor.Long("LaborNumber"));
   labor.Close();
-  return highest;
+  return Sum(highest, 1);
 }
 
 Cents TotalAtShopRate(const Shop& shop, Hundredths hours) {
@@ -38,8 +39,8 @@ struct HoursApplied {
 void TakeOff(const Shop& shop, de& data, std::int32_t copy, const HoursApplied& applied) {
   // Taking the number has read the system record anew, and the rate with it.
   const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
-  data.AddLabor(copy, HighestLaborNumber(data, copy) + 1, "HOURS APPLIED ON " + FormatDate(applied.day), applied.taken,
-                rate, TotalAtShopRate(shop, applied.taken), applied.mechanic);
+  data.AddLabor(copy, NextLaborNumber(data, copy), "HOURS APPLIED ON " + FormatDate(applied.day), applied.taken, rate,
+                TotalAtShopRate(shop, applied.taken), applied.mechanic);
 }
 
 }  // namespace
@@ -60,6 +61,7 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   // Tried before anything is made: what doesn't fit leaves all as it was.
   const Hundredths taken = WholeOrOverflow(-typed);
   TotalAtShopRate(shop, taken);
+  if (taken != 0) NextLaborNumber(data, old.EstimateNumber);
   EstimateCopy copy(database.estimates);
   copy.Run([&] {
     copy.Make(next, old.Status);

@@ -195,6 +195,23 @@ TEST(RefusedContinuation, ShowsAndNamesTheCopyThatStays) {
   bench.ExpectAsBefore(kArrived, "Arrived");
 }
 
+TEST(RefusedContinuation, WithoutANumberForItsLineMakesNoCopy) {
+  Refusing bench;
+  bench.environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+  bench.AddLabor(900, 2147483647, 100, 6500);
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillUse([](ui::Form& form) {
+    dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).DoType("1");
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
+  EXPECT_EQ(bench.desktop.failures.at(0), "Overflow");
+  EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "1");
+  EXPECT_EQ(bench.NextNumber(), 1001);
+}
+
 TEST(RefusedCustomer, LeavesTheOneOfBeforeOnTheScreen) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);
