@@ -78,7 +78,7 @@ void BoardClicks::LoadClicked(DaySerial date) {
     board_.LoadWeek(date);
   } catch (...) {
     // The calendar has the clicked day marked already.
-    parts_.calendar.SetValue(parts_.state.currentDate);
+    parts_.calendar.SetValue(parts_.state.dayOnShow);
     throw;
   }
   loadedByClick_ = date;

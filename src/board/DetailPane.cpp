@@ -187,9 +187,11 @@ void DetailPane::StoreComments(const std::string& comments) {
   Current().Comments = comments;
 }
 
+// The hours of an estimate that the status filter keeps out aren't in the day's.
 void DetailPane::AddScheduledHours(Hundredths hours) {
   const auto panel = state_.PanelOf(Current().SchedDate);
-  if (panel && modEstimates::CountsTowardDay(Current().Status)) state_.capacity.ScheduledHours[*panel] += hours;
+  if (!panel || !modEstimates::CountsTowardDay(Current().Status)) return;
+  if (IsListed(*panel, Current().EstimateNumber)) state_.capacity.ScheduledHours[*panel] += hours;
 }
 
 }  // namespace lantos

@@ -69,6 +69,8 @@ class DetailPane : private EstimateOnShow {
 
   // Called when the hours of the current estimate's day have changed; set by whoever shows them.
   std::function<void()> OnHoursChanged;
+  // Whether a panel of the week lists an estimate, and so has its hours; set by whoever has the panels.
+  std::function<bool(std::size_t weekday, std::int32_t estimate)> IsListed;
 
   // Nothing is on show then.
   void ClearDetail();

@@ -33,6 +33,7 @@ class WeekPane {
   void ShowHours(const BoardState& state, std::size_t weekday);
   void ShowComments(const DayCapacity& capacity);
   void AddLines(std::size_t weekday, std::int32_t estimate, const std::string& word, const std::string& customer);
+  bool Lists(std::size_t weekday, std::int32_t estimate) const { return List1[weekday].FindData(estimate) >= 0; }
   // The estimate of the row selected in a panel, if there is one.
   std::optional<std::int32_t> SelectedEstimate(std::size_t weekday) const;
   // The customer's name in the second line of an estimate, if it is listed.

@@ -33,6 +33,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
   SetSize(kDefaultSize, kDefaultSize);
   SetResizable(true);
   detail.OnHoursChanged = [this] { board_.ShowHoursOfCurrent(); };
+  detail.IsListed = [this](std::size_t weekday, std::int32_t estimate) { return week.Lists(weekday, estimate); };
   WalkByEstimates(day.List2);
   for (ui::ListBox& list : week.List1) OpenByEnter(list);
   ServeByKeys(detail.listLabor, {detail.cmdLaborAdd, detail.cmdLaborChange, detail.cmdLaborRemove});

@@ -151,6 +151,7 @@ class RowControl : public Control {
   virtual void RowLost() {}    // it went, without a click
   std::vector<ListRow> rows_;
   int listIndex_ = -1;
+  int extendFrom_ = -1;           // where more than one row can be selected: what Shift goes on from
   std::size_t measuredRows_ = 0;  // leading rows whose width is known; 0 after any change but an addition
   int widest_ = 0;
 
@@ -184,7 +185,6 @@ class ListBox : public RowControl {
 
  private:
   int horizontalExtent_ = 0;
-  int extendFrom_ = -1;
   bool multiSelect_ = false;
   bool checkBoxes_ = false;
 };

@@ -31,6 +31,7 @@ int RowControl::AddItem(std::string text, std::int32_t data) {
 void RowControl::InsertItem(int row, std::string text, std::int32_t data) {
   rows_.insert(rows_.begin() + std::clamp(row, 0, ListCount()), {std::move(text), data, false, false});
   if (listIndex_ >= row) ++listIndex_;
+  if (extendFrom_ >= row) ++extendFrom_;
   ForgetWidths();
   Changed(Aspect::Rows);
 }
@@ -39,6 +40,11 @@ void RowControl::RemoveItem(int row) {
   if (row < 0 || row >= ListCount()) throw std::out_of_range(FullName() + ": no row " + std::to_string(row));
   rows_.erase(rows_.begin() + row);
   ForgetWidths();
+  if (extendFrom_ == row) {
+    extendFrom_ = -1;
+  } else if (extendFrom_ > row) {
+    --extendFrom_;
+  }
   if (listIndex_ == row) {
     listIndex_ = -1;
     RowLost();
@@ -51,6 +57,7 @@ void RowControl::RemoveItem(int row) {
 void RowControl::Clear() {
   rows_.clear();
   listIndex_ = -1;
+  extendFrom_ = -1;
   RowLost();
   ForgetWidths();
   Changed(Aspect::Rows);
@@ -85,6 +92,7 @@ bool ListBox::Selected(int row) const {
 void ListBox::SelectRow(int row) {
   for (ListRow& each : rows_) each.selected = false;
   rows_.at(static_cast<std::size_t>(row)).selected = multiSelect_;
+  extendFrom_ = row;
   SetListIndex(row);
 }
 

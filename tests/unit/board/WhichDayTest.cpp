@@ -83,6 +83,21 @@ TEST(Booking, NamesItsDayInTheCaptionOfTheCustomerSearch) {
   board.FindMenu("mnuCustomer")->DoClick();
 }
 
+// An estimate's click has taken the calendar to its day, with nothing loaded.
+TEST(CalendarMark, GoesBackToTheDayOnShowWhenAnotherCannotBeRead) {
+  BoardBench bench;
+  bench.AddEstimate(900, bench.Today() + 2, kArrived);
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[kThursday], 0);
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Estimates");
+  board.MonthView1.DoPick(bench.Today() + 7);
+  bench.Reveal("Estimates");
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(board.MonthView1.Value(), bench.Today() + 2);
+  EXPECT_EQ(board.day.frameDay.Tag(), std::to_string(bench.Today() + 2));
+}
+
 // A day that is empty was chosen all the same.
 TEST(EmptyDay, PickedInTheCalendarIsTheDayWhoseCommentIsShown) {
   BoardBench bench;
@@ -113,6 +128,40 @@ TEST(Hours, OfLaborGoToTheDayOfTheirEstimate) {
   board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 4600});
   EXPECT_EQ(board.week.lblWeekHours[BoardBench::kTuesday].Caption(), "Scheduled 46.00\nof 40.00: Over");
   EXPECT_EQ(board.week.lblWeekHours[kThursday].Caption(), "Scheduled 0.00\nof 40.00: Under");
+}
+
+// What the last load kept out of the day's hours takes nothing from them, and adds nothing.
+TEST(Hours, OfAnEstimateThatTheFilterHidesCountNowhere) {
+  BookingBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddLabor(900, 1, 200, 1);
+  bench.AddEstimate(901, bench.Today(), kInProgress);
+  bench.AddLabor(901, 1, 300, 1);
+  frmMain& board = bench.Start();
+  bench.Choose(board.week.List1[BoardBench::kTuesday], 0);
+  board.FindMenu("mnuShowStat(1)")->DoClick();
+  test::Click(board.commands.cmdDetailView);
+  board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 100});
+  EXPECT_EQ(bench.Hours()[2], "6.00") << "the board still lists it";
+  board.LoadWeek(bench.Today());
+  test::Click(board.commands.cmdDetailView);
+  board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 4600});
+  EXPECT_EQ(bench.Hours(), (Texts{"Tue 9/30", "40.00", "3.00", "-37.00", "Under"}));
+  board.detail.listLabor.DoSelect(0);
+  bench.desktop.WillAnswer(Answer::Yes);
+  test::Click(board.detail.cmdLaborRemove);
+  EXPECT_EQ(bench.Hours()[2], "3.00");
+}
+
+TEST(Hours, OfABookedEstimateCountWhereItIsListed) {
+  BookingBench bench;
+  frmMain& board = bench.Start();
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillPickCustomer(7);
+  bench.WillLeave();
+  test::Click(board.commands.cmdNewEstimate);
+  board.detail.contents.labor.AddLaborLine(WoLaborLine{.Hours = 250});
+  EXPECT_EQ(bench.Hours()[2], "2.50");
 }
 
 struct Status : BoardBench {
