@@ -176,9 +176,14 @@ Board::WeekLoad Board::LoadWeekIfCountChanged(std::int16_t oldStatus) {
   return WeekLoad::Done;
 }
 
-void Board::FollowStatus(std::int16_t oldStatus) {
+void Board::FollowStatus(std::int16_t oldStatus, Copy copy) {
   RefreshStatusText();
-  if (LoadWeekIfCountChanged(oldStatus) == WeekLoad::Done) parts_.detail.ShowEstimateDetail();
+  if (copy == Copy::Made) {
+    LoadWeek(Current().SchedDate);
+  } else if (LoadWeekIfCountChanged(oldStatus) == WeekLoad::NotNeeded) {
+    return;
+  }
+  parts_.detail.ShowEstimateDetail();
 }
 
 }  // namespace lantos

@@ -64,8 +64,10 @@ class Board {
   // The week of the current estimate, when a change from the old status moved it into or out of the day's hours.
   enum class WeekLoad { NotNeeded, Done };
   WeekLoad LoadWeekIfCountChanged(std::int16_t oldStatus);
-  // Both; the detail view, which a load empties, shows the estimate again.
-  void FollowStatus(std::int16_t oldStatus);
+  // Both, and the load in any case where a copy of the estimate was made, which stands in no list yet. The detail view,
+  // which a load empties, shows the estimate again.
+  enum class Copy { None, Made };
+  void FollowStatus(std::int16_t oldStatus, Copy copy = Copy::None);
 
   // A customer of the files; null when there is none of that number. Good until the next look-up.
   const CustomerRecord* FindCustomerOf(const Estimate& estimate);

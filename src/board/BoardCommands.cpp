@@ -218,17 +218,16 @@ void BoardCommands::EditNotes() {
 
 void BoardCommands::Convert() {
   DetailPane& detail = parts_.detail;
-  const Workorder& order = detail.contents.workorders.Current;
-  const std::int32_t before = order.WorkorderNumber;
+  Conversion conversion(detail.contents.bench, detail.contents.workorders);
   detail.frameDetailView.Owner().Run([&] {
     const ui::Hourglass hourglass(parts_.shop.desktop);
-    Conversion(detail.contents.bench, detail.contents.workorders).Run();
+    conversion.Run();
   });
   // What it has changed is shown however it ended.
   board_.LoadWeek(parts_.database.estimates.CurrentEstimate.SchedDate);
   detail.ShowEstimateDetail();
   // Who has left a conversion at its first questions stays where he was.
-  if (order.WorkorderNumber != before && order.WorkorderNumber != 0) board_.GoOnWithTheDay();
+  if (conversion.HasTakenNumber()) board_.GoOnWithTheDay();
 }
 
 }  // namespace lantos

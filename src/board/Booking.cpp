@@ -31,6 +31,7 @@ void Booking::NewEstimate() {
     parts_.shop.desktop.Tell("New Estimate cancelled.\r\rPrevious estimate redisplayed.", "New Estimate - Cancelled",
                              ui::Icon::Information);
     detailView.OnClick();
+    board_.RefreshLines();
     return;
   }
   const std::int32_t number = parts_.database.estimates.CreateEstimate(day, estimateOnly ? kEstimateOnly : kScheduled);
@@ -99,7 +100,12 @@ void Booking::AttachVehicle() {
 }
 
 void Booking::EditCustomer() {
-  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) return;
+  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate)) {
+    // One may have been edited on the way.
+    parts_.detail.ReadCustomerAgain();
+    board_.RefreshLines();
+    return;
+  }
   AttachCustomer();
   // The taxes are those of the new customer, whether a vehicle is chosen or not.
   parts_.detail.RefreshTotals();

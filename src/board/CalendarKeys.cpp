@@ -32,14 +32,20 @@ void CalendarKeys::MarkMoved() {
 
 void CalendarKeys::Follow() {
   rest_.SetInterval(0);
-  if (!std::exchange(ahead_, false) || parts_.calendar.Value() == parts_.state.currentDate) return;
+  if (!std::exchange(ahead_, false) || BoardStandsOn(parts_.calendar.Value())) return;
   try {
     board_.LoadWeek(parts_.calendar.Value());
   } catch (...) {
-    parts_.calendar.SetValue(parts_.state.currentDate);
+    parts_.calendar.SetValue(parts_.state.dayOnShow);
     throw;
   }
   if (parts_.detail.frameDetailView.Visible()) board_.ShowWeekView();
+}
+
+// A click on an estimate brings its day on show without a load, and its hours may stand there alone.
+bool CalendarKeys::BoardStandsOn(DaySerial date) const {
+  const BoardState& state = parts_.state;
+  return state.currentDate == date && state.dayOnShow == date && parts_.hours.Day() == date;
 }
 
 bool CalendarKeys::Press(const ui::KeyPress& key) {

@@ -20,6 +20,7 @@ class CalendarKeys {
 
  private:
   void MarkMoved();
+  bool BoardStandsOn(DaySerial date) const;
 
   BoardParts parts_;
   Board& board_;

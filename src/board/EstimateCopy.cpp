@@ -16,10 +16,10 @@ void EstimateCopy::Run(const std::function<void()>& steps) const {
 }
 
 void EstimateCopy::Make(DaySerial date, std::int16_t status) {
-  isWhole_ = false;
-  number_ = 0;
+  // One that was made for another day before stays too, and is the one to name while there is no other.
   number_ = estimates_.CreateEstimate(date, status);
   date_ = date;
+  isWhole_ = false;
   estimates_.CloneEstimateContents(estimates_.CurrentEstimate.EstimateNumber, number_);
   isWhole_ = true;
 }

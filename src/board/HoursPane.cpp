@@ -9,7 +9,8 @@ void HoursPane::ShowHours(const BoardState& state, std::size_t weekday) {
   const Hundredths available = state.capacity.AvailableHours[weekday];
   const std::int64_t scheduled = state.capacity.ScheduledHours[weekday];
   const ui::Color color = state.ColorOf(weekday);
-  lblDate.SetCaption(FormatPanelDate(state.PanelDate(weekday)));
+  day_ = state.PanelDate(weekday);
+  lblDate.SetCaption(FormatPanelDate(day_));
   lblAvail.SetCaption(FormatHundredths(available));
   lblSched.SetCaption(FormatHundredths(scheduled));
   lblDiff.SetCaption(FormatHundredths(scheduled - available));

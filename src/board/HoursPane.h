@@ -22,6 +22,11 @@ class HoursPane {
   ui::Label lblStatus{form_, "lblStatus"};
 
   void ShowHours(const BoardState& state, std::size_t weekday);
+  // Whose hours are shown; 0 before the first.
+  DaySerial Day() const { return day_; }
+
+ private:
+  DaySerial day_ = 0;
 };
 
 }  // namespace lantos

@@ -21,12 +21,8 @@ void Papers::ReadPrintOptions() {
   parts_.shop.environment.printOptions = LoadPrintOptions(parts_.shop.environment.Profile());
 }
 
-// A paper has the customer and the totals that the detail view has, and a load of the week empties that.
-void Papers::FillDetail() {
-  DetailPane& detail = parts_.detail;
-  detail.KeepUnsavedComments();
-  if (detail.DisplayedEstimate() != Current().EstimateNumber) detail.ShowEstimateDetail();
-}
+// A paper has the customer and the totals of the detail view, and its lines from the database: both are to be the same.
+void Papers::FillDetail() { parts_.detail.ShowEstimateDetail(); }
 
 void Papers::PrintEstimate() {
   ui::Desktop& desktop = parts_.shop.desktop;

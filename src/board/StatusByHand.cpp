@@ -1,10 +1,11 @@
 #include "board/StatusByHand.h"
 
+#include <utility>
+
 #include "board/BoardMenus.h"
 #include "board/Continue.h"
 #include "board/frmEstStatus.h"
 #include "board/frmReschedule.h"
-#include "contents/Changing.h"
 
 namespace lantos {
 
@@ -14,7 +15,9 @@ void StatusByHand::PopupOf(std::int32_t estimate) {
     parts_.detail.ShowEstimateDetail();
   }
   const std::int16_t oldStatus = Current().Status;
+  copy_ = Board::Copy::None;
   menus_.PopupStatus(oldStatus);
+  if (copy_ == Board::Copy::Made) return board_.FollowStatus(oldStatus, copy_);
   board_.RefreshStatusText();
   board_.LoadWeekIfCountChanged(oldStatus);
 }
@@ -22,7 +25,9 @@ void StatusByHand::PopupOf(std::int32_t estimate) {
 void StatusByHand::PopupOnDetail() {
   if (Current().EstimateNumber == 0) return;
   const std::int16_t oldStatus = Current().Status;
+  copy_ = Board::Copy::None;
   menus_.PopupStatus(oldStatus);
+  if (copy_ == Board::Copy::Made) return board_.FollowStatus(oldStatus, copy_);
   if (Current().Status == oldStatus) return parts_.detail.RefreshDetailCaption("");
   board_.RefreshStatusText();
   if (board_.LoadWeekIfCountChanged(oldStatus) == Board::WeekLoad::Done) parts_.detail.ShowEstimateDetail();
@@ -35,17 +40,20 @@ void StatusByHand::ChangeTo(std::int16_t status) {
 void StatusByHand::Change() {
   const ui::Hourglass hourglass(parts_.shop.desktop);
   const std::int16_t oldStatus = Current().Status;
+  copy_ = Board::Copy::None;
   frmEstStatus form(parts_.shop, parts_.database, Continuing());
   form.ShowModal();
   form.Unload();
-  board_.FollowStatus(oldStatus);
+  board_.FollowStatus(oldStatus, copy_);
 }
 
+// Where it fails on its way the copy may stand already.
 ContinueEstimate StatusByHand::Continuing() {
   return [this] {
     parts_.detail.KeepUnsavedComments();
-    DaySerial next = kNotContinued;
-    ChangeOrGoBack([&] { next = ContinueCurrentEstimate(parts_.shop, parts_.database); }, [this] { ShowCopies(); });
+    const Board::Copy before = std::exchange(copy_, Board::Copy::Made);
+    const DaySerial next = ContinueCurrentEstimate(parts_.shop, parts_.database);
+    if (next == kNotContinued) copy_ = before;
     return next;
   };
 }
@@ -57,24 +65,17 @@ void StatusByHand::Reschedule() {
   frmReschedule form(parts_.shop, parts_.database, parts_.state.lastSelectedDate);
   form.ShowModal();
   const bool moved = form.ok;
-  const bool copied = form.HasCopied();
   const DaySerial date = form.newDate;
+  const auto copy = form.HasCopied() ? Board::Copy::Made : Board::Copy::None;
   form.Unload();
   if (!moved) {
-    // The database may have refused what comes behind the copy, or behind the status.
-    if (Current().Status != oldStatus) board_.FollowStatus(oldStatus);
-    if (copied) ShowCopies();
+    // The database may have refused what comes behind the copy or the status.
+    if (copy == Board::Copy::Made || Current().Status != oldStatus) board_.FollowStatus(oldStatus, copy);
     return;
   }
   board_.LoadWeek(date);
   parts_.commands.cmdDayView.OnClick();
   board_.GoOnWithTheDay();
-}
-
-// A copy that was made before a step failed stays; the person must see it before trying again.
-void StatusByHand::ShowCopies() {
-  board_.LoadWeek(parts_.state.dayOnShow);
-  parts_.detail.ShowEstimateDetail();
 }
 
 }  // namespace lantos

@@ -26,12 +26,12 @@ class StatusByHand {
 
  private:
   ContinueEstimate Continuing();
-  void ShowCopies();
   Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
 
   BoardParts parts_;
   Board& board_;
   BoardMenus& menus_;
+  Board::Copy copy_ = Board::Copy::None;  // of the estimate whose status is being changed
 };
 
 }  // namespace lantos

@@ -21,7 +21,7 @@ class frmReschedule : public OkCancelForm {
 
   bool ok = false;
   DaySerial newDate = 0;
-  // A copy stands in the database, whether the move was finished or not.
+  // A copy stands in the database, whole or not, whatever became of the rest.
   bool HasCopied() const { return copy_.Number() != 0; }
 
  private:

@@ -1,14 +1,12 @@
 #include "contents/EstimateTotals.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace lantos {
 
 namespace {
 
 constexpr std::int64_t kWholeRate = 1000000;  // 100 %
-constexpr int kMechanicDigits = 6;
 
 // Cents, and millionths of a cent behind them: wide enough for any number of lines of any amount.
 class ExactCents {
@@ -35,19 +33,6 @@ class ExactCents {
   std::int64_t millionths_ = 0;
 };
 
-// The list has the hours behind a mechanic's number of six characters, and the total counts what stands in their place
-// there: nothing behind a number of seven, and behind a longer one its last digits, as whole hours.
-std::int64_t HoursInTheirColumn(const WoLaborLine& line) {
-  int characters = line.Mechanic < 0 ? 1 : 0;
-  std::int64_t digits = std::abs(static_cast<std::int64_t>(line.Mechanic));
-  for (std::int64_t rest = digits; rest > 0; rest /= 10) ++characters;
-  characters = std::max(characters, kMechanicDigits + (line.Mechanic < 0 ? 1 : 0));
-  if (characters == kMechanicDigits) return line.Hours;
-  std::int64_t scale = 1;
-  for (int behind = characters - kMechanicDigits - 1; behind > 0; --behind) scale *= 10;
-  return digits % scale * 100;
-}
-
 std::int64_t SumOf(const std::vector<Charge>& charges) {
   std::int64_t sum = 0;
   for (const Charge& charge : charges) sum += charge.price;
@@ -64,7 +49,7 @@ void AddTaxes(ExactCents& tax, const std::vector<Charge>& charges, Millionths ra
 
 EstimateTotals TotalsOf(const TotalledLines& lines, const TaxRates& rates, TaxStanding standing) {
   EstimateTotals totals;
-  for (const auto& [number, line] : lines.labor) totals.hours += HoursInTheirColumn(line);
+  for (const auto& [number, line] : lines.labor) totals.hours += line.Hours;
   totals.labor = LaborSum(lines.labor);
   totals.parts = PartsSum(lines.parts);
   totals.sublets = SumOf(lines.sublets);

@@ -1,6 +1,7 @@
 #include "records/CannedLabor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "frame/Text.h"
 #include "records/FileNumber.h"
@@ -87,13 +88,14 @@ std::string LaborKits::KitOf(std::string_view code) {
 
 void LaborKits::Save(std::string_view code, std::string_view kit) {
   LoadOnce();
-  auto row = std::find_if(rows_.begin(), rows_.end(), [&](const Row& each) { return each.code == code; });
-  if (row == rows_.end()) row = rows_.insert(rows_.end(), {std::string(code), ""});
+  std::vector<Row> rows = rows_;
+  auto row = std::find_if(rows.begin(), rows.end(), [&](const Row& each) { return each.code == code; });
+  if (row == rows.end()) row = rows.insert(rows.end(), {std::string(code), ""});
   row->kit = Left(kit, laborkit::Kit.width);
   {
     OpenedFile file(environment_.openFiles, kLaborKitFile, Access::Write, Deny::All);
     std::uint64_t offset = 0;
-    for (const Row& each : rows_) {
+    for (const Row& each : rows) {
       if (each.code.empty()) continue;
       LaborKitRec record;
       record.Put(laborkit::Code, each.code);
@@ -103,6 +105,7 @@ void LaborKits::Save(std::string_view code, std::string_view kit) {
     }
     file->Truncate(offset);
   }
+  rows_ = std::move(rows);
   environment_.files.FlushFile(kLaborKitFile);
 }
 

@@ -52,7 +52,8 @@ class LaborKits {
   void LoadOnce();
   // The kit of a code; empty when there is no row. Loads if need be.
   std::string KitOf(std::string_view code);
-  // Sets or adds, and rewrites the file, rows without a code left out.
+  // Sets or adds, and rewrites the file, rows without a code left out. FileError when it can't be written: the kit is
+  // as before then.
   void Save(std::string_view code, std::string_view kit);
 
  private:

@@ -134,6 +134,7 @@ void Conversion::StoreVehicleIfChanged() {
 // From here on the number is used up, whatever follows.
 void Conversion::TakeNumber() {
   Order().WorkorderNumber = bench_.shop.records.system.TakeNumber(sysrec::last_workorder_number);
+  hasTakenNumber_ = true;
   done_.Add("the number was taken");
 }
 

@@ -19,6 +19,8 @@ class Conversion {
   // From the section's password to the estimate's new status, with all questions and messages. What ended it early has
   // been told, or throws.
   void Run();
+  // From then on the work order has a number, whatever follows.
+  bool HasTakenNumber() const { return hasTakenNumber_; }
 
  private:
   bool MayConvert();
@@ -47,6 +49,7 @@ class Conversion {
   Workorders& workorders_;
   OrderFilling filling_;
   StepsDone done_;
+  bool hasTakenNumber_ = false;
   std::string reorderList_;
   std::string notMoved_;  // part numbers, each behind a carriage return
 };

@@ -49,7 +49,7 @@ void LaborLines::StoreLaborLine(std::int32_t number, WoLaborLine line) {
                          line.Mechanic);
   list_.Put(number, line);
   list_.Select(number);
-  bench_.estimate.AddScheduledHours(line.Hours);
+  AddToTheDay(line.Hours);
 }
 
 void LaborLines::Make(const std::function<void()>& change) {
@@ -70,26 +70,28 @@ void LaborLines::LoadLaborList() {
   list_.StartAnew();
   for (; !labor.Eof(); labor.MoveNext()) list_.Put(labor.Long("LaborNumber"), ReadLaborLine(labor));
   labor.Close();
+  hoursOfTheDay_ = 0;
+  for (const auto& [number, line] : list_.Lines()) hoursOfTheDay_ += line.Hours;
 }
 
-// What another workstation has added or taken away is seen from then on, and counts on the day.
+// What another workstation has added or taken away is seen from then on, and counts on the day. A list that was emptied
+// on the screen has counted all the time.
 void LaborLines::GoBack() {
   const std::optional<std::int32_t> selected = list_.Selected();
-  const Hundredths hoursBefore = HoursListed();
+  const std::int64_t hoursBefore = hoursOfTheDay_;
   LoadLaborList();
   if (selected) list_.Select(*selected);
-  bench_.estimate.AddScheduledHours(HoursListed() - hoursBefore);
+  bench_.estimate.AddScheduledHours(LongOrOverflow(hoursOfTheDay_ - hoursBefore));
 }
 
-Hundredths LaborLines::HoursListed() const {
-  std::int64_t hours = 0;
-  for (const auto& [number, line] : list_.Lines()) hours += line.Hours;
-  return LongOrOverflow(hours);
+void LaborLines::AddToTheDay(Hundredths hours) {
+  hoursOfTheDay_ += hours;
+  bench_.estimate.AddScheduledHours(hours);
 }
 
 void LaborLines::RemoveLaborLine(std::int32_t number) {
   bench_.Data().DeleteLabor(bench_.Number(), number);
-  bench_.estimate.AddScheduledHours(-list_[number].Hours);
+  AddToTheDay(-list_[number].Hours);
   list_.Remove(number);
 }
 

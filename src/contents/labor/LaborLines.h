@@ -38,12 +38,13 @@ class LaborLines {
   void StoreLaborLine(std::int32_t number, WoLaborLine line);
   void RemoveLaborLine(std::int32_t number);
   void GoBack();
-  Hundredths HoursListed() const;
+  void AddToTheDay(Hundredths hours);
   std::string EstimateDate() const;
 
   Workbench& bench_;
   NumberedList<WoLaborLine>& list_;  // by LaborNumber
   Surcharge& surcharge_;
+  std::int64_t hoursOfTheDay_ = 0;  // of the estimate, seen or not: as loaded, with what was changed since
 };
 
 }  // namespace lantos

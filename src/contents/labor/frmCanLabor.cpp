@@ -71,12 +71,15 @@ void frmCanLabor::Accept() {
   if (!numbers_.AreNumbers()) return;
   const LaborText lines = FlowDescription(txtDesc.Text()).lines;
   const std::string code = Trim(txtCode.Text());
+  CannedLabor changed;
+  changed.Hours = CentsIn(Hours);
+  changed.Rate = CentsIn(ShopRate);
+  changed.Total = CentsIn(TotalLabor);
+  changed.Desc = lines;
+  changed.Desc[0] = LeftJustify(code, kLaborCodeWidth) + lines[0];
+  // Behind all that may not fit.
   bench_.shop.records.laborKits.Save(code, Trim(Combo1.Text()));
-  Entry.Hours = CentsIn(Hours);
-  Entry.Rate = CentsIn(ShopRate);
-  Entry.Total = CentsIn(TotalLabor);
-  Entry.Desc = lines;
-  Entry.Desc[0] = LeftJustify(code, kLaborCodeWidth) + lines[0];
+  Entry = changed;
   saved_ = true;
   Hide();
 }

@@ -1,5 +1,7 @@
 #include "contents/labor/frmCanLaborList.h"
 
+#include <utility>
+
 #include "contents/labor/frmCanLabor.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
@@ -212,13 +214,18 @@ void frmCanLaborList::UpdateRate() {
   SwitchTo(Showing::Grid);
 }
 
+// All totals before the first entry is changed: one that doesn't fit leaves them all as they are.
 void frmCanLaborList::UpdateTicked() {
   const Cents rate = bench_.System().Get(sysrec::shop_rate);
+  std::vector<std::pair<CannedLabor*, Cents>> totals;
   for (const ui::ListRow& row : UpdList.Rows()) {
     if (!row.checked) continue;
     CannedLabor& entry = entries_[static_cast<std::size_t>(row.data)];
-    entry.Rate = rate;
-    entry.Total = static_cast<Cents>(DivideHalfEven(static_cast<std::int64_t>(entry.Hours) * rate, 100));
+    totals.emplace_back(&entry, LongOrOverflow(DivideHalfEven(static_cast<std::int64_t>(entry.Hours) * rate, 100)));
+  }
+  for (const auto& [entry, total] : totals) {
+    entry->Rate = rate;
+    entry->Total = total;
     changed_ = true;
   }
 }

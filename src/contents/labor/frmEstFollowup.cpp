@@ -46,12 +46,14 @@ void frmEstFollowup::Accept() {
   }
   Followups::Using file(bench_.shop.environment);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (rows[i].checked) TakeUp(followups_[i], file);
+    if (rows[i].checked) TakeUp(i, file);
   }
   Hide();
 }
 
-void frmEstFollowup::TakeUp(Followup& followup, Followups::Using& file) {
+// A line that stands on the estimate isn't added once more, whatever fails behind it.
+void frmEstFollowup::TakeUp(std::size_t row, Followups::Using& file) {
+  Followup& followup = followups_[row];
   const FollowupRecord& record = followup.record;
   WoLaborLine line;
   line.Rate = record.Get(followup::Rate);
@@ -63,6 +65,7 @@ void frmEstFollowup::TakeUp(Followup& followup, Followups::Using& file) {
   line.Desc = SplitLaborText(record.Get(followup::Description));
   for (std::string& text : line.Desc) text = Left(text, kLaborLineWidth);
   labor_.AddLaborLine(line);
+  List1.SetChecked(static_cast<int>(row), false);
   file.UseUp(followup);
 }
 

@@ -21,7 +21,7 @@ class frmEstFollowup : public OkCancelForm {
  private:
   void OnLoad() override;
   void Accept() override;
-  void TakeUp(Followup& followup, Followups::Using& file);
+  void TakeUp(std::size_t row, Followups::Using& file);
 
   Workbench& bench_;
   LaborLines& labor_;

@@ -94,6 +94,19 @@ TEST(Focus, AfterAPaperIsWhereItWas) {
   EXPECT_EQ(bench.board.Focus(), &bench.list);
 }
 
+// The booking of an estimate leaves its number in the work order, and the counters of both may be alike.
+TEST(Focus, AfterAConversionToAWorkOrderOfTheEstimatesNumberIsOnTheWayBackToTheDay) {
+  Keys bench;
+  bench.directory.Put("TQEMPLOY.DAT", "");
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.Show(900);
+  bench.board.detail.listLabor.SetFocus();
+  bench.workorders.Current.WorkorderNumber = bench.records.system.SysRec.Get(sysrec::last_workorder_number);
+  bench.desktop.WillAnswer({Answer::Yes, Answer::Ok, Answer::No, Answer::Ok});
+  bench.board.FindMenu("mnuConvertToWO")->DoClick();
+  EXPECT_EQ(bench.board.Focus(), &bench.board.commands.cmdDayView);
+}
+
 TEST(LaborAndParts, InsertAddsEnterChangesAndDeleteRemoves) {
   Keys bench;
   bench.Fill(900, 7);

@@ -46,18 +46,76 @@ TEST(PrintedEstimate, FromTheDayViewHasItsTotalsAndItsTax) {
   EXPECT_TRUE(HasTaxRow(report));
 }
 
-TEST(EditedCustomer, IsReadAgainForScreenAndPaper) {
+// Labor 163.75, and its tax.
+constexpr const char* kWithFiftyMore = "441.42";
+
+TEST(PrintedEstimate, OfAListThatWasEmptiedOnTheScreenHasTheTotalsOfItsLines) {
   Printing bench;
   bench.Show(900);
   frmMain& board = bench.board;
-  bench.desktop.WillUse([&](ui::Form& form) {
-    Customers& customers = bench.records.customers;
-    ASSERT_TRUE(customers.MakeCurrent(7));
-    customers.CurrentCustomer.Put(customer::Firstname, "Bertha");
-    customers.CurrentCustomer.Put(customer::tax_id_number, "31-99");
-    ASSERT_TRUE(customers.WriteCustomer());
-    form.PressKey(ui::ParseKey("Esc"));
-  });
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillLeave();
+  test::Click(board.detail.cmdVehicleEdit);
+  WoLaborLine line;
+  line.Hours = 100;
+  line.Total = 5000;
+  line.Desc[0] = "WIPERS";
+  board.detail.contents.labor.AddLaborLine(line);
+  EXPECT_EQ(bench.Totals()[1], "50.00");
+  EXPECT_EQ(LabelOf(bench.Print(), "lblTotal"), kWithFiftyMore);
+  EXPECT_EQ(bench.Totals()[6], kWithFiftyMore);
+}
+
+TEST(PrintedEstimate, WithALineOfAnotherWorkstationHasItInItsTotals) {
+  Printing bench;
+  bench.Show(900);
+  bench.AddLabor(900, 9, 100, 5000, "WIPERS");
+  EXPECT_EQ(bench.Totals()[6], "388.42");
+  EXPECT_EQ(LabelOf(bench.Print(), "lblTotal"), kWithFiftyMore);
+  EXPECT_EQ(bench.Totals()[6], kWithFiftyMore);
+}
+
+struct Renaming : Printing {
+  // Inside of the search, which chooses nobody.
+  void WillRename() {
+    desktop.WillUse([this](ui::Form& form) {
+      Customers& customers = records.customers;
+      ASSERT_TRUE(customers.MakeCurrent(7));
+      customers.CurrentCustomer.Put(customer::Firstname, "Bertha");
+      customers.CurrentCustomer.Put(customer::tax_id_number, "31-99");
+      ASSERT_TRUE(customers.WriteCustomer());
+      form.PressKey(ui::ParseKey("Esc"));
+    });
+  }
+};
+
+TEST(EditedCustomer, InASearchThatChoosesNobodyIsReadAgain) {
+  Renaming bench;
+  bench.Show(900);
+  frmMain& board = bench.board;
+  bench.WillRename();
+  test::Click(board.detail.cmdCustomerEdit);
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "Bertha Adams");
+  EXPECT_EQ(bench.Totals()[5], "6.14");
+  EXPECT_EQ(test::TextsOf(board.week.List1[Printing::kTuesday])[1], "  Adams,Bertha");
+}
+
+TEST(EditedCustomer, InTheSearchOfACancelledBookingIsReadAgain) {
+  Renaming bench;
+  bench.Show(900);
+  frmMain& board = bench.board;
+  bench.desktop.WillAnswer({Answer::No, Answer::Ok});
+  bench.WillRename();
+  test::Click(board.commands.cmdNewEstimate);
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "Bertha Adams");
+  EXPECT_EQ(test::TextsOf(board.week.List1[Printing::kTuesday])[1], "  Adams,Bertha");
+}
+
+TEST(EditedCustomer, IsReadAgainForScreenAndPaper) {
+  Renaming bench;
+  bench.Show(900);
+  frmMain& board = bench.board;
+  bench.WillRename();
   board.FindMenu("mnuCustomer")->DoClick();
   EXPECT_EQ(board.detail.lblCustName.Caption(), "Bertha Adams");
   EXPECT_EQ(bench.Totals(), (Texts{"1.25", "113.75", "99.96", "150.00", "3.50", "6.14", "373.35"}));

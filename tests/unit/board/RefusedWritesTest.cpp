@@ -113,6 +113,35 @@ TEST(RefusedReschedule, ShowsWhatWasDoneOfIt) {
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday])[0], "000900 Rescheduled");
 }
 
+TEST(RefusedReschedule, ThatIsGivenUpLeavesItsCopyOnTheBoard) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    EXPECT_TRUE(form.Visible());
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]),
+            (Texts{"000900 Arrived", "  Adams,Beth", "001001 ", "  Adams,Beth"}));
+  EXPECT_EQ(board.detail.DisplayedEstimate(), 900);
+}
+
+TEST(RefusedReschedule, WhoseCopyIsEmptyShowsItToo) {
+  Refusing bench;
+  bench.AddLabor(900, 1, 400, 26000);
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger RefuseLabor before insert on Labors begin select raise(abort, 'no'); end");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]).at(2), "001001 ");
+}
+
 TEST(RefusedReschedule, TriedAgainGoesOnWithTheCopyThatWasMade) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);

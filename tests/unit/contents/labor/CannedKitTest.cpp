@@ -54,6 +54,30 @@ TEST(CannedKit, NoneIsStillThereToBeChosen) {
   EXPECT_EQ(bench.records.laborKits.KitOf("LOF"), "None");
 }
 
+TEST(CannedKit, AnAmountThatNoFieldHoldsLeavesTheKitAsItWas) {
+  CannedKit bench;
+  bench.desktop.failuresExpected = true;
+  frmCanLabor form(bench.bench, frmCanLabor::Mode::Edit, CannedKit::Entry());
+  form.Show();
+  form.Combo1.DoSelect(0);
+  test::Type(form.Hours, "3");
+  test::Type(form.TotalLabor, "99999999");
+  test::Press(form, "F10");
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_FALSE(form.Saved());
+  EXPECT_EQ(bench.records.laborKits.KitOf("LOF"), "KIT-A");
+  EXPECT_EQ(form.Entry.Hours, 0);
+}
+
+TEST(CannedKit, AKitThatCantBeWrittenIsAsItWas) {
+  CannedKit bench;
+  const OpenedFile held(bench.environment.openFiles, kLaborKitFile, Access::ReadWrite, Deny::All);
+  EXPECT_THROW(bench.records.laborKits.Save("LOF", "KIT-B"), FileError);
+  EXPECT_THROW(bench.records.laborKits.Save("NEW", "KIT-B"), FileError);
+  EXPECT_EQ(bench.records.laborKits.KitOf("LOF"), "KIT-A");
+  EXPECT_EQ(bench.records.laborKits.KitOf("NEW"), "");
+}
+
 TEST(CannedKit, AKitThatIsOfferedWaitsForThePartsThatArentListedYet) {
   CannedKit bench;
   bench.SaveKit();

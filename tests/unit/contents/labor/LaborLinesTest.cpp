@@ -170,6 +170,32 @@ TEST(LaborLines, ALineThatCantBeRemovedStays) {
   EXPECT_EQ(bench.board.scheduledHours, 0);
 }
 
+// The day still counts what is no longer seen.
+TEST(LaborLines, AClearedListThatComesBackCountsItsHoursOnce) {
+  TwoLines bench;
+  bench.labor.ClearLaborList();
+  WoLaborLine line;
+  line.Hours = 200;
+  line.Desc[0] = "OURS";
+  bench.labor.AddLaborLine(line);
+  EXPECT_EQ(bench.board.scheduledHours, 200);
+  bench.Do("create trigger Refuse before insert on Labors begin select raise(abort, 'no'); end");
+  EXPECT_THROW(bench.labor.AddLaborLine(line), DatabaseError);
+  EXPECT_EQ(bench.Rows().size(), 7U) << "all lines are seen again";
+  EXPECT_EQ(bench.board.scheduledHours, 200);
+}
+
+TEST(LaborLines, AClearedListThatComesBackWithAnotherWorkstationsLineCountsThatOneAlone) {
+  TwoLines bench;
+  bench.labor.ClearLaborList();
+  bench.Store(4, 100, 6500, "OF ANOTHER WORKSTATION");
+  WoLaborLine line;
+  line.Hours = 200;
+  line.Desc[0] = "OURS";
+  EXPECT_THROW(bench.labor.AddLaborLine(line), DatabaseError);
+  EXPECT_EQ(bench.board.scheduledHours, 100);
+}
+
 // It is gone from the database, and so from the list, the day, the surcharge and the totals.
 TEST(LaborLines, ALineThatIsLostOnItsWayCountsNoMore) {
   TwoLines bench;
