@@ -236,7 +236,7 @@ TEST(RefusedContinuation, WithoutANumberForItsLineMakesNoCopy) {
   });
   bench.desktop.WillChoose("mnuPopupStatus(5)");
   bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
-  EXPECT_EQ(bench.desktop.failures.at(0), "Overflow");
+  EXPECT_EQ(bench.desktop.failures.at(0), "Overflow: 2147483648 is too large.");
   EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "1");
   EXPECT_EQ(bench.NextNumber(), 1001);
 }
@@ -286,6 +286,46 @@ TEST(RefusedBooking, IsOnTheBoardAsFarAsItStandsInTheDatabase) {
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]), (Texts{"001001 ", "  CUSTOMER,UNKNOWN"}));
   EXPECT_EQ(board.detail.lblCustName.Caption(), "UNKNOWN CUSTOMER");
+}
+
+TEST(RefusedBooking, WithoutARowShowsThePreviousEstimateAgain) {
+  Refusing bench;
+  bench.AddLabor(900, 1, 100, 6500);
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillPickCustomer(8);
+  test::Click(board.commands.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  bench.ExpectAsBefore(kArrived, "Arrived");
+  EXPECT_TRUE(board.detail.frameDetailView.Visible());
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "Beth Adams");
+  EXPECT_EQ(board.detail.listLabor.ListCount(), 2);
+}
+
+TEST(RefusedComments, LeaveTheRowOfTheirEstimateSelected) {
+  Refusing bench;
+  bench.AddEstimate(901, bench.Today(), kArrived, 8);
+  bench.AddEstimate(902, bench.Today() + 1, kArrived, 8);
+  frmMain& board = bench.Begin(kArrived);
+  ui::ListBox& tuesday = board.week.List1[Refusing::kTuesday];
+  ui::ListBox& wednesday = board.week.List1[Refusing::kTuesday + 1];
+  board.detail.txtComments.SetText("Waits");
+  bench.Refuse("Comments");
+  bench.Choose(tuesday, 2);
+  EXPECT_EQ(tuesday.ListIndex(), 0);
+  bench.Choose(wednesday, 0);
+  EXPECT_EQ(wednesday.ListIndex(), -1);
+  EXPECT_EQ(tuesday.ListIndex(), 0);
+  bench.Choose(board.day.List2, board.day.List2.FindData(901));
+  EXPECT_EQ(board.day.List2.ListIndex(), board.day.List2.FindData(900));
+  EXPECT_EQ(bench.desktop.failures.size(), 3U);
+  EXPECT_EQ(bench.Current().EstimateNumber, 900);
+  bench.Allow();
+  bench.Choose(tuesday, 2);
+  EXPECT_EQ(bench.Current().EstimateNumber, 901);
+  EXPECT_EQ(tuesday.ListIndex(), 2);
 }
 
 TEST(RefusedComments, OfAConversionAreNotShownAsKept) {
