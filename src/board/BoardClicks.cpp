@@ -104,10 +104,25 @@ void BoardClicks::PanelClick(std::size_t weekday) {
 
 void BoardClicks::WeekListClick(std::size_t weekday) {
   const std::optional<std::int32_t> estimate = parts_.week.SelectedEstimate(weekday);
-  if (!estimate) return;
-  board_.Choose(*estimate);
+  if (!estimate || marking_) return;
+  Choose(parts_.week.List1[weekday], *estimate);
   board_.SelectDay(weekday);
   parts_.detail.ShowEstimateDetail();
+}
+
+// No row looks selected that isn't the current estimate's: where that one stays, the clicked list goes back to it.
+void BoardClicks::Choose(ui::ListBox& clicked, std::int32_t estimate) {
+  try {
+    board_.Choose(estimate);
+  } catch (...) {
+    marking_ = true;
+    clicked.SetListIndex(clicked.FindData(parts_.database.estimates.CurrentEstimate.EstimateNumber));
+    marking_ = false;
+    throw;
+  }
+  for (ui::ListBox& list : parts_.week.List1) {
+    if (list.ListIndex() >= 0 && list.ItemData(list.ListIndex()) != estimate) list.SetListIndex(-1);
+  }
 }
 
 // The window system tells of double clicks beside the rows too: without a selected row they mean no estimate.
@@ -127,12 +142,12 @@ void BoardClicks::OpenDetail() {
 void BoardClicks::DayListClick() {
   ui::ListBox& list = parts_.day.List2;
   const int row = list.ListIndex();
-  if (row < 0) return;
+  if (row < 0 || marking_) return;
   if (row > 0 && list.List(row).starts_with(' ')) {
     list.SetListIndex(row - 1);  // fires this click again, up to the estimate's main line
     return;
   }
-  board_.Choose(list.ItemData(row));
+  Choose(list, list.ItemData(row));
   parts_.detail.ShowEstimateDetail();
 }
 

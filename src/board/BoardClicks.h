@@ -26,6 +26,7 @@ class BoardClicks {
   void WeekListClick(std::size_t weekday);
   void WeekListDoubleClick(std::size_t weekday);
   void DayListClick();
+  void Choose(ui::ListBox& clicked, std::int32_t estimate);
   void OpenDetail();
   void WeekListRightClick(std::size_t weekday);
   void DayListRightClick();
@@ -36,6 +37,7 @@ class BoardClicks {
   StatusByHand& status_;
   const DayRollover& rollover_;
   DaySerial loadedByClick_ = kNoDay;
+  bool marking_ = false;  // a row is selected to show what is current, and chooses nothing
 };
 
 }  // namespace lantos

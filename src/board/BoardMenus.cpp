@@ -62,8 +62,10 @@ void BoardMenus::BuildMaintenanceMenu() {
   ui::MenuItem& maintenance = form_.AddMenu("mnuMaint", "&Maintenance");
   maintenance.Add("mnuCustomer", "&Customers", [this] {
     if (!MayEnter(shop_, Section::Customer)) return;
+    const Customers& customers = shop_.records.customers;
+    const std::size_t before = customers.Writings();
     masters_.CustomerMaintenance(MasterScreens::Purpose::Maintain);
-    actions_.customersEdited();
+    if (customers.Writings() != before) actions_.customersEdited();
   });
   maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
   maintenance.Add("mnuMaintInventory", "&Inventory", [this] {

@@ -1,5 +1,6 @@
 #include "board/Booking.h"
 
+#include "contents/Changing.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
@@ -19,24 +20,35 @@ constexpr const char* kLaborOnly = "There are labor items already on the estimat
 
 void Booking::NewEstimate() {
   const DaySerial day = parts_.state.currentDate;
-  ui::Button& detailView = parts_.commands.cmdDetailView;
   if (day < parts_.shop.environment.Today() && !AskForPastDate(day)) return;
   const bool estimateOnly =
       parts_.shop.desktop.Ask("Is this an Estimate Only?\r\r(Will not be \"Scheduled\")", "New Estimate",
                               ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
-  detailView.OnClick();
+  parts_.commands.cmdDetailView.OnClick();
   parts_.detail.ClearDetail();
-  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate,
-                                    "New Estimate on " + FormatDateWithWeekday(day))) {
+  std::optional<std::int32_t> number;
+  ChangeOrGoBack([&] { number = Create(day, estimateOnly ? kEstimateOnly : kScheduled); }, [this] { ShowPrevious(); });
+  if (!number) {
     parts_.shop.desktop.Tell("New Estimate cancelled.\r\rPrevious estimate redisplayed.", "New Estimate - Cancelled",
                              ui::Icon::Information);
-    detailView.OnClick();
-    board_.RefreshLines();
+    ShowPrevious();
     return;
   }
-  const std::int32_t number = parts_.database.estimates.CreateEstimate(day, estimateOnly ? kEstimateOnly : kScheduled);
-  PrepareWorkorder(number, day);
-  Book(number);
+  PrepareWorkorder(*number, day);
+  Book(*number);
+}
+
+std::optional<std::int32_t> Booking::Create(DaySerial day, Status status) {
+  if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate,
+                                    "New Estimate on " + FormatDateWithWeekday(day))) {
+    return std::nullopt;
+  }
+  return parts_.database.estimates.CreateEstimate(day, status);
+}
+
+void Booking::ShowPrevious() {
+  parts_.commands.cmdDetailView.OnClick();
+  board_.RefreshLines();
 }
 
 // An estimate that stands in the database is shown, whatever else the database refuses of it.

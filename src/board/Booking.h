@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "board/Board.h"
 #include "masters/customers/MasterScreens.h"
 
@@ -18,6 +20,9 @@ class Booking {
 
  private:
   bool AskForPastDate(DaySerial day);
+  // The number of an estimate for the customer that the person chooses; nothing when none is chosen.
+  std::optional<std::int32_t> Create(DaySerial day, Status status);
+  void ShowPrevious();
   void Book(std::int32_t number);
   void PrepareWorkorder(std::int32_t number, DaySerial day);
   void ShowBooked(std::int32_t number);

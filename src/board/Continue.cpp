@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "board/DayCapacity.h"
+#include "board/EstimateCopy.h"
 #include "board/frmContinue.h"
+#include "contents/AmountFields.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -14,17 +16,31 @@ namespace lantos {
 
 namespace {
 
-std::int32_t HighestLaborNumber(de& database, std::int32_t estimate) {
+std::int32_t NextLaborNumber(de& database, std::int32_t estimate) {
   std::int32_t highest = 0;
   Recordset& labor = database.LaborForEstimate(estimate);
   for (; !labor.Eof(); labor.MoveNext()) highest = std::max(highest, labor.Long("LaborNumber"));
   labor.Close();
-  return highest;
+  return Sum(highest, 1);
 }
 
 Cents TotalAtShopRate(const Shop& shop, Hundredths hours) {
   const std::int64_t rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
   return LongOrOverflow(DivideHalfEven(hours * rate, 100));
+}
+
+struct HoursApplied {
+  DaySerial day;
+  Hundredths taken;  // below zero for hours that were worked
+  std::int32_t mechanic;
+};
+
+// A line that brings the copy's hours down by what was done.
+void TakeOff(const Shop& shop, de& data, std::int32_t copy, const HoursApplied& applied) {
+  // Taking the number has read the system record anew, and the rate with it.
+  const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
+  data.AddLabor(copy, NextLaborNumber(data, copy), "HOURS APPLIED ON " + FormatDate(applied.day), applied.taken, rate,
+                TotalAtShopRate(shop, applied.taken), applied.mechanic);
 }
 
 }  // namespace
@@ -45,16 +61,14 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   // Tried before anything is made: what doesn't fit leaves all as it was.
   const Hundredths taken = WholeOrOverflow(-typed);
   TotalAtShopRate(shop, taken);
-  const std::int32_t copy = database.estimates.CreateEstimate(next, old.Status);
-  database.estimates.CloneEstimateContents(old.EstimateNumber, copy);
-  data.SetStatus(old.Status, copy);
-  if (taken != 0) {
-    // Taking the number has read the system record anew, and the rate with it.
-    const Cents rate = shop.records.system.SysRec.Get(sysrec::shop_rate);
-    data.AddLabor(copy, HighestLaborNumber(data, copy) + 1, "HOURS APPLIED ON " + FormatDate(old.SchedDate), taken,
-                  rate, TotalAtShopRate(shop, taken), mechanic);
-  }
-  data.SetStatus(kContinued, old.EstimateNumber);
+  if (taken != 0) NextLaborNumber(data, old.EstimateNumber);
+  EstimateCopy copy(database.estimates);
+  copy.Run([&] {
+    copy.Make(next, old.Status);
+    data.SetStatus(old.Status, copy.Number());
+    if (taken != 0) TakeOff(shop, data, copy.Number(), {old.SchedDate, taken, mechanic});
+    data.SetStatus(kContinued, old.EstimateNumber);
+  });
   database.estimates.CurrentEstimate = old;
   return next;
 }

@@ -66,7 +66,7 @@ void StatusByHand::Reschedule() {
   form.ShowModal();
   const bool moved = form.ok;
   const DaySerial date = form.newDate;
-  const auto copy = form.hasCopied ? Board::Copy::Made : Board::Copy::None;
+  const auto copy = form.HasCopied() ? Board::Copy::Made : Board::Copy::None;
   form.Unload();
   if (!moved) {
     // The database may have refused what comes behind the copy or the status.

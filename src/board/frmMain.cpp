@@ -42,8 +42,9 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
   menus_.Build(boardCommands_.All(), {.refreshTotals = [this] { detail.RefreshTotals(); },
                                       .customersEdited =
                                           [this] {
-                                            detail.ReadCustomerAgain();
-                                            board_.RefreshLines();
+                                            const bool onShow = detail.DisplayedEstimate() != 0;
+                                            board_.LoadWeek(state_.dayOnShow);
+                                            if (onShow) detail.ShowEstimateDetail();
                                           },
                                       .changeStatus = [this](std::int16_t status) { status_.ChangeTo(status); }});
 }

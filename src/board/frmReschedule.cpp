@@ -13,7 +13,9 @@ constexpr std::size_t kCommentsWidth = 255;
 }  // namespace
 
 frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial proposed)
-    : OkCancelForm(shop.desktop, shop.keys, "frmReschedule", "Reschedule"), database_(database) {
+    : OkCancelForm(shop.desktop, shop.keys, "frmReschedule", "Reschedule"),
+      database_(database),
+      copy_(database.estimates) {
   SetSize(6000, 2400);
   SetCaption("Reschedule - Est. # " + FormatZeros(database.estimates.CurrentEstimate.EstimateNumber, 6));
   const bool wasSet = proposed >= ToSerial({2003, 1, 1});
@@ -23,12 +25,19 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
   UseButtons(cmdOK, cmdCancel);
 }
 
-// The copy keeps the old comments: it is made before they are changed.
 void frmReschedule::Accept() {
+  copy_.Run([this] { Move(DTPicker1.Value()); });
+  ok = true;
+  newDate = DTPicker1.Value();
+  Hide();
+}
+
+// Once for a day: when the database refuses what comes behind the copy, the next try goes on from there. The copy keeps
+// the old comments: it is made before they are changed.
+void frmReschedule::Move(DaySerial date) {
   Estimate& current = database_.estimates.CurrentEstimate;
   const Estimate old = current;
-  const DaySerial date = DTPicker1.Value();
-  if (copiedTo_ != date) CopyTo(date);
+  if (!copy_.IsWholeOn(date)) copy_.Make(date, kScheduled);
   const bool staysEstimateOnly = old.Status == kEstimateOnly;
   if (!staysEstimateOnly) {
     database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);
@@ -38,17 +47,6 @@ void frmReschedule::Accept() {
   const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(old.Comments), kCommentsWidth));
   database_.lantosData.SetComments(comments, old.EstimateNumber);
   current.Comments = comments;
-  ok = true;
-  newDate = date;
-  Hide();
-}
-
-// Once for a day: when the database refuses what comes behind it, the next try goes on from there.
-void frmReschedule::CopyTo(DaySerial date) {
-  const std::int32_t copy = database_.estimates.CreateEstimate(date, kScheduled);
-  hasCopied = true;
-  database_.estimates.CloneEstimateContents(database_.estimates.CurrentEstimate.EstimateNumber, copy);
-  copiedTo_ = date;
 }
 
 }  // namespace lantos

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/EstimateCopy.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
@@ -19,16 +20,17 @@ class frmReschedule : public OkCancelForm {
   ui::Button cmdCancel{*this, "cmdCancel", "Cancel <Esc>"};
 
   bool ok = false;
-  bool hasCopied = false;  // a copy stands in the database, whole or not, whatever became of the rest
   DaySerial newDate = 0;
+  // A copy stands in the database, whole or not, whatever became of the rest.
+  bool HasCopied() const { return copy_.Number() != 0; }
 
  private:
   void OnActivate() override { DTPicker1.SetFocus(); }
   void Accept() override;
-  void CopyTo(DaySerial date);
+  void Move(DaySerial date);
 
   EstimateDatabase& database_;
-  DaySerial copiedTo_ = 0;  // 0: not yet
+  EstimateCopy copy_;
 };
 
 }  // namespace lantos

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "contents/AmountFields.h"
 #include "contents/NumberedRows.h"
 
 namespace lantos {
@@ -21,8 +22,9 @@ class NumberedList {
   bool Contains(std::int32_t number) const { return lines_.contains(number); }
   const Line& operator[](std::int32_t number) const { return lines_.at(number); }
 
-  // Behind the highest that there has been: one that was removed isn't given again.
-  std::int32_t NextNumber() const { return highest_ + 1; }
+  // Behind the highest that there has been: one that was removed isn't given again. std::overflow_error behind the last
+  // that there can be.
+  std::int32_t NextNumber() const { return Sum(highest_, 1); }
   // The number has been given, whether its line comes to stand in the list or not.
   void Reserve(std::int32_t number) { highest_ = std::max(highest_, number); }
 

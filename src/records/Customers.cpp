@@ -132,6 +132,7 @@ std::uint64_t Customers::MasterLength() const {
 bool Customers::WriteCustomer() {
   lookupCustomer_ = kNobody;
   lookedUp_.reset();
+  const CustomerTag currentBefore = CurrentTag;
   std::size_t index = FindCustomerTag(CurrentCustomer);
   if (index == Count()) {
     // Without the tags the customer would pass for the first of all, and take the place of another one's tag.
@@ -144,6 +145,7 @@ bool Customers::WriteCustomer() {
     CurrentTag = {};
     CurrentTag.Put(customertag::Offset, kNoLink);
   }
+  const CustomerTag before = isNew ? currentBefore : CurrentTag;
   MakeTagFollowCustomer();
   if (isNew) {
     tags_.push_back(CurrentTag);
@@ -151,7 +153,26 @@ bool Customers::WriteCustomer() {
   } else {
     tags_[index] = CurrentTag;
   }
-  return WriteTagAndMaster(index);
+  Written written = Written::Nothing;
+  try {
+    WriteTagAndMaster(index, written);
+  } catch (...) {
+    if (written == Written::Nothing) TakeBack(index, isNew ? TagIs::New : TagIs::Known, before);
+    throw;
+  }
+  if (written == Written::Nothing) TakeBack(index, isNew ? TagIs::New : TagIs::Known, before);
+  return written == Written::Both;
+}
+
+// What isn't in the tag file isn't found by a search either.
+void Customers::TakeBack(std::size_t index, TagIs tag, const CustomerTag& before) {
+  CurrentTag = before;
+  if (tag == TagIs::Known) {
+    tags_[index] = before;
+  } else {
+    tags_.pop_back();
+    numbers_.Forget();
+  }
 }
 
 void Customers::MakeTagFollowCustomer() {
@@ -169,27 +190,29 @@ void Customers::MakeTagFollowCustomer() {
 
 // The place in the array serves as the place in the file. It is, as long as no empty slot lies ahead of it in the
 // file; this program never makes one, and one made by another program shifts the tags behind it.
-bool Customers::WriteTagAndMaster(std::size_t index) {
+void Customers::WriteTagAndMaster(std::size_t index, Written& written) {
   OpenedFile tagFile(environment_.openFiles);
   OpenedFile masterFile(environment_.openFiles);
   Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_);
   Contention masterContention(contention::kWriteCustomer, desktop_, environment_);
-  if (!tagContention.Run([&] { tagFile.Open(kCustomerTagFile, Access::Write, Deny::None); })) return false;
-  if (!masterContention.Run([&] { masterFile.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
-  // A customer whose first writing was given up is in the array without a master; it counts as new again.
+  if (!tagContention.Run([&] { tagFile.Open(kCustomerTagFile, Access::Write, Deny::None); })) return;
+  if (!masterContention.Run([&] { masterFile.Open(kCustomerFile, Access::Write, Deny::None); })) return;
+  // A new one, or one whose tag leads nowhere.
   if (CurrentTag.Get(customertag::Offset) < 0) {
     CurrentTag.Put(customertag::Offset, LinkAtEnd(masterFile->Length(), kCustomerFile));
     tags_[index] = CurrentTag;
   }
   const FileLink offset = CurrentTag.Get(customertag::Offset);
   const std::uint64_t tagOffset = index * CustomerTag::kLength;
-  if (!tagContention.Run([&] { tagFile->WriteAt(tagOffset, CurrentTag.Bytes()); })) return false;
-  if (!masterContention.Run([&] { WriteRecord(*masterFile, offset, CurrentCustomer); })) return false;
+  if (!tagContention.Run([&] { tagFile->WriteAt(tagOffset, CurrentTag.Bytes()); })) return;
+  written = Written::Tag;
+  if (!masterContention.Run([&] { WriteRecord(*masterFile, offset, CurrentCustomer); })) return;
+  written = Written::Both;
+  ++writings_;
   tagFile.Close();
   environment_.files.FlushFile(kCustomerTagFile);
   masterFile.Close();
   environment_.files.FlushFile(kCustomerFile);
-  return true;
 }
 
 void Customers::NewCustomer() {

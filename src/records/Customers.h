@@ -84,9 +84,11 @@ class Customers {
   // The tag and the master of a customer become the current ones; when they can't be had the current ones stay. An
   // unknown number reloads the tags once.
   bool MakeCurrent(std::int32_t number);
-  // CurrentCustomer and its tag. False, and nothing more written, when the person gave up. A new customer beyond the
-  // limit throws std::length_error.
+  // CurrentCustomer and its tag. False, and nothing more written, when the person gave up; array and CurrentTag are as
+  // before then, unless the tag had been written. A new customer beyond the limit throws std::length_error.
   bool WriteCustomer();
+  // How many were written in this run.
+  std::size_t Writings() const { return writings_; }
   void NewCustomer();
   // Of the owner's vehicles; -1 without any. A handle of OpenVehicleForRead spares the opening.
   FileDate LatestVehicleDate(const CustomerRecord& owner, FileHandle handle = kNoHandle);
@@ -125,7 +127,11 @@ class Customers {
  private:
   void FillTags(const SharedFile& file);
   void MakeTagFollowCustomer();
-  bool WriteTagAndMaster(std::size_t index);
+  // How far a writing came.
+  enum class Written { Nothing, Tag, Both };
+  void WriteTagAndMaster(std::size_t index, Written& written);
+  enum class TagIs { Known, New };
+  void TakeBack(std::size_t index, TagIs tag, const CustomerTag& before);
   const CustomerRecord& InMemory() const { return lookedUp_ ? *lookedUp_ : CurrentCustomer; }
   void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
@@ -140,6 +146,7 @@ class Customers {
   RecordArray<CustomerTag> tags_;
   CustomerNumbers numbers_;
   std::vector<CustomerIndexRow> index_;
+  std::size_t writings_ = 0;
   OpenedFile* reading_ = nullptr;
   bool tagsGivenUp_ = false;  // while reading_
   static constexpr std::int32_t kNobody = -1;

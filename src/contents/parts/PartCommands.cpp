@@ -42,8 +42,14 @@ bool PartLines::AddStockPart() {
   frmWOPart form(bench_, "Add Part to Estimate", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
   form.ShowModal();
   if (!form.Saved()) return false;
+  if (Stock().CurrentInv.Get(inventory::HasWaste) != 1) {
+    AddPartLine(form.Line(), Choosing::ItsRow);
+    return true;
+  }
+  // Ahead of the part: without a number for its fee neither is stored.
+  const std::int32_t feeNumber = NextWasteNumber();
   AddPartLine(form.Line(), Choosing::ItsRow);
-  if (Stock().CurrentInv.Get(inventory::HasWaste) == 1) AddDisposalFee();
+  AddDisposalFee(feeNumber);
   return true;
 }
 
@@ -54,19 +60,23 @@ void PartLines::AddCoreOf(const std::string& partNumber) {
   if (index != Inventory::kNoPart && Stock().ReadInventory(offset, index)) AddStockPart();
 }
 
+std::int32_t PartLines::NextWasteNumber() {
+  Recordset waste = bench_.Data().WasteForEstimate(bench_.Number());
+  std::int32_t highest = 0;
+  for (; !waste.Eof(); waste.MoveNext()) highest = std::max(highest, waste.Long("WasteNumber"));
+  return Sum(highest, 1);
+}
+
 // Once a line, whatever its quantity, and from the inventory's record. It has no tie to the part, and stays when the
 // part goes.
-void PartLines::AddDisposalFee() {
+void PartLines::AddDisposalFee(std::int32_t number) {
   const InventoryRecord& part = Stock().CurrentInv;
-  Recordset waste = bench_.Data().WasteForEstimate(bench_.Number());
-  std::int32_t number = 0;
-  for (; !waste.Eof(); waste.MoveNext()) number = std::max(number, waste.Long("WasteNumber"));
   de::Extra fee;
   fee.VendorName = "Waste Disposal Fee";
   fee.Cost = fee.Price = part.Get(inventory::DisposalFee);
   fee.Desc1 = "Disposal Fee for: " + part.Get(inventory::StockNumber);
   fee.Taxable = DefaultTaxable(bench_.System().Get(sysrec::tax_rate_waste));
-  bench_.Data().AddWaste(bench_.Number(), number + 1, fee);
+  bench_.Data().AddWaste(bench_.Number(), number, fee);
 }
 
 void PartLines::AddNonStock() {

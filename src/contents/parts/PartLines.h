@@ -46,7 +46,8 @@ class PartLines {
   void Make(const std::function<Changed()>& change);
   bool AddStockPart();
   void AddCoreOf(const std::string& partNumber);
-  void AddDisposalFee();
+  std::int32_t NextWasteNumber();
+  void AddDisposalFee(std::int32_t number);
   std::vector<int> SelectedRows() const;
   void UsePriceLevelOfCustomer();
   PartLine KitComponentLine(const struct KitRow& row, const PartLine& kit) const;

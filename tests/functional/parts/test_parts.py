@@ -106,6 +106,17 @@ def test_a_fee_is_charged_once_a_line_and_stays_when_the_part_goes(board, shop):
     assert stored(shop) == {} and len(waste(shop)) == 2
 
 
+def test_without_a_number_for_its_fee_a_part_isnt_added(board, shop):
+    shop.add_waste(900, 2147483647, "Oil", 100)
+    shop.write()
+    board.click("cmdPartAdd")
+    pick(board, "OIL")
+    board.key("F10")
+    assert board.expect_box(icon="critical")["text"].startswith("Overflow")
+    board.press("OK")
+    assert stored(shop) == {} and len(waste(shop)) == 1
+
+
 def test_a_core_comes_through_the_same_screen(board, shop):
     board.click("cmdPartAdd")
     pick(board, "ALT")

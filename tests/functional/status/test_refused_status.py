@@ -5,9 +5,9 @@ import sqlite3
 
 import pytest
 
-from boardlines import TODAY
+from boardlines import TODAY, listed
 from conversionsteps import convert, expect_converted
-from movesteps import choose
+from movesteps import NEW, WEDNESDAY, choose, reschedule
 from workorderfiles import add_paid_employee
 
 
@@ -83,4 +83,17 @@ def test_after_a_conversion_the_board_says_what_the_database_has(copy, shop):
     assert shop.estimate(900)["Status"] == 1
     assert copy.caption("frameDetailView") == "Est. # 000900  09/30/2003  Arrived"
     copy.click("cmdWeekView")
+    assert word_of(copy) == ("Arrived", "Arrived", ["Arrived"])
+
+
+def test_a_move_that_is_refused_behind_its_copy_names_and_shows_it(copy, shop):
+    refuse(shop)
+    reschedule(copy)
+    copy.pick("DTPicker1", WEDNESDAY)
+    copy.key("F10")
+    assert copy.answer["text"].startswith(f"Estimate # {NEW:06} was made on Wed 10/01/2003 as a copy of this one")
+    told_of_failure(copy)
+    copy.key("Esc")
+    copy.expect_form("frmMain")
+    assert listed(copy, "List1(3)") == [NEW]
     assert word_of(copy) == ("Arrived", "Arrived", ["Arrived"])

@@ -124,6 +124,18 @@ TEST(EditedCustomer, IsReadAgainForScreenAndPaper) {
   EXPECT_EQ(LabelOf(bench.Print(), "lblCustName"), "Bertha Adams");
 }
 
+TEST(EditedCustomer, IsReadAgainForAllThatTheBoardLists) {
+  Renaming bench;
+  bench.AddEstimate(901, bench.Today() + 1, kArrived, 8);
+  bench.Show(900);
+  frmMain& board = bench.board;
+  bench.Choose(board.week.List1[Printing::kTuesday + 1], 0);
+  bench.WillRename();
+  board.FindMenu("mnuCustomer")->DoClick();
+  EXPECT_EQ(test::TextsOf(board.week.List1[Printing::kTuesday])[1], "  Adams,Bertha");
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "City School");
+}
+
 TEST(ChosenCustomer, PaysItsOwnTaxesAndIsListed) {
   Printing bench;
   bench.Show(900);

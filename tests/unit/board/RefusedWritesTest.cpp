@@ -157,6 +157,90 @@ TEST(RefusedReschedule, TriedAgainGoesOnWithTheCopyThatWasMade) {
   EXPECT_EQ(bench.StoredComments().substr(0, 15), "Rescheduled for");
 }
 
+TEST(RefusedReschedule, ShowsAndNamesTheCopyThatStays) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  for (const std::int32_t copy : {1001, 1002}) {
+    bench.desktop.WillUse([](ui::Form& form) {
+      form.PressKey(ui::ParseKey("F10"));
+      form.PressKey(ui::ParseKey("Esc"));
+    });
+    test::Click(board.commands.cmdReschedule);
+    EXPECT_TRUE(bench.desktop.failures.back().starts_with(
+        fmt::format("Estimate # {:06} was made on Tue 09/30/2003 as a copy of this one, and stays there. "
+                    "The next step was not finished:\r\rThe database refused",
+                    copy)))
+        << bench.desktop.failures.back();
+    EXPECT_GE(board.week.List1[Refusing::kTuesday].FindData(copy), 0);
+    EXPECT_GE(board.day.List2.FindData(copy), 0);
+  }
+  EXPECT_EQ(bench.Current().EstimateNumber, 900);
+  EXPECT_EQ(board.detail.frameDetailView.Caption(), "Est. # 000900  09/30/2003  Arrived");
+}
+
+TEST(RefusedReschedule, TellsOfACopyWithoutAllOfItsLines) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Hide("Notes");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    bench.Reveal("Notes");
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_TRUE(bench.desktop.failures.at(0).starts_with(
+      "Estimate # 001001 was made on Tue 09/30/2003 as a copy of this one, without all of its lines, and stays there."))
+      << bench.desktop.failures[0];
+}
+
+TEST(RefusedReschedule, WithoutACopyIsToldAsItIs) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
+  bench.desktop.WillUse([](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(board.commands.cmdReschedule);
+  EXPECT_TRUE(bench.desktop.failures.at(0).starts_with("The database refused the change."))
+      << bench.desktop.failures[0];
+  EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "1");
+}
+
+TEST(RefusedContinuation, ShowsAndNamesTheCopyThatStays) {
+  Refusing bench;
+  bench.environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+  frmMain& board = bench.Begin(kArrived);
+  bench.Refuse("Status");
+  bench.desktop.WillUse([](ui::Form& form) { form.PressKey(ui::ParseKey("F10")); });
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
+  EXPECT_TRUE(bench.desktop.failures.at(0).starts_with("Estimate # 001001 was made on Wed 10/01/2003 as a copy"))
+      << bench.desktop.failures[0];
+  EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday + 1]), (Texts{"001001 Arrived", "  Adams,Beth"}));
+  bench.ExpectAsBefore(kArrived, "Arrived");
+}
+
+TEST(RefusedContinuation, WithoutANumberForItsLineMakesNoCopy) {
+  Refusing bench;
+  bench.environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+  bench.AddLabor(900, 2147483647, 100, 6500);
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillUse([](ui::Form& form) {
+    dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).DoType("1");
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
+  EXPECT_EQ(bench.desktop.failures.at(0), "Overflow: 2147483648 is too large.");
+  EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "1");
+  EXPECT_EQ(bench.NextNumber(), 1001);
+}
+
 TEST(RefusedCustomer, LeavesTheOneOfBeforeOnTheScreen) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);
@@ -202,6 +286,46 @@ TEST(RefusedBooking, IsOnTheBoardAsFarAsItStandsInTheDatabase) {
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]), (Texts{"001001 ", "  CUSTOMER,UNKNOWN"}));
   EXPECT_EQ(board.detail.lblCustName.Caption(), "UNKNOWN CUSTOMER");
+}
+
+TEST(RefusedBooking, WithoutARowShowsThePreviousEstimateAgain) {
+  Refusing bench;
+  bench.AddLabor(900, 1, 100, 6500);
+  frmMain& board = bench.Begin(kArrived);
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillPickCustomer(8);
+  test::Click(board.commands.cmdNewEstimate);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  bench.ExpectAsBefore(kArrived, "Arrived");
+  EXPECT_TRUE(board.detail.frameDetailView.Visible());
+  EXPECT_EQ(board.detail.lblCustName.Caption(), "Beth Adams");
+  EXPECT_EQ(board.detail.listLabor.ListCount(), 2);
+}
+
+TEST(RefusedComments, LeaveTheRowOfTheirEstimateSelected) {
+  Refusing bench;
+  bench.AddEstimate(901, bench.Today(), kArrived, 8);
+  bench.AddEstimate(902, bench.Today() + 1, kArrived, 8);
+  frmMain& board = bench.Begin(kArrived);
+  ui::ListBox& tuesday = board.week.List1[Refusing::kTuesday];
+  ui::ListBox& wednesday = board.week.List1[Refusing::kTuesday + 1];
+  board.detail.txtComments.SetText("Waits");
+  bench.Refuse("Comments");
+  bench.Choose(tuesday, 2);
+  EXPECT_EQ(tuesday.ListIndex(), 0);
+  bench.Choose(wednesday, 0);
+  EXPECT_EQ(wednesday.ListIndex(), -1);
+  EXPECT_EQ(tuesday.ListIndex(), 0);
+  bench.Choose(board.day.List2, board.day.List2.FindData(901));
+  EXPECT_EQ(board.day.List2.ListIndex(), board.day.List2.FindData(900));
+  EXPECT_EQ(bench.desktop.failures.size(), 3U);
+  EXPECT_EQ(bench.Current().EstimateNumber, 900);
+  bench.Allow();
+  bench.Choose(tuesday, 2);
+  EXPECT_EQ(bench.Current().EstimateNumber, 901);
+  EXPECT_EQ(tuesday.ListIndex(), 2);
 }
 
 TEST(RefusedComments, OfAConversionAreNotShownAsKept) {

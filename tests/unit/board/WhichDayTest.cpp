@@ -233,5 +233,27 @@ TEST(StatusWord, ChangedByThePopupOfTheDetailViewReachesTheLists) {
   EXPECT_NE(TextsOf(board.day.List2)[1].find("Status = In Progress"), std::string::npos);
 }
 
+TEST(TheChosenRow, IsTheOnlyOneThatLooksSelectedInTheWeek) {
+  BookingBench bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.AddEstimate(901, bench.Today() + 1, kArrived);
+  bench.AddEstimate(902, bench.Today(), kArrived);
+  frmMain& board = bench.Start();
+  ui::ListBox& tuesday = board.week.List1[BookingBench::kTuesday];
+  ui::ListBox& wednesday = board.week.List1[BookingBench::kTuesday + 1];
+  bench.Choose(tuesday, 0);
+  bench.Choose(wednesday, 1);
+  EXPECT_EQ(tuesday.ListIndex(), -1);
+  EXPECT_EQ(wednesday.ListIndex(), 1);
+  bench.Choose(tuesday, 1);
+  EXPECT_EQ(tuesday.ListIndex(), 1);
+  EXPECT_EQ(wednesday.ListIndex(), -1);
+  bench.Choose(board.day.List2, board.day.List2.FindData(900));
+  EXPECT_EQ(tuesday.ListIndex(), 1) << "it is of that estimate";
+  bench.Choose(board.day.List2, board.day.List2.FindData(902));
+  EXPECT_EQ(tuesday.ListIndex(), -1);
+  EXPECT_EQ(bench.Current().EstimateNumber, 902);
+}
+
 }  // namespace
 }  // namespace lantos

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <random>
+#include <stdexcept>
 
 #include "TestDesktop.h"
 
@@ -102,6 +103,14 @@ TEST(NumberedList, ClearedItKeepsItsNumbersAndStartedAnewItDoesnt) {
   EXPECT_TRUE(bench.lines.Lines().empty());
   EXPECT_EQ(bench.form.list.ListCount(), 0);
   EXPECT_EQ(bench.lines.NextNumber(), 9);
+  bench.lines.StartAnew();
+  EXPECT_EQ(bench.lines.NextNumber(), 1);
+}
+
+TEST(NumberedList, BehindTheLastNumberThatThereCanBeIsNone) {
+  Bench bench;
+  bench.lines.Put(2147483647, {"last"});
+  EXPECT_THROW(bench.lines.NextNumber(), std::overflow_error);
   bench.lines.StartAnew();
   EXPECT_EQ(bench.lines.NextNumber(), 1);
 }

@@ -99,7 +99,8 @@ TEST_F(CustomersTest, CancelAtTheTagFileWritesNothing) {
             Icon::Exclamation);
   EXPECT_EQ(BytesOf(kCustomerTagFile), before.at(std::string(kCustomerTagFile)));
   EXPECT_EQ(BytesOf(kCustomerFile), before.at(std::string(kCustomerFile)));
-  EXPECT_EQ(customers.Tag(0).Get(customertag::NameKey), "Changed,") << "the array is changed all the same";
+  EXPECT_EQ(customers.Tag(0).Get(customertag::NameKey), "Name1,") << "what wasn't written isn't found";
+  EXPECT_EQ(customers.CurrentTag.Get(customertag::NameKey), "Name1,");
 }
 
 TEST_F(CustomersTest, CancelAtTheDataFileWritesNothingAndFreesTheTagFile) {
@@ -126,7 +127,10 @@ TEST_F(CustomersTest, ANewCustomerGivenUpAtFirstIsAppendedByTheNextWriting) {
     desktop.WillAnswer(Answer::Cancel);
     EXPECT_FALSE(customers.WriteCustomer());
   }
+  EXPECT_EQ(customers.Count(), 1U);
+  EXPECT_EQ(customers.IndexOf(2), customers.Count());
   EXPECT_TRUE(customers.WriteCustomer());
+  EXPECT_EQ(customers.IndexOf(2), 1U);
   EXPECT_EQ(BytesOf(kCustomerFile).size(), 2U * 317);
   EXPECT_EQ(LongAt(BytesOf(kCustomerTagFile), 96 + 68), 317);
 }
