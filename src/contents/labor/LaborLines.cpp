@@ -8,6 +8,7 @@
 #include "contents/labor/frmLabor.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
+#include "frame/PlainWords.h"
 #include "frame/Text.h"
 #include "records/LaborText.h"
 #include "records/modSystem.h"
@@ -120,10 +121,16 @@ void LaborLines::Change() {
   line.Date = EstimateDate();
   const std::optional<WoLaborLine> edited = EditLaborLine(line);
   if (!edited) return;
-  // Between the two the line is in memory alone: it is lost when it can't be added.
+  // Between the two the line is in memory alone: it is lost when it can't be added, and the person must know.
+  const std::string lost =
+      "The line \"" + FirstText(line) + "\" is no longer on the estimate, since its change couldn't be stored:\r\r";
   Make([&] {
     RemoveLaborLine(*number);
-    StoreLaborLine(*number, *edited);
+    try {
+      StoreLaborLine(*number, *edited);
+    } catch (const std::exception& error) {
+      throw WordedError(lost + error.what(), lost + WordsFor(error));
+    }
   });
 }
 

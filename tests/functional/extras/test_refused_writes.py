@@ -31,8 +31,8 @@ def refuse(shop, change, table):
         database.execute(f"CREATE TRIGGER Refuse BEFORE {change} ON {table} BEGIN SELECT RAISE(ABORT, 'no way'); END")
 
 
-def expect_refusal(copy, table):
-    copy.expect_box(REFUSED, "Lantos", "critical", ["OK"])
+def expect_refusal(copy, table, before=""):
+    copy.expect_box(before + REFUSED, "Lantos", "critical", ["OK"])
     assert any("no way" in line and table.lower() in line.lower().split("statement: ")[-1]
                for line in copy.log_lines())
     copy.press("OK")
@@ -88,7 +88,7 @@ def test_a_refused_change_of_labor_or_parts_leaves_all_as_it_was(board, shop, ch
     assert on_show(board) == before
 
 
-def test_a_labor_line_that_is_lost_in_its_change_counts_no_more(board, shop):
+def test_a_labor_line_that_is_lost_in_its_change_is_named_and_counts_no_more(board, shop):
     """Removed and added anew: what can't be added is gone, from the list, the totals and the day too."""
     labor, _, _, hours = on_show(board)
     refuse(shop, "INSERT", "Labors")
@@ -96,7 +96,8 @@ def test_a_labor_line_that_is_lost_in_its_change_counts_no_more(board, shop):
     board.click("cmdLaborChange")
     board.type("Hours", "3")
     board.key("F10")
-    expect_refusal(board, "Labors")
+    expect_refusal(board, "Labors", 'The line "WORK 1" is no longer on the estimate, since its change couldn\'t be '
+                                    'stored:\r\r')
     assert texts(board, "listLabor") == labor[2:]
     assert totals(board)[0] == "1.00"
     assert float(hours_of(board)[2]) == float(hours[2]) - 1

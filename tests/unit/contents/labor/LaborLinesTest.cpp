@@ -3,13 +3,16 @@
 #include <gmock/gmock.h>
 
 #include "contents/labor/LaborBench.h"
+#include "frame/PlainWords.h"
 
 namespace lantos {
 namespace {
 
 using test::LaborBench;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 using ui::Answer;
 
 // Two lines of labor, 1 and 3.
@@ -205,7 +208,14 @@ TEST(LaborLines, ALineThatIsLostOnItsWayCountsNoMore) {
   bench.Do("create trigger Refuse before insert on Labors begin select raise(abort, 'no'); end");
   bench.board.listLabor.DoSelect(0);
   bench.WillType("2", "changed");
-  EXPECT_THROW(bench.labor.Change(), DatabaseError);
+  try {
+    bench.labor.Change();
+    ADD_FAILURE() << "not refused";
+  } catch (const std::exception& error) {
+    EXPECT_THAT(WordsFor(error), StartsWith("The line \"CHECK BRAKES\" is no longer on the estimate, since its change "
+                                            "couldn't be stored:\r\rThe database refused"));
+    EXPECT_THAT(error.what(), HasSubstr("no"));
+  }
   EXPECT_THAT(bench.Rows(), ElementsAre("3 000004 0.50 65.00 32.50", "0        OIL"));
   EXPECT_EQ(bench.board.scheduledHours, -100);
   EXPECT_EQ(bench.Ask("select Price from Waste"), "325");
