@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 #include "frame/SharingClaim.h"
 
@@ -19,7 +21,10 @@ class PlainFiles {
  public:
   static constexpr off_t kAtTheEnd = -1;
 
-  explicit PlainFiles(std::filesystem::path directory) : directory_(std::move(directory)) {}
+  // AtPath: each open looks whether what it has claimed is still what lies at its path, as a shared open has to.
+  enum class Look { None, AtPath };
+  explicit PlainFiles(std::filesystem::path directory, Look look = Look::None)
+      : directory_(std::move(directory)), look_(look) {}
   ~PlainFiles() { ::close(log_); }
   PlainFiles(const PlainFiles&) = delete;
 
@@ -62,6 +67,12 @@ class PlainFiles {
     const int file = ::open((directory_ / name).c_str(), flags | O_CLOEXEC, 0644);
     if (file < 0) throw std::runtime_error("open");
     Claim(file, kReadMark, flags == O_RDONLY ? F_RDLCK : F_WRLCK);
+    struct stat mine = {};
+    struct stat there = {};
+    if (look_ == Look::None) return file;
+    if (::fstat(file, &mine) != 0 || ::stat((directory_ / name).c_str(), &there) != 0 || mine.st_ino != there.st_ino) {
+      throw std::runtime_error("replaced");
+    }
     return file;
   }
   static void Claim(int file, std::uint64_t mark, short type) {
@@ -82,6 +93,7 @@ class PlainFiles {
   }
   static constexpr off_t kLogLine = 64;
   std::filesystem::path directory_;
+  Look look_;
   std::array<char, 8192> bytes_{};
   int log_ = ::open((directory_ / "PLAIN.LOG").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
   off_t logEnd_ = 0;

@@ -88,7 +88,7 @@ void frmInvEdit::WireAlternates() {
     };
     box.OnValidate = [this, place](bool& keepFocus) { keepFocus = !IsAlternate(place); };
     button.SetCaption("Go to &" + digit);
-    button.SetToolTip("Go to this alternate");
+    button.SetToolTip("Go to this alternate <Alt+" + digit + ">");
     button.SetEnabled(false);
     button.OnClick = [this, place] { GoToAlternate(place); };
   }
@@ -96,7 +96,7 @@ void frmInvEdit::WireAlternates() {
 
 void frmInvEdit::WireButtons() {
   SetEditButtons(cmdSave, cmdReset, cmdCancel);
-  cmdRecalc.SetToolTip("Prices from cost and markups");
+  cmdRecalc.SetToolTip("Prices from cost and markups <Alt+L>");
   cmdEditKit.SetToolTip("Edit the parts of the kit <F4>");
   cmdUsage.SetToolTip("Usage <Alt+U>");
   cmdRecv.SetToolTip("Receiving <Alt+R>");

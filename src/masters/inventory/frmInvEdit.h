@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "masters/inventory/NameChoice.h"
 #include "masters/inventory/PartAmounts.h"
@@ -56,7 +59,6 @@ class frmInvEdit : public EditForm {
   void BindFlag(ui::CheckBox& box, ByteField field);
   void WireAlternates();
   void WireButtons();
-  void ShowFlags();
   void StoreFields(InventoryRecord& part) const;
   void FollowLocation();
   void Recalculate();
