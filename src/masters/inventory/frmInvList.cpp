@@ -215,9 +215,11 @@ void frmInvList::FilterParts() {
   if (HasStockedFlag() && !optBoth.Value()) filter.stocked = optStk.Value();
   table_.SetFilter(filter);
   ShowRows();
-  lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
+  ShowMatches();
   if (DataGrid1.RowCount() > 0 && DataGrid1.Row() < 0) DataGrid1.SetRow(0);
 }
+
+void frmInvList::ShowMatches() { lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    "); }
 
 void frmInvList::GoToHits() {
   if (DataGrid1.RowCount() == 0 || !Visible()) return;
@@ -304,6 +306,7 @@ void frmInvList::ShowReceived() {
   if (std::exchange(rowsMoved_, false)) {
     ShowTotal();
     ShowRows();
+    if (!lblMatchParts.Caption().empty()) ShowMatches();
   } else {
     DataGrid1.SetSortedBy(DataGrid1.SortedBy());
   }

@@ -55,8 +55,8 @@ class frmInvList : public SizedForm {
   bool IsLoading() const { return nextBlock_ < blockCount_; }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
-  // Tells the other copies what they haven't been told yet, at the end of the run.
-  void SendAllChanges() { updates_.SendAll(); }
+  // Tells the other copies what they haven't been told yet, at the end of the run, and hears nothing more.
+  void FinishUpdates() { updates_.Finish(); }
 
  private:
   void OnLoad() override;
@@ -80,6 +80,7 @@ class frmInvList : public SizedForm {
   void EnableSearch(bool enabled);
   void ShowTotal();
   void FilterParts();  // the first of the hits is current, unless the part that was is among them
+  void ShowMatches();
   void GoToHits();
   void SearchTyped();
   void SortBy(const std::string& column);

@@ -1,7 +1,10 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
 #include <algorithm>
+#include <cstdlib>
+#include <optional>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/RowsPeer.h"
@@ -132,6 +135,7 @@ class GridPeer : private HasModel, public RowsPeer {
     if (Has(aspects, Aspect::Look)) {
       table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(FontToCome()).height() + kRowPadding);
     }
+    const std::optional<int> scroll = Has(aspects, Aspect::Rows) ? ScrollToKeep() : std::nullopt;
     if (Has(aspects, Aspect::Rows)) {
       model_.Reload();
       if (HideColumns()) {
@@ -142,6 +146,17 @@ class GridPeer : private HasModel, public RowsPeer {
       if (!widthsArePersons_) FitColumns();
     }
     if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) ShowSelected(grid_.Row());
+    if (scroll) table_.verticalScrollBar()->setValue(*scroll);
+  }
+
+  // How far the view stays scrolled when the rows are those of before, but for some that came or went by themselves.
+  // Nothing for other rows or another order: there the selected row is gone to.
+  std::optional<int> ScrollToKeep() const {
+    const int came = grid_.RowCount() - model_.rowCount();
+    const int moved = grid_.Row() - table_.currentIndex().row();
+    const bool areTheSame = grid_.SortedBy() == sortedBy_ && std::abs(moved) <= std::abs(came);
+    if (!areTheSame || (grid_.Row() < 0 && came != 0)) return std::nullopt;
+    return table_.verticalScrollBar()->value() + moved;
   }
 
   // True when the columns are others than before.
@@ -193,7 +208,8 @@ class GridPeer : private HasModel, public RowsPeer {
   }
 
   void ShowSortMark() {
-    std::string name = grid_.SortedBy();
+    sortedBy_ = grid_.SortedBy();
+    std::string name = sortedBy_;
     const bool descending = name.ends_with(kDescending);
     if (descending) name.resize(name.size() - kDescending.size());
     int place = -1;
@@ -207,6 +223,7 @@ class GridPeer : private HasModel, public RowsPeer {
   Grid& grid_;
   QTableView& table_;
   QStringList captions_;
+  std::string sortedBy_;
   std::vector<int> widest_;  // pixels that the contents of each column have wanted
   bool fitting_ = false;
   bool widthsArePersons_ = false;  // the person has drawn at a heading
