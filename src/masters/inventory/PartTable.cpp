@@ -42,6 +42,10 @@ void PartTable::Refresh() {
 
 bool PartTable::Replace(Inventory::PartIndex part, const InventoryTag& before) {
   const InventoryTag& tag = inventory_.Tag(part);
+  if (tag.View(inventorytag::StockNumber).empty() && !before.View(inventorytag::StockNumber).empty()) {
+    Drop(part);
+    return true;
+  }
   const bool staysInPlace = tag.View(inventorytag::StockNumber) == before.View(inventorytag::StockNumber) &&
                             tag.View(inventorytag::Description) == before.View(inventorytag::Description);
   if (staysInPlace && tag.Get(inventorytag::IsStocked) == before.Get(inventorytag::IsStocked)) return false;
@@ -93,6 +97,14 @@ void PartTable::PutInOrder() const {
     SortAll();
   }
   ordered_ = rows_.size();
+}
+
+void PartTable::Drop(Inventory::PartIndex part) {
+  const auto row = std::find(rows_.begin(), rows_.end(), part);
+  if (row == rows_.end()) return;
+  if (row - rows_.begin() < static_cast<std::ptrdiff_t>(ordered_)) --ordered_;
+  rows_.erase(row);
+  filtered_ = false;
 }
 
 // Rows that came since are put in order by themselves and merged.

@@ -32,7 +32,8 @@ class PartTable {
   void Add(Inventory::PartIndex part);
   // Parts' tags have changed, whichever.
   void Refresh();
-  // A part's tag was another one before. True when the rows may be others, or stand in another order.
+  // A part's tag was another one before. True when the rows may be others, or stand in another order. One that has lost
+  // its number was deleted, and has no row.
   bool Replace(Inventory::PartIndex part, const InventoryTag& before);
   void SetFilter(const PartFilter& filter);
   void SetSort(PartSort sort);
@@ -50,6 +51,7 @@ class PartTable {
   Key KeyOf(Inventory::PartIndex part) const;
   bool Matches(Inventory::PartIndex part) const;
   void PutInOrder() const;
+  void Drop(Inventory::PartIndex part);
   void SortAll() const;
   void MergeFew() const;
   void FilterRows() const;

@@ -215,11 +215,9 @@ void frmInvList::FilterParts() {
   if (HasStockedFlag() && !optBoth.Value()) filter.stocked = optStk.Value();
   table_.SetFilter(filter);
   ShowRows();
-  ShowMatches();
+  lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
   if (DataGrid1.RowCount() > 0 && DataGrid1.Row() < 0) DataGrid1.SetRow(0);
 }
-
-void frmInvList::ShowMatches() { lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    "); }
 
 void frmInvList::GoToHits() {
   if (DataGrid1.RowCount() == 0 || !Visible()) return;
@@ -306,7 +304,8 @@ void frmInvList::ShowReceived() {
   if (std::exchange(rowsMoved_, false)) {
     ShowTotal();
     ShowRows();
-    if (!lblMatchParts.Caption().empty()) ShowMatches();
+    const std::string matches = std::to_string(table_.MatchCount()) + " Matches    ";
+    if (!lblMatchParts.Caption().empty()) lblMatchParts.SetCaption(matches);
   } else {
     DataGrid1.SetSortedBy(DataGrid1.SortedBy());
   }

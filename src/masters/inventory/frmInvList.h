@@ -80,7 +80,6 @@ class frmInvList : public SizedForm {
   void EnableSearch(bool enabled);
   void ShowTotal();
   void FilterParts();  // the first of the hits is current, unless the part that was is among them
-  void ShowMatches();
   void GoToHits();
   void SearchTyped();
   void SortBy(const std::string& column);

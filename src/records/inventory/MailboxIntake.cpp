@@ -58,40 +58,51 @@ MailboxIntake::Progress MailboxIntake::DoStep() {
   }
 }
 
-// The places of all parts that are named are sought together.
 bool MailboxIntake::ReadNext() {
   records_ = mailbox_.Next();
   next_ = 0;
-  std::set<Inventory::PartIndex> unknown;
-  for (const InventoryTag& record : records_) {
-    const Inventory::PartIndex index = inventory_.FindPart(record.View(inventorytag::StockNumber));
-    if (index != Inventory::kNoPart && inventory_.Location(index) == kNoLink) unknown.insert(index);
-  }
-  if (unknown.size() > 1) walk_.Begin({unknown.begin(), unknown.end()});
+  hasWalked_ = false;
   return !records_.empty();
 }
 
 MailboxIntake::Progress MailboxIntake::TakeSome() {
   const std::size_t end = std::min(records_.size(), next_ + kRecordsAStep);
-  while (next_ < end) {
-    const InventoryTag& received = records_[next_++];
+  for (; next_ < end; ++next_) {
+    const InventoryTag& received = records_[next_];
     const Inventory::PartIndex index = inventory_.FindPart(received.View(inventorytag::StockNumber));
     if (index == Inventory::kNoPart) {
+      ++next_;
       // It may cost a walk over the tag file, which is enough for a step.
       return TakeUnknown(received) ? Progress::Going : Progress::GivenUp;
     }
-    if (!TakeKnown(index, received)) return Progress::GivenUp;
+    const Taken taken = TakeKnown(index, received);
+    if (taken != Taken::Yes) return taken == Taken::GivenUp ? Progress::GivenUp : Progress::Going;
   }
   return Progress::Going;
 }
 
-bool MailboxIntake::TakeKnown(Inventory::PartIndex index, const InventoryTag& received) {
+MailboxIntake::Taken MailboxIntake::TakeKnown(Inventory::PartIndex index, const InventoryTag& received) {
+  using Outcome = TagsOnFile::Outcome;
   InventoryTag inFile;
-  const TagsOnFile::Outcome outcome = tags_.Read(index, inFile);
-  if (outcome == TagsOnFile::Outcome::GivenUp) return false;
+  Outcome outcome = tags_.Read(index, inFile);
+  if (outcome == Outcome::PlaceUnknown && !std::exchange(hasWalked_, true) && BeginWalk()) return Taken::PlaceUnknown;
+  if (outcome == Outcome::PlaceUnknown) outcome = tags_.SeekAndRead(index, inFile);
+  if (outcome == Outcome::GivenUp) return Taken::GivenUp;
   // A part that the file hasn't is known by what was told of it alone.
-  const bool isThere = outcome == TagsOnFile::Outcome::Read;
+  const bool isThere = outcome == Outcome::Read;
   Replace(index, isThere ? newer_.Choose(index, inventory_.Tag(index), received, inFile, now_) : received);
+  return Taken::Yes;
+}
+
+// The places of all parts that are named from here on are sought together. False for a single one.
+bool MailboxIntake::BeginWalk() {
+  std::set<Inventory::PartIndex> unknown;
+  for (std::size_t i = next_; i < records_.size(); ++i) {
+    const Inventory::PartIndex index = inventory_.FindPart(records_[i].View(inventorytag::StockNumber));
+    if (index != Inventory::kNoPart && inventory_.Location(index) == kNoLink) unknown.insert(index);
+  }
+  if (unknown.size() < 2) return false;
+  walk_.Begin({unknown.begin(), unknown.end()});
   return true;
 }
 
@@ -168,7 +179,7 @@ void MailboxIntake::Follow(const InventoryTag& written) {
 void MailboxIntake::ReadOverdue() {
   for (const Inventory::PartIndex index : newer_.AheadOfFile(environment_.clock.Now(), kUntilOverdue)) {
     InventoryTag inFile;
-    if (!tags_.ReadAt(inventory_.Location(index), inFile)) break;  // at the next call
+    if (!tags_.ReadQuietly(index, inFile)) break;  // at the next call
     newer_.Follow(index);
     const InventoryTag& listed = inventory_.Tag(index);
     if (inFile.View(inventorytag::StockNumber) == listed.View(inventorytag::StockNumber)) Replace(index, inFile);

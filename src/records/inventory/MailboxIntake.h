@@ -44,8 +44,10 @@ class MailboxIntake {
   Progress WorkForASlice();
   Progress DoStep();
   bool ReadNext();
+  bool BeginWalk();
   Progress TakeSome();
-  bool TakeKnown(Inventory::PartIndex index, const InventoryTag& received);
+  enum class Taken { Yes, PlaceUnknown, GivenUp };
+  Taken TakeKnown(Inventory::PartIndex index, const InventoryTag& received);
   bool TakeUnknown(const InventoryTag& received);
   enum class Moved { Taken, No, GivenUp };
   Moved TakeMoved(const InventoryTag& received);
@@ -62,6 +64,7 @@ class MailboxIntake {
   LocalTime now_;  // of the step
   std::vector<InventoryTag> records_;
   std::size_t next_ = 0;
+  bool hasWalked_ = false;                                            // for these records
   std::unordered_map<FileLink, Inventory::PartIndex> partsByMaster_;  // filled at the first number that is new
 };
 

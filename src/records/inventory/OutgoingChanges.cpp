@@ -47,7 +47,7 @@ void OutgoingChanges::BroadcastUpdate(const std::vector<InventoryTag>& tags) {
   const std::string& mine = environment_.updateFileName;
   if (mine.empty()) return;
   for (const std::string& peer : environment_.files.List(std::string(Left(mine, kPrefixLength)) + "*.$$$")) {
-    if (!EqualsIgnoringCase(peer, mine) && environment_.files.IsThere(peer)) AppendTo(peer, tags);
+    if (!EqualsIgnoringCase(peer, mine)) AppendTo(peer, tags);
   }
 }
 
@@ -57,9 +57,9 @@ void OutgoingChanges::AppendTo(const std::string& peer, const std::vector<Invent
   const bool isOpen = contention.Run([&] {
     try {
       file.TakeOver(environment_.openFiles.Open(peer, Access::Write, Deny::All, Absent::Fail));
-    } catch (const FileError& error) {
-      // Its owner has ended meanwhile; a file made anew would be nobody's.
-      if (error.Number() != FileErrorNumber::FileNotFound) throw;
+    } catch (const FileError&) {
+      // Its owner has ended meanwhile, and a file made anew would be nobody's; or it is a directory.
+      if (environment_.files.IsThere(peer)) throw;
     }
   });
   if (!isOpen || !file.IsOpen()) return;

@@ -1,10 +1,7 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
-#include <QScrollBar>
 #include <QTableView>
 #include <algorithm>
-#include <cstdlib>
-#include <optional>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/RowsPeer.h"
@@ -135,7 +132,6 @@ class GridPeer : private HasModel, public RowsPeer {
     if (Has(aspects, Aspect::Look)) {
       table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(FontToCome()).height() + kRowPadding);
     }
-    const std::optional<int> scroll = Has(aspects, Aspect::Rows) ? ScrollToKeep() : std::nullopt;
     if (Has(aspects, Aspect::Rows)) {
       model_.Reload();
       if (HideColumns()) {
@@ -146,17 +142,6 @@ class GridPeer : private HasModel, public RowsPeer {
       if (!widthsArePersons_) FitColumns();
     }
     if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) ShowSelected(grid_.Row());
-    if (scroll) table_.verticalScrollBar()->setValue(*scroll);
-  }
-
-  // How far the view stays scrolled when the rows are those of before, but for some that came or went by themselves.
-  // Nothing for other rows or another order: there the selected row is gone to.
-  std::optional<int> ScrollToKeep() const {
-    const int came = grid_.RowCount() - model_.rowCount();
-    const int moved = grid_.Row() - table_.currentIndex().row();
-    const bool areTheSame = grid_.SortedBy() == sortedBy_ && std::abs(moved) <= std::abs(came);
-    if (!areTheSame || (grid_.Row() < 0 && came != 0)) return std::nullopt;
-    return table_.verticalScrollBar()->value() + moved;
   }
 
   // True when the columns are others than before.
@@ -208,8 +193,7 @@ class GridPeer : private HasModel, public RowsPeer {
   }
 
   void ShowSortMark() {
-    sortedBy_ = grid_.SortedBy();
-    std::string name = sortedBy_;
+    std::string name = grid_.SortedBy();
     const bool descending = name.ends_with(kDescending);
     if (descending) name.resize(name.size() - kDescending.size());
     int place = -1;
@@ -223,7 +207,6 @@ class GridPeer : private HasModel, public RowsPeer {
   Grid& grid_;
   QTableView& table_;
   QStringList captions_;
-  std::string sortedBy_;
   std::vector<int> widest_;  // pixels that the contents of each column have wanted
   bool fitting_ = false;
   bool widthsArePersons_ = false;  // the person has drawn at a heading

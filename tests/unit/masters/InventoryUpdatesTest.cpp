@@ -141,6 +141,25 @@ TEST_F(InventoryUpdatesTest, ANewPartStandsWhereItsKeyPutsItAndIsCounted) {
   EXPECT_EQ(inventory.FindPart("HOSE-10"), 3);
 }
 
+TEST_F(InventoryUpdatesTest, APartThatAnotherCopyDeletedHasNoRow) {
+  inventory.FinishLoading();
+  list.Show();
+  list.DataGrid1.DoSelect(2);
+  directory.Put("TQINVTAG.DAT", Tag("HOSE-1", 0, 0) + Tag("", 0, 344, "HOSE-2") + Tag("PAD-9", 0, 688));
+  Receive(Tag("", 0, 344, "HOSE-2"));
+  EXPECT_THAT(Shown(), ElementsAre("HOSE-1", "PAD-9"));
+  EXPECT_EQ(list.DataGrid1.Row(), 1);
+  EXPECT_EQ(list.TotalParts.Caption(), "      2 Total Parts");
+}
+
+TEST_F(InventoryUpdatesTest, APartThatAnotherCopyRenumberedStandsUnderItsNewNumber) {
+  inventory.FinishLoading();
+  list.Show();
+  directory.Put("TQINVTAG.DAT", Tag("Z-1", 0, 0) + Tag("HOSE-2", 0, 344) + Tag("PAD-9", 0, 688));
+  Receive(Tag("Z-1", 0, 0));
+  EXPECT_THAT(Shown(), ElementsAre("HOSE-2", "PAD-9", "Z-1"));
+}
+
 TEST_F(InventoryUpdatesTest, TheListIsKeptUpWhileItIsHidden) {
   inventory.FinishLoading();
   Receive(Tag("HOSE-1", 5, 0) + Tag("HOSE-10", 6, 9000));

@@ -365,11 +365,20 @@ TEST_F(MailboxIntakeTest, AMailboxThatIsGoneIsNothing) {
   EXPECT_FALSE(IsThere(kMine));
 }
 
-TEST_F(MailboxIntakeTest, ThePlacesOfManyPartsAreFoundInOneWalk) {
+TEST_F(MailboxIntakeTest, WhereTheListHasEachTagOfTheFileNothingIsSought) {
   WriteTag(1, {"B", "BELT", {5, 6, 7, 8}, 19});
   Receive(std::string(TagImage({"B", "BELT", {5, 6, 7, 8}, 19}, 344)) + std::string(TagImage({"C", "CLAMP"}, 688)));
-  EXPECT_EQ(inventory.Location(1), 128);
-  EXPECT_EQ(inventory.Location(2), 256);
+  EXPECT_EQ(StockOf("B"), 19);
+  EXPECT_EQ(inventory.Location(1), kNoLink);
+}
+
+TEST_F(MailboxIntakeTest, ThePlacesOfManyPartsAreFoundInOneWalk) {
+  WriteTag(1, {"B", "BELT", {5, 6, 7, 8}, 19});
+  Put(kInventoryTagFile, std::string(128, '\0') + BytesOf(kInventoryTagFile));  // a blank tag isn't listed
+  Receive(std::string(TagImage({"B", "BELT", {5, 6, 7, 8}, 19}, 344)) + std::string(TagImage({"C", "CLAMP"}, 688)));
+  EXPECT_EQ(StockOf("B"), 19);
+  EXPECT_EQ(inventory.Location(1), 256);
+  EXPECT_EQ(inventory.Location(2), 384);
   EXPECT_EQ(inventory.Location(0), kNoLink) << "the walk ends where all are found";
 }
 
