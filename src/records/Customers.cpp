@@ -79,7 +79,9 @@ std::size_t Customers::FindCustomerTag(std::int32_t number) {
 
 bool Customers::LeadsNowhere(const CustomerTag& tag) const {
   const FileLink offset = tag.Get(customertag::Offset);
-  return offset < 0 || static_cast<std::uint64_t>(offset) >= MasterLength();
+  const bool isOpen = reading_ != nullptr && reading_->IsOpen();
+  const std::uint64_t length = isOpen ? (*reading_)->Length() : environment_.files.Length(kCustomerFile);
+  return offset < 0 || static_cast<std::uint64_t>(offset) >= length;
 }
 
 std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
@@ -122,11 +124,6 @@ bool Customers::MakeCurrent(std::int32_t number) {
   CurrentTag = tags_[index];
   BecomeCurrent(*master);
   return true;
-}
-
-std::uint64_t Customers::MasterLength() const {
-  if (reading_ != nullptr && reading_->IsOpen()) return (*reading_)->Length();
-  return environment_.files.Length(kCustomerFile);
 }
 
 bool Customers::WriteCustomer() {

@@ -136,7 +136,6 @@ class Customers {
   void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
   void LoadTagsForLookup();
-  std::uint64_t MasterLength() const;
   void LoadIndex(const SharedFile& masters);
 
   Environment& environment_;

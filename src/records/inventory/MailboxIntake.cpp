@@ -58,69 +58,87 @@ MailboxIntake::Progress MailboxIntake::DoStep() {
   }
 }
 
-// The places of all parts that are named are sought together.
 bool MailboxIntake::ReadNext() {
   records_ = mailbox_.Next();
   next_ = 0;
-  std::set<Inventory::PartIndex> unknown;
-  for (const InventoryTag& record : records_) {
-    const Inventory::PartIndex index = inventory_.FindPart(record.View(inventorytag::StockNumber));
-    if (index != Inventory::kNoPart && inventory_.Location(index) == kNoLink) unknown.insert(index);
-  }
-  if (unknown.size() > 1) walk_.Begin({unknown.begin(), unknown.end()});
+  hasWalked_ = false;
   return !records_.empty();
 }
 
 MailboxIntake::Progress MailboxIntake::TakeSome() {
   const std::size_t end = std::min(records_.size(), next_ + kRecordsAStep);
-  while (next_ < end) {
-    const InventoryTag& received = records_[next_++];
+  for (; next_ < end; ++next_) {
+    const InventoryTag& received = records_[next_];
     const Inventory::PartIndex index = inventory_.FindPart(received.View(inventorytag::StockNumber));
     if (index == Inventory::kNoPart) {
-      TakeUnknown(received);
-      break;  // it may have cost a walk over the tag file
+      ++next_;
+      // It may cost a walk over the tag file, which is enough for a step.
+      return TakeUnknown(received) ? Progress::Going : Progress::GivenUp;
     }
-    if (!TakeKnown(index, received)) return Progress::GivenUp;
+    const Taken taken = TakeKnown(index, received);
+    if (taken != Taken::Yes) return taken == Taken::GivenUp ? Progress::GivenUp : Progress::Going;
   }
   return Progress::Going;
 }
 
-bool MailboxIntake::TakeKnown(Inventory::PartIndex index, const InventoryTag& received) {
+MailboxIntake::Taken MailboxIntake::TakeKnown(Inventory::PartIndex index, const InventoryTag& received) {
+  using Outcome = TagsOnFile::Outcome;
   InventoryTag inFile;
-  const TagsOnFile::Outcome outcome = tags_.Read(index, inFile);
-  if (outcome == TagsOnFile::Outcome::GivenUp) return false;
+  Outcome outcome = tags_.Read(index, inFile);
+  if (outcome == Outcome::PlaceUnknown && !std::exchange(hasWalked_, true) && BeginWalk()) return Taken::PlaceUnknown;
+  if (outcome == Outcome::PlaceUnknown) outcome = tags_.SeekAndRead(index, inFile);
+  if (outcome == Outcome::GivenUp) return Taken::GivenUp;
   // A part that the file hasn't is known by what was told of it alone.
-  const bool isThere = outcome == TagsOnFile::Outcome::Read;
+  const bool isThere = outcome == Outcome::Read;
   Replace(index, isThere ? newer_.Choose(index, inventory_.Tag(index), received, inFile, now_) : received);
+  return Taken::Yes;
+}
+
+// The places of all parts that are named from here on are sought together. False for a single one.
+bool MailboxIntake::BeginWalk() {
+  std::set<Inventory::PartIndex> unknown;
+  for (std::size_t i = next_; i < records_.size(); ++i) {
+    const Inventory::PartIndex index = inventory_.FindPart(records_[i].View(inventorytag::StockNumber));
+    if (index != Inventory::kNoPart && inventory_.Location(index) == kNoLink) unknown.insert(index);
+  }
+  if (unknown.size() < 2) return false;
+  walk_.Begin({unknown.begin(), unknown.end()});
   return true;
 }
 
-void MailboxIntake::TakeUnknown(const InventoryTag& received) {
-  if (TakeMoved(received)) return;
-  if (received.View(inventorytag::StockNumber).empty()) return;  // a deleted part that was never listed
+bool MailboxIntake::TakeUnknown(const InventoryTag& received) {
+  const Moved moved = TakeMoved(received);
+  if (moved != Moved::No) return moved == Moved::Taken;
+  if (received.View(inventorytag::StockNumber).empty()) return true;  // a deleted part that was never listed
   const Inventory::PartIndex index = inventory_.AppendTag(received);
   partsByMaster_.emplace(received.Get(inventorytag::Tag), index);
   newer_.Follow(index);
   if (onNew) onNew(index);
+  return true;
 }
 
 // A part of the list that got another number, or none since it was deleted, is known by its master. What is told has no
 // number that the list could have; the tag file must bear it out.
-bool MailboxIntake::TakeMoved(const InventoryTag& received) {
+MailboxIntake::Moved MailboxIntake::TakeMoved(const InventoryTag& received) {
   const FileLink master = received.Get(inventorytag::Tag);
   const Inventory::PartIndex index = PartOfMaster(master);
-  if (index == Inventory::kNoPart) return false;
+  if (index == Inventory::kNoPart) return Moved::No;
   FileLink place = inventory_.Location(index);
   if (place == kNoLink) place = walk_.FindByMaster(master);
   InventoryTag inFile;
-  if (place == kNoLink || !tags_.ReadAt(place, inFile)) return false;
-  const bool isBorneOut = inFile.Get(inventorytag::Tag) == master &&
-                          inFile.View(inventorytag::StockNumber) == received.View(inventorytag::StockNumber);
-  if (!isBorneOut) return false;
+  if (place == kNoLink) return Moved::No;
+  if (!tags_.ReadOrAsk(place, inventory_.Tag(index).Get(inventorytag::StockNumber), inFile)) return Moved::GivenUp;
+  const auto isNamed = [&](const InventoryTag& tag) {
+    return inFile.Get(inventorytag::Tag) == master &&
+           inFile.View(inventorytag::StockNumber) == tag.View(inventorytag::StockNumber);
+  };
+  // Word of what it was called before it was renumbered.
+  if (newer_.Follows(index) && isNamed(inventory_.Tag(index))) return Moved::Taken;
+  if (!isNamed(received)) return Moved::No;
   inventory_.SetLocation(index, place);
   newer_.Follow(index);
   Replace(index, inFile);
-  return true;
+  return Moved::Taken;
 }
 
 Inventory::PartIndex MailboxIntake::PartOfMaster(FileLink master) {
@@ -147,15 +165,21 @@ void MailboxIntake::End() {
   partsByMaster_.clear();
 }
 
-void MailboxIntake::Follow(std::string_view stockNumber) {
-  const Inventory::PartIndex index = inventory_.FindPart(stockNumber);
+// A deleted part has its master alone to be known by.
+void MailboxIntake::Follow(const InventoryTag& written) {
+  Inventory::PartIndex index = inventory_.FindPart(written.View(inventorytag::StockNumber));
+  if (index == Inventory::kNoPart) {
+    partsByMaster_.clear();
+    index = PartOfMaster(written.Get(inventorytag::Tag));
+    partsByMaster_.clear();
+  }
   if (index != Inventory::kNoPart) newer_.Follow(index);
 }
 
 void MailboxIntake::ReadOverdue() {
   for (const Inventory::PartIndex index : newer_.AheadOfFile(environment_.clock.Now(), kUntilOverdue)) {
     InventoryTag inFile;
-    if (!tags_.ReadAt(inventory_.Location(index), inFile)) break;  // at the next call
+    if (!tags_.ReadQuietly(index, inFile)) break;  // at the next call
     newer_.Follow(index);
     const InventoryTag& listed = inventory_.Tag(index);
     if (inFile.View(inventorytag::StockNumber) == listed.View(inventorytag::StockNumber)) Replace(index, inFile);

@@ -47,7 +47,7 @@ void OutgoingChanges::BroadcastUpdate(const std::vector<InventoryTag>& tags) {
   const std::string& mine = environment_.updateFileName;
   if (mine.empty()) return;
   for (const std::string& peer : environment_.files.List(std::string(Left(mine, kPrefixLength)) + "*.$$$")) {
-    if (!EqualsIgnoringCase(peer, mine) && environment_.files.IsThere(peer)) AppendTo(peer, tags);
+    if (!EqualsIgnoringCase(peer, mine)) AppendTo(peer, tags);
   }
 }
 
@@ -57,16 +57,14 @@ void OutgoingChanges::AppendTo(const std::string& peer, const std::vector<Invent
   const bool isOpen = contention.Run([&] {
     try {
       file.TakeOver(environment_.openFiles.Open(peer, Access::Write, Deny::All, Absent::Fail));
-    } catch (const FileError& error) {
-      // Its owner has ended meanwhile; a file made anew would be nobody's.
-      if (error.Number() != FileErrorNumber::FileNotFound) throw;
+    } catch (const FileError&) {
+      // Its owner has ended meanwhile, and a file made anew would be nobody's; or it is a directory.
+      if (environment_.files.IsThere(peer)) throw;
     }
   });
   if (!isOpen || !file.IsOpen()) return;
   try {
-    // Where the last whole record ends: half a record that a crash left would put all that follow out of step.
-    const std::uint64_t length = file->Length();
-    file->WriteAt(length - length % InventoryTag::kLength, std::as_bytes(std::span(tags)));
+    file->WriteAt(file->Length(), std::as_bytes(std::span(tags)));
   } catch (const FileError& error) {
     environment_.log.Write(std::string("BroadcastUpdate: ") + error.what());  // the next one may have room
   }

@@ -6,14 +6,20 @@ namespace lantos {
 
 TagsOnFile::Outcome TagsOnFile::Read(Inventory::PartIndex index, InventoryTag& tag) {
   const std::string number = inventory_.Tag(index).Get(inventorytag::StockNumber);
-  FileLink place = inventory_.Location(index);
-  if (place == kNoLink) place = Seek(index);
+  if (!ReadOrAsk(PlaceOf(index), number, tag)) return Outcome::GivenUp;
+  return tag.View(inventorytag::StockNumber) == number ? Outcome::Read : Outcome::PlaceUnknown;
+}
+
+FileLink TagsOnFile::PlaceOf(Inventory::PartIndex index) const {
+  const FileLink place = inventory_.Location(index);
+  if (place != kNoLink) return place;
+  return LinkAtEnd(static_cast<std::uint64_t>(index) * InventoryTag::kLength, kInventoryTagFile);
+}
+
+TagsOnFile::Outcome TagsOnFile::SeekAndRead(Inventory::PartIndex index, InventoryTag& tag) {
+  const FileLink place = Seek(index);
   if (place == kNoLink) return Outcome::NotThere;
-  if (!ReadOrAsk(place, number, tag)) return Outcome::GivenUp;
-  if (tag.View(inventorytag::StockNumber) == number) return Outcome::Read;
-  // Another copy has given that place another number, and a part of this one is somewhere else now.
-  place = Seek(index);
-  if (place == kNoLink) return Outcome::NotThere;
+  const std::string number = inventory_.Tag(index).Get(inventorytag::StockNumber);
   return ReadOrAsk(place, number, tag) ? Outcome::Read : Outcome::GivenUp;
 }
 
@@ -36,10 +42,10 @@ bool TagsOnFile::ReadOrAsk(FileLink place, const std::string& number, InventoryT
   });
 }
 
-bool TagsOnFile::ReadAt(FileLink place, InventoryTag& tag) {
+bool TagsOnFile::ReadQuietly(Inventory::PartIndex index, InventoryTag& tag) {
   try {
     if (!file_.IsOpen()) file_.Open(kInventoryTagFile, Access::Read, Deny::None);
-    ReadRecord(*file_, place, tag);
+    ReadRecord(*file_, PlaceOf(index), tag);
     return true;
   } catch (const FileError&) {
     return false;

@@ -15,20 +15,25 @@ class TagsOnFile {
   TagsOnFile(Environment& environment, ui::Desktop& desktop, Inventory& inventory)
       : environment_(environment), desktop_(desktop), inventory_(inventory), file_(environment.openFiles) {}
 
-  enum class Outcome { Read, NotThere, GivenUp };
-  // Of a part of the list. NotThere: the file has no tag of that number. GivenUp: by the person, when it could not be
-  // read.
+  enum class Outcome { Read, PlaceUnknown, NotThere, GivenUp };
+  // Of a part of the list, at its place, or where it must lie when each tag of the file is in the list. GivenUp: by the
+  // person, when it could not be read.
   Outcome Read(Inventory::PartIndex index, InventoryTag& tag);
-  // At a place of the file, without a word to anybody: false when it can't be read.
-  bool ReadAt(FileLink place, InventoryTag& tag);
+  // The same, its place sought in the file first. NotThere: the file has no tag of that number.
+  Outcome SeekAndRead(Inventory::PartIndex index, InventoryTag& tag);
+  // At a place of the file; number is the part's that the person is asked about when it can't be read. False when they
+  // gave up.
+  bool ReadOrAsk(FileLink place, const std::string& number, InventoryTag& tag);
+  // A part that Read has found, without a word to anybody: false when it can't be read.
+  bool ReadQuietly(Inventory::PartIndex index, InventoryTag& tag);
   // Lets writers have the file; the next read opens it again.
   void Close() { file_.Close(); }
   // Parts that weren't there may have come.
   void LookAgain() { notThere_.clear(); }
 
  private:
+  FileLink PlaceOf(Inventory::PartIndex index) const;
   FileLink Seek(Inventory::PartIndex index);
-  bool ReadOrAsk(FileLink place, const std::string& number, InventoryTag& tag);
 
   Environment& environment_;
   ui::Desktop& desktop_;
