@@ -70,6 +70,7 @@ int main(int count, char** arguments) {
   }
   lantos::ui::TameWindowSystem("lantos");
   QApplication application(count, arguments);
+  lantos::ui::EndWhenAsked();
   QApplication::setApplicationName(QStringLiteral("lantos"));
   QApplication::setApplicationDisplayName(QString());
   // What the window system has taken for itself is no longer among the arguments.

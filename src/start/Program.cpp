@@ -33,10 +33,15 @@ struct Program::State {
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     keys.openVendorList = [this] { ViewVendors(shop); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
+    desktop.onSessionEnd = [this] { DeleteUpdateFileAndCloseLog(); };
   }
-  ~State() { desktop.logFailure = nullptr; }
+  ~State() {
+    desktop.logFailure = nullptr;
+    desktop.onSessionEnd = nullptr;
+  }
 
   StartAndStop Steps();
+  void DeleteUpdateFileAndCloseLog();
   void DeleteUpdateFile() const;
 
   ui::Desktop& desktop;
@@ -63,15 +68,17 @@ StartAndStop Program::State::Steps() {
     return isUp;
   };
   steps.sendWaitingChanges = [this] { inventoryList.FinishUpdates(); };
-  steps.deleteUpdateFileAndCloseLog = [this] {
-    DeleteUpdateFile();
-    environment.log.Close();
-  };
+  steps.deleteUpdateFileAndCloseLog = [this] { DeleteUpdateFileAndCloseLog(); };
   return steps;
 }
 
 void Program::State::DeleteUpdateFile() const {
   if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
+}
+
+void Program::State::DeleteUpdateFileAndCloseLog() {
+  DeleteUpdateFile();
+  environment.log.Close();
 }
 
 Program::Program(ui::Desktop& desktop, Clock& clock, UserSettings& settings, Invocation invocation)

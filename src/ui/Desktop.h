@@ -86,6 +86,8 @@ class Desktop {
 
   // What is to be written down when an event fails.
   std::function<void(const std::string&)> logFailure;
+  // What must be done before the process ends because the session does, wherever the program waits just then.
+  std::function<void()> onSessionEnd;
   // Writes its text down, and reports what it says to a person.
   void EndEvent(const std::exception& error);
 

@@ -1,6 +1,12 @@
 #include "ui/qt/Platform.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QGuiApplication>
+#include <QSocketNotifier>
+#include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -31,6 +37,13 @@ bool HasDisplay() { return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentV
   std::_Exit(kNoWindows);
 }
 
+std::array<int, 2> asked{-1, -1};  // a pipe: little else may be done where a signal comes in
+
+void NoteAsked(int /*signal*/) {
+  const char byte = 0;
+  if (write(asked[1], &byte, 1) != 1) return;  // it is full: asked often enough
+}
+
 void Hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   const bool starting = QCoreApplication::instance() == nullptr || QGuiApplication::platformName().isEmpty();
   if (starting && type == QtFatalMsg) EndWithoutWindows();
@@ -45,6 +58,13 @@ void TameWindowSystem(const std::string& program) {
   if (previousHandler != nullptr) return;
   programName = program;
   previousHandler = qInstallMessageHandler(Hear);
+}
+
+void EndWhenAsked() {
+  if (pipe2(asked.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+  auto* notifier = new QSocketNotifier(asked[0], QSocketNotifier::Read, QCoreApplication::instance());
+  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] { QCoreApplication::quit(); });
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, NoteAsked);
 }
 
 void DoWithoutDisplay() {

@@ -176,7 +176,9 @@ void QtDesktop::WaitFor(const std::function<bool()>& over, const std::function<v
     waits_.push_back({&loop, &over});
     // A loop that can't be entered any more: the session is being ended from outside.
     while (!over()) {
-      if (loop.exec() < 0) EndProcess(0);
+      if (loop.exec() >= 0) continue;
+      if (onSessionEnd) onSessionEnd();
+      EndProcess(0);
     }
     waits_.pop_back();
   }
