@@ -62,7 +62,7 @@ StartAndStop Program::State::Steps() {
     NoteUnknownSwitch(shop, invocation.commandLine);
     return isUp;
   };
-  steps.sendWaitingChanges = [this] { inventoryList.SendAllChanges(); };
+  steps.sendWaitingChanges = [this] { inventoryList.FinishUpdates(); };
   steps.deleteUpdateFileAndCloseLog = [this] {
     DeleteUpdateFile();
     environment.log.Close();

@@ -5,8 +5,11 @@
 
 #include "Readers.h"
 #include "records/inventory/Inventory.h"
+#include "records/inventory/InventoryKits.h"
 #include "records/inventory/KitContents.h"
+#include "records/inventory/MailboxIntake.h"
 #include "records/inventory/NameList.h"
+#include "records/inventory/OutgoingChanges.h"
 
 // What the program does with the inventory's files, whatever their bytes are.
 namespace lantos::fuzz {
@@ -70,6 +73,42 @@ inline void ChangeInventory(QuietShop& shop) {
     Inventory::PartIndex added = Inventory::kNoPart;
     inventory.NewInventoryPart("NEWCOMER", added);
   });
+}
+
+constexpr std::string_view kUpdateFile = "AU9300.$$$";
+
+// Takes the update file in, whatever stands in it: it is empty then, unless a tag can't be read.
+inline void TakeUpdatesIn(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  shop.environment.updateFileName = kUpdateFile;
+  Refusable([&] {
+    Inventory& inventory = records.inventory;
+    LoadInventoryTags(shop, inventory);
+    const Inventory::PartIndex before = inventory.Count();
+    const std::size_t sent = shop.Content(kUpdateFile).size() / InventoryTag::kLength;
+    Mailbox mailbox(shop.environment);
+    MailboxIntake intake(shop.environment, shop.desktop, inventory, mailbox);
+    std::size_t taken = 0;
+    intake.onNew = [&](Inventory::PartIndex) { ++taken; };
+    while (intake.ProcessInventoryUpdates() == Mailbox::Left::More) {
+    }
+    Must(static_cast<std::size_t>(inventory.Count() - before) == taken && taken <= sent, "parts from nowhere");
+    for (Inventory::PartIndex index = before; index < inventory.Count(); ++index) {
+      const std::string number = inventory.Tag(index).Get(inventorytag::StockNumber);
+      Must(number.empty() || inventory.FindPart(number) == index, "a new part isn't found");
+    }
+    Must(sent == 0 || shop.Content(kUpdateFile).empty(), "the update file isn't emptied");
+  });
+}
+
+// And what others append to it afterwards stands in whole records.
+inline void AppendUpdates(QuietShop& shop) {
+  shop.environment.updateFileName = "AU9309.$$$";
+  const std::size_t before = shop.Content(kUpdateFile).size() / InventoryTag::kLength;
+  OutgoingChanges changes(shop.environment, shop.desktop);
+  changes.AddAuditRecord({});
+  changes.SendAll();
+  Must(shop.Content(kUpdateFile).size() == (before + 1) * InventoryTag::kLength, "half a record is left");
 }
 
 inline void ReadKits(QuietShop& shop) {

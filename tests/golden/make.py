@@ -11,7 +11,8 @@ from goldenfiles.layouts import (ACTIVE_WO_TAG, ARCHIVED_WO_TAG, CUSTOMER, CUSTO
                                  INVENTORY_TAG, KIT, LABOR_KIT, LAYOUTS, MAKE_MODEL, PASSWORDS, PO_TAG, SYSTEM, VEHICLE, VENDOR)
 from goldenfiles.people import (make_customers, make_employees, make_followups, make_makes, make_passwords, make_system,
                                 make_vehicles)
-from goldenfiles.stock import make_inventory, make_kits, make_names, make_orders, make_vendors
+from goldenfiles.stock import (make_inventory, make_kits, make_names, make_orders, make_updates,
+                               make_vendors)
 from goldenfiles.workorders import make_workorders
 
 
@@ -29,7 +30,7 @@ def main():
             out.write(content)
     for name, content in (("TQDEPART.DAT", make_names("FILTERS", "ELECTRIC", "CORES", "KITS")),
                           ("TQMANUFA.DAT", make_names("AC DELCO", "B\u00f6sch", "A NAME OF TWENTY CHR")),
-                          ("P0003101.TQP", make_orders()[1]), ("TQCANLAB.DAT", make_canned_labor()[0]),
+                          ("AU9301.$$$", make_updates()), ("P0003101.TQP", make_orders()[1]), ("TQCANLAB.DAT", make_canned_labor()[0]),
                           ("TQCANNOT.DAT", CANNED_NOTES), ("CHECKLST.TXT", CHECKLIST),
                           ("W0004711.tqa", make_workorders()[2]), ("TQINVOIC.DAT", make_workorders()[3])):
         with open(name, "wb") as out:

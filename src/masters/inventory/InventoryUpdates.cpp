@@ -48,7 +48,7 @@ InventoryUpdates::InventoryUpdates(Shop& shop, ui::Timer& audit, ui::Timer& inta
   update_.OnTimer = [this] { UpdateTick(); };
   shop_.records.inventory.onBroadcast = [this](const InventoryTag& tag) {
     outgoing_.AddAuditRecord(tag);
-    intake_.Follow(tag.View(inventorytag::StockNumber));
+    intake_.Follow(tag);
   };
   intake_.onChanged = [this](Inventory::PartIndex index, const InventoryTag& before) {
     changed_ = true;
@@ -64,6 +64,12 @@ InventoryUpdates::~InventoryUpdates() { shop_.records.inventory.onBroadcast = nu
 
 void InventoryUpdates::Start() {
   for (ui::Timer* timer : {&audit_, &update_}) timer->SetEnabled(true);
+}
+
+void InventoryUpdates::Finish() {
+  for (ui::Timer* timer : {&audit_, &update_}) timer->SetEnabled(false);
+  mailbox_.Leave();
+  outgoing_.SendAll();
 }
 
 void InventoryUpdates::AuditTick() {

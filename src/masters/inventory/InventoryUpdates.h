@@ -27,8 +27,8 @@ class InventoryUpdates {
 
   // Both timers begin.
   void Start();
-  // Sends what waits, at the end of the run.
-  void SendAll() { outgoing_.SendAll(); }
+  // At the end of the run: sends what waits, and lets go of the update file.
+  void Finish();
 
  private:
   void AuditTick();

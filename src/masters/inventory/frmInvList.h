@@ -66,8 +66,8 @@ class frmInvList : public SizedForm, public PartRows {
   bool IsLoading() const { return blocks_.AreLeft(); }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
   void FinishLoading();
-  // Tells the other copies what they haven't been told yet, at the end of the run.
-  void SendAllChanges() { updates_.SendAll(); }
+  // Tells the other copies what they haven't been told yet, at the end of the run, and hears nothing more.
+  void FinishUpdates() { updates_.Finish(); }
 
   // The row of a part, from its tag in the list. The person's own place in the list stays, as far as it can: the part
   // that is current, the search and what of the list is in sight.

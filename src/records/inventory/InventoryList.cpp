@@ -81,10 +81,13 @@ InventoryList::PartIndex InventoryList::AppendTag(const InventoryTag& tag) {
 
 void InventoryList::ReplaceTag(PartIndex index, const InventoryTag& tag) {
   InventoryTag& place = tags_.at(static_cast<std::size_t>(index));
-  const NumberKey before = KeyOf(place);
-  place = tag;
-  TrimTexts(place);
-  if (KeyOf(place) != before) Reindex();
+  InventoryTag trimmed = tag;
+  TrimTexts(trimmed);
+  const bool isMoved = KeyOf(trimmed) != KeyOf(place) && index < indexed_;
+  if (isMoved) RemoveFromIndex(index);
+  place = trimmed;
+  if (isMoved && hasDoubles_) Reindex();
+  if (isMoved && index < indexed_) AddToIndex(index);
 }
 
 InventoryList::NumberKey InventoryList::KeyOf(const InventoryTag& tag) { return WordsOf(tag.Bytes().data()); }
@@ -105,7 +108,25 @@ void InventoryList::AddToIndex(PartIndex index) const {
   if (key == NumberKey{}) return;
   const std::uint32_t hash = HashOf(key);
   Slot& slot = slots_[SlotOf(key, hash)];
-  if (slot.index == kNoPart) slot = {index, hash};
+  if (slot.index != kNoPart) hasDoubles_ = true;
+  if (slot.index == kNoPart || index < slot.index) slot = {index, hash};
+}
+
+// What stands behind it and could not get its place moves up, so that no search ends at the gap.
+void InventoryList::RemoveFromIndex(PartIndex index) {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t gap = HashOf(KeyOf(tags_[static_cast<std::size_t>(index)])) & mask;
+  while (slots_[gap].index != index) {
+    if (slots_[gap].index == kNoPart) return;  // it had no number, or a part ahead of it has the same
+    gap = (gap + 1) & mask;
+  }
+  for (std::size_t next = (gap + 1) & mask; slots_[next].index != kNoPart; next = (next + 1) & mask) {
+    const std::size_t wanted = slots_[next].hash & mask;
+    if (((next - wanted) & mask) < ((next - gap) & mask)) continue;
+    slots_[gap] = slots_[next];
+    gap = next;
+  }
+  slots_[gap] = Slot{};
 }
 
 // Parts come by the thousand while the list is loaded: they join the index at the first look-up behind them.
@@ -113,6 +134,7 @@ void InventoryList::CompleteIndex() const {
   if (slots_.size() < SlotsFor(tags_.size())) {
     slots_.assign(SlotsFor(tags_.capacity()), Slot{});
     indexed_ = 0;
+    hasDoubles_ = false;
   }
   for (; indexed_ < Count(); ++indexed_) AddToIndex(indexed_);
 }
@@ -120,6 +142,7 @@ void InventoryList::CompleteIndex() const {
 void InventoryList::Reindex() {
   slots_.clear();
   indexed_ = 0;
+  hasDoubles_ = false;
 }
 
 InventoryList::PartIndex InventoryList::FindPart(std::string_view stockNumber) const {

@@ -28,7 +28,8 @@ class InventoryList {
   const InventoryTag& Tag(PartIndex index) const { return tags_.at(static_cast<std::size_t>(index)); }
   // At the end of the list, its place in the file unknown. The stock number and the description are trimmed.
   PartIndex AppendTag(const InventoryTag& tag);
-  // The stock number and the description are trimmed. Another stock number takes time with the length of the list.
+  // The stock number and the description are trimmed. Another stock number takes time with the length of the list only
+  // where two parts bear the same one.
   void ReplaceTag(PartIndex index, const InventoryTag& tag);
   // Of the tag in the tag file; kNoLink while it isn't known.
   FileLink Location(PartIndex index) const { return locations_.at(static_cast<std::size_t>(index)); }
@@ -76,6 +77,7 @@ class InventoryList {
   void MakeRoom();
   void Reindex();
   void AddToIndex(PartIndex index) const;
+  void RemoveFromIndex(PartIndex index);
   void CompleteIndex() const;
   std::size_t SlotOf(const NumberKey& key, std::uint32_t hash) const;
 
@@ -83,7 +85,8 @@ class InventoryList {
   std::vector<FileLink> locations_;
   // Open addressing: the slots stand where the hashes of their numbers lead. At most half of them are used.
   mutable std::vector<Slot> slots_;
-  mutable PartIndex indexed_ = 0;  // leading parts that stand in it
+  mutable PartIndex indexed_ = 0;    // leading parts that stand in it
+  mutable bool hasDoubles_ = false;  // among them: a number that two parts bear
 };
 
 }  // namespace lantos

@@ -77,8 +77,8 @@ MailboxIntake::Progress MailboxIntake::TakeSome() {
     const InventoryTag& received = records_[next_++];
     const Inventory::PartIndex index = inventory_.FindPart(received.View(inventorytag::StockNumber));
     if (index == Inventory::kNoPart) {
-      TakeUnknown(received);
-      break;  // it may have cost a walk over the tag file
+      // It may cost a walk over the tag file, which is enough for a step.
+      return TakeUnknown(received) ? Progress::Going : Progress::GivenUp;
     }
     if (!TakeKnown(index, received)) return Progress::GivenUp;
   }
@@ -95,32 +95,39 @@ bool MailboxIntake::TakeKnown(Inventory::PartIndex index, const InventoryTag& re
   return true;
 }
 
-void MailboxIntake::TakeUnknown(const InventoryTag& received) {
-  if (TakeMoved(received)) return;
-  if (received.View(inventorytag::StockNumber).empty()) return;  // a deleted part that was never listed
+bool MailboxIntake::TakeUnknown(const InventoryTag& received) {
+  const Moved moved = TakeMoved(received);
+  if (moved != Moved::No) return moved == Moved::Taken;
+  if (received.View(inventorytag::StockNumber).empty()) return true;  // a deleted part that was never listed
   const Inventory::PartIndex index = inventory_.AppendTag(received);
   partsByMaster_.emplace(received.Get(inventorytag::Tag), index);
   newer_.Follow(index);
   if (onNew) onNew(index);
+  return true;
 }
 
 // A part of the list that got another number, or none since it was deleted, is known by its master. What is told has no
 // number that the list could have; the tag file must bear it out.
-bool MailboxIntake::TakeMoved(const InventoryTag& received) {
+MailboxIntake::Moved MailboxIntake::TakeMoved(const InventoryTag& received) {
   const FileLink master = received.Get(inventorytag::Tag);
   const Inventory::PartIndex index = PartOfMaster(master);
-  if (index == Inventory::kNoPart) return false;
+  if (index == Inventory::kNoPart) return Moved::No;
   FileLink place = inventory_.Location(index);
   if (place == kNoLink) place = walk_.FindByMaster(master);
   InventoryTag inFile;
-  if (place == kNoLink || !tags_.ReadAt(place, inFile)) return false;
-  const bool isBorneOut = inFile.Get(inventorytag::Tag) == master &&
-                          inFile.View(inventorytag::StockNumber) == received.View(inventorytag::StockNumber);
-  if (!isBorneOut) return false;
+  if (place == kNoLink) return Moved::No;
+  if (!tags_.ReadOrAsk(place, inventory_.Tag(index).Get(inventorytag::StockNumber), inFile)) return Moved::GivenUp;
+  const auto isNamed = [&](const InventoryTag& tag) {
+    return inFile.Get(inventorytag::Tag) == master &&
+           inFile.View(inventorytag::StockNumber) == tag.View(inventorytag::StockNumber);
+  };
+  // Word of what it was called before it was renumbered.
+  if (newer_.Follows(index) && isNamed(inventory_.Tag(index))) return Moved::Taken;
+  if (!isNamed(received)) return Moved::No;
   inventory_.SetLocation(index, place);
   newer_.Follow(index);
   Replace(index, inFile);
-  return true;
+  return Moved::Taken;
 }
 
 Inventory::PartIndex MailboxIntake::PartOfMaster(FileLink master) {
@@ -147,8 +154,14 @@ void MailboxIntake::End() {
   partsByMaster_.clear();
 }
 
-void MailboxIntake::Follow(std::string_view stockNumber) {
-  const Inventory::PartIndex index = inventory_.FindPart(stockNumber);
+// A deleted part has its master alone to be known by.
+void MailboxIntake::Follow(const InventoryTag& written) {
+  Inventory::PartIndex index = inventory_.FindPart(written.View(inventorytag::StockNumber));
+  if (index == Inventory::kNoPart) {
+    partsByMaster_.clear();
+    index = PartOfMaster(written.Get(inventorytag::Tag));
+    partsByMaster_.clear();
+  }
   if (index != Inventory::kNoPart) newer_.Follow(index);
 }
 

@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <span>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -31,8 +30,8 @@ class MailboxIntake {
   // Nothing is left, too, when somebody has the mailbox, or the person gives up at a tag that can't be read: the
   // records wait for a later call.
   Mailbox::Left ProcessInventoryUpdates();
-  // This copy has written the part itself.
-  void Follow(std::string_view stockNumber);
+  // This copy has written the part itself, as this.
+  void Follow(const InventoryTag& written);
   // What the tag file hasn't borne out for a minute is read from there.
   void ReadOverdue();
 
@@ -47,8 +46,9 @@ class MailboxIntake {
   bool ReadNext();
   Progress TakeSome();
   bool TakeKnown(Inventory::PartIndex index, const InventoryTag& received);
-  void TakeUnknown(const InventoryTag& received);
-  bool TakeMoved(const InventoryTag& received);
+  bool TakeUnknown(const InventoryTag& received);
+  enum class Moved { Taken, No, GivenUp };
+  Moved TakeMoved(const InventoryTag& received);
   Inventory::PartIndex PartOfMaster(FileLink master);
   void Replace(Inventory::PartIndex index, const InventoryTag& tag);
   void End();

@@ -19,6 +19,7 @@ class NewerTag {
                              const InventoryTag& inFile, LocalTime now);
   // The list has this part as the file has it, by a change of this run.
   void Follow(Inventory::PartIndex part);
+  bool Follows(Inventory::PartIndex part) const { return followed_.contains(part); }
   // Parts whose last word the file hasn't borne out for so long.
   std::vector<Inventory::PartIndex> AheadOfFile(LocalTime now, std::int64_t milliseconds) const;
 

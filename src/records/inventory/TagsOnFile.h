@@ -19,7 +19,10 @@ class TagsOnFile {
   // Of a part of the list. NotThere: the file has no tag of that number. GivenUp: by the person, when it could not be
   // read.
   Outcome Read(Inventory::PartIndex index, InventoryTag& tag);
-  // At a place of the file, without a word to anybody: false when it can't be read.
+  // At a place of the file; number is the part's that the person is asked about when it can't be read. False when they
+  // gave up.
+  bool ReadOrAsk(FileLink place, const std::string& number, InventoryTag& tag);
+  // The same without a word to anybody: false when it can't be read.
   bool ReadAt(FileLink place, InventoryTag& tag);
   // Lets writers have the file; the next read opens it again.
   void Close() { file_.Close(); }
@@ -28,7 +31,6 @@ class TagsOnFile {
 
  private:
   FileLink Seek(Inventory::PartIndex index);
-  bool ReadOrAsk(FileLink place, const std::string& number, InventoryTag& tag);
 
   Environment& environment_;
   ui::Desktop& desktop_;

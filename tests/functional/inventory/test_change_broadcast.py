@@ -6,6 +6,7 @@ from conversionsteps import begin, convert_whole, estimate, show, shop
 from inventoryfiles import make_inventory, part
 from locks import denied_to_all
 from mailboxes import OWN, TICK, listed, mail, put_mail, stock, told, total
+from startsteps import START_FAILED
 from workfiles import one_estimate
 
 PARTS = [part("HOSE-1", "HOSE", (1, 2, 3, 400), 10), part("HOSE-2", "HOSE", (1, 2, 3, 500), 20),
@@ -69,6 +70,17 @@ def test_leaving_by_the_menu_sends_nothing_more_and_leaves_the_file(start, shop,
     first.expect_end()
     assert mail(shop, PEER) == []
     assert shop.names("AU*") == [OWN, PEER]
+
+
+def test_a_start_that_fails_leaves_no_file_behind(start, shop):
+    shop.write()
+    shop.path("TQEMPLOY.DAT").unlink(missing_ok=True)
+    shop.path("TQEMPLOY.DAT").mkdir()
+    copy = start(shop)
+    copy.expect_box(title="Lantos can not start", icon="critical")
+    copy.press("OK")
+    copy.expect_end(START_FAILED)
+    assert shop.names("AU*") == []
 
 
 def test_a_copy_that_runs_past_midnight_keeps_to_the_files_of_its_first_day(start, shop, tmp_path):

@@ -32,6 +32,18 @@ def make_inventory():
     return tags, masters
 
 
+def make_updates():
+    """Changes told by other copies: a known part twice, one that is new, one with bytes behind its text."""
+    return (record(INVENTORY_TAG, StockNumber="PF47", Description="OIL FILTER", Pricing_0=310, Pricing_1=420, Pricing_2=500,
+                   Pricing_3=699, InStock=11, Tag=344 * 2, IsStocked=1)
+            + record(INVENTORY_TAG, StockNumber="PF47", Description="OIL FILTER", Pricing_0=320, Pricing_1=430,
+                     Pricing_2=510, Pricing_3=719, InStock=10, Tag=344 * 2, IsStocked=1)
+            + record(INVENTORY_TAG, StockNumber="B\u00c4LG 7", Description="BELLOWS", Pricing_3=-1, InStock=-32768,
+                     Tag=344 * 5, IsStocked=1)
+            + record(INVENTORY_TAG, StockNumber=b"STARTER\0/C", Description="STARTER MOTOR", Pricing_3=12500, InStock=2,
+                     Tag=344))
+
+
 def make_kits():
     """The second has a blank line ahead of its last one, and fills its record."""
     full = {"Line_%d" % i: "PART%d(%d)" % (i, i) for i in range(50)}

@@ -9,6 +9,7 @@
 #include <functional>
 #include <thread>
 
+#include "frame/Dates.h"
 #include "frame/Environment.h"
 #include "frame/ScratchDirectory.h"
 
@@ -37,6 +38,11 @@ TEST(DayMarks, MonthTwelveGivesTheLetterC) {
   EXPECT_EQ(DayMark(ParseLocalTime("2003-12-01T00:00:00")->day), "c01");
   EXPECT_EQ(DayMark(ParseLocalTime("2003-01-31T00:00:00")->day), "131");
   EXPECT_EQ(DayMark(ParseLocalTime("2003-10-09T00:00:00")->day), "a09");
+}
+
+TEST(DayMarks, OctoberGivesTheLetterAAndTheFirstTwoDigits) {
+  EXPECT_EQ(UpdateFilePrefix(ToSerial({2003, 10, 1})), "AUa01");
+  EXPECT_EQ(UpdateFilePrefix(ToSerial({2003, 10, 31})), "AUa31");
 }
 
 TEST_F(RunLogs, ALineIsDateAndTimeInTwentyCharactersAndTheMessage) {

@@ -81,8 +81,24 @@ TEST_F(InventoryUpdatesTest, WhatIsWrittenWithTheFlagGoesOutAtTheNextTick) {
 TEST_F(InventoryUpdatesTest, AtTheEndOfTheRunWhatWaitsGoesOut) {
   Inventory::PartIndex index = Inventory::kNoPart;
   inventory.NewInventoryPart("OIL-1", index);
-  list.SendAllChanges();
+  list.FinishUpdates();
   EXPECT_EQ(directory.Content(kPeer), Tag("OIL-1", 0, 3 * 344));
+  EXPECT_FALSE(list.AuditTimer.Enabled());
+  EXPECT_FALSE(list.UpdTimer.Enabled());
+}
+
+TEST_F(InventoryUpdatesTest, AnEndInTheMiddleOfAnIntakeLetsGoOfTheFile) {
+  inventory.FinishLoading();
+  const SharedFile held(directory.Path() / "TQINVTAG.DAT", Access::ReadWrite, Deny::All);
+  directory.Put(kMine, Tag("HOSE-1", 5, 0));
+  inventory.SetLocation(0, 0);
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, "ReadInventoryTag");
+    list.FinishUpdates();
+    EXPECT_NO_THROW(SharedFile(directory.Path() / kMine, Access::ReadWrite, Deny::All));
+    return Answer::Cancel;
+  });
+  list.UpdTimer.DoTick();
 }
 
 TEST_F(InventoryUpdatesTest, ATimerStandsStillDuringItsTick) {
@@ -125,6 +141,19 @@ TEST_F(InventoryUpdatesTest, ANewPartStandsWhereItsKeyPutsItAndIsCounted) {
   EXPECT_EQ(inventory.FindPart("HOSE-10"), 3);
 }
 
+TEST_F(InventoryUpdatesTest, APartThatAnotherCopyDeletedLosesItsRow) {
+  inventory.FinishLoading();
+  list.Show();
+  std::string masters = directory.Content("TQINVENT.DAT");
+  masters[344 + 335] = '\1';
+  directory.Put("TQINVENT.DAT", masters);
+  const std::string deleted = RawRecord(128).Text(21, "HOSE-2").Long(78, 344).Bytes();
+  directory.Put("TQINVTAG.DAT", Tag("HOSE-1", 0, 0) + deleted + Tag("PAD-9", 0, 688));
+  Receive(deleted);
+  EXPECT_EQ(Shown(), (std::vector<std::string>{"HOSE-1", "PAD-9"}));
+  EXPECT_EQ(list.TotalParts.Caption(), "      2 Total Parts");
+}
+
 TEST_F(InventoryUpdatesTest, TheListIsKeptUpWhileItIsHidden) {
   inventory.FinishLoading();
   Receive(Tag("HOSE-1", 5, 0) + Tag("HOSE-10", 6, 9000));
@@ -143,6 +172,7 @@ TEST_F(InventoryUpdatesTest, TheFilterOfTheSearchStillHolds) {
           Tag("X-2", 0, 9344, "OTHER"));
   EXPECT_THAT(Shown(), ElementsAre("HOSE-2", "PAD-9", "X-1"));
   EXPECT_EQ(list.TotalParts.Caption(), "      5 Total Parts");
+  EXPECT_EQ(list.lblMatchParts.Caption(), "3 Matches    ");
 }
 
 TEST_F(InventoryUpdatesTest, NothingIsTakenInBeforeTheListIsLoaded) {

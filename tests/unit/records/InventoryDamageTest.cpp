@@ -102,6 +102,42 @@ TEST_P(DamagedInventory, AFlippedBitIsReadLeftAsItIsAndDoesNoHarmToAWrite) {
   }
 }
 
+// An update file is taken in and emptied, whatever it holds.
+class DamagedUpdates : public testing::Test {
+ protected:
+  void Use(const std::string& content) {
+    shop.Put(kInventoryTagFile, TagSeed());
+    shop.Put(fuzz::kUpdateFile, content);
+    fuzz::TakeUpdatesIn(shop);
+    ASSERT_EQ(shop.Content(fuzz::kUpdateFile).size(), content.size() < InventoryTag::kLength ? content.size() : 0);
+    ASSERT_EQ(shop.Content(kInventoryTagFile), TagSeed());
+    shop.Put(fuzz::kUpdateFile, content);
+    fuzz::AppendUpdates(shop);
+  }
+  static std::string Seed() {
+    InventoryTag fresh;
+    fresh.Put(inventorytag::StockNumber, "NEWCOMER");
+    return TagSeed() + BytesOf(fresh);
+  }
+
+  QuietShop shop;
+};
+
+TEST_F(DamagedUpdates, ACutFileIsTakenInAsFarAsItsRecordsAreWhole) {
+  const std::string seed = Seed();
+  for (std::size_t length = 0; length <= seed.size() && !HasFatalFailure(); length += 5) Use(seed.substr(0, length));
+}
+
+TEST_F(DamagedUpdates, AFlippedBitIsAnotherPartOrNone) {
+  std::string content = Seed();
+  for (std::size_t at = 0; at < content.size() && !HasFatalFailure(); ++at) {
+    const char byte = content[at];
+    content[at] = static_cast<char>(byte ^ (1 << (at % 8)));
+    Use(content);
+    content[at] = byte;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Formats, DamagedInventory, testing::Values(kTags, kMasters, kKits, kNames),
                          [](const testing::TestParamInfo<Format>& tested) {
                            return std::string(tested.param.file.substr(0, tested.param.file.find('.')));

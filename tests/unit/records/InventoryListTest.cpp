@@ -100,6 +100,31 @@ TEST_F(InventoryList, AReplacedTagIsFoundByItsNewNumberAndNoLongerByItsOld) {
   EXPECT_EQ(inventory.FindPart("B2"), Inventory::kNoPart);
 }
 
+TEST_F(InventoryList, ManyChangesOfNumbersOneByOneLeaveEveryPartToBeFound) {
+  for (int i = 0; i < 200; ++i) inventory.AppendTag(NamedTag("P" + std::to_string(i)));
+  ASSERT_EQ(inventory.FindPart("P199"), 199);
+  for (int i = 0; i < 2000; ++i) {
+    const int part = (i * 37) % 200;
+    const std::string before = inventory.Tag(part).Get(inventorytag::StockNumber);
+    inventory.ReplaceTag(part, NamedTag("N" + std::to_string(i)));
+    ASSERT_EQ(inventory.FindPart("N" + std::to_string(i)), part);
+    ASSERT_EQ(inventory.FindPart(before), Inventory::kNoPart);
+  }
+  for (int part = 0; part < 200; ++part) {
+    EXPECT_EQ(inventory.FindPart(inventory.Tag(part).View(inventorytag::StockNumber)), part);
+  }
+}
+
+TEST_F(InventoryList, APartThatTakesTheNumberOfALaterOneIsFoundAheadOfIt) {
+  for (const char* number : {"A", "B", "C"}) inventory.AppendTag(NamedTag(number));
+  ASSERT_EQ(inventory.FindPart("C"), 2);
+  inventory.ReplaceTag(0, NamedTag("C"));
+  EXPECT_EQ(inventory.FindPart("C"), 0);
+  inventory.ReplaceTag(0, NamedTag("A"));
+  EXPECT_EQ(inventory.FindPart("C"), 2);
+  EXPECT_EQ(inventory.FindPart("A"), 0);
+}
+
 TEST_F(InventoryList, AReplacedTagOfTheSameNumberIsFoundWithItsNewPrices) {
   PutParts({{"A", "AXLE", {1, 2, 3, 4}, 5}});
   InventoryTag tag = inventory.Tag(0);

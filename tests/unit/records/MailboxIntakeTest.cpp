@@ -215,7 +215,7 @@ TEST_F(MailboxIntakeTest, WordOfAnEarlierChangeDoesNotUndoThisCopysOwn) {
   Read("A");
   inventory.CurrentInvTag.Put(inventorytag::InStock, 5);
   inventory.WriteInventory(0, 0, Inventory::Core::Stays, Inventory::Broadcast::Yes);
-  intake.Follow("A");
+  intake.Follow(inventory.CurrentInvTag);
   Receive(AxleWith(9));
   EXPECT_EQ(StockOf("A"), 5);
 }
@@ -256,6 +256,25 @@ TEST_F(MailboxIntakeTest, APartThatGotAnotherNumberKeepsItsRow) {
   EXPECT_EQ(inventory.Location(1), 128);
 }
 
+TEST_F(MailboxIntakeTest, WordOfTheNumberThatAPartHadBeforeIsNoNewPart) {
+  WriteTag(1, {"B-2", "BELT", {5, 6, 7, 8}, 20});
+  Receive(TagImage({"B-2", "BELT", {5, 6, 7, 8}, 20}, 344));
+  Receive(TagImage({"B", "BELT", {5, 6, 7, 8}, 21}, 344));
+  EXPECT_EQ(inventory.Count(), 3);
+  EXPECT_EQ(StockOf("B-2"), 20);
+}
+
+TEST_F(MailboxIntakeTest, WordOfAPartThatThisCopyHasDeletedIsNoNewPart) {
+  const FileLink offset = Read("B");
+  inventory.CurrentInv.Put(inventory::Deleted, 1);
+  inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
+  inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::Yes);
+  intake.Follow(inventory.CurrentInvTag);
+  Receive(TagImage({"B", "BELT", {5, 6, 7, 8}, 21}, 344));
+  EXPECT_EQ(inventory.Count(), 3);
+  EXPECT_EQ(inventory.FindPart("B"), Inventory::kNoPart);
+}
+
 TEST_F(MailboxIntakeTest, APartThatWasDeletedIsBlankInTheListToo) {
   for (const bool placeIsKnown : {false, true}) {
     LoadList();
@@ -268,6 +287,19 @@ TEST_F(MailboxIntakeTest, APartThatWasDeletedIsBlankInTheListToo) {
     EXPECT_THAT(added, IsEmpty());
     WriteTag(1, {"B", "BELT", {5, 6, 7, 8}, 20});
   }
+}
+
+TEST_F(MailboxIntakeTest, ARenumberedPartThatCanNotBeReadIsNotTakenForANewOne) {
+  WriteTag(1, {"B-2", "BELT", {5, 6, 7, 8}, 20});
+  inventory.SetLocation(1, 128);
+  Put(kMine, TagImage({"B-2", "BELT", {5, 6, 7, 8}, 20}, 344));
+  std::optional<SharedFile> held = HeldByAnother(kInventoryTagFile);
+  desktop.WillAnswer(Answer::Cancel);
+  Take();
+  EXPECT_EQ(inventory.Count(), 3);
+  held.reset();
+  Take();
+  EXPECT_EQ(inventory.FindPart("B-2"), 1);
 }
 
 TEST_F(MailboxIntakeTest, ANewPartWithTheMasterOfAnotherIsStillANewPart) {
@@ -331,38 +363,6 @@ TEST_F(MailboxIntakeTest, AMailboxThatIsGoneIsNothing) {
   std::filesystem::remove(PathOf(kMine));
   EXPECT_EQ(Take(), Mailbox::Left::Nothing);
   EXPECT_FALSE(IsThere(kMine));
-}
-
-// A clock that goes on with each look at it.
-class GoingClock : public StandingClock {
- public:
-  using StandingClock::StandingClock;
-  LocalTime Now() const override {
-    const_cast<GoingClock*>(this)->MoveOn(6);
-    return StandingClock::Now();
-  }
-};
-
-TEST_F(MailboxIntakeTest, MuchIsTakenInBySlicesAndTheFileIsHeldMeanwhile) {
-  std::string mail;
-  for (int i = 0; i < 300; ++i) mail += AxleWith(static_cast<std::int16_t>(2000 - i));
-  Put(kMine, mail);
-  GoingClock going{patience.Now()};
-  Environment environmentThatGoes{going, settings};
-  environmentThatGoes.files.SetDataDir(world.files.DataDir());
-  environmentThatGoes.updateFileName = kMine;
-  Mailbox box(environmentThatGoes);
-  MailboxIntake slices(environmentThatGoes, desktop, inventory, box);
-  int calls = 1;
-  for (; slices.ProcessInventoryUpdates() == Mailbox::Left::More; ++calls) {
-    ASSERT_LT(calls, 100);
-    EXPECT_EQ(BytesOf(kMine).size(), mail.size());
-    EXPECT_THROW(HeldByAnother(kMine, Access::Write, Deny::None), FileError);
-    EXPECT_NO_THROW(HeldByAnother(kInventoryTagFile)) << "writers of parts can go on between two slices";
-  }
-  EXPECT_GT(calls, 2);
-  EXPECT_EQ(StockOf("A"), 1701);
-  EXPECT_EQ(BytesOf(kMine), "");
 }
 
 TEST_F(MailboxIntakeTest, ThePlacesOfManyPartsAreFoundInOneWalk) {
