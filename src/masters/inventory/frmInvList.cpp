@@ -296,8 +296,11 @@ frmInvList::Request frmInvList::ShowFor(Purpose purpose) {
 
 InventoryUpdates::List frmInvList::ReceivedParts() {
   return {.isLoading = [this] { return IsLoading(); },
-          .onChanged = [this](Inventory::PartIndex index,
-                              const InventoryTag& before) { rowsMoved_ |= table_.Replace(index, before); },
+          .onChanged =
+              [this](Inventory::PartIndex index, const InventoryTag& before) {
+                rowsMoved_ |= table_.Replace(index, before);
+                if (DeletedParts(shop_).Has(inventory_.Tag(index))) table_.Remove(index);
+              },
           .onNew =
               [this](Inventory::PartIndex index) {
                 if (DeletedParts(shop_).Has(inventory_.Tag(index))) return;

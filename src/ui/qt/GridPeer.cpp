@@ -141,11 +141,12 @@ class GridPeer : private HasModel, public RowsPeer {
     if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) current_ = IdentityOf(grid_.Row());
   }
 
-  // Where the current row is the one that was, the rows change under the person's eyes: it stays at its height, and
-  // where they have scrolled away from it, they stay away.
+  // Where the current row is the one that was, and the order too, the rows change under the person's eyes: it stays at
+  // its height, and where they have scrolled away from it, they stay away.
   void ShowRows() {
     const int top = table_.verticalScrollBar()->value();
     const int before = SelectedRow();
+    const bool inOrderOfBefore = grid_.SortedBy() == sortedBy_;
     model_.Reload();
     if (HideColumns()) {
       widthsArePersons_ = false;
@@ -155,7 +156,7 @@ class GridPeer : private HasModel, public RowsPeer {
     if (!widthsArePersons_) FitColumns();
     ShowSelected(grid_.Row());
     const bool isTheSame = grid_.Row() < 0 || before < 0 ? grid_.Row() == before : IdentityOf(grid_.Row()) == current_;
-    if (!isTheSame) return;
+    if (!isTheSame || !inOrderOfBefore) return;
     table_.verticalScrollBar()->setValue(top + grid_.Row() - before);
   }
 
@@ -216,7 +217,8 @@ class GridPeer : private HasModel, public RowsPeer {
   }
 
   void ShowSortMark() {
-    std::string name = grid_.SortedBy();
+    sortedBy_ = grid_.SortedBy();
+    std::string name = sortedBy_;
     const bool descending = name.ends_with(kDescending);
     if (descending) name.resize(name.size() - kDescending.size());
     int place = -1;
@@ -230,7 +232,8 @@ class GridPeer : private HasModel, public RowsPeer {
   Grid& grid_;
   QTableView& table_;
   QStringList captions_;
-  std::string current_;      // what was shown as the current row
+  std::string current_;  // what was shown as the current row
+  std::string sortedBy_;
   std::vector<int> widest_;  // pixels that the contents of each column have wanted
   bool fitting_ = false;
   bool widthsArePersons_ = false;  // the person has drawn at a heading
