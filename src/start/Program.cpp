@@ -33,7 +33,7 @@ struct Program::State {
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     keys.openVendorList = [this] { ViewVendors(shop); };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
-    desktop.onSessionEnd = [this] { DeleteUpdateFileAndCloseLog(); };
+    desktop.onSessionEnd = [this] { EndWithSession(); };
   }
   ~State() {
     desktop.logFailure = nullptr;
@@ -41,8 +41,9 @@ struct Program::State {
   }
 
   StartAndStop Steps();
+  void EndWithSession();
   void DeleteUpdateFileAndCloseLog();
-  void DeleteUpdateFile() const;
+  void DeleteUpdateFile();
 
   ui::Desktop& desktop;
   Invocation invocation;
@@ -72,8 +73,25 @@ StartAndStop Program::State::Steps() {
   return steps;
 }
 
-void Program::State::DeleteUpdateFile() const {
-  if (!environment.updateFileName.empty()) environment.files.Delete(environment.updateFileName);
+// What waits goes out first, as when the window is closed.
+void Program::State::EndWithSession() {
+  try {
+    inventoryList.FinishUpdates();
+  } catch (const std::exception& error) {
+    environment.log.Write(error.what());
+  }
+  DeleteUpdateFileAndCloseLog();
+}
+
+// Another copy may be sending its last changes just then.
+void Program::State::DeleteUpdateFile() {
+  const std::string& name = environment.updateFileName;
+  constexpr int kTries = 20;
+  constexpr std::int64_t kPause = 50;  // milliseconds
+  for (int i = 0; i < kTries && !name.empty(); ++i) {
+    if (environment.files.Delete(name) || !environment.files.IsThere(name)) return;
+    environment.clock.Wait(kPause);
+  }
 }
 
 void Program::State::DeleteUpdateFileAndCloseLog() {

@@ -110,8 +110,9 @@ bool FormKeys::PressMnemonic(char letter) {
   bool labelHit = false;
   for (Control* control : Controls()) {
     if (labelHit && control->TakesFocus() && control->IsUsable()) {
-      MoveFocus(control);
-      return true;
+      // What stands before a button is a text that happens to have an ampersand.
+      if (dynamic_cast<Button*>(control) == nullptr) return MoveFocus(control);
+      labelHit = false;
     }
     const auto* captioned = dynamic_cast<Captioned*>(control);
     if (captioned == nullptr || MnemonicOf(captioned->Caption()) != ToUpper(letter) || !control->IsUsable()) continue;

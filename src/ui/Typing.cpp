@@ -55,8 +55,9 @@ char CharacterOf(const KeyPress& key) {
 }  // namespace
 
 void Typing::PutCaret(std::size_t at) {
-  caret_ = anchor_ = std::min(at, Shown().size());
-  last_ = Change::None;
+  const std::size_t place = std::min(at, Shown().size());
+  if (caret_ != place) last_ = Change::None;
+  caret_ = anchor_ = place;
 }
 
 void Typing::MarkAll() {

@@ -101,14 +101,14 @@ inline void TakeUpdatesIn(QuietShop& shop) {
   });
 }
 
-// And what others append to it afterwards stands in whole records.
+// And what others append to it afterwards stands behind what is there.
 inline void AppendUpdates(QuietShop& shop) {
   shop.environment.updateFileName = "AU9309.$$$";
-  const std::size_t before = shop.Content(kUpdateFile).size() / InventoryTag::kLength;
+  const std::size_t before = shop.Content(kUpdateFile).size();
   OutgoingChanges changes(shop.environment, shop.desktop);
   changes.AddAuditRecord({});
   changes.SendAll();
-  Must(shop.Content(kUpdateFile).size() == (before + 1) * InventoryTag::kLength, "half a record is left");
+  Must(shop.Content(kUpdateFile).size() == before + InventoryTag::kLength, "it isn't one record longer");
 }
 
 inline void ReadKits(QuietShop& shop) {

@@ -69,10 +69,6 @@ bool PartTable::TakeOutOfRows(Inventory::PartIndex part) {
 
 bool PartTable::Replace(Inventory::PartIndex part, const InventoryTag& before) {
   const InventoryTag& tag = inventory_.Tag(part);
-  if (tag.View(inventorytag::StockNumber).empty() && !before.View(inventorytag::StockNumber).empty()) {
-    Remove(part);
-    return true;
-  }
   const bool staysInPlace = tag.View(inventorytag::StockNumber) == before.View(inventorytag::StockNumber) &&
                             tag.View(inventorytag::Description) == before.View(inventorytag::Description);
   if (staysInPlace && tag.Get(inventorytag::IsStocked) == before.Get(inventorytag::IsStocked)) return false;

@@ -36,8 +36,7 @@ class PartTable {
   void Refresh(Inventory::PartIndex part);
   void Remove(Inventory::PartIndex part);
   // Like Refresh for a part whose tag was another one before, of many that change together: their places are sought
-  // when somebody looks. True when the rows may be others, or stand in another order. One that has lost its number was
-  // deleted, and has no row.
+  // when somebody looks. True when the rows may be others, or stand in another order.
   bool Replace(Inventory::PartIndex part, const InventoryTag& before);
   void SetFilter(const PartFilter& filter);
   const PartFilter& Filter() const { return filter_; }

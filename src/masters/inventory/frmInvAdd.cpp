@@ -12,6 +12,7 @@ frmInvAdd::frmInvAdd(Shop& shop, frmInvList& list)
   UseButtons(cmdOK, cmdCancel);
   cmdOK.SetToolTip("Add <F10>");
   cmdCancel.SetToolTip("Close <Esc>");
+  AskBeforeLosing(cmdCancel, StockNumber);
 }
 
 void frmInvAdd::Accept() {
@@ -31,6 +32,7 @@ void frmInvAdd::Accept() {
   list_.ShowTotal(1);
   list_.GoToPart(index);
   StockNumber.SetText("");
+  MarkUnchanged();
 }
 
 void frmInvAdd::TellExists(const std::string& number) {

@@ -245,10 +245,13 @@ void frmInvEdit::GoToAlternate(std::size_t place) {
 }
 
 void frmInvEdit::GoTo(const std::optional<PartAt>& part) {
-  if (!part) return shop_.desktop.Beep();
   if (Changed() && shop_.desktop.Ask("Discard current changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) !=
                        ui::Answer::Yes) {
     return;
+  }
+  if (!part) {
+    shop_.desktop.Beep();
+    return Reset();
   }
   PartAt next = *part;
   if (!shop_.records.inventory.ReadInventory(next.tag, next.index)) return;

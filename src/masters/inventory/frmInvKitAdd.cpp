@@ -32,9 +32,6 @@ class KeptSearch {
                : list.optNonStk.Value() ? list.optNonStk
                                         : list.optBoth) {}
   ~KeptSearch() {
-    const bool isTheSame =
-        list_.SearchPart.Text() == part_ && list_.SearchDesc.Text() == description_ && shown_.Value();
-    if (isTheSame) return;
     list_.SearchPart.SetText(part_);
     list_.SearchDesc.SetText(description_);
     shown_.SetValue(true);

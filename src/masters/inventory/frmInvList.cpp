@@ -118,7 +118,7 @@ void frmInvList::WireRequests() {
     if (HasCurrentPart()) ChangeNumberOf(shop_, currentPart_);
   };
   cmdDelete.OnClick = [this] {
-    if (HasCurrentPart() && DeleteAsked(shop_, currentPart_)) RemoveListRow(currentPart_);
+    if (HasCurrentPart()) DeleteAsked(shop_, currentPart_);  // its row goes when the part is written
   };
 }
 
@@ -234,13 +234,15 @@ void frmInvList::SortBy(const std::string& column) {
     return;
   }
   const bool down = table_.Sort() == PartSort::ByPartDown || table_.Sort() == PartSort::ByDescriptionDown;
-  DataGrid1.SetSortedBy(column + (down ? " DESC" : ""));
+  DataGrid1.SetSortedBy(column + (down ? " Desc" : ""));
   ShowRows();
 }
 
 // The part that was current stays so.
 void frmInvList::ShowRows() {
   DataGrid1.SetRows(static_cast<int>(table_.MatchCount()), [this](int row) {
+    // The grid may be looked at between a change of the table and its being shown.
+    if (static_cast<std::size_t>(row) >= table_.MatchCount()) return ui::GridRow{};
     return PartCells(inventory_, table_.At(static_cast<std::size_t>(row)), Stocked());
   });
   GoToPart(currentPart_);
@@ -249,13 +251,15 @@ void frmInvList::ShowRows() {
 void frmInvList::GoToPart(Inventory::PartIndex index) {
   const int row = index == Inventory::kNoPart ? -1 : table_.RowOf(index);
   currentPart_ = row < 0 ? Inventory::kNoPart : index;
-  if (row >= 0) DataGrid1.SetRow(row);
+  if (row >= 0 && row < DataGrid1.RowCount()) DataGrid1.SetRow(row);
 }
 
 void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
   if (part == ListedPart::Known) {
+    if (DeletedParts(shop_).Has(inventory_.Tag(index))) return RemoveListRow(index);
     table_.Refresh(index);
-    if (!Visible()) return;  // a hidden list is filled anew when it is shown
+    // A hidden list is filled anew when it is shown.
+    if (!Visible() && table_.MatchCount() == static_cast<std::size_t>(DataGrid1.RowCount())) return;
   } else if (!DeletedParts(shop_).Has(inventory_.Tag(index))) {
     table_.Insert(index);
     ShowTotal();
@@ -299,7 +303,9 @@ InventoryUpdates::List frmInvList::ReceivedParts() {
           .onChanged =
               [this](Inventory::PartIndex index, const InventoryTag& before) {
                 rowsMoved_ |= table_.Replace(index, before);
-                if (DeletedParts(shop_).Has(inventory_.Tag(index))) table_.Remove(index);
+                if (!DeletedParts(shop_).Has(inventory_.Tag(index))) return;
+                table_.Remove(index);
+                rowsMoved_ = true;
               },
           .onNew =
               [this](Inventory::PartIndex index) {
@@ -329,6 +335,7 @@ std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& captio
     if (request == Request::None) return std::nullopt;
     if (request == Request::View) {
       const std::optional<PartAt> seen = ViewPart(shop_, chosen_.index);
+      comes_ = Comes::Back;
       if (!seen) continue;
       chosen_ = {seen->index, seen->tag};
     }

@@ -36,7 +36,12 @@ void frmInvPartChange::Accept() {
   Inventory& inventory = shop_.records.inventory;
   inventory.FinishLoading();
   if (inventory.FindPart(number) != Inventory::kNoPart) return Refuse("Part\r" + number + "\ralready exists.");
-  if (ChangePartNumber(inventory, kNoLink, index_, number)) Hide();
+  const PartUpdated done = ChangePartNumber(inventory, kNoLink, index_, number);
+  if (done == PartUpdated::WasDeleted) {
+    shop_.desktop.Tell("Part " + lblPart.Caption() + " was deleted or renumbered by another user.", Caption(),
+                       ui::Icon::Exclamation);
+  }
+  if (done != PartUpdated::GivenUp) Hide();
 }
 
 void frmInvPartChange::Refuse(const std::string& why) {

@@ -21,8 +21,13 @@ frmInvPartDelete::frmInvPartDelete(Shop& shop, Inventory::PartIndex index)
 }
 
 void frmInvPartDelete::Accept() {
-  deleted = DeletePart(shop_.records.inventory, kNoLink, index_);
-  if (deleted) Hide();
+  const PartUpdated done = DeletePart(shop_.records.inventory, kNoLink, index_);
+  if (done == PartUpdated::WasDeleted) {
+    shop_.desktop.Tell("Part " + lblPart.Caption() + " was deleted or renumbered by another user.", Caption(),
+                       ui::Icon::Exclamation);
+  }
+  deleted = done == PartUpdated::Yes;
+  if (done != PartUpdated::GivenUp) Hide();
 }
 
 bool DeleteAsked(Shop& shop, Inventory::PartIndex index) {

@@ -74,7 +74,6 @@ std::size_t frmVendorEdit::EndOfListAt(Direction direction) const {
 }
 
 void frmVendorEdit::Step(Direction direction) {
-  if (place_ == EndOfListAt(direction)) return shop_.desktop.Beep();
   if (!MayLeaveVendor()) return;
   if (!GoTo(direction)) {
     vendors_.MakeCurrent(Index());

@@ -53,6 +53,7 @@ FileHandle Inventory::OpenInventoryForWrite() { return OpenWithoutEnd(kInventory
 // of a damaged file that isn't a row of whole tags.
 FileLink Inventory::FindTagLocation(PartIndex index) {
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
+  const FileLink master = Tag(index).Get(inventorytag::Tag);
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenWithoutEnd(kInventoryTagFile, Access::Read, Deny::None));
   std::vector<InventoryTag> block(kScanBlock);
@@ -63,6 +64,8 @@ FileLink Inventory::FindTagLocation(PartIndex index) {
     file->ReadAt(end, std::as_writable_bytes(std::span(block).first(count)));
     for (std::size_t i = count; i-- > 0;) {
       if (block[i].View(inventorytag::StockNumber) != number) continue;
+      // Deleted parts have no number either.
+      if (number.empty() && block[i].Get(inventorytag::Tag) != master) continue;
       return LinkAtEnd(end + i * InventoryTag::kLength, kInventoryTagFile);
     }
   }

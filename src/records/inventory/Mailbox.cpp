@@ -56,7 +56,7 @@ Mailbox::Left Mailbox::EmptyMyUpdateFile() {
   try {
     OpenedFile file(environment_.openFiles, environment_.updateFileName, Access::Write, Deny::All);
     if (file->Length() > length_) {
-      taken_ = next_;
+      taken_ = length_;
       return Left::More;
     }
     file->Truncate(0);

@@ -88,6 +88,15 @@ MailboxIntake::Taken MailboxIntake::TakeKnown(Inventory::PartIndex index, const 
   if (outcome == Outcome::PlaceUnknown && !std::exchange(hasWalked_, true) && BeginWalk()) return Taken::PlaceUnknown;
   if (outcome == Outcome::PlaceUnknown) outcome = tags_.SeekAndRead(index, inFile);
   if (outcome == Outcome::GivenUp) return Taken::GivenUp;
+  // Word of a part that was deleted meanwhile, which nobody is told of.
+  const bool isGone = outcome == Outcome::NotThere && inFile != InventoryTag{} &&
+                      inFile.View(inventorytag::StockNumber).empty() &&
+                      inFile.Get(inventorytag::Tag) == inventory_.Tag(index).Get(inventorytag::Tag);
+  if (isGone) {
+    newer_.Follow(index);
+    Replace(index, inFile);
+    return Taken::Yes;
+  }
   // A part that the file hasn't is known by what was told of it alone.
   const bool isThere = outcome == Outcome::Read;
   Replace(index, isThere ? newer_.Choose(index, inventory_.Tag(index), received, inFile, now_) : received);
@@ -132,8 +141,11 @@ MailboxIntake::Moved MailboxIntake::TakeMoved(const InventoryTag& received) {
     return inFile.Get(inventorytag::Tag) == master &&
            inFile.View(inventorytag::StockNumber) == tag.View(inventorytag::StockNumber);
   };
-  // Word of what it was called before it was renumbered.
-  if (newer_.Follows(index) && isNamed(inventory_.Tag(index))) return Moved::Taken;
+  const bool isInPlace = isNamed(inventory_.Tag(index));
+  if (isInPlace) inventory_.SetLocation(index, place);
+  // Word of what it was called before it was renumbered, or deleted.
+  const bool isGone = inventory_.Tag(index).View(inventorytag::StockNumber).empty();
+  if (isInPlace && (isGone || newer_.Follows(index))) return Moved::Taken;
   if (!isNamed(received)) return Moved::No;
   inventory_.SetLocation(index, place);
   newer_.Follow(index);

@@ -21,7 +21,10 @@ bool SameFigures(const InventoryTag& a, const InventoryTag& b) {
 
 const InventoryTag& NewerTag::Choose(Inventory::PartIndex part, const InventoryTag& listed,
                                      const InventoryTag& received, const InventoryTag& inFile, LocalTime now) {
-  if (followed_.contains(part)) return inFile;
+  if (followed_.contains(part)) {
+    if (!SameFigures(received, inFile)) ahead_[part] = {inFile, now};  // looked at once more
+    return inFile;
+  }
   const auto ahead = ahead_.find(part);
   const InventoryTag& known = ahead == ahead_.end() ? listed : ahead->second.inFile;
   if (SameFigures(received, inFile) || !SameFigures(inFile, known)) {

@@ -40,6 +40,7 @@ void CrossReference(Inventory& inventory, const InventoryRecord& before, const I
 
 PartUpdated UpdatePart(Inventory& inventory, Inventory::PartIndex index,
                        const std::function<void(InventoryRecord& master)>& change) {
+  inventory.FinishLoading();  // its alternates and its core must not be taken for unknown
   const Inventory::OneUpdate update(inventory);
   std::optional<Inventory::Part> part = inventory.Read(index);
   if (!part) return PartUpdated::GivenUp;

@@ -153,8 +153,9 @@ bool FormInput::PressMnemonic(QChar letter) {
   for (Control* control : GetForm().Controls()) {
     if (!control->IsUsable()) continue;
     if (labelHit && control->TakesFocus()) {
-      window_.MoveFocusTo(*control);
-      return true;
+      // What stands before a button is a text that happens to have an ampersand.
+      if (dynamic_cast<Button*>(control) == nullptr) return window_.MoveFocusTo(*control);
+      labelHit = false;
     }
     const auto* captioned = dynamic_cast<Captioned*>(control);
     if (captioned == nullptr || !HasMnemonic(ToQt(captioned->Caption()), letter)) continue;

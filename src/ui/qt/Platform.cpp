@@ -63,7 +63,7 @@ void TameWindowSystem(const std::string& program) {
 void EndWhenAsked() {
   if (pipe2(asked.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
   auto* notifier = new QSocketNotifier(asked[0], QSocketNotifier::Read, QCoreApplication::instance());
-  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] { QCoreApplication::quit(); });
+  QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] { QCoreApplication::exit(0); });
   for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, NoteAsked);
 }
 

@@ -97,7 +97,7 @@ def test_a_labor_line_that_is_lost_in_its_change_is_named_and_counts_no_more(boa
     board.type("Hours", "3")
     board.key("F10")
     expect_refusal(board, "Labors", 'The line "WORK 1" is no longer on the estimate, since its change couldn\'t be '
-                                    'stored:\r\r')
+                                    'stored:\n\n')
     assert texts(board, "listLabor") == labor[2:]
     assert totals(board)[0] == "1.00"
     assert float(hours_of(board)[2]) == float(hours[2]) - 1

@@ -1,5 +1,7 @@
 """Parts on an estimate: stock parts from the inventory list, non-stock parts, cores, disposal fees, kits."""
 
+import sqlite3
+
 import pytest
 
 from inventoryfiles import kit_part, make_inventory, make_kits, part
@@ -107,8 +109,8 @@ def test_a_fee_is_charged_once_a_line_and_stays_when_the_part_goes(board, shop):
 
 
 def test_without_a_number_for_its_fee_a_part_isnt_added(board, shop):
-    shop.add_waste(900, 2147483647, "Oil", 100)
-    shop.write()
+    with sqlite3.connect(shop.directory / "Lantos.mdb") as database:
+        database.execute("INSERT INTO Waste (EstimateNumber, WasteNumber) VALUES (900, 2147483647)")
     board.click("cmdPartAdd")
     pick(board, "OIL")
     board.key("F10")

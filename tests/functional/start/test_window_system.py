@@ -2,6 +2,7 @@
 
 import os
 import subprocess
+import time
 
 import pytest
 
@@ -39,3 +40,21 @@ def test_windows_that_cannot_be_had_end_the_program_with_one_sentence(written_sh
     run = run_in(environment, written_shop, tmp_path)
     assert (run.returncode, run.stdout) == (1, "")
     assert run.stderr == f"lantos-drive: no windows can be shown: {reason}.\n"
+
+
+def test_a_program_that_is_asked_to_end_takes_its_update_file_along(written_shop, tmp_path):
+    runtime = tmp_path / "runtime"
+    runtime.mkdir(mode=0o700)
+    plain = {key: os.environ[key] for key in ("PATH", "ASAN_OPTIONS", "LD_LIBRARY_PATH") if key in os.environ}
+    copy = subprocess.Popen([program_path().with_name("lantos"), data_option(written_shop.directory)],
+                            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True,
+                            env={**plain, "HOME": str(tmp_path), "XDG_CONFIG_HOME": str(tmp_path / "settings"),
+                                 "XDG_RUNTIME_DIR": str(runtime), "QT_QPA_PLATFORM": "offscreen"})
+    deadline = time.monotonic() + 60
+    while not any("Lantos: " in windows.read_text() for windows in runtime.glob("lantos/*.windows")):
+        assert time.monotonic() < deadline and copy.poll() is None
+        time.sleep(0.05)
+    assert list(written_shop.directory.glob("AU*.$$$"))
+    copy.terminate()
+    assert (copy.wait(timeout=60), copy.stderr.read()) == (0, "")
+    assert not list(written_shop.directory.glob("AU*.$$$"))

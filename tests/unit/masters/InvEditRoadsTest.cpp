@@ -111,7 +111,7 @@ TEST_F(InvEditRoads, UsageAndReceivingAreBlankAndSayWhoShowsThem) {
 
 TEST_F(InvEditRoads, AHeadingShowsAnAmpersandOfAPartNumber) {
   const frmUsageList list(shop, "A&B");
-  EXPECT_EQ(list.lblHeading.Caption(), "Korvel shows the usage of A&&B.");
+  EXPECT_EQ(list.lblHeading.Caption(), "Korvel shows the usage of A&B.");
 }
 
 }  // namespace

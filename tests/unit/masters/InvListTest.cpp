@@ -68,6 +68,21 @@ TEST_F(InvList, APartThatWasWrittenIsListedAsItIsNow) {
   EXPECT_EQ(list.DataGrid1.RowCount(), 0) << "it is no longer what was looked for";
 }
 
+TEST_F(InvList, AHiddenListCountsItsHitsAnewWhenAWriteChangesThem) {
+  ForgetList();
+  frmInvList list(shop);
+  list.LoadForm();
+  inventory.FinishLoading();
+  list.Show();
+  Write("PAD-9", "BRAKE PADS", 17);
+  Type(list.SearchDesc, "BRAKE");
+  Press(list, "Enter");
+  list.Hide();
+  Write("PAD-9", "PADS", 16);
+  EXPECT_EQ(list.DataGrid1.RowCount(), 0);
+  EXPECT_EQ(list.lblMatchParts.Caption(), "0 Matches    ");
+}
+
 TEST_F(InvList, ListsAPartThatJoined) {
   ForgetList();
   frmInvList list(shop);
@@ -198,7 +213,7 @@ TEST_F(ShownInvList, NeighboursAreThoseOfTheHitsInTheirOrder) {
 
 TEST_F(InvList, ADeletedPartHasNoRowAfterTheNextStartAndOneWithoutANumberHas) {
   AddPart("GONE");
-  ASSERT_TRUE(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")));
+  ASSERT_EQ(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")), PartUpdated::Yes);
   const Inventory::PartIndex nameless = AddPart("X");
   std::optional<Inventory::Part> part = inventory.Read(nameless);
   part->tag.Put(inventorytag::StockNumber, "");
@@ -216,7 +231,7 @@ TEST_F(InvList, ADeletedPartHasNoRowAfterTheNextStartAndOneWithoutANumberHas) {
 
 TEST_F(InvList, WhereTheMastersAreHeldOrGoneAPartWithoutANumberIsTakenForALiveOne) {
   AddPart("GONE");
-  ASSERT_TRUE(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")));
+  ASSERT_EQ(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")), PartUpdated::Yes);
   for (const bool held : {true, false}) {
     ForgetList();
     std::optional<SharedFile> holder;

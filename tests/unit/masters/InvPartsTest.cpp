@@ -294,6 +294,42 @@ TEST_F(InvPart, ADeletedPartKeepsItsPlaceWithoutANumberInItsTag) {
   EXPECT_EQ(inventory.FindPart("PAD-9"), Inventory::kNoPart);
 }
 
+TEST_F(InvPart, APartThatWasSearchedForIsDeletedFromItsHits) {
+  list.Show();
+  test::Type(list.SearchPart, "PAD-9");
+  test::Press(list, "Enter");
+  ASSERT_EQ(Current(), "PAD-9");
+  desktop.WillUse([&](ui::Form& form) { test::Press(form, "F10"); });
+  test::Click(list.cmdDelete);
+  EXPECT_EQ(list.DataGrid1.RowCount(), 0);
+  EXPECT_EQ(list.lblMatchParts.Caption(), "0 Matches    ");
+  EXPECT_EQ(list.TotalParts.Caption(), "      2 Total Parts");
+  list.Hide();
+}
+
+TEST_F(InvPart, BehindADeletedPartTheNextIsCurrent) {
+  OnList("AXLE", [&] {
+    desktop.WillUse([&](ui::Form& form) { test::Press(form, "F10"); });
+    test::Click(list.cmdDelete);
+    EXPECT_EQ(Current(), "PAD-9");
+  });
+}
+
+TEST_F(InvPart, OneThatAnotherCopyHasRenumberedIsNeitherRenumberedNorDeleted) {
+  std::string tags = Tags();
+  tags.replace(kTag, 5, "OTHER");
+  OnList("PAD-9", [&] {
+    directory.Put("TQINVTAG.DAT", tags);
+    desktop.WillUse([&](ui::Form& form) {
+      desktop.WillAnswer(Answer::Ok);
+      test::Press(form, "F10");
+      EXPECT_EQ(desktop.boxes.back().text, "Part PAD-9 was deleted or renumbered by another user.");
+    });
+    test::Click(list.cmdDelete);
+  });
+  EXPECT_EQ(Tags(), tags);
+}
+
 TEST_F(InvPart, TheNumberOfADeletedPartMayBeGivenAnew) {
   ASSERT_EQ(Numbers().size(), 3U);
   OnList("PAD-9", [&] {

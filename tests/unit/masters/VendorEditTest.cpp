@@ -160,11 +160,12 @@ TEST_F(VendorEdit, GoingOnWithChangesAsksFirst) {
   }
 }
 
-TEST_F(VendorEdit, AtTheEndOfTheListNothingIsAskedAndNothingLost) {
+TEST_F(VendorEdit, AtTheEndOfTheListItAsksAsElsewhereAndNoLosesNothing) {
   Edit([this](frmVendorEdit& form) {
     Type(form.City, "Xenia");
+    desktop.WillAnswer(ui::Answer::No);
     Press(form, "PgUp");
-    EXPECT_EQ(desktop.beeps, 1);
+    EXPECT_EQ(desktop.boxes.back().text, "Discard current changes?");
     EXPECT_EQ(form.City.Text(), "Xenia");
     Press(form, "F10");
   });

@@ -48,6 +48,12 @@ TEST_F(InventoryFiles, APartWhoseLocationIsUnknownIsFoundByTheBackwardScan) {
   EXPECT_EQ(inventory.FindTagLocation(3), 384);
 }
 
+TEST_F(InventoryFiles, ATagWithoutANumberIsFoundByItsMaster) {
+  PutParts({{""}, {"B"}, {""}});
+  EXPECT_EQ(inventory.FindTagLocation(0), 0);
+  EXPECT_EQ(inventory.FindTagLocation(2), 256);
+}
+
 TEST_F(InventoryFiles, APartThatIsNotInTheFileGivesMinusOne) {
   PutParts({{"A"}});
   const Inventory::PartIndex index = inventory.AppendTag(NamedTag("ELSEWHERE"));

