@@ -42,7 +42,7 @@ def test_what_is_typed_in_the_middle_stays_in_the_middle(customer):
 
 def test_what_is_put_in_at_two_places_is_taken_back_one_by_one(customer):
     customer.insert("Address", "1", at=0)
-    customer.insert("Address", "2", at=6)
+    customer.insert("Address", "2", at=5)
     assert state(customer, "Address")[0] == "157972 Second St"
     customer.key("Ctrl+Z")
     assert state(customer, "Address")[0] == "15797 Second St"

@@ -83,6 +83,19 @@ TEST_F(InvList, AHiddenListCountsItsHitsAnewWhenAWriteChangesThem) {
   EXPECT_EQ(list.lblMatchParts.Caption(), "0 Matches    ");
 }
 
+TEST_F(InvList, AHeadingTurnsTheOrderAndTheGridIsToldOfIt) {
+  AddPart("OIL-1");
+  ForgetList();
+  frmInvList list(shop);
+  list.LoadForm();
+  inventory.FinishLoading();
+  list.DataGrid1.OnHeadClick(1);
+  EXPECT_EQ(list.DataGrid1.SortedBy(), "Part");
+  list.DataGrid1.OnHeadClick(1);
+  EXPECT_EQ(list.DataGrid1.SortedBy(), "Part Desc");
+  EXPECT_EQ(list.DataGrid1.RowAt(0).cells.at(1), "PAD-9");
+}
+
 TEST_F(InvList, ListsAPartThatJoined) {
   ForgetList();
   frmInvList list(shop);

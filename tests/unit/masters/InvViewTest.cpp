@@ -150,6 +150,7 @@ TEST_F(InvView, APickedPartMayBeLookedAtFirst) {
   desktop.WillUse([&](ui::Form& form) {
     EXPECT_EQ(&form, &list) << "the list is back";
     EXPECT_EQ(Current(), "PAD-9");
+    EXPECT_TRUE(list.DataGrid1.HasFocus());
     test::Click(list.cmdView);
   });
   desktop.WillUse([&](ui::Form& form) {

@@ -175,6 +175,20 @@ TEST_F(Forms, AltAndALetterFindButtonsAndTheControlBehindALabel) {
   EXPECT_EQ(screen.Focus(), &screen.first);
 }
 
+TEST_F(Forms, AnAmpersandInATextBeforeAButtonLeadsNowhere) {
+  struct Question : Form {
+    explicit Question(Desktop& desktop) : Form(desktop, "frmQuestion", "Question") {}
+    TextBox field{*this, "field"};
+    Label part{*this, "part", "NUT&BOLT"};
+    Button yes{*this, "yes", "&Yes"};
+  } question(desktop);
+  question.LoadForm();
+  question.Show();
+  question.PressKey(ParseKey("Alt+B"));
+  EXPECT_EQ(question.Focus(), &question.field);
+  question.Hide();
+}
+
 TEST_F(Forms, TabGoesRoundInTheOrderOfTheControls) {
   std::string order;
   for (int i = 0; i < 8; ++i) {
