@@ -9,7 +9,7 @@
 #include "records/inventory/Inventory.h"
 #include "records/inventory/Mailbox.h"
 #include "records/inventory/NewerTag.h"
-#include "records/inventory/TagWalk.h"
+#include "records/inventory/TagPlaces.h"
 #include "records/inventory/TagsOnFile.h"
 #include "ui/Desktop.h"
 
@@ -58,7 +58,7 @@ class MailboxIntake {
   Environment& environment_;
   Inventory& inventory_;
   Mailbox& mailbox_;
-  TagWalk walk_;
+  TagPlaces walk_;
   TagsOnFile tags_;
   NewerTag newer_;
   LocalTime now_;  // of the step

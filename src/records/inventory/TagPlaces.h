@@ -10,9 +10,9 @@ namespace lantos {
 
 // One walk over the tag file from its end, a block a step, which finds the places of many parts at once: sought one by
 // one, each would cost a walk of its own. The file is waited for without end, and held for the length of a step.
-class TagWalk {
+class TagPlaces {
  public:
-  TagWalk(Environment& environment, ui::Desktop& desktop, Inventory& inventory)
+  TagPlaces(Environment& environment, ui::Desktop& desktop, Inventory& inventory)
       : environment_(environment), desktop_(desktop), inventory_(inventory) {}
 
   // For these parts of the list, whose places aren't known. None of them may be there twice.

@@ -1,4 +1,4 @@
-#include "records/inventory/TagWalk.h"
+#include "records/inventory/TagPlaces.h"
 
 #include <algorithm>
 
@@ -14,7 +14,7 @@ constexpr std::size_t kBlock = 2048;  // tags
 
 }  // namespace
 
-void TagWalk::Begin(const std::vector<Inventory::PartIndex>& wanted) {
+void TagPlaces::Begin(const std::vector<Inventory::PartIndex>& wanted) {
   isWanted_.assign(static_cast<std::size_t>(inventory_.Count()), false);
   for (const Inventory::PartIndex index : wanted) isWanted_[static_cast<std::size_t>(index)] = true;
   wanted_ = wanted.size();
@@ -22,7 +22,7 @@ void TagWalk::Begin(const std::vector<Inventory::PartIndex>& wanted) {
 }
 
 template <class Look>
-void TagWalk::LookAtBlock(Look look) {
+void TagPlaces::LookAtBlock(Look look) {
   const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(end_ / InventoryTag::kLength, kBlock));
   block_.resize(count);
   end_ -= count * InventoryTag::kLength;
@@ -39,7 +39,7 @@ void TagWalk::LookAtBlock(Look look) {
 }
 
 // Parts that nobody asked for are on the way: their places are noted too, which spares the next walk.
-void TagWalk::Step() {
+void TagPlaces::Step() {
   LookAtBlock([this](const InventoryTag& tag, FileLink place) {
     const Inventory::PartIndex index = inventory_.FindPart(tag.View(inventorytag::StockNumber));
     if (index == Inventory::kNoPart || inventory_.Location(index) != kNoLink) return false;
@@ -50,7 +50,7 @@ void TagWalk::Step() {
   });
 }
 
-FileLink TagWalk::FindByMaster(FileLink master) {
+FileLink TagPlaces::FindByMaster(FileLink master) {
   FileLink found = kNoLink;
   wanted_ = 1;
   end_ = environment_.files.Length(kInventoryTagFile);
