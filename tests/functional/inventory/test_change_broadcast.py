@@ -4,6 +4,7 @@ import pytest
 
 from conversionsteps import begin, convert_whole, estimate, show, shop
 from inventoryfiles import make_inventory, part
+from inventorysteps import go_to_part, open_inventory
 from locks import denied_to_all
 from mailboxes import OWN, TICK, listed, mail, put_mail, stock, told, total
 from startsteps import START_FAILED
@@ -51,6 +52,20 @@ def test_a_conversion_stands_in_another_copys_list_within_five_seconds_and_a_tic
     assert shop.path(PEER).read_bytes() == b""
     first.wait(4 * TICK)
     assert mail(shop, PEER) == [], "each change goes out once"
+
+
+def test_a_saved_part_stands_in_another_copys_list_within_five_seconds_and_a_tick(start, shop, tmp_path):
+    first, second = two_copies(start, shop, tmp_path)
+    go_to_part(open_inventory(first), "HOSE-2")
+    first.key("F10")
+    first.expect_form("frmInvEdit")
+    first.type("Pricing(3)", "7.25")
+    first.key("F10")
+    first.expect_form("frmInvList")
+    assert listed(second)["HOSE-2"]["Retail"] == "5.00"
+    first.wait(TICK)
+    second.wait(TICK)
+    assert listed(second)["HOSE-2"]["Retail"] == "7.25"
 
 
 def test_what_waits_goes_out_when_the_window_is_closed(start, shop, tmp_path):
