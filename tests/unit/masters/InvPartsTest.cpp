@@ -317,6 +317,7 @@ TEST_F(InvPart, BehindADeletedPartTheNextIsCurrent) {
 
 TEST_F(InvPart, OneThatAnotherCopyHasRenumberedIsNeitherRenumberedNorDeleted) {
   std::string tags = Tags();
+  ASSERT_TRUE(inventory.Read(inventory.FindPart("PAD-9"))) << "so that its place is known";
   tags.replace(kTag, 5, "OTHER");
   OnList("PAD-9", [&] {
     directory.Put("TQINVTAG.DAT", tags);
