@@ -9,6 +9,7 @@
 #include "contents/labor/frmEstFollowup.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "contents/notes/frmEstNotes.h"
+#include "history/frmWOHist.h"
 
 namespace lantos {
 
@@ -128,7 +129,13 @@ std::vector<BoardCommand> BoardCommands::OfTheMenu() {
        {"Change Status"},
        [this] { status_.Change(); }},
       {&pane.cmdFind, {"mnuFind", "&Find"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
-      {&pane.cmdWOHistory, {"mnuWOHistory", "WO &History"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
+      {&pane.cmdWOHistory,
+       {"mnuWOHistory", "WO &History"},
+       "Past work orders by name, VIN or license",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { BrowseWorkorders(parts_.shop, nullptr); }},
       {&pane.cmdTechHours, {"mnuTechHours", "&Tech Hours"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
       {&pane.cmdEstimateNotes,
        {"mnuEstimateNotes", "Estimate N&otes"},
