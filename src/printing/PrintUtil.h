@@ -39,8 +39,7 @@ class PrintUtil {
   std::size_t PageWidth() const;  // in characters
 
  private:
-  void PrintAt(double column, std::string_view text, Pen then);
-  std::string& Line();
+  void PrintAt(std::size_t column, std::string_view text, Pen then);
 
   ui::Desktop& desktop_;
   std::string name_;

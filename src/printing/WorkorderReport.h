@@ -17,7 +17,7 @@ class WorkorderReport {
 
  private:
   void SetLabels(ui::Report& report, const Workorder& order) const;
-  void SetTotals(ui::Report& report, const Workorder& order) const;
+  static void SetTotals(ui::Report& report, const Workorder& order);
   std::string Disclaimer() const;
 
   Environment& environment_;
