@@ -10,6 +10,7 @@
 #include "contents/notes/EstimateChecklist.h"
 #include "contents/notes/frmEstNotes.h"
 #include "history/frmWOHist.h"
+#include "printing/WorkorderReport.h"
 
 namespace lantos {
 
@@ -135,7 +136,7 @@ std::vector<BoardCommand> BoardCommands::OfTheMenu() {
        kDaily,
        Needs::Nothing,
        kNothingMissing,
-       [this] { BrowseWorkorders(parts_.shop, nullptr); }},
+       [this] { BrowseHistory(); }},
       {&pane.cmdTechHours, {"mnuTechHours", "&Tech Hours"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
       {&pane.cmdEstimateNotes,
        {"mnuEstimateNotes", "Estimate N&otes"},
@@ -216,6 +217,10 @@ std::vector<BoardCommand> BoardCommands::OfTheDetail() {
       {&pane.cmdPartChange, kNoMenu, nullptr, kDaily, Needs::Nothing, kNothingMissing, [&parts] { parts.Change(); }},
       {&pane.cmdPartRemove, kNoMenu, nullptr, kDaily, Needs::Nothing, kNothingMissing, [&parts] { parts.Remove(); }},
   };
+}
+
+void BoardCommands::BrowseHistory() {
+  BrowseWorkorders(parts_.shop, [this](const Workorders& workorders) { PrintWorkorder(parts_.shop, workorders); });
 }
 
 void BoardCommands::EditNotes() {

@@ -135,11 +135,11 @@ void AddPayments(const Workorder& workorder, const PaymentMethodTable& methods, 
     }
     return;
   }
-  // Nothing is paid yet on an open one, unless it says how.
+  // Nothing is paid yet on an open one, unless it says how, and nothing on one that came to nothing.
   const bool isOpen = workorder.Status == kWoStatusTexts[static_cast<std::size_t>(WoStatus::Open)];
-  if (isOpen && method.empty()) return;
-  add(isOpen ? std::string() : DateOrBlank(totals.Get(wototals::DatePaid)), method,
-      totals.Get(wototals::WorkorderTotal));
+  const Cents total = totals.Get(wototals::WorkorderTotal);
+  if (method.empty() && (isOpen || total == 0)) return;
+  add(isOpen ? std::string() : DateOrBlank(totals.Get(wototals::DatePaid)), method, total);
 }
 
 void AddNotes(const Workorder& workorder, Composer& lines) {

@@ -134,7 +134,7 @@ void frmWOHist::ShowState() {
   for (ui::TextBox* box : {&srchName, &srchVIN, &srchLic}) box->SetEnabled(waits && mode_ == Mode::Criteria);
   for (ui::Button* button : {&cmdFirst, &cmdPrev, &cmdNext, &cmdLast}) button->SetEnabled(browses);
   for (ui::Button* button : {&cmdName, &cmdVIN, &cmdLicense}) button->SetEnabled(waits && current_.has_value());
-  cmdPrintWO.SetEnabled(browses && hasDetail_ && print_);
+  cmdPrintWO.SetEnabled(browses && hasDetail_);
   cmdSearch.SetEnabled(waits);
   cmdSearch.SetCaption(mode_ == Mode::Browsing ? "New &Search" : "&Search");
   lblSearching.SetVisible(searching_);
@@ -256,8 +256,14 @@ void frmWOHist::GoTo(std::size_t hit) {
   ShowState();
   hasDetail_ = Read(search_.Hits().at(hit));
   if (hasDetail_) ShowWorkorder();
+  head.workorder_number.SetCaption(std::to_string(NumberOf(search_.Hits().at(hit))));  // of one without a text, too
   ShowState();
   TellUnknownEntries(shop_.desktop, std::exchange(unknownEntries_, {}));
+}
+
+std::int32_t frmWOHist::NumberOf(const WorkorderSearch::Hit& hit) const {
+  return hit.source == WorkorderSearch::kActive ? search_.ActiveTag(hit).Get(wotag::WorkorderNumber)
+                                                : search_.ArchivedTag(hit).Get(wotag::WorkorderNumber);
 }
 
 bool frmWOHist::Read(const WorkorderSearch::Hit& hit) {

@@ -18,7 +18,7 @@ namespace lantos {
 class frmWOHist : public SizedForm {
  public:
   // Prints the work order that is current there.
-  using Print = std::function<void(Workorders& workorders)>;
+  using Print = std::function<void(const Workorders& workorders)>;
   frmWOHist(Shop& shop, Print print);
 
   ui::Label lblName{*this, "lblName", "Lastname,Firstname"};
@@ -76,6 +76,7 @@ class frmWOHist : public SizedForm {
   void GoTo(std::size_t hit);
   void GoOn();
   void GoBack();
+  std::int32_t NumberOf(const WorkorderSearch::Hit& hit) const;
   bool Read(const WorkorderSearch::Hit& hit);
   void ShowWorkorder();
   void ClearWorkorderOnShow();

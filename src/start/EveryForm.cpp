@@ -120,7 +120,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmNotes>(ground.shop, NoteMode::EstimateNote, Note()); },
     [](FormGround& ground) { return Make<frmCanNoteList>(ground.shop); },
     [](FormGround& ground) { return Make<frmWOChklst>(ground.shop); },
-    [](FormGround& ground) { return Make<frmWOHist>(ground.shop, [](Workorders&) {}); },
+    [](FormGround& ground) { return Make<frmWOHist>(ground.shop, [](const Workorders&) {}); },
     [](FormGround& ground) { return Make<frmDisclaimer>(ground.shop); },
     [](FormGround& ground) { return Make<frmReschedule>(ground.shop, ground.database, kSomeDay); },
     [](FormGround& ground) { return Make<frmContinue>(ground.shop); },

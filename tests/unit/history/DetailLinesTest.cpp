@@ -161,6 +161,7 @@ TEST_F(DetailLinesTest, TheDiscountOfAllCategories) {
 
 TEST_F(DetailLinesTest, TheGroupsComeInTheirOrder) {
   order.Status = "CLOSED";
+  order.Totals.Put(wototals::WorkorderTotal, 1);
   order.Totals.Put(wototals::DollarDiscount, 1);
   order.Notes[0][0] = "N";
   order.Credits.Add({1, {"C", "", "", ""}});

@@ -78,7 +78,8 @@ class HistoryShop : public testing::Test, protected TestShop {
       use(dynamic_cast<frmWOHist&>(form));
       if (form.Visible()) Press(form, "Esc");
     });
-    BrowseWorkorders(shop, [this](Workorders& workorders) { printed.push_back(workorders.Current.WorkorderNumber); });
+    BrowseWorkorders(shop,
+                     [this](const Workorders& workorders) { printed.push_back(workorders.Current.WorkorderNumber); });
   }
   static void Search(frmWOHist& form, ui::TextBox& box, std::string_view text) {
     Type(box, text);
