@@ -10,6 +10,7 @@
 
 namespace lantos::ui {
 
+class Button;
 class Control;
 class Form;
 class MenuItem;
@@ -33,7 +34,7 @@ std::string_view NameOf(Icon icon);      // "none", "critical", …
 // Carriage returns, with or without line feed, become line feeds.
 std::string WithLineFeeds(std::string_view text);
 
-enum class PrinterDialog { Skipped, Shown };
+enum class PrinterDialog { Skipped, Shown, ForLackOfPrinter };
 // What becomes of a window that was looked for and is there.
 enum class FoundWindow { LeftAlone, BroughtUp };
 
@@ -58,7 +59,8 @@ class Desktop {
   // Shows a report until the person closes it, who may print it from there. The window appears at the place, which is
   // where it was in the end when this returns; a width of 0 leaves the place to the desktop.
   virtual void PreviewReport(const Report& report, ControlPlace& place) = 0;
-  // Prints a report, at once or through the printer dialog, where the person may still leave it.
+  // Prints a report, at once or through the printer dialog, where the person may still leave it. The dialog for lack
+  // of a printer is shown where none is installed, and takes the name of a PDF; elsewhere it is skipped.
   virtual void PrintReport(const Report& report, PrinterDialog dialog) = 0;
   // A window of this or another running copy of this user, by a part of its caption, without regard to case. An empty
   // pattern finds nothing.
@@ -77,6 +79,10 @@ class Desktop {
   virtual void FormUnloaded(Form&) {}
   virtual void FormCaptionChanged(Form&) {}
   virtual void RunModal(Form& form) = 0;  // returns when the form is no longer visible
+
+  // In the middle of a long work of the form: the window shows how far it is, and what the person has done meanwhile
+  // happens. Nothing is waited for. The button ends the work, as Esc and closing the form do.
+  virtual void ServeMeanwhile(Form& /*form*/, Button& /*stop*/) {}
 
   // Serves the person until the form is unloaded: the life of the main window.
   virtual void RunUntilUnloaded(Form& form) = 0;

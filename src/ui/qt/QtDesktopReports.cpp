@@ -109,11 +109,10 @@ void QtDesktop::PrintFrom(ReportWindow& window) {
 }
 
 void QtDesktop::PrintReport(const Report& report, PrinterDialog dialog) {
-  const bool asks = dialog == PrinterDialog::Shown;
-  if (!asks && IsDriven()) return PrintJob(report);
-  if (!asks && QPrinterInfo::defaultPrinter().isNull()) {
-    throw std::runtime_error("No printer is installed.");
-  }
+  if (dialog != PrinterDialog::Shown && IsDriven()) return PrintJob(report);
+  const bool lacksPrinter = dialog != PrinterDialog::Shown && QPrinterInfo::defaultPrinter().isNull();
+  if (lacksPrinter && dialog == PrinterDialog::Skipped) throw std::runtime_error("No printer is installed.");
+  const bool asks = dialog == PrinterDialog::Shown || lacksPrinter;
   const std::unique_ptr<QPrinter> printer = MakePrinter(IsDriven());
   if (asks && !AskForPrinter(report, *printer)) return;
   IsDriven() ? PrintJob(report) : PrintOn(report, *printer);

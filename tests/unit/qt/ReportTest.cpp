@@ -355,6 +355,26 @@ TEST(ReportsOnScreen, SayThatThereIsNoPrinter) {
   }
 }
 
+TEST(ReportsOnScreen, ForLackOfAPrinterAJobBecomesAFile) {
+  ASSERT_TRUE(withoutPrinters);
+  const test::ScratchDirectory directory;
+  ui::QtDesktop windows;
+  Later([&] {
+    auto& dialog = dynamic_cast<QDialog&>(*windows.TopWindow());
+    for (QLineEdit* edit : dialog.findChildren<QLineEdit*>()) {
+      if (edit->text().endsWith(".pdf")) edit->setText(QString::fromStdString((directory / "job.pdf").string()));
+    }
+    dialog.accept();
+  });
+  windows.PrintReport(MakeBill(3), ui::PrinterDialog::ForLackOfPrinter);
+  EXPECT_EQ(PagesOfPdf(directory, directory / "job.pdf"), 1U);
+}
+
+TEST_F(ReportsOnPaper, OfADrivenDesktopAreNeverAskedAboutForLackOfAPrinter) {
+  windows.PrintReport(MakeBill(3), ui::PrinterDialog::ForLackOfPrinter);
+  EXPECT_EQ(person.jobs.size(), 1U);
+}
+
 TEST(ReportsOnScreen, ThePrinterDialogOffersAFileWithoutPrinters) {
   ASSERT_TRUE(withoutPrinters);
   const test::ScratchDirectory directory;
