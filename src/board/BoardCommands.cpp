@@ -9,6 +9,8 @@
 #include "contents/labor/frmEstFollowup.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "contents/notes/frmEstNotes.h"
+#include "history/frmWOHist.h"
+#include "printing/WorkorderReport.h"
 
 namespace lantos {
 
@@ -128,7 +130,13 @@ std::vector<BoardCommand> BoardCommands::OfTheMenu() {
        {"Change Status"},
        [this] { status_.Change(); }},
       {&pane.cmdFind, {"mnuFind", "&Find"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
-      {&pane.cmdWOHistory, {"mnuWOHistory", "WO &History"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
+      {&pane.cmdWOHistory,
+       {"mnuWOHistory", "WO &History"},
+       "Past work orders by name, VIN or license",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { BrowseHistory(); }},
       {&pane.cmdTechHours, {"mnuTechHours", "&Tech Hours"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
       {&pane.cmdEstimateNotes,
        {"mnuEstimateNotes", "Estimate N&otes"},
@@ -209,6 +217,10 @@ std::vector<BoardCommand> BoardCommands::OfTheDetail() {
       {&pane.cmdPartChange, kNoMenu, nullptr, kDaily, Needs::Nothing, kNothingMissing, [&parts] { parts.Change(); }},
       {&pane.cmdPartRemove, kNoMenu, nullptr, kDaily, Needs::Nothing, kNothingMissing, [&parts] { parts.Remove(); }},
   };
+}
+
+void BoardCommands::BrowseHistory() {
+  BrowseWorkorders(parts_.shop, [this](const Workorders& workorders) { PrintWorkorder(parts_.shop, workorders); });
 }
 
 void BoardCommands::EditNotes() {

@@ -23,6 +23,7 @@
 #include "contents/notes/frmWOChklst.h"
 #include "contents/parts/frmWOKit.h"
 #include "contents/parts/frmWOPart.h"
+#include "history/frmWOHist.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
 #include "masters/inventory/frmDept.h"
@@ -119,6 +120,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmNotes>(ground.shop, NoteMode::EstimateNote, Note()); },
     [](FormGround& ground) { return Make<frmCanNoteList>(ground.shop); },
     [](FormGround& ground) { return Make<frmWOChklst>(ground.shop); },
+    [](FormGround& ground) { return Make<frmWOHist>(ground.shop, [](const Workorders&) {}); },
     [](FormGround& ground) { return Make<frmDisclaimer>(ground.shop); },
     [](FormGround& ground) { return Make<frmReschedule>(ground.shop, ground.database, kSomeDay); },
     [](FormGround& ground) { return Make<frmContinue>(ground.shop); },

@@ -156,6 +156,16 @@ void QtDesktop::RunModal(Form& form) {
   WaitFor(over, [&] { person_->AtForm(form, over); });
 }
 
+void QtDesktop::ServeMeanwhile(Form& form, Button& stop) {
+  FlushWindows();
+  if (IsDriven()) {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    person_->AtWork(form, stop);
+  } else {
+    QApplication::processEvents();
+  }
+}
+
 void QtDesktop::RunUntilUnloaded(Form& form) {
   const std::function<bool()> over = [&form] { return !form.IsLoaded(); };
   WaitFor(over, [&] { person_->AtForm(form, over); });

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -220,6 +221,25 @@ TEST(QtDesktopOnScreen, AModalFormWaitsUntilItHides) {
   screen.form.ShowModal();
   EXPECT_FALSE(screen.form.Visible());
   EXPECT_TRUE(screen.form.IsLoaded());
+}
+
+TEST(QtDesktopOnScreen, InTheMiddleOfAWorkTheWindowShowsItAndThePersonCanEndIt) {
+  Screen screen;
+  bool stopped = false;
+  screen.form.cmdOK.OnClick = [&] { stopped = true; };
+  const auto work = [&] {
+    screen.form.SetCaption("At work");
+    screen.form.TextString.SetText("half");
+    for (int step = 0; step < 100 && !stopped; ++step) screen.windows.ServeMeanwhile(screen.form, screen.form.cmdOK);
+    EXPECT_EQ(dynamic_cast<QLineEdit&>(screen.WidgetOf(screen.form.TextString)).text(), "half");
+    screen.form.Hide();
+  };
+  screen.Later([&] {
+    screen.Later([&] { dynamic_cast<QPushButton&>(screen.WidgetOf(screen.form.cmdOK)).click(); });
+    work();
+  });
+  screen.form.ShowModal();
+  EXPECT_TRUE(stopped);
 }
 
 TEST(QtDesktopOnScreen, ABoxOverAModalFormGivesItsAnswer) {
