@@ -36,7 +36,7 @@ void PrintUtil::EndPrintJob() {
   for (const ui::DetailBox& box : job_.boxes) end = std::max(end, box.bottom);
   const auto lines = static_cast<std::size_t>(std::ceil(end));
   while (job_.lines.size() < lines) job_.lines.emplace_back(1);
-  desktop_.PrintReport(job_, ui::PrinterDialog::ForLackOfPrinter);
+  desktop_.PrintReport(job_, ui::PrinterDialog::Skipped);
 }
 
 bool PrintUtil::SetOrientation(ui::Orientation orientation) {

@@ -34,7 +34,7 @@ std::string_view NameOf(Icon icon);      // "none", "critical", …
 // Carriage returns, with or without line feed, become line feeds.
 std::string WithLineFeeds(std::string_view text);
 
-enum class PrinterDialog { Skipped, Shown, ForLackOfPrinter };
+enum class PrinterDialog { Skipped, Shown };
 // What becomes of a window that was looked for and is there.
 enum class FoundWindow { LeftAlone, BroughtUp };
 
@@ -59,8 +59,7 @@ class Desktop {
   // Shows a report until the person closes it, who may print it from there. The window appears at the place, which is
   // where it was in the end when this returns; a width of 0 leaves the place to the desktop.
   virtual void PreviewReport(const Report& report, ControlPlace& place) = 0;
-  // Prints a report, at once or through the printer dialog, where the person may still leave it. The dialog for lack
-  // of a printer is shown where none is installed, and takes the name of a PDF; elsewhere it is skipped.
+  // Prints a report, at once or through the printer dialog, where the person may still leave it.
   virtual void PrintReport(const Report& report, PrinterDialog dialog) = 0;
   // A window of this or another running copy of this user, by a part of its caption, without regard to case. An empty
   // pattern finds nothing.

@@ -184,23 +184,17 @@ bool IsFramed(const Report& report, std::size_t line) {
   });
 }
 
-// That the first column of such a line holds.
-std::size_t CharactersOf(const Report& report, const ReportLayout& layout, LineKind kind, bool isFramed) {
-  const auto& columns = report.design.columns;
-  const double share = kind == LineKind::Text && !columns.empty() ? columns.front().width : 1;
-  const auto fitting = static_cast<std::size_t>(share * layout.width / layout.characterWidth + kRounding);
-  return isFramed && fitting > 2 * kFrameInset ? fitting - 2 * kFrameInset : fitting;
-}
-
-std::vector<PrintedLine> PrintedLinesOf(const Report& report, const ReportLayout& layout) {
+std::vector<PrintedLine> PrintedLinesOf(const Report& report, const ReportLayout& layout, double field) {
   const double pitch = layout.detailPitch;
+  const auto inField = static_cast<std::size_t>(field / layout.characterWidth + kRounding);
+  const auto across = static_cast<std::size_t>(layout.width / layout.characterWidth + kRounding);
   std::vector<PrintedLine> printed;
   for (std::size_t line = 0; line < report.lines.size(); ++line) {
     const std::string first = report.lines[line].empty() ? std::string() : report.lines[line].front();
     const LineKind kind = line < report.kinds.size() ? report.kinds[line] : LineKind::Text;
     const double height = HeightOf(kind, report.design, pitch);
     const bool isFramed = IsFramed(report, line);
-    const std::size_t characters = CharactersOf(report, layout, kind, isFramed);
+    const std::size_t characters = kind == LineKind::Text ? inField : across - (isFramed ? 2 * kFrameInset : 0);
     if (!report.design.wraps || first.size() <= characters) {
       printed.push_back({line, first, true, kind, height, isFramed});
       continue;
@@ -233,7 +227,7 @@ ReportLayout LayOut(const Report& report, Paper paper) {
   layout.detailSize = std::min(kLargestDetail, field / (kCharacterWidth * static_cast<double>(design.characters)));
   layout.detailPitch = layout.detailSize * kDetailLeading;
   layout.characterWidth = kCharacterWidth * layout.detailSize;
-  layout.lines = PrintedLinesOf(report, layout);
+  layout.lines = PrintedLinesOf(report, layout, field);
   layout.header = GrownLinesOf(report, Band::PageHeader, layout.width);
   layout.footer = GrownLinesOf(report, Band::ReportFooter, layout.width);
   Pages(report, layout).LayOut();

@@ -82,7 +82,7 @@ void DriverDesktop::PreviewReport(const Report& report, ControlPlace&) {
 }
 
 void DriverDesktop::PrintReport(const Report& report, PrinterDialog dialog) {
-  if (dialog != PrinterDialog::Shown) return Print(report);
+  if (dialog == PrinterDialog::Skipped) return Print(report);
   std::optional<bool> accepted;
   person_.AtPrinter(
       report, [&accepted](bool answer) { accepted = answer; }, [&accepted] { return accepted.has_value(); });

@@ -109,10 +109,9 @@ void QtDesktop::PrintFrom(ReportWindow& window) {
 }
 
 void QtDesktop::PrintReport(const Report& report, PrinterDialog dialog) {
-  if (dialog != PrinterDialog::Shown && IsDriven()) return PrintJob(report);
-  const bool lacksPrinter = dialog != PrinterDialog::Shown && QPrinterInfo::defaultPrinter().isNull();
-  if (lacksPrinter && dialog == PrinterDialog::Skipped) throw std::runtime_error("No printer is installed.");
-  const bool asks = dialog == PrinterDialog::Shown || lacksPrinter;
+  if (dialog == PrinterDialog::Skipped && IsDriven()) return PrintJob(report);
+  // Without a printer the dialog takes the name of a PDF, whether or not it was to be skipped.
+  const bool asks = dialog == PrinterDialog::Shown || QPrinterInfo::defaultPrinter().isNull();
   const std::unique_ptr<QPrinter> printer = MakePrinter(IsDriven());
   if (asks && !AskForPrinter(report, *printer)) return;
   IsDriven() ? PrintJob(report) : PrintOn(report, *printer);

@@ -344,17 +344,6 @@ TEST(ReportsOnScreen, APreviewWaitsUntilItIsClosed) {
   EXPECT_GT(place.width, 0);
 }
 
-TEST(ReportsOnScreen, SayThatThereIsNoPrinter) {
-  ASSERT_TRUE(withoutPrinters);
-  ui::QtDesktop windows;
-  try {
-    windows.PrintReport(MakeBill(3), ui::PrinterDialog::Skipped);
-    FAIL();
-  } catch (const std::exception& error) {
-    EXPECT_STREQ(error.what(), "No printer is installed.");
-  }
-}
-
 TEST(ReportsOnScreen, ForLackOfAPrinterAJobBecomesAFile) {
   ASSERT_TRUE(withoutPrinters);
   const test::ScratchDirectory directory;
@@ -366,13 +355,8 @@ TEST(ReportsOnScreen, ForLackOfAPrinterAJobBecomesAFile) {
     }
     dialog.accept();
   });
-  windows.PrintReport(MakeBill(3), ui::PrinterDialog::ForLackOfPrinter);
+  windows.PrintReport(MakeBill(3), ui::PrinterDialog::Skipped);
   EXPECT_EQ(PagesOfPdf(directory, directory / "job.pdf"), 1U);
-}
-
-TEST_F(ReportsOnPaper, OfADrivenDesktopAreNeverAskedAboutForLackOfAPrinter) {
-  windows.PrintReport(MakeBill(3), ui::PrinterDialog::ForLackOfPrinter);
-  EXPECT_EQ(person.jobs.size(), 1U);
 }
 
 TEST(ReportsOnScreen, ThePrinterDialogOffersAFileWithoutPrinters) {
