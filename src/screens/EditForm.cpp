@@ -91,6 +91,14 @@ void EditForm::Reset() {
   MarkUnchanged();
 }
 
+// Or what is typed next would go into the middle of a text that nobody has read yet.
+void EditForm::EnterAnew(ui::Control* fromButton) {
+  ui::Control* field = dynamic_cast<ui::Typing*>(Focus()) == nullptr ? fromButton : Focus();
+  if (field == nullptr) return;
+  cancel_->SetFocus();
+  field->SetFocus();
+}
+
 void EditForm::Cancel() {
   if (!changes_.MayBeDropped()) return;
   MarkUnchanged();

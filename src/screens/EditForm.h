@@ -65,6 +65,9 @@ class EditForm : public ui::Form {
   void MarkUnchanged() { changes_.Forget(); }
   void MarkSaved(bool saved) { saved_ = saved; }
   void Reset();
+  // Behind a Reset to another record: the field that the person is in is entered anew. From a button they go to the
+  // field given, or stay.
+  void EnterAnew(ui::Control* fromButton = nullptr);
   void Cancel();
   // Runs a button's procedure for its key, if it can be pressed at all.
   static void Press(ui::Button& button);

@@ -126,7 +126,8 @@ void frmInvEdit::OtherKey(ui::KeyPress& key) {
                        : key.Is("PgUp") ? &cmdPrev
                        : key.Is("PgDn") ? &cmdNext
                                         : nullptr;
-  if (button == nullptr) return;
+  // <F4> opens a drop-down where the part is no kit.
+  if (button == nullptr || !button->IsUsable()) return;
   key.Clear();
   Press(*button);
 }
@@ -257,7 +258,7 @@ void frmInvEdit::GoTo(const std::optional<PartAt>& part) {
   if (!shop_.records.inventory.ReadInventory(next.tag, next.index)) return;
   part_ = next;
   Reset();
-  Description.SetFocus();
+  EnterAnew(&Description);
 }
 
 }  // namespace lantos

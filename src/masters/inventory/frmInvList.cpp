@@ -115,10 +115,14 @@ void frmInvList::WireRequests() {
   cmdView.OnClick = [this] { Leave(Request::View); };
   cmdAdd.OnClick = [this] { Leave(Request::Add); };
   cmdChange.OnClick = [this] {
-    if (HasCurrentPart()) ChangeNumberOf(shop_, currentPart_);
+    if (!HasCurrentPart()) return;
+    ChangeNumberOf(shop_, currentPart_);
+    DataGrid1.SetFocus();
   };
   cmdDelete.OnClick = [this] {
-    if (HasCurrentPart()) DeleteAsked(shop_, currentPart_);  // its row goes when the part is written
+    if (!HasCurrentPart()) return;
+    DeleteAsked(shop_, currentPart_);  // its row goes when the part is written
+    DataGrid1.SetFocus();
   };
 }
 

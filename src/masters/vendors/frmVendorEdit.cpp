@@ -80,6 +80,7 @@ void frmVendorEdit::Step(Direction direction) {
     shop_.desktop.Beep();
   }
   Reset();
+  EnterAnew();
 }
 
 bool frmVendorEdit::MayLeaveVendor() {

@@ -35,6 +35,7 @@ QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_uniqu
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());
+  MakeSelectionReadable();
 }
 
 QtDesktop::~QtDesktop() {

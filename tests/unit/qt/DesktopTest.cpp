@@ -200,6 +200,32 @@ TEST(QtDesktop, APictureOfTheTopmostWindowIsWritten) {
             bench.Window().size() * bench.Window().devicePixelRatio());
 }
 
+TEST(QtDesktop, AFormThatIsShownAgainHasTheTextOfItsFieldMarked) {
+  Bench bench;
+  bench.form.Show();
+  bench.hand.Type(bench.form.TextString, "north");
+  EXPECT_FALSE(bench.WidgetOf<QLineEdit>(bench.form.TextString).hasSelectedText());
+  bench.form.Hide();
+  bench.windows.Settle();
+  bench.form.Show();
+  EXPECT_EQ(bench.WidgetOf<QLineEdit>(bench.form.TextString).selectedText(), "north");
+}
+
+TEST(QtDesktop, AFieldThatTheFocusLeavesAndComesBackToIsEnteredAnew) {
+  Bench bench;
+  bench.form.Show();
+  bench.hand.Type(bench.form.TextString, "north");
+  bench.form.TextString.SetText("south east");
+  bench.form.TextString.SetFocus();
+  bench.windows.Settle();
+  const auto& field = bench.WidgetOf<QLineEdit>(bench.form.TextString);
+  EXPECT_FALSE(field.hasSelectedText()) << "nobody has left it";
+  bench.form.cmdOK.SetFocus();
+  bench.form.TextString.SetFocus();
+  bench.windows.Settle();
+  EXPECT_EQ(field.selectedText(), "south east");
+}
+
 TEST(QtDesktop, TheClosingOfAWindowIsTheFormsDecision) {
   Bench bench;
   bench.form.Show();
