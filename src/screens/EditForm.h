@@ -66,6 +66,8 @@ class EditForm : public ui::Form {
   void MarkSaved(bool saved) { saved_ = saved; }
   void Reset();
   void Cancel();
+  // Whether the screen may go on to another record: asks before changes are lost by it.
+  bool MayGoOn() const;
   // Runs a button's procedure for its key, if it can be pressed at all.
   static void Press(ui::Button& button);
 

@@ -245,10 +245,7 @@ void frmInvEdit::GoToAlternate(std::size_t place) {
 }
 
 void frmInvEdit::GoTo(const std::optional<PartAt>& part) {
-  if (Changed() && shop_.desktop.Ask("Discard current changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) !=
-                       ui::Answer::Yes) {
-    return;
-  }
+  if (!MayGoOn()) return;
   if (!part) {
     shop_.desktop.Beep();
     return Reset();
