@@ -327,7 +327,7 @@ void frmInvList::ShowReceived() {
   }
 }
 
-std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
+std::optional<PartAt> frmInvList::Pick(const std::string& caption) {
   SetCaption(caption);
   comes_ = Comes::Fresh;
   for (;;) {
@@ -337,7 +337,7 @@ std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& captio
       const std::optional<PartAt> seen = ViewPart(shop_, chosen_.index);
       comes_ = Comes::Back;
       if (!seen) continue;
-      chosen_ = {seen->index, seen->tag};
+      chosen_ = *seen;
     }
     return chosen_;
   }
@@ -353,7 +353,7 @@ void frmInvList::Accept() { Leave(Request::Select); }
 
 void frmInvList::Leave(Request request) {
   if (request != Request::Add && !HasCurrentPart()) return;
-  if (request != Request::Add) chosen_ = {currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
+  if (request != Request::Add) chosen_ = {inventory_.Tag(currentPart_).Get(inventorytag::Tag), currentPart_};
   request_ = request;
   Hide();
 }

@@ -212,7 +212,7 @@ TEST_F(ShownInvList, ARowThatIsTakenAwayLeavesThePersonOnTheOneBehindIt) {
 TEST_F(ShownInvList, NeighboursAreThoseOfTheHitsInTheirOrder) {
   const auto numberOf = [&](const std::optional<PartAt>& part) {
     if (!part) return std::string("none");
-    EXPECT_EQ(part->tag, inventory.Tag(part->index).Get(inventorytag::Tag));
+    EXPECT_EQ(part->master, inventory.Tag(part->index).Get(inventorytag::Tag));
     return inventory.Tag(part->index).Get(inventorytag::StockNumber);
   };
   const Inventory::PartIndex hose4 = inventory.FindPart("HOSE-4");
