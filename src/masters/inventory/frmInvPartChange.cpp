@@ -36,7 +36,7 @@ void frmInvPartChange::Accept() {
   Inventory& inventory = shop_.records.inventory;
   inventory.FinishLoading();
   if (inventory.FindPart(number) != Inventory::kNoPart) return Refuse("Part\r" + number + "\ralready exists.");
-  const PartUpdated done = ChangePartNumber(inventory, kNoLink, index_, number);
+  const PartUpdated done = ChangePartNumber(inventory, index_, number);
   if (done == PartUpdated::WasDeleted) {
     shop_.desktop.Tell("Part " + lblPart.Caption() + " was deleted or renumbered by another user.", Caption(),
                        ui::Icon::Exclamation);

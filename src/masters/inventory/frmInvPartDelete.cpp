@@ -21,19 +21,17 @@ frmInvPartDelete::frmInvPartDelete(Shop& shop, Inventory::PartIndex index)
 }
 
 void frmInvPartDelete::Accept() {
-  const PartUpdated done = DeletePart(shop_.records.inventory, kNoLink, index_);
+  const PartUpdated done = DeletePart(shop_.records.inventory, index_);
   if (done == PartUpdated::WasDeleted) {
     shop_.desktop.Tell("Part " + lblPart.Caption() + " was deleted or renumbered by another user.", Caption(),
                        ui::Icon::Exclamation);
   }
-  deleted = done == PartUpdated::Yes;
   if (done != PartUpdated::GivenUp) Hide();
 }
 
-bool DeleteAsked(Shop& shop, Inventory::PartIndex index) {
+void DeleteAsked(Shop& shop, Inventory::PartIndex index) {
   frmInvPartDelete form(shop, index);
   form.ShowModal();
-  return form.deleted;
 }
 
 }  // namespace lantos

@@ -18,8 +18,6 @@ class frmInvPartDelete : public OkCancelForm {
   ui::Button cmdYes{*this, "cmdYes", "&Yes, delete the part."};
   ui::Button cmdNo{*this, "cmdNo", "&No, I changed my mind."};
 
-  bool deleted = false;
-
  private:
   void OnActivate() override { cmdNo.SetFocus(); }
   void Accept() override;
@@ -28,7 +26,7 @@ class frmInvPartDelete : public OkCancelForm {
   Inventory::PartIndex index_;
 };
 
-// True when the part was deleted.
-bool DeleteAsked(Shop& shop, Inventory::PartIndex index);
+// Asks, and deletes the part if the person wants to. The list is told by the inventory.
+void DeleteAsked(Shop& shop, Inventory::PartIndex index);
 
 }  // namespace lantos
