@@ -200,7 +200,10 @@ void frmInvList::ShowTotal(std::size_t places) {
   TotalParts.SetCaption(RightJustify(std::to_string(table_.TotalCount()), places) + " Total Parts");
 }
 
-void frmInvList::ShowMatches() { lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    "); }
+void frmInvList::ShowMatches() {
+  if (lblMatchParts.Caption().empty()) return;
+  lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
+}
 
 void frmInvList::SearchTyped() {
   if (cbAutoSearch.Value() && IsLoaded()) FilterParts();
@@ -265,7 +268,7 @@ void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
     ShowTotal();
   }
   ShowRows();
-  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  ShowMatches();
 }
 
 void frmInvList::RemoveListRow(Inventory::PartIndex index) {
@@ -274,7 +277,7 @@ void frmInvList::RemoveListRow(Inventory::PartIndex index) {
   table_.Remove(index);
   ShowTotal();
   ShowRows();
-  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  ShowMatches();
   if (wasCurrent && DataGrid1.RowCount() > 0) DataGrid1.SetRow(std::min(row, DataGrid1.RowCount() - 1));
 }
 
@@ -321,7 +324,7 @@ void frmInvList::ShowReceived() {
   if (std::exchange(rowsMoved_, false)) {
     ShowTotal();
     ShowRows();
-    if (!lblMatchParts.Caption().empty()) ShowMatches();
+    ShowMatches();
   } else {
     DataGrid1.SetSortedBy(DataGrid1.SortedBy());
   }

@@ -106,7 +106,7 @@ class frmInvList : public SizedForm, public PartRows {
   void SearchTyped();
   void SortBy(const std::string& column);
   void ShowRows();
-  void ShowMatches();
+  void ShowMatches();  // how many, once there was a search
   StockedColumn Stocked() const;
 
   Shop& shop_;
