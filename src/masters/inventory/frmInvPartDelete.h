@@ -1,18 +1,14 @@
 #pragma once
 
-#include "records/inventory/Inventory.h"
-#include "screens/OkCancelForm.h"
-#include "shop/Shop.h"
+#include "masters/inventory/OnePartForm.h"
 
 namespace lantos {
 
 // Deletes a part, once the person is sure. What they come to by Enter alone is the way back.
-class frmInvPartDelete : public OkCancelForm {
+class frmInvPartDelete : public OnePartForm {
  public:
   frmInvPartDelete(Shop& shop, Inventory::PartIndex index);
 
-  ui::Label lblPart{*this, "lblPart"};
-  ui::Label lblDesc{*this, "lblDesc"};
   ui::ControlArray<ui::Label, 2> lblWarning{*this, "lblWarning"};
   ui::Label lblQuestion{*this, "lblQuestion", "Are you really sure you wish to do this?"};
   ui::Button cmdYes{*this, "cmdYes", "&Yes, delete the part."};
@@ -21,9 +17,6 @@ class frmInvPartDelete : public OkCancelForm {
  private:
   void OnActivate() override { cmdNo.SetFocus(); }
   void Accept() override;
-
-  Shop& shop_;
-  Inventory::PartIndex index_;
 };
 
 // Asks, and deletes the part if the person wants to. The list is told by the inventory.
