@@ -118,7 +118,7 @@ void frmInvList::WireRequests() {
     if (HasCurrentPart()) ChangeNumberOf(shop_, currentPart_);
   };
   cmdDelete.OnClick = [this] {
-    if (HasCurrentPart()) DeleteAsked(shop_, currentPart_);
+    if (HasCurrentPart()) DeleteAsked(shop_, currentPart_);  // its row goes when the part is written
   };
 }
 
