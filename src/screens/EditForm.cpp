@@ -105,6 +105,11 @@ void EditForm::Cancel() {
   Hide();
 }
 
+bool EditForm::MayGoOn() const {
+  return !Changed() || shop_.desktop.Ask("Discard current changes?", Caption(), ui::Buttons::YesNo,
+                                         ui::Icon::Question) == ui::Answer::Yes;
+}
+
 void EditForm::Press(ui::Button& button) {
   if (button.IsUsable() && button.OnClick) button.OnClick();
 }

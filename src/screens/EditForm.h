@@ -69,6 +69,8 @@ class EditForm : public ui::Form {
   // field given, or stay.
   void EnterAnew(ui::Control* fromButton = nullptr);
   void Cancel();
+  // Whether the screen may go on to another record: asks before changes are lost by it.
+  bool MayGoOn() const;
   // Runs a button's procedure for its key, if it can be pressed at all.
   static void Press(ui::Button& button);
 

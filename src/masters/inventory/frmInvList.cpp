@@ -204,7 +204,10 @@ void frmInvList::ShowTotal(std::size_t places) {
   TotalParts.SetCaption(RightJustify(std::to_string(table_.TotalCount()), places) + " Total Parts");
 }
 
-void frmInvList::ShowMatches() { lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    "); }
+void frmInvList::ShowMatches() {
+  if (lblMatchParts.Caption().empty()) return;
+  lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
+}
 
 void frmInvList::SearchTyped() {
   if (cbAutoSearch.Value() && IsLoaded()) FilterParts();
@@ -269,7 +272,7 @@ void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
     ShowTotal();
   }
   ShowRows();
-  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  ShowMatches();
 }
 
 void frmInvList::RemoveListRow(Inventory::PartIndex index) {
@@ -278,7 +281,7 @@ void frmInvList::RemoveListRow(Inventory::PartIndex index) {
   table_.Remove(index);
   ShowTotal();
   ShowRows();
-  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  ShowMatches();
   if (wasCurrent && DataGrid1.RowCount() > 0) DataGrid1.SetRow(std::min(row, DataGrid1.RowCount() - 1));
 }
 
@@ -325,13 +328,13 @@ void frmInvList::ShowReceived() {
   if (std::exchange(rowsMoved_, false)) {
     ShowTotal();
     ShowRows();
-    if (!lblMatchParts.Caption().empty()) ShowMatches();
+    ShowMatches();
   } else {
     DataGrid1.SetSortedBy(DataGrid1.SortedBy());
   }
 }
 
-std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
+std::optional<PartAt> frmInvList::Pick(const std::string& caption) {
   SetCaption(caption);
   comes_ = Comes::Fresh;
   for (;;) {
@@ -341,7 +344,7 @@ std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& captio
       const std::optional<PartAt> seen = ViewPart(shop_, chosen_.index);
       comes_ = Comes::Back;
       if (!seen) continue;
-      chosen_ = {seen->index, seen->tag};
+      chosen_ = *seen;
     }
     return chosen_;
   }
@@ -357,7 +360,7 @@ void frmInvList::Accept() { Leave(Request::Select); }
 
 void frmInvList::Leave(Request request) {
   if (request != Request::Add && !HasCurrentPart()) return;
-  if (request != Request::Add) chosen_ = {currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
+  if (request != Request::Add) chosen_ = {inventory_.Tag(currentPart_).Get(inventorytag::Tag), currentPart_};
   request_ = request;
   Hide();
 }

@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <utility>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Keys.h"
@@ -26,8 +27,8 @@ class RowDelegate : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    if (extent > 0)
-      size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + 2 * MarginOf(option));
+    if (extent <= 0) return size;
+    size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + 2 * MarginOf(option));
     return size;
   }
 

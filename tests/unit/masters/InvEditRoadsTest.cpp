@@ -126,7 +126,7 @@ TEST_F(InvEditRoads, UsageAndReceivingAreBlankAndSayWhoShowsThem) {
     Press(form, "Alt+R");
     Press(form, "Esc");
   });
-  EditPart(shop, rows, kNoLink, 0);
+  EditPart(shop, rows, {kNoLink, 0});
 }
 
 TEST_F(InvEditRoads, AHeadingShowsAnAmpersandOfAPartNumber) {
