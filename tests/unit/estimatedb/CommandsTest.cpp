@@ -284,6 +284,21 @@ TEST_F(Commands, KorvelsCommandsOpenTheirTables) {
   EXPECT_THAT(Dump(rows), ElementsAre("1|0|0|0|1", "2|8|9|10|0"));
 }
 
+TEST_F(Commands, TheRowOfAnEmployeesPayIsAddedIfMissingAndKeepsWhatWasNotChanged) {
+  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
+  test::Plain(PathOf("Korvel.mdb"), "insert into EmpPRInfo values (1, 5, 6, 7, 1)");
+  de2& korvel = database.korvelData;
+  EXPECT_EQ(korvel.PRInfoOf(1).AdditionalLocal, 7);
+  EXPECT_TRUE(korvel.PRInfoOf(1).PrintSSN);
+  EXPECT_EQ(korvel.PRInfoOf(2).AdditionalFederal, 0);
+  korvel.SavePRInfo(1, {.AdditionalFederal = {}, .AdditionalState = 60, .AdditionalLocal = {}, .PrintSSN = {}});
+  korvel.SavePRInfo(2, {.AdditionalFederal = 8, .AdditionalState = {}, .AdditionalLocal = {}, .PrintSSN = true});
+  korvel.SavePRInfo(2, {.AdditionalFederal = {}, .AdditionalState = {}, .AdditionalLocal = 3, .PrintSSN = false});
+  korvel.SavePRInfo(3, {});
+  korvel.SavePRInfo(3, {});
+  EXPECT_THAT(Dump(korvel.EmpPRInfo()), ElementsAre("1|5|60|7|1", "2|8|0|3|0", "3|0|0|0|0"));
+}
+
 TEST_F(Commands, RepairCodesAreAddedAsTypedAndReadInOrder) {
   CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
   de2& korvel = database.korvelData;
