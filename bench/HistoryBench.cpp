@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "bench/BenchShop.h"
+#include "frame/Numbers.h"
 #include "history/DetailLines.h"
 #include "history/frmWOHist.h"
 #include "records/CheckList.h"
@@ -47,7 +48,7 @@ std::filesystem::path MakeHistory() {
   PutIntoTag(order, active);
   std::vector<ArchivedWoTag> tags(kArchived);
   for (std::int32_t i = 0; i < kArchived; ++i) {
-    if (i == 1) active.Put(wotag::VIN, "1HGCM82633A004353");
+    if (i > 0) active.Put(wotag::VIN, "1HGCM82633A1" + FormatZeros(i, 5));
     active.Put(wotag::WorkorderNumber, 1 + i);
     PutIntoTag(active, 0, tags[static_cast<std::size_t>(i)]);
   }

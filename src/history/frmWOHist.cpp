@@ -1,5 +1,6 @@
 #include "history/frmWOHist.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "frame/Numbers.h"
@@ -35,10 +36,15 @@ std::string Margin(std::int64_t profit, std::int64_t price) {
   return FormatFixed(price == 0 ? 0 : static_cast<double>(profit) / static_cast<double>(price), 4);
 }
 
-void Fill(ui::ListBox& list, const std::vector<std::string>& lines) {
+// The lines have a fixed pitch: the longest is the widest, and any two of its length are as wide.
+void Fill(ui::ListBox& list, std::vector<std::string> lines) {
   list.Clear();
-  for (const std::string& line : lines) list.AddItem(line);
-  ui::SetListExtent(list);
+  std::size_t longest = 0;
+  for (std::string& line : lines) {
+    longest = std::max(longest, line.size());
+    list.AddItem(std::move(line));
+  }
+  list.SetHorizontalExtent(list.Owner().GetDesktop().TextWidth(list, std::string(longest + 2, ' ')));
 }
 
 }  // namespace
@@ -284,9 +290,9 @@ void frmWOHist::ShowWorkorder() {
   const PaymentMethodTable& methods = shop_.environment.shopOptions.PaymentMethodNames;
   head.Show(workorder, methods,
             shop_.environment.fleetVersion ? WorkorderHead::Naming::Unit : WorkorderHead::Naming::License);
-  const DetailLines lines = ComposeDetail(workorder, checkList_, methods);
-  Fill(WoDetail, lines.plain);
-  Fill(WoDetailC, lines.withCost);
+  DetailLines lines = ComposeDetail(workorder, checkList_, methods);
+  Fill(WoDetail, std::move(lines.plain));
+  Fill(WoDetailC, std::move(lines.withCost));
   const std::int64_t cost = CostOf(workorder.Totals);
   const std::int64_t price = PriceOf(workorder.Totals);
   lblCost.SetCaption("Cost: " + FormatHundredths(cost));

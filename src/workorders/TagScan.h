@@ -67,7 +67,7 @@ class TagScan {
   TagScan(Environment& environment, Workorders& workorders) : environment_(environment), workorders_(workorders) {}
 
   std::vector<ActiveWoTag> Active(const Wanted& wanted) const;
-  // The title is that of the box about a held file.
+  // The title is that under which the run log has the open.
   std::vector<ArchivedWoTag> Archived(const Wanted& wanted, const char* title) const;
 
  private:

@@ -46,27 +46,27 @@ TagTest::TagTest(const SearchCriterion& criterion) : kind_(criterion.kind), need
   const std::string& folded = needle_.Folded();
   if (folded.empty()) return;
   reach_ = folded.size() > 1 ? 1 : 0;
-  Beginning beginning{};
+  Ending ending{};
   for (std::size_t i = 0; i < 2; ++i) {
-    const char letter = folded[i * reach_];
-    beginning.upper[i] = static_cast<unsigned char>(letter);
-    beginning.lower[i] = static_cast<unsigned char>(ToLower(letter));
+    const char letter = folded[folded.size() - 1 - (1 - i) * reach_];
+    ending.upper[i] = static_cast<unsigned char>(letter);
+    ending.lower[i] = static_cast<unsigned char>(ToLower(letter));
   }
-  beginning_ = beginning;
+  ending_ = ending;
 }
 
 template <std::size_t Length>
 bool TagTest::Passes(const Record<Length>& tag) const {
   const TextField field = FieldOf(kind_);
-  if (beginning_) {
+  if (ending_) {
     const auto* text = reinterpret_cast<const unsigned char*>(tag.Bytes().data()) + field.offset;
     const auto is = [&](unsigned char letter, std::size_t which) {
-      return unsigned{letter == beginning_->upper[which]} | unsigned{letter == beginning_->lower[which]};
+      return unsigned{letter == ending_->upper[which]} | unsigned{letter == ending_->lower[which]};
     };
     // Without a way out of the loop, so that many places are looked at in one step.
-    unsigned begins = 0;
-    for (std::size_t i = 0; i + reach_ < field.width; ++i) begins |= is(text[i], 0) & is(text[i + reach_], 1);
-    if (begins == 0) return false;
+    unsigned isThere = 0;
+    for (std::size_t i = 0; i + reach_ < field.width; ++i) isThere |= is(text[i], 0) & is(text[i + reach_], 1);
+    if (isThere == 0) return false;
   }
   const std::string_view text = tag.View(field);
   return kind_ == SearchCriterion::Kind::Name ? IsName(text) : needle_.OccursIn(text);

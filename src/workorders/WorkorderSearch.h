@@ -33,13 +33,13 @@ class TagTest {
   SearchCriterion::Kind kind_ = SearchCriterion::Kind::Name;
   CaselessNeedle needle_;     // of a name, the last one
   CaselessNeedle firstName_;  // empty for any
-  // The first two characters of the needle in both cases, by which nearly all fields are passed over; the first one
-  // again where there is no second. No filter for an empty needle.
-  struct Beginning {
+  // The last two characters of the needle in both cases, by which nearly all fields are passed over: vehicles of a kind
+  // differ in the end of their VINs. The last one again where there is no other. No filter for an empty needle.
+  struct Ending {
     unsigned char upper[2];
     unsigned char lower[2];
   };
-  std::optional<Beginning> beginning_;
+  std::optional<Ending> ending_;
   std::size_t reach_ = 0;  // from the first to the second of them
 };
 
