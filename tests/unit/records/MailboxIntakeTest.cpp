@@ -10,22 +10,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using ui::Answer;
 
-// Readings fail as often as the test says.
-class FailingMailbox : public Mailbox {
- public:
-  using Mailbox::Mailbox;
-  mutable int failures = 0;
-
- protected:
-  void Read(const SharedFile& file, std::uint64_t offset, std::span<InventoryTag> records) const override {
-    if (failures > 0) {
-      --failures;
-      throw FileError(FileErrorNumber::DeviceIo, "reading");
-    }
-    Mailbox::Read(file, offset, records);
-  }
-};
-
 class MailboxIntakeTest : public BroadcastTest {
  protected:
   MailboxIntakeTest() {
