@@ -25,6 +25,7 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/employees/frmEmpPRHist.h"
 #include "masters/inventory/frmDept.h"
 #include "masters/inventory/frmInvAdd.h"
 #include "masters/inventory/frmInvEdit.h"
@@ -101,6 +102,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::Edit); },
     [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::View); },
     [](FormGround& ground) { return Make<frmVendorAdd>(ground.shop); },
+    [](FormGround& ground) { return Make<frmEmpPRHist>(ground.shop, ground.database.korvelData, 1); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },
