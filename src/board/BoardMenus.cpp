@@ -6,6 +6,7 @@
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
 #include "frame/Text.h"
+#include "masters/employees/EmployeeScreens.h"
 #include "masters/inventory/InventoryMaintenance.h"
 #include "masters/vendors/VendorScreens.h"
 #include "records/Customers.h"
@@ -67,7 +68,9 @@ void BoardMenus::BuildMaintenanceMenu() {
     masters_.CustomerMaintenance(MasterScreens::Purpose::Maintain);
     if (customers.Writings() != before) actions_.customersEdited();
   });
-  maintenance.Add("mnuMaintEmployees", "&Employees").SetEnabled(false);
+  maintenance.Add("mnuMaintEmployees", "&Employees", [this] {
+    if (MayEnter(shop_, Section::Employee)) EmployeeMaintenance(shop_, database_.korvelData);
+  });
   maintenance.Add("mnuMaintInventory", "&Inventory", [this] {
     if (MayEnter(shop_, Section::Inventory)) InventoryMaintenance(shop_, inventoryList_);
   });

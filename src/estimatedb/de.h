@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -148,6 +149,19 @@ class de2 : public DataEnvironment {
   Recordset& FollowUps();
   Recordset& RepairCodes();
   void AddRepairCode(std::string_view code, std::string_view description);
+
+  // One employee's row of EmpPRInfo: what is withheld beyond the rules, and whether the pay stub has the number.
+  struct PRInfo {
+    Cents AdditionalFederal = 0, AdditionalState = 0, AdditionalLocal = 0;
+    bool PrintSSN = false;
+  };
+  PRInfo PRInfoOf(std::int32_t employee);  // as a new row has it where there is none
+  // Stores what was changed of it; what wasn't stays as others have stored it. Adds the row where there is none.
+  struct PRInfoChange {
+    std::optional<Cents> AdditionalFederal, AdditionalState, AdditionalLocal;
+    std::optional<bool> PrintSSN;
+  };
+  void SavePRInfo(std::int32_t employee, const PRInfoChange& change);
 };
 
 }  // namespace lantos

@@ -16,17 +16,21 @@ std::string TextOfFileDate(FileDate date) {
 }
 
 void EditForm::SetEditButtons(ui::Button& save, ui::Button& reset, ui::Button& cancel) {
-  save_ = &save;
+  SetEditButtons(save, cancel);
   reset_ = &reset;
+  reset.SetToolTip("Reset <F2>");
+  reset.OnClick = [this] { Reset(); };
+  reset.SetCausesValidation(false);
+}
+
+void EditForm::SetEditButtons(ui::Button& save, ui::Button& cancel) {
+  save_ = &save;
   cancel_ = &cancel;
   save.SetToolTip("Save <F10>");
-  reset.SetToolTip("Reset <F2>");
   cancel.SetToolTip("Cancel <Esc>");
   save.OnClick = [this] { Save(); };
-  reset.OnClick = [this] { Reset(); };
   cancel.OnClick = [this] { Cancel(); };
   cancel.SetCausesValidation(false);
-  reset.SetCausesValidation(false);
   SetDefaultButton(save);
   SetCancelButton(cancel);
   changes_.TurnCaptionOf(cancel);
@@ -74,7 +78,7 @@ bool EditForm::CheckDate(ui::TextBox& box) {
     box.SetText(TextOfFileDate(*date));
     return true;
   }
-  shop_.desktop.Tell("Invalid date!", Caption(), ui::Icon::Exclamation);
+  shop_.desktop.Tell(badDate_, Caption(), ui::Icon::Exclamation);
   return false;
 }
 

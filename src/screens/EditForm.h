@@ -29,13 +29,15 @@ class EditForm : public ui::Form {
   virtual void ShowFields() = 0;  // from the record
   virtual void OtherKey(ui::KeyPress&) {}
 
-  // Wires the three buttons and their tool tips.
+  // Wires the buttons and their tool tips.
   void SetEditButtons(ui::Button& save, ui::Button& reset, ui::Button& cancel);
+  void SetEditButtons(ui::Button& save, ui::Button& cancel);
   // The box holds one character less than the field is wide.
   void Bind(ui::TextBox& box, TextField field);
   void Bind(ui::ComboBox& box, TextField field);
   // A date that is refused when the box is left; empty is no date.
   void BindDate(ui::TextBox& box);
+  void RefuseDatesWith(std::string words) { badDate_ = std::move(words); }
   void Watch(ui::TextBox& box);
   // A box that only shows.
   static void ShowOnly(ui::TextBox& box);
@@ -63,6 +65,8 @@ class EditForm : public ui::Form {
   bool Changed() const { return changes_.Any(); }
   void MarkChanged() { changes_.Mark(); }
   void MarkUnchanged() { changes_.Forget(); }
+  // True when there is nothing to lose, or the person lets it go.
+  bool MayDropChanges() const { return changes_.MayBeDropped(); }
   void MarkSaved(bool saved) { saved_ = saved; }
   void Reset();
   void Cancel();
@@ -95,6 +99,7 @@ class EditForm : public ui::Form {
   ui::Button* reset_ = nullptr;
   ui::Button* cancel_ = nullptr;
   UnsavedChanges changes_{*this};
+  std::string badDate_ = "Invalid date!";
   bool saved_ = false;
 };
 

@@ -13,10 +13,6 @@ namespace lantos::sample {
 
 namespace {
 
-// Beginning and end of what the payroll keeps in an employee's record.
-constexpr LongField kWage{employee::payroll.offset};  // Cents an hour
-constexpr ByteField kWagePeriod{kWage.End()};
-constexpr LongField kPayrollHead{employee::payroll.End() - 4};  // FileLink of the newest payroll record
 constexpr std::uint8_t kPaidByTheHour = 1;
 
 constexpr std::size_t kWriters = 2;
@@ -40,9 +36,9 @@ EmployeeRecord ImagineEmployee(Random& random, std::int32_t number, std::string_
   record.Put(employee::DateTerminated, -1);
   record.Put(employee::MaritalStatus, random.Chance(50) ? 1 : 0);
   record.Put(employee::NumExemptions, static_cast<std::uint8_t>(random.Between(1, 4)));
-  record.Put(kWage, (trade == "writer" ? 1800 : 2200) + 25 * random.Below(30));
-  record.Put(kWagePeriod, kPaidByTheHour);
-  record.Put(kPayrollHead, kNoLink);
+  record.Put(employee::Wage, (trade == "writer" ? 1800 : 2200) + 25 * random.Below(30));
+  record.Put(employee::WagePeriod, kPaidByTheHour);
+  record.Put(employee::PayrollHead, kNoLink);
   return record;
 }
 

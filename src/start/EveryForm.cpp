@@ -25,7 +25,10 @@
 #include "contents/parts/frmWOPart.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/employees/frmEmpMaint.h"
+#include "masters/employees/frmEmpNew.h"
 #include "masters/employees/frmEmpPRHist.h"
+#include "masters/employees/frmEmpPRInfo.h"
 #include "masters/inventory/frmDept.h"
 #include "masters/inventory/frmInvAdd.h"
 #include "masters/inventory/frmInvEdit.h"
@@ -97,6 +100,10 @@ const std::vector<MakeForm> kForms = {
       return Make<frmInvKitAdd>(ground.shop, kChoosePartForKit, KitLineTexts{"", "1"});
     },
     [](FormGround& ground) { return Make<frmDept>(ground.shop, ground.shop.records.departments); },
+    [](FormGround& ground) { return Make<frmEmpMaint>(ground.shop, ground.database.korvelData); },
+    [](FormGround& ground) { return Make<frmEmpNew>(ground.shop, "", frmEmpNew::Store()); },
+    [](FormGround& ground) { return Make<frmEmpNew>(ground.shop, "Zoe Young", frmEmpNew::Store()); },
+    [](FormGround& ground) { return Make<frmEmpPRInfo>(ground.shop, ground.database.korvelData, kNoEmployeeNumber); },
     [](FormGround& ground) { return Make<frmVendorList>(ground.shop, frmVendorList::Purpose::Maintain); },
     [](FormGround& ground) { return Make<frmVendorList>(ground.shop, frmVendorList::Purpose::View); },
     [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::Edit); },

@@ -175,9 +175,18 @@ inline void ChangeMakes(QuietShop& shop) {
 inline void ChangeEmployees(QuietShop& shop) {
   Records records(shop.environment, shop.desktop);
   Refusable([&] {
-    records.employees.LoadEmployees();
-    if (!records.employees.Employees().empty()) records.employees.SaveEmployee(0);
-    records.employees.SaveEmployees();
+    modEmployees& employees = records.employees;
+    employees.LoadEmployees();
+    const std::int32_t first =
+        employees.Employees().empty() ? kNoEmployeeNumber : employees.Employees().front().Get(employee::EmpNumber);
+    employees.UpdateEmployee(first, [](EmployeeRecord& record) { record.Put(employee::EmpAddr, "1 Mill Lane"); });
+    EmployeeRecord added;
+    added.Put(employee::EmpNumber, 8);
+    added.Put(employee::PayrollHead, kNoLink);
+    employees.AddEmployee(added);
+    employees.SetPayrollHead(8, kNoLink);
+    employees.DeleteEmployee(first);
+    employees.DeleteEmployee(8);
   });
 }
 

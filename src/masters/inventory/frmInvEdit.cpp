@@ -185,7 +185,7 @@ void frmInvEdit::Save() {
 bool frmInvEdit::MayPricesBeMissing() {
   ui::TextBox* missing = nullptr;
   for (std::size_t level = Pricing.size(); level-- > 0;) {
-    if (CentsIn(Pricing[level].Text()) == 0) missing = &Pricing[level];
+    if (amounts_.ValueIn(Pricing[level]) == 0) missing = &Pricing[level];
   }
   if (missing == nullptr) return true;
   constexpr std::size_t kCancel = 1;

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "masters/inventory/NameChoice.h"
-#include "masters/inventory/PartAmounts.h"
 #include "masters/inventory/PartRows.h"
 #include "screens/EditForm.h"
+#include "screens/NumberBoxes.h"
 
 namespace lantos {
 
@@ -80,7 +80,7 @@ class frmInvEdit : public EditForm {
 
   PartRows& rows_;
   PartAt part_;
-  PartAmounts amounts_{*this, numbers_};
+  NumberBoxes amounts_{*this, numbers_};
   NameChoice departments_;
   NameChoice manufacturers_;
   std::vector<Flag> flags_;

@@ -12,7 +12,7 @@ GUARDED = {
     "mnuStandardHours": ("System", "frmStdHours"),
     "mnuStatusOptions": ("System", "frmStatusOptions"),
     "mnuMaintInventory": ("Inventory Maintenance", "frmInvList"),
-    "mnuMaintEmployees": ("Employee", None),
+    "mnuMaintEmployees": ("Employee", "frmEmpMaint"),
     "mnuMaintVendors": ("Vendor", "frmVendorList"),
     "mnuSystemCompanyInfo": ("System", None),
     "mnuSystemParameters": ("System", None),

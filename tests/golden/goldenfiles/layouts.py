@@ -136,7 +136,19 @@ EMPLOYEE = ("TQEMPLOY.DAT", 199, {
     "MaritalStatus": (142, 1, BYTE),
     "NumExemptions": (143, 1, BYTE),
     "FICAExempt": (144, 1, BYTE),
-    "payroll": (145, 54, OPAQUE),
+    "Wage": (145, 4, LONG),
+    "WagePeriod": (149, 1, BYTE),
+    "Salary": (150, 4, LONG),
+    "SalaryPeriod": (154, 1, BYTE),
+    "CommissionPeriod": (155, 1, BYTE),
+    "Commission": (156, 4, LONG),
+    "Insurance": (160, 4, LONG),
+    "OvertimeExempt": (164, 1, BYTE),
+    "Savings": (165, 4, LONG),
+    "korvel1": (169, 4, OPAQUE),
+    "Uniform": (173, 4, LONG),
+    "korvel2": (177, 18, OPAQUE),
+    "PayrollHead": (195, 4, LONG),
 })
 
 INVENTORY_TAG = ("TQINVTAG.DAT", 128, {

@@ -86,12 +86,15 @@ def make_employees():
         record(EMPLOYEE, EmpNumber=12, Name="Zoe Young", SocSecNum="000-00-0012", EmpAddr="1 Mill Lane",
                EmpCity="Springfield", EmpState="OH", EmpZip="45501", EmpPhone="937-555-0912",
                DateHired=file_date(36000), DateTerminated=-1, MaritalStatus=1, NumExemptions=2, FICAExempt=0,
-               payroll=pattern(54, 3)),
+               Wage=1875, WagePeriod=1, Salary=0, SalaryPeriod=0, CommissionPeriod=2, Commission=125000,
+               Insurance=2550, OvertimeExempt=1, Savings=1000, korvel1=pattern(4, 27), Uniform=725,
+               korvel2=pattern(18, 35), PayrollHead=606),
         record(EMPLOYEE, EmpNumber=3, Name=b"Al\0gernon", SocSecNum="000-00-0003", DateHired=-1,
                DateTerminated=file_date(37000), MaritalStatus=0, NumExemptions=0, FICAExempt=1,
-               payroll=pattern(54, 90)),
+               Salary=250000, SalaryPeriod=4, korvel1=pattern(4, 114), korvel2=pattern(18, 122), PayrollHead=-1),
         record(EMPLOYEE, EmpNumber=7, Name="  Bert Wood", DateHired=file_date(35000), DateTerminated=-1,
-               payroll=pattern(54, 180)),
+               Wage=-2147483648, WagePeriod=255, Commission=2147483647, korvel1=pattern(4, 204),
+               korvel2=pattern(18, 212), PayrollHead=0),
     ))
 
 

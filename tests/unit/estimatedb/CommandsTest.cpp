@@ -296,6 +296,21 @@ TEST_F(Commands, ARowOfThePayHistoryGoesByItsEmployeeAndItsDate) {
   EXPECT_THAT(Dump(rows), ElementsAre("2|09/19/2003|4|5|6", "3|09/26/2003|7|8|9"));
 }
 
+TEST_F(Commands, TheRowOfAnEmployeesPayIsAddedIfMissingAndKeepsWhatWasNotChanged) {
+  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
+  test::Plain(PathOf("Korvel.mdb"), "insert into EmpPRInfo values (1, 5, 6, 7, 1)");
+  de2& korvel = database.korvelData;
+  EXPECT_EQ(korvel.PRInfoOf(1).AdditionalLocal, 7);
+  EXPECT_TRUE(korvel.PRInfoOf(1).PrintSSN);
+  EXPECT_EQ(korvel.PRInfoOf(2).AdditionalFederal, 0);
+  korvel.SavePRInfo(1, {.AdditionalFederal = {}, .AdditionalState = 60, .AdditionalLocal = {}, .PrintSSN = {}});
+  korvel.SavePRInfo(2, {.AdditionalFederal = 8, .AdditionalState = {}, .AdditionalLocal = {}, .PrintSSN = true});
+  korvel.SavePRInfo(2, {.AdditionalFederal = {}, .AdditionalState = {}, .AdditionalLocal = 3, .PrintSSN = false});
+  korvel.SavePRInfo(3, {});
+  korvel.SavePRInfo(3, {});
+  EXPECT_THAT(Dump(korvel.EmpPRInfo()), ElementsAre("1|5|60|7|1", "2|8|0|3|0", "3|0|0|0|0"));
+}
+
 TEST_F(Commands, RepairCodesAreAddedAsTypedAndReadInOrder) {
   CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
   de2& korvel = database.korvelData;

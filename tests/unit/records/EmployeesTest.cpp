@@ -56,16 +56,114 @@ TEST_F(EmployeesTest, SavingDoesNothingWhenTheTableIsNotLoaded) {
   EXPECT_EQ(BytesOf(kEmployeeFile), GoldenBytes(kEmployeeFile));
 }
 
-TEST_F(EmployeesTest, SavingOneWritesItsRecordAlone) {
+TEST_F(EmployeesTest, AnUpdateWritesItsRecordAlone) {
   PutGolden();
   employees.LoadEmployees();
   employees.Employees()[0].Put(employee::Name, "Not written");
-  employees.Employees()[2].Put(employee::Name, "Written");
-  employees.SaveEmployee(2);
-  const std::string after = BytesOf(kEmployeeFile);
-  EXPECT_EQ(after.substr(0, 398), GoldenBytes(kEmployeeFile).substr(0, 398));
-  EXPECT_EQ(after.substr(398 + 4, 7), "Written");
-  EXPECT_THROW(employees.SaveEmployee(3), std::out_of_range);
+  EXPECT_EQ(employees.UpdateEmployee(7, [](EmployeeRecord& record) { record.Put(employee::Name, "Written"); }),
+            modEmployees::Updated::Yes);
+  std::string expected = GoldenBytes(kEmployeeFile);
+  expected.replace(398 + 4, 32, std::string("Written") + std::string(25, '\0'));
+  EXPECT_EQ(BytesOf(kEmployeeFile), expected);
+  EXPECT_EQ(employees.Find(7)->Get(employee::Name), "Written");
+  EXPECT_EQ(employees.Find(12)->Get(employee::Name), "Zoe Young");
+}
+
+TEST_F(EmployeesTest, AnUpdatePutsItsFieldIntoTheRecordAsItLiesOnDisk) {
+  PutGolden();
+  employees.LoadEmployees();
+  Environment otherWorkstation(clock, settings);
+  otherWorkstation.files.SetDataDir(environment.files.DataDir());
+  modEmployees other(otherWorkstation);
+  other.UpdateEmployee(12, [](EmployeeRecord& record) { record.Put(employee::Wage, 2000); });
+  EXPECT_EQ(other.SetPayrollHead(12, 909), modEmployees::Updated::Yes);
+  employees.UpdateEmployee(12, [](EmployeeRecord& record) { record.Put(employee::EmpAddr, "2 Mill Lane"); });
+  Image expected(GoldenBytes(kEmployeeFile));
+  expected.Text(51, "2 Mill Lane").Long(145, 2000).Long(195, 909);
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(expected));
+  EXPECT_EQ(employees.Find(12)->Get(employee::PayrollHead), 909);
+}
+
+TEST_F(EmployeesTest, AnEmployeeWhosePlaceHasMovedIsFoundByNumber) {
+  PutGolden();
+  employees.LoadEmployees();
+  const std::string golden = GoldenBytes(kEmployeeFile);
+  Put(kEmployeeFile, golden.substr(199));
+  EXPECT_EQ(employees.SetPayrollHead(7, kNoLink), modEmployees::Updated::Yes);
+  std::string expected = golden.substr(199);
+  expected.replace(199 + 195, 4, "\xFF\xFF\xFF\xFF");
+  EXPECT_EQ(BytesOf(kEmployeeFile), expected);
+}
+
+TEST_F(EmployeesTest, SomebodyWhoIsGoneIsNotUpdated) {
+  PutGolden();
+  const auto never = [](EmployeeRecord&) { FAIL(); };
+  EXPECT_EQ(employees.UpdateEmployee(4, never), modEmployees::Updated::IsGone);
+  Put(kEmployeeFile, EmployeeImage(-1, "Dropped"));
+  EXPECT_EQ(employees.UpdateEmployee(-1, never), modEmployees::Updated::IsGone);
+  EXPECT_EQ(employees.Find(-1), nullptr);
+  EXPECT_EQ(employees.DeleteEmployee(-1), modEmployees::Deleted::IsGone);
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(EmployeeImage(-1, "Dropped")));
+}
+
+TEST_F(EmployeesTest, ANewEmployeeGoesToTheEndOfTheFileAsItIsThen) {
+  PutGolden();
+  employees.LoadEmployees();
+  const std::string golden = GoldenBytes(kEmployeeFile);
+  Put(kEmployeeFile, golden + std::string(EmployeeImage(13, "Another copy's")));
+  EmployeeRecord added;
+  added.Put(employee::EmpNumber, 14);
+  added.Put(employee::Name, "New");
+  EXPECT_EQ(employees.AddEmployee(added), modEmployees::Added::Yes);
+  EXPECT_EQ(employees.AddEmployee(added), modEmployees::Added::NumberIsTaken);
+  Image expected(golden);
+  expected.Append(EmployeeImage(13, "Another copy's")).Append(Image(199).Long(0, 14).Text(4, "New"));
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(expected));
+  EXPECT_EQ(employees.Employees().size(), 5U);
+}
+
+TEST_F(EmployeesTest, ANewEmployeeTakesThePlaceOfARecordThatIsCutShort) {
+  Put(kEmployeeFile, std::string(EmployeeImage(1, "A")) + std::string(20, 'x'));
+  EmployeeRecord added;
+  added.Put(employee::EmpNumber, 2);
+  EXPECT_EQ(employees.AddEmployee(added), modEmployees::Added::Yes);
+  Image expected(EmployeeImage(1, "A"));
+  expected.Append(Image(199).Long(0, 2));
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(expected));
+}
+
+TEST_F(EmployeesTest, DeletingClosesUpWhatOthersHaveStoredMeanwhile) {
+  PutGolden();
+  employees.LoadEmployees();
+  Image file(GoldenBytes(kEmployeeFile));
+  file.Long(145, 2000).Append(EmployeeImage(-1, "To be dropped")).Append(EmployeeImage(13, "Another copy's"));
+  Put(kEmployeeFile, file);
+  EXPECT_EQ(employees.DeleteEmployee(3), modEmployees::Deleted::Yes);
+  Image expected(std::string(file).substr(0, 199) + std::string(file).substr(398, 199));
+  expected.Append(EmployeeImage(13, "Another copy's"));
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(expected));
+  EXPECT_TRUE(employees.Loaded());
+  EXPECT_EQ(employees.Find(3), nullptr);
+  EXPECT_EQ(employees.DeleteEmployee(3), modEmployees::Deleted::IsGone);
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(expected));
+}
+
+TEST_F(EmployeesTest, AnEmployeeWithPayRecordsStays) {
+  PutGolden();
+  EXPECT_EQ(employees.DeleteEmployee(12), modEmployees::Deleted::HasPayRecords);
+  EXPECT_EQ(employees.DeleteEmployee(7), modEmployees::Deleted::HasPayRecords);  // the first record of the file
+  EXPECT_EQ(BytesOf(kEmployeeFile), GoldenBytes(kEmployeeFile));
+}
+
+// A payroll that is run while the person still thinks about it.
+TEST_F(EmployeesTest, PayRecordsThatCameMeanwhileKeepTheirEmployee) {
+  PutGolden();
+  employees.LoadEmployees();
+  Image file(GoldenBytes(kEmployeeFile));
+  file.Long(199 + 195, 1212);
+  Put(kEmployeeFile, file);
+  EXPECT_EQ(employees.DeleteEmployee(3), modEmployees::Deleted::HasPayRecords);
+  EXPECT_EQ(BytesOf(kEmployeeFile), std::string(file));
 }
 
 TEST_F(EmployeesTest, TheListIsSortedByNumberAndItsNamesAreTrimmed) {
@@ -102,7 +200,9 @@ TEST_F(EmployeesTest, ALockedFileIsAnErrorThatNobodyTraps) {
   const SharedFile other = HeldByAnother(kEmployeeFile);
   EXPECT_THROW(employees.LoadEmployeeList(), FileError);
   EXPECT_THROW(employees.LoadEmployees(), FileError);
-  EXPECT_THROW(employees.SaveEmployee(0), FileError);
+  EXPECT_THROW(employees.SetPayrollHead(12, 0), FileError);
+  EXPECT_THROW(employees.AddEmployee(EmployeeRecord()), FileError);
+  EXPECT_THROW(employees.DeleteEmployee(3), FileError);
   EXPECT_THROW(employees.SaveEmployees(), FileError);
   EXPECT_EQ(BytesOf(kEmployeeFile), GoldenBytes(kEmployeeFile));
 }

@@ -19,6 +19,7 @@ namespace lantos::test {
 class Image {
  public:
   explicit Image(std::size_t length = 0) : bytes_(length, '\0') {}
+  explicit Image(std::string bytes) : bytes_(std::move(bytes)) {}
   Image& Long(std::size_t offset, std::int32_t value) { return Number(offset, static_cast<std::uint32_t>(value), 4); }
   Image& Integer(std::size_t offset, std::int16_t value) {
     return Number(offset, static_cast<std::uint16_t>(value), 2);

@@ -70,7 +70,11 @@ std::vector<Field> EmployeeFields() {
   list FIELD(employee, EmpNumber) FIELD(employee, Name) FIELD(employee, SocSecNum) FIELD(employee, EmpAddr)
       FIELD(employee, EmpCity) FIELD(employee, EmpState) FIELD(employee, EmpZip) FIELD(employee, EmpPhone)
           FIELD(employee, DateHired) FIELD(employee, DateTerminated) FIELD(employee, MaritalStatus)
-              FIELD(employee, NumExemptions) FIELD(employee, FICAExempt) FIELD(employee, payroll);
+              FIELD(employee, NumExemptions) FIELD(employee, FICAExempt) FIELD(employee, Wage)
+                  FIELD(employee, WagePeriod) FIELD(employee, Salary) FIELD(employee, SalaryPeriod)
+                      FIELD(employee, CommissionPeriod) FIELD(employee, Commission) FIELD(employee, Insurance)
+                          FIELD(employee, OvertimeExempt) FIELD(employee, Savings) FIELD(employee, korvel1)
+                              FIELD(employee, Uniform) FIELD(employee, korvel2) FIELD(employee, PayrollHead);
   return list.All();
 }
 
@@ -218,7 +222,9 @@ TEST_F(Golden, AddingAModelLeavesEveryOtherByteOfTheMakeFileAsItWas) {
 
 TEST_F(Golden, LoadAndSaveLeaveTheEmployeeFileUnchanged) {
   records.employees.LoadEmployees();
-  for (std::size_t i = 0; i < 3; ++i) records.employees.SaveEmployee(i);
+  for (const std::int32_t number : {12, 3, 7}) {
+    EXPECT_EQ(records.employees.UpdateEmployee(number, [](EmployeeRecord&) {}), modEmployees::Updated::Yes);
+  }
   EXPECT_EQ(BytesOf(kEmployeeFile), GoldenBytes(kEmployeeFile));
   records.employees.SaveEmployees();
   EXPECT_EQ(BytesOf(kEmployeeFile), GoldenBytes(kEmployeeFile));
@@ -236,7 +242,7 @@ TEST_F(Golden, EditingOneFieldOfAnEmployeeChangesThatFieldAlone) {
       },
       [&] {
         records.employees.Employees()[1] = record;
-        records.employees.SaveEmployee(1);
+        records.employees.SaveEmployees();
       });
 }
 

@@ -84,7 +84,11 @@ class Sharing : public ShopTest {
          [&] { records.system.TakeNumber(sysrec::last_customer_number); }},
         {"LoadEmployeeList", kEmployeeFile, Access::Read, Deny::None, [&] { records.employees.LoadEmployeeList(); }},
         {"LoadEmployees", kEmployeeFile, Access::Read, Deny::All, [&] { records.employees.LoadEmployees(); }},
-        {"SaveEmployee", kEmployeeFile, Access::Write, Deny::All, [&] { records.employees.SaveEmployee(0); }},
+        {"UpdateEmployee", kEmployeeFile, Access::ReadWrite, Deny::All,
+         [&] { records.employees.UpdateEmployee(7, [](EmployeeRecord&) {}); }},
+        {"AddEmployee", kEmployeeFile, Access::ReadWrite, Deny::All,
+         [&] { records.employees.AddEmployee(EmployeeRecord()); }},
+        {"DeleteEmployee", kEmployeeFile, Access::ReadWrite, Deny::All, [&] { records.employees.DeleteEmployee(3); }},
         {"SaveEmployees", kEmployeeFile, Access::Write, Deny::All, [&] { records.employees.SaveEmployees(); }},
         {"LoadPasswords", kPasswordFile, Access::Read, Deny::None, [&] { records.passwords.LoadPasswords(); }},
     };
