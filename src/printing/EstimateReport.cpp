@@ -1,6 +1,5 @@
 #include "printing/EstimateReport.h"
 
-#include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "printing/EstimateText.h"
@@ -23,13 +22,6 @@ constexpr const char* kDefaultDisclosure =
     "The shop may not exceed this amount without my written or oral approval.\r\n\r\n"
     "____ I do not request a written estimate.\r\n\r\n"
     "Signed: __________________________________ Date: ______________";
-
-std::string TimeOfDay(LocalTime now) {
-  const int minutes = static_cast<int>(now.millisecondOfDay / 60'000);
-  const int hour = minutes / 60 % 12;
-  return FormatZeros(hour == 0 ? 12 : hour, 2) + ":" + FormatZeros(minutes % 60, 2) +
-         (minutes < 12 * 60 ? " AM" : " PM");
-}
 
 }  // namespace
 
@@ -56,8 +48,7 @@ ui::Report EstimateReport::Make(const CustomerRecord& customer, const TotalTexts
   FillCompany(report, records_.system.SysRec);
   FillCustomer(report, customer);
   FillEstimate(report, database_.estimates.CurrentEstimate);
-  report.SetLabel("lblPrintDate", FormatDate(environment_.Today()));
-  report.SetLabel("lblPrintTime", TimeOfDay(environment_.clock.Now()));
+  FillPrintTime(report, environment_.clock.Now());
   report.SetLabel("lblLabor", totals.labor);
   report.SetLabel("lblParts", totals.parts);
   report.SetLabel("lblSublet", totals.sublet);

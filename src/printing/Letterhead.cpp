@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/Dates.h"
+#include "frame/Numbers.h"
 #include "frame/Text.h"
 
 namespace lantos {
@@ -46,6 +47,13 @@ std::string Phones(const CustomerRecord& customer) {
   return text;
 }
 
+std::string TimeOfDay(LocalTime now) {
+  const int minutes = static_cast<int>(now.millisecondOfDay / 60'000);
+  const int hour = minutes / 60 % 12;
+  return FormatZeros(hour == 0 ? 12 : hour, 2) + ":" + FormatZeros(minutes % 60, 2) +
+         (minutes < 12 * 60 ? " AM" : " PM");
+}
+
 }  // namespace
 
 void FillCompany(ui::Report& report, const SystemRecord& system) {
@@ -77,6 +85,20 @@ void FillEstimate(ui::Report& report, const Estimate& estimate) {
   SetIfThere(report, "lblMileage", std::to_string(ToLongOrZero(Trim(estimate.VehMileage))));
   SetIfThere(report, "lblWONumber", std::to_string(estimate.EstimateNumber));
   SetIfThere(report, "lblDate", FormatDate(estimate.SchedDate));
+}
+
+void FillVehicle(ui::Report& report, const VehicleRecord& record) {
+  SetIfThere(report, "lblMake",
+             record.Get(vehicle::Year) + " " + record.Get(vehicle::Make) + " " + record.Get(vehicle::Model));
+  SetIfThere(report, "lblEngTran", record.Get(vehicle::EngineSize) + " " + record.Get(vehicle::Transmission));
+  SetIfThere(report, "lblVIN", record.Get(vehicle::VIN));
+  SetIfThere(report, "lblLic", record.Get(vehicle::LicenseNumber));
+  SetIfThere(report, "lblMileage", std::to_string(record.Get(vehicle::Mileage)));
+}
+
+void FillPrintTime(ui::Report& report, LocalTime now) {
+  SetIfThere(report, "lblPrintDate", FormatDate(now.day));
+  SetIfThere(report, "lblPrintTime", TimeOfDay(now));
 }
 
 }  // namespace lantos

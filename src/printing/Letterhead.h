@@ -3,7 +3,9 @@
 #include <string>
 
 #include "estimatedb/modEstimates.h"
+#include "frame/Clock.h"
 #include "records/Customers.h"
+#include "records/Vehicles.h"
 #include "records/modSystem.h"
 #include "ui/Report.h"
 
@@ -14,5 +16,8 @@ void FillCompany(ui::Report& report, const SystemRecord& system);
 void FillCustomer(ui::Report& report, const CustomerRecord& customer);
 // Number, scheduled date and the vehicle as the estimate tells of it.
 void FillEstimate(ui::Report& report, const Estimate& estimate);
+void FillVehicle(ui::Report& report, const VehicleRecord& record);
+// When the paper was made.
+void FillPrintTime(ui::Report& report, LocalTime now);
 
 }  // namespace lantos

@@ -36,7 +36,6 @@ void AddPair(ReportDesign& design, const std::string& caption, const std::string
   Add(design, {Text(left, top, captionWidth, caption, 8), Field(name, left + captionWidth, top, fieldWidth)});
 }
 
-constexpr double kBlockTop = 86;
 constexpr double kBlockHeight = 5 * kRow + 8;
 
 void AddCustomerBlock(ReportDesign& design, double top) {
@@ -47,13 +46,71 @@ void AddCustomerBlock(ReportDesign& design, double top) {
   }
 }
 
-void AddVehicleRows(ReportDesign& design, double left, double top, double blockWidth) {
+// The caption of the licence has a name of its own where it is another one in a fleet shop.
+void AddVehicleRows(ReportDesign& design, double left, double top, double blockWidth, const char* license = "") {
   constexpr double kCaption = 0.09;
   const double width = blockWidth - 2 * kInset;
   Add(design, {Field("lblMake", left + kInset, top + 4, width, 9, Weight::Bold),
                Field("lblEngTran", left + kInset, top + 4 + kRow, width)});
   AddPair(design, "VIN", "lblVIN", left + kInset, top + 4 + 2 * kRow, kCaption, width - kCaption);
   AddPair(design, "License", "lblLic", left + kInset, top + 4 + 3 * kRow, kCaption, width - kCaption);
+  (design.labels.end() - 2)->name = license;
+}
+
+constexpr double kCompanyHeight = 86;
+
+void AddCompany(ReportDesign& design) {
+  Add(design, {Field("lblCompanyName", 0, 0, 0.64, 14, Weight::Bold), Field("lblCompanyName2", 0, 19, 0.64, 10),
+               Field("lblCompanyAddress", 0, 32, 0.64), Field("lblCompanyCSZ", 0, 44, 0.64),
+               Field("lblCompanyPhone", 0, 56, 0.64), Field("lblCompanyTaxID", 0, 69, 1, 7.5)});
+}
+
+constexpr double kTotalsLeft = 0.66;
+
+void AddTotal(ReportDesign& design, double row, const char* caption, const char* name, Weight weight) {
+  Add(design, {Text(kTotalsLeft + kInset, row, 0.14, caption, 9, weight, Align::Left, Band::ReportFooter),
+               Field(name, kTotalsLeft + 0.14, row, 0.2 - kInset, 9, weight, Align::Right, Band::ReportFooter)});
+}
+
+// Behind all that stands in the footer.
+void AddDisclaimer(ReportDesign& design) {
+  ReportLabel disclaimer =
+      Field("lblDisclaimer", 0, design.footerHeight, 1, 8, Weight::Plain, Align::Left, Band::ReportFooter);
+  disclaimer.grows = true;
+  design.labels.push_back(disclaimer);
+}
+
+constexpr double kStateHeight = kRow + 5;
+
+// What became of the work order, in one row below customer and vehicle.
+void AddWorkorderState(ReportDesign& design, double top) {
+  design.boxes.push_back({Band::PageHeader, 0, top, 1, kStateHeight});
+  const double row = top + 2.5;
+  AddPair(design, "Type", "lblType", kInset, row, 0.05, 0.14);
+  AddPair(design, "Status", "lblStatus", 0.21, row, 0.06, 0.13);
+  AddPair(design, "Salesperson", "lblMechNumber", 0.41, row, 0.10, 0.24);
+  AddPair(design, "Printed", "lblPrintDate", 0.745, row, 0.065, 0.10);
+  Add(design, {Field("lblPrintTime", 0.88, row, 0.12 - kInset, 9, Weight::Plain, Align::Right)});
+}
+
+void AddWorkorderTotals(ReportDesign& design) {
+  constexpr double kTop = 6, kGap = 3;
+  double row = kTop + 4;
+  for (const auto& [caption, name] : {std::pair{"Labor", "lblTotalLabor"},
+                                      {"Parts", "lblTotalParts"},
+                                      {"Sublets", "lblTotalSublet"},
+                                      {"Waste/Misc", "lblTotalWaste"},
+                                      {"Tax", "lblTotalTax"}}) {
+    AddTotal(design, row, caption, name, Weight::Plain);
+    row += kRow;
+  }
+  for (const auto& [caption, name] : {std::pair{"Total", "lblTotal"}, {"Balance", "lblBalance"}}) {
+    design.boxes.push_back({Band::ReportFooter, kTotalsLeft, row + kGap - 2, 1 - kTotalsLeft, 0});
+    AddTotal(design, row + kGap, caption, name, Weight::Bold);
+    row += kRow + kGap;
+  }
+  design.boxes.push_back({Band::ReportFooter, kTotalsLeft, kTop, 1 - kTotalsLeft, row - kTop});
+  design.footerHeight = row + 12;
 }
 
 }  // namespace
@@ -63,10 +120,9 @@ ReportDesign EstimateDesign(EstimatePaper paper) {
   ReportDesign design;
   design.name = withDisclosure ? "rptEstimate2" : "rptEstimate";
   design.caption = "Estimate";
-  Add(design, {Field("lblCompanyName", 0, 0, 0.64, 14, Weight::Bold), Field("lblCompanyName2", 0, 19, 0.64, 10),
-               Field("lblCompanyAddress", 0, 32, 0.64), Field("lblCompanyCSZ", 0, 44, 0.64),
-               Field("lblCompanyPhone", 0, 56, 0.64), Field("lblCompanyTaxID", 0, 69, 1, 7.5),
-               Text(0.64, 0, 0.36, "ESTIMATE", 16, Weight::Bold, Align::Right)});
+  constexpr double kBlockTop = kCompanyHeight;
+  AddCompany(design);
+  Add(design, {Text(0.64, 0, 0.36, "ESTIMATE", 16, Weight::Bold, Align::Right)});
   double row = 22;
   for (const auto& [caption, name] : {std::pair{"Estimate #", "lblWONumber"}, {"Scheduled", "lblDate"}}) {
     Add(design, {Text(0.66, row, 0.18, caption, 8, Weight::Plain, Align::Right),
@@ -94,11 +150,9 @@ ReportDesign EstimateDesign(EstimatePaper paper) {
                     {"Amt2", 0.77, 0.11, Align::Right, "Rate/Price"},
                     {"Amt3", 0.88, 0.12, Align::Right, "Total"}};
 
-  constexpr double kTotalsLeft = 0.66;
   row = 10;
   const auto total = [&](const char* caption, const char* name, Weight weight) {
-    Add(design, {Text(kTotalsLeft + kInset, row, 0.14, caption, 9, weight, Align::Left, Band::ReportFooter),
-                 Field(name, kTotalsLeft + 0.14, row, 0.2 - kInset, 9, weight, Align::Right, Band::ReportFooter)});
+    AddTotal(design, row, caption, name, weight);
     row += kRow;
   };
   total("Labor", "lblLabor", Weight::Plain);
@@ -112,10 +166,40 @@ ReportDesign EstimateDesign(EstimatePaper paper) {
   design.boxes.push_back({Band::ReportFooter, kTotalsLeft, 6, 1 - kTotalsLeft, height});
   design.boxes.push_back({Band::ReportFooter, kTotalsLeft, row - kRow - 2, 1 - kTotalsLeft, 0});
   design.footerHeight = height + 18;
-  ReportLabel disclaimer =
-      Field("lblDisclaimer", 0, design.footerHeight, 1, 8, Weight::Plain, Align::Left, Band::ReportFooter);
-  disclaimer.grows = true;
-  design.labels.push_back(disclaimer);
+  AddDisclaimer(design);
+  return design;
+}
+
+ReportDesign WorkorderDesign() {
+  constexpr double kBlockTop = kCompanyHeight;
+  ReportDesign design;
+  design.name = "rptWorkorder";
+  design.caption = "Workorder";
+  AddCompany(design);
+  Add(design, {Text(0.64, 0, 0.36, "WORK ORDER", 16, Weight::Bold, Align::Right)});
+  double row = 24;
+  for (const auto& [caption, name] : {std::pair{"Work Order #", "lblWONumber"}, {"Date", "lblDate"}}) {
+    Add(design, {Text(0.62, row + 1, 0.2, caption, 8, Weight::Plain, Align::Right),
+                 Field(name, 0.83, row, 0.17, 10, Weight::Bold, Align::Right)});
+    row += kRow + 2;
+  }
+  design.boxes = {{Band::PageHeader, 0, kBlockTop, kMiddle - 0.005, kBlockHeight},
+                  {Band::PageHeader, kMiddle + 0.005, kBlockTop, kMiddle - 0.005, kBlockHeight}};
+  AddCustomerBlock(design, kBlockTop);
+  AddVehicleRows(design, kMiddle + 0.005, kBlockTop, kMiddle - 0.005, "Label5");
+  AddPair(design, "Mileage", "lblMileage", kMiddle + 0.005 + kInset, kBlockTop + 4 + 4 * kRow, 0.09, 0.3);
+  AddWorkorderState(design, kBlockTop + kBlockHeight + 5);
+  design.headerHeight = kBlockTop + kBlockHeight + 5 + kStateHeight + 6;
+
+  // What a part number, a line of 44 characters and amounts of 32 bits take; longer lines go on below.
+  design.characters = 44;
+  design.wraps = true;
+  design.aboveHeading = 4;
+  design.columns = {{"DataLine", 0.183, 0.386, Align::Left, ""}, {"Num", 0, 0.18, Align::Left, ""},
+                    {"Qty", 0.569, 0.097, Align::Right, ""},     {"Prc", 0.666, 0.1055, Align::Right, ""},
+                    {"Lst", 0.7715, 0.1055, Align::Right, ""},   {"Ext", 0.877, 0.123, Align::Right, ""}};
+  AddWorkorderTotals(design);
+  AddDisclaimer(design);
   return design;
 }
 

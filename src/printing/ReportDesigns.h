@@ -10,6 +10,7 @@ enum class EstimatePaper { Plain, WithDisclosure };
 ui::ReportDesign EstimateDesign(EstimatePaper paper);  // rptEstimate, rptEstimate2
 enum class WorksheetPaper { Plain, WithCustomer };
 ui::ReportDesign WorksheetDesign(WorksheetPaper paper);  // rptWorksheet1, rptWorksheet2
+ui::ReportDesign WorkorderDesign();                      // rptWorkorder
 ui::ReportDesign DayViewDesign();                        // rptDayView
 ui::ReportDesign GenericDesign();                        // rptGeneric
 

@@ -6,12 +6,18 @@ namespace lantos {
 
 void ReportLines::Add(const std::string& dataLine, const std::string& amount1, const std::string& amount2,
                       const std::string& amount3) {
+  AddRow(ui::LineKind::Text, dataLine, {amount1, amount2, amount3});
+}
+
+void ReportLines::AddRow(ui::LineKind kind, const std::string& dataLine, std::initializer_list<std::string> amounts) {
   std::vector<std::string> row{Left(dataLine, kDataLineWidth)};
-  if (amounts_ == Amounts::Three) {
-    for (const std::string* amount : {&amount1, &amount2, &amount3}) row.push_back(Left(*amount, kAmountWidth));
+  const auto columns = 1 + static_cast<std::size_t>(amounts_);
+  for (const std::string& amount : amounts) {
+    if (row.size() < columns) row.push_back(Left(amount, kAmountWidth));
   }
+  row.resize(columns);
   rows_.push_back(std::move(row));
-  kinds_.push_back(ui::LineKind::Text);
+  kinds_.push_back(kind);
 }
 
 void ReportLines::AddHeading(const std::string& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -14,12 +15,14 @@ class ReportLines {
   static constexpr std::size_t kDataLineWidth = 255;
   static constexpr std::size_t kAmountWidth = 20;
 
-  // Whether the columns Amt1, Amt2 and Amt3 stand beside DataLine.
-  enum class Amounts { None, Three };
+  // How many columns stand beside DataLine.
+  enum class Amounts { None = 0, Three = 3, Five = 5 };
   explicit ReportLines(Amounts amounts) : amounts_(amounts) {}
 
   void Add(const std::string& dataLine, const std::string& amount1 = " ", const std::string& amount2 = " ",
            const std::string& amount3 = " ");
+  // With as many amounts as there are; those behind the last one given are empty.
+  void AddRow(ui::LineKind kind, const std::string& dataLine, std::initializer_list<std::string> amounts = {});
   void AddBlank() { Add(" "); }
   void AddHeading(const std::string& text);
   void AddLeading(const std::string& text);  // goes with what follows

@@ -39,31 +39,36 @@ VehicleSummary::VehicleSummary(Environment& environment, ui::Desktop& desktop, R
 void VehicleSummary::Compose(std::string_view vin, ReportLines& lines) {
   lines.AddHeading("***** Vehicle Summary *****");
   lines.AddBlank();
+  const PrintOptions& options = environment_.printOptions;
+  ComposeWorkorders(vin, {options.VehSummaryYears, options.VehSummaryLaborLines}, lines);
+}
+
+void VehicleSummary::ComposeWorkorders(std::string_view vin, Extent extent, ReportLines& lines) {
   const DaySerial today = environment_.Today();
   const TagScan scan(environment_, workorders_);
-  const TagScan::Wanted wanted{vin, ToFileDate(YearsBack(today, environment_.printOptions.VehSummaryYears)),
-                               ToFileDate(today)};
+  const TagScan::Wanted wanted{vin, ToFileDate(YearsBack(today, extent.years)), ToFileDate(today)};
   for (const ActiveWoTag& tag : scan.Active(wanted)) {
     workorders_.CurrentActiveTag = tag;
-    if (workorders_.GetCurrWoRec()) PrintWorkorder(DayOf(tag), lines);
+    if (workorders_.GetCurrWoRec()) PrintWorkorder(DayOf(tag), extent.laborLines, lines);
   }
   for (const ArchivedWoTag& tag : scan.Archived(wanted, "cmdPrintWorksheet")) {
     const FileLink offset = tag.Get(wotag::MasterOffset);
     if (offset == kNoLink) continue;  // active still, and printed above
-    if (workorders_.GetArchWo(tag.Get(wotag::WorkorderNumber), offset)) PrintWorkorder(DayOf(tag), lines);
+    if (!workorders_.GetArchWo(tag.Get(wotag::WorkorderNumber), offset)) continue;
+    PrintWorkorder(DayOf(tag), extent.laborLines, lines);
   }
   TellUnknownEntries(desktop_, std::exchange(unknown_, {}));
 }
 
-void VehicleSummary::PrintWorkorder(FileDate date, ReportLines& lines) const {
+void VehicleSummary::PrintWorkorder(FileDate date, int laborLines, ReportLines& lines) const {
   const Workorder& order = workorders_.Current;
-  lines.Add("Workorder: " + FormatZeros(order.WorkorderNumber, 6) + " " + FormatDate(FromFileDate(date)) +
-            " Mileage: " + std::to_string(order.Vehicle.Get(vehicle::Mileage)) +
-            " Customer: " + order.Customer.Get(customer::Lastname) + ", " + order.Customer.Get(customer::Firstname));
-  const int shown = environment_.printOptions.VehSummaryLaborLines;
+  lines.AddLeading("Workorder: " + FormatZeros(order.WorkorderNumber, 6) + " " + FormatDate(FromFileDate(date)) +
+                   " Mileage: " + std::to_string(order.Vehicle.Get(vehicle::Mileage)) + " Customer: " +
+                   order.Customer.Get(customer::Lastname) + ", " + order.Customer.Get(customer::Firstname));
   order.Labor.ForEach([&](const WoLaborLine& labor) {
     for (std::size_t i = 0; i < labor.Desc.size(); ++i) {
-      if (i == 0 || (static_cast<int>(i) < shown && !Trim(labor.Desc[i]).empty())) lines.Add("       " + labor.Desc[i]);
+      if (i == 0 || (static_cast<int>(i) < laborLines && !Trim(labor.Desc[i]).empty()))
+        lines.Add("       " + labor.Desc[i]);
     }
   });
   bool any = false;

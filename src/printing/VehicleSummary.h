@@ -17,12 +17,20 @@ class VehicleSummary {
  public:
   VehicleSummary(Environment& environment, ui::Desktop& desktop, Records& records);
 
-  // Of the print options' years, up to today, by the exact VIN. One box at the end tells the check list entries that
-  // the work orders name and the shop hasn't any more.
+  // Under a heading, as far as the print options want it.
   void Compose(std::string_view vin, ReportLines& lines);
 
+  // The work orders alone, of so many calendar years up to today, by the exact VIN, which isn't blank. Of each labor so
+  // many lines at most, and the first one always. One box at the end tells the check list entries that the work orders
+  // name and the shop hasn't any more.
+  struct Extent {
+    int years = 0;
+    int laborLines = 0;
+  };
+  void ComposeWorkorders(std::string_view vin, Extent extent, ReportLines& lines);
+
  private:
-  void PrintWorkorder(FileDate date, ReportLines& lines) const;
+  void PrintWorkorder(FileDate date, int laborLines, ReportLines& lines) const;
 
   Environment& environment_;
   ui::Desktop& desktop_;

@@ -82,7 +82,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmStatusOptions>(ground.shop); },
     [](FormGround& ground) { return Make<frmCustSearch>(ground.shop); },
     [](FormGround& ground) { return Make<frmCustEdit>(ground.shop); },
-    [](FormGround& ground) { return Make<frmVehList>(ground.shop); },
+    [](FormGround& ground) { return Make<frmVehList>(ground.shop, ground.masters.vehicleHistory); },
     [](FormGround& ground) {
       return Make<frmVehEdit>(ground.shop, ground.shop.records.vehicles.CurrentVehicle, "Edit Vehicle");
     },

@@ -8,6 +8,7 @@
 #include "frame/PathText.h"
 #include "frame/PlainWords.h"
 #include "masters/vendors/VendorScreens.h"
+#include "printing/VehicleHistory.h"
 #include "start/CommandLine.h"
 #include "start/DataDirectory.h"
 #include "start/EveryForm.h"
@@ -32,6 +33,9 @@ struct Program::State {
     database.busyTimeout = invocation.busyTimeout;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     keys.openVendorList = [this] { ViewVendors(shop); };
+    masters.vehicleHistory = [this](const std::string& vin, const std::string& vehicle) {
+      return VehicleHistoryReport(shop, vin, vehicle);
+    };
     desktop.logFailure = [this](const std::string& text) { environment.log.Write(text); };
     desktop.onSessionEnd = [this] { EndWithSession(); };
   }

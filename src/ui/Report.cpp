@@ -22,6 +22,7 @@ constexpr std::size_t kLeastLines = 12;     // of the detail that a page must ha
 constexpr std::size_t kShortStatement = 4;  // lines that aren't left alone on a page
 constexpr double kPageFooterHeight = 18;
 constexpr double kRounding = 1e-6;
+constexpr std::size_t kFrameInset = 1;  // characters between a frame and its lines, at either side
 
 void Replace(std::string& text, std::string_view what, std::size_t number) {
   if (const std::size_t at = text.find(what); at != std::string::npos)
@@ -169,6 +170,7 @@ double HeightOf(LineKind kind, const ReportDesign& design, double pitch) {
       return pitch + design.aboveHeading;
     case LineKind::Rule:
       return std::max(pitch, design.ruleHeight);
+    case LineKind::Across:
     case LineKind::Leading:
     case LineKind::Text:
       break;
@@ -176,19 +178,30 @@ double HeightOf(LineKind kind, const ReportDesign& design, double pitch) {
   return pitch;
 }
 
-std::vector<PrintedLine> PrintedLinesOf(const Report& report, std::size_t characters, double pitch) {
+bool IsFramed(const Report& report, std::size_t line) {
+  return std::any_of(report.frames.begin(), report.frames.end(), [line](const LineFrame& frame) {
+    return line >= frame.first && line < frame.first + frame.count;
+  });
+}
+
+std::vector<PrintedLine> PrintedLinesOf(const Report& report, const ReportLayout& layout, double field) {
+  const double pitch = layout.detailPitch;
+  const auto inField = static_cast<std::size_t>(field / layout.characterWidth + kRounding);
+  const auto across = static_cast<std::size_t>(layout.width / layout.characterWidth + kRounding);
   std::vector<PrintedLine> printed;
   for (std::size_t line = 0; line < report.lines.size(); ++line) {
     const std::string first = report.lines[line].empty() ? std::string() : report.lines[line].front();
     const LineKind kind = line < report.kinds.size() ? report.kinds[line] : LineKind::Text;
     const double height = HeightOf(kind, report.design, pitch);
+    const bool isFramed = IsFramed(report, line);
+    const std::size_t characters = kind == LineKind::Text ? inField : across - (isFramed ? 2 * kFrameInset : 0);
     if (!report.design.wraps || first.size() <= characters) {
-      printed.push_back({line, first, true, kind, height});
+      printed.push_back({line, first, true, kind, height, isFramed});
       continue;
     }
     bool begins = true;
     for (std::string& text : WrappedLine(first, characters)) {
-      printed.push_back({line, std::move(text), begins, kind, begins ? height : pitch});
+      printed.push_back({line, std::move(text), begins, kind, begins ? height : pitch, isFramed});
       begins = false;
     }
   }
@@ -206,13 +219,15 @@ ReportLayout LayOut(const Report& report, Paper paper) {
   const ReportDesign& design = report.design;
   if (design.orientation == Orientation::Landscape) std::swap(paper.width, paper.height);
   ReportLayout layout;
-  layout.width = paper.width - 2 * kReportMargin;
-  layout.height = paper.height - 2 * kReportMargin - kPageFooterHeight;
+  layout.left = std::clamp(report.margins.left, kReportMargin, paper.width / 2);
+  layout.top = std::clamp(report.margins.top, kReportMargin, paper.height / 2);
+  layout.width = paper.width - layout.left - kReportMargin;
+  layout.height = paper.height - layout.top - kReportMargin - kPageFooterHeight;
   const double field = design.columns.empty() ? layout.width : design.columns.front().width * layout.width;
   layout.detailSize = std::min(kLargestDetail, field / (kCharacterWidth * static_cast<double>(design.characters)));
   layout.detailPitch = layout.detailSize * kDetailLeading;
-  const double fitting = field / (kCharacterWidth * layout.detailSize) + kRounding;
-  layout.lines = PrintedLinesOf(report, static_cast<std::size_t>(fitting), layout.detailPitch);
+  layout.characterWidth = kCharacterWidth * layout.detailSize;
+  layout.lines = PrintedLinesOf(report, layout, field);
   layout.header = GrownLinesOf(report, Band::PageHeader, layout.width);
   layout.footer = GrownLinesOf(report, Band::ReportFooter, layout.width);
   Pages(report, layout).LayOut();

@@ -53,6 +53,7 @@ struct ReportDesign {
   double headerHeight = 0;  // without what grows
   double footerHeight = 0;
   std::size_t characters = 80;  // that the first column must hold; the size of the detail follows from it
+  bool numbersPages = true;     // at the foot of each
   bool wraps = false;           // whether what the first column can't hold goes on below
   double ruleHeight = 0;        // of a rule, with the room to write above it; no less than that of any line
   double aboveHeading = 0;      // empty
@@ -61,9 +62,27 @@ struct ReportDesign {
   std::vector<ReportBox> boxes;
 };
 
-// What a line is to the design. Headings and leading lines aren't left at the foot of a page without what follows them;
-// a heading has air above it.
-enum class LineKind { Text, Heading, Leading, Rule };
+// What a line is to the design. A text stands in the first column; the first column of any other line has the whole
+// width of the page. Headings and leading lines aren't left at the foot of a page without what follows them; a heading
+// has air above it.
+enum class LineKind { Text, Across, Heading, Leading, Rule };
+
+// Lines within one frame from margin to margin; on each page it is around those that the page has. They are no Text.
+struct LineFrame {
+  std::size_t first = 0, count = 0;
+};
+
+// A rectangle among the lines of a detail without headings, in characters from the left and lines from the first.
+struct DetailBox {
+  double left = 0, top = 0, right = 0, bottom = 0;
+};
+
+// From the edges of the paper, in points. Less than kReportMargin, which printers can't print on, is that; more than
+// half of the paper is half of it.
+inline constexpr double kReportMargin = 36;
+struct ReportMargins {
+  double top = kReportMargin, left = kReportMargin;
+};
 
 // A design, filled in.
 struct Report {
@@ -71,6 +90,9 @@ struct Report {
   std::string title;
   std::vector<std::vector<std::string>> lines;  // a text for each column
   std::vector<LineKind> kinds = {};             // of the lines; those behind its end are Text
+  std::vector<LineFrame> frames = {};           // around lines, in their order
+  std::vector<DetailBox> boxes = {};
+  ReportMargins margins = {};
 
   // Sets the label of that name in this design. A name that the design doesn't have throws std::logic_error.
   void SetLabel(std::string_view name, std::string text);
@@ -85,7 +107,6 @@ struct Paper {
 };
 inline constexpr Paper kLetterPaper{612, 792};
 inline constexpr Paper kA4Paper{595.3, 841.9};
-inline constexpr double kReportMargin = 36;
 
 // Lines of a label that grows, of those in the layout.
 struct GrownLines {
@@ -108,10 +129,13 @@ struct PrintedLine {
   bool begins = true;    // the report's line, and has the other columns beside it
   LineKind kind = LineKind::Text;
   double height = 0;
+  bool isFramed = false;
 };
 struct ReportLayout {
-  double width = 0, height = 0;  // printable, in the report's orientation
+  double left = 0, top = 0;      // where the printable part begins
+  double width = 0, height = 0;  // of it, in the report's orientation
   double detailSize = 0, detailPitch = 0;
+  double characterWidth = 0;  // of the detail
   std::vector<PrintedLine> lines;
   std::vector<std::string> header, footer;  // of the labels that grow
   std::vector<ReportPage> pages;            // at least one

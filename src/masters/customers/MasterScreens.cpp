@@ -94,7 +94,7 @@ bool MasterScreens::AddCustomer(Window which, std::unique_ptr<frmCustEdit>& wind
 }
 
 MasterScreens::VehicleChoice MasterScreens::VehicleMaintenance() {
-  frmVehList list(shop_);
+  frmVehList list(shop_, vehicleHistory);
   VehicleChoice choice = VehicleChoice::None;
   while (choice == VehicleChoice::None) {
     list.ShowModal();

@@ -15,6 +15,9 @@ class MasterScreens {
  public:
   explicit MasterScreens(Shop& shop) : shop_(shop) {}
 
+  // What the vehicle list has for the history of a vehicle, if anything.
+  frmVehList::History vehicleHistory;
+
   // The customer search, for as long as the person stays. To maintain, a selection opens the edit screen and the search
   // comes back after it. Else a selected customer is the result, and so is a new one that was saved; whoever may only
   // choose makes no new ones. The caption ends in what the customer is for, if that is said. True when a customer was

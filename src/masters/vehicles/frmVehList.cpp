@@ -1,6 +1,7 @@
 #include "masters/vehicles/frmVehList.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "frame/Numbers.h"
 #include "records/Customers.h"
@@ -34,10 +35,15 @@ ui::GridRow GridRowOf(const VehicleRow& row) {
   return shown;
 }
 
+std::string DescriptionOf(const VehicleRow& row) { return row.Year + " " + row.Make + " " + row.Model; }
+
 }  // namespace
 
-frmVehList::frmVehList(Shop& shop)
-    : Form(shop.desktop, "frmVehList", "Vehicle List"), shop_(shop), fleet_(shop.environment.fleetVersion) {
+frmVehList::frmVehList(Shop& shop, History history)
+    : Form(shop.desktop, "frmVehList", "Vehicle List"),
+      shop_(shop),
+      history_(std::move(history)),
+      fleet_(shop.environment.fleetVersion) {
   SetSize(12000, 7200);
   for (ui::TextBox* box : {&CustomerNumber, &CustName}) {
     box->SetLocked(true);
@@ -71,11 +77,12 @@ void frmVehList::WireButtons() {
   cmdDelete.SetToolTip("Delete <Ctrl+Del>");
   cmdHistory.SetToolTip("Generate History Report for Selected");
   cmdCancel.SetToolTip("Cancel <Esc>");
-  cmdHistory.SetEnabled(false);
+  cmdHistory.SetEnabled(history_ != nullptr);
   cmdSelect.OnClick = [this] { LeaveWithRow(Request::Select); };
   cmdEdit.OnClick = [this] { LeaveWithRow(Request::Edit); };
   cmdNew.OnClick = [this] { LeaveWith(Request::New); };
   cmdDelete.OnClick = [this] { Delete(); };
+  cmdHistory.OnClick = [this] { ShowHistory(); };
   cmdCancel.OnClick = [this] { LeaveWith(Request::None); };
   SetDefaultButton(cmdEdit);
   SetCancelButton(cmdCancel);
@@ -190,13 +197,23 @@ void frmVehList::Delete() {
   if (row == nullptr) {
     return shop_.desktop.Tell("Must select a vehicle to delete.", Caption(), ui::Icon::Exclamation);
   }
-  const std::string description = row->Year + " " + row->Make + " " + row->Model;
+  const std::string description = DescriptionOf(*row);
   const std::string title = row->IsDeleted() ? "Undelete vehicle" : "Delete vehicle";
   const std::string text = row->IsDeleted() ? "Return the " + description + " to this customer?"
                                             : "Delete the " + description + " from this customer?";
   if (shop_.desktop.Ask(text, title, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes) {
     Toggle(row->VLink, title);
   }
+}
+
+void frmVehList::ShowHistory() {
+  const VehicleRow* row = FindRow(Chosen());
+  if (row == nullptr) return shop_.desktop.Tell("No vehicle selected.", Caption(), ui::Icon::Exclamation);
+  if (history_(row->VIN, DescriptionOf(*row))) return;
+  shop_.desktop.Tell(
+      "Vehicle History by VIN report could not be generated.\r"
+      "This can be because there is either no VIN or no history in the last three years.",
+      "Vehicle History by VIN", ui::Icon::Exclamation);
 }
 
 // By what the record holds, which another workstation may have changed since the list was filled.

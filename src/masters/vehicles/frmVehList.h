@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "masters/vehicles/VehicleTable.h"
@@ -14,7 +16,10 @@ class frmVehList : public ui::Form {
  public:
   enum class Request { None, New, Edit, Select };
 
-  explicit frmVehList(Shop& shop);
+  // Shows what was done to a vehicle, by its VIN; it is said by year, make and model. False when there is nothing to
+  // show. Without this the button for it is greyed.
+  using History = std::function<bool(const std::string& vin, const std::string& vehicle)>;
+  explicit frmVehList(Shop& shop, History history = nullptr);
 
   Request Result() const { return request_; }
   FileLink Chosen() const;  // the current row's vehicle, kNoLink without one
@@ -55,10 +60,12 @@ class frmVehList : public ui::Form {
   void LeaveWithRow(Request request);
   void LeaveWith(Request request);
   void Delete();
+  void ShowHistory();
   void Toggle(FileLink link, const std::string& title);
   VehicleRow* FindRow(FileLink link);
 
   Shop& shop_;
+  History history_;
   bool fleet_;
   VehicleSort sort_;
   std::vector<VehicleRow> rows_;  // in the order of the chain

@@ -109,11 +109,9 @@ void QtDesktop::PrintFrom(ReportWindow& window) {
 }
 
 void QtDesktop::PrintReport(const Report& report, PrinterDialog dialog) {
-  const bool asks = dialog == PrinterDialog::Shown;
-  if (!asks && IsDriven()) return PrintJob(report);
-  if (!asks && QPrinterInfo::defaultPrinter().isNull()) {
-    throw std::runtime_error("No printer is installed.");
-  }
+  if (dialog == PrinterDialog::Skipped && IsDriven()) return PrintJob(report);
+  // Without a printer the dialog takes the name of a PDF, whether or not it was to be skipped.
+  const bool asks = dialog == PrinterDialog::Shown || QPrinterInfo::defaultPrinter().isNull();
   const std::unique_ptr<QPrinter> printer = MakePrinter(IsDriven());
   if (asks && !AskForPrinter(report, *printer)) return;
   IsDriven() ? PrintJob(report) : PrintOn(report, *printer);

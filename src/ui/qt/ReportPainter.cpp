@@ -19,6 +19,7 @@ constexpr double kUnits = 6;         // a point
 constexpr double kDetailUnits = 60;  // the size of the detail
 constexpr double kBoxLine = 0.75;
 constexpr double kThinLine = 0.5;
+constexpr double kAroundFramed = 3;  // between a frame and its first and last line
 constexpr double kHeadingSize = 8.5;
 constexpr double kBelowHeadingRule = 2;
 constexpr double kPageTextSize = 9;
@@ -96,17 +97,21 @@ void ReportPainter::PaintPage(QPainter& painter, std::size_t page) const {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   const double dotsPerPoint = painter.device()->logicalDpiX() / kPointsPerInch;
   painter.scale(dotsPerPoint / kUnits, dotsPerPoint / kUnits);
-  painter.translate(ToUnits(kReportMargin), ToUnits(kReportMargin));
+  painter.translate(ToUnits(layout_.left), ToUnits(layout_.top));
   painter.setBrush(Qt::NoBrush);
   SetPen(painter, kThinLine);
   PaintBand(painter, Band::PageHeader, 0);
   PaintGrown(painter, Band::PageHeader, report_.design.headerHeight, plan.header);
   PaintHeadings(painter, plan);
   PaintDetail(painter, plan);
+  PaintFrames(painter, plan);
+  PaintDrawn(painter, plan);
   PaintFooter(painter, plan);
-  painter.setFont(LabelFont(kPageTextSize, false));
-  PaintText(painter, Times({0, layout_.height, layout_.width, 2 * PitchOf(kPageTextSize) - kPageTextSize}, kUnits),
-            Align::Center, PageText(page + 1, PageCount()));
+  if (report_.design.numbersPages) {
+    painter.setFont(LabelFont(kPageTextSize, false));
+    PaintText(painter, Times({0, layout_.height, layout_.width, 2 * PitchOf(kPageTextSize) - kPageTextSize}, kUnits),
+              Align::Center, PageText(page + 1, PageCount()));
+  }
   painter.restore();
 }
 
@@ -181,11 +186,45 @@ void ReportPainter::PaintDetail(QPainter& painter, const ReportPage& page) const
     const std::vector<std::string>& texts = report_.lines.at(line.line);
     const std::size_t count = line.begins ? std::min(columns.size(), texts.size()) : 1;
     for (std::size_t column = 0; column < count; ++column) {
-      const QRectF field = Across(columns[column].left, columns[column].width, top, layout_.detailPitch);
-      PaintText(painter, Times(field, units), columns[column].align, column == 0 ? line.text : texts[column]);
+      PaintText(painter, Times(FieldOf(column, line, top), units), columns[column].align,
+                column == 0 ? line.text : texts[column]);
     }
   }
   painter.restore();
+}
+
+QRectF ReportPainter::FieldOf(std::size_t column, const PrintedLine& line, double top) const {
+  const ReportColumn& design = report_.design.columns[column];
+  if (column > 0 || line.kind == LineKind::Text) return Across(design.left, design.width, top, layout_.detailPitch);
+  const double inset = line.isFramed ? layout_.characterWidth : 0;
+  return Across(0, 1, top, layout_.detailPitch).adjusted(inset, 0, -inset, 0);
+}
+
+void ReportPainter::PaintFrames(QPainter& painter, const ReportPage& page) const {
+  SetPen(painter, kBoxLine);
+  const std::span<const PrintedLine> lines = LinesOn(page);
+  double bottom = page.headerHeight, top = 0;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    bottom += lines[i].height;
+    if (!lines[i].isFramed) continue;
+    if (i == 0 || !lines[i - 1].isFramed) top = bottom - layout_.detailPitch - kAroundFramed;
+    if (i + 1 < lines.size() && lines[i + 1].isFramed) continue;
+    painter.drawRect(Times(Across(0, 1, top, bottom + kAroundFramed - top), kUnits));
+  }
+}
+
+// Each page has its part of a box.
+void ReportPainter::PaintDrawn(QPainter& painter, const ReportPage& page) const {
+  SetPen(painter, kThinLine);
+  const auto first = static_cast<double>(page.firstLine), end = first + static_cast<double>(page.lineCount);
+  for (const DetailBox& box : report_.boxes) {
+    const double top = std::max(box.top, first), bottom = std::min(box.bottom, end);
+    if (bottom < top || (bottom == top && box.top < box.bottom)) continue;
+    const double width = (box.right - box.left) * layout_.characterWidth;
+    painter.drawRect(Times({box.left * layout_.characterWidth, page.headerHeight + (top - first) * layout_.detailPitch,
+                            width, (bottom - top) * layout_.detailPitch},
+                           kUnits));
+  }
 }
 
 void ReportPainter::PaintFooter(QPainter& painter, const ReportPage& page) const {

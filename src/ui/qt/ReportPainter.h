@@ -31,6 +31,10 @@ class ReportPainter {
   void PaintLabel(QPainter& painter, const ReportLabel& label, double top, const std::vector<std::string>& lines) const;
   void PaintHeadings(QPainter& painter, const ReportPage& page) const;
   void PaintDetail(QPainter& painter, const ReportPage& page) const;
+  void PaintFrames(QPainter& painter, const ReportPage& page) const;
+  void PaintDrawn(QPainter& painter, const ReportPage& page) const;
+  // Of that column, on a line with its top there.
+  QRectF FieldOf(std::size_t column, const PrintedLine& line, double top) const;
   void PaintFooter(QPainter& painter, const ReportPage& page) const;
   std::span<const PrintedLine> LinesOn(const ReportPage& page) const;
   QRectF Across(double left, double width, double top, double height) const;

@@ -293,6 +293,53 @@ TEST_F(VehList, EditingUpdatesTheRowAndTheFieldAlone) {
   EXPECT_EQ(Vehicles(), expected);
 }
 
+TEST_F(VehList, TheHistoryIsThatOfTheSelectedVehicle) {
+  Texts asked;
+  screens.vehicleHistory = [&](const std::string& vin, const std::string& vehicle) {
+    asked = {vin, vehicle};
+    return true;
+  };
+  Maintain({[](frmVehList& list) {
+    EXPECT_TRUE(list.cmdHistory.Enabled());
+    EXPECT_EQ(list.cmdHistory.ToolTip(), "Generate History Report for Selected");
+    list.DataGrid1.DoSelect(1);
+    Click(list.cmdHistory);
+    EXPECT_TRUE(list.Visible());
+    Press(list, "Esc");
+  }});
+  EXPECT_EQ(asked, (Texts{"V3", "1999 HONDA CIVIC"}));
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(VehList, AVehicleWithoutHistoryIsToldOf) {
+  screens.vehicleHistory = [](const std::string&, const std::string&) { return false; };
+  desktop.WillAnswer(Answer::Ok);
+  Maintain({[](frmVehList& list) {
+    Click(list.cmdHistory);
+    EXPECT_TRUE(list.Visible());
+    Press(list, "Esc");
+  }});
+  EXPECT_EQ(desktop.boxes[0].title, "Vehicle History by VIN");
+  EXPECT_EQ(desktop.boxes[0].text,
+            "Vehicle History by VIN report could not be generated.\r"
+            "This can be because there is either no VIN or no history in the last three years.");
+  EXPECT_EQ(desktop.boxes[0].icon, ui::Icon::Exclamation);
+}
+
+TEST_F(VehList, WithoutARowThereIsNoHistory) {
+  MakeCustomerCurrent(6);
+  screens.vehicleHistory = [](const std::string&, const std::string&) {
+    ADD_FAILURE() << "of no vehicle";
+    return false;
+  };
+  desktop.WillAnswer(Answer::Ok);
+  Maintain({[](frmVehList& list) {
+    Click(list.cmdHistory);
+    Press(list, "Esc");
+  }});
+  EXPECT_EQ(desktop.boxes[0].text, "No vehicle selected.");
+}
+
 TEST_F(VehList, AnErrorOnTheWayLeavesTheWorkingVehicleAsItWas) {
   records.vehicles.ReadVehicle(397);
   const SharedFile held(directory.Path() / "TQMAKMOD.DAT", Access::ReadWrite, Deny::All);

@@ -41,6 +41,15 @@ TEST(ReportLines, AmountsThatAreNotNamedAreABlank) {
   EXPECT_EQ(lines.Rows(), (Rows{{"____Labor____", " ", " ", " "}, {" ", " ", " ", " "}}));
 }
 
+TEST(ReportLines, ARowHasAllItsColumnsAndNoMore) {
+  ReportLines lines(ReportLines::Amounts::Five);
+  lines.AddRow(ui::LineKind::Across, "text");
+  lines.AddRow(ui::LineKind::Heading, std::string(256, 'x'), {"1", std::string(21, '2'), "3", "4", "5", "6"});
+  EXPECT_EQ(lines.Rows(),
+            (Rows{{"text", "", "", "", "", ""}, {std::string(255, 'x'), "1", std::string(20, '2'), "3", "4", "5"}}));
+  EXPECT_EQ(lines.Kinds(), (std::vector<ui::LineKind>{ui::LineKind::Across, ui::LineKind::Heading}));
+}
+
 TEST(ReportLines, WithoutAmountsHaveOneColumn) {
   ReportLines lines(ReportLines::Amounts::None);
   lines.Add("text", "1", "2", "3");
@@ -49,7 +58,8 @@ TEST(ReportLines, WithoutAmountsHaveOneColumn) {
 }
 
 TEST(ReportDesigns, HaveTheirNamesCaptionsAndFields) {
-  const std::vector<std::string> amounts = {"DataLine", "Amt1", "Amt2", "Amt3"}, line = {"DataLine"};
+  const std::vector<std::string> amounts = {"DataLine", "Amt1", "Amt2", "Amt3"}, line = {"DataLine"},
+                                 five = {"DataLine", "Num", "Qty", "Prc", "Lst", "Ext"};
   struct Wanted {
     ui::ReportDesign design;
     std::string name, caption;
@@ -60,6 +70,7 @@ TEST(ReportDesigns, HaveTheirNamesCaptionsAndFields) {
         Wanted{EstimateDesign(EstimatePaper::WithDisclosure), "rptEstimate2", "Estimate", amounts},
         Wanted{WorksheetDesign(WorksheetPaper::Plain), "rptWorksheet1", "Mechanic Worksheet", line},
         Wanted{WorksheetDesign(WorksheetPaper::WithCustomer), "rptWorksheet2", "Technician Worksheet", line},
+        Wanted{WorkorderDesign(), "rptWorkorder", "Workorder", five},
         Wanted{GenericDesign(), "rptGeneric", "Report", line},
         Wanted{DayViewDesign(), "rptDayView", "Day View", line}}) {
     EXPECT_EQ(wanted.design.name, wanted.name);
@@ -76,6 +87,21 @@ TEST(ReportDesigns, TotalsAndDisclaimerStandBehindTheLinesAndTheDisclosureAhead)
     }
     EXPECT_TRUE(StandsIn(design, "lblCompanyName", ui::Band::PageHeader));
     EXPECT_EQ(StandsIn(design, "lblDisclosure", ui::Band::PageHeader), paper == EstimatePaper::WithDisclosure);
+  }
+}
+
+TEST(ReportDesigns, AWorkOrderHasItsTotalsAndDisclaimerBehindTheLines) {
+  const ui::ReportDesign design = WorkorderDesign();
+  for (const char* name : {"lblTotalLabor", "lblTotalParts", "lblTotalSublet", "lblTotalWaste", "lblTotalTax",
+                           "lblTotal", "lblBalance", "lblDisclaimer"}) {
+    EXPECT_TRUE(StandsIn(design, name, ui::Band::ReportFooter)) << name;
+  }
+  for (const char* name :
+       {"lblCompanyName", "lblCompanyName2", "lblCompanyAddress", "lblCompanyCSZ", "lblCompanyPhone", "lblCompanyTaxID",
+        "lblPrintDate",   "lblPrintTime",    "lblCustName",       "lblSpouse",     "lblAddress",      "lblCSZ",
+        "lblPhone",       "lblMake",         "lblEngTran",        "lblVIN",        "lblLic",          "lblMileage",
+        "lblWONumber",    "lblType",         "lblDate",           "lblStatus",     "lblMechNumber",   "Label5"}) {
+    EXPECT_TRUE(StandsIn(design, name, ui::Band::PageHeader)) << name;
   }
 }
 

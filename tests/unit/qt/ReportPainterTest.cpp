@@ -183,6 +183,79 @@ TEST(ReportPainter, ARuleLeavesRoomForAPen) {
   }
 }
 
+// Whether there is ink in nearly all of the row or column of dots, or of one beside it.
+bool IsRuled(const QImage& picture, QRect along) {
+  const bool lies = along.width() > along.height();
+  const int length = lies ? along.width() : along.height();
+  for (int offset = -2; offset <= 2; ++offset) {
+    int dark = 0;
+    for (int i = 0; i < length; ++i) {
+      const QPoint at =
+          lies ? QPoint(along.left() + i, along.top() + offset) : QPoint(along.left() + offset, along.top() + i);
+      dark += qGray(picture.pixel(at)) < 200 ? 1 : 0;
+    }
+    if (dark > length * 9 / 10) return true;
+  }
+  return false;
+}
+
+TEST(ReportPainter, AFrameIsAroundItsLinesOnEachPage) {
+  Report report = MakeBillOfPages(2);
+  const ui::ReportLayout plain = LayOut(report);
+  const std::size_t onFirst = plain.pages[0].lineCount;
+  ASSERT_GT(onFirst, 10U);
+  report.kinds.assign(report.lines.size(), ui::LineKind::Across);
+  report.frames = {{onFirst - 3, 5}};
+  const ui::ReportLayout layout = LayOut(report);
+  const auto dots = [](double points) { return static_cast<int>(2 * points); };
+  for (std::size_t page = 0; page < 2; ++page) {
+    const QImage picture = PictureOf(report, ui::kLetterPaper, page);
+    const double head = layout.top + layout.pages[page].headerHeight;
+    const double top = page == 0 ? head + static_cast<double>(onFirst - 3) * layout.detailPitch : head;
+    const double height = (page == 0 ? 3 : 2) * layout.detailPitch;
+    const QRect inside(dots(layout.left), dots(top - 3), dots(layout.width), dots(height + 6));
+    EXPECT_TRUE(IsRuled(picture, QRect(inside.topLeft(), QSize(inside.width(), 1)))) << page;
+    EXPECT_TRUE(IsRuled(picture, QRect(inside.bottomLeft(), QSize(inside.width(), 1)))) << page;
+    EXPECT_TRUE(IsRuled(picture, QRect(inside.topLeft(), QSize(1, inside.height())))) << page;
+    EXPECT_TRUE(IsRuled(picture, QRect(inside.topRight(), QSize(1, inside.height())))) << page;
+  }
+}
+
+TEST(ReportPainter, ABoxStandsAtItsCharactersAndLines) {
+  Report report;
+  report.design.name = "rptDrawn";
+  report.design.numbersPages = false;
+  report.design.columns = {{"Text", 0, 1, Align::Left, ""}};
+  report.lines.assign(12, {""});
+  report.boxes = {{10, 2, 30.5, 6}, {40, 3, 50, 3}};
+  const ui::ReportLayout layout = LayOut(report);
+  const QImage picture = PictureOf(report, ui::kLetterPaper);
+  const auto across = [&](double characters) {
+    return static_cast<int>(2 * (layout.left + characters * layout.characterWidth));
+  };
+  const auto down = [&](double lines) { return static_cast<int>(2 * (layout.top + lines * layout.detailPitch)); };
+  const QRect box = InkOf(picture, QRect(0, 0, across(35), picture.height()));
+  EXPECT_NEAR(box.left(), across(10), 2);
+  EXPECT_NEAR(box.right(), across(30.5), 2);
+  EXPECT_NEAR(box.top(), down(2), 2);
+  EXPECT_NEAR(box.bottom(), down(6), 2);
+  EXPECT_TRUE(InkOf(picture, box.adjusted(6, 6, -6, -6)).isNull());
+  const QRect line = InkOf(picture, QRect(across(35), 0, picture.width() - across(35), picture.height()));
+  EXPECT_NEAR(line.top(), down(3), 2);
+  EXPECT_LE(line.height(), 3);
+  EXPECT_NEAR(line.width(), across(50) - across(40), 4);
+}
+
+TEST(ReportPainter, MarginsMoveAllThatIsPrinted) {
+  Report report = MakeBill(5);
+  const QRect usual = InkOf(PictureOf(report, ui::kLetterPaper));
+  report.margins = {136, 86};
+  const QRect moved = InkOf(PictureOf(report, ui::kLetterPaper));
+  EXPECT_NEAR(moved.left(), usual.left() + 100, 2);
+  EXPECT_NEAR(moved.top(), usual.top() + 200, 2);
+  EXPECT_NEAR(moved.right(), usual.right(), 2);
+}
+
 TEST(ReportPainter, PrintsThePagesAskedFor) {
   const test::ScratchDirectory directory;
   const Report report = MakeBillOfPages(3);

@@ -99,6 +99,43 @@ TEST(Report, ALineGoesOnBelowItsOwnBeginning) {
   EXPECT_EQ(ui::WrappedLine("          ", 8), (std::vector<std::string>{"          "}));
 }
 
+TEST(ReportLayout, MarginsTakeFromThePrintablePart) {
+  Report report = Make(1);
+  const ReportLayout usual = LayOut(report);
+  EXPECT_EQ(usual.left, 36);
+  EXPECT_EQ(usual.top, 36);
+  report.margins = {100, 72};
+  const ReportLayout moved = LayOut(report);
+  EXPECT_EQ(moved.top, 100);
+  EXPECT_EQ(moved.left, 72);
+  EXPECT_EQ(moved.height, usual.height - 64);
+  EXPECT_EQ(moved.width, usual.width - 36);
+  report.margins = {-1, 5000};
+  EXPECT_EQ(LayOut(report).top, 36);
+  EXPECT_EQ(LayOut(report).left, 306);
+}
+
+TEST(ReportLayout, LinesThatAreNoTextHaveTheWidthOfThePage) {
+  Report report = Make(3);
+  report.design.wraps = true;
+  const std::string words = "a line of forty-seven characters that go across";
+  for (auto& line : report.lines) line[0] = words;
+  report.kinds = {ui::LineKind::Text, ui::LineKind::Across, ui::LineKind::Across};
+  report.design.columns[0].width = 0.4;
+  EXPECT_EQ(LayOut(report).lines.size(), 4U);
+  // A frame takes a character at either side.
+  const auto across = static_cast<std::size_t>(LayOut(report).width / LayOut(report).characterWidth);
+  report.lines[1][0] = report.lines[2][0] = std::string(across, 'x');
+  EXPECT_EQ(LayOut(report).lines.size(), 4U);
+  report.frames = {{2, 1}};
+  const ReportLayout framed = LayOut(report);
+  ASSERT_EQ(framed.lines.size(), 5U);
+  EXPECT_FALSE(framed.lines[2].isFramed);
+  EXPECT_TRUE(framed.lines[3].isFramed);
+  EXPECT_TRUE(framed.lines[4].isFramed);
+  EXPECT_EQ(framed.lines[3].text.size(), across - 2);
+}
+
 TEST(ReportLayout, AStatementWiderThanThePaperIsAsHighAsItsLines) {
   Report report = Make(1, 100, 20);
   const std::string sentence =
