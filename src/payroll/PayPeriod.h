@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "records/PayPeriods.h"
 #include "records/Payroll.h"
 
 namespace lantos {
@@ -12,14 +13,14 @@ namespace lantos {
 struct PayPeriod {
   std::uint8_t code;
   int aYear;                // how many there are in a year, a day being a working day
-  std::string_view name;    // as a person reads it
   std::string_view inFile;  // as the files of withholding have it
+
+  std::string_view Name() const { return PayPeriodName(code); }
 };
 
 inline constexpr PayPeriod kPayPeriods[] = {
-    {1, 52, "Weekly", "weekly"},   {2, 26, "Bi-weekly", "bi-weekly"}, {3, 24, "Twice a month", "twice-a-month"},
-    {4, 12, "Monthly", "monthly"}, {5, 4, "Quarterly", "quarterly"},  {6, 2, "Half-yearly", "half-yearly"},
-    {7, 1, "Yearly", "yearly"},    {8, 260, "Daily", "daily"},
+    {1, 52, "weekly"},   {2, 26, "bi-weekly"},  {3, 24, "twice-a-month"}, {4, 12, "monthly"},
+    {5, 4, "quarterly"}, {6, 2, "half-yearly"}, {7, 1, "yearly"},         {8, 260, "daily"},
 };
 // Null for a code that is none.
 const PayPeriod* FindPayPeriod(std::uint8_t code);

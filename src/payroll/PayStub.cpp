@@ -69,8 +69,7 @@ void AddTaxFacts(Lines& lines, const PayRecord& pay) {
 void AddPay(Lines& lines, const PayRecord& pay) {
   const PayKind kind = PayKindOf(pay);
   if (kind == PayKind::None) return Add(lines, "Pay is              : ", "None");
-  const PayPeriod* period = FindPayPeriod(PayPeriodOf(pay));
-  Add(lines, "Pay Period          : ", period == nullptr ? "" : period->name);
+  Add(lines, "Pay Period          : ", PayPeriodName(PayPeriodOf(pay)));
   if (kind == PayKind::Hourly) {
     Add(lines, "Pay is              : ", "Hourly");
     Add(lines, "Wage ($/hour)       : $", WithThousands(FormatHundredths(pay.Get(payrecord::Wage))));

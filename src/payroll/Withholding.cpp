@@ -37,7 +37,7 @@ std::string NameOf(Authority authority, const std::string& state) {
 
 // What a rule that is there had no line for.
 std::string Particulars(const TaxedWage& wage) {
-  const std::string period = wage.period == nullptr ? "no one period" : ToLower(wage.period->name);
+  const std::string period = wage.period == nullptr ? "no one period" : ToLower(wage.period->Name());
   if (!wage.status) return " (" + period + ", no known status)";
   return " (" + period + (*wage.status == TaxStatus::Married ? ", married)" : ", single)");
 }

@@ -7,7 +7,7 @@
 
 namespace lantos {
 
-// Straight to the printer, upright, in a fixed-pitch font. Throws what the printer does.
+// Straight to the printer, upright, in a fixed-pitch font; a PDF where no printer is. Throws what the printer does.
 void PrintPayStub(ui::Desktop& desktop, const std::vector<StubLine>& lines);
 
 }  // namespace lantos

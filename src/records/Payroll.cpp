@@ -3,12 +3,12 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <stdexcept>
 #include <unordered_set>
 
 #include "frame/Numbers.h"
 #include "records/Contention.h"
 #include "records/Patience.h"
-#include "records/PayrollHead.h"
 
 namespace lantos {
 
@@ -54,10 +54,22 @@ bool IsTheSame(const PayEntry& a, const PayEntry& b) {
 
 }  // namespace
 
+FileLink Payroll::HeadOf(std::int32_t employee) {
+  employees_.LoadEmployees();
+  const EmployeeRecord* record = employees_.Find(employee);
+  return record == nullptr ? kNoLink : record->Get(employee::PayrollHead);
+}
+
+// Before anything is marked: a head that stays where it is would hide all that stands behind it.
+void Payroll::SetHead(std::int32_t employee, FileLink head) {
+  if (employees_.SetPayrollHead(employee, head) == modEmployees::Updated::Yes) return;
+  throw std::runtime_error("Employee " + FormatZeros(employee, 6) + " isn't on file any more.");
+}
+
 PayChain Payroll::Load(std::int32_t employee) {
   OpenedFile file(environment_.openFiles);
   OpenPatiently(file, environment_, kPayrollFile, Access::Read, Deny::None);
-  return Walk(*file, employee, PayrollHeadOf(environment_, employee));
+  return Walk(*file, employee, HeadOf(employee));
 }
 
 void Payroll::Remove(std::int32_t employee, const std::vector<PayEntry>& marked,
@@ -67,7 +79,7 @@ void Payroll::Remove(std::int32_t employee, const std::vector<PayEntry>& marked,
   contention.Run([&] { file.Open(kPayrollFile, Access::ReadWrite, Deny::All); });
   environment_.log.Write(fmt::format("frmEmpPRHist/Save: Opened {} (update,fp={})", kPayrollFile, file.Handle()));
   PayEntry predecessor;
-  for (PayEntry& entry : Walk(*file, employee, PayrollHeadOf(environment_, employee)).entries) {
+  for (PayEntry& entry : Walk(*file, employee, HeadOf(employee)).entries) {
     const bool isMarked =
         std::any_of(marked.begin(), marked.end(), [&entry](const PayEntry& each) { return IsTheSame(each, entry); });
     if (!isMarked) {
@@ -76,7 +88,7 @@ void Payroll::Remove(std::int32_t employee, const std::vector<PayEntry>& marked,
     }
     const FileLink successor = entry.record.Get(payrecord::NextRecord);
     if (predecessor.place == kNoLink) {
-      SetPayrollHead(environment_, employee, successor);
+      SetHead(employee, successor);
     } else {
       predecessor.record.Put(payrecord::NextRecord, successor);
       WriteRecord(*file, predecessor.place, predecessor.record);

@@ -6,6 +6,7 @@
 
 #include "frame/Environment.h"
 #include "records/Record.h"
+#include "records/modEmployees.h"
 #include "ui/Desktop.h"
 
 namespace lantos {
@@ -64,11 +65,12 @@ struct PayChain {
 
 class Payroll {
  public:
-  Payroll(Environment& environment, ui::Desktop& desktop) : environment_(environment), desktop_(desktop) {}
+  Payroll(Environment& environment, ui::Desktop& desktop, modEmployees& employees)
+      : environment_(environment), desktop_(desktop), employees_(employees) {}
   Payroll(const Payroll&) = delete;
 
-  // From the head in the employee's record on disk. A record marked as deleted ends it. FileError when a file can't be
-  // read, after a moment's patience.
+  // From the head in the employee's record; loads the table of employees. A record marked as deleted ends it. FileError
+  // when a file can't be read, after a moment's patience.
   PayChain Load(std::int32_t employee);
 
   // Takes entries of the employee off the chain, from the newest to the oldest, and marks their records as deleted, all
@@ -80,8 +82,12 @@ class Payroll {
               const std::function<void(const PayEntry& entry)>& removed);
 
  private:
+  FileLink HeadOf(std::int32_t employee);
+  void SetHead(std::int32_t employee, FileLink head);
+
   Environment& environment_;
   ui::Desktop& desktop_;
+  modEmployees& employees_;
 };
 
 }  // namespace lantos

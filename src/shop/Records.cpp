@@ -37,7 +37,7 @@ struct Records::Families {
         checkList(environment),
         usageHistory(environment, desktop, inventory),
         vendors(environment, desktop, system),
-        payroll(environment, desktop) {}
+        payroll(environment, desktop, employees) {}
 
   modSystem system;
   Vehicles vehicles;

@@ -5,7 +5,6 @@
 #include "frame/Numbers.h"
 #include "payroll/PayStub.h"
 #include "printing/PayStubPaper.h"
-#include "records/PayrollHead.h"
 #include "records/modSystem.h"
 
 namespace lantos {
@@ -58,11 +57,7 @@ void frmEmpPRHist::OnLoad() {
 // What the shop has chosen for the employee's stubs.
 void frmEmpPRHist::LoadNumberChoice() {
   if (!shop_.environment.hasKorvelDatabase) return;
-  Recordset& rows = korvel_.EmpPRInfo();
-  for (; !rows.Eof(); rows.MoveNext()) {
-    if (rows.Long("EmployeeNumber") == number_) chkIncludeSSN.SetValue(rows.Long("PrintSSN") != 0);
-  }
-  rows.Close();
+  chkIncludeSSN.SetValue(korvel_.PRInfoOf(number_).PrintSSN);
 }
 
 void frmEmpPRHist::OnKeyDown(ui::KeyPress& key) {
@@ -81,10 +76,11 @@ void frmEmpPRHist::Press(ui::Button& button) {
 }
 
 void frmEmpPRHist::Load() {
-  employee_ = EmployeeOnFile(shop_.environment, number_).value_or(EmployeeRecord());
+  const PayChain chain = shop_.records.payroll.Load(number_);
+  const EmployeeRecord* record = shop_.records.employees.Find(number_);
+  employee_ = record == nullptr ? EmployeeRecord() : *record;
   const std::string name = employee_.Get(employee::Name);
   lblEmployee.SetCaption(FormatZeros(number_, 6) + "  " + name);
-  const PayChain chain = shop_.records.payroll.Load(number_);
   LoadRows(chain);
   ShowRows(rows_.empty() ? -1 : 0);
   cmdDelete.SetEnabled(!rows_.empty());
