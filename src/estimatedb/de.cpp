@@ -233,6 +233,10 @@ Recordset& de2::EmpPRInfo() { return Run("EmpPRInfo", {}); }
 
 Recordset& de2::EmpPRHist() { return Run("EmpPRHist", {}); }
 
+void de2::DeletePRHist(std::int32_t employee, std::string_view payrollDate) {
+  Run("DeletePRHist", {Long(employee), Text(payrollDate)});
+}
+
 Recordset& de2::FollowUps() { return Run("FollowUps", {}); }
 
 Recordset& de2::RepairCodes() { return Run("RepairCodes", {}); }

@@ -145,6 +145,7 @@ class de2 : public DataEnvironment {
   void UpdateQuery();
   Recordset& EmpPRInfo();
   Recordset& EmpPRHist();
+  void DeletePRHist(std::int32_t employee, std::string_view payrollDate);  // "mm/dd/yyyy"
   Recordset& FollowUps();
   Recordset& RepairCodes();
   void AddRepairCode(std::string_view code, std::string_view description);

@@ -204,6 +204,12 @@ inline constexpr ContentionRule kVendors = {
     .title = "{what} {error}",
 };
 
+// Pay records, for ever as well.
+inline constexpr ContentionRule kSavePayroll = {
+    .text = "{error}\rPayroll file locked by another user.\rClick OK to try again.",
+    .title = "Employee Payroll History",
+};
+
 // Files that another copy has alone for a moment: the lists that each copy reads at its start (employees, makes), and
 // the tags of work orders, which are flushed behind each write. Two seconds.
 inline constexpr ContentionRule kMomentsPatience = {

@@ -6,6 +6,7 @@
 #include "records/Followups.h"
 #include "records/MakesModels.h"
 #include "records/Passwords.h"
+#include "records/Payroll.h"
 #include "records/PurchaseOrders.h"
 #include "records/Vehicles.h"
 #include "records/Vendors.h"
@@ -35,7 +36,8 @@ struct Records::Families {
         laborKits(environment),
         checkList(environment),
         usageHistory(environment, desktop, inventory),
-        vendors(environment, desktop, system) {}
+        vendors(environment, desktop, system),
+        payroll(environment, desktop, employees) {}
 
   modSystem system;
   Vehicles vehicles;
@@ -53,6 +55,7 @@ struct Records::Families {
   CheckListTable checkList;
   UsageHistory usageHistory;
   Vendors vendors;
+  Payroll payroll;
 };
 
 Records::Records(Environment& environment, ui::Desktop& desktop)
@@ -72,7 +75,8 @@ Records::Records(Environment& environment, ui::Desktop& desktop)
       laborKits(families_->laborKits),
       checkList(families_->checkList),
       usageHistory(families_->usageHistory),
-      vendors(families_->vendors) {}
+      vendors(families_->vendors),
+      payroll(families_->payroll) {}
 
 Records::~Records() = default;
 

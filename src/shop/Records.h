@@ -18,6 +18,7 @@ class modEmployees;
 class modSystem;
 class NameList;
 class Passwords;
+class Payroll;
 class PurchaseOrders;
 class UsageHistory;
 class Vehicles;
@@ -50,6 +51,7 @@ struct Records {
   CheckListTable& checkList;
   UsageHistory& usageHistory;
   Vendors& vendors;
+  Payroll& payroll;
 };
 
 }  // namespace lantos

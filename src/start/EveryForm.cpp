@@ -28,6 +28,7 @@
 #include "masters/customers/frmCustSearch.h"
 #include "masters/employees/frmEmpMaint.h"
 #include "masters/employees/frmEmpNew.h"
+#include "masters/employees/frmEmpPRHist.h"
 #include "masters/employees/frmEmpPRInfo.h"
 #include "masters/inventory/frmDept.h"
 #include "masters/inventory/frmInvAdd.h"
@@ -109,6 +110,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::Edit); },
     [](FormGround& ground) { return MakeVendorEdit(ground.shop, frmVendorEdit::Purpose::View); },
     [](FormGround& ground) { return Make<frmVendorAdd>(ground.shop); },
+    [](FormGround& ground) { return Make<frmEmpPRHist>(ground.shop, ground.database.korvelData, 1); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },

@@ -3,6 +3,7 @@
 #include "Readers.h"
 #include "records/CannedLabor.h"
 #include "records/Followups.h"
+#include "records/Payroll.h"
 #include "records/PurchaseOrders.h"
 #include "records/Vendors.h"
 
@@ -60,6 +61,27 @@ inline void ChangeVendors(QuietShop& shop) {
       vendors.DeleteVendor(vendors.Count() - 1);
     }
     vendors.AddVendor("Newcomer");
+  });
+}
+
+// Employee 7 is the first of the employees, whose chain begins where the last four bytes of the record say.
+inline void ReadPayroll(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    for (const std::int32_t employee : {7, 0, -1}) {
+      const PayChain chain = records.payroll.Load(employee);
+      See(chain.damage);
+      for (const PayEntry& entry : chain.entries) See(FormatHundredths(entry.record.Get(payrecord::Gross)));
+    }
+  });
+}
+
+inline void ChangePayroll(QuietShop& shop) {
+  Records records(shop.environment, shop.desktop);
+  Refusable([&] {
+    std::vector<PayEntry> marked = records.payroll.Load(7).entries;
+    if (marked.size() > 1) marked.erase(marked.begin() + 1);
+    records.payroll.Remove(7, marked, [](const PayEntry&) {});
   });
 }
 

@@ -8,9 +8,9 @@ in this directory; the files it makes are kept under version control.
 
 from goldenfiles.canned import CANNED_NOTES, CHECKLIST, make_canned_labor
 from goldenfiles.layouts import (ACTIVE_WO_TAG, ARCHIVED_WO_TAG, CUSTOMER, CUSTOMER_TAG, EMPLOYEE, FOLLOWUP, INVENTORY,
-                                 INVENTORY_TAG, KIT, LABOR_KIT, LAYOUTS, MAKE_MODEL, PASSWORDS, PO_TAG, SYSTEM, VEHICLE, VENDOR)
-from goldenfiles.people import (make_customers, make_employees, make_followups, make_makes, make_passwords, make_system,
-                                make_vehicles)
+                                 INVENTORY_TAG, KIT, LABOR_KIT, LAYOUTS, MAKE_MODEL, PASSWORDS, PAYROLL, PO_TAG, SYSTEM, VEHICLE, VENDOR)
+from goldenfiles.people import (make_customers, make_employees, make_followups, make_makes, make_passwords, make_payroll,
+                                make_system, make_vehicles)
 from goldenfiles.stock import (make_inventory, make_kits, make_names, make_orders, make_updates, make_vendors)
 from goldenfiles.workorders import make_workorders
 
@@ -23,7 +23,8 @@ def main():
                             (PASSWORDS, make_passwords()), (INVENTORY_TAG, part_tags), (INVENTORY, part_masters),
                             (KIT, make_kits()), (FOLLOWUP, make_followups()), (PO_TAG, make_orders()[0]),
                             (LABOR_KIT, make_canned_labor()[1]), (ACTIVE_WO_TAG, make_workorders()[0]),
-                            (ARCHIVED_WO_TAG, make_workorders()[1]), (VENDOR, make_vendors())):
+                            (ARCHIVED_WO_TAG, make_workorders()[1]), (VENDOR, make_vendors()),
+                            (PAYROLL, make_payroll())):
         assert len(content) % layout[1] == 0
         with open(layout[0], "wb") as out:
             out.write(content)

@@ -3,6 +3,7 @@
 #include "frame/Numbers.h"
 #include "masters/employees/NewEmployee.h"
 #include "masters/employees/frmEmpNew.h"
+#include "masters/employees/frmEmpPRHist.h"
 #include "masters/employees/frmEmpPRInfo.h"
 
 namespace lantos {
@@ -177,6 +178,9 @@ void frmEmpMaint::OpenPayInfo() {
 
 void frmEmpMaint::OpenPayHistory() {
   if (!IsSomebodyChosen()) return;
+  frmEmpPRHist form(shop_, database_, choice_.Chosen());
+  form.ShowModal();
+  form.Unload();
 }
 
 }  // namespace lantos

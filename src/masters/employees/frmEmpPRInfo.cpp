@@ -1,5 +1,7 @@
 #include "masters/employees/frmEmpPRInfo.h"
 
+#include "masters/employees/frmEmpPRHist.h"
+
 namespace lantos {
 
 namespace {
@@ -162,6 +164,9 @@ void frmEmpPRInfo::SaveAdditional() {
 
 void frmEmpPRInfo::OpenPayHistory() {
   if (!IsSomebodyChosen()) return;
+  frmEmpPRHist form(shop_, database_, choice_.Chosen());
+  form.ShowModal();
+  form.Unload();
 }
 
 }  // namespace lantos

@@ -270,8 +270,37 @@ ARCHIVED_WO_TAG = ("TQINCTAG.DAT", 290, {**WO_TAG_HEAD, "MasterOffset": (286, 4,
 
 PASSWORDS = ("TQPASSWD.DAT", 252, {"password_%d" % i: (21 * i, 21, TEXT) for i in range(12)})
 
+PAYROLL = ("TQPAYROL.DAT", 303, {
+    "EmployeeNumber": (0, 4, LONG),
+    "PayrollDate": (4, 4, LONG),
+    "Hours": (8, 4, LONG),
+    "Gross": (12, 4, LONG),
+    "korvel1": (16, 1, OPAQUE),
+    "FICA": (17, 4, LONG),
+    "Medicare": (21, 4, LONG),
+    "FUTA": (25, 4, LONG),
+    "SUTA": (29, 4, LONG),
+    "korvel2": (33, 223, OPAQUE),
+    "MaritalStatus": (256, 1, BYTE),
+    "NumExemptions": (257, 1, BYTE),
+    "FICAExempt": (258, 1, BYTE),
+    "Wage": (259, 4, LONG),
+    "WagePeriod": (263, 1, BYTE),
+    "Salary": (264, 4, LONG),
+    "SalaryPeriod": (268, 1, BYTE),
+    "CommissionPeriod": (269, 1, BYTE),
+    "Commission": (270, 4, LONG),
+    "Insurance": (274, 4, LONG),
+    "OvertimeExempt": (278, 1, BYTE),
+    "Savings": (279, 4, LONG),
+    "korvel3": (283, 4, OPAQUE),
+    "Uniform": (287, 4, LONG),
+    "korvel4": (291, 8, OPAQUE),
+    "NextRecord": (299, 4, LONG),
+})
+
 LAYOUTS = (SYSTEM, CUSTOMER_TAG, CUSTOMER, VEHICLE, MAKE_MODEL, EMPLOYEE, PASSWORDS, INVENTORY_TAG, INVENTORY, KIT, FOLLOWUP,
-           PO_TAG, LABOR_KIT, WO_TOTALS, ACTIVE_WO_TAG, ARCHIVED_WO_TAG, VENDOR)
+           PO_TAG, LABOR_KIT, WO_TOTALS, ACTIVE_WO_TAG, ARCHIVED_WO_TAG, VENDOR, PAYROLL)
 
 
 def record(layout, **values):

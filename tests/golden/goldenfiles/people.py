@@ -1,6 +1,6 @@
 """The shop itself, its customers, their vehicles, makes and models, employees, passwords and followups."""
 
-from .layouts import (CUSTOMER, CUSTOMER_TAG, EMPLOYEE, FOLLOWUP, MAKE_MODEL, OPAQUE, PASSWORDS, SYSTEM, VEHICLE,
+from .layouts import (CUSTOMER, CUSTOMER_TAG, EMPLOYEE, FOLLOWUP, MAKE_MODEL, OPAQUE, PASSWORDS, PAYROLL, SYSTEM, VEHICLE,
                       file_date, pattern, record)
 
 
@@ -95,6 +95,21 @@ def make_employees():
         record(EMPLOYEE, EmpNumber=7, Name="  Bert Wood", DateHired=file_date(35000), DateTerminated=-1,
                Wage=-2147483648, WagePeriod=255, Commission=2147483647, korvel1=pattern(4, 204),
                korvel2=pattern(18, 212), PayrollHead=0),
+    ))
+
+
+def make_payroll():
+    """Employee 12 has 606 -> 0 -> 303, a record of an hour's wage, a salary and a commission; 909 is deleted."""
+    opaque = {name: pattern(width, offset) for name, (offset, width, kind) in PAYROLL[2].items() if kind == OPAQUE}
+    common = dict(EmployeeNumber=12, NumExemptions=2, Insurance=1500, Savings=2500, Uniform=450, **opaque)
+    return b"".join((
+        record(PAYROLL, PayrollDate=file_date(37883), Hours=4000, Gross=80000, FICA=4960, Medicare=1160, FUTA=64,
+               SUTA=216, MaritalStatus=1, Salary=80000, SalaryPeriod=2, OvertimeExempt=1, NextRecord=303, **common),
+        record(PAYROLL, PayrollDate=37876, Hours=0, Gross=12345678, MaritalStatus=0, Commission=125000,
+               CommissionPeriod=4, FICAExempt=1, NextRecord=-1, **common),
+        record(PAYROLL, PayrollDate=file_date(37890), Hours=4150, Gross=60000, FICA=3720, Medicare=870, FUTA=48,
+               SUTA=162, MaritalStatus=0, Wage=1450, WagePeriod=1, NextRecord=0, **common),
+        record(PAYROLL, EmployeeNumber=-1, PayrollDate=file_date(37869), Gross=1, NextRecord=0, **opaque),
     ))
 
 

@@ -19,7 +19,7 @@ class Commands : public DatabaseTest {
 
 TEST_F(Commands, TheTablesHaveEveryCommandWithAsManyKindsAsPlaceholders) {
   EXPECT_EQ(kLantosCommands.size(), 70U);
-  EXPECT_EQ(kKorvelCommands.size(), 7U);
+  EXPECT_EQ(kKorvelCommands.size(), 8U);
   for (const auto commands : {kLantosCommands, kKorvelCommands}) {
     for (const Command& command : commands) {
       const auto places = static_cast<std::size_t>(std::count(command.statement.begin(), command.statement.end(), '?'));
@@ -282,6 +282,18 @@ TEST_F(Commands, KorvelsCommandsOpenTheirTables) {
   korvel.UpdateQuery();
   Recordset& rows = korvel.EmpPRInfo();
   EXPECT_THAT(Dump(rows), ElementsAre("1|0|0|0|1", "2|8|9|10|0"));
+}
+
+TEST_F(Commands, ARowOfThePayHistoryGoesByItsEmployeeAndItsDate) {
+  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
+  test::Plain(PathOf("Korvel.mdb"),
+              "insert into EmpPRHist values (2, '09/26/2003', 1, 2, 3), (2, '09/19/2003', 4, 5, 6), "
+              "(3, '09/26/2003', 7, 8, 9)");
+  de2& korvel = database.korvelData;
+  korvel.DeletePRHist(2, "09/26/2003");
+  korvel.DeletePRHist(4, "09/26/2003");
+  Recordset& rows = korvel.EmpPRHist();
+  EXPECT_THAT(Dump(rows), ElementsAre("2|09/19/2003|4|5|6", "3|09/26/2003|7|8|9"));
 }
 
 TEST_F(Commands, TheRowOfAnEmployeesPayIsAddedIfMissingAndKeepsWhatWasNotChanged) {

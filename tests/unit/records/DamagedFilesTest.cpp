@@ -107,6 +107,18 @@ std::string VendorSeed() {
   return file;
 }
 
+std::string PayrollSeed() {
+  std::string file;
+  for (const FileLink next : {static_cast<FileLink>(PayRecord::kLength), kNoLink}) {
+    PayRecord record;
+    record.Put(payrecord::EmployeeNumber, 7);
+    record.Put(payrecord::PayrollDate, 731868);
+    record.Put(payrecord::NextRecord, next);
+    Append(file, record);
+  }
+  return file;
+}
+
 std::string SystemSeed() {
   SystemRecord record;
   for (const LongField counter :
@@ -136,6 +148,7 @@ constexpr Format kMakes = {kMakeModelFile, MakeModelRecord::kLength, MakeSeed, f
 constexpr Format kEmployees = {kEmployeeFile, EmployeeRecord::kLength, EmployeeSeed, fuzz::ReadEmployees,
                                fuzz::ChangeEmployees};
 constexpr Format kVendors = {kVendorFile, VendorRecord::kLength, VendorSeed, fuzz::ReadVendors, fuzz::ChangeVendors};
+constexpr Format kPayroll = {kPayrollFile, PayRecord::kLength, PayrollSeed, fuzz::ReadPayroll, fuzz::ChangePayroll};
 constexpr Format kSystem = {kSystemFile, SystemRecord::kLength, SystemSeed, fuzz::ReadSystemRecord, fuzz::TakeNumbers};
 constexpr Format kPasswords = {kPasswordFile, PasswordRecord::kLength,
                                [] { return std::string(PasswordRecord::kLength, 'p'); }, fuzz::ReadPasswords, nullptr};
@@ -144,7 +157,8 @@ class DamagedFiles : public testing::TestWithParam<Format> {
  protected:
   // The other files are sound, so that links lead somewhere.
   void PutSound() {
-    for (const Format& format : {kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kSystem, kPasswords}) {
+    for (const Format& format :
+         {kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kPayroll, kSystem, kPasswords}) {
       shop.Put(format.file, format.seed());
     }
   }
@@ -174,6 +188,7 @@ class DamagedFilesThatAreWritten : public DamagedFiles {
     if (GetParam().change == fuzz::ChangeCustomers) {
       for (const Format& format : {kTags, kMasters, kVehicles, kSystem}) shop.Put(format.file, format.seed());
     }
+    if (GetParam().change == fuzz::ChangePayroll) shop.Put(kEmployees.file, kEmployees.seed());
     shop.Put(GetParam().file, content);
     GetParam().change(shop);
   }
@@ -207,10 +222,11 @@ std::string NameOfTest(const testing::TestParamInfo<Format>& tested) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, DamagedFiles,
-                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kSystem, kPasswords),
+                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kPayroll, kSystem,
+                                         kPasswords),
                          NameOfTest);
 INSTANTIATE_TEST_SUITE_P(Formats, DamagedFilesThatAreWritten,
-                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kSystem),
+                         testing::Values(kTags, kMasters, kVehicles, kMakes, kEmployees, kVendors, kPayroll, kSystem),
                          NameOfTest);
 
 }  // namespace

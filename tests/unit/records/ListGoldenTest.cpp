@@ -4,6 +4,7 @@
 #include "records/CannedLabor.h"
 #include "records/CheckList.h"
 #include "records/Followups.h"
+#include "records/Payroll.h"
 #include "records/PurchaseOrders.h"
 #include "records/Vendors.h"
 
@@ -40,6 +41,19 @@ std::vector<Field> VendorFields() {
   return list.All();
 }
 
+std::vector<Field> PayrollFields() {
+  FieldList list(kPayrollFile);
+  list FIELD(payrecord, EmployeeNumber) FIELD(payrecord, PayrollDate) FIELD(payrecord, Hours) FIELD(payrecord, Gross)
+      FIELD(payrecord, korvel1) FIELD(payrecord, FICA) FIELD(payrecord, Medicare) FIELD(payrecord, FUTA)
+          FIELD(payrecord, SUTA) FIELD(payrecord, korvel2) FIELD(payrecord, MaritalStatus)
+              FIELD(payrecord, NumExemptions) FIELD(payrecord, FICAExempt) FIELD(payrecord, Wage)
+                  FIELD(payrecord, WagePeriod) FIELD(payrecord, Salary) FIELD(payrecord, SalaryPeriod)
+                      FIELD(payrecord, CommissionPeriod) FIELD(payrecord, Commission) FIELD(payrecord, Insurance)
+                          FIELD(payrecord, OvertimeExempt) FIELD(payrecord, Savings) FIELD(payrecord, korvel3)
+                              FIELD(payrecord, Uniform) FIELD(payrecord, korvel4) FIELD(payrecord, NextRecord);
+  return list.All();
+}
+
 class ListGolden : public ShopTest {
  protected:
   ListGolden() {
@@ -52,7 +66,7 @@ class ListGolden : public ShopTest {
 };
 
 TEST_F(ListGolden, EveryFieldLiesWhereTheGoldenFilesHaveIt) {
-  for (const auto& fields : {FollowupFields(), OrderFields(), LaborKitFields(), VendorFields()})
+  for (const auto& fields : {FollowupFields(), OrderFields(), LaborKitFields(), VendorFields(), PayrollFields()})
     ExpectGoldenLayout(fields);
 }
 
@@ -124,6 +138,25 @@ TEST_F(ListGolden, EachFieldOfAVendorReachesTheFileAlone) {
     EXPECT_EQ(place, (std::pair<std::size_t, std::size_t>{start, start + field.width})) << field.name;
     Put(kVendorFile, before);
   }
+}
+
+TEST_F(ListGolden, PayRecordsReadAsTheyWereMade) {
+  std::string employees = BytesOf("TQEMPLOY.DAT");
+  Put("TQEMPLOY.DAT", Image(employees.size()).Text(0, employees).Long(195, 606));
+  const PayChain chain = records.payroll.Load(12);
+  EXPECT_EQ(chain.damage, "");
+  ASSERT_EQ(chain.entries.size(), 3U);
+  EXPECT_EQ(chain.entries[0].place, 606);
+  EXPECT_EQ(chain.entries[0].record.Get(payrecord::Hours), 4150);
+  EXPECT_EQ(chain.entries[0].record.Get(payrecord::Wage), 1450);
+  EXPECT_EQ(chain.entries[1].place, 0);
+  EXPECT_EQ(chain.entries[1].record.Get(payrecord::SUTA), 216);
+  EXPECT_EQ(chain.entries[1].record.Get(payrecord::Insurance), 1500);
+  EXPECT_EQ(chain.entries[1].record.Get(payrecord::Savings), 2500);
+  EXPECT_EQ(chain.entries[1].record.Get(payrecord::Uniform), 450);
+  EXPECT_EQ(chain.entries[2].record.Get(payrecord::Commission), 125000);
+  EXPECT_EQ(chain.entries[2].record.Get(payrecord::FICAExempt), 1);
+  EXPECT_EQ(chain.entries[2].record.Get(payrecord::NextRecord), -1);
 }
 
 TEST_F(ListGolden, CannedLaborLoadedAndSavedIsTheSameFile) {

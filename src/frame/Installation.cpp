@@ -1,0 +1,11 @@
+#include "frame/Installation.h"
+
+namespace lantos {
+
+std::filesystem::path InstalledFolder(std::string_view folder) {
+  std::error_code ignored;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+  return program.parent_path().parent_path() / "share" / "lantos" / folder;
+}
+
+}  // namespace lantos

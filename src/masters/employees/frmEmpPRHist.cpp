@@ -1,0 +1,194 @@
+#include "masters/employees/frmEmpPRHist.h"
+
+#include <algorithm>
+
+#include "frame/Numbers.h"
+#include "payroll/PayStub.h"
+#include "printing/PayStubPaper.h"
+#include "records/modSystem.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr ui::Twips kWidth = 14400;
+constexpr ui::Twips kHeight = 6600;
+constexpr std::size_t kDatesTold = 5;
+
+std::vector<ui::GridColumn> Columns() {
+  std::vector<ui::GridColumn> columns;
+  for (std::size_t i = 0; i < kPayColumnCount; ++i) {
+    const auto column = static_cast<PayColumn>(i);
+    const std::string name(kPayColumnNames[i]);
+    const bool isText = column == PayColumn::Mark || column == PayColumn::Date;
+    columns.push_back({name, name, !isText, column == PayColumn::Mark});
+  }
+  return columns;
+}
+
+}  // namespace
+
+frmEmpPRHist::frmEmpPRHist(Shop& shop, de2& korvel, std::int32_t employee)
+    : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmEmpPRHist", "Employee Payroll History"),
+      shop_(shop),
+      korvel_(korvel),
+      number_(employee) {
+  SetDesignedSize(kWidth, kHeight);
+  ListView1.SetColumns(Columns());
+  ListView1.SetSpokenName("Pay records");
+  cmdPrint.SetToolTip("Print Pay Stub <F1>");
+  cmdDelete.SetToolTip("Delete Entry <Del>");
+  cmdSave.SetToolTip("Print <Alt+F2>");
+  cmdCancel.SetToolTip("Close <Esc>");
+  UseButtons(cmdSave, cmdCancel);
+  // The one that asks before it does anything.
+  SetDefaultButton(cmdPrint);
+  cmdPrint.OnClick = [this] { Print(); };
+  cmdDelete.OnClick = [this] { ToggleMark(); };
+  AskBeforeLosing(cmdCancel);
+}
+
+void frmEmpPRHist::OnLoad() {
+  SizedForm::OnLoad();
+  LoadNumberChoice();
+  Load();
+}
+
+// What the shop has chosen for the employee's stubs.
+void frmEmpPRHist::LoadNumberChoice() {
+  if (!shop_.environment.hasKorvelDatabase) return;
+  chkIncludeSSN.SetValue(korvel_.PRInfoOf(number_).PrintSSN);
+}
+
+void frmEmpPRHist::OnKeyDown(ui::KeyPress& key) {
+  SizedForm::OnKeyDown(key);
+  ui::Button* button = nullptr;
+  // The second is the one that the tool tip of the Save button tells.
+  if (key.Is("F1") || key.IsAlt("F2")) button = &cmdPrint;
+  if (key.Is("Delete")) button = &cmdDelete;
+  if (button == nullptr) return;
+  key.Clear();
+  Press(*button);
+}
+
+void frmEmpPRHist::Press(ui::Button& button) {
+  if (button.IsUsable()) button.OnClick();
+}
+
+void frmEmpPRHist::Load() {
+  const PayChain chain = shop_.records.payroll.Load(number_);
+  const EmployeeRecord* record = shop_.records.employees.Find(number_);
+  employee_ = record == nullptr ? EmployeeRecord() : *record;
+  const std::string name = employee_.Get(employee::Name);
+  lblEmployee.SetCaption(FormatZeros(number_, 6) + "  " + name);
+  LoadRows(chain);
+  ShowRows(rows_.empty() ? -1 : 0);
+  cmdDelete.SetEnabled(!rows_.empty());
+  cmdPrint.SetEnabled(!rows_.empty());
+  MarkUnchanged();
+  if (chain.damage.empty()) return;
+  shop_.desktop.Tell(
+      "The pay records of " + name + " are damaged: " + chain.damage + "\rOnly those in front of it are listed.",
+      Caption(), ui::Icon::Exclamation);
+}
+
+void frmEmpPRHist::LoadRows(const PayChain& chain) {
+  entries_ = chain.entries;
+  rows_.clear();
+  AdditionalByDate additional;
+  if (shop_.environment.hasKorvelDatabase) additional = LoadAdditionalWithholding(korvel_, number_);
+  WithholdingTables tables(shop_.environment);
+  const std::string state = shop_.records.system.SysRec.Get(sysrec::company_state);
+  for (const PayEntry& entry : entries_) {
+    const std::string date = TextOfPayDate(entry.record.Get(payrecord::PayrollDate));
+    const auto found = additional.find(date);
+    rows_.push_back(MakePayRow(entry.record, tables.Work(state, entry.record),
+                               found == additional.end() ? AdditionalWithholding() : found->second));
+  }
+  missing_ = tables.Missing();
+}
+
+void frmEmpPRHist::ShowRows(int current) {
+  std::vector<ui::GridRow> shown;
+  for (const PayRow& row : rows_) {
+    shown.push_back({{row.cells.begin(), row.cells.end()}, static_cast<std::int32_t>(shown.size())});
+  }
+  ListView1.SetRows(std::move(shown));
+  if (current >= 0) ListView1.SetRow(current);
+  ShowMessage();
+}
+
+// The marks stand in a column that nobody sees, so they are told here.
+void frmEmpPRHist::ShowMessage() {
+  std::string text = rows_.empty() ? "No payroll records found." : MarkedDates();
+  if (!text.empty() && !missing_.empty()) text += "\n";
+  MsgLabel.SetCaption(text + missing_);
+}
+
+std::string frmEmpPRHist::MarkedDates() const {
+  std::string dates;
+  std::size_t count = 0;
+  for (const PayRow& row : rows_) {
+    if (!row.IsMarked() || ++count > kDatesTold) continue;
+    dates += (dates.empty() ? "" : ", ") + row[PayColumn::Date];
+  }
+  if (count == 0) return "";
+  if (count > kDatesTold) dates += " and " + std::to_string(count - kDatesTold) + " more";
+  return "X  Deleted when saved: " + dates;
+}
+
+std::optional<std::size_t> frmEmpPRHist::CurrentRow() const {
+  if (ListView1.Row() < 0) return std::nullopt;
+  return static_cast<std::size_t>(ListView1.Rows()[static_cast<std::size_t>(ListView1.Row())].data);
+}
+
+void frmEmpPRHist::ToggleMark() {
+  const std::optional<std::size_t> row = CurrentRow();
+  if (!row) return;
+  rows_[*row][PayColumn::Mark] = rows_[*row].IsMarked() ? "" : "X";
+  ShowRows(ListView1.Row());
+  const bool isAny = std::any_of(rows_.begin(), rows_.end(), [](const PayRow& each) { return each.IsMarked(); });
+  if (isAny) {
+    MarkChanged();
+  } else {
+    MarkUnchanged();
+  }
+}
+
+// Whatever a save came to, the list is what the file has then.
+void frmEmpPRHist::Accept() {
+  std::vector<PayEntry> marked;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (rows_[i].IsMarked()) marked.push_back(entries_[i]);
+  }
+  try {
+    shop_.records.payroll.Remove(number_, marked, [this](const PayEntry& entry) {
+      if (!shop_.environment.hasKorvelDatabase) return;
+      korvel_.DeletePRHist(number_, TextOfPayDate(entry.record.Get(payrecord::PayrollDate)));
+    });
+  } catch (...) {
+    Load();
+    throw;
+  }
+  Load();
+}
+
+void frmEmpPRHist::Print() {
+  const std::optional<std::size_t> row = CurrentRow();
+  if (!row) return;
+  if (rows_[*row].IsMarked()) {
+    return shop_.desktop.Tell("Can't print pay-stub for deleted item.", Caption(), ui::Icon::Exclamation);
+  }
+  const std::string with = chkIncludeSSN.Value() ? "with" : "without";
+  const std::string question = "Print pay stub " + with + " SSN for " + employee_.Get(employee::Name) + "?";
+  if (shop_.desktop.Ask(question, Caption(), ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) return;
+  PrintRow(rows_[*row], entries_[*row].record);
+}
+
+void frmEmpPRHist::PrintRow(const PayRow& row, const PayRecord& pay) {
+  const std::string company = shop_.records.system.SysRec.Get(sysrec::company_name);
+  PrintPayStub(shop_.desktop, ComposePayStub({company, shop_.environment.Today(), employee_, pay, rows_, row,
+                                              chkIncludeSSN.Value() ? StubNumber::Shown : StubNumber::Left}));
+}
+
+}  // namespace lantos

@@ -1,0 +1,253 @@
+#include "payroll/Withholding.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "PayImage.h"
+#include "support/ScratchDirectory.h"
+
+namespace lantos::test {
+namespace {
+
+constexpr std::uint8_t kSingle = 0;
+constexpr std::uint8_t kMarried = 1;
+enum Period : std::uint8_t { kWeekly = 1, kBiWeekly, kTwiceAMonth, kMonthly, kQuarterly, kHalfYearly, kYearly, kDaily };
+
+class WithholdingTest : public testing::Test {
+ protected:
+  WithholdingTest() { environment.files.SetDataDir(directory.DataDir()); }
+
+  void PutOwn(int year, const std::string& text) const {
+    std::filesystem::create_directory(directory / "withholding");
+    directory.Put("withholding/" + std::to_string(year) + ".txt", text);
+  }
+  std::optional<std::int64_t> Federal(int year, std::int32_t gross, int exemptions, std::uint8_t period,
+                                      std::uint8_t status) {
+    return tables.Work("TX", PayOf({{year, 12, 15}, gross, exemptions, period, status})).federal;
+  }
+  std::string DataDir() const { return environment.files.DataDir(); }
+
+  ScratchDirectory directory;
+  StandingClock clock{LocalTime{37894, 0}};
+  UserSettings settings{directory / "settings"};
+  Environment environment{clock, settings};
+  WithholdingTables tables{environment};
+};
+
+// Circular E works this example in each year's edition: 600.00 a week, single, two allowances.
+TEST_F(WithholdingTest, ThePublishedExampleOfEachYear) {
+  EXPECT_EQ(Federal(2005, 60000, 2, kWeekly, kSingle), 5704);
+  EXPECT_EQ(Federal(2006, 60000, 2, kWeekly, kSingle), 5626);
+}
+
+// By hand: the wage less the allowances, the line of the table that it is over, the sum and the share.
+TEST_F(WithholdingTest, WeeksByTheTablesOfAWeek) {
+  EXPECT_EQ(Federal(2006, 5100, 0, kWeekly, kSingle), 0) << "not over 51.00";
+  EXPECT_EQ(Federal(2006, 16000, 0, kWeekly, kMarried), 60) << "10% of 6.00";
+  EXPECT_EQ(Federal(2006, 123456, 1, kWeekly, kSingle), 21608) << "78.30 and 25% of 551.10";
+  EXPECT_EQ(Federal(2006, 250000, 3, kWeekly, kMarried), 40920) << "158.80 and 25% of 1001.62, up to 2440";
+  EXPECT_EQ(Federal(2006, 700000, 0, kWeekly, kMarried), 188851) << "1750.96 and 35% of 393.00";
+  EXPECT_EQ(Federal(2005, 44000, 1, kWeekly, kMarried), 2245) << "10% of 224.46";
+  EXPECT_EQ(Federal(2005, 150000, 0, kWeekly, kSingle), 30467) << "260.15 and 28% of 159.00";
+}
+
+// By hand: a year of such wages, its tax by the table of a year, and the period's share.
+TEST_F(WithholdingTest, OtherPeriodsByAYearOfThem) {
+  EXPECT_EQ(Federal(2003, 100000, 2, kBiWeekly, kSingle), 8538) << "26000 - 6200; 2220.00 / 26";
+  EXPECT_EQ(Federal(2003, 160000, 3, kBiWeekly, kMarried), 11269) << "41600 - 9300; 2930.00 / 26";
+  EXPECT_EQ(Federal(2003, 60000, 1, kWeekly, kSingle), 6663) << "31200 - 3100; 3465.00 / 52";
+  EXPECT_EQ(Federal(2004, 60000, 1, kWeekly, kSingle), 6663);
+  EXPECT_EQ(Federal(2004, 350000, 4, kMonthly, kMarried), 21042) << "42000 - 12400; 2525.00 / 12";
+  EXPECT_EQ(Federal(2004, 200000, 0, kTwiceAMonth, kSingle), 34042) << "48000; 8170.00 / 24";
+  EXPECT_EQ(Federal(2005, 1200000, 2, kQuarterly, kMarried), 107750) << "48000 - 6400; 4310.00 / 4";
+  EXPECT_EQ(Federal(2005, 3000000, 1, kHalfYearly, kSingle), 514750) << "60000 - 3200; 10295.00 / 2";
+  EXPECT_EQ(Federal(2006, 8500000, 3, kYearly, kMarried), 1002600) << "85000 - 9900; 8261 and 25% of 7060";
+  EXPECT_EQ(Federal(2006, 40000000, 0, kYearly, kSingle), 11921300) << "97653 and 35% of 61600";
+  EXPECT_EQ(Federal(2006, 15000, 1, kDaily, kSingle), 1898) << "39000 - 3300; 4936.00 / 260";
+  EXPECT_EQ(Federal(2006, 234567, 2, kBiWeekly, kSingle), 36953) << "60987.42 - 6600; 9607.86 / 26";
+  EXPECT_EQ(Federal(2003, 35000, 5, kWeekly, kMarried), 0) << "18200 - 15500, not over 8000";
+}
+
+TEST_F(WithholdingTest, AFlatRateIsOfTheWholeWage) {
+  EXPECT_EQ(tables.Work("PA", PayOf({{2003, 12, 31}, 100000})).state, 2800);
+  EXPECT_EQ(tables.Work("PA", PayOf({{2004, 1, 1}, 100000})).state, 3070);
+  EXPECT_EQ(tables.Work("PA", PayOf({{2006, 6, 1}, 12345, 4, kMonthly, kMarried})).state, 379) << "378.99";
+  EXPECT_EQ(tables.Work("PA", PayOf({{2006, 6, 1}, 12345})).local, std::nullopt) << "each town has its own";
+}
+
+TEST_F(WithholdingTest, NineStatesTakeNothing) {
+  for (const char* state : {"AK", "FL", "NV", "NH", "SD", "TN", "TX", "WA", "WY"}) {
+    const Withholding result = tables.Work(state, PayOf({{2005, 1, 1}, 100000}));
+    EXPECT_EQ(result.state, 0) << state;
+    EXPECT_EQ(result.local, 0) << state;
+  }
+}
+
+TEST_F(WithholdingTest, TheNetIsTheGrossLessAllDeductions) {
+  PayRecord pay = PayOf({{2006, 3, 31}, 60000, 2});
+  pay.Put(payrecord::FICA, 3720);
+  pay.Put(payrecord::Medicare, 870);
+  pay.Put(payrecord::FUTA, 480);
+  pay.Put(payrecord::SUTA, 1620);
+  pay.Put(payrecord::Insurance, 1500);
+  pay.Put(payrecord::Savings, 2500);
+  pay.Put(payrecord::Uniform, 450);
+  EXPECT_EQ(tables.Work("TX", pay).net, 60000 - 5626 - 3720 - 870 - 1500 - 2500 - 450);
+  EXPECT_EQ(tables.Missing(), "");
+}
+
+TEST_F(WithholdingTest, TheStateIsReadAsItLiesInTheRecord) {
+  const PayRecord pay = PayOf({{2006, 3, 31}, 60000});
+  EXPECT_EQ(tables.Work(std::string_view("tx\0", 3), pay).state, 0);
+  EXPECT_EQ(tables.Work(" TX ", pay).state, 0);
+}
+
+TEST_F(WithholdingTest, WhatHasNoTableIsEmptyAndNamed) {
+  const Withholding result = tables.Work("OH", PayOf({{2006, 3, 31}, 60000}));
+  EXPECT_TRUE(result.federal);
+  EXPECT_FALSE(result.state);
+  EXPECT_FALSE(result.local);
+  EXPECT_FALSE(result.net);
+  tables.Work("OH", PayOf({{2006, 4, 7}, 60000}));
+  EXPECT_FALSE(tables.Work("OH", PayOf({{1999, 4, 7}, 60000})).federal);
+  EXPECT_EQ(tables.Missing(),
+            "No withholding table: state OH 2006; local OH 2006; federal 1999; state OH 1999; local OH 1999. "
+            "One goes into " +
+                DataDir() + "withholding\\<year>.txt.");
+}
+
+TEST_F(WithholdingTest, DaysThatTheYearsTablesLeaveOutAreMissing) {
+  EXPECT_FALSE(tables.Work("TX", PayOf({{2003, 6, 30}, 60000})).federal) << "two sets of tables were in use";
+  EXPECT_TRUE(tables.Work("TX", PayOf({{2003, 7, 1}, 60000})).federal);
+}
+
+TEST_F(WithholdingTest, AnUnknownPeriodOrStatusHasNoTable) {
+  EXPECT_FALSE(Federal(2006, 60000, 0, 0, kSingle));
+  EXPECT_FALSE(Federal(2006, 60000, 0, 9, kSingle));
+  EXPECT_FALSE(Federal(2006, 60000, 0, kMonthly, 2));
+  EXPECT_EQ(tables.Missing(),
+            "No withholding table: federal 2006 (no one period, single); federal 2006 (monthly, no "
+            "known status). One goes into " +
+                DataDir() + "withholding\\<year>.txt.");
+}
+
+TEST_F(WithholdingTest, KindsOfPayWithDifferentPeriodsHaveNoTable) {
+  PayRecord pay = PayOf({{2006, 3, 31}, 60000});
+  pay.Put(payrecord::CommissionPeriod, std::uint8_t{4});
+  EXPECT_FALSE(tables.Work("TX", pay).federal);
+  pay.Put(payrecord::CommissionPeriod, std::uint8_t{1});
+  EXPECT_TRUE(tables.Work("TX", pay).federal);
+}
+
+TEST_F(WithholdingTest, ARecordWithoutADateHasNoTable) {
+  PayRecord pay = PayOf({{2006, 3, 31}, 60000});
+  for (const FileDate date : {0, -5, 2147483647}) {
+    pay.Put(payrecord::PayrollDate, date);
+    EXPECT_FALSE(tables.Work("TX", pay).federal);
+  }
+  EXPECT_TRUE(tables.Missing().starts_with("No withholding table: a record without a date."));
+}
+
+TEST_F(WithholdingTest, TheShopsOwnFileGoesBeforeOurs) {
+  PutOwn(2006, "state TX\r\n source the mayor\r\n rate 1%\r\n\r\nlocal OH\r\nsource the town\r\nrate 2.25%\r\n");
+  const PayRecord pay = PayOf({{2006, 3, 31}, 60000});
+  EXPECT_EQ(tables.Work("TX", pay).state, 600);
+  EXPECT_EQ(tables.Work("OH", pay).local, 1350);
+  EXPECT_TRUE(tables.Work("TX", pay).federal) << "what it doesn't have is ours";
+}
+
+TEST_F(WithholdingTest, AFileThatIsNotUnderstoodGivesNoFigureAtAll) {
+  PutOwn(2006, "state TX\nsource the mayor\nrate one\n");
+  const Withholding result = tables.Work("TX", PayOf({{2006, 3, 31}, 60000}));
+  EXPECT_FALSE(result.federal);
+  EXPECT_FALSE(result.net);
+  EXPECT_EQ(tables.Missing(),
+            "Withholding can't be worked out: withholding\\2006.txt, line 3: \"one\" is no percentage.");
+  EXPECT_TRUE(tables.Work("TX", PayOf({{2005, 3, 31}, 60000})).federal) << "the other years can";
+}
+
+TEST_F(WithholdingTest, AFileThatIsHeldGivesNoFigureEither) {
+  PutOwn(2006, "state TX\nsource the mayor\nnone\n");
+  const SharedFile held(directory / "withholding/2006.txt", Access::ReadWrite, Deny::All);
+  EXPECT_FALSE(tables.Work("TX", PayOf({{2006, 3, 31}, 60000})).federal);
+  EXPECT_EQ(tables.Missing(), "Withholding can't be worked out: withholding\\2006.txt: Error 70: Permission denied");
+}
+
+TEST_F(WithholdingTest, AllowancesOfAFlatRate) {
+  PutOwn(2006, "state OH\nsource x\nrate 3%\nallowance yearly 2000\n");
+  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 100000, 2, kBiWeekly})).state, 2538) << "26000 - 4000; 660.00 / 26";
+  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 1000, 2, kBiWeekly})).state, 0);
+  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 100000, 2, 0})).state, std::nullopt) << "which part of a year?";
+}
+
+TEST_F(WithholdingTest, NothingIsWithheldOfNoPay) {
+  EXPECT_EQ(Federal(2006, 0, 0, kWeekly, kSingle), 0);
+  EXPECT_EQ(Federal(2006, -60000, 0, kWeekly, kSingle), 0);
+  EXPECT_EQ(tables.Work("PA", PayOf({{2006, 3, 31}, -60000})).state, 0);
+}
+
+// Whatever the bytes of a record are.
+TEST_F(WithholdingTest, OfAnyRecordTheNetIsTheGrossLessAllDeductions) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 5000; ++round) {
+    PayRecord pay;
+    for (std::byte& byte : pay.Bytes()) byte = static_cast<std::byte>(random() & 0xFF);
+    pay.Put(payrecord::PayrollDate, ToFileDate(ToSerial({2003 + round % 4, 10, 1})));
+    for (const ByteField field : {payrecord::WagePeriod, payrecord::SalaryPeriod, payrecord::CommissionPeriod}) {
+      pay.Put(field, static_cast<std::uint8_t>(round % 9));
+    }
+    pay.Put(payrecord::MaritalStatus, static_cast<std::uint8_t>(round % 2));
+    const PayRecord before = pay;
+    const Withholding result = tables.Work("WA", pay);
+    EXPECT_EQ(pay, before);
+    ASSERT_EQ(result.net.has_value(), round % 9 != 0);
+    if (!result.net) continue;
+    std::int64_t deducted = *result.federal + *result.state + *result.local;
+    for (const std::size_t offset : {17U, 21U, 274U, 279U, 287U}) deducted += pay.Get(LongField{offset});
+    ASSERT_EQ(*result.net + deducted, pay.Get(LongField{12}));
+    ASSERT_GE(*result.federal, 0);
+  }
+}
+
+TEST_F(WithholdingTest, LookingWritesNothing) {
+  PutOwn(2006, "state TX\nsource the mayor\nnone\n");
+  const std::string own = directory.Content("withholding/2006.txt");
+  const std::size_t files = directory.Count();
+  tables.Work("TX", PayOf({{2006, 3, 31}, 60000}));
+  tables.Work("TX", PayOf({{2007, 3, 31}, 60000}));
+  EXPECT_EQ(directory.Content("withholding/2006.txt"), own);
+  EXPECT_EQ(directory.Count(), files);
+}
+
+// The sum of each line is the tax up to it, and a week's amounts are a year's by 52, to the dollar.
+TEST(InstalledWithholding, EveryTableAddsUp) {
+  const std::filesystem::path folder = InstalledFolder(kWithholdingFolder);
+  int tables = 0;
+  for (const int year : {2003, 2004, 2005, 2006}) {
+    std::ifstream in(folder / (std::to_string(year) + ".txt"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    for (const WithholdingRule& rule : ReadWithholdingRules(lines, year)) {
+      EXPECT_FALSE(rule.source.empty());
+      for (const auto& [key, table] : rule.tables) {
+        ++tables;
+        EXPECT_EQ(table.front().tax, 0);
+        const auto& aYear = rule.tables.at({7, key.second});
+        ASSERT_EQ(table.size(), aYear.size());
+        for (std::size_t i = 0; i < table.size(); ++i) {
+          const TaxBracket& each = table[i];
+          if (i > 0) {
+            EXPECT_EQ(each.tax, table[i - 1].tax + (each.over - table[i - 1].over) * table[i - 1].rate / 1'000'000);
+          }
+          EXPECT_EQ(each.rate, aYear[i].rate);
+          if (key.first == 1) EXPECT_EQ(each.over, (aYear[i].over + 2600) / 5200 * 100);
+        }
+      }
+    }
+  }
+  EXPECT_EQ(tables, 12);
+}
+
+}  // namespace
+}  // namespace lantos::test
