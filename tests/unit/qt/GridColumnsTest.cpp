@@ -72,6 +72,19 @@ class ScrolledList {
   frmInvList* list_ = nullptr;
 };
 
+// The beginnings of two parts' descriptions may be the same words.
+TEST(GridRows, ACellIsCutWhereItsColumnEndsAndIsWholeInItsToolTip) {
+  test::WindowShop shop;
+  ScrolledList list(shop);
+  QTableView& table = list.Table();
+  EXPECT_FALSE(table.wordWrap());
+  const QModelIndex cell = table.model()->index(123, 1);
+  EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid()) << "it can be read";
+  list.Show(1000000, 500);
+  table.setColumnWidth(1, 30);
+  EXPECT_EQ(table.model()->index(123, 1).data(Qt::ToolTipRole).toString(), "1000123");
+}
+
 TEST(GridRows, RowsThatChangeUnderThePersonsEyesStayWhereTheyAre) {
   test::WindowShop shop;
   ScrolledList list(shop);
