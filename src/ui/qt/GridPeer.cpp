@@ -199,8 +199,8 @@ class GridPeer : private HasModel, public RowsPeer {
   void FitColumns() {
     if (fitting_) return;
     fitting_ = true;
-    table_.resizeColumnsToContents();
     QHeaderView& heading = *table_.horizontalHeader();
+    ResizeToContents(heading);
     widest_.resize(static_cast<std::size_t>(heading.count()));
     for (int column = 0; column < heading.count(); ++column) {
       if (heading.isSectionHidden(column)) continue;
@@ -219,6 +219,18 @@ class GridPeer : private HasModel, public RowsPeer {
       heading.resizeSection(column, heading.sectionSize(column) + upToHere - spare * (grown - 1) / growing);
     }
     fitting_ = false;
+  }
+
+  // Room for the sort mark has the column that bears it alone: the window system would give it to all of them, and the
+  // last ones would be pushed out of sight.
+  void ResizeToContents(QHeaderView& heading) {
+    const bool marked = heading.isSortIndicatorShown();
+    heading.setSortIndicatorShown(false);
+    table_.resizeColumnsToContents();
+    heading.setSortIndicatorShown(marked);
+    const int sorted = heading.sortIndicatorSection();
+    if (!marked || sorted < 0 || sorted >= heading.count() || heading.isSectionHidden(sorted)) return;
+    heading.resizeSection(sorted, std::max(heading.sectionSize(sorted), heading.sectionSizeHint(sorted)));
   }
 
   // What is too much for the view comes off the widest column, whose texts are cut with dots.
