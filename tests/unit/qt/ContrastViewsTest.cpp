@@ -214,7 +214,7 @@ TEST_P(ContrastsElsewhere, APreviewCanBeRead) {
   windows.PreviewReport(test::MakeBill(30), place);
 }
 
-INSTANTIATE_TEST_SUITE_P(Themes, ContrastsElsewhere, testing::ValuesIn(kThemes),
+INSTANTIATE_TEST_SUITE_P(Themes, ContrastsElsewhere, testing::Values(kThemes[0], kThemes[3]),
                          [](const auto& theme) { return std::string(theme.param.name); });
 
 }  // namespace
