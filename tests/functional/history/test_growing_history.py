@@ -50,7 +50,6 @@ def test_nothing_is_shown_twice_or_torn_while_another_copy_converts(copies, work
 
 
 def test_tags_appended_in_the_middle_of_a_browse_wait_for_the_next_search(copies, work):
-    work.write()
     history = History("V1")
     for number in (1, 2):
         history.add_active(number, opened="2003-09-29", last="Smith", first="John")
