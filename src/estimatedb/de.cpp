@@ -127,6 +127,14 @@ void de::UpdateQuery() { Run("UpdateQuery", {}); }
 
 Recordset& de::TechHours() { return Run("TechHours", {}); }
 
+void de::IndexForTechHours() {
+  try {
+    Run("IndexForTechHours");
+  } catch (const DatabaseError& error) {
+    if (error.Kind() != DatabaseErrorKind::Locked && error.Kind() != DatabaseErrorKind::ReadOnly) throw;
+  }
+}
+
 void de::SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std::int32_t estimate) {
   Run("SetVehicleNew",
       {Long(vehicleLink), BlankIfEmpty(vehicle.VehYear), BlankIfEmpty(vehicle.VehMake), BlankIfEmpty(vehicle.VehModel),
