@@ -160,7 +160,7 @@ void frmFind::Search() {
   std::int32_t number = 0;
   {
     const KeptCustomer before(customers);
-    if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseOnly, "Find")) return;
+    if (!masters_.CustomerMaintenance(MasterScreens::Purpose::ChooseOnly)) return;
     number = customers.CurrentCustomer.Get(customer::Number);
   }
   SelectCustomer(number);
