@@ -1,6 +1,7 @@
 #include "board/BoardCommands.h"
 
 #include "board/Booking.h"
+#include "board/Lookups.h"
 #include "board/Papers.h"
 #include "board/StatusByHand.h"
 #include "contents/conversion/Conversion.h"
@@ -129,7 +130,13 @@ std::vector<BoardCommand> BoardCommands::OfTheMenu() {
        Needs::CurrentEstimate,
        {"Change Status"},
        [this] { status_.Change(); }},
-      {&pane.cmdFind, {"mnuFind", "&Find"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
+      {&pane.cmdFind,
+       {"mnuFind", "&Find"},
+       "Look for an estimate of a customer",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { FindEstimate(parts_, board_); }},
       {&pane.cmdWOHistory,
        {"mnuWOHistory", "WO &History"},
        "Past work orders by name, VIN or license",
@@ -137,7 +144,13 @@ std::vector<BoardCommand> BoardCommands::OfTheMenu() {
        Needs::Nothing,
        kNothingMissing,
        [this] { BrowseHistory(); }},
-      {&pane.cmdTechHours, {"mnuTechHours", "&Tech Hours"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
+      {&pane.cmdTechHours,
+       {"mnuTechHours", "&Tech Hours"},
+       "Hours of each technician on the selected day",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { LookAtTechHours(parts_); }},
       {&pane.cmdEstimateNotes,
        {"mnuEstimateNotes", "Estimate N&otes"},
        nullptr,

@@ -1,6 +1,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -150,6 +151,8 @@ class ComboPeer : public WidgetPeer {
       if (Window().IsAttached()) Refresh(Aspect::Selection);
     });
     combo_.view()->installEventFilter(&dropped_);
+    // Each row is as high as the first: thousands of them aren't measured before the list drops.
+    if (auto* list = qobject_cast<QListView*>(combo_.view())) list->setUniformItemSizes(true);
     if (!box_.Editable()) return;
     QObject::connect(combo_.lineEdit(), &QLineEdit::textEdited, &combo_, [this](const QString& text) {
       if (IsPersonsDoing()) box_.DoEdit(FromQt(text));

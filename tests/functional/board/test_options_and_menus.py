@@ -22,6 +22,7 @@ DEFAULTS = {key: value for key, (_, value) in {**SWITCHES, **NUMBERS}.items()}
 BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet",
          "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuMaintInventory", "mnuMaintVendors",
          "mnuMaintEmployees", "mnuRefreshCustomer", "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
+         "mnuFind", "mnuTechHours", "mnuSystemCompanyInfo", "mnuSystemParameters",
          "mnuHQuickStartGuide", "mnuWOHistory", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"}
 MENUS = [
     ("mnuFile", "&File"), ("mnuKorvelcom", "&Korvel Home Page"), ("mnuFileExit", "E&xit"),
