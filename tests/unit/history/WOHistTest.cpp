@@ -83,9 +83,14 @@ TEST_F(WOHist, AHitIsShownWithHeadAndLines) {
 }
 
 TEST_F(WOHist, WhatIsBlankInTheHeadHasNoMarksBetweenNothing) {
-  AddActive(Order(4711));
+  AddActive(Order(1));
+  Workorder order = Order(2);
+  order.Customer.Put(customer::Spouse, "Carl");
+  AddActive(order);
   Browse([&](frmWOHist& form) {
     Search(form, form.srchName, "adams");
+    EXPECT_EQ(form.head.spousename.Caption(), "Carl");
+    Click(form.cmdNext);
     EXPECT_EQ(form.head.spousename.Caption(), "");
     EXPECT_EQ(form.head.citystatezip.Caption(), "");
     EXPECT_EQ(form.head.phonenumbers.Caption(), "");
