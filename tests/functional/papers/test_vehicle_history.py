@@ -105,6 +105,24 @@ def test_three_years_back_from_a_leap_day_is_the_28th(start, garage):
     assert show(copy) == past(3002, "02/28/2001")
 
 
+def test_a_held_tag_file_is_asked_about_and_is_no_end_of_the_paper(start, garage):
+    history = History(VIN)
+    history.add_active(4001, opened=TODAY)
+    history.add_archived(3001, paid=TODAY)
+    copy = at_vehicle(start, garage, 1, history)
+    with denied_to_all(garage.path("TQINCTAG.DAT")):
+        copy.click("cmdHistory")
+        for _ in range(2):
+            copy.expect_box("Tag file locked by another user.\nClick Retry to try again, or Cancel to exit.",
+                            buttons=["Retry", "Cancel"])
+            copy.press("Retry")
+        copy.press("Cancel")
+    expect_preview(copy, "rptGeneric")
+    assert [line for [line] in copy.answer["lines"]] == past(4001, "09/30/2003")
+    copy.close()
+    assert show(copy) == past(4001, "09/30/2003") + past(3001, "09/30/2003")
+
+
 def test_its_window_has_a_place_of_its_own(start, garage, tmp_path):
     history = History(VIN)
     history.add_active(4001, opened=TODAY)

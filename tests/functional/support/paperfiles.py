@@ -21,12 +21,14 @@ def text_of_order(number, status="OPEN", totals=(), customer=(), vehicle=(), **l
                    for name in SECTIONS)
 
 
-def open_paper(start, shop, text, number=4711, **options):
+def open_paper(start, shop, text, number=4711, disclaimer=None, **options):
     """The preview of an active work order, from the browser of past ones."""
     shop.write()
     history = History(VIN)
     history.add_active(number, opened="2003-09-30", last="Adams", text=text)
     history.write(shop)
+    if disclaimer is not None:
+        shop.path("disclaim.txt").write_bytes(disclaimer)
     copy = open_history(start(shop, **options))
     look_for(copy, "adams")
     return preview(copy)

@@ -1,5 +1,7 @@
 #include "printing/VehicleHistory.h"
 
+#include <memory>
+
 #include "frame/Dates.h"
 #include "printing/PrintingBench.h"
 #include "records/modSystem.h"
@@ -145,6 +147,26 @@ TEST_F(VehicleHistory, LongNotesGoOnInTheNextLine) {
   std::string printed;
   for (const ui::PrintedLine& line : LayOut(desktop.previews.back()).lines) printed += line.text + " ";
   EXPECT_NE(printed.find(note), std::string::npos);
+}
+
+TEST_F(VehicleHistory, AHeldTagFileIsWaitedForThenAskedAboutAndIsNoEndOfThePaper) {
+  PutActive(4001, Today());
+  PutArchived(3001, Today());
+  auto held = std::make_unique<SharedFile>(directory / "TQOPENWO.DAT", Access::ReadWrite, Deny::All);
+  const LocalTime before = clock.Now();
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.text, "Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.");
+    EXPECT_EQ(box.buttons, ui::Buttons::RetryCancel);
+    EXPECT_GE(clock.Now().MillisecondsSince(before), 1900);
+    held.reset();
+    return ui::Answer::Retry;
+  });
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Numbers(), (std::vector<std::string>{"004001", "003001"}));
+  const SharedFile archived(directory / "TQINCTAG.DAT", Access::ReadWrite, Deny::All);
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_TRUE(Show());
+  EXPECT_EQ(Numbers(), (std::vector<std::string>{"004001"}));
 }
 
 TEST_F(VehicleHistory, OneTextThatTheOperatorSkipsLeavesTheOthers) {
