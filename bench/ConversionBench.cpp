@@ -1,4 +1,5 @@
 #include <benchmark/benchmark.h>
+
 #include <chrono>
 
 #include "bench/BoardBench.h"

@@ -94,7 +94,7 @@ class PlainFiles {
   static constexpr off_t kLogLine = 64;
   std::filesystem::path directory_;
   Look look_;
-  std::array<char, 8192> bytes_{};
+  std::array<char, 16384> bytes_{};  // the longest write
   int log_ = ::open((directory_ / "PLAIN.LOG").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
   off_t logEnd_ = 0;
 };

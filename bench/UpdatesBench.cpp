@@ -1,19 +1,14 @@
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <cstring>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/BenchShop.h"
+#include "bench/PlainFiles.h"
 #include "bench/Ratios.h"
-#include "frame/SharingClaim.h"
 #include "masters/inventory/frmInvList.h"
 #include "records/inventory/OutgoingChanges.h"
 #include "support/ScratchDirectory.h"
@@ -34,7 +29,6 @@ constexpr std::size_t kReceived = 10'000;
 constexpr std::uint64_t kParts = 100'000;
 constexpr std::uint64_t kStep = 7919;  // from one changed part to the next: they lie all over the file
 constexpr double kLongestStop = 50;    // milliseconds
-constexpr off_t kLogLine = 64;
 constexpr const char* kOwnFile = "AU9300.$$$";
 
 double Milliseconds(Clock::duration time) { return std::chrono::duration<double, std::milli>(time).count(); }
@@ -67,38 +61,17 @@ void SendChanges(benchmark::State& state) {
   world.environment.log.Close();
 }
 
-// The calls that an open which denies all takes at the least.
-int OpenBare(const std::filesystem::path& path) {
-  const int file = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-  if (file < 0) throw std::runtime_error("open");
-  struct flock claim = {};
-  claim.l_type = F_WRLCK;
-  claim.l_whence = SEEK_SET;
-  claim.l_start = static_cast<off_t>(kReadMark);
-  claim.l_len = 1;
-  if (::fcntl(file, F_OFD_SETLK, &claim) != 0) throw std::runtime_error("claim");
-  return file;
-}
-
 void AppendBare(benchmark::State& state) {
   const test::ScratchDirectory place;
-  const std::array<char, kChanges * InventoryTag::kLength> bytes{};
-  const int log = ::open((place.Path() / "PLAIN.LOG").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-  off_t logEnd = 0;
+  PlainFiles files(place.Path());
   for (auto _ : state) {
     state.PauseTiming();
     MakeUpdateFiles(place.Path());
     state.ResumeTiming();
     for (int copy = 1; copy <= kCopies; ++copy) {
-      const int file = OpenBare(place.Path() / NameOf(copy));
-      const off_t end = ::lseek(file, 0, SEEK_END);
-      if (::pwrite(file, bytes.data(), bytes.size(), end) < 0) throw std::runtime_error("append");
-      ::close(file);
-      if (::pwrite(log, bytes.data(), kLogLine, logEnd) < 0) throw std::runtime_error("log");
-      logEnd += kLogLine;
+      files.Write(NameOf(copy), PlainFiles::kAtTheEnd, kChanges * InventoryTag::kLength);
     }
   }
-  ::close(log);
 }
 
 // As World, but its clock goes.

@@ -1,5 +1,5 @@
-"""Walks the road of one estimate through real windows off-screen: booked, filled, printed, continued, made a work order.
-Leaves a picture of each station, and the papers.
+"""Walks the road of one estimate through real windows off-screen: booked, filled, printed, continued, made a work order,
+found again and printed. Leaves a picture of each station, and the papers.
 
 The windows are the program's own; a pipe stands for the person (see lantos-drive --help).
 """
@@ -264,6 +264,26 @@ def convert(road):
     road.picture("work-order")
 
 
+def look_back(road):
+    """The work order just made among its owner's earlier ones, what it costs the shop, and its paper."""
+    road.do("click", control="cmdWOHistory")
+    for name in ("mur", "a"):
+        road.do("type", control="srchName", text=name)
+        road.do("click", control="cmdSearch")
+        if road.answer["waiting"] == "form":
+            break
+        road.do("answer", button="OK")
+    road.picture("history")
+    road.do("key", key="Alt+F4")
+    road.picture("history-costs")
+    road.do("click", control="cmdPrintWO")
+    road.picture("preview-work-order")
+    road.do("print")
+    road.keep_paper("work-order")
+    road.do("close")
+    road.do("key", key="Esc")
+
+
 def print_day(road):
     road.do("click", control="cmdDayView")
     road.do("click", control="cmdPrintDay")
@@ -282,6 +302,7 @@ def walk(bin_dir, shop, pictures, now):
     print_paper(road, "cmdPrintWorksheet", "worksheet")
     continue_tomorrow(road)
     convert(road)
+    look_back(road)
     print_day(road)
     road.end()
     return road.made, road.papers

@@ -179,6 +179,7 @@ int Drive(const DriveOptions& options) {
 }  // namespace lantos
 
 int main(int count, char** arguments) {
+  std::ios::sync_with_stdio(false);  // so that it can be seen whether a line is there already
   try {
     lantos::DriveOptions options;
     const int code = lantos::ReadOptions(count, arguments, options);

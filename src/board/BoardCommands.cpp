@@ -1,6 +1,7 @@
 #include "board/BoardCommands.h"
 
 #include "board/Booking.h"
+#include "board/Lookups.h"
 #include "board/Papers.h"
 #include "board/StatusByHand.h"
 #include "contents/conversion/Conversion.h"
@@ -9,6 +10,8 @@
 #include "contents/labor/frmEstFollowup.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "contents/notes/frmEstNotes.h"
+#include "history/frmWOHist.h"
+#include "printing/WorkorderReport.h"
 
 namespace lantos {
 
@@ -127,9 +130,27 @@ std::vector<BoardCommand> BoardCommands::OfTheMenu() {
        Needs::CurrentEstimate,
        {"Change Status"},
        [this] { status_.Change(); }},
-      {&pane.cmdFind, {"mnuFind", "&Find"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
-      {&pane.cmdWOHistory, {"mnuWOHistory", "WO &History"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
-      {&pane.cmdTechHours, {"mnuTechHours", "&Tech Hours"}, nullptr, kDaily, Needs::Nothing, kNothingMissing, nullptr},
+      {&pane.cmdFind,
+       {"mnuFind", "&Find"},
+       "Look for an estimate of a customer",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { FindEstimate(parts_, board_); }},
+      {&pane.cmdWOHistory,
+       {"mnuWOHistory", "WO &History"},
+       "Past work orders by name, VIN or license",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { BrowseHistory(); }},
+      {&pane.cmdTechHours,
+       {"mnuTechHours", "&Tech Hours"},
+       "Hours of each technician on the selected day",
+       kDaily,
+       Needs::Nothing,
+       kNothingMissing,
+       [this] { LookAtTechHours(parts_); }},
       {&pane.cmdEstimateNotes,
        {"mnuEstimateNotes", "Estimate N&otes"},
        nullptr,
@@ -209,6 +230,10 @@ std::vector<BoardCommand> BoardCommands::OfTheDetail() {
       {&pane.cmdPartChange, kNoMenu, nullptr, kDaily, Needs::Nothing, kNothingMissing, [&parts] { parts.Change(); }},
       {&pane.cmdPartRemove, kNoMenu, nullptr, kDaily, Needs::Nothing, kNothingMissing, [&parts] { parts.Remove(); }},
   };
+}
+
+void BoardCommands::BrowseHistory() {
+  BrowseWorkorders(parts_.shop, [this](const Workorders& workorders) { PrintWorkorder(parts_.shop, workorders); });
 }
 
 void BoardCommands::EditNotes() {

@@ -59,6 +59,7 @@ class BoardCommands {
   void Add(std::vector<BoardCommand> commands);
   void Run(const BoardCommand& command);
   bool Has(Needs needs) const;
+  void BrowseHistory();
   void EditNotes();
   void Convert();
 

@@ -1,7 +1,9 @@
 #include "board/BoardMenus.h"
 
+#include "admin/frmCompanyInfo.h"
 #include "admin/frmDisclaimer.h"
 #include "admin/frmPrintOptions.h"
+#include "admin/frmSystemParameters.h"
 #include "board/frmSpecialDays.h"
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
@@ -89,12 +91,20 @@ void BoardMenus::BuildSystemMenu(ui::MenuItem& system) {
       if (MayEnter(shop_, section)) use();
     };
   };
-  system.Add("mnuSystemCompanyInfo", "&Company Info").SetEnabled(false);
+  system.Add("mnuSystemCompanyInfo", "&Company Info", behind(Section::System, [this] {
+               frmCompanyInfo form(shop_);
+               Use(form);
+               if (form.Saved()) actions_.systemChanged();
+             }));
   system.Add("mnuDisclaimer", "&Estimate Disclaimer", behind(Section::EditMenu, [this] {
                frmDisclaimer form(shop_);
                Use(form);
              }));
-  system.Add("mnuSystemParameters", "&Parameters").SetEnabled(false);
+  system.Add("mnuSystemParameters", "&Parameters", behind(Section::System, [this] {
+               frmSystemParameters form(shop_);
+               Use(form);
+               if (form.Saved()) actions_.systemChanged();
+             }));
   system.Add("mnuPrintOptions", "Print &Options", [this] { EditPrintOptions(); });
   system.Add("mnuSpecialDays", "Special &Days", behind(Section::System, [this] {
                frmSpecialDays form(shop_, database_.lantosData);

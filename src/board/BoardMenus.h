@@ -21,6 +21,7 @@ class BoardMenus {
   struct Actions {
     std::function<void()> refreshTotals;
     std::function<void()> customersEdited;
+    std::function<void()> systemChanged;
     std::function<void(std::int16_t)> changeStatus;
   };
 

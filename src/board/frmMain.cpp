@@ -46,6 +46,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
                                             board_.LoadWeek(state_.dayOnShow);
                                             if (onShow) detail.ShowEstimateDetail();
                                           },
+                                      .systemChanged = [this] { FollowSystem(); },
                                       .changeStatus = [this](std::int16_t status) { status_.ChangeTo(status); }});
 }
 
@@ -74,8 +75,7 @@ void frmMain::OnLoad() {
     Unload();
     return;
   }
-  SetCaption(std::string(kRunningCaption) + shop_.records.system.SysRec.Get(sysrec::company_name) + " (" +
-             shop_.environment.files.DataDir() + ")");
+  NameWindow();
   const DaySerial today = shop_.environment.Today();
   MonthView1.SetValue(today);
   board_.LoadWeek(today);
@@ -83,6 +83,17 @@ void frmMain::OnLoad() {
   menus_.ShowStatuses(shop_.environment.settings.Get("ShowStatus", "1111111111"));
   state_.loading = false;
   clicks_.PanelClick(static_cast<std::size_t>(WeekdayIndex(today)));
+}
+
+void frmMain::NameWindow() {
+  SetCaption(std::string(kRunningCaption) + shop_.records.system.SysRec.Get(sysrec::company_name) + " (" +
+             shop_.environment.files.DataDir() + ")");
+}
+
+// What stands on the board of the shop's name and rates.
+void frmMain::FollowSystem() {
+  NameWindow();
+  if (detail.DisplayedEstimate() != 0) detail.RefreshTotals();
 }
 
 // False when this copy is to go.

@@ -53,6 +53,8 @@ class frmMain : public ui::Form {
   void OnMouseUp(ui::MouseButton button) override;
   void OnUnload(bool& refuse) override;
   bool StartSecondCopy();
+  void NameWindow();
+  void FollowSystem();
   void RestoreSettings();
   void SaveSettings();
   void UnloadOtherForms();

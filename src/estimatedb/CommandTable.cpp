@@ -191,6 +191,11 @@ constexpr Command kLantosTable[] = {
      "Desc4, Taxable) values (?,1,'SURCHARGE','',?,?,?,'','','',?)",
      {kLong, kLong, kLong, kText, kText}},
 
+    // What the hours of the technicians are read from without a look at the rows themselves.
+    {"IndexForTechHours",
+     kCreateTechHoursIndex,
+     {}},
+
     // What looks at the shape of a database and brings an older one up to date.
     {"ProbeEstimates",
      "Select * from Estimates where EstimateNumber = 0",

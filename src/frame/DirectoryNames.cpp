@@ -73,8 +73,16 @@ void ForEachEntry(const std::string& directory, Visit visit) {
   if (!open) return;
   while (const dirent* entry = ::readdir(open.get())) {
     const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") visit(name);
+    if (name != "." && name != "..") visit(name, entry->d_type);
   }
+}
+
+// Some file systems don't say what an entry is, and what a link leads to must be looked at.
+bool IsFile(const std::string& path, unsigned char type) {
+  if (type == DT_REG) return true;
+  if (type != DT_UNKNOWN && type != DT_LNK) return false;
+  struct stat status = {};
+  return ::stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
 }  // namespace
@@ -97,7 +105,7 @@ void DirectoryNames::Refresh() {
   settled_ = KernelNow() - Nanoseconds(now.st_mtim) > margin;
   readAt_ = now;
   names_.clear();
-  ForEachEntry(directory_, [this](std::string_view name) {
+  ForEachEntry(directory_, [this](std::string_view name, unsigned char) {
     Spellings& spellings = names_[Fold(name)];
     (spellings.first.empty() ? spellings.first : spellings.second) = name;
   });
@@ -143,10 +151,8 @@ std::string DirectoryNames::SpellingOf(std::string_view name) {
 std::vector<std::string> DirectoryNames::Matching(std::string_view pattern) const {
   std::vector<std::string> names;
   const std::string folded = Fold(pattern);
-  ForEachEntry(directory_, [&](std::string_view name) {
-    struct stat status = {};
-    if (!Matches(Fold(name), folded)) return;
-    if (::stat((directory_ + std::string(name)).c_str(), &status) != 0 || S_ISDIR(status.st_mode)) return;
+  ForEachEntry(directory_, [&](std::string_view name, unsigned char type) {
+    if (!Matches(Fold(name), folded) || !IsFile(directory_ + std::string(name), type)) return;
     names.push_back(AnsiName(name));
   });
   std::sort(names.begin(), names.end());

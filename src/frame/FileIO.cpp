@@ -76,7 +76,19 @@ bool FileIO::IsThere(std::string_view name) const {
 std::vector<std::string> FileIO::List(std::string_view pattern) const {
   const std::string path = PlatformText(dataDir_ + std::string(pattern));
   const std::size_t nameStart = path.find_last_of('/') + 1;
-  return DirectoryNames(path.substr(0, nameStart)).Matching(std::string_view(path).substr(nameStart));
+  std::vector<std::string> names =
+      DirectoryNames(path.substr(0, nameStart)).Matching(std::string_view(path).substr(nameStart));
+  if (steadyNames_) KeepSpellings(names);
+  return names;
+}
+
+// A name that bears no second spelling beside it needs no look-up of its own.
+void FileIO::KeepSpellings(const std::vector<std::string>& names) const {
+  std::map<std::string, int> spellings;
+  for (const std::string& name : names) ++spellings[ToUpper(name)];
+  for (const std::string& name : names) {
+    if (spellings[ToUpper(name)] == 1) steadyNames_->try_emplace(name, PlatformText(dataDir_ + name));
+  }
 }
 
 std::uintmax_t FileIO::Length(std::string_view name) const {

@@ -57,7 +57,8 @@ class FileIO {
   // Hears of failures that nobody is told of, but for a file that somebody else has open, which is nothing unusual.
   std::function<void(const std::string& text)> logFailure;
 
-  // While one of these stands, a name once looked up keeps its spelling: for a few opens of the same files at once.
+  // While one of these stands, a name once looked up or listed keeps its spelling: for a few opens of the same files at
+  // once.
   class SteadyNames {
    public:
     explicit SteadyNames(FileIO& files) : files_(files) { files_.steadyNames_.emplace(); }
@@ -75,6 +76,7 @@ class FileIO {
 
  private:
   std::string LookUp(std::string_view name) const;
+  void KeepSpellings(const std::vector<std::string>& names) const;
   void LogUnlessBusy(std::string_view what, const FileError& error) const;
 
   Clock& clock_;

@@ -134,7 +134,11 @@ std::string WorkstationProfile::ReadBackupCmd() {
   return own.empty() ? profile_.Get(kDefaultsSection, "BackupCmd", "") : own;
 }
 
-void WorkstationProfile::WriteBackupCmd(std::string_view text) { profile_.Put(WriteSection(), "BackupCmd", text); }
+// A pair of quotes around a value is taken off when it is read, and here it belongs to the command.
+void WorkstationProfile::WriteBackupCmd(std::string_view text) {
+  const bool isQuoted = text.size() > 1 && text.starts_with('"') && text.ends_with('"');
+  profile_.Put(WriteSection(), "BackupCmd", isQuoted ? "\"" + std::string(text) + "\"" : std::string(text));
+}
 
 bool WorkstationProfile::ReadBackupCmdWait() {
   std::string text = profile_.Get(WriteSection(), "BackupCmdWait", "");

@@ -219,7 +219,16 @@ inline constexpr ContentionRule kMomentsPatience = {
     .afterRetries = AfterRetries::Surface,
 };
 
-// Work orders.
+// Work orders. Who looks at tags waits as long, and is asked then.
+inline constexpr ContentionRule kReadWorkorderTags = {
+    .silentRetries = kMomentsPatience.silentRetries,
+    .pause = kMomentsPatience.pause,
+    .failures = Failures::SharingOnly,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text = "Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
+    .title = "{what}",
+    .buttons = Buttons::RetryCancel,
+};
 inline constexpr ContentionRule kWriteArchivedTag = {
     .text = "Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
     .title = "WriteArchivedWoTag({what})",

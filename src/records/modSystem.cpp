@@ -50,6 +50,15 @@ std::int32_t modSystem::TakeNumber(LongField counter) {
   return number;
 }
 
+void modSystem::Update(const std::function<void(SystemRecord& record)>& change) {
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(ReadSystem(Then::StayOpen));
+  SystemRecord changed = SysRec;
+  change(changed);
+  SysRec = changed;
+  WriteSystem(file.Release());
+}
+
 template <class... Statements>
 void modSystem::RetryOrEnd(Statements... statements) {
   Contention contention(contention::kSystem, desktop_, environment_);

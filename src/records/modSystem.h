@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "frame/Environment.h"
 #include "records/Record.h"
 #include "ui/Desktop.h"
@@ -74,6 +76,9 @@ class modSystem {
   // Hands out a running number: the value found, which is then raised by 1 in the file, all under one lock.
   // At the end of the counter's range nothing is taken: std::overflow_error, which says so.
   std::int32_t TakeNumber(LongField counter);
+  // Reads the record, has it changed and writes it, all under one lock: nothing that others store meanwhile is lost,
+  // be it a running number. What change throws leaves the file as it was.
+  void Update(const std::function<void(SystemRecord& record)>& change);
 
  private:
   // In order, a failing one again and again; the person's Cancel ends the process.

@@ -95,10 +95,23 @@ void EditForm::Reset() {
   MarkUnchanged();
 }
 
+// Or what is typed next would go into the middle of a text that nobody has read yet.
+void EditForm::EnterAnew(ui::Control* fromButton) {
+  ui::Control* field = dynamic_cast<ui::Typing*>(Focus()) == nullptr ? fromButton : Focus();
+  if (field == nullptr) return;
+  cancel_->SetFocus();
+  field->SetFocus();
+}
+
 void EditForm::Cancel() {
   if (!changes_.MayBeDropped()) return;
   MarkUnchanged();
   Hide();
+}
+
+bool EditForm::MayGoOn() const {
+  return !Changed() || shop_.desktop.Ask("Discard current changes?", Caption(), ui::Buttons::YesNo,
+                                         ui::Icon::Question) == ui::Answer::Yes;
 }
 
 void EditForm::Press(ui::Button& button) {

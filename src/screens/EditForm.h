@@ -69,7 +69,12 @@ class EditForm : public ui::Form {
   bool MayDropChanges() const { return changes_.MayBeDropped(); }
   void MarkSaved(bool saved) { saved_ = saved; }
   void Reset();
+  // Behind a Reset to another record: the field that the person is in is entered anew. From a button they go to the
+  // field given, or stay.
+  void EnterAnew(ui::Control* fromButton = nullptr);
   void Cancel();
+  // Whether the screen may go on to another record: asks before changes are lost by it.
+  bool MayGoOn() const;
   // Runs a button's procedure for its key, if it can be pressed at all.
   static void Press(ui::Button& button);
 

@@ -1,9 +1,12 @@
 #include "start/EveryForm.h"
 
+#include "admin/frmCompanyInfo.h"
 #include "admin/frmDisclaimer.h"
 #include "admin/frmPrintOptions.h"
+#include "admin/frmSystemParameters.h"
 #include "board/frmContinue.h"
 #include "board/frmEstStatus.h"
+#include "board/frmFind.h"
 #include "board/frmMain.h"
 #include "board/frmReschedule.h"
 #include "board/frmSpecialDays.h"
@@ -17,12 +20,14 @@
 #include "contents/labor/frmEstFollowup.h"
 #include "contents/labor/frmLabor.h"
 #include "contents/labor/frmRepairCode.h"
+#include "contents/labor/frmTechHours.h"
 #include "contents/notes/frmCanNoteList.h"
 #include "contents/notes/frmEstNotes.h"
 #include "contents/notes/frmNotes.h"
 #include "contents/notes/frmWOChklst.h"
 #include "contents/parts/frmWOKit.h"
 #include "contents/parts/frmWOPart.h"
+#include "history/frmWOHist.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
 #include "masters/employees/frmEmpMaint.h"
@@ -80,6 +85,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmSpecialDays>(ground.shop, ground.database.lantosData); },
     [](FormGround& ground) { return Make<frmEstStatus>(ground.shop, ground.database, [] { return kNotContinued; }); },
     [](FormGround& ground) { return Make<frmStatusOptions>(ground.shop); },
+    [](FormGround& ground) { return Make<frmFind>(ground.shop, ground.database, ground.masters); },
     [](FormGround& ground) { return Make<frmCustSearch>(ground.shop); },
     [](FormGround& ground) { return Make<frmCustEdit>(ground.shop); },
     [](FormGround& ground) { return Make<frmVehList>(ground.shop, ground.masters.vehicleHistory); },
@@ -112,6 +118,9 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmEmpPRHist>(ground.shop, ground.database.korvelData, 1); },
     [](FormGround& ground) { return Make<frmLabor>(ground.contents.bench, WoLaborLine{}); },
     [](FormGround& ground) { return Make<frmRepairCode>(ground.shop, ground.database.korvelData); },
+    [](FormGround& ground) {
+      return Make<frmTechHours>(ground.shop, ground.database.lantosData, frmTechHours::Purpose::Look, kSomeDay);
+    },
     [](FormGround& ground) { return Make<frmEstFollowup>(ground.contents.bench, ground.contents.labor); },
     [](FormGround& ground) { return Make<frmCanLaborList>(ground.contents.bench); },
     [](FormGround& ground) { return Make<frmCanLabor>(ground.contents.bench, frmCanLabor::Mode::Add, CannedLabor()); },
@@ -128,7 +137,10 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmNotes>(ground.shop, NoteMode::EstimateNote, Note()); },
     [](FormGround& ground) { return Make<frmCanNoteList>(ground.shop); },
     [](FormGround& ground) { return Make<frmWOChklst>(ground.shop); },
+    [](FormGround& ground) { return Make<frmWOHist>(ground.shop, [](const Workorders&) {}); },
     [](FormGround& ground) { return Make<frmDisclaimer>(ground.shop); },
+    [](FormGround& ground) { return Make<frmCompanyInfo>(ground.shop); },
+    [](FormGround& ground) { return Make<frmSystemParameters>(ground.shop); },
     [](FormGround& ground) { return Make<frmReschedule>(ground.shop, ground.database, kSomeDay); },
     [](FormGround& ground) { return Make<frmContinue>(ground.shop); },
 };

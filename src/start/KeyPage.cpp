@@ -85,7 +85,7 @@ std::string MnemonicIn(std::string_view caption) {
   return letter == '\0' ? std::string() : std::string("Alt+") + letter;
 }
 
-// "Add <Insert>, change <Enter>" tells two.
+// "Add <Insert>, change <Enter>" tells two; "<Ctrl+U> This Unit" has its key ahead.
 void ToldByToolTip(const ui::Control& control, std::vector<ToldKey>& keys) {
   std::string_view tip = control.ToolTip();
   for (std::size_t open = tip.find('<'); open != std::string_view::npos; open = tip.find('<')) {
@@ -93,6 +93,7 @@ void ToldByToolTip(const ui::Control& control, std::vector<ToldKey>& keys) {
     if (close == std::string_view::npos) return;
     std::string_view what = tip.substr(0, open);
     while (what.starts_with(',') || what.starts_with(' ')) what.remove_prefix(1);
+    if (what.empty()) what = TrimView(tip.substr(close + 1));
     keys.push_back({std::string(tip.substr(open + 1, close - open - 1)), Trim(what)});
     tip.remove_prefix(close + 1);
   }

@@ -10,6 +10,7 @@
 
 namespace lantos::ui {
 
+class Button;
 class Control;
 class Form;
 class MenuItem;
@@ -77,6 +78,10 @@ class Desktop {
   virtual void FormUnloaded(Form&) {}
   virtual void FormCaptionChanged(Form&) {}
   virtual void RunModal(Form& form) = 0;  // returns when the form is no longer visible
+
+  // In the middle of a long work of the form: the window shows how far it is, and what the person has done meanwhile
+  // happens. Nothing is waited for. The button ends the work, as Esc and closing the form do.
+  virtual void ServeMeanwhile(Form& /*form*/, Button& /*stop*/) {}
 
   // Serves the person until the form is unloaded: the life of the main window.
   virtual void RunUntilUnloaded(Form& form) = 0;

@@ -35,6 +35,10 @@ class Person {
   virtual void AtPrinter(const Report& report, const std::function<void(bool)>& answer,
                          const std::function<bool()>& over) = 0;
 
+  // The form is at work. Whoever has asked already for its end, by the button, Esc or the close box, gets it; all else
+  // that was asked for waits until the work is done.
+  virtual void AtWork(Form& /*form*/, Button& /*stop*/) {}
+
   // What happens without waiting for anybody.
   virtual void NoteBeep() = 0;
   virtual void NoteStatus(std::string_view text) = 0;

@@ -64,8 +64,9 @@ Control* TabOrder::NextInTabOrder(bool backwards) const {
   return nullptr;
 }
 
+// On a form that is shown again the field that had the focus is entered anew.
 void TabOrder::TakeFirstFocus() {
-  if (focus_ != nullptr) return;
+  if (focus_ != nullptr) return EnterField(*focus_);
   focus_ = NextInTabOrder();
   if (focus_ == nullptr) return;
   FocusMoved();

@@ -22,20 +22,26 @@ void Sort(std::vector<Record<Length>>& tags) {
 }
 
 template <std::size_t Length>
-std::vector<Record<Length>> Find(OpenedFile& file, Workorders& workorders, const TagScan::Wanted& wanted) {
+std::vector<Record<Length>> Find(OpenedFile& file, Workorders& workorders, const TagScan::Wanted& wanted,
+                                 Clock& clock) {
   std::vector<Record<Length>> found;
-  const std::uint64_t rest = WalkTagsBackwards<Length>(*file, [&](const Record<Length>& tag) {
-    // Nearly all tags are told apart by the first byte; a blank may stand ahead of the text.
-    const char first = static_cast<char>(tag.Bytes()[wotag::VIN.offset]);
-    if ((first != wanted.vin.front() && first != ' ') || tag.View(wotag::VIN) != wanted.vin) return TagWalk::GoOn;
-    const FileDate date = DayOf(tag);
-    if (date != 0 && date >= wanted.from && date <= wanted.to) found.push_back(tag);
-    return TagWalk::GoOn;
-  });
+  if (!file.IsOpen()) return found;
+  TagsBackwards<Length> walk(*file, SettledLength(*file, Length, clock));
+  const bool hasWholeTag = walk.HasMore();
+  for (auto block = walk.NextBlock(); !block.empty(); block = walk.NextBlock()) {
+    for (std::size_t i = block.size(); i-- > 0;) {
+      const Record<Length>& tag = block[i];
+      // Nearly all tags are told apart by the first byte; a blank may stand ahead of the text.
+      const char first = static_cast<char>(tag.Bytes()[wotag::VIN.offset]);
+      if ((first != wanted.vin.front() && first != ' ') || tag.View(wotag::VIN) != wanted.vin) continue;
+      const FileDate date = DayOf(tag);
+      if (date != 0 && date >= wanted.from && date <= wanted.to) found.push_back(tag);
+    }
+  }
   // In a file that isn't whole tags the first one begins inside another's place, which is told.
-  if (rest > 0 && file->Length() >= Length) {
+  if (walk.Ahead() > 0 && hasWholeTag) {
     Record<Length> first;
-    ReadTag(workorders, file.Handle(), static_cast<std::int64_t>(rest), first);
+    ReadTag(workorders, file.Handle(), static_cast<std::int64_t>(walk.Ahead()), first);
   }
   Sort(found);
   return found;
@@ -43,16 +49,27 @@ std::vector<Record<Length>> Find(OpenedFile& file, Workorders& workorders, const
 
 }  // namespace
 
+std::uint64_t SettledLength(const SharedFile& file, std::size_t unit, Clock& clock) {
+  constexpr int kLooks = 3;
+  constexpr std::int64_t kPause = 10;  // milliseconds; an append takes far less
+  std::uint64_t length = file.Length();
+  for (int look = 0; length % unit != 0 && look < kLooks; ++look) {
+    clock.Wait(kPause);
+    length = file.Length();
+  }
+  return length;
+}
+
 std::vector<ActiveWoTag> TagScan::Active(const Wanted& wanted) const {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(workorders_.OpenActiveWOForReading());
-  return Find<ActiveWoTag::kLength>(file, workorders_, wanted);
+  return Find<ActiveWoTag::kLength>(file, workorders_, wanted, environment_.clock);
 }
 
 std::vector<ArchivedWoTag> TagScan::Archived(const Wanted& wanted, const char* title) const {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(workorders_.OpenArchWOForReading(title));
-  return Find<ArchivedWoTag::kLength>(file, workorders_, wanted);
+  return Find<ArchivedWoTag::kLength>(file, workorders_, wanted, environment_.clock);
 }
 
 }  // namespace lantos

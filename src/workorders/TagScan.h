@@ -5,33 +5,47 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/Clock.h"
 #include "frame/Dates.h"
 #include "frame/SharedFile.h"
 #include "workorders/Workorders.h"
 
 namespace lantos {
 
-// Whether a walk over tags goes on behind the one that was just seen.
-enum class TagWalk { GoOn, Stop };
+// How long a file of such records is once nobody is in the middle of appending one: a length that isn't whole is looked
+// at again for a moment. A damaged file keeps its own.
+std::uint64_t SettledLength(const SharedFile& file, std::size_t unit, Clock& clock);
 
 // The one walk over tags of work orders: every whole tag of an open file, from the last to the first, a block a read.
-// What lies ahead of the first whole one, in a file that isn't a row of tags, is left out. Throws FileError. Returns
-// how many bytes those are.
-template <std::size_t Length, class Visit>
-std::uint64_t WalkTagsBackwards(const SharedFile& file, Visit visit) {
-  constexpr std::size_t kBlock = 256;  // tags
-  std::vector<Record<Length>> block(kBlock);
-  std::uint64_t end = file.Length();
-  while (end >= Length) {
-    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(end / Length, kBlock));
-    end -= count * Length;
-    file.ReadAt(end, std::as_writable_bytes(std::span(block).first(count)));
-    for (std::size_t i = count; i-- > 0;) {
-      if (visit(block[i]) == TagWalk::Stop) return 0;
-    }
+// What lies ahead of the first whole one, in a file that isn't a row of tags, is left out; what is appended behind the
+// length that it begins with isn't met. The file stays open for as long as the walk goes on.
+template <std::size_t Length>
+class TagsBackwards {
+ public:
+  static constexpr std::size_t kBlock = 256;  // tags
+
+  TagsBackwards(const SharedFile& file, std::uint64_t length) : file_(&file), ahead_(length), block_(kBlock) {}
+
+  // The tags ahead of those read last, in the order of the file: the walk goes from the last of them. None at the
+  // beginning of the file. Throws FileError.
+  std::span<const Record<Length>> NextBlock() {
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(ahead_ / Length, kBlock));
+    const std::span<Record<Length>> tags = std::span(block_).first(count);
+    if (tags.empty()) return tags;
+    const std::uint64_t start = ahead_ - count * Length;
+    file_->ReadAt(start, std::as_writable_bytes(tags));
+    ahead_ = start;
+    return tags;
   }
-  return end;
-}
+  // Bytes that lie ahead of what was read.
+  std::uint64_t Ahead() const { return ahead_; }
+  bool HasMore() const { return ahead_ >= Length; }
+
+ private:
+  const SharedFile* file_;
+  std::uint64_t ahead_;
+  std::vector<Record<Length>> block_;
+};
 
 // The day that counts for a work order (see DateOf); an old tag has the bare serial. 0 for a tag without its day.
 template <std::size_t Length>
@@ -41,7 +55,8 @@ FileDate DayOf(const Record<Length>& tag) {
 }
 
 // The work orders of one vehicle, by its exact VIN, from one day to another, both included. The newest come first; of
-// one day the higher number. Each scan opens its file for its own time only; a damaged file has been told of.
+// one day the higher number. Each scan opens its file for its own time only; a damaged file has been told of. None are
+// found in a file that another copy holds, when the person gives it up.
 class TagScan {
  public:
   struct Wanted {
@@ -52,7 +67,7 @@ class TagScan {
   TagScan(Environment& environment, Workorders& workorders) : environment_(environment), workorders_(workorders) {}
 
   std::vector<ActiveWoTag> Active(const Wanted& wanted) const;
-  // The title is that of the box about a held file.
+  // The title is that under which the run log has the open.
   std::vector<ArchivedWoTag> Archived(const Wanted& wanted, const char* title) const;
 
  private:

@@ -23,21 +23,27 @@ bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::i
   return openFiles[file].ReadAt(static_cast<std::uint64_t>(position), tag.Bytes()) < Length;
 }
 
+// Nobody is asked about a file that a work order is being written to: its routine does that, or the failure ends it.
+const ContentionRule& RuleFor(Access access) {
+  return access == Access::Read ? contention::kReadWorkorderTags : contention::kMomentsPatience;
+}
+
 template <class Open>
-FileHandle OpenTags(ui::Desktop& desktop, Environment& environment, Open open) {
+FileHandle OpenTags(ui::Desktop& desktop, Environment& environment, Access access, const std::string& routine,
+                    Open open) {
   FileHandle file = kNoHandle;
-  Contention contention(contention::kMomentsPatience, desktop, environment);
+  Contention contention(RuleFor(access), desktop, environment, routine);
   contention.Run([&] { file = open(environment.openFiles); });
   return file;
 }
 
 FileHandle OpenActiveTags(ui::Desktop& desktop, Environment& environment, Access access) {
-  return OpenTags(desktop, environment,
+  return OpenTags(desktop, environment, access, "OpenActiveWOForReading(" + std::string(kActiveTagFile) + ")",
                   [access](OpenFiles& files) { return files.Open(kActiveTagFile, access, Deny::None); });
 }
 
 FileHandle OpenArchivedTags(ui::Desktop& desktop, Environment& environment, std::string_view caller, Access access) {
-  return OpenTags(desktop, environment,
+  return OpenTags(desktop, environment, access, "OpenArchWOForReading(" + std::string(kArchivedTagFile) + ")",
                   [caller, access](OpenFiles& files) { return files.OpenArchivedTagFile(caller, access); });
 }
 

@@ -31,7 +31,7 @@ class Workorders {
   // text there is another one (which is told), and when the person gave up a held archive.
   bool GetArchWo(std::int32_t workorderNumber, FileLink masterOffset);
 
-  // Shared. Throws FileError.
+  // Shared. kNoHandle when another copy holds the file and the person gives it up; any other failure is a FileError.
   FileHandle OpenActiveWOForReading();
   FileHandle OpenArchWOForReading(std::string_view caller);
   // The tag at a byte position. True at the end of the file, which a negative position is too (nothing is read then);

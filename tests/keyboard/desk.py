@@ -67,6 +67,10 @@ class Desk:
         """The one that has the keyboard; empty when none has."""
         return self._xdotool("getactivewindow")
 
+    def place(self):
+        """Where the window that has the keyboard stands."""
+        return self._xdotool("getactivewindow", "getwindowgeometry", "--shell").split("\n")[1:3]
+
     def expect_other(self, window):
         """Waits until another window than this one has the keyboard, whatever it is called."""
         end = time.monotonic() + PATIENCE

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,8 +44,9 @@ class StandInDesktop : public ui::Desktop {
 
   // What the world is like.
   int documentResult = 33;
-  std::vector<std::string> windows;               // captions of other windows
-  std::optional<ui::ControlPlace> movePreviewTo;  // where the person leaves the next previews
+  std::function<void(ui::Form&, ui::Button&)> meanwhile;  // what the person does while a form is at work
+  std::vector<std::string> windows;                       // captions of other windows
+  std::optional<ui::ControlPlace> movePreviewTo;          // where the person leaves the next previews
 
   ui::Answer Show(const ui::Box& box) override {
     Note(boxes, box);
@@ -61,6 +63,9 @@ class StandInDesktop : public ui::Desktop {
     Failed(text);
   }
 
+  void ServeMeanwhile(ui::Form& form, ui::Button& stop) override {
+    if (meanwhile) meanwhile(form, stop);
+  }
   void Beep() override { ++beeps; }
   void SetPointer(ui::Pointer value) override { pointer = value; }
   void ShowStatus(std::string_view text) override { Note(statuses, text); }

@@ -19,7 +19,7 @@ class Conversion {
   // From the section's password to the estimate's new status, with all questions and messages. What ended it early has
   // been told, or throws.
   void Run();
-  // From then on the work order has a number, whatever follows.
+  // Whether it came so far that the work order has its number, which it keeps whatever follows.
   bool HasTakenNumber() const { return hasTakenNumber_; }
 
  private:

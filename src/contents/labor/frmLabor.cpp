@@ -3,6 +3,7 @@
 #include "contents/AmountFields.h"
 #include "contents/SpellCheck.h"
 #include "contents/labor/RepairCodes.h"
+#include "contents/labor/frmTechHours.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -32,7 +33,6 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
   frameFollowup.Holds(lblMiles, Miles, lblDays, Days, lblFollowupDate, FollowupDate);
   txtDesc.SetMultiLine(true);
   txtDesc.SetFace(ui::FontFace::FixedPitch);
-  cmdTechHours.SetVisible(false);  // of the program that has the hours of the technicians at hand
   WireEmployees();
   WireAmounts();
   followupNumbers_.Add(Miles, "Miles");
@@ -50,6 +50,8 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
 void frmLabor::WireEmployees() {
   Check1.OnClick = [this] { ActiveOnlyClicked(); };
   Check2.OnClick = [this] { AllowNoneClicked(); };
+  cmdTechHours.OnClick = [this] { PickByHours(); };
+  cmdTechHours.SetToolTip("Pick a technician by the hours of that day <F7>");
 }
 
 void frmLabor::WireAmounts() {
@@ -126,6 +128,24 @@ void frmLabor::AllowNoneClicked() {
     EmpList.SetListIndex(row - 1 < 0 ? -1 : row - 1);
   }
   showing_ = false;
+}
+
+// Of the day of the estimate, which the line bears.
+void frmLabor::PickByHours() {
+  const DaySerial day = ParseDate(CurrentLabor.Date).value_or(shop_.environment.Today());
+  frmTechHours form(shop_, bench_.Data(), frmTechHours::Purpose::Pick, day);
+  form.ShowModal();
+  form.Unload();
+  if (!form.Picked()) return;
+  // "Unassigned" is the row that the list may not have.
+  if (*form.Picked() == 0) Check2.SetValue(true);
+  SelectMechanic(*form.Picked());
+}
+
+void frmLabor::OnKeyDown(ui::KeyPress& key) {
+  if (!key.Is("F7")) return OkCancelForm::OnKeyDown(key);
+  key.Clear();
+  PickByHours();
 }
 
 void frmLabor::OnUnload(bool& /*refuse*/) {

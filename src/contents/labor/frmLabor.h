@@ -50,6 +50,7 @@ class frmLabor : public OkCancelForm {
   void OnLoad() override;
   void OnActivate() override { Hours.SetFocus(); }
   void OnUnload(bool& refuse) override;
+  void OnKeyDown(ui::KeyPress& key) override;
   void Accept() override;
 
   void WireAmounts();
@@ -60,6 +61,7 @@ class frmLabor : public OkCancelForm {
   std::int32_t SelectedMechanic() const;
   void ActiveOnlyClicked();
   void AllowNoneClicked();
+  void PickByHours();
   void LoadRepairCodes();
   void RepairCodePicked();
 

@@ -161,6 +161,7 @@ void frmCustEdit::Step(Direction direction) {
   if (!customers.ReadCustomer()) return customers.MakeTagCurrent(index);
   SetCaption("Edit Customer");
   Reset();
+  EnterAnew();
 }
 
 }  // namespace lantos

@@ -125,7 +125,9 @@ bool frmEmpMaint::MayLeaveFields() {
 
 void frmEmpMaint::New() {
   if (!MayLeaveFields()) return;
+  const std::int32_t before = choice_.Chosen();
   AskForName("", [this](const std::string& name) { choice_.List(AddNewEmployee(shop_.records, name)); });
+  if (choice_.Chosen() != before) SocSecNum.SetFocus();  // where the rest of a new employee begins
 }
 
 void frmEmpMaint::Rename() {
@@ -161,6 +163,7 @@ void frmEmpMaint::Delete() {
   // A payroll may have been run while the person thought about it.
   if (shop_.records.employees.DeleteEmployee(number) == modEmployees::Deleted::HasPayRecords) return TellOfPayRecords();
   choice_.List(kNoEmployeeNumber);
+  EmpList.SetFocus();
 }
 
 void frmEmpMaint::TellOfPayRecords() {

@@ -14,14 +14,14 @@ void AddParts(Shop& shop, frmInvList& list) {
 }
 
 void Edit(Shop& shop, frmInvList& list, const PartAt& part) {
-  EditPart(shop, list, part.tag, part.index);
+  EditPart(shop, list, part);
   // The person may have gone on to other parts; the one they came from is where they left the list.
   list.GoToPart(part.index);
 }
 
 void Serve(Shop& shop, frmInvList& list, frmInvList::Request request) {
   if (request == frmInvList::Request::Add) return AddParts(shop, list);
-  const PartAt chosen{list.Chosen().master, list.Chosen().index};
+  const PartAt chosen = list.Chosen();
   if (request == frmInvList::Request::Select) return Edit(shop, list, chosen);
   if (const std::optional<PartAt> seen = ViewPart(shop, chosen.index)) Edit(shop, list, *seen);
 }

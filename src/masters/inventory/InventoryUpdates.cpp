@@ -32,10 +32,10 @@ class StandsStill {
 
 }  // namespace
 
-InventoryUpdates::InventoryUpdates(Shop& shop, ui::Timer& audit, ui::Timer& intake, List list)
+InventoryUpdates::InventoryUpdates(Shop& shop, ui::Timer& audit, ui::Timer& update, List list)
     : shop_(shop),
       audit_(audit),
-      update_(intake),
+      update_(update),
       list_(std::move(list)),
       outgoing_(shop.environment, shop.desktop),
       mailbox_(shop.environment),

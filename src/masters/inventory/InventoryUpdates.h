@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
 
 #include "records/inventory/MailboxIntake.h"
 #include "records/inventory/OutgoingChanges.h"
@@ -21,7 +20,7 @@ class InventoryUpdates {
     std::function<void(Inventory::PartIndex index)> onNew;
     std::function<void()> show;  // after any number of these
   };
-  InventoryUpdates(Shop& shop, ui::Timer& audit, ui::Timer& intake, List list);
+  InventoryUpdates(Shop& shop, ui::Timer& audit, ui::Timer& update, List list);
   ~InventoryUpdates();
   InventoryUpdates(const InventoryUpdates&) = delete;
 

@@ -11,6 +11,7 @@ namespace lantos {
 namespace {
 
 constexpr const char* kNew = "<New>";
+constexpr int kFirstName = 1;  // row
 
 }  // namespace
 
@@ -25,6 +26,7 @@ NameChoice::NameChoice(Shop& shop, ui::ComboBox& combo, const NameList& names, c
     if (combo_.ListIndex() == 0) return AddNew();
     Chosen();
   };
+  combo_.OnKeyDown = [this](ui::KeyPress& key) { PassOverNew(key); };
   combo_.OnValidate = [this](bool& keepFocus) { keepFocus = Check() == Entry::ToCorrect; };
 }
 
@@ -63,6 +65,15 @@ void NameChoice::AddNew() {
   combo_.SetText(place < 0 ? before_ : names_.Names().at(static_cast<std::size_t>(place)));
   busy_ = false;
   Chosen();
+}
+
+// In the closed list an arrow chooses at once: whoever walks the names would be asked for a new one.
+void NameChoice::PassOverNew(ui::KeyPress& key) {
+  const int row = combo_.ListIndex();
+  const bool leadsToNew = key.Is("Up") ? row <= kFirstName : key.Is("Down") && row < 0;
+  if (combo_.DroppedRow() || !leadsToNew) return;
+  key.Clear();
+  if (row < 0 && combo_.ListCount() > kFirstName) combo_.DoSelect(kFirstName);
 }
 
 bool NameChoice::IsListed(const std::string& name) const {

@@ -40,6 +40,7 @@ class NameChoice {
  private:
   void Chosen();
   void AddNew();
+  void PassOverNew(ui::KeyPress& key);
   bool IsListed(const std::string& name) const;
 
   Shop& shop_;

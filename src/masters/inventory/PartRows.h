@@ -8,7 +8,7 @@ namespace lantos {
 
 // A part as a row of the inventory list knows it.
 struct PartAt {
-  FileLink tag = kNoLink;  // of the master, as the part's tag has it
+  FileLink master = kNoLink;  // where it lies, as the part's tag has it
   Inventory::PartIndex index = Inventory::kNoPart;
 };
 

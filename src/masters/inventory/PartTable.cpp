@@ -101,11 +101,9 @@ void PartTable::PutInPlace(Parts& parts, Inventory::PartIndex part) const {
   parts.insert(parts.begin() + static_cast<std::ptrdiff_t>(PlaceIn(parts, part)), part);
 }
 
-bool PartTable::TakeOut(Parts& parts, Inventory::PartIndex part) const {
+void PartTable::TakeOut(Parts& parts, Inventory::PartIndex part) const {
   const std::size_t place = FindIn(parts, part);
-  if (place == parts.size()) return false;
-  parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(place));
-  return true;
+  if (place < parts.size()) parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(place));
 }
 
 void PartTable::SetFilter(const PartFilter& filter) {

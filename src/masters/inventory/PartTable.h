@@ -56,12 +56,14 @@ class PartTable {
   Key KeyOf(Inventory::PartIndex part) const;
   bool ComesBefore(Inventory::PartIndex part, const Key& key, Inventory::PartIndex other) const;
   bool IsInOrder() const { return ordered_ == rows_.size(); }
-  // Where the part stands, or would stand, in a row of parts of which at most its own key isn't what it was.
+  // Where its key puts the part among parts that are in order. It may itself stand elsewhere among them, since its key
+  // has changed.
   std::size_t PlaceIn(const Parts& parts, Inventory::PartIndex part) const;
-  std::size_t FindIn(const Parts& parts, Inventory::PartIndex part) const;  // parts.size(): it isn't there
+  // Where the part stands; parts.size() when it isn't there.
+  std::size_t FindIn(const Parts& parts, Inventory::PartIndex part) const;
   void PutInPlace(Parts& parts, Inventory::PartIndex part) const;
-  bool TakeOut(Parts& parts, Inventory::PartIndex part) const;
-  bool TakeOutOfRows(Inventory::PartIndex part);
+  void TakeOut(Parts& parts, Inventory::PartIndex part) const;
+  bool TakeOutOfRows(Inventory::PartIndex part);  // false when it isn't there
   bool Matches(Inventory::PartIndex part) const;
   void PutInOrder() const;
   void SortAll() const;

@@ -15,9 +15,9 @@ std::string NameOfLevel(std::size_t level) { return std::string(kPriceLevelNames
 
 }  // namespace
 
-void EditPart(Shop& shop, PartRows& rows, FileLink offset, Inventory::PartIndex index) {
-  if (!shop.records.inventory.ReadInventory(offset, index)) return;
-  frmInvEdit edit(shop, rows, {offset, index});
+void EditPart(Shop& shop, PartRows& rows, PartAt part) {
+  if (!shop.records.inventory.ReadInventory(part.master, part.index)) return;
+  frmInvEdit edit(shop, rows, part);
   edit.ShowModal();
   edit.Unload();
 }
@@ -126,7 +126,8 @@ void frmInvEdit::OtherKey(ui::KeyPress& key) {
                        : key.Is("PgUp") ? &cmdPrev
                        : key.Is("PgDn") ? &cmdNext
                                         : nullptr;
-  if (button == nullptr) return;
+  // <F4> opens a drop-down where the part is no kit.
+  if (button == nullptr || !button->IsUsable()) return;
   key.Clear();
   Press(*button);
 }
@@ -245,19 +246,16 @@ void frmInvEdit::GoToAlternate(std::size_t place) {
 }
 
 void frmInvEdit::GoTo(const std::optional<PartAt>& part) {
-  if (Changed() && shop_.desktop.Ask("Discard current changes?", Caption(), ui::Buttons::YesNo, ui::Icon::Question) !=
-                       ui::Answer::Yes) {
-    return;
-  }
+  if (!MayGoOn()) return;
   if (!part) {
     shop_.desktop.Beep();
     return Reset();
   }
   PartAt next = *part;
-  if (!shop_.records.inventory.ReadInventory(next.tag, next.index)) return;
+  if (!shop_.records.inventory.ReadInventory(next.master, next.index)) return;
   part_ = next;
   Reset();
-  Description.SetFocus();
+  EnterAnew(&Description);
 }
 
 }  // namespace lantos

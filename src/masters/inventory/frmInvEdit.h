@@ -89,6 +89,6 @@ class frmInvEdit : public EditForm {
 
 // Reads the part into the working records and lets the person edit it, and from there its neighbours in the rows and
 // its alternates. Nothing is shown when the part can't be read and the person gave up.
-void EditPart(Shop& shop, PartRows& rows, FileLink offset, Inventory::PartIndex index);
+void EditPart(Shop& shop, PartRows& rows, PartAt part);
 
 }  // namespace lantos

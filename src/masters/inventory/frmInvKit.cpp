@@ -164,6 +164,7 @@ void frmInvKit::Delete() {
   contents_->Remove(*row);
   MarkChanged();
   ShowRows(*row);
+  List1.SetFocus();
 }
 
 void frmInvKit::Move(Direction direction) {

@@ -57,8 +57,8 @@ class frmInvKit : public SizedForm {
   std::optional<KitContents> contents_;
 };
 
-// Lets the person edit what the kit of this stock number consists of. The working inventory records
-// are as before at the end.
+// Lets the person edit what the kit of this stock number consists of. The working inventory records are as before at
+// the end.
 void EditKit(Shop& shop, std::string_view stockNumber);
 
 }  // namespace lantos

@@ -115,10 +115,14 @@ void frmInvList::WireRequests() {
   cmdView.OnClick = [this] { Leave(Request::View); };
   cmdAdd.OnClick = [this] { Leave(Request::Add); };
   cmdChange.OnClick = [this] {
-    if (HasCurrentPart()) ChangeNumberOf(shop_, currentPart_);
+    if (!HasCurrentPart()) return;
+    ChangeNumberOf(shop_, currentPart_);
+    DataGrid1.SetFocus();
   };
   cmdDelete.OnClick = [this] {
-    if (HasCurrentPart()) DeleteAsked(shop_, currentPart_);  // its row goes when the part is written
+    if (!HasCurrentPart()) return;
+    DeleteAsked(shop_, currentPart_);  // its row goes when the part is written
+    DataGrid1.SetFocus();
   };
 }
 
@@ -200,7 +204,10 @@ void frmInvList::ShowTotal(std::size_t places) {
   TotalParts.SetCaption(RightJustify(std::to_string(table_.TotalCount()), places) + " Total Parts");
 }
 
-void frmInvList::ShowMatches() { lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    "); }
+void frmInvList::ShowMatches() {
+  if (lblMatchParts.Caption().empty()) return;
+  lblMatchParts.SetCaption(std::to_string(table_.MatchCount()) + " Matches    ");
+}
 
 void frmInvList::SearchTyped() {
   if (cbAutoSearch.Value() && IsLoaded()) FilterParts();
@@ -265,7 +272,7 @@ void frmInvList::UpdateListRow(Inventory::PartIndex index, ListedPart part) {
     ShowTotal();
   }
   ShowRows();
-  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  ShowMatches();
 }
 
 void frmInvList::RemoveListRow(Inventory::PartIndex index) {
@@ -274,7 +281,7 @@ void frmInvList::RemoveListRow(Inventory::PartIndex index) {
   table_.Remove(index);
   ShowTotal();
   ShowRows();
-  if (!lblMatchParts.Caption().empty()) ShowMatches();
+  ShowMatches();
   if (wasCurrent && DataGrid1.RowCount() > 0) DataGrid1.SetRow(std::min(row, DataGrid1.RowCount() - 1));
 }
 
@@ -321,13 +328,13 @@ void frmInvList::ShowReceived() {
   if (std::exchange(rowsMoved_, false)) {
     ShowTotal();
     ShowRows();
-    if (!lblMatchParts.Caption().empty()) ShowMatches();
+    ShowMatches();
   } else {
     DataGrid1.SetSortedBy(DataGrid1.SortedBy());
   }
 }
 
-std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& caption) {
+std::optional<PartAt> frmInvList::Pick(const std::string& caption) {
   SetCaption(caption);
   comes_ = Comes::Fresh;
   for (;;) {
@@ -337,7 +344,7 @@ std::optional<frmInvList::PickedPart> frmInvList::Pick(const std::string& captio
       const std::optional<PartAt> seen = ViewPart(shop_, chosen_.index);
       comes_ = Comes::Back;
       if (!seen) continue;
-      chosen_ = {seen->index, seen->tag};
+      chosen_ = *seen;
     }
     return chosen_;
   }
@@ -353,7 +360,7 @@ void frmInvList::Accept() { Leave(Request::Select); }
 
 void frmInvList::Leave(Request request) {
   if (request != Request::Add && !HasCurrentPart()) return;
-  if (request != Request::Add) chosen_ = {currentPart_, inventory_.Tag(currentPart_).Get(inventorytag::Tag)};
+  if (request != Request::Add) chosen_ = {inventory_.Tag(currentPart_).Get(inventorytag::Tag), currentPart_};
   request_ = request;
   Hide();
 }

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "masters/inventory/InventoryUpdates.h"
 #include "masters/inventory/PartColumns.h"
@@ -48,20 +47,16 @@ class frmInvList : public SizedForm, public PartRows {
   ui::Timer UpdTimer{*this, "UpdTimer"};
   ui::Timer ReadTimer{*this, "ReadTimer"};
 
-  struct PickedPart {
-    Inventory::PartIndex index = Inventory::kNoPart;
-    FileLink master = kNoLink;
-  };
   // For as long as the person looks for a part: the one that was selected, in the list or in its view. The stock isn't
   // kept meanwhile.
-  std::optional<PickedPart> Pick(const std::string& caption);
+  std::optional<PartAt> Pick(const std::string& caption);
 
   // Where the stock is kept: what the person wants next, and with which part. Numbers are changed and parts deleted
   // in the list itself.
   enum class Request { None, Select, View, Add };
   enum class Comes { Fresh, Back };  // the person: to look for a part, or from one to go on from its row
   Request Ask(Comes comes = Comes::Fresh);
-  const PickedPart& Chosen() const { return chosen_; }
+  const PartAt& Chosen() const { return chosen_; }
 
   bool IsLoading() const { return blocks_.AreLeft(); }
   // Reads at once what the timer hasn't come to yet. The inventory asks for it.
@@ -111,7 +106,7 @@ class frmInvList : public SizedForm, public PartRows {
   void SearchTyped();
   void SortBy(const std::string& column);
   void ShowRows();
-  void ShowMatches();
+  void ShowMatches();  // how many, once there was a search
   StockedColumn Stocked() const;
 
   Shop& shop_;
@@ -122,7 +117,7 @@ class frmInvList : public SizedForm, public PartRows {
   Inventory::PartIndex currentPart_ = Inventory::kNoPart;
   Comes comes_ = Comes::Fresh;
   Request request_ = Request::None;
-  PickedPart chosen_;
+  PartAt chosen_;
   bool rowsMoved_ = false;  // by what was received, since the rows were shown
   InventoryUpdates updates_;
 };

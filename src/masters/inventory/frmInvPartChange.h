@@ -1,18 +1,14 @@
 #pragma once
 
-#include "records/inventory/Inventory.h"
-#include "screens/OkCancelForm.h"
-#include "shop/Shop.h"
+#include "masters/inventory/OnePartForm.h"
 
 namespace lantos {
 
 // Gives a part another number.
-class frmInvPartChange : public OkCancelForm {
+class frmInvPartChange : public OnePartForm {
  public:
   frmInvPartChange(Shop& shop, Inventory::PartIndex index);
 
-  ui::Label lblPart{*this, "lblPart"};
-  ui::Label lblDesc{*this, "lblDesc"};
   ui::Label lblNewPart{*this, "lblNewPart", "&New part number"};
   ui::TextBox txtNewPart{*this, "txtNewPart"};
   ui::ControlArray<ui::Label, 3> lblWarning{*this, "lblWarning"};
@@ -23,9 +19,6 @@ class frmInvPartChange : public OkCancelForm {
   void OnActivate() override { txtNewPart.SetFocus(); }
   void Accept() override;
   void Refuse(const std::string& why);
-
-  Shop& shop_;
-  Inventory::PartIndex index_;
 };
 
 // Asks for the new number and changes it, if the person wants to. The list is told by the inventory.

@@ -5,35 +5,21 @@
 namespace lantos {
 
 frmInvPartDelete::frmInvPartDelete(Shop& shop, Inventory::PartIndex index)
-    : OkCancelForm(shop.desktop, shop.keys, "frmInvPartDelete", "Delete Part"), shop_(shop), index_(index) {
+    : OnePartForm(shop, "frmInvPartDelete", "Delete Part", index) {
   SetSize(7500, 3600);
   lblWarning[0].SetCaption("Warning: Deleting a part number can not be \"undone\".");
-  lblWarning[1].SetCaption(
-      "Make sure only one instance of Korvel is running, otherwise, Inventory will not be accurate.");
+  lblWarning[1].SetCaption(kOnlyOneInstance);
   UseButtons(cmdYes, cmdNo);
   SetDefaultButton(cmdNo);
   cmdYes.SetToolTip("Delete <F10>");
   cmdNo.SetToolTip("Cancel <Esc>");
-  if (index == Inventory::kNoPart) return;
-  const InventoryTag& tag = shop.records.inventory.Tag(index);
-  lblPart.SetCaption(tag.Get(inventorytag::StockNumber));
-  lblDesc.SetCaption(tag.Get(inventorytag::Description));
 }
 
-void frmInvPartDelete::Accept() {
-  const PartUpdated done = DeletePart(shop_.records.inventory, kNoLink, index_);
-  if (done == PartUpdated::WasDeleted) {
-    shop_.desktop.Tell("Part " + lblPart.Caption() + " was deleted or renumbered by another user.", Caption(),
-                       ui::Icon::Exclamation);
-  }
-  deleted = done == PartUpdated::Yes;
-  if (done != PartUpdated::GivenUp) Hide();
-}
+void frmInvPartDelete::Accept() { LeaveWith(DeletePart(shop_.records.inventory, index_)); }
 
-bool DeleteAsked(Shop& shop, Inventory::PartIndex index) {
+void DeleteAsked(Shop& shop, Inventory::PartIndex index) {
   frmInvPartDelete form(shop, index);
   form.ShowModal();
-  return form.deleted;
 }
 
 }  // namespace lantos

@@ -13,6 +13,7 @@ constexpr const char* kInvitation = "Enter vendor to add.";
 frmVendorAdd::frmVendorAdd(Shop& shop)
     : OkCancelForm(shop.desktop, shop.keys, "frmVendorAdd", "Add Vendor"), shop_(shop) {
   SetSize(6000, 2100);
+  Msg.SetCaption(kInvitation);
   VendorName.SetMaxLength(vendor::VendorName.width - 1);
   cmdOK.SetToolTip("Add the vendor <F10>");
   cmdCancel.SetToolTip("Close <Esc>");

@@ -16,7 +16,7 @@ class frmVendorAdd : public OkCancelForm {
   std::optional<std::size_t> Added() const { return added_; }
 
   ui::TextBox VendorName{*this, "VendorName"};
-  ui::Label Msg{*this, "Msg", "Enter vendor to add."};
+  ui::Label Msg{*this, "Msg"};
   ui::Button cmdOK{*this, "cmdOK", "&OK"};
   ui::Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 

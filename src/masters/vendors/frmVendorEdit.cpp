@@ -74,17 +74,13 @@ std::size_t frmVendorEdit::EndOfListAt(Direction direction) const {
 }
 
 void frmVendorEdit::Step(Direction direction) {
-  if (!MayLeaveVendor()) return;
+  if (!MayGoOn()) return;
   if (!GoTo(direction)) {
     vendors_.MakeCurrent(Index());
     shop_.desktop.Beep();
   }
   Reset();
-}
-
-bool frmVendorEdit::MayLeaveVendor() {
-  return !Changed() || shop_.desktop.Ask("Discard current changes?", Caption(), ui::Buttons::YesNo,
-                                         ui::Icon::Question) == ui::Answer::Yes;
+  EnterAnew();
 }
 
 // Passes over vendors that another copy has deleted since the list was made.

@@ -48,7 +48,6 @@ class frmVendorEdit : public EditForm {
   enum class Direction { Back, Forward };
   std::size_t EndOfListAt(Direction direction) const;
   void Step(Direction direction);
-  bool MayLeaveVendor();
   bool GoTo(Direction direction);
 
   Vendors& vendors_;

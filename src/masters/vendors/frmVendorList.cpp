@@ -1,5 +1,7 @@
 #include "masters/vendors/frmVendorList.h"
 
+#include <algorithm>
+
 #include "masters/vendors/frmVendorAdd.h"
 #include "records/Vendors.h"
 
@@ -93,6 +95,7 @@ void frmVendorList::Open(frmVendorEdit::Purpose purpose) {
   form.Unload();
   ShowRows();
   VendorList.SetListIndex(VendorList.FindData(static_cast<std::int32_t>(form.Index())));
+  VendorList.SetFocus();
 }
 
 void frmVendorList::New() {
@@ -100,9 +103,8 @@ void frmVendorList::New() {
   form.ShowModal();
   form.Unload();
   ShowRows();
-  if (!form.Added()) return;
-  VendorList.SetListIndex(VendorList.FindData(static_cast<std::int32_t>(*form.Added())));
   VendorList.SetFocus();
+  if (form.Added()) VendorList.SetListIndex(VendorList.FindData(static_cast<std::int32_t>(*form.Added())));
 }
 
 void frmVendorList::Delete() {
@@ -112,7 +114,10 @@ void frmVendorList::Delete() {
   const std::string question = "Deleting vendor\r" + vendors.CurrentVendor.Get(vendor::VendorName) + "\rAre you sure?";
   if (shop_.desktop.Ask(question, Caption(), ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) return;
   vendors.DeleteVendor(*index);
+  const int row = VendorList.ListIndex();
   ShowRows();
+  VendorList.SetListIndex(std::min(row, VendorList.ListCount() - 1));
+  VendorList.SetFocus();
 }
 
 }  // namespace lantos

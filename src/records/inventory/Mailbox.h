@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <vector>
 
 #include "frame/Environment.h"
@@ -29,7 +31,7 @@ class Mailbox {
   Left Finish();
 
  protected:
-  // Throws FileError.
+  // Throws FileError. Virtual, so that a reading can be made to fail.
   virtual void Read(const SharedFile& file, std::uint64_t offset, std::span<InventoryTag> records) const;
 
  private:

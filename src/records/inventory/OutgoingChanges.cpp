@@ -46,6 +46,7 @@ void OutgoingChanges::SendAll() {
 void OutgoingChanges::BroadcastUpdate(const std::vector<InventoryTag>& tags) {
   const std::string& mine = environment_.updateFileName;
   if (mine.empty()) return;
+  const FileIO::SteadyNames asListed(environment_.files);
   for (const std::string& peer : environment_.files.List(std::string(Left(mine, kPrefixLength)) + "*.$$$")) {
     if (!EqualsIgnoringCase(peer, mine)) AppendTo(peer, tags);
   }

@@ -14,8 +14,9 @@ bool IsAnother(const Inventory& inventory, Inventory::PartIndex index) {
 
 }  // namespace
 
-PartUpdated DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex index) {
+PartUpdated DeletePart(Inventory& inventory, Inventory::PartIndex index) {
   const Inventory::OneUpdate update(inventory);
+  FileLink offset = kNoLink;
   if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
   if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
   inventory.CurrentInv.Put(inventory::Deleted, 1);
@@ -24,9 +25,9 @@ PartUpdated DeletePart(Inventory& inventory, FileLink offset, Inventory::PartInd
   return PartUpdated::Yes;
 }
 
-PartUpdated ChangePartNumber(Inventory& inventory, FileLink offset, Inventory::PartIndex index,
-                             std::string_view newNumber) {
+PartUpdated ChangePartNumber(Inventory& inventory, Inventory::PartIndex index, std::string_view newNumber) {
   const Inventory::OneUpdate update(inventory);
+  FileLink offset = kNoLink;
   if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
   if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
   const std::string_view number = TrimView(newNumber);

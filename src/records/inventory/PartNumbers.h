@@ -13,11 +13,10 @@ namespace lantos {
 // other copies aren't told: a tag without a number says nothing to them. Nothing is changed when the person gave up on
 // a part that could not be read, and of one that another copy has deleted or renumbered meanwhile, which is WasDeleted.
 // Files held by others are waited for without end.
-PartUpdated DeletePart(Inventory& inventory, FileLink offset, Inventory::PartIndex index);
+PartUpdated DeletePart(Inventory& inventory, Inventory::PartIndex index);
 
 // Reads the part and gives it another number, in place, with no usage and no receiving behind it. The other copies are
 // told of the new number. The caller sees to it that no part has the number. The same answers.
-PartUpdated ChangePartNumber(Inventory& inventory, FileLink offset, Inventory::PartIndex index,
-                             std::string_view newNumber);
+PartUpdated ChangePartNumber(Inventory& inventory, Inventory::PartIndex index, std::string_view newNumber);
 
 }  // namespace lantos

@@ -42,6 +42,7 @@ class DriverDesktop : public Desktop {
   void FormLoaded(Form& form) override;
   void FormUnloaded(Form& form) override;
   void RunModal(Form& form) override;
+  void ServeMeanwhile(Form& form, Button& stop) override { person_.AtWork(form, stop); }
   void RunUntilUnloaded(Form& form) override;
 
  private:

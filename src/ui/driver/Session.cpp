@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "frame/Text.h"
 #include "ui/driver/FormPlace.h"
@@ -14,6 +15,16 @@ namespace {
 constexpr std::int64_t kLongestSlice = 10;
 
 bool IsDeed(const Line& line, std::string_view deed) { return !line.IsQuestion() && line.Subject() == deed; }
+
+bool EndsWork(const std::string& text, const Button& stop) {
+  try {
+    const Line line(text);
+    return IsDeed(line, "close") || (IsDeed(line, "key") && ParseKey(line.Text("key")).Is("Esc")) ||
+           (IsDeed(line, "click") && line.Text("control") == stop.FullName());
+  } catch (const Refusal&) {
+    return false;  // it is told of at its turn
+  }
+}
 
 // A form is among those that wait for as long as this lives.
 class Among {
@@ -32,6 +43,18 @@ void Session::AtForm(Form& form, const std::function<bool()>& over) {
   const Among waiting(waiting_, form);
   FormPlace place(form, *hand_);
   AtPlace(place, over);
+}
+
+// The deed that set the form to work is answered first, with the form as it is then.
+void Session::AtWork(Form& form, Button& stop) {
+  if (!HasLine() || !EndsWork(*readAhead_, stop)) return;
+  const Among waiting(waiting_, form);
+  FormPlace place(form, *hand_);
+  hand_->Settle();
+  if (answerDue_) WriteAnswer(place.Describe());
+  std::string text;
+  NextLine(text);
+  Serve(text, place);
 }
 
 void Session::AtBox(const Box& box, const std::function<void(Answer)>& press, const std::function<bool()>& over) {
@@ -69,14 +92,32 @@ void Session::AtPlace(Place& place, const std::function<bool()>& over) {
     if (over()) return;
     if (answerDue_) WriteAnswer(place.Describe());
     // The pipe has been cut: as a power cut would, it ends the process with nothing unloaded.
-    if (!std::getline(lines_, text)) std::_Exit(0);
-    answerDue_ = true;
-    try {
-      Take(Line(text), place);
-    } catch (const Refusal& refusal) {
-      error_ = refusal.what();
-    }
+    if (!NextLine(text)) std::_Exit(0);
+    Serve(text, place);
   }
+}
+
+void Session::Serve(const std::string& text, Place& place) {
+  answerDue_ = true;
+  try {
+    Take(Line(text), place);
+  } catch (const Refusal& refusal) {
+    error_ = refusal.what();
+  }
+}
+
+bool Session::NextLine(std::string& text) {
+  if (!readAhead_) return static_cast<bool>(std::getline(lines_, text));
+  text = *std::exchange(readAhead_, std::nullopt);
+  return true;
+}
+
+bool Session::HasLine() {
+  if (!readAhead_ && lines_.rdbuf()->in_avail() > 0) {
+    std::string text;
+    if (std::getline(lines_, text)) readAhead_ = text;
+  }
+  return readAhead_.has_value();
 }
 
 void Session::Take(const Line& line, Place& place) {

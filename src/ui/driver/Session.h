@@ -28,6 +28,7 @@ class Session : public Person {
   std::function<std::string()> logPath;
 
   void AtForm(Form& form, const std::function<bool()>& over) override;
+  void AtWork(Form& form, Button& stop) override;
   void AtBox(const Box& box, const std::function<void(Answer)>& press, const std::function<bool()>& over) override;
   void AtPopup(MenuItem& menu, const std::function<void(MenuItem*)>& choose,
                const std::function<bool()>& over) override;
@@ -46,7 +47,12 @@ class Session : public Person {
  private:
   // Serves the person at a place until it is over.
   void AtPlace(Place& place, const std::function<bool()>& over);
+  void Serve(const std::string& text, Place& place);
   void Take(const Line& line, Place& place);
+  // The next line, once it is there. False when the pipe has been cut.
+  bool NextLine(std::string& text);
+  // Whether the person has said something already.
+  bool HasLine();
   Json Look(const Line& line);
   Json LookAt(const std::string& subject);
   Json FormNames() const;
@@ -64,6 +70,7 @@ class Session : public Person {
   Hand* hand_ = nullptr;
   std::vector<Form*> waiting_;  // forms that wait, the innermost last
   TimerQueue timers_;
+  std::optional<std::string> readAhead_;  // said, and not served yet
   bool answerDue_ = true;
   std::string error_;
   Json events_ = Json::array();

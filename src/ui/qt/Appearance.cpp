@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace lantos::ui {
@@ -19,6 +20,20 @@ QColor ReadableOn(Color background) {
 }
 
 namespace {
+
+double BrightnessOf(const QColor& color) {
+  const auto linear = [](double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+bool CanBeRead(const QColor& text, const QColor& ground) {
+  constexpr double kReadable = 4.5;
+  constexpr double kStrayLight = 0.05;
+  const auto [dark, light] = std::minmax({BrightnessOf(text), BrightnessOf(ground)});
+  return (light + kStrayLight) / (dark + kStrayLight) >= kReadable;
+}
 
 // Lists on a coloured frame keep the theme's colours: their scroll bars and edges would take the frame's.
 void KeepTheme(QWidget& widget, bool keep) {
@@ -50,6 +65,19 @@ void PaintBackground(QWidget& widget, const std::optional<Color>& color, Colours
   }
   widget.setPalette(palette);
   widget.setAutoFillBackground(true);
+}
+
+void MakeSelectionReadable() {
+  constexpr int kStep = 105;  // percent
+  QPalette palette = QApplication::palette();
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    const QColor text = palette.color(group, QPalette::HighlightedText);
+    QColor ground = palette.color(group, QPalette::Highlight);
+    if (BrightnessOf(text) < BrightnessOf(ground)) continue;  // dark text: nothing is gained by darkening
+    while (!CanBeRead(text, ground) && ground.value() > 0) ground = ground.darker(kStep);
+    palette.setColor(group, QPalette::Highlight, ground);
+  }
+  if (palette != QApplication::palette()) QApplication::setPalette(palette);
 }
 
 QFont FontOf(const Control& control, const QFont& theme) {

@@ -20,6 +20,9 @@ enum class Colours { Inside, Around };
 // The colour behind the widget's text, with a text colour to go with it; none gives the theme's own back.
 void PaintBackground(QWidget& widget, const std::optional<Color>& color, Colours colours);
 
+// The colour of what is selected, darker where the theme's can't be read.
+void MakeSelectionReadable();
+
 // The theme's font with what the control asks for.
 QFont FontOf(const Control& control, const QFont& theme);
 

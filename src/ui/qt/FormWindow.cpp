@@ -52,6 +52,16 @@ int CommonFontSize(const Form& form) {
   return smallest;
 }
 
+// The focus has come to the field. Typing goes on where a page ends; the mouse puts the caret elsewhere afterwards.
+void EnterField(QWidget& field) {
+  if (auto* line = qobject_cast<QLineEdit*>(&field)) line->selectAll();
+  if (auto* combo = qobject_cast<QComboBox*>(&field); combo != nullptr && combo->isEditable()) {
+    combo->lineEdit()->selectAll();
+  }
+  if (auto* date = qobject_cast<QDateEdit*>(&field)) date->setSelectedSection(QDateEdit::MonthSection);
+  if (auto* page = qobject_cast<QPlainTextEdit*>(&field)) page->moveCursor(QTextCursor::End);
+}
+
 // For labels that are no controls.
 void SetFontSize(QWidget& root, int points) {
   if (points == 0) return;
@@ -210,6 +220,7 @@ void FormWindow::FocusWidgetChanged(QWidget* now) {
 // The widgets follow the form: the widget of its focus has it, and none when that can't be reached.
 void FormWindow::ApplyFocus() {
   focusDirty_ = false;
+  const bool wasElsewhere = std::exchange(wasElsewhere_, false);
   Control* wanted = form_->Focus();
   QWidget* has = focusWidget();
   Control* shown = ControlAt(has);
@@ -217,17 +228,19 @@ void FormWindow::ApplyFocus() {
     if (shown != nullptr) has->clearFocus();
     return;
   }
-  if (wanted == shown) return;
+  if (wanted == shown) {
+    if (wasElsewhere) EnterField(*has);
+    return;
+  }
   WidgetPeer* peer = PeerOf(*wanted);
   if (peer == nullptr) return;
   peer->Widget().setFocus(Qt::OtherFocusReason);
-  if (auto* line = qobject_cast<QLineEdit*>(&peer->Widget())) line->selectAll();
-  if (auto* combo = qobject_cast<QComboBox*>(&peer->Widget()); combo != nullptr && combo->isEditable()) {
-    combo->lineEdit()->selectAll();
-  }
-  if (auto* date = qobject_cast<QDateEdit*>(&peer->Widget())) date->setSelectedSection(QDateEdit::MonthSection);
-  // Typing goes on where the text ends; the mouse puts the caret elsewhere afterwards.
-  if (auto* page = qobject_cast<QPlainTextEdit*>(&peer->Widget())) page->moveCursor(QTextCursor::End);
+  EnterField(peer->Widget());
+}
+
+void FormWindow::EnterFocusedField() {
+  WidgetPeer* peer = form_->Focus() == nullptr ? nullptr : PeerOf(*form_->Focus());
+  if (peer != nullptr) EnterField(peer->Widget());
 }
 
 void FormWindow::CaptionChanged() {
@@ -237,6 +250,7 @@ void FormWindow::CaptionChanged() {
 
 void FormWindow::FocusChanged() {
   focusDirty_ = true;
+  wasElsewhere_ |= form_->Focus() != ControlAt(focusWidget());
   ScheduleFlush();
 }
 

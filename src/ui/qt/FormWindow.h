@@ -68,6 +68,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   void ScheduleFlush();
   void FlushMarked();
   void ApplyFocus();
+  void EnterFocusedField();  // of a window that comes
   void ApplyPlace();
   void LayOut();
   void FixSize();
@@ -90,6 +91,7 @@ class FormWindow : public QMainWindow, public FormPeer {
   bool painted_ = false;
   bool flushScheduled_ = false;
   bool focusDirty_ = false;
+  bool wasElsewhere_ = false;  // the form's focus, since it was last shown
   bool placing_ = false;
   bool movingFocus_ = false;
   Twips placedLeft_ = 0;

@@ -38,7 +38,9 @@ Twips ToTwips(int pixels) { return static_cast<Twips>(pixels) * kTwipsPerPixel; 
 
 void FormWindow::ShowForm() {
   painted_ = false;
+  const bool again = placedSize_.isValid();
   Flush();
+  EnterFocusedField();
   QWidget* below = desktop_.TopFormWindow();
   setWindowModality(below == nullptr || below == this ? Qt::NonModal : Qt::ApplicationModal);
   if (Button* button = form_->DefaultButton()) {
@@ -55,8 +57,13 @@ void FormWindow::ShowForm() {
     const QRect around = below != nullptr && below != this ? below->geometry() : screen()->availableGeometry();
     place = around.center() - QPoint(width() / 2, height() / 2);
   }
-  // Of the frame, which isn't there yet: else the window would creep upwards from one run to the next.
-  windowHandle()->setFramePosition(InSight(place, *this));
+  if (again && (!form_->HasPosition() || place == placedAt_)) {
+    // Where it was. Its frame is known, and would go where the window without one was put.
+    windowHandle()->setPosition(windowHandle()->position());
+  } else {
+    // Of the frame, which isn't there yet: else the window would creep upwards from one run to the next.
+    windowHandle()->setFramePosition(InSight(place, *this));
+  }
   show();
   placedAt_ = pos();
   placedSize_ = size();

@@ -1,7 +1,9 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTableView>
+#include <QTextDocument>
 #include <algorithm>
 
 #include "ui/qt/FormWindow.h"
@@ -20,7 +22,8 @@ constexpr int kLeastSection = 28;  // pixels: a column of one letter, its sort m
 // The rows of a grid, made when the view asks for them.
 class GridModel : public QAbstractTableModel {
  public:
-  explicit GridModel(const Grid& grid) : grid_(grid) {}
+  // view is the one that shows it.
+  GridModel(const Grid& grid, const QTableView& view) : grid_(grid), view_(view) {}
 
   // The grid is no more; the view is for a while yet.
   void Close() {
@@ -43,6 +46,7 @@ class GridModel : public QAbstractTableModel {
       const bool right = grid_.Columns()[static_cast<std::size_t>(index.column())].rightAligned;
       return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
     }
+    if (role == Qt::ToolTipRole) return IsCut(index) ? AsTip(Cell(index.row(), index.column())) : QVariant();
     return role == Qt::DisplayRole ? QVariant(Cell(index.row(), index.column())) : QVariant();
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -60,7 +64,16 @@ class GridModel : public QAbstractTableModel {
     return place < row_.cells.size() ? ToQt(row_.cells[place]) : QString();
   }
 
+  static QVariant AsTip(const QString& text) { return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text; }
+
+  bool IsCut(const QModelIndex& index) const {
+    const int margin = 2 * (view_.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &view_) + 1);
+    const int wanted = view_.fontMetrics().horizontalAdvance(Cell(index.row(), index.column())) + margin;
+    return wanted > view_.visualRect(index).width();
+  }
+
   const Grid& grid_;
+  const QTableView& view_;
   int rows_ = 0;
   int columns_ = 0;
   mutable GridRow row_;  // the one looked at last
@@ -74,18 +87,19 @@ QTableView& WithModel(QTableView& table, QAbstractItemModel& model) {
 }
 
 struct HasModel {
-  explicit HasModel(const Grid& grid) : model_(grid) {}
+  HasModel(const Grid& grid, const QTableView& view) : model_(grid, view) {}
   GridModel model_;
 };
 
 class GridPeer : private HasModel, public RowsPeer {
  public:
   GridPeer(FormWindow& window, Grid& control, QTableView& table)
-      : HasModel(control), RowsPeer(window, control, WithModel(table, model_)), grid_(control), table_(table) {
+      : HasModel(control, table), RowsPeer(window, control, WithModel(table, model_)), grid_(control), table_(table) {
     table_.setSelectionBehavior(QAbstractItemView::SelectRows);
     table_.setSelectionMode(QAbstractItemView::SingleSelection);
     table_.setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_.setTabKeyNavigation(false);
+    table_.setWordWrap(false);  // a row is one line, and is cut where the column ends and not at a word before it
     table_.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // one that comes and goes moves the columns
     table_.verticalHeader()->hide();
     QHeaderView& heading = *table_.horizontalHeader();
@@ -185,8 +199,8 @@ class GridPeer : private HasModel, public RowsPeer {
   void FitColumns() {
     if (fitting_) return;
     fitting_ = true;
-    table_.resizeColumnsToContents();
     QHeaderView& heading = *table_.horizontalHeader();
+    ResizeToContents(heading);
     widest_.resize(static_cast<std::size_t>(heading.count()));
     for (int column = 0; column < heading.count(); ++column) {
       if (heading.isSectionHidden(column)) continue;
@@ -205,6 +219,18 @@ class GridPeer : private HasModel, public RowsPeer {
       heading.resizeSection(column, heading.sectionSize(column) + upToHere - spare * (grown - 1) / growing);
     }
     fitting_ = false;
+  }
+
+  // Room for the sort mark has the column that bears it alone: the window system would give it to all of them, and the
+  // last ones would be pushed out of sight.
+  void ResizeToContents(QHeaderView& heading) {
+    const bool marked = heading.isSortIndicatorShown();
+    heading.setSortIndicatorShown(false);
+    table_.resizeColumnsToContents();
+    heading.setSortIndicatorShown(marked);
+    const int sorted = heading.sortIndicatorSection();
+    if (!marked || sorted < 0 || sorted >= heading.count() || heading.isSectionHidden(sorted)) return;
+    heading.resizeSection(sorted, std::max(heading.sectionSize(sorted), heading.sectionSizeHint(sorted)));
   }
 
   // What is too much for the view comes off the widest column, whose texts are cut with dots.

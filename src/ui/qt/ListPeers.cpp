@@ -1,9 +1,11 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListView>
 #include <QListWidget>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <utility>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Keys.h"
@@ -26,8 +28,8 @@ class RowDelegate : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
-    if (extent > 0)
-      size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + 2 * MarginOf(option));
+    if (extent <= 0) return size;
+    size.setWidth(extent - option.fontMetrics.horizontalAdvance(kRoomBehindText) + 2 * MarginOf(option));
     return size;
   }
 
@@ -149,6 +151,8 @@ class ComboPeer : public WidgetPeer {
       if (Window().IsAttached()) Refresh(Aspect::Selection);
     });
     combo_.view()->installEventFilter(&dropped_);
+    // Each row is as high as the first: thousands of them aren't measured before the list drops.
+    if (auto* list = qobject_cast<QListView*>(combo_.view())) list->setUniformItemSizes(true);
     if (!box_.Editable()) return;
     QObject::connect(combo_.lineEdit(), &QLineEdit::textEdited, &combo_, [this](const QString& text) {
       if (IsPersonsDoing()) box_.DoEdit(FromQt(text));

@@ -35,6 +35,7 @@ QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_uniqu
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());
+  MakeSelectionReadable();
 }
 
 QtDesktop::~QtDesktop() {
@@ -154,6 +155,16 @@ void QtDesktop::DeleteBuried(bool idle) {
 void QtDesktop::RunModal(Form& form) {
   const std::function<bool()> over = [&form] { return !form.Visible(); };
   WaitFor(over, [&] { person_->AtForm(form, over); });
+}
+
+void QtDesktop::ServeMeanwhile(Form& form, Button& stop) {
+  FlushWindows();
+  if (IsDriven()) {
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    person_->AtWork(form, stop);
+  } else {
+    QApplication::processEvents();
+  }
 }
 
 void QtDesktop::RunUntilUnloaded(Form& form) {

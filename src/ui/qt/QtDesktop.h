@@ -61,6 +61,7 @@ class QtDesktop : public Desktop {
   void FormHidden(Form& form) override;
   void FormUnloaded(Form& form) override;
   void RunModal(Form& form) override;
+  void ServeMeanwhile(Form& form, Button& stop) override;
   void RunUntilUnloaded(Form& form) override;
 
   bool IsDriven() const { return person_ != nullptr; }

@@ -19,10 +19,6 @@ NUMBERS = {
 }
 DEFAULTS = {key: value for key, (_, value) in {**SWITCHES, **NUMBERS}.items()}
 
-BUILT = {"mnuKorvelcom", "mnuFileExit", "mnuNewEstimate", "mnuPrintEstimate", "mnuPrintWorksheet",
-         "mnuConvertToWO", "mnuReschedule", "mnuDisclaimer", "mnuChangeStatus", "mnuCustomer", "mnuMaintInventory", "mnuMaintVendors",
-         "mnuRefreshCustomer", "mnuRefreshTotals", "mnuPrintOptions", "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions",
-         "mnuHQuickStartGuide", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuEstimateChecklist"}
 MENUS = [
     ("mnuFile", "&File"), ("mnuKorvelcom", "&Korvel Home Page"), ("mnuFileExit", "E&xit"),
     ("mnuCommand", "&Commands"), ("mnuNewEstimate", "&New Estimate"), ("mnuPrintEstimate", "&Print Estimate"),
@@ -43,7 +39,6 @@ MENUS = [
     ("mnuShowStat(6)", "&6 Cancelled"), ("mnuShowStat(7)", "&7 Rescheduled"), ("mnuShowStat(8)", "&8 No-show"),
     ("mnuShowStat(9)", "&9 Estimate Only"), ("mnuHelp", "&Help"), ("mnuHQuickStartGuide", "&Quick Start Guide"),
 ]
-FOLDERS = {"mnuFile", "mnuCommand", "mnuMaint", "mnuRefresh", "mnuMaintSystemInfo", "mnuShowStatus", "mnuHelp"}
 
 
 def profile(shop):
@@ -150,12 +145,9 @@ def test_every_menu_entry_is_there_in_order_with_its_caption(lantos):
     assert popups == [("mnuPopup", False), ("mnuPopupStatusMenu", False)]
 
 
-def test_what_leads_nowhere_yet_is_disabled(lantos):
+def test_every_entry_leads_somewhere(lantos):
     for name, _ in MENUS:
-        leads = name in BUILT | FOLDERS or name.startswith("mnuShowStat(")
-        assert lantos.control(name)["enabled"] is leads, name
-        if not leads:
-            assert "disabled" in lantos.refused(do="menu", item=name)
+        assert lantos.control(name)["enabled"], name
 
 
 def test_a_menu_command_is_its_button(start, shop):

@@ -110,6 +110,7 @@ def test_a_new_employee_and_another_name(at_staff, staff):
     at_staff.key("Enter")
     at_staff.expect_form("frmEmpMaint")
     assert (at_staff.text("EmpList"), at_staff.text("EmpNumber")) == ("Mia North", "000014")
+    assert at_staff.answer["focus"] == "SocSecNum", "where the hand goes on"
     mia = {**BLANK, "EmpNumber": 14, "Name": "Mia North"}
     assert employee_bytes(staff)[3] == employee_record(mia, foreign={})
     assert staff.read_system()["last_employee_number"] == 15
@@ -139,6 +140,7 @@ def test_an_employee_with_pay_records_stays_and_another_can_be_deleted(at_staff,
                             "question", ["Yes", "No"])
         at_staff.press(answer)
     assert at_staff.rows("EmpList") == [" None", "bert Wood", "Zoe Young"] and at_staff.text("EmpList") == " None"
+    assert at_staff.answer["focus"] == "EmpList"
     assert employee_bytes(staff) == [employee_record(ZOE), employee_record(BERT)]
 
 

@@ -2,7 +2,7 @@
 
 from inventoryfiles import (MASTER, MASTER_FILE, MASTER_LENGTH, TAG, TAG_FILE, TAG_LENGTH, make_names, master_record,
                             part, tag_record)
-from inventorysteps import begin_keeping, go_to_part, listed
+from inventorysteps import begin_keeping, both_files, go_to_part_among_all, listed
 from screens import expect_changed_within, span, tell
 from shopfiles import put
 
@@ -17,17 +17,11 @@ PARTS = [
 AXLE, PAD, SHOE, ZINC = range(4)
 
 
-def both_files(shop):
-    return shop.path(TAG_FILE).read_bytes(), shop.path(MASTER_FILE).read_bytes()
-
-
 def edit(start, shop, number="PAD-9", parts=PARTS):
     shop.directory.mkdir(exist_ok=True)
     make_names(shop.directory, ["BRAKES", "ENGINE"], ["ACME"])
     copy = begin_keeping(start, shop, parts)
-    go_to_part(copy, number)
-    copy.type("SearchPart", "")
-    copy.key("Enter")
+    go_to_part_among_all(copy, number)
     return open_edit(copy)
 
 

@@ -14,8 +14,8 @@ GUARDED = {
     "mnuMaintInventory": ("Inventory Maintenance", "frmInvList"),
     "mnuMaintEmployees": ("Employee", "frmEmpMaint"),
     "mnuMaintVendors": ("Vendor", "frmVendorList"),
-    "mnuSystemCompanyInfo": ("System", None),
-    "mnuSystemParameters": ("System", None),
+    "mnuSystemCompanyInfo": ("System", "frmCompanyInfo"),
+    "mnuSystemParameters": ("System", "frmSystemParameters"),
     "mnuDisclaimer": ("Edit Menu", "frmDisclaimer"),
 }
 OPEN_TO_ALL = {"mnuPrintOptions": "frmPrintOptions"}

@@ -1,16 +1,16 @@
 """Several copies that convert on one directory at once, and copies killed in the middle of it."""
 
 import os
-import threading
-
 import random
+from functools import partial
 
-from copysteps import (STOCK, USED, convert_patiently, converting_copies, copies, kill_within, shop, time_of, work)
-from driver import Lantos, data_option
+from copysteps import (STOCK, USED, conversion_lines, convert_patiently, converting_copies, copies, in_parallel,
+                       kill_within, shop, start_victim, time_of, work)
 from shopfiles import NO_LINK
 from workfiles import show
 from workorderfiles import (active_tags, archived_tags, file_name, part_row, read_workorder, stock_masters, stock_tags,
                             usage_records, used_from)
+
 
 def expect_whole_order(shop, number, active, archived):
     """Text and both tags tell of one and the same estimate."""
@@ -32,20 +32,12 @@ def expect_whole_order(shop, number, active, archived):
 def test_four_copies_that_convert_at_once_never_share_a_number_or_lose_stock(copies, work):
     count, conversions = 4, 8
     running = converting_copies(copies, work, count)
-    failures, numbers = [], {}
+    numbers = {}
 
-    def convert_all(copy, number):
-        try:
-            numbers[number] = [convert_patiently(copy) for _ in range(conversions)]
-        except Exception as failure:  # told in the test's own thread
-            failures.append(failure)
+    def convert_all(number, copy):
+        numbers[number] = [convert_patiently(copy) for _ in range(conversions)]
 
-    threads = [threading.Thread(target=convert_all, args=(copy, 900 + i)) for i, copy in enumerate(running)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert not failures, failures[0]
+    in_parallel(*(partial(convert_all, 900 + i, copy) for i, copy in enumerate(running)))
     total = count * conversions
     assert sorted(sum(numbers.values(), [])) == list(range(5001, 5001 + total))
     assert work.read_system()["last_workorder_number"] == 5001 + total
@@ -64,11 +56,6 @@ def test_four_copies_that_convert_at_once_never_share_a_number_or_lose_stock(cop
     assert len(usage_records(work)) == 2 * total
     for number in range(900, 904):
         assert work.estimate(number)["Comments"].count("Workorder # ") == conversions
-
-
-def conversion_lines():
-    return ['{"do":"click","control":"cmdConvert"}', '{"do":"answer","button":"Yes"}',
-            '{"do":"answer","button":"OK"}', '{"do":"answer","button":"OK"}']
 
 
 def expect_whole_orders(shop, texts):
@@ -113,10 +100,7 @@ def test_kills_in_the_middle_of_converting_leave_whole_files(copies, work, tmp_p
     chance = random.Random(os.environ.get("LANTOS_KILL_SEED", "930"))
     whole_time, taken, texts, orders = 0.0, set(), set(), []
     for kill in range(kills + 1):
-        victim = Lantos(tmp_path, arguments=(data_option(work.directory),), computer="VICTIM", name="victim",
-                        settings=tmp_path / "victim-settings")
-        victim.first_answer()
-        show(victim, 901)
+        victim = show(start_victim(tmp_path, work), 901)
         lines = conversion_lines() * 2
         if kill == 0:
             whole_time = time_of(victim, lines)

@@ -1,8 +1,8 @@
 """Two copies that add parts at once: all are there, and none twice."""
 
-import threading
+from functools import partial
 
-from copysteps import copies
+from copysteps import copies, in_parallel, workstations
 from inventoryfiles import MASTER_LENGTH, make_inventory, part, read_masters, read_tags
 from inventorysteps import open_inventory
 
@@ -23,19 +23,14 @@ def add_all(copy, numbers, told):
 def test_all_parts_of_two_copies_are_there_and_none_twice(copies, shop):
     shop.write()
     make_inventory(shop.directory, [part("FIRST", "THE FIRST")])
-    told, workers, running = [], [], []
-    for i in range(2):
-        copy = copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}")
+    told, workers, running = [], [], workstations(copies, shop, 2)
+    for i, copy in enumerate(running):
         copy.wait(10)
         open_inventory(copy)
         copy.key("Insert")
         numbers = [f"COMMON-{n}" for n in range(COMMON)] + [f"COPY{i}-{n}" for n in range(OWN)]
-        workers.append(threading.Thread(target=add_all, args=(copy, numbers, told)))
-        running.append(copy)
-    for worker in workers:
-        worker.start()
-    for worker in workers:
-        worker.join()
+        workers.append(partial(add_all, copy, numbers, told))
+    in_parallel(*workers)
 
     tags, masters = read_tags(shop.directory), read_masters(shop.directory)
     wanted = ["FIRST", *(f"COMMON-{n}" for n in range(COMMON)), *(f"COPY{i}-{n}" for i in range(2) for n in range(OWN))]

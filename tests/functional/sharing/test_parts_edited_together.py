@@ -2,8 +2,9 @@
 
 import random
 import threading
+from functools import partial
 
-from copysteps import copies
+from copysteps import copies, in_parallel, workstations
 from driver import DEADLINE
 from inventoryfiles import make_inventory, part, read_masters, read_tags
 from inventorysteps import go_to_part, open_inventory
@@ -21,7 +22,7 @@ def patiently(copy):
         copy.press("Retry")
 
 
-def edit_all(copy, dice, together, failures):
+def edit_all(copy, dice, together):
     try:
         for round_number in range(ROUNDS):
             number = dice.choice(PARTS)
@@ -40,25 +41,19 @@ def edit_all(copy, dice, together, failures):
             copy.expect_form("frmInvList")
     except threading.BrokenBarrierError:
         pass  # another copy's failure
-    except Exception as failure:  # told in the test's own thread
-        failures.append(failure)
+    except Exception:
         together.abort()
+        raise
 
 
 def test_alternates_of_three_copies_stay_on_both_sides(copies, shop):
     shop.write()
     make_inventory(shop.directory, [part(name, "PART", (1, 2, 3, 4), 9) for name in PARTS])
-    failures, workers, together = [], [], threading.Barrier(3)
-    for i in range(3):
-        copy = copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}")
+    running, together = workstations(copies, shop, 3), threading.Barrier(3)
+    for copy in running:
         copy.wait(10)
         open_inventory(copy)
-        workers.append(threading.Thread(target=edit_all, args=(copy, random.Random(i), together, failures)))
-    for worker in workers:
-        worker.start()
-    for worker in workers:
-        worker.join()
-    assert not failures, failures[0]
+    in_parallel(*(partial(edit_all, copy, random.Random(i), together) for i, copy in enumerate(running)))
 
     masters = {master["StockNumber"]: master for master in read_masters(shop.directory)}
     assert list(masters) == PARTS

@@ -2,11 +2,11 @@
 
 import os
 import random
-import threading
 import time
+from functools import partial
 
-from copysteps import STOCK, USED, convert_patiently, converting_copies, copies, kill_within, shop, time_of, work
-from driver import Lantos, data_option
+from copysteps import (STOCK, USED, conversion_lines, convert_patiently, converting_copies, copies, in_parallel,
+                       kill_within, shop, start_victim, time_of, work)
 from mailboxes import TICK, mail, stock
 from workfiles import show
 from workorderfiles import stock_masters, stock_tags
@@ -21,23 +21,6 @@ def tick(copy):
     while copy.answer["waiting"] == "box":
         assert copy.answer["title"] in (BROADCAST, "ReadInventoryTag"), copy.evidence()
         copy.press("Retry")
-
-
-def in_parallel(work, items):
-    failures = []
-
-    def guarded(item):
-        try:
-            work(item)
-        except Exception as failure:  # told in the test's own thread
-            failures.append(failure)
-
-    threads = [threading.Thread(target=guarded, args=(item,)) for item in items]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert not failures, failures[0]
 
 
 def let_all_run_empty(shop, running):
@@ -68,7 +51,7 @@ def test_four_copies_that_sell_at_once_come_to_one_list(copies, work):
             if chance.random() < 0.7:
                 tick(copy)
 
-    in_parallel(sell, running)
+    in_parallel(*(partial(sell, copy) for copy in running))
     let_all_run_empty(work, running)
     expect_lists_as_the_file(work, running)
     assert {tag["StockNumber"]: STOCK - tag["InStock"] for tag in stock_tags(work)} == {
@@ -79,14 +62,10 @@ def test_kills_in_the_middle_leave_no_torn_record_and_lists_that_follow(copies, 
     kills = int(os.environ.get("LANTOS_BROADCAST_KILLS", "6"))
     running = converting_copies(copies, work, 2)
     chance = random.Random(os.environ.get("LANTOS_KILL_SEED", "930"))
-    lines = ['{"do":"click","control":"cmdConvert"}', '{"do":"answer","button":"Yes"}',
-             '{"do":"answer","button":"OK"}', '{"do":"answer","button":"OK"}', f'{{"do":"wait","ms":{TICK}}}'] * 2
+    lines = [*conversion_lines(), f'{{"do":"wait","ms":{TICK}}}'] * 2
     whole_time = 0.0
     for kill in range(kills + 1):
-        victim = Lantos(tmp_path, arguments=(data_option(work.directory),), computer="VICTIM", name="victim",
-                        settings=tmp_path / "victim-settings")
-        victim.first_answer()
-        show(victim, 902)
+        victim = show(start_victim(tmp_path, work), 902)
         if kill == 0:
             whole_time = time_of(victim, lines)
         else:

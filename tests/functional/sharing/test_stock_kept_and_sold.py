@@ -3,11 +3,11 @@ LANTOS_BROADCAST_SECONDS says for how long; a minute finds more than the few sec
 
 import os
 import random
-import threading
 import time
+from functools import partial
 
-from copysteps import STOCK, USED, convert_patiently, copies, kill_within, shop, work, write_work
-from driver import Lantos, data_option
+from copysteps import (STOCK, USED, conversion_lines, convert_patiently, copies, in_parallel, kill_within, shop,
+                       start_victim, work, write_work)
 from inventoryfiles import make_inventory, part, read_masters, read_tags
 from inventorysteps import go_to_part, open_inventory
 from mailboxes import TICK, listed, mail
@@ -50,21 +50,11 @@ def edit(copy, dice, partners):
 
 
 def work_until(end, deeds):
-    failures = []
+    def again_and_again(deed, dice):
+        while time.monotonic() < end:
+            deed(dice)
 
-    def guarded(deed, dice):
-        try:
-            while time.monotonic() < end:
-                deed(dice)
-        except Exception as failure:  # told in the test's own thread
-            failures.append(failure)
-
-    threads = [threading.Thread(target=guarded, args=(deed, random.Random(i))) for i, deed in enumerate(deeds)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert not failures, failures[0]
+    in_parallel(*(partial(again_and_again, deed, random.Random(i)) for i, deed in enumerate(deeds)))
 
 
 def test_who_sells_and_who_edits_come_to_one_stock(copies, work, tmp_path):
@@ -89,15 +79,12 @@ def test_who_sells_and_who_edits_come_to_one_stock(copies, work, tmp_path):
             tick(copy)
 
     def kill(dice):
-        victim = Lantos(tmp_path, arguments=(data_option(work.directory),), computer="VICTIM", name="victim",
-                        settings=tmp_path / "victim-settings")
-        victim.first_answer()
+        victim = start_victim(tmp_path, work)
         victim.wait(10)  # its list of parts is read
         while victim.answer["waiting"] == "box":
             victim.press(victim.answer["buttons"][0])
         show(victim, 902)
-        lines = ['{"do":"click","control":"cmdConvert"}', '{"do":"answer","button":"Yes"}',
-                 '{"do":"answer","button":"OK"}', '{"do":"answer","button":"OK"}', f'{{"do":"wait","ms":{TICK}}}']
+        lines = [*conversion_lines(), f'{{"do":"wait","ms":{TICK}}}']
         kill_within(victim, lines, dice.uniform(0, 0.3))
         killed.append(victim)
 

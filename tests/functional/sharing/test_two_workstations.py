@@ -1,28 +1,26 @@
 """Several copies at work on one directory at once, and copies killed in the middle of booking."""
 
 import os
-import sqlite3
-import threading
-
 import random
+import sqlite3
+from functools import partial
 
-from copysteps import SYSTEM_LOCKED, copies, kill_within, shop, time_of, work
-from driver import Lantos, data_option
-from inventoryfiles import part
+from copysteps import (SYSTEM_LOCKED, copies, in_parallel, kill_within, shop, start_victim, time_of,
+                       workstations)
 from screens import ask_new_estimate, back_to_board, book, edit_customer, open_search, search, tell
 from shopfiles import CUSTOMER_LENGTH, NO_LINK, TAG_LENGTH, VEHICLE_LENGTH
 
 
-def workstations(copies, shop, count):
+def on_one_shop(copies, shop, count):
     shop.write()
-    return [copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}") for i in range(count)]
+    return workstations(copies, shop, count)
 
 
 # Several copies at once.
 
 
 def test_two_writers_of_one_customer_the_last_one_wins(copies, shop):
-    first, second = workstations(copies, shop, 2)
+    first, second = on_one_shop(copies, shop, 2)
     for copy, city in ((first, "Xenia"), (second, "Dayton")):
         edit_customer(copy, 8)
         copy.type("City", city)
@@ -35,7 +33,7 @@ def test_two_writers_of_one_customer_the_last_one_wins(copies, shop):
 
 def test_writes_to_different_columns_survive_and_of_one_column_the_later(copies, shop):
     shop.add_estimate(900, "2003-09-30", customer=7)
-    first, second = workstations(copies, shop, 2)
+    first, second = on_one_shop(copies, shop, 2)
     for copy in (first, second):
         copy.double_click("List1(2)", row=0)
     first.type("txtComments", "from the first")
@@ -52,7 +50,7 @@ def test_writes_to_different_columns_survive_and_of_one_column_the_later(copies,
 
 def test_another_copys_new_customer_is_found_when_its_number_is_missed(copies, shop):
     """The second copy's tags are older than the customer that the first one adds."""
-    first, second = workstations(copies, shop, 2)
+    first, second = on_one_shop(copies, shop, 2)
     open_search(second)
     search(second, NameKey=",")
     open_search(first)
@@ -86,22 +84,13 @@ def book_patiently(copy, customer):
 
 def test_four_copies_that_book_at_once_never_share_a_number(copies, shop):
     count, bookings = 4, 10
-    running = workstations(copies, shop, count)
-    failures = []
+    running = on_one_shop(copies, shop, count)
 
-    def work(copy):
-        try:
-            for _ in range(bookings):
-                book_patiently(copy, 7)
-        except Exception as failure:  # told in the test's own thread
-            failures.append(failure)
+    def book_all(copy):
+        for _ in range(bookings):
+            book_patiently(copy, 7)
 
-    threads = [threading.Thread(target=work, args=(copy,)) for copy in running]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert not failures, failures[0]
+    in_parallel(*(partial(book_all, copy) for copy in running))
     rows = shop.query("SELECT EstimateNumber, CustomerNumber FROM Estimates ORDER BY EstimateNumber")
     assert [row["EstimateNumber"] for row in rows] == list(range(1001, 1001 + count * bookings))
     assert {row["CustomerNumber"] for row in rows} == {7}
@@ -158,15 +147,13 @@ def expect_whole_shop(shop, torn):
 
 def test_kills_in_the_middle_of_booking_leave_a_whole_shop(copies, shop, tmp_path):
     kills = int(os.environ.get("LANTOS_KILLS", "30"))
-    (survivor,) = workstations(copies, shop, 1)
+    (survivor,) = on_one_shop(copies, shop, 1)
     foreign = shop.foreign_system_bytes()
     own = set(shop.names())
     chance = random.Random(os.environ.get("LANTOS_KILL_SEED", "930"))
     whole_time, finished, torn = 0.0, 0, set()
     for kill in range(kills + 1):
-        victim = Lantos(tmp_path, arguments=(data_option(shop.directory),), computer="VICTIM", name="victim",
-                        settings=tmp_path / "victim-settings")
-        victim.first_answer()
+        victim = start_victim(tmp_path, shop)
         victim.expect_form("frmMain")
         lines = [line for part in range(2) for line in booking_lines(f"K{kill}-{part}")]
         if kill == 0:

@@ -2,9 +2,9 @@
 
 import json
 import random
-import threading
+from functools import partial
 
-from copysteps import copies, kill_within
+from copysteps import copies, in_parallel, kill_within, workstations
 from vendorfiles import (ALPHA, GAMMA, VENDOR_FILE, VENDOR_LENGTH, add_vendor, open_vendors, press_on, vendor_bytes,
                          vendor_names, vendor_record, write_vendors)
 
@@ -12,7 +12,7 @@ from vendorfiles import (ALPHA, GAMMA, VENDOR_FILE, VENDOR_LENGTH, add_vendor, o
 def running(copies, shop, count):
     shop.write()
     write_vendors(shop, ALPHA)
-    started = [copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}") for i in range(count)]
+    started = workstations(copies, shop, count)
     for copy in started:
         copy.menu("mnuMaintVendors")
         press_on(copy)
@@ -21,22 +21,12 @@ def running(copies, shop, count):
 
 def test_two_copies_that_add_vendors_at_once_lose_none_and_add_none_twice(copies, shop):
     each = 25
-    failures = []
 
     def add_all(copy, letter):
-        try:
-            for i in range(each):
-                add_vendor(copy, f"{letter} {i}")
-        except Exception as failure:  # told in the test's own thread
-            failures.append(failure)
+        for i in range(each):
+            add_vendor(copy, f"{letter} {i}")
 
-    threads = [threading.Thread(target=add_all, args=(copy, letter))
-               for copy, letter in zip(running(copies, shop, 2), "XY")]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert not failures, failures[0]
+    in_parallel(*(partial(add_all, copy, letter) for copy, letter in zip(running(copies, shop, 2), "XY")))
     wanted = ["Alpha Glass"] + [f"{letter} {i}" for letter in "XY" for i in range(each)]
     assert sorted(vendor_names(shop)) == sorted(wanted)
     for record in vendor_bytes(shop)[1:]:

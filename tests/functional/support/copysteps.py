@@ -1,11 +1,13 @@
 """Several copies of the program on one directory, what they ask of files that are held, and kills in the middle."""
 
+import threading
 import time
 
 import pytest
 
 from boardlines import TODAY
 from conftest import Starter
+from driver import Lantos, data_option
 from inventoryfiles import make_inventory, part
 from screens import tell
 from workfiles import show
@@ -29,6 +31,38 @@ def copies(tmp_path):
     starter = Starter(tmp_path, "driver")
     yield starter
     starter.clean_up()
+
+
+def workstations(copies, shop, count):
+    """So many copies on the shop, each on a computer of its own."""
+    return [copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}") for i in range(count)]
+
+
+def in_parallel(*deeds):
+    """Each in a thread of its own, until all are through. The first failure is raised in the test's."""
+    failures = []
+
+    def guarded(deed):
+        try:
+            deed()
+        except Exception as failure:
+            failures.append(failure)
+
+    threads = [threading.Thread(target=guarded, args=(deed,)) for deed in deeds]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    if failures:
+        raise failures[0]
+
+
+def start_victim(home, shop):
+    """One more copy, to be killed."""
+    victim = Lantos(home, arguments=(data_option(shop.directory),), computer="VICTIM", name="victim",
+                    settings=home / "victim-settings")
+    victim.first_answer()
+    return victim
 
 
 def time_of(victim, lines):
@@ -79,8 +113,12 @@ def write_work(shop):
 
 def converting_copies(copies, shop, count):
     write_work(shop)
-    running = [copies(shop, computer=f"BENCH{i}", settings=copies.home / f"settings{i}") for i in range(count)]
-    return [show(copy, 900 + i) for i, copy in enumerate(running)]
+    return [show(copy, 900 + i) for i, copy in enumerate(workstations(copies, shop, count))]
+
+
+def conversion_lines():
+    return ['{"do":"click","control":"cmdConvert"}', '{"do":"answer","button":"Yes"}',
+            '{"do":"answer","button":"OK"}', '{"do":"answer","button":"OK"}']
 
 
 def convert_patiently(copy):

@@ -45,16 +45,16 @@ class History:
         self.archive = b""
         self.texts = {}
 
-    def _fields(self, number, status, vin, opened, closed, paid):
+    def _fields(self, number, status, vin, opened, closed, paid, license="", last="Adams", first="Beth", **_):
         vin = self.vin if vin is None else vin
-        return {"WorkorderNumber": number, "CustomerName": "Adams,Beth", "CustomerNumber": 7, "VIN": vin,
-                "Status": STATUSES.index(status), "DateOpen": file_date(opened), "DateClosed": file_date(closed),
+        return {"WorkorderNumber": number, "CustomerName": f"{last},{first}"[:31], "CustomerNumber": 7, "VIN": vin,
+                "LicenseNumber": license, "Status": STATUSES.index(status), "DateOpen": file_date(opened), "DateClosed": file_date(closed),
                 "DatePaid": file_date(paid)}
 
     def add_active(self, number, opened=None, closed=None, paid=None, status="OPEN", vin=None, file=None, text=None,
-                   **content):
+                   license="", **content):
         """Its tag stands in both files."""
-        fields = self._fields(number, status, vin, opened, closed, paid)
+        fields = self._fields(number, status, vin, opened, closed, paid, license, **content)
         file = f"W{number:07}.tqa" if file is None else file
         self.active += put(bytearray(ACTIVE_LENGTH), ACTIVE_TAG, FileName=file, **fields)
         self.archived += put(bytearray(ARCHIVED_LENGTH), ARCHIVED_TAG, MasterOffset=NO_LINK, **fields)
@@ -64,8 +64,8 @@ class History:
             self.texts[file] = text.encode("cp1252") + b"\0\r\n"
 
     def add_archived(self, number, opened=None, closed=None, paid=None, status="PAID", vin=None, offset=None, text=None,
-                     **content):
-        fields = self._fields(number, status, vin, opened, closed, paid)
+                     license="", **content):
+        fields = self._fields(number, status, vin, opened, closed, paid, license, **content)
         offset = len(self.archive) if offset is None else offset
         self.archived += put(bytearray(ARCHIVED_LENGTH), ARCHIVED_TAG, MasterOffset=offset, **fields)
         self.archive += (order_text(number, status, **content) if text is None else text).encode("cp1252")

@@ -1,6 +1,6 @@
 """Roads to the screens that keep the inventory."""
 
-from inventoryfiles import TAG_FILE, TAG_LENGTH, make_inventory
+from inventoryfiles import MASTER_FILE, TAG_FILE, TAG_LENGTH, make_inventory
 from workfiles import one_estimate, show
 
 
@@ -35,6 +35,19 @@ def go_to_part(copy, number):
     copy.key("Enter")
     assert listed(copy)[copy.control("DataGrid1")["selected"]] == number
     return copy
+
+
+def go_to_part_among_all(copy, number):
+    """The same, and the other parts are on show again."""
+    go_to_part(copy, number)
+    copy.type("SearchPart", "")
+    copy.key("Enter")
+    return copy
+
+
+def both_files(shop):
+    """The bytes of the tags and of the masters."""
+    return shop.path(TAG_FILE).read_bytes(), shop.path(MASTER_FILE).read_bytes()
 
 
 def listed(copy, column="Part"):

@@ -28,10 +28,14 @@ class Sample : public ui::Form {
   NumberFields numbers{*this};
 };
 
-TEST(NumberFields, ABoxIsRedForAsLongAsItsTextIsNoNumber) {
+class NumberFieldsTest : public testing::Test {
+ protected:
+  NumberFieldsTest() { form.Show(); }
   TestShop world;
-  Sample form(world);
-  form.Show();
+  Sample form{world};
+};
+
+TEST_F(NumberFieldsTest, ABoxIsRedForAsLongAsItsTextIsNoNumber) {
   EXPECT_FALSE(form.txtAmount.BackColor());
   test::Type(form.txtAmount, "abc");
   EXPECT_TRUE(form.txtAmount.BackColor());
@@ -44,20 +48,14 @@ TEST(NumberFields, ABoxIsRedForAsLongAsItsTextIsNoNumber) {
   }
 }
 
-TEST(NumberFields, ACommaThatWouldCutTheNumberShortIsRedToo) {
-  TestShop world;
-  Sample form(world);
-  form.Show();
+TEST_F(NumberFieldsTest, ACommaThatWouldCutTheNumberShortIsRedToo) {
   test::Type(form.txtAmount, "1,200");
   EXPECT_TRUE(form.txtAmount.BackColor()) << "read by its beginning it is 1";
   test::Type(form.txtDays, "1,200");
   EXPECT_FALSE(form.txtDays.BackColor()) << "read as a whole it is 1200";
 }
 
-TEST(NumberFields, LeavingFormatsANumberAndLetsAnythingElseStand) {
-  TestShop world;
-  Sample form(world);
-  form.Show();
+TEST_F(NumberFieldsTest, LeavingFormatsANumberAndLetsAnythingElseStand) {
   test::Type(form.txtAmount, "12.5");
   form.MoveFocus(&form.txtDays);
   EXPECT_EQ(form.txtAmount.Text(), "12.50");
@@ -67,10 +65,7 @@ TEST(NumberFields, LeavingFormatsANumberAndLetsAnythingElseStand) {
   EXPECT_TRUE(form.txtAmount.BackColor());
 }
 
-TEST(NumberFields, WhatIsNoNumberIsRefusedByItsName) {
-  TestShop world;
-  Sample form(world);
-  form.Show();
+TEST_F(NumberFieldsTest, WhatIsNoNumberIsRefusedByItsName) {
   test::Type(form.txtAmount, "abc");
   form.MoveFocus(&form.txtDays);
   world.desktop.WillAnswer(Answer::Ok);
@@ -82,10 +77,7 @@ TEST(NumberFields, WhatIsNoNumberIsRefusedByItsName) {
   EXPECT_TRUE(form.numbers.AreNumbers());
 }
 
-TEST(NumberFields, WhatWasTakenForANumberOnLeavingIsToldBeforeItCounts) {
-  TestShop world;
-  Sample form(world);
-  form.Show();
+TEST_F(NumberFieldsTest, WhatWasTakenForANumberOnLeavingIsToldBeforeItCounts) {
   test::Type(form.txtHours, "abc");
   form.MoveFocus(&form.txtDays);
   EXPECT_EQ(form.txtHours.Text(), "0.00");
@@ -97,10 +89,7 @@ TEST(NumberFields, WhatWasTakenForANumberOnLeavingIsToldBeforeItCounts) {
   EXPECT_FALSE(form.txtHours.BackColor());
 }
 
-TEST(NumberFields, WhatIsTakenOnSavingStaysAsTypedUntilThenAndIsToldOnce) {
-  TestShop world;
-  Sample form(world);
-  form.Show();
+TEST_F(NumberFieldsTest, WhatIsTakenOnSavingStaysAsTypedUntilThenAndIsToldOnce) {
   test::Type(form.txtPrice, "12abc");
   form.MoveFocus(&form.txtDays);
   EXPECT_EQ(form.txtPrice.Text(), "12abc");
@@ -113,10 +102,7 @@ TEST(NumberFields, WhatIsTakenOnSavingStaysAsTypedUntilThenAndIsToldOnce) {
   EXPECT_FALSE(form.txtPrice.BackColor());
 }
 
-TEST(NumberFields, WhatIsTakenOnLeavingIsTakenWhenTheBoxIsSavedUnleft) {
-  TestShop world;
-  Sample form(world);
-  form.Show();
+TEST_F(NumberFieldsTest, WhatIsTakenOnLeavingIsTakenWhenTheBoxIsSavedUnleft) {
   test::Type(form.txtHours, "1,200");
   world.desktop.WillAnswer(Answer::Ok);
   EXPECT_FALSE(form.numbers.AreNumbers());

@@ -27,6 +27,14 @@ struct Refusing : BookingBench {
     Choose(board.week.List1[kTuesday], 0);
     return board;
   }
+  // The form that comes is accepted, which the database refuses, and left.
+  void WillTryInVain() {
+    desktop.WillUse([](ui::Form& form) {
+      test::Press(form, "F10");
+      EXPECT_TRUE(form.Visible());
+      test::Press(form, "Esc");
+    });
+  }
   void ExpectAsBefore(std::int16_t status, const std::string& word) {
     EXPECT_EQ(desktop.failures.size(), 1U);
     EXPECT_EQ(Current().Status, status);
@@ -103,11 +111,7 @@ TEST(RefusedReschedule, ShowsWhatWasDoneOfIt) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);
   bench.Refuse("Comments");
-  bench.desktop.WillUse([&](ui::Form& form) {
-    form.PressKey(ui::ParseKey("F10"));
-    EXPECT_TRUE(form.Visible());
-    form.PressKey(ui::ParseKey("Esc"));
-  });
+  bench.WillTryInVain();
   test::Click(board.commands.cmdReschedule);
   EXPECT_EQ(bench.Stored("Status", 900), "7");
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday])[0], "000900 Rescheduled");
@@ -117,11 +121,7 @@ TEST(RefusedReschedule, ThatIsGivenUpLeavesItsCopyOnTheBoard) {
   Refusing bench;
   frmMain& board = bench.Begin(kArrived);
   bench.Refuse("Status");
-  bench.desktop.WillUse([&](ui::Form& form) {
-    form.PressKey(ui::ParseKey("F10"));
-    EXPECT_TRUE(form.Visible());
-    form.PressKey(ui::ParseKey("Esc"));
-  });
+  bench.WillTryInVain();
   test::Click(board.commands.cmdReschedule);
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]),
             (Texts{"000900 Arrived", "  Adams,Beth", "001001 ", "  Adams,Beth"}));
@@ -134,10 +134,7 @@ TEST(RefusedReschedule, WhoseCopyIsEmptyShowsItToo) {
   frmMain& board = bench.Begin(kArrived);
   bench.desktop.failuresExpected = true;
   bench.Do("create trigger RefuseLabor before insert on Labors begin select raise(abort, 'no'); end");
-  bench.desktop.WillUse([&](ui::Form& form) {
-    form.PressKey(ui::ParseKey("F10"));
-    form.PressKey(ui::ParseKey("Esc"));
-  });
+  bench.WillTryInVain();
   test::Click(board.commands.cmdReschedule);
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]).at(2), "001001 ");
 }
@@ -162,10 +159,7 @@ TEST(RefusedReschedule, ShowsAndNamesTheCopyThatStays) {
   frmMain& board = bench.Begin(kArrived);
   bench.Refuse("Status");
   for (const std::int32_t copy : {1001, 1002}) {
-    bench.desktop.WillUse([](ui::Form& form) {
-      form.PressKey(ui::ParseKey("F10"));
-      form.PressKey(ui::ParseKey("Esc"));
-    });
+    bench.WillTryInVain();
     test::Click(board.commands.cmdReschedule);
     EXPECT_TRUE(bench.desktop.failures.back().starts_with(
         fmt::format("Estimate # {:06} was made on Tue 09/30/2003 as a copy of this one, and stays there. "
@@ -200,10 +194,7 @@ TEST(RefusedReschedule, WithoutACopyIsToldAsItIs) {
   frmMain& board = bench.Begin(kArrived);
   bench.desktop.failuresExpected = true;
   bench.Do("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
-  bench.desktop.WillUse([](ui::Form& form) {
-    form.PressKey(ui::ParseKey("F10"));
-    form.PressKey(ui::ParseKey("Esc"));
-  });
+  bench.WillTryInVain();
   test::Click(board.commands.cmdReschedule);
   EXPECT_TRUE(bench.desktop.failures.at(0).starts_with("The database refused the change."))
       << bench.desktop.failures[0];

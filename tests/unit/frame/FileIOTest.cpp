@@ -97,6 +97,34 @@ TEST(FileIO, ANameKeepsItsSpellingWhileNamesAreSteady) {
   EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "Tqvendor.dat");
 }
 
+TEST(FileIO, AListedNameKeepsItsSpellingWhileNamesAreSteady) {
+  Shop shop;
+  shop.directory.Put("au9301.$$$", "");
+  shop.directory.Put("AU9302.$$$", "");
+  const FileIO::SteadyNames steady(shop.files);
+  ASSERT_EQ(shop.files.List("AU93*.$$$"), (std::vector<std::string>{"AU9302.$$$", "au9301.$$$"}));
+  std::filesystem::rename(shop.directory / "au9301.$$$", shop.directory / "Au9301.$$$");
+  EXPECT_EQ(shop.files.PathOf("au9301.$$$"), shop.directory / "au9301.$$$");
+}
+
+TEST(FileIO, TwoListedSpellingsOfOneNameAreStillRefused) {
+  Shop shop;
+  shop.directory.Put("au9301.$$$", "");
+  shop.directory.Put("AU9301.$$$", "");
+  const FileIO::SteadyNames steady(shop.files);
+  ASSERT_EQ(shop.files.List("AU93*.$$$").size(), 2U);
+  EXPECT_THROW(shop.files.PathOf("au9301.$$$"), FileError);
+}
+
+TEST(FileIO, WhatLeadsToAFileIsListedAndWhatLeadsToADirectoryIsNot) {
+  const Shop shop;
+  shop.directory.Put("AU9301.$$$", "");
+  std::filesystem::create_directory(shop.directory / "AU9302.$$$");
+  std::filesystem::create_symlink("AU9301.$$$", shop.directory / "AU9303.$$$");
+  std::filesystem::create_symlink("AU9302.$$$", shop.directory / "AU9304.$$$");
+  EXPECT_EQ(shop.files.List("AU93*.$$$"), (std::vector<std::string>{"AU9301.$$$", "AU9303.$$$"}));
+}
+
 TEST(FileIO, EachChangeOfTheDirectoryIsSeenAtTheNextLook) {
   const Shop shop;
   for (int i = 0; i < 50; ++i) {

@@ -343,6 +343,29 @@ TEST_F(EmpMaint, AHeldFileEndsTheSaveAndLeavesWhatWasTyped) {
   EXPECT_EQ(File(), before);
 }
 
+TEST_F(EmpMaint, AFileThatIsHeldForAMomentLetsWhatWasReadLastBeLookedAt) {
+  Maintain([this](frmEmpMaint& form) {
+    {
+      const SharedFile other(directory / "TQEMPLOY.DAT", Access::ReadWrite, Deny::All);
+      Choose(form.EmpList, "Zoe Young");
+      EXPECT_EQ(form.EmpAddr.Text(), "1 Mill Lane");
+    }
+    Change(0, [](Image& record) { record.Text(51, "9 Mill Lane"); });
+    Choose(form.EmpList, "Abe Lee");
+    Choose(form.EmpList, "Zoe Young");
+    EXPECT_EQ(form.EmpAddr.Text(), "9 Mill Lane") << "as the file has it when it can be had";
+    Press(form, "Esc");
+  });
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(EmpMaint, AFileThatStaysHeldKeepsTheScreenFromOpening) {
+  const SharedFile other(directory / "TQEMPLOY.DAT", Access::ReadWrite, Deny::All);
+  frmEmpMaint form(shop, database.korvelData);
+  EXPECT_THROW(form.ShowModal(), FileError);
+  EXPECT_FALSE(form.Visible());
+}
+
 TEST_F(EmpMaint, ARecordThatIsDroppedAndASecondOfANumberAreNotListed) {
   directory.Put("TQEMPLOY.DAT",
                 File() + EmployeeImage(-1, "Dropped").Bytes() + EmployeeImage(7, "Abe's double").Bytes());

@@ -21,6 +21,7 @@ TEST_F(EmpNew, ANewEmployeeHasTheNextNumberAndIsChosen) {
     Press(form, "Insert");
     EXPECT_EQ(form.EmpList.Text(), "Mia North");
     EXPECT_EQ(form.EmpNumber.Text(), "000014");
+    EXPECT_TRUE(form.SocSecNum.HasFocus());
     EXPECT_EQ(form.DateHired.Text(), "");
     EXPECT_EQ(NamesIn(form.EmpList), (Names{" None", "Abe Lee", "bert Wood", "Mia North", "Pat Old", "Zoe Young"}));
     Press(form, "Esc");
@@ -161,6 +162,7 @@ TEST_F(EmpNew, DeletingAsksAndClosesUp) {
     EXPECT_EQ(NamesIn(form.EmpList), (Names{" None", "Abe Lee", "bert Wood", "Zoe Young"}));
     EXPECT_EQ(form.EmpList.Text(), " None");
     EXPECT_EQ(form.DateTerminated.Text(), "");
+    EXPECT_TRUE(form.EmpList.HasFocus());
     Press(form, "Esc");
   });
   EXPECT_EQ(desktop.boxes[0].text,

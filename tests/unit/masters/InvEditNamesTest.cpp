@@ -70,6 +70,29 @@ TEST_F(InvEditNames, ANewNameThatComesToNothingLeavesWhatStoodThere) {
   });
 }
 
+TEST_F(InvEditNames, ArrowsWalkTheNamesAndTheOpenListAloneHasNew) {
+  Edit([this](frmInvEdit& form) {
+    form.MoveFocus(&form.ComboD);
+    Press(form, "Down");
+    EXPECT_EQ(form.ComboD.Text(), "BRAKES") << "nothing stood there";
+    Press(form, "Up");
+    EXPECT_EQ(form.ComboD.Text(), "BRAKES");
+    Press(form, "Down");
+    EXPECT_EQ(form.ComboD.Text(), "ENGINE");
+    Press(form, "Up");
+    EXPECT_EQ(form.ComboD.Text(), "BRAKES");
+    Press(form, "Alt+Down");
+    Press(form, "Up");
+    desktop.WillUse([](ui::Form& shown) {
+      EXPECT_EQ(shown.Caption(), "Add Department");
+      Press(shown, "Esc");
+    });
+    Press(form, "Enter");
+    EXPECT_EQ(form.ComboD.Text(), "BRAKES");
+    Drop(form);
+  });
+}
+
 TEST_F(InvEditNames, AnUnknownDepartmentIsCorrectedOrPutBack) {
   desktop.WillAnswer({Answer::Retry, Answer::Cancel});
   Edit([this](frmInvEdit& form) {

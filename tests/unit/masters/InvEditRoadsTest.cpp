@@ -30,6 +30,22 @@ TEST_F(InvEditRoads, PgDnAndPgUpGoToTheNeighboursAndBeepAtTheEnds) {
   EXPECT_EQ(rows.refreshed, std::vector<Inventory::PartIndex>{1});
 }
 
+TEST_F(InvEditRoads, TheHandStaysInItsFieldWhichIsEnteredAnew) {
+  desktop.WillAnswer({Answer::Yes, Answer::Yes});
+  Edit([](frmInvEdit& form) {
+    form.MoveFocus(&form.QtyInStock);
+    Press(form, "PgDn");
+    EXPECT_TRUE(form.QtyInStock.HasFocus());
+    Press(form, "7");
+    EXPECT_EQ(form.QtyInStock.Text(), "7") << "what the part has is marked";
+    form.MoveFocus(&form.cmdPrev);
+    form.cmdPrev.DoClick();
+    EXPECT_TRUE(form.Description.HasFocus());
+    Press(form, "X");
+    Press(form, "Esc");
+  });
+}
+
 TEST_F(InvEditRoads, LeavingAChangedPartForItsNeighbourAsks) {
   desktop.WillAnswer({Answer::No, Answer::Yes});
   Edit([](frmInvEdit& form) {
@@ -64,6 +80,10 @@ TEST_F(InvEditRoads, OnlyAKitHasPartsToEdit) {
   Edit([this](frmInvEdit& form) {
     EXPECT_FALSE(form.cmdEditKit.Enabled());
     Press(form, "F4");
+    form.MoveFocus(&form.ComboD);
+    Press(form, "F4");
+    EXPECT_TRUE(form.ComboD.DroppedRow()) << "it is the drop-down's key then";
+    Press(form, "Esc");
     form.Location.DoType("KIT:(5.00,6.00)");
     EXPECT_TRUE(form.cmdEditKit.Enabled());
     form.Location.DoType("kit:");
@@ -106,7 +126,7 @@ TEST_F(InvEditRoads, UsageAndReceivingAreBlankAndSayWhoShowsThem) {
     Press(form, "Alt+R");
     Press(form, "Esc");
   });
-  EditPart(shop, rows, kNoLink, 0);
+  EditPart(shop, rows, {kNoLink, 0});
 }
 
 TEST_F(InvEditRoads, AHeadingShowsAnAmpersandOfAPartNumber) {

@@ -287,7 +287,7 @@ TEST_F(InvEdit, APartDeletedByAnotherUserIsNotBroughtBack) {
 TEST_F(InvEdit, APartThatCanNotBeReadIsNotShown) {
   desktop.WillAnswer(Answer::Cancel);
   const SharedFile held(directory / "TQINVENT.DAT", Access::ReadWrite, Deny::All);
-  EditPart(shop, rows, kNoLink, 0);
+  EditPart(shop, rows, {kNoLink, 0});
   EXPECT_EQ(desktop.boxes[0].title, "ReadInventory");
 }
 

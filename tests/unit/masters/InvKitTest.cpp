@@ -119,6 +119,17 @@ TEST_F(InvKit, ADeletedPartGivesItsRowToTheNextAndTheLinesMoveUp) {
   EXPECT_EQ(KitFile(), KitImage("TUNEUP", {"PLUG(4)"}).Bytes());
 }
 
+TEST_F(InvKit, TheHandIsInTheListAfterAPartWasDeletedByItsLetter) {
+  PutKit({"PLUG(4)", "WIRES", "CAP"});
+  desktop.WillAnswer(Answer::Yes);
+  Edit([](frmInvKit& form) {
+    Press(form, "Alt+D");
+    EXPECT_TRUE(form.List1.HasFocus());
+    Press(form, "Down");
+    EXPECT_EQ(form.List1.ListIndex(), 1);
+  });
+}
+
 TEST_F(InvKit, AKitWithoutPartsIsStoredWithBlankLines) {
   PutKit({"PLUG(4)"});
   Edit([](frmInvKit& form) {

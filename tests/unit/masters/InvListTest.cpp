@@ -212,7 +212,7 @@ TEST_F(ShownInvList, ARowThatIsTakenAwayLeavesThePersonOnTheOneBehindIt) {
 TEST_F(ShownInvList, NeighboursAreThoseOfTheHitsInTheirOrder) {
   const auto numberOf = [&](const std::optional<PartAt>& part) {
     if (!part) return std::string("none");
-    EXPECT_EQ(part->tag, inventory.Tag(part->index).Get(inventorytag::Tag));
+    EXPECT_EQ(part->master, inventory.Tag(part->index).Get(inventorytag::Tag));
     return inventory.Tag(part->index).Get(inventorytag::StockNumber);
   };
   const Inventory::PartIndex hose4 = inventory.FindPart("HOSE-4");
@@ -226,7 +226,7 @@ TEST_F(ShownInvList, NeighboursAreThoseOfTheHitsInTheirOrder) {
 
 TEST_F(InvList, ADeletedPartHasNoRowAfterTheNextStartAndOneWithoutANumberHas) {
   AddPart("GONE");
-  ASSERT_EQ(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")), PartUpdated::Yes);
+  ASSERT_EQ(DeletePart(inventory, inventory.FindPart("GONE")), PartUpdated::Yes);
   const Inventory::PartIndex nameless = AddPart("X");
   std::optional<Inventory::Part> part = inventory.Read(nameless);
   part->tag.Put(inventorytag::StockNumber, "");
@@ -244,7 +244,7 @@ TEST_F(InvList, ADeletedPartHasNoRowAfterTheNextStartAndOneWithoutANumberHas) {
 
 TEST_F(InvList, WhereTheMastersAreHeldOrGoneAPartWithoutANumberIsTakenForALiveOne) {
   AddPart("GONE");
-  ASSERT_EQ(DeletePart(inventory, kNoLink, inventory.FindPart("GONE")), PartUpdated::Yes);
+  ASSERT_EQ(DeletePart(inventory, inventory.FindPart("GONE")), PartUpdated::Yes);
   for (const bool held : {true, false}) {
     ForgetList();
     std::optional<SharedFile> holder;

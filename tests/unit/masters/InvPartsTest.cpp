@@ -307,6 +307,18 @@ TEST_F(InvPart, APartThatWasSearchedForIsDeletedFromItsHits) {
   list.Hide();
 }
 
+TEST_F(InvPart, TheHandIsOnTheRowsAfterANumberWasChangedOrAPartDeletedByItsLetter) {
+  OnList("AXLE", [&] {
+    for (const auto& [letter, leave] : {std::pair{"Alt+G", "Esc"}, {"Alt+L", "Esc"}, {"Alt+L", "F10"}}) {
+      desktop.WillUse([key = leave](ui::Form& form) { test::Press(form, key); });
+      test::Press(list, letter);
+      EXPECT_EQ(list.Focus(), &list.DataGrid1) << letter;
+    }
+    test::Press(list, "Down");
+    EXPECT_EQ(Current(), "ZINC") << "PAD-9 is behind the deleted one";
+  });
+}
+
 TEST_F(InvPart, BehindADeletedPartTheNextIsCurrent) {
   OnList("AXLE", [&] {
     desktop.WillUse([&](ui::Form& form) { test::Press(form, "F10"); });

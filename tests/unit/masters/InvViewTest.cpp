@@ -99,7 +99,7 @@ TEST_F(InvView, AlternatesHaveTheirStockAndAWayToThem) {
   test::Press(view, "F10");
   ASSERT_TRUE(view.Selected());
   EXPECT_EQ(view.Selected()->index, inventory.FindPart("PAD-8"));
-  EXPECT_EQ(view.Selected()->tag, 344);
+  EXPECT_EQ(view.Selected()->master, 344);
 }
 
 TEST_F(InvView, AnAlternateThatNoPartIsSaysSo) {

@@ -77,6 +77,21 @@ TEST_F(KeepingStock, WhoeverOpensTheListAnewBeginsWithTheSearch) {
   InventoryMaintenance(shop, list);
 }
 
+TEST_F(KeepingStock, WhatWasLookedForIsMarkedWhenTheListIsOpenedAnew) {
+  desktop.WillUse([&](ui::Form&) {
+    test::Type(list.SearchPart, "PAD");
+    test::Press(list, "Esc");
+  });
+  InventoryMaintenance(shop, list);
+  desktop.WillUse([&](ui::Form&) {
+    EXPECT_EQ(list.Focus(), &list.SearchPart);
+    test::Press(list, "X");
+    EXPECT_EQ(list.SearchPart.Text(), "x");
+    test::Press(list, "Esc");
+  });
+  InventoryMaintenance(shop, list);
+}
+
 TEST_F(KeepingStock, AViewLeadsBackToTheListOrOnToTheEditing) {
   WillUseList("PAD-9", "F4");
   WillUse<frmInvView>([](frmInvView& view) { test::Press(view, "Esc"); });

@@ -66,7 +66,7 @@ class PartBench : public MasterShop {
   // The screen on the part, which the person must leave at the end.
   void Edit(const std::function<void(frmInvEdit&)>& use, Inventory::PartIndex part = 0) {
     desktop.WillUse([use](ui::Form& shown) { use(As<frmInvEdit>(shown)); });
-    EditPart(shop, rows, kNoLink, part);
+    EditPart(shop, rows, {kNoLink, part});
   }
 
   // Leaves the screen, changes and all.

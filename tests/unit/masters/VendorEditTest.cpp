@@ -68,6 +68,23 @@ TEST_F(VendorEdit, SavesEveryFieldToTheFile) {
   EXPECT_EQ(RecordAt(2), Gamma());
 }
 
+TEST_F(VendorEdit, TheNextVendorsFieldIsEnteredAnew) {
+  Edit([](frmVendorEdit& form) {
+    form.MoveFocus(&form.Contact);
+    Press(form, "PgDn");
+    EXPECT_TRUE(form.Contact.HasFocus());
+    form.MoveFocus(&form.VendorName);
+    Press(form, "PgUp");
+    Press(form, "X");
+    EXPECT_EQ(form.VendorName.Text().size(), 1U) << "the name was marked";
+    form.MoveFocus(&form.cmdNext);
+    form.cmdReset.DoClick();
+    form.cmdNext.DoClick();
+    EXPECT_TRUE(form.cmdNext.HasFocus()) << "it may be pressed again";
+    Press(form, "Esc");
+  });
+}
+
 TEST_F(VendorEdit, SavingAnUnchangedVendorLeavesEveryByte) {
   const std::string before = File();
   EXPECT_TRUE(Edit([](frmVendorEdit& form) {

@@ -84,7 +84,8 @@ TEST_F(VendorList, DeletingAsksAndTheRowGoes) {
     EXPECT_EQ(list.VendorList.ListIndex(), 1);
     Press(list, "Delete");
     EXPECT_EQ(NamesIn(list), (Names{"Alpha Glass", "Delta Paint"}));
-    EXPECT_EQ(list.VendorList.ListIndex(), -1);
+    EXPECT_EQ(list.VendorList.ListIndex(), 1) << "the row behind it";
+    EXPECT_TRUE(list.VendorList.HasFocus());
     Press(list, "Esc");
   });
   EXPECT_EQ(desktop.boxes[0].text, "Deleting vendor\rGamma Towing\rAre you sure?");
@@ -92,6 +93,34 @@ TEST_F(VendorList, DeletingAsksAndTheRowGoes) {
   EXPECT_EQ(desktop.boxes[0].buttons, ui::Buttons::YesNo);
   EXPECT_EQ(desktop.boxes[0].icon, ui::Icon::Question);
   EXPECT_EQ(File(), Alpha().Bytes() + std::string(408, '\0') + Delta());
+}
+
+TEST_F(VendorList, BehindTheLastVendorTheOneBeforeItIsSelectedAndNoneWhereAllAreGone) {
+  desktop.WillAnswer({Answer::Yes, Answer::Yes, Answer::Yes});
+  Maintain([](frmVendorList& list) {
+    list.VendorList.DoSelect(2);
+    for (const int selected : {1, 0, -1}) {
+      Press(list, "Delete");
+      EXPECT_EQ(list.VendorList.ListIndex(), selected);
+    }
+    Press(list, "Esc");
+  });
+}
+
+TEST_F(VendorList, TheHandIsInTheListAfterEachCommandHoweverItWasGiven) {
+  desktop.WillAnswer(Answer::Yes);
+  Maintain([this](frmVendorList& list) {
+    list.VendorList.DoSelect(0);
+    const auto leave = [](ui::Form& form) { Press(form, "Esc"); };
+    for (const char* key : {"Alt+E", "Alt+S", "Alt+N"}) {
+      desktop.WillUse(leave);
+      Press(list, key);
+      EXPECT_TRUE(list.VendorList.HasFocus()) << key;
+    }
+    Press(list, "Alt+D");
+    EXPECT_TRUE(list.VendorList.HasFocus());
+    Press(list, "Esc");
+  });
 }
 
 TEST_F(VendorList, ADeletedVendorsRowIsAbsentAtTheNextLoadAndTheOthersKeepTheirNumbers) {

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -199,6 +200,32 @@ TEST(QtDesktop, APictureOfTheTopmostWindowIsWritten) {
             bench.Window().size() * bench.Window().devicePixelRatio());
 }
 
+TEST(QtDesktop, AFormThatIsShownAgainHasTheTextOfItsFieldMarked) {
+  Bench bench;
+  bench.form.Show();
+  bench.hand.Type(bench.form.TextString, "north");
+  EXPECT_FALSE(bench.WidgetOf<QLineEdit>(bench.form.TextString).hasSelectedText());
+  bench.form.Hide();
+  bench.windows.Settle();
+  bench.form.Show();
+  EXPECT_EQ(bench.WidgetOf<QLineEdit>(bench.form.TextString).selectedText(), "north");
+}
+
+TEST(QtDesktop, AFieldThatTheFocusLeavesAndComesBackToIsEnteredAnew) {
+  Bench bench;
+  bench.form.Show();
+  bench.hand.Type(bench.form.TextString, "north");
+  bench.form.TextString.SetText("south east");
+  bench.form.TextString.SetFocus();
+  bench.windows.Settle();
+  const auto& field = bench.WidgetOf<QLineEdit>(bench.form.TextString);
+  EXPECT_FALSE(field.hasSelectedText()) << "nobody has left it";
+  bench.form.cmdOK.SetFocus();
+  bench.form.TextString.SetFocus();
+  bench.windows.Settle();
+  EXPECT_EQ(field.selectedText(), "south east");
+}
+
 TEST(QtDesktop, TheClosingOfAWindowIsTheFormsDecision) {
   Bench bench;
   bench.form.Show();
@@ -220,6 +247,25 @@ TEST(QtDesktopOnScreen, AModalFormWaitsUntilItHides) {
   screen.form.ShowModal();
   EXPECT_FALSE(screen.form.Visible());
   EXPECT_TRUE(screen.form.IsLoaded());
+}
+
+TEST(QtDesktopOnScreen, InTheMiddleOfAWorkTheWindowShowsItAndThePersonCanEndIt) {
+  Screen screen;
+  bool stopped = false;
+  screen.form.cmdOK.OnClick = [&] { stopped = true; };
+  const auto work = [&] {
+    screen.form.SetCaption("At work");
+    screen.form.TextString.SetText("half");
+    for (int step = 0; step < 100 && !stopped; ++step) screen.windows.ServeMeanwhile(screen.form, screen.form.cmdOK);
+    EXPECT_EQ(dynamic_cast<QLineEdit&>(screen.WidgetOf(screen.form.TextString)).text(), "half");
+    screen.form.Hide();
+  };
+  screen.Later([&] {
+    screen.Later([&] { dynamic_cast<QPushButton&>(screen.WidgetOf(screen.form.cmdOK)).click(); });
+    work();
+  });
+  screen.form.ShowModal();
+  EXPECT_TRUE(stopped);
 }
 
 TEST(QtDesktopOnScreen, ABoxOverAModalFormGivesItsAnswer) {

@@ -38,6 +38,29 @@ TEST(GridColumns, OtherRowsDontMakeThemJump) {
   }
 }
 
+TEST(GridColumns, AListThatIsSortedKeepsTheWidthsOfItsNumbers) {
+  test::WindowShop shop;
+  for (const auto& form : shop.forms) {
+    auto* list = dynamic_cast<frmInvList*>(form.get());
+    if (list == nullptr) continue;
+    list->Show();
+    list->DataGrid1.SetRows(200, [](int number) {
+      const std::string text(20, 'W');
+      return ui::GridRow{{text, text, text, "7", "1.00", "2.00", "3.00", "4.00", "5.00", "", "", ""}, number};
+    });
+    shop.windows.Settle();
+    const auto& table = dynamic_cast<QTableView&>(shop.windows.WindowOf(*list)->PeerOf(list->DataGrid1)->Widget());
+    const std::vector<int> widths = WidthsOf(table);
+    for (const char* order : {"Part", "Description Desc"}) {
+      list->DataGrid1.SetSortedBy(order);
+      shop.windows.Settle();
+      EXPECT_TRUE(table.horizontalHeader()->isSortIndicatorShown());
+      for (std::size_t column = 3; column <= 8; ++column) EXPECT_EQ(WidthsOf(table)[column], widths[column]) << column;
+    }
+    list->Hide();
+  }
+}
+
 // Rows of a long list, known by their numbers.
 class ScrolledList {
  public:
@@ -71,6 +94,19 @@ class ScrolledList {
   test::WindowShop& shop_;
   frmInvList* list_ = nullptr;
 };
+
+// The beginnings of two parts' descriptions may be the same words.
+TEST(GridRows, ACellIsCutWhereItsColumnEndsAndIsWholeInItsToolTip) {
+  test::WindowShop shop;
+  ScrolledList list(shop);
+  QTableView& table = list.Table();
+  EXPECT_FALSE(table.wordWrap());
+  const QModelIndex cell = table.model()->index(123, 1);
+  EXPECT_FALSE(cell.data(Qt::ToolTipRole).isValid()) << "it can be read";
+  list.Show(1000000, 500);
+  table.setColumnWidth(1, 30);
+  EXPECT_EQ(table.model()->index(123, 1).data(Qt::ToolTipRole).toString(), "1000123");
+}
 
 TEST(GridRows, RowsThatChangeUnderThePersonsEyesStayWhereTheyAre) {
   test::WindowShop shop;

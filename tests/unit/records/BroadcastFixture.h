@@ -11,6 +11,22 @@
 
 namespace lantos::test {
 
+// Readings fail as often as the test says.
+class FailingMailbox : public Mailbox {
+ public:
+  using Mailbox::Mailbox;
+  mutable int failures = 0;
+
+ protected:
+  void Read(const SharedFile& file, std::uint64_t offset, std::span<InventoryTag> records) const override {
+    if (failures > 0) {
+      --failures;
+      throw FileError(FileErrorNumber::DeviceIo, "reading");
+    }
+    Mailbox::Read(file, offset, records);
+  }
+};
+
 // A shop with parts, in which this copy's update file is AU9300.$$$. Time passes by waits alone.
 class BroadcastTest : public InventoryTest {
  protected:

@@ -29,7 +29,7 @@ class PartNumbers : public InventoryTest {
 TEST_F(PartNumbers, ADeletedPartIsMarkedInTheMasterAndBlankedInTheTagAndNothingElse) {
   std::string tags = BytesOf(kInventoryTagFile);
   std::string masters = BytesOf(kInventoryFile);
-  EXPECT_EQ(DeletePart(inventory, kNoLink, 0), PartUpdated::Yes);
+  EXPECT_EQ(DeletePart(inventory, 0), PartUpdated::Yes);
   EXPECT_EQ(BytesOf(kInventoryTagFile), tags.replace(0, 21, std::string(21, '\0')));
   EXPECT_EQ(BytesOf(kInventoryFile), masters.replace(335, 1, "\1"));
   EXPECT_EQ(inventory.FindPart("AXLE"), Inventory::kNoPart);
@@ -41,7 +41,7 @@ TEST_F(PartNumbers, ADeletedPartIsMarkedInTheMasterAndBlankedInTheTagAndNothingE
 TEST_F(PartNumbers, AnotherNumberIsWrittenInPlaceAndItsHistoryStaysWithNobody) {
   std::string tags = BytesOf(kInventoryTagFile);
   std::string masters = BytesOf(kInventoryFile);
-  EXPECT_EQ(ChangePartNumber(inventory, kNoLink, 0, " SHAFT "), PartUpdated::Yes);
+  EXPECT_EQ(ChangePartNumber(inventory, 0, " SHAFT "), PartUpdated::Yes);
   EXPECT_EQ(BytesOf(kInventoryTagFile), tags.replace(0, 5, "SHAFT"));
   EXPECT_EQ(BytesOf(kInventoryFile), masters.replace(0, 5, "SHAFT").replace(336, 8, std::string(8, '\xFF')))
       << "core, kit and alternates stay as they are";
@@ -54,7 +54,7 @@ TEST_F(PartNumbers, AnotherNumberIsWrittenInPlaceAndItsHistoryStaysWithNobody) {
 
 TEST_F(PartNumbers, APartWhosePlaceIsNotKnownIsSoughtUnderItsOldNumber) {
   inventory.SetLocation(1, kNoLink);
-  EXPECT_EQ(ChangePartNumber(inventory, kNoLink, 1, "STRAP"), PartUpdated::Yes);
+  EXPECT_EQ(ChangePartNumber(inventory, 1, "STRAP"), PartUpdated::Yes);
   EXPECT_EQ(TagBytes(1).substr(0, 6), std::string("STRAP\0", 6));
   EXPECT_EQ(BytesOf(kInventoryTagFile).size(), 3U * kTagBytes);
 }
@@ -65,8 +65,8 @@ TEST_F(PartNumbers, APartThatCanNotBeReadStays) {
   {
     const SharedFile held = HeldByAnother(kInventoryFile);
     desktop.WillAnswer({ui::Answer::Cancel, ui::Answer::Cancel});
-    EXPECT_EQ(DeletePart(inventory, kNoLink, 0), PartUpdated::GivenUp);
-    EXPECT_EQ(ChangePartNumber(inventory, kNoLink, 0, "SHAFT"), PartUpdated::GivenUp);
+    EXPECT_EQ(DeletePart(inventory, 0), PartUpdated::GivenUp);
+    EXPECT_EQ(ChangePartNumber(inventory, 0, "SHAFT"), PartUpdated::GivenUp);
   }
   EXPECT_EQ(BytesOf(kInventoryFile), masters);
   EXPECT_EQ(BytesOf(kInventoryTagFile), tags);

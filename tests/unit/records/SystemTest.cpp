@@ -31,6 +31,33 @@ TEST_F(System, TakingANumberKeepsWhatAnotherWorkstationHasSetMeanwhile) {
   EXPECT_EQ(records.system.SysRec.Get(sysrec::shop_rate) & 0xFF, 99);
 }
 
+TEST_F(System, AnUpdateHoldsTheFileAndKeepsWhatAnotherWorkstationHasStored) {
+  records.system.ReadSystem();
+  std::string bytes = BytesOf(kSystemFile);
+  bytes[40] = 99;  // shop_rate
+  Put(kSystemFile, bytes);
+  records.system.Update([this](SystemRecord& record) {
+    EXPECT_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None), FileError);
+    record.Put(sysrec::company_state, "NV");
+  });
+  bytes.replace(sysrec::company_state.offset, 3, std::string("NV\0", 3));
+  EXPECT_EQ(BytesOf(kSystemFile), bytes);
+  EXPECT_EQ(records.system.SysRec.Get(sysrec::company_state), "NV");
+  EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::ReadWrite, Deny::All));
+}
+
+TEST_F(System, AnUpdateThatFailsLeavesFileAndRecordAndLetsGo) {
+  const std::string before = BytesOf(kSystemFile);
+  EXPECT_THROW(records.system.Update([](SystemRecord& record) {
+    record.Put(sysrec::shop_rate, 1);
+    throw std::overflow_error("no");
+  }),
+               std::overflow_error);
+  EXPECT_EQ(BytesOf(kSystemFile), before);
+  EXPECT_NE(records.system.SysRec.Get(sysrec::shop_rate), 1);
+  EXPECT_NO_THROW(SharedFile(PathOf(kSystemFile), Access::ReadWrite, Deny::All));
+}
+
 TEST_F(System, TheFileIsHeldFromReadingToWriting) {
   const FileHandle handle = records.system.ReadSystem(modSystem::Then::StayOpen);
   EXPECT_THROW(SharedFile(PathOf(kSystemFile), Access::Read, Deny::None), FileError);

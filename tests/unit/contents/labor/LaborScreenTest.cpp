@@ -45,7 +45,7 @@ TEST(frmLabor, ShowsTheLineAsItCame) {
   EXPECT_EQ(screen.form.TotalLabor.Text(), "90.00");
   EXPECT_EQ(screen.form.txtDesc.Text(), "CHECK BRAKES\r\nROAD TEST");
   EXPECT_FALSE(screen.form.Check2.Value());
-  EXPECT_FALSE(screen.form.cmdTechHours.Visible());
+  EXPECT_TRUE(screen.form.cmdTechHours.IsUsable());
 }
 
 TEST(frmLabor, SavesCapitalsHundredthsAndTheTechniciansCommission) {

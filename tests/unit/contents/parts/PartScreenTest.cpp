@@ -10,6 +10,16 @@ using test::Line;
 using test::PartsBench;
 using ui::Answer;
 
+// Five of A-1 at 12.34 on the estimate, on their screen.
+struct ChangedPart : PartsBench {
+  ChangedPart() {
+    form.SetLine(Line("A-1", 5, 1234));
+    form.LoadForm();
+    form.Show();
+  }
+  frmWOPart form{bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock};
+};
+
 TEST(frmWOPart, ShowsThePartOfTheInventoryAtTheLevelsPriceWithItsNumberLocked) {
   PartsBench bench;
   bench.Stock("A-1", 3);
@@ -65,11 +75,8 @@ TEST(frmWOPart, WhatIsMissingIsToldInOrder) {
 }
 
 TEST(frmWOPart, ResetBringsBackWhatWasThereAtLoad) {
-  PartsBench bench;
-  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
-  form.SetLine(Line("A-1", 5, 1234));
-  form.LoadForm();
-  form.Show();
+  ChangedPart bench;
+  frmWOPart& form = bench.form;
   test::Type(form.QuantityUsed, "9");
   test::Type(form.SalePrice, "1");
   test::Press(form, "F2");
@@ -81,11 +88,8 @@ TEST(frmWOPart, ResetBringsBackWhatWasThereAtLoad) {
 }
 
 TEST(frmWOPart, AQuantityThatIsNoNumberStaysRedAndIsRefusedByName) {
-  PartsBench bench;
-  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
-  form.SetLine(Line("A-1", 5, 1234));
-  form.LoadForm();
-  form.Show();
+  ChangedPart bench;
+  frmWOPart& form = bench.form;
   bench.desktop.WillAnswer({Answer::Ok, Answer::Ok});
   test::Type(form.QuantityUsed, "abc");
   for (int i = 0; i < 2; ++i) test::Click(form.cmdSave);
@@ -96,11 +100,8 @@ TEST(frmWOPart, AQuantityThatIsNoNumberStaysRedAndIsRefusedByName) {
 }
 
 TEST(frmWOPart, AnAmountThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
-  PartsBench bench;
-  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
-  form.SetLine(Line("A-1", 5, 1234));
-  form.LoadForm();
-  form.Show();
+  ChangedPart bench;
+  frmWOPart& form = bench.form;
   bench.desktop.otherwise = [](const ui::Box&) { return Answer::Ok; };
   const std::vector<std::pair<ui::TextBox*, std::string>> fields = {
       {&form.CostPrice, "Cost"}, {&form.SalePrice, "Sale Price"}, {&form.ListPrice, "List Price"}};
@@ -118,11 +119,8 @@ TEST(frmWOPart, AnAmountThatIsNoNumberIsToldOnceAndCountsByWhatItBeginsWith) {
 }
 
 TEST(frmWOPart, ResetLeavesNothingToLose) {
-  PartsBench bench;
-  frmWOPart form(bench.bench, "Change Part for Estimate", frmWOPart::Task::Change, frmWOPart::Kind::NonStock);
-  form.SetLine(Line("A-1", 5, 1234));
-  form.LoadForm();
-  form.Show();
+  ChangedPart bench;
+  frmWOPart& form = bench.form;
   test::Type(form.SalePrice, "abc");
   EXPECT_EQ(form.cmdCancel.Caption(), "Cancel");
   test::Press(form, "F2");

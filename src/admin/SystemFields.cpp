@@ -1,0 +1,143 @@
+#include "admin/SystemFields.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "frame/Numbers.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr int kMoney = 2;  // decimals
+constexpr int kRate = 4;
+constexpr std::size_t kLongestNumber = 12;  // "999999999.99", "9999999.9999"
+constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+
+double Units(int decimals) { return decimals == kMoney ? 100 : 10000; }
+
+std::string Shown(std::int32_t value, int decimals) {
+  return decimals == kMoney ? FormatHundredths(value) : FormatTenThousandths(value);
+}
+
+// A sign would turn a percent into dollars, and a rate into nothing that is meant.
+void AdmitDigits(char& character) {
+  const bool isDigit = character >= '0' && character <= '9';
+  if (!isDigit && character != '.') character = '\0';
+}
+
+// The status line for as long as it lives.
+class Status {
+ public:
+  Status(ui::Desktop& desktop, std::string_view text) : desktop_(desktop) { desktop_.ShowStatus(text); }
+  ~Status() { desktop_.ShowStatus(""); }
+  Status(const Status&) = delete;
+
+ private:
+  ui::Desktop& desktop_;
+};
+
+}  // namespace
+
+void SystemFields::AddText(ui::TextBox& box, TextField field, std::size_t width) {
+  box.SetMaxLength(width);
+  texts_.push_back({box, field, ""});
+}
+
+void SystemFields::AddMoney(ui::TextBox& box, LongField field, const std::string& name) {
+  Add({.box = box, .field = field, .name = name, .decimals = kMoney, .shownText = ""});
+}
+
+void SystemFields::AddRate(ui::TextBox& box, LongField field, const std::string& name) {
+  Add({.box = box, .field = field, .name = name, .decimals = kRate, .shownText = ""});
+}
+
+void SystemFields::AddSurcharge(ui::TextBox& box, ui::OptionButton& percent, ui::OptionButton& dollars, LongField field,
+                                const std::string& name) {
+  Add({.box = box,
+       .field = field,
+       .name = name,
+       .decimals = kRate,
+       .percent = &percent,
+       .dollars = &dollars,
+       .shownText = ""});
+}
+
+void SystemFields::Add(const Number& number) {
+  amounts_.push_back(number);
+  number.box.SetMaxLength(kLongestNumber);
+  number.box.SetSpokenName(number.name);
+  number.box.OnKeyPress = AdmitDigits;
+  numbers_.Add(number.box, number.name);
+}
+
+void SystemFields::AddYesNo(ui::CheckBox& box, ByteField field) { yesNos_.push_back({box, field}); }
+
+void SystemFields::Show(const SystemRecord& record) {
+  for (Text& text : texts_) {
+    text.shown = record.Get(text.field);
+    text.box.SetText(text.shown);
+  }
+  for (Number& number : amounts_) Show(number, record.Get(number.field));
+  for (YesNo& yesNo : yesNos_) {
+    yesNo.shown = record.Get(yesNo.field) == 'Y';
+    yesNo.box.SetValue(yesNo.shown);
+  }
+}
+
+void SystemFields::Show(Number& number, std::int32_t value) {
+  const bool isDollars = number.dollars != nullptr && value < 0;
+  number.shownText =
+      isDollars ? FormatFixed(-static_cast<double>(value) / Units(kRate), kMoney) : Shown(value, number.decimals);
+  number.box.SetText(number.shownText);
+  if (number.dollars != nullptr) (isDollars ? number.dollars : number.percent)->SetValue(true);
+  number.shown = ValueIn(number);
+}
+
+std::int32_t SystemFields::ValueIn(const Number& number) {
+  const std::int32_t value = RoundHalfEven(Val(number.box.Text()) * Units(number.decimals));
+  return number.dollars != nullptr && number.dollars->Value() ? -value : value;
+}
+
+// What stands there as it came is left alone, whatever it is.
+bool SystemFields::Fits(const Number& number) {
+  if (number.box.Text() == number.shownText) return true;
+  const double value = std::nearbyint(Val(number.box.Text()) * Units(number.decimals));
+  return value >= 0 && value <= kMost;
+}
+
+bool SystemFields::CanBeStored() {
+  if (!numbers_.AreNumbers()) return false;
+  const auto wrong = std::find_if_not(amounts_.begin(), amounts_.end(), Fits);
+  if (wrong == amounts_.end()) return true;
+  form_.GetDesktop().Tell(wrong->name + ": \"" + wrong->box.Text() + "\" can't be stored. It must be from " +
+                              Shown(0, wrong->decimals) + " to " + Shown(kMost, wrong->decimals) + ".",
+                          form_.Caption(), ui::Icon::Exclamation);
+  wrong->box.SetFocus();
+  return false;
+}
+
+void SystemFields::Store(SystemRecord& record) const {
+  for (const Text& text : texts_) {
+    const std::string typed = Trim(text.box.Text());
+    if (typed != text.shown) record.Put(text.field, typed);
+  }
+  for (const Number& number : amounts_) {
+    const std::int32_t value = ValueIn(number);
+    if (value != number.shown) record.Put(number.field, value);
+  }
+  for (const YesNo& yesNo : yesNos_) {
+    const bool changed = yesNo.box.Value() != yesNo.shown;
+    const bool isYes = changed ? yesNo.box.Value() : record.Get(yesNo.field) == 'Y';
+    record.Put(yesNo.field, isYes ? 'Y' : 'N');
+  }
+}
+
+void SaveSystem(Shop& shop, std::string_view status, const SystemFields& fields) {
+  const Status shown(shop.desktop, status);
+  shop.records.system.Update([&](SystemRecord& record) { fields.Store(record); });
+}
+
+}  // namespace lantos

@@ -1,0 +1,62 @@
+#include "admin/frmCompanyInfo.h"
+
+#include "frame/Text.h"
+
+namespace lantos {
+
+frmCompanyInfo::frmCompanyInfo(Shop& shop)
+    : OkCancelForm(shop.desktop, shop.keys, "frmCompanyInfo", "Company Info"), shop_(shop) {
+  SetSize(9000, 6000);
+  AddFields();
+  company_name.OnValidate = [this](bool& keepFocus) { keepFocus = !MayNameStand(); };
+  OKButton.SetToolTip("Continue <F10>");
+  CancelButton.SetToolTip("Stop <Esc>");
+  UseButtons(OKButton, CancelButton);
+  AskBeforeLosing(CancelButton, company_name, extra_company_name, company_address, company_city, company_state,
+                  company_zip, company_phone1, company_phone2, state_reg_number, fed_id_number, state_id_number,
+                  local_id_number);
+}
+
+void frmCompanyInfo::AddFields() {
+  fields_.AddText(company_name, sysrec::company_name, 31);
+  fields_.AddText(extra_company_name, sysrec::extra_company_name, 41);
+  fields_.AddText(company_address, sysrec::company_address, 32);
+  fields_.AddText(company_city, sysrec::company_city, 20);
+  fields_.AddText(company_state, sysrec::company_state, 2);
+  fields_.AddText(company_zip, sysrec::company_zip, 10);
+  fields_.AddText(company_phone1, sysrec::company_phone1, 14);
+  fields_.AddText(company_phone2, sysrec::company_phone2, 14);
+  fields_.AddText(state_reg_number, sysrec::state_reg_number, 20);
+  fields_.AddText(fed_id_number, sysrec::fed_id_number, 20);
+  fields_.AddText(state_id_number, sysrec::state_id_number, 20);
+  fields_.AddText(local_id_number, sysrec::local_id_number, 20);
+}
+
+// Another workstation may have changed the record since this one has read it.
+void frmCompanyInfo::OnLoad() {
+  shop_.records.system.ReadSystem();
+  fields_.Show(shop_.records.system.SysRec);
+  savedName_ = company_name.Text();
+  MarkUnchanged();
+}
+
+bool frmCompanyInfo::MayNameStand() {
+  if (!Contains(company_name.Text(), ">")) return true;
+  const ui::Answer answer =
+      shop_.desktop.Ask("Company name is invalid.\rClick Retry to re-enter; click Cancel to revert to saved value.",
+                        Caption(), ui::Buttons::RetryCancel);
+  if (answer == ui::Answer::Retry) return false;
+  company_name.SetText(savedName_);
+  return true;
+}
+
+// F10 doesn't leave the name, so it hasn't been looked at.
+void frmCompanyInfo::Accept() {
+  if (!MayNameStand()) return company_name.SetFocus();
+  SaveSystem(shop_, "Updating Company Info", fields_);
+  MarkUnchanged();
+  saved_ = true;
+  Hide();
+}
+
+}  // namespace lantos
