@@ -19,7 +19,7 @@ struct PayPeriod {
 };
 
 inline constexpr PayPeriod kPayPeriods[] = {
-    {1, 52, "weekly"},   {2, 26, "bi-weekly"},  {3, 24, "twice-a-month"}, {4, 12, "monthly"},
+    {1, 52, "weekly"},   {2, 26, "two-weekly"}, {3, 24, "twice-a-month"}, {4, 12, "monthly"},
     {5, 4, "quarterly"}, {6, 2, "half-yearly"}, {7, 1, "yearly"},         {8, 260, "daily"},
 };
 // Null for a code that is none.

@@ -97,7 +97,7 @@ TEST_F(PayStubTest, TheNumberIsLeftOutUnlessItIsWanted) {
 TEST_F(PayStubTest, TheFourKindsOfPay) {
   pay.Put(payrecord::SalaryPeriod, std::uint8_t{2});
   pay.Put(payrecord::Salary, 123456789);
-  EXPECT_EQ(KindOfPay(), (Texts{"Pay Period          : Bi-weekly", "Pay is              : Salaried",
+  EXPECT_EQ(KindOfPay(), (Texts{"Pay Period          : Two-weekly", "Pay is              : Salaried",
                                 "Salary ($/period)   : $1,234,567.89"}));
   pay.Put(payrecord::WagePeriod, std::uint8_t{1});
   EXPECT_EQ(KindOfPay(),

@@ -12,7 +12,16 @@ namespace {
 
 constexpr std::uint8_t kSingle = 0;
 constexpr std::uint8_t kMarried = 1;
-enum Period : std::uint8_t { kWeekly = 1, kBiWeekly, kTwiceAMonth, kMonthly, kQuarterly, kHalfYearly, kYearly, kDaily };
+enum Period : std::uint8_t {
+  kWeekly = 1,
+  kTwoWeekly,
+  kTwiceAMonth,
+  kMonthly,
+  kQuarterly,
+  kHalfYearly,
+  kYearly,
+  kDaily
+};
 
 class WithholdingTest : public testing::Test {
  protected:
@@ -54,8 +63,8 @@ TEST_F(WithholdingTest, WeeksByTheTablesOfAWeek) {
 
 // By hand: a year of such wages, its tax by the table of a year, and the period's share.
 TEST_F(WithholdingTest, OtherPeriodsByAYearOfThem) {
-  EXPECT_EQ(Federal(2003, 100000, 2, kBiWeekly, kSingle), 8538) << "26000 - 6200; 2220.00 / 26";
-  EXPECT_EQ(Federal(2003, 160000, 3, kBiWeekly, kMarried), 11269) << "41600 - 9300; 2930.00 / 26";
+  EXPECT_EQ(Federal(2003, 100000, 2, kTwoWeekly, kSingle), 8538) << "26000 - 6200; 2220.00 / 26";
+  EXPECT_EQ(Federal(2003, 160000, 3, kTwoWeekly, kMarried), 11269) << "41600 - 9300; 2930.00 / 26";
   EXPECT_EQ(Federal(2003, 60000, 1, kWeekly, kSingle), 6663) << "31200 - 3100; 3465.00 / 52";
   EXPECT_EQ(Federal(2004, 60000, 1, kWeekly, kSingle), 6663);
   EXPECT_EQ(Federal(2004, 350000, 4, kMonthly, kMarried), 21042) << "42000 - 12400; 2525.00 / 12";
@@ -65,7 +74,7 @@ TEST_F(WithholdingTest, OtherPeriodsByAYearOfThem) {
   EXPECT_EQ(Federal(2006, 8500000, 3, kYearly, kMarried), 1002600) << "85000 - 9900; 8261 and 25% of 7060";
   EXPECT_EQ(Federal(2006, 40000000, 0, kYearly, kSingle), 11921300) << "97653 and 35% of 61600";
   EXPECT_EQ(Federal(2006, 15000, 1, kDaily, kSingle), 1898) << "39000 - 3300; 4936.00 / 260";
-  EXPECT_EQ(Federal(2006, 234567, 2, kBiWeekly, kSingle), 36953) << "60987.42 - 6600; 9607.86 / 26";
+  EXPECT_EQ(Federal(2006, 234567, 2, kTwoWeekly, kSingle), 36953) << "60987.42 - 6600; 9607.86 / 26";
   EXPECT_EQ(Federal(2003, 35000, 5, kWeekly, kMarried), 0) << "18200 - 15500, not over 8000";
 }
 
@@ -176,8 +185,9 @@ TEST_F(WithholdingTest, AFileThatIsHeldGivesNoFigureEither) {
 
 TEST_F(WithholdingTest, AllowancesOfAFlatRate) {
   PutOwn(2006, "state OH\nsource x\nrate 3%\nallowance yearly 2000\n");
-  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 100000, 2, kBiWeekly})).state, 2538) << "26000 - 4000; 660.00 / 26";
-  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 1000, 2, kBiWeekly})).state, 0);
+  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 100000, 2, kTwoWeekly})).state, 2538)
+      << "26000 - 4000; 660.00 / 26";
+  EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 1000, 2, kTwoWeekly})).state, 0);
   EXPECT_EQ(tables.Work("OH", PayOf({{2006, 3, 31}, 100000, 2, 0})).state, std::nullopt) << "which part of a year?";
 }
 
