@@ -129,7 +129,7 @@ TEST_F(EmpPRHist, WhatHasNoTableIsEmptyAndTold) {
     EXPECT_EQ(Column(form, PayColumn::State), Texts(5, ""));
     EXPECT_EQ(Column(form, PayColumn::Net), Texts(5, ""));
     EXPECT_EQ(form.MsgLabel.Caption(),
-              "No withholding table: state OH 2006; local OH 2006; state OH 2005; local OH 2005. One goes into " +
+              "No withholding table: state OH 2005 to 2006; local OH 2005 to 2006. One goes into " +
                   environment.files.DataDir() + "withholding\\<year>.txt.");
   });
 }
