@@ -207,16 +207,40 @@ TEST_F(EmpPRHist, AllDeletedLeavesAnEmptyList) {
   });
 }
 
-TEST_F(EmpPRHist, ARefusedRowOfTheDatabaseIsToldAndTheListIsAsTheFileIs) {
+// The row would be taken for that of a payroll that is run again for the day.
+TEST_F(EmpPRHist, ARowThatTheDatabaseRefusesToDeleteIsLeftForTheNextSave) {
   desktop.failuresExpected = true;
   Do("create trigger Refuse before delete on EmpPRHist begin select raise(abort, 'no'); end");
-  Use([](frmEmpPRHist& form) {
+  desktop.WillAnswer(Answer::No);
+  Use([this](frmEmpPRHist& form) {
     Mark(form, 1);
     Mark(form, 3);
     Click(form.cmdSave);
-    EXPECT_EQ(Dates(form), (Texts{"01/13/2006", "12/30/2005", "12/23/2005", "12/16/2005"}));
+    EXPECT_EQ(Dates(form), (Texts{"01/13/2006", "12/30/2005", "12/16/2005"}));
+    EXPECT_EQ(RowsOfHistory(), 2U);
+    EXPECT_EQ(form.cmdCancel.Caption(), "Cancel") << "there is something to be done yet";
+    Press(form, "Delete");
+    Press(form, "Delete");
+    Press(form, "Esc");
+    EXPECT_TRUE(form.Visible());
+    Do("drop trigger Refuse");
+    Click(form.cmdSave);
+    EXPECT_EQ(RowsOfHistory(), 1U);
+    EXPECT_EQ(form.cmdCancel.Caption(), "Close");
   });
   EXPECT_EQ(desktop.failures.size(), 1U);
+}
+
+TEST_F(EmpPRHist, WithoutTheTablesOfTheDatabaseTheRecordsAreSeenAllTheSame) {
+  Do("drop table EmpPRHist");
+  Do("drop table EmpPRInfo");
+  Use([](frmEmpPRHist& form) {
+    EXPECT_EQ(Column(form, PayColumn::Gross).front(), "600.04");
+    EXPECT_EQ(Column(form, PayColumn::AddlFed), Texts(5, ""));
+    EXPECT_EQ(Column(form, PayColumn::Net), Texts(5, "")) << "it depends on what isn't known";
+    EXPECT_EQ(form.MsgLabel.Caption(), "The additional withholding can't be read from Korvel.mdb.");
+  });
+  EXPECT_TRUE(desktop.boxes.empty());
 }
 
 TEST_F(EmpPRHist, ADamagedChainIsToldAndListedAsFarAsItGoes) {
