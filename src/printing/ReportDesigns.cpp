@@ -194,7 +194,7 @@ ReportDesign WorkorderDesign() {
   // What a part number, a line of 44 characters and amounts of 32 bits take; longer lines go on below.
   design.characters = 44;
   design.wraps = true;
-  design.aboveHeading = 4;
+  design.aboveHeading = 7;
   design.columns = {{"DataLine", 0.183, 0.386, Align::Left, ""}, {"Num", 0, 0.18, Align::Left, ""},
                     {"Qty", 0.569, 0.097, Align::Right, ""},     {"Prc", 0.666, 0.1055, Align::Right, ""},
                     {"Lst", 0.7715, 0.1055, Align::Right, ""},   {"Ext", 0.877, 0.123, Align::Right, ""}};

@@ -77,7 +77,7 @@ TEST(Mnemonics, NoViewOfTheBoardHasALetterTwice) {
 }
 
 // Captions that people know. Next and Last have their letter; Name and License have keys of their own with Ctrl.
-constexpr const char* kLettersOfHistory = "L: cmdLast cmdLicense\nN: cmdNext cmdName\n";
+constexpr const char* kLettersOfHistory = "Alt+L: cmdLast cmdLicense\nAlt+N: cmdNext cmdName\n";
 
 TEST(Mnemonics, NoFormHasALetterTwice) {
   WindowShop shop;

@@ -200,10 +200,9 @@ bool IsRuled(const QImage& picture, QRect along) {
 }
 
 TEST(ReportPainter, AFrameIsAroundItsLinesOnEachPage) {
-  Report report = MakeBillOfPages(2);
-  const ui::ReportLayout plain = LayOut(report);
-  const std::size_t onFirst = plain.pages[0].lineCount;
+  const std::size_t onFirst = LayOut(MakeBillOfPages(2)).pages[0].lineCount;
   ASSERT_GT(onFirst, 10U);
+  Report report = MakeBill(onFirst + 10);
   report.kinds.assign(report.lines.size(), ui::LineKind::Across);
   report.frames = {{onFirst - 3, 5}};
   const ui::ReportLayout layout = LayOut(report);
