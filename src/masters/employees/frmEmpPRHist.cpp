@@ -40,6 +40,7 @@ frmEmpPRHist::frmEmpPRHist(Shop& shop, de2& korvel, std::int32_t employee)
   cmdPrint.SetToolTip("Print Pay Stub <F1>");
   cmdDelete.SetToolTip("Delete Entry <Del>");
   cmdSave.SetToolTip("Print <Alt+F2>");
+  MsgLabel.SetToolTip("Save deletes what is marked <F10>");  // the button's own tip tells another key
   cmdCancel.SetToolTip("Close <Esc>");
   UseButtons(cmdSave, cmdCancel);
   // The one that asks before it does anything.

@@ -101,6 +101,7 @@ TEST_F(EmpPRHist, ToolTipsAreAsTheyStand) {
   frmEmpPRHist form(shop, database.korvelData, 7);
   EXPECT_EQ(form.cmdDelete.ToolTip(), "Delete Entry <Del>");
   EXPECT_EQ(form.cmdSave.ToolTip(), "Print <Alt+F2>");
+  EXPECT_EQ(form.MsgLabel.ToolTip(), "Save deletes what is marked <F10>");
   EXPECT_EQ(form.cmdPrint.ToolTip(), "Print Pay Stub <F1>");
   EXPECT_EQ(form.cmdCancel.ToolTip(), "Close <Esc>");
 }
