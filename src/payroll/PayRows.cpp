@@ -25,9 +25,11 @@ constexpr Plain kPlain[] = {
 
 std::string TextOf(const std::optional<std::int64_t>& cents) { return cents ? FormatHundredths(*cents) : ""; }
 
+constexpr std::string_view kNoDay = "0000/00/00";
+
 std::string SortTextOf(FileDate date) {
   const std::optional<DaySerial> serial = PayDay(date);
-  if (!serial) return "0000/00/00";
+  if (!serial) return std::string(kNoDay);
   const CivilDate day = FromSerial(*serial);
   return fmt::format("{:04}/{:02}/{:02}", day.year, day.month, day.day);
 }
@@ -66,6 +68,7 @@ PayRow MakePayRow(const PayRecord& record, const Withholding& withheld, const Ad
 }
 
 std::optional<std::int64_t> YearToDate(const std::vector<PayRow>& rows, const PayRow& upTo, PayColumn column) {
+  if (upTo.sortDate == kNoDay) return std::nullopt;
   const std::string start = Left(upTo.sortDate, 4) + "/01/01";
   std::int64_t sum = 0;
   for (const PayRow& row : rows) {

@@ -65,7 +65,7 @@ AdditionalByDate LoadAdditionalWithholding(de2& korvel, std::int32_t employee);
 PayRow MakePayRow(const PayRecord& record, const Withholding& withheld, const AdditionalWithholding& additional);
 
 // The row's amounts of the same year up to its date, in cents: those of all rows that aren't marked. Nothing when one
-// of them isn't known.
+// of them isn't known, or the row has no date.
 std::optional<std::int64_t> YearToDate(const std::vector<PayRow>& rows, const PayRow& upTo, PayColumn column);
 
 }  // namespace lantos

@@ -49,6 +49,14 @@ TEST(PayRows, NoDateSortsBehindAllOthers) {
   EXPECT_EQ(MakePayRow(pay, {}, {})[PayColumn::Date], "09/05/2003") << "a bare day";
 }
 
+TEST(PayRows, WithoutADateThereIsNoYearToSumUp) {
+  PayRecord pay;
+  pay.Put(payrecord::Gross, 100);
+  const std::vector<PayRow> rows = {MakePayRow(pay, {}, {}), RowOn({2004, 1, 30}, 50)};
+  EXPECT_EQ(YearToDate(rows, rows[0], PayColumn::Gross), std::nullopt);
+  EXPECT_EQ(YearToDate(rows, rows[1], PayColumn::Gross), 50);
+}
+
 TEST(PayRows, TheYearGoesFromItsFirstDayToTheRowsOwn) {
   const std::vector<PayRow> rows = {RowOn({2004, 2, 6}, 3), RowOn({2004, 1, 30}, 50), RowOn({2004, 1, 16}, 700),
                                     RowOn({2004, 1, 1}, 9000), RowOn({2003, 12, 31}, 100000)};
