@@ -1,11 +1,11 @@
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QPainter>
 #include <QPicture>
 #include <QPrinter>
 
 #include "bench/BoardBench.h"
+#include "bench/NeedWindows.h"
 #include "printing/WorksheetReport.h"
 #include "ui/WindowPlace.h"
 #include "ui/qt/ReportPainter.h"
@@ -20,16 +20,6 @@ namespace {
 
 constexpr std::int32_t kEstimate = 1002;
 constexpr int kRemarks = 1000;  // lines of comments: with the rest of the worksheet 20 pages
-
-void NeedWindows() {
-  static int count = 1;
-  static char name[] = "lantos-bench";
-  static char platform[] = "QT_QPA_PLATFORM=offscreen";
-  static char* arguments[] = {name, nullptr};
-  static const bool set = ::putenv(platform) == 0;
-  static const QApplication application(count, arguments);
-  (void)set;
-}
 
 struct Worksheet {
   Worksheet() {
