@@ -55,6 +55,7 @@ PayRow MakePayRow(const PayRecord& record, const Withholding& withheld, const Ad
   row[PayColumn::Federal] = TextOf(withheld.federal);
   row[PayColumn::State] = TextOf(withheld.state);
   row[PayColumn::Local] = TextOf(withheld.local);
+  if (!additional.isKnown) return row;
   row[PayColumn::AddlFed] = FormatHundredths(additional.federal);
   row[PayColumn::AddlState] = FormatHundredths(additional.state);
   row[PayColumn::AddlLocal] = FormatHundredths(additional.local);

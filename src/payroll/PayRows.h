@@ -55,11 +55,13 @@ struct AdditionalWithholding {
   std::int32_t federal = 0;
   std::int32_t state = 0;
   std::int32_t local = 0;
+  bool isKnown = true;
 };
 // Of one employee, by the payroll's date in "mm/dd/yyyy".
 using AdditionalByDate = std::map<std::string, AdditionalWithholding>;
 AdditionalByDate LoadAdditionalWithholding(de2& korvel, std::int32_t employee);
 
+// The net isn't known without what is additional.
 PayRow MakePayRow(const PayRecord& record, const Withholding& withheld, const AdditionalWithholding& additional);
 
 // The row's amounts of the same year up to its date, in cents: those of all rows that aren't marked. Nothing when one

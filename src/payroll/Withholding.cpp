@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 
 #include "frame/Text.h"
 #include "payroll/PayDate.h"
@@ -42,6 +43,19 @@ std::string Particulars(const TaxedWage& wage) {
   return " (" + period + (*wage.status == TaxStatus::Married ? ", married)" : ", single)");
 }
 
+// "1999, 2001 to 2003": somebody's pay of many years has to fit below a list.
+std::string SpansOf(const std::set<int>& years) {
+  std::string all;
+  for (auto first = years.begin(); first != years.end();) {
+    auto last = first;
+    while (std::next(last) != years.end() && *std::next(last) == *last + 1) ++last;
+    all += (all.empty() ? "" : ", ") + std::to_string(*first);
+    if (last != first) all += " to " + std::to_string(*last);
+    first = std::next(last);
+  }
+  return all;
+}
+
 std::int64_t Deducted(const PayRecord& record) {
   std::int64_t sum = 0;
   for (const LongField field :
@@ -58,7 +72,7 @@ Withholding WithholdingTables::Work(std::string_view state, const PayRecord& rec
   const std::optional<DaySerial> payDay = PayDay(record.Get(payrecord::PayrollDate));
   Withholding result;
   if (!payDay) {
-    Miss("a record without a date");
+    hasUndated_ = true;
     return result;
   }
   const DaySerial day = *payDay;
@@ -79,11 +93,11 @@ std::optional<std::int64_t> WithholdingTables::Apply(Authority authority, const 
   const auto rule = std::find_if(known.rules.begin(), known.rules.end(),
                                  [&](const WithholdingRule& each) { return each.IsFor(authority, state, day); });
   if (rule == known.rules.end()) {
-    Miss(fmt::format("{} {}", NameOf(authority, state), year));
+    Miss(NameOf(authority, state), year);
     return std::nullopt;
   }
   const std::optional<std::int64_t> withheld = Withheld(*rule, wage);
-  if (!withheld) Miss(fmt::format("{} {}{}", NameOf(authority, state), year, Particulars(wage)));
+  if (!withheld) Miss(NameOf(authority, state), year, Particulars(wage));
   return withheld;
 }
 
@@ -116,17 +130,22 @@ void WithholdingTables::ReadInstalled(int year, Year& into) const {
   for (WithholdingRule& rule : ReadWithholdingRules(lines, year)) into.rules.push_back(std::move(rule));
 }
 
-void WithholdingTables::Miss(const std::string& what) {
-  if (std::find(missing_.begin(), missing_.end(), what) == missing_.end()) missing_.push_back(what);
+void WithholdingTables::Miss(const std::string& whose, int year, const std::string& particulars) {
+  auto gap = std::find_if(gaps_.begin(), gaps_.end(),
+                          [&](const Gap& each) { return each.whose == whose && each.particulars == particulars; });
+  if (gap == gaps_.end()) gap = gaps_.insert(gap, {whose, particulars, {}});
+  gap->years.insert(year);
 }
 
 std::string WithholdingTables::Missing() const {
   for (const auto& [year, rules] : years_) {
     if (!rules.broken.empty()) return "Withholding can't be worked out: " + rules.broken;
   }
-  if (missing_.empty()) return "";
-  std::string all;
-  for (const std::string& what : missing_) all += (all.empty() ? "" : "; ") + what;
+  std::string all = hasUndated_ ? "a record without a date" : "";
+  for (const Gap& gap : gaps_) {
+    all += (all.empty() ? "" : "; ") + gap.whose + " " + SpansOf(gap.years) + gap.particulars;
+  }
+  if (all.empty()) return "";
   return fmt::format("No withholding table: {}. One goes into {}{}\\<year>.txt.", all, environment_.files.DataDir(),
                      kWithholdingFolder);
 }

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,12 +51,19 @@ class WithholdingTables {
   void ReadInstalled(int year, Year& into) const;
   std::optional<std::int64_t> Apply(Authority authority, const std::string& state, DaySerial day,
                                     const TaxedWage& wage);
-  void Miss(const std::string& what);
+  // What had no rule, and in which years.
+  struct Gap {
+    std::string whose;
+    std::string particulars;  // of a rule that is there, but not for these
+    std::set<int> years;
+  };
+  void Miss(const std::string& whose, int year, const std::string& particulars = "");
 
   Environment& environment_;
   std::filesystem::path installed_;
   std::map<int, Year> years_;
-  std::vector<std::string> missing_;
+  std::vector<Gap> gaps_;
+  bool hasUndated_ = false;  // a record without a day was among them
 };
 
 }  // namespace lantos

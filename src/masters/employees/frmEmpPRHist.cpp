@@ -14,6 +14,7 @@ namespace {
 constexpr ui::Twips kWidth = 14400;
 constexpr ui::Twips kHeight = 6600;
 constexpr std::size_t kDatesTold = 5;
+constexpr std::string_view kAdditionalUnread = "The additional withholding can't be read from Korvel.mdb.";
 
 std::vector<ui::GridColumn> Columns() {
   std::vector<ui::GridColumn> columns;
@@ -39,6 +40,7 @@ frmEmpPRHist::frmEmpPRHist(Shop& shop, de2& korvel, std::int32_t employee)
   cmdPrint.SetToolTip("Print Pay Stub <F1>");
   cmdDelete.SetToolTip("Delete Entry <Del>");
   cmdSave.SetToolTip("Print <Alt+F2>");
+  MsgLabel.SetToolTip("Save deletes what is marked <F10>");  // the button's own tip tells another key
   cmdCancel.SetToolTip("Close <Esc>");
   UseButtons(cmdSave, cmdCancel);
   // The one that asks before it does anything.
@@ -57,7 +59,22 @@ void frmEmpPRHist::OnLoad() {
 // What the shop has chosen for the employee's stubs.
 void frmEmpPRHist::LoadNumberChoice() {
   if (!shop_.environment.hasKorvelDatabase) return;
-  chkIncludeSSN.SetValue(korvel_.PRInfoOf(number_).PrintSSN);
+  try {
+    chkIncludeSSN.SetValue(korvel_.PRInfoOf(number_).PrintSSN);
+  } catch (const DatabaseError& error) {
+    shop_.environment.log.Write(error.what());
+  }
+}
+
+// Nothing when the database can't be read: the records are worth seeing all the same.
+std::optional<AdditionalByDate> frmEmpPRHist::LoadAdditional() {
+  if (!shop_.environment.hasKorvelDatabase) return AdditionalByDate();
+  try {
+    return LoadAdditionalWithholding(korvel_, number_);
+  } catch (const DatabaseError& error) {
+    shop_.environment.log.Write(error.what());
+    return std::nullopt;
+  }
 }
 
 void frmEmpPRHist::OnKeyDown(ui::KeyPress& key) {
@@ -85,7 +102,7 @@ void frmEmpPRHist::Load() {
   ShowRows(rows_.empty() ? -1 : 0);
   cmdDelete.SetEnabled(!rows_.empty());
   cmdPrint.SetEnabled(!rows_.empty());
-  MarkUnchanged();
+  FollowMarks();
   if (chain.damage.empty()) return;
   shop_.desktop.Tell(
       "The pay records of " + name + " are damaged: " + chain.damage + "\rOnly those in front of it are listed.",
@@ -95,17 +112,17 @@ void frmEmpPRHist::Load() {
 void frmEmpPRHist::LoadRows(const PayChain& chain) {
   entries_ = chain.entries;
   rows_.clear();
-  AdditionalByDate additional;
-  if (shop_.environment.hasKorvelDatabase) additional = LoadAdditionalWithholding(korvel_, number_);
+  const std::optional<AdditionalByDate> additional = LoadAdditional();
   WithholdingTables tables(shop_.environment);
   const std::string state = shop_.records.system.SysRec.Get(sysrec::company_state);
   for (const PayEntry& entry : entries_) {
     const std::string date = TextOfPayDate(entry.record.Get(payrecord::PayrollDate));
-    const auto found = additional.find(date);
-    rows_.push_back(MakePayRow(entry.record, tables.Work(state, entry.record),
-                               found == additional.end() ? AdditionalWithholding() : found->second));
+    AdditionalWithholding beyond{.isKnown = additional.has_value()};
+    if (additional && additional->contains(date)) beyond = additional->at(date);
+    rows_.push_back(MakePayRow(entry.record, tables.Work(state, entry.record), beyond));
   }
   missing_ = tables.Missing();
+  if (!additional) missing_ += (missing_.empty() ? "" : "\n") + std::string(kAdditionalUnread);
 }
 
 void frmEmpPRHist::ShowRows(int current) {
@@ -147,8 +164,13 @@ void frmEmpPRHist::ToggleMark() {
   if (!row) return;
   rows_[*row][PayColumn::Mark] = rows_[*row].IsMarked() ? "" : "X";
   ShowRows(ListView1.Row());
+  FollowMarks();
+}
+
+// What a save would have to do.
+void frmEmpPRHist::FollowMarks() {
   const bool isAny = std::any_of(rows_.begin(), rows_.end(), [](const PayRow& each) { return each.IsMarked(); });
-  if (isAny) {
+  if (isAny || !additionalToGo_.empty()) {
     MarkChanged();
   } else {
     MarkUnchanged();
@@ -161,16 +183,29 @@ void frmEmpPRHist::Accept() {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     if (rows_[i].IsMarked()) marked.push_back(entries_[i]);
   }
+  std::exception_ptr failure = DeleteAdditional();
   try {
-    shop_.records.payroll.Remove(number_, marked, [this](const PayEntry& entry) {
-      if (!shop_.environment.hasKorvelDatabase) return;
-      korvel_.DeletePRHist(number_, TextOfPayDate(entry.record.Get(payrecord::PayrollDate)));
+    shop_.records.payroll.Remove(number_, marked, [this, &failure](const PayEntry& entry) {
+      additionalToGo_.push_back(TextOfPayDate(entry.record.Get(payrecord::PayrollDate)));
+      if (!failure) failure = DeleteAdditional();
     });
   } catch (...) {
-    Load();
-    throw;
+    failure = std::current_exception();
   }
   Load();
+  if (failure) std::rethrow_exception(failure);
+}
+
+// A row that stayed would be taken for that of a payroll that is run again for its day, so what a save can't delete is
+// left for the next.
+std::exception_ptr frmEmpPRHist::DeleteAdditional() {
+  if (!shop_.environment.hasKorvelDatabase) additionalToGo_.clear();
+  try {
+    for (; !additionalToGo_.empty(); additionalToGo_.pop_back()) korvel_.DeletePRHist(number_, additionalToGo_.back());
+  } catch (const DatabaseError&) {
+    return std::current_exception();
+  }
+  return nullptr;
 }
 
 void frmEmpPRHist::Print() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <exception>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "estimatedb/de.h"
@@ -36,11 +38,14 @@ class frmEmpPRHist : public SizedForm {
   void Load();
   void LoadRows(const PayChain& chain);
   void LoadNumberChoice();
+  std::optional<AdditionalByDate> LoadAdditional();
+  std::exception_ptr DeleteAdditional();
   void ShowRows(int current);
   void ShowMessage();
   std::string MarkedDates() const;
   std::optional<std::size_t> CurrentRow() const;
   void ToggleMark();
+  void FollowMarks();
   void Print();
   void PrintRow(const PayRow& row, const PayRecord& pay);
   void Press(ui::Button& button);
@@ -50,8 +55,9 @@ class frmEmpPRHist : public SizedForm {
   std::int32_t number_;
   EmployeeRecord employee_;
   std::vector<PayEntry> entries_;
-  std::vector<PayRow> rows_;  // of the entries
-  std::string missing_;       // what withholding had no table for
+  std::vector<PayRow> rows_;                 // of the entries
+  std::string missing_;                      // what withholding had no table for, and what couldn't be read
+  std::vector<std::string> additionalToGo_;  // dates of records that are gone
 };
 
 }  // namespace lantos

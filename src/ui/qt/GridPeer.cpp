@@ -239,7 +239,8 @@ class GridPeer : private HasModel, public RowsPeer {
     for (int column = 0; column < heading.count(); ++column) {
       if (heading.sectionSize(column) > heading.sectionSize(widest)) widest = column;
     }
-    heading.resizeSection(widest, std::max(heading.sectionSize(widest) - tooMuch, kLeastWidest));
+    const int size = heading.sectionSize(widest);
+    heading.resizeSection(widest, std::min(size, std::max(size - tooMuch, kLeastWidest)));
   }
 
   void ShowSortMark() {

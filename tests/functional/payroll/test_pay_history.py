@@ -146,6 +146,17 @@ def test_a_damaged_chain_ends_with_a_message(start, paid):
     copy.key("Esc")
 
 
+def test_a_broken_database_leaves_the_records_to_be_seen(start, paid):
+    copy = start(paid)
+    paid.path("Korvel.mdb").write_bytes(b"nothing that a database is" * 100)
+    open_history(copy, "Zoe Young")
+    copy.expect_form(HISTORY)
+    row = copy.control("ListView1")["rows"][1]["cells"]
+    assert [row[name] for name in ("Gross", "Federal", "Addl Fed", "Net")] == ["600.00", "66.63", "", ""]
+    assert copy.caption("MsgLabel") == "The additional withholding can't be read from Korvel.mdb."
+    copy.key("Esc")
+
+
 def test_the_stub_says_what_the_list_says(start, paid):
     copy = at_history(start, paid)
     copy.key("Down")

@@ -101,6 +101,7 @@ TEST_F(EmpPRHist, ToolTipsAreAsTheyStand) {
   frmEmpPRHist form(shop, database.korvelData, 7);
   EXPECT_EQ(form.cmdDelete.ToolTip(), "Delete Entry <Del>");
   EXPECT_EQ(form.cmdSave.ToolTip(), "Print <Alt+F2>");
+  EXPECT_EQ(form.MsgLabel.ToolTip(), "Save deletes what is marked <F10>");
   EXPECT_EQ(form.cmdPrint.ToolTip(), "Print Pay Stub <F1>");
   EXPECT_EQ(form.cmdCancel.ToolTip(), "Close <Esc>");
 }
@@ -129,7 +130,7 @@ TEST_F(EmpPRHist, WhatHasNoTableIsEmptyAndTold) {
     EXPECT_EQ(Column(form, PayColumn::State), Texts(5, ""));
     EXPECT_EQ(Column(form, PayColumn::Net), Texts(5, ""));
     EXPECT_EQ(form.MsgLabel.Caption(),
-              "No withholding table: state OH 2006; local OH 2006; state OH 2005; local OH 2005. One goes into " +
+              "No withholding table: state OH 2005 to 2006; local OH 2005 to 2006. One goes into " +
                   environment.files.DataDir() + "withholding\\<year>.txt.");
   });
 }
@@ -207,16 +208,40 @@ TEST_F(EmpPRHist, AllDeletedLeavesAnEmptyList) {
   });
 }
 
-TEST_F(EmpPRHist, ARefusedRowOfTheDatabaseIsToldAndTheListIsAsTheFileIs) {
+// The row would be taken for that of a payroll that is run again for the day.
+TEST_F(EmpPRHist, ARowThatTheDatabaseRefusesToDeleteIsLeftForTheNextSave) {
   desktop.failuresExpected = true;
   Do("create trigger Refuse before delete on EmpPRHist begin select raise(abort, 'no'); end");
-  Use([](frmEmpPRHist& form) {
+  desktop.WillAnswer(Answer::No);
+  Use([this](frmEmpPRHist& form) {
     Mark(form, 1);
     Mark(form, 3);
     Click(form.cmdSave);
-    EXPECT_EQ(Dates(form), (Texts{"01/13/2006", "12/30/2005", "12/23/2005", "12/16/2005"}));
+    EXPECT_EQ(Dates(form), (Texts{"01/13/2006", "12/30/2005", "12/16/2005"}));
+    EXPECT_EQ(RowsOfHistory(), 2U);
+    EXPECT_EQ(form.cmdCancel.Caption(), "Cancel") << "there is something to be done yet";
+    Press(form, "Delete");
+    Press(form, "Delete");
+    Press(form, "Esc");
+    EXPECT_TRUE(form.Visible());
+    Do("drop trigger Refuse");
+    Click(form.cmdSave);
+    EXPECT_EQ(RowsOfHistory(), 1U);
+    EXPECT_EQ(form.cmdCancel.Caption(), "Close");
   });
   EXPECT_EQ(desktop.failures.size(), 1U);
+}
+
+TEST_F(EmpPRHist, WithoutTheTablesOfTheDatabaseTheRecordsAreSeenAllTheSame) {
+  Do("drop table EmpPRHist");
+  Do("drop table EmpPRInfo");
+  Use([](frmEmpPRHist& form) {
+    EXPECT_EQ(Column(form, PayColumn::Gross).front(), "600.04");
+    EXPECT_EQ(Column(form, PayColumn::AddlFed), Texts(5, ""));
+    EXPECT_EQ(Column(form, PayColumn::Net), Texts(5, "")) << "it depends on what isn't known";
+    EXPECT_EQ(form.MsgLabel.Caption(), "The additional withholding can't be read from Korvel.mdb.");
+  });
+  EXPECT_TRUE(desktop.boxes.empty());
 }
 
 TEST_F(EmpPRHist, ADamagedChainIsToldAndListedAsFarAsItGoes) {

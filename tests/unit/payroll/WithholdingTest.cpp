@@ -121,9 +121,17 @@ TEST_F(WithholdingTest, WhatHasNoTableIsEmptyAndNamed) {
   tables.Work("OH", PayOf({{2006, 4, 7}, 60000}));
   EXPECT_FALSE(tables.Work("OH", PayOf({{1999, 4, 7}, 60000})).federal);
   EXPECT_EQ(tables.Missing(),
-            "No withholding table: state OH 2006; local OH 2006; federal 1999; state OH 1999; local OH 1999. "
-            "One goes into " +
-                DataDir() + "withholding\\<year>.txt.");
+            "No withholding table: state OH 1999, 2006; local OH 1999, 2006; federal 1999. One goes into " + DataDir() +
+                "withholding\\<year>.txt.");
+}
+
+TEST_F(WithholdingTest, YearsThatFollowOneAnotherAreNamedByTheirEnds) {
+  for (const int year : {2010, 2009, 2006, 1998, 1997, 1996, 1994}) tables.Work("OH", PayOf({{year, 6, 6}, 60000}));
+  EXPECT_EQ(
+      tables.Missing(),
+      "No withholding table: federal 1994, 1996 to 1998, 2009 to 2010; state OH 1994, 1996 to 1998, 2006, 2009 to "
+      "2010; local OH 1994, 1996 to 1998, 2006, 2009 to 2010. One goes into " +
+          DataDir() + "withholding\\<year>.txt.");
 }
 
 TEST_F(WithholdingTest, DaysThatTheYearsTablesLeaveOutAreMissing) {

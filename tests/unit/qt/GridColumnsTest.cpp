@@ -2,6 +2,7 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include "masters/employees/frmEmpPRHist.h"
 #include "qt/WindowShop.h"
 #include "ui/qt/FormWindow.h"
 
@@ -58,6 +59,25 @@ TEST(GridColumns, AListThatIsSortedKeepsTheWidthsOfItsNumbers) {
       for (std::size_t column = 3; column <= 8; ++column) EXPECT_EQ(WidthsOf(table)[column], widths[column]) << column;
     }
     list->Hide();
+  }
+}
+
+TEST(GridColumns, WhereTheyAreTooManyNoneIsWiderThanItsTexts) {
+  test::WindowShop shop;
+  for (const auto& form : shop.forms) {
+    auto* history = dynamic_cast<frmEmpPRHist*>(form.get());
+    if (history == nullptr) continue;
+    history->Show();
+    const std::vector<std::string> cells(history->ListView1.Columns().size(), "12345678.90");
+    history->ListView1.SetRows({{cells, 0}});
+    shop.windows.Settle();
+    const auto& table =
+        dynamic_cast<QTableView&>(shop.windows.WindowOf(*history)->PeerOf(history->ListView1)->Widget());
+    EXPECT_GT(table.horizontalHeader()->length(), table.viewport()->width()) << "there is too much for the view";
+    for (int column = 1; column < table.model()->columnCount(); ++column) {
+      EXPECT_LT(table.columnWidth(column), 160) << column;
+    }
+    history->Hide();
   }
 }
 

@@ -1,8 +1,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTableView>
 
+#include "masters/employees/frmEmpPRInfo.h"
 #include "qt/WindowShop.h"
 #include "ui/qt/CalendarView.h"
 #include "ui/qt/FormWindow.h"
@@ -47,6 +49,20 @@ TEST(Layout, NothingOnAnyFormIsCutOffOnASmallScreen) {
     EXPECT_LE(least.height(), kRoom.height());
     ExpectWholeTexts(window);
     form->Hide();
+  }
+}
+
+TEST(Layout, AnAddressIsSeenWholeBesideItsPay) {
+  WindowShop shop;
+  for (const auto& form : shop.forms) {
+    auto* pay = dynamic_cast<frmEmpPRInfo*>(form.get());
+    if (pay == nullptr) continue;
+    pay->Show();
+    pay->EmpAddr.SetText("12345 North Martin Luther King Rd");
+    shop.windows.Settle();
+    const auto& box = dynamic_cast<QLineEdit&>(shop.windows.WindowOf(*pay)->PeerOf(pay->EmpAddr)->Widget());
+    EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(box.text()));
+    pay->Hide();
   }
 }
 
