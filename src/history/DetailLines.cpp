@@ -1,11 +1,11 @@
 #include "history/DetailLines.h"
 
-#include <fmt/format.h>
-
+#include <algorithm>
 #include <utility>
 
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
+#include "frame/Text.h"
 #include "workorders/WorkorderFields.h"
 #include "workorders/WorkorderSums.h"
 
@@ -25,6 +25,9 @@ constexpr std::size_t kDate = 10;
 std::string Money(std::int64_t cents, std::size_t width = kMoney) {
   return RightJustify(FormatHundredths(cents), width);
 }
+
+// By bytes, of which each is a character. A longer text stays whole.
+std::string Padded(std::string_view text, std::size_t width) { return LeftJustify(text, std::max(text.size(), width)); }
 
 std::string MethodName(const PaymentMethodTable& names, std::uint8_t method) {
   return method < names.size() ? Trim(names[method]) : std::string();
@@ -55,10 +58,11 @@ void AddParts(const Workorder& workorder, Composer& lines) {
   lines.Begin("____Parts____");
   workorder.Parts.ForEach([&](const WoPartLine& part) {
     const std::int64_t extension = std::int64_t{part.Quantity} * part.Price;
-    lines.AddWithCost(
-        fmt::format("{:<{}} {:<{}} {:>{}} {} {}", part.PartNumber, WoPartLine::kNumberWidth - 1, part.Description,
-                    WoPartLine::kDescriptionWidth - 1, part.Quantity, kQuantity, Money(part.Price), Money(extension)),
-        part.Cost);
+    lines.AddWithCost(Padded(part.PartNumber, WoPartLine::kNumberWidth - 1) + " " +
+                          Padded(part.Description, WoPartLine::kDescriptionWidth - 1) + " " +
+                          RightJustify(std::to_string(part.Quantity), kQuantity) + " " + Money(part.Price) + " " +
+                          Money(extension),
+                      part.Cost);
   });
 }
 
@@ -102,8 +106,8 @@ void AddExtras(const char* heading, const WoLines<WoExtraLine>& extras, Composer
   lines.Begin(heading);
   extras.ForEach([&](const WoExtraLine& extra) {
     const std::string_view invoice = TrimView(extra.Vendor) == kSurchargeVendor ? "" : std::string_view(extra.Invoice);
-    lines.AddWithCost(fmt::format("{:<{}} {:<{}} {}", extra.Vendor, WoExtraLine::kVendorWidth - 1, invoice,
-                                  WoExtraLine::kInvoiceWidth - 1, Money(extra.Price)),
+    lines.AddWithCost(Padded(extra.Vendor, WoExtraLine::kVendorWidth - 1) + " " +
+                          Padded(invoice, WoExtraLine::kInvoiceWidth - 1) + " " + Money(extra.Price),
                       extra.Cost);
     ForEachLine(extra.Description, [&](std::string_view line) { lines.Add(kIndent + std::string(line)); });
   });
@@ -122,7 +126,7 @@ void AddCredits(const Workorder& workorder, Composer& lines) {
 void AddPayments(const Workorder& workorder, const PaymentMethodTable& methods, Composer& lines) {
   lines.Begin("____Payments/Charges____");
   const auto add = [&](const std::string& date, const std::string& type, Cents amount) {
-    lines.Add(fmt::format("{:<{}}  {:<{}} {}", date, kDate, type, kPaymentMethodWidth, Money(amount)));
+    lines.Add(Padded(date, kDate) + "  " + Padded(type, kPaymentMethodWidth) + " " + Money(amount));
   };
   const WoTotals& totals = workorder.Totals;
   const std::string method = MethodName(methods, totals.Get(wototals::PaymentMethod));
@@ -161,7 +165,7 @@ void AddCheckList(const CheckListTable& checkList, Composer& lines) {
       lines.Add(item.Name);
       continue;
     }
-    std::string line = fmt::format("{}{:<{}} {}", kCheckIndent, item.Name, kCheckName, item.Service);
+    std::string line = kCheckIndent + Padded(item.Name, kCheckName) + " " + item.Service;
     if (!item.DueBackMiles.empty()) line += "  " + item.DueBackMiles;
     lines.Add(line.substr(0, line.find_last_not_of(' ') + 1));
   }
@@ -169,7 +173,7 @@ void AddCheckList(const CheckListTable& checkList, Composer& lines) {
 
 void AddDiscount(const WoTotals& totals, Composer& lines) {
   lines.Begin("____Discount____");
-  if (HasDiscount(totals)) lines.Add("Totals include a discount of $" + FormatHundredths(DiscountOf(totals)));
+  if (HasDiscount(totals)) lines.Add(DiscountText(totals));
 }
 
 }  // namespace

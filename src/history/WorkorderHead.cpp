@@ -63,7 +63,7 @@ void WorkorderHead::ShowOwner(const CustomerRecord& owner) {
   const std::string state = owner.Get(customer::State);
   const std::string zip = owner.Get(customer::Zip);
   custname.SetCaption(owner.Get(customer::Lastname) + "," + owner.Get(customer::Firstname));
-  spousename.SetCaption(spouseLast + (spouse.empty() || spouseLast.empty() ? "" : ",") + spouse);
+  spousename.SetCaption(Unless(spouse.empty() && spouseLast.empty(), spouseLast + "," + spouse));
   address.SetCaption(owner.Get(customer::Address));
   citystatezip.SetCaption(Unless(city.empty() && state.empty() && zip.empty(), city + ", " + state + " " + zip));
   phonenumbers.SetCaption(Phones(owner));

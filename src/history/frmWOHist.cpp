@@ -242,9 +242,10 @@ ui::TextBox& frmWOHist::FieldOf(SearchCriterion::Kind kind) {
 
 void frmWOHist::GoOn() {
   if (*current_ + 1 < search_.Hits().size()) return GoTo(*current_ + 1);
+  ui::Control* const before = Focus();  // the lines, where Enter goes on from hit to hit
   const WorkorderSearch::Outcome outcome = SearchOn();
   if (!Visible()) return;
-  cmdNext.SetFocus();
+  (before != nullptr && before->IsUsable() ? *before : cmdNext).SetFocus();
   if (outcome == WorkorderSearch::Outcome::Found) return GoTo(search_.Hits().size() - 1);
   ShowPlace();
   if (outcome == WorkorderSearch::Outcome::NothingMore) shop_.desktop.Beep();

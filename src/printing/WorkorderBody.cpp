@@ -173,10 +173,7 @@ void WorkorderBody::AddRecommendations() {
 }
 
 void WorkorderBody::AddDiscount() {
-  const std::int64_t discount = DiscountOf(order_.Totals);
-  if (discount == 0) return;
-  lines_.AddRow(LineKind::Heading, std::string("Totals include a discount of ") + (discount < 0 ? "-$" : "$") +
-                                       FormatHundredths(discount < 0 ? -discount : discount));
+  if (DiscountOf(order_.Totals) != 0) lines_.AddRow(LineKind::Heading, DiscountText(order_.Totals));
 }
 
 template <class Line, class Heading, class Print>

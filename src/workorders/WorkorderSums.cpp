@@ -35,6 +35,12 @@ std::int64_t DiscountOf(const WoTotals& totals) {
   return discount;
 }
 
+std::string DiscountText(const WoTotals& totals) {
+  const std::int64_t discount = DiscountOf(totals);
+  return std::string("Totals include a discount of ") + (discount < 0 ? "-$" : "$") +
+         FormatHundredths(discount < 0 ? -discount : discount);
+}
+
 std::int64_t CostOf(const WoTotals& totals) {
   std::int64_t cost = 0;
   for (const LongField field : wototals::Cost) cost += totals.Get(field);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "frame/Types.h"
 #include "workorders/WorkorderTags.h"
 
@@ -11,6 +13,8 @@ namespace lantos {
 bool HasDiscount(const WoTotals& totals);
 // All of it: of each subtotal its rate, rounded to a cent with halves to even, and the amount.
 std::int64_t DiscountOf(const WoTotals& totals);
+// The line that tells of it, on screen and on paper.
+std::string DiscountText(const WoTotals& totals);
 // What parts, labor, sublets and waste cost the shop, and what they are sold for, discount taken off. Credits and fuel
 // have no cost, and belong to neither.
 std::int64_t CostOf(const WoTotals& totals);

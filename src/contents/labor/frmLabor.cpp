@@ -5,6 +5,7 @@
 #include "contents/labor/RepairCodes.h"
 #include "contents/labor/frmTechHours.h"
 #include "frame/Dates.h"
+#include "frame/Installation.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "records/modEmployees.h"
@@ -15,6 +16,7 @@ namespace lantos {
 
 namespace {
 
+constexpr std::string_view kNameWithHours = "Sched";  // of a program, in any case
 constexpr ui::Twips kWidth = 9600;
 constexpr ui::Twips kHeight = 7200;
 constexpr std::string_view kAllowNoneSetting = "frmLaborEmpNone";
@@ -50,7 +52,9 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
 void frmLabor::WireEmployees() {
   Check1.OnClick = [this] { ActiveOnlyClicked(); };
   Check2.OnClick = [this] { AllowNoneClicked(); };
+  cmdTechHours.SetVisible(EqualsIgnoringCase(ProgramName(), kNameWithHours));
   cmdTechHours.OnClick = [this] { PickByHours(); };
+  EmpList.SetToolTip("Technician: <F7> picks by the hours of that day");
   cmdTechHours.SetToolTip("Pick a technician by the hours of that day <F7>");
 }
 

@@ -40,7 +40,7 @@ def test_a_line_typed_from_the_keyboard_alone(board, shop):
     assert board.answer["caption"] == "Estimate Labor"
     assert [board.text(name) for name in ("Hours", "ShopRate", "TotalLabor")] == ["0.00", "65.00", "0.00"]
     assert board.control("Check2")["checked"], "the new line has no technician yet"
-    assert board.control("cmdTechHours")["visible"]
+    assert not board.control("cmdTechHours")["visible"]
     assert not board.control("lovRepairCode")["visible"]
     board.type("Hours", "2.5")
     board.key("Enter")

@@ -70,7 +70,7 @@ def test_picking_for_a_line_of_labor(board, shop):
     board.double_click("List1(2)", row=0)
     board.click("cmdLaborAdd")
     board.expect_form("frmLabor")
-    board.click("cmdTechHours")
+    board.key("F7")
     board.expect_form("frmTechHours")
     assert board.caption("cmdCancel") == "Cancel"
     assert board.caption("lblDate") == "Tue 09/30/2003"

@@ -43,6 +43,18 @@ TEST_F(DetailLinesTest, PartsWithTheirCostInTheOtherList) {
           "12345678901234567890 x2345678901234567890123456789012345678     -1  999999.99 -999999.99       0.00"));
 }
 
+// "\xC9\x92" would be one character in another encoding.
+TEST_F(DetailLinesTest, ColumnsLineUpWhateverTheLetters) {
+  order.Parts.Add({"CAF\xC9\x92S", "CAF\xC9\x92S", 1, 0, 100, 0});
+  order.Parts.Add({"CAFEXS", "CAFEXS", 1, 0, 100, 0});
+  order.Sublets.Add({"CAF\xC9\x92S", "\xC9\x92", 0, 100, "", 'N'});
+  order.Sublets.Add({"CAFEXS", "EX", 0, 100, "", 'N'});
+  const std::vector<std::string> lines = Plain();
+  ASSERT_EQ(lines.size(), 6U);
+  EXPECT_EQ(lines[1].size(), lines[2].size());
+  EXPECT_EQ(lines[4].size(), lines[5].size());
+}
+
 TEST_F(DetailLinesTest, AnExtensionThatThirtyTwoBitsCanNotHoldIsWhole) {
   order.Parts.Add({"P", "D", 32767, 0, 2000000000, 0});
   EXPECT_THAT(Plain()[1], testing::EndsWith(" 655340000000.00"));
@@ -157,6 +169,8 @@ TEST_F(DetailLinesTest, TheDiscountOfAllCategories) {
   order.Totals.Put(wototals::Subtotal[0], 0);
   order.Totals.Put(wototals::DollarDiscount, 0);
   EXPECT_THAT(Plain(), ElementsAre("____Discount____", "Totals include a discount of $0.00")) << "a rate is enough";
+  order.Totals.Put(wototals::DollarDiscount, -500);
+  EXPECT_EQ(Plain()[1], "Totals include a discount of -$5.00");
 }
 
 TEST_F(DetailLinesTest, TheGroupsComeInTheirOrder) {

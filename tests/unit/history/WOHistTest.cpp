@@ -89,7 +89,7 @@ TEST_F(WOHist, WhatIsBlankInTheHeadHasNoMarksBetweenNothing) {
   AddActive(order);
   Browse([&](frmWOHist& form) {
     Search(form, form.srchName, "adams");
-    EXPECT_EQ(form.head.spousename.Caption(), "Carl");
+    EXPECT_EQ(form.head.spousename.Caption(), ",Carl") << "as the name of the customer reads";
     Click(form.cmdNext);
     EXPECT_EQ(form.head.spousename.Caption(), "");
     EXPECT_EQ(form.head.citystatezip.Caption(), "");
@@ -151,6 +151,23 @@ TEST_F(WOHist, TheStepsAndWhereTheyEnd) {
     Press(form, "Enter");
     EXPECT_EQ(shown(), "2, Hit 2 of 3") << "Enter in the lines goes on";
   });
+}
+
+TEST_F(WOHist, EnterInTheLinesGoesOnFromHitToHitAndStaysThere) {
+  for (int i = 1; i <= 2; ++i) AddActive(Order(i));
+  Browse([&](frmWOHist& form) {
+    Search(form, form.srchName, "adams");
+    for (ui::ListBox* list : {&form.WoDetail, &form.WoDetailC}) {
+      list->SetFocus();
+      for (const char* shown : {"Hit 2 of 2", "Hit 2 of 2"}) {
+        Press(form, "Enter");
+        EXPECT_THAT(form.done.Caption(), testing::StartsWith(shown));
+        EXPECT_TRUE(list->HasFocus());
+      }
+      Press(form, "Alt+F4");
+    }
+  });
+  EXPECT_EQ(desktop.beeps, 3) << "behind the last there is nothing";
 }
 
 TEST_F(WOHist, NothingFoundIsToldAndTheCriteriaStay) {

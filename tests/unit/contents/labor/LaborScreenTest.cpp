@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <tuple>
+#include <utility>
 
 #include "contents/labor/LaborBench.h"
 #include "frame/Dates.h"
@@ -45,7 +47,20 @@ TEST(frmLabor, ShowsTheLineAsItCame) {
   EXPECT_EQ(screen.form.TotalLabor.Text(), "90.00");
   EXPECT_EQ(screen.form.txtDesc.Text(), "CHECK BRAKES\r\nROAD TEST");
   EXPECT_FALSE(screen.form.Check2.Value());
-  EXPECT_TRUE(screen.form.cmdTechHours.IsUsable());
+  EXPECT_FALSE(screen.form.cmdTechHours.Visible());
+}
+
+TEST(frmLabor, TheButtonOfTheTechniciansHoursIsThereUnderOneNameOfTheProgramOnly) {
+  const auto startedAs = [](const char* name) {
+    char* const own = std::exchange(program_invocation_short_name, const_cast<char*>(name));
+    const LaborScreen screen;
+    program_invocation_short_name = own;
+    return screen.form.cmdTechHours.Visible();
+  };
+  EXPECT_TRUE(startedAs("Sched"));
+  EXPECT_TRUE(startedAs("SCHED.EXE"));
+  EXPECT_FALSE(startedAs("lantos"));
+  EXPECT_FALSE(startedAs("Sched2"));
 }
 
 TEST(frmLabor, SavesCapitalsHundredthsAndTheTechniciansCommission) {

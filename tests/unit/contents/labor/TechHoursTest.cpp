@@ -225,7 +225,7 @@ struct PickBench : HoursScreen {
 TEST(LaborHours, ATechnicianIsPickedByTheHoursOfTheEstimatesDay) {
   PickBench bench(0);
   bench.WillPick(1);
-  test::Click(bench.labor->cmdTechHours);
+  test::Press(*bench.labor, "F7");
   EXPECT_EQ(Left(bench.labor->EmpList.Text(), 9), "Dan Ortiz");
   test::Press(*bench.labor, "F10");
   EXPECT_EQ(bench.labor->CurrentLabor.Mechanic, 4);
