@@ -28,6 +28,13 @@ void AdmitDigits(char& character) {
   if (!isDigit && character != '.') character = '\0';
 }
 
+// What is behind them would be lost without a word.
+bool HasMoreDecimals(std::string_view text, int decimals) {
+  text = TrimView(text);
+  const std::size_t point = text.find('.');
+  return point != std::string_view::npos && text.size() - point - 1 > static_cast<std::size_t>(decimals);
+}
+
 // The status line for as long as it lives.
 class Status {
  public:
@@ -104,6 +111,7 @@ std::int32_t SystemFields::ValueIn(const Number& number) {
 // What stands there as it came is left alone, whatever it is.
 bool SystemFields::Fits(const Number& number) {
   if (number.box.Text() == number.shownText) return true;
+  if (HasMoreDecimals(number.box.Text(), number.decimals)) return false;
   const double value = std::nearbyint(Val(number.box.Text()) * Units(number.decimals));
   return value >= 0 && value <= kMost;
 }
@@ -112,8 +120,11 @@ bool SystemFields::CanBeStored() {
   if (!numbers_.AreNumbers()) return false;
   const auto wrong = std::find_if_not(amounts_.begin(), amounts_.end(), Fits);
   if (wrong == amounts_.end()) return true;
-  form_.GetDesktop().Tell(wrong->name + ": \"" + wrong->box.Text() + "\" can't be stored. It must be from " +
-                              Shown(0, wrong->decimals) + " to " + Shown(kMost, wrong->decimals) + ".",
+  const std::string limits =
+      HasMoreDecimals(wrong->box.Text(), wrong->decimals)
+          ? "have at most " + std::to_string(wrong->decimals) + " decimals."
+          : "be from " + Shown(0, wrong->decimals) + " to " + Shown(kMost, wrong->decimals) + ".";
+  form_.GetDesktop().Tell(wrong->name + ": \"" + wrong->box.Text() + "\" can't be stored. It must " + limits,
                           form_.Caption(), ui::Icon::Exclamation);
   wrong->box.SetFocus();
   return false;

@@ -185,6 +185,25 @@ TEST(frmSystemParameters, WhatIsNoNumberOrDoesntFitIsToldAndNothingIsStored) {
   }
 }
 
+TEST(frmSystemParameters, MoreDecimalsThanAreStoredAreRefused) {
+  Screen screen;
+  test::Type(screen.form.shop_rate, "70.255");
+  screen.desktop.WillAnswer({Answer::Ok, Answer::Ok});
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.desktop.boxes.at(0).text,
+            "Default Shop Rate ($/hr): \"70.255\" can't be stored. It must have at most 2 decimals.");
+  EXPECT_EQ(screen.form.Focus(), &screen.form.shop_rate);
+  test::Type(screen.form.shop_rate, "70.25");
+  test::Type(screen.form.tax_rate[0], "8.12345");
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.desktop.boxes.at(1).text,
+            "Parts Tax Rate (%): \"8.12345\" can't be stored. It must have at most 4 decimals.");
+  EXPECT_EQ(screen.Stored(), SystemShop::Record().Bytes());
+  test::Type(screen.form.tax_rate[0], "8.1234");
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.Long(24), 81234);
+}
+
 TEST(frmSystemParameters, ANegativeNumberThatWasPastedIsRefused) {
   Screen screen;
   screen.form.labor_surcharge_percent.DoEdit("-5");
