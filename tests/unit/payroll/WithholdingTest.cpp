@@ -63,10 +63,10 @@ TEST_F(WithholdingTest, WeeksByTheTablesOfAWeek) {
 
 // By hand: a year of such wages, its tax by the table of a year, and the period's share.
 TEST_F(WithholdingTest, OtherPeriodsByAYearOfThem) {
-  EXPECT_EQ(Federal(2003, 100000, 2, kTwoWeekly, kSingle), 8538) << "26000 - 6200; 2220.00 / 26";
-  EXPECT_EQ(Federal(2003, 160000, 3, kTwoWeekly, kMarried), 11269) << "41600 - 9300; 2930.00 / 26";
-  EXPECT_EQ(Federal(2003, 60000, 1, kWeekly, kSingle), 6663) << "31200 - 3100; 3465.00 / 52";
-  EXPECT_EQ(Federal(2004, 60000, 1, kWeekly, kSingle), 6663);
+  EXPECT_EQ(Federal(2003, 100000, 2, kTwoWeekly, kSingle), 8596) << "26000 - 6100; 2235.00 / 26";
+  EXPECT_EQ(Federal(2003, 160000, 3, kTwoWeekly, kMarried), 11356) << "41600 - 9150; 2952.50 / 26";
+  EXPECT_EQ(Federal(2003, 60000, 1, kWeekly, kSingle), 6678) << "31200 - 3050; 3472.50 / 52";
+  EXPECT_EQ(Federal(2004, 60000, 1, kWeekly, kSingle), 6663) << "31200 - 3100; 3465.00 / 52";
   EXPECT_EQ(Federal(2004, 350000, 4, kMonthly, kMarried), 21042) << "42000 - 12400; 2525.00 / 12";
   EXPECT_EQ(Federal(2004, 200000, 0, kTwiceAMonth, kSingle), 34042) << "48000; 8170.00 / 24";
   EXPECT_EQ(Federal(2005, 1200000, 2, kQuarterly, kMarried), 107750) << "48000 - 6400; 4310.00 / 4";
@@ -75,7 +75,7 @@ TEST_F(WithholdingTest, OtherPeriodsByAYearOfThem) {
   EXPECT_EQ(Federal(2006, 40000000, 0, kYearly, kSingle), 11921300) << "97653 and 35% of 61600";
   EXPECT_EQ(Federal(2006, 15000, 1, kDaily, kSingle), 1898) << "39000 - 3300; 4936.00 / 260";
   EXPECT_EQ(Federal(2006, 234567, 2, kTwoWeekly, kSingle), 36953) << "60987.42 - 6600; 9607.86 / 26";
-  EXPECT_EQ(Federal(2003, 35000, 5, kWeekly, kMarried), 0) << "18200 - 15500, not over 8000";
+  EXPECT_EQ(Federal(2003, 35000, 5, kWeekly, kMarried), 0) << "18200 - 15250, not over 8000";
 }
 
 TEST_F(WithholdingTest, AFlatRateIsOfTheWholeWage) {
