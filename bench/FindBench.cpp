@@ -9,7 +9,6 @@
 #include "bench/Ratios.h"
 #include "board/frmFind.h"
 #include "records/Customers.h"
-#include "ui/qt/QtDesktop.h"
 #include "ui/qt/Text.h"
 
 // The window that finds estimates, opened with the customers of the largest shop. Plain fills one bare drop-down with
@@ -29,7 +28,7 @@ struct WindowWorld {
 
 void FindOpened(benchmark::State& state) {
   WindowWorld windowed;
-  ui::QtDesktop windows;
+  ui::QtDesktop& windows = Windows();
   Shop shop{windows, windowed.world.environment, windowed.world.records, windowed.world.keys};
   MasterScreens masters(shop);
   for (auto _ : state) {

@@ -1,13 +1,17 @@
 #include <benchmark/benchmark.h>
 
+#include <QListWidget>
+#include <QVBoxLayout>
 #include <fstream>
 
 #include "bench/BenchShop.h"
+#include "bench/NeedWindows.h"
 #include "frame/Numbers.h"
 #include "history/DetailLines.h"
 #include "history/frmWOHist.h"
 #include "records/CheckList.h"
 #include "records/OpenedFile.h"
+#include "ui/qt/Text.h"
 #include "workorders/TagOfWorkorder.h"
 
 // A search for a VIN whose one archived work order lies ahead of 50,000 others; plain reads the same blocks from the
@@ -89,38 +93,43 @@ void ReadBackwards(benchmark::State& state) {
   }
 }
 
+// Shown as a person sees it, in a window.
 void ShowHit(benchmark::State& state) {
   World world(TheHistory());
-  world.desktop.atForm = [&](ui::Form& shown) {
-    auto& form = dynamic_cast<frmWOHist&>(shown);
-    form.srchVIN.SetText(kVin);
-    form.cmdSearch.OnClick();
-    for (auto _ : state) form.cmdFirst.OnClick();
-    if (form.WoDetailC.ListCount() != kLines) state.SkipWithError("not the hundred lines");
-    form.Hide();
-  };
-  BrowseWorkorders(world.shop, [](const Workorders&) {});
+  ui::QtDesktop& windows = Windows();
+  Shop shop{windows, world.environment, world.records, world.keys};
+  frmWOHist form(shop, [](const Workorders&) {});
+  form.Show();
+  form.srchVIN.SetText(kVin);
+  form.cmdSearch.OnClick();
+  for (auto _ : state) {
+    form.cmdFirst.OnClick();
+    windows.Settle();
+  }
+  if (form.WoDetailC.ListCount() != kLines) state.SkipWithError("not the hundred lines");
+  form.Unload();
 }
-
-class BareLists : public ui::Form {
- public:
-  explicit BareLists(ui::Desktop& desktop) : Form(desktop, "frmBare", "Bare") {}
-  ui::ListBox one{*this, "one"};
-  ui::ListBox other{*this, "other"};
-};
 
 void ReadTextAndFillLists(benchmark::State& state) {
   World world(TheHistory());
+  NeedWindows();
   CheckListTable checkList(world.environment);
   const DetailLines lines = ComposeDetail(MakeOrder(), checkList, world.environment.shopOptions.PaymentMethodNames);
   Workorders workorders(world.environment, world.desktop, world.records);
-  BareLists form(world.desktop);
+  QWidget window;
+  QVBoxLayout layout(&window);
+  QListWidget one, other;
+  layout.addWidget(&one);
+  layout.addWidget(&other);
+  other.hide();
+  window.show();
   for (auto _ : state) {
     workorders.GetArchWo(1, 0);
-    form.one.Clear();
-    form.other.Clear();
-    for (const std::string& line : lines.plain) form.one.AddItem(line);
-    for (const std::string& line : lines.withCost) form.other.AddItem(line);
+    one.clear();
+    other.clear();
+    for (const std::string& line : lines.plain) one.addItem(ui::ToQt(line));
+    for (const std::string& line : lines.withCost) other.addItem(ui::ToQt(line));
+    QApplication::processEvents();
   }
 }
 

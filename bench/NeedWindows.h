@@ -4,6 +4,8 @@
 
 #include <QApplication>
 
+#include "ui/qt/QtDesktop.h"
+
 namespace lantos::bench {
 
 // The one application of this program, with windows that nobody sees.
@@ -15,6 +17,13 @@ inline void NeedWindows() {
   static const bool set = ::putenv(platform) == 0;
   static const QApplication application(count, arguments);
   (void)set;
+}
+
+// The desktop of real windows. There is one a process.
+inline ui::QtDesktop& Windows() {
+  NeedWindows();
+  static ui::QtDesktop desktop;
+  return desktop;
 }
 
 }  // namespace lantos::bench

@@ -7,6 +7,7 @@ namespace lantos {
 namespace {
 
 constexpr const char* kArchiveLabel = "frmWOHist.SearchArchive";
+constexpr unsigned char kYes = 1, kNo = 0;
 
 constexpr TextField FieldOf(SearchCriterion::Kind kind) {
   switch (kind) {
@@ -60,13 +61,17 @@ bool TagTest::Passes(const Record<Length>& tag) const {
   const TextField field = FieldOf(kind_);
   if (ending_) {
     const auto* text = reinterpret_cast<const unsigned char*>(tag.Bytes().data()) + field.offset;
+    const Ending ending = *ending_;
     const auto is = [&](unsigned char letter, std::size_t which) {
-      return unsigned{letter == ending_->upper[which]} | unsigned{letter == ending_->lower[which]};
+      return letter == ending.upper[which] || letter == ending.lower[which] ? kYes : kNo;
     };
-    // Without a way out of the loop, so that many places are looked at in one step.
-    unsigned isThere = 0;
-    for (std::size_t i = 0; i + reach_ < field.width; ++i) isThere |= is(text[i], 0) & is(text[i + reach_], 1);
-    if (isThere == 0) return false;
+    // Without a way out of the loop, and in bytes alone, so that many places are looked at in one step.
+    unsigned char isThere = kNo;
+    const std::size_t places = field.width - reach_;
+    for (std::size_t i = 0; i < places; ++i) {
+      isThere = static_cast<unsigned char>(isThere | (is(text[i], 0) & is(text[i + reach_], 1)));
+    }
+    if (isThere == kNo) return false;
   }
   const std::string_view text = tag.View(field);
   return kind_ == SearchCriterion::Kind::Name ? IsName(text) : needle_.OccursIn(text);
