@@ -39,8 +39,8 @@ std::string DateOrBlank(FileDate date) { return date < 1 ? std::string() : Forma
 class Composer {
  public:
   void Begin(const char* heading) { heading_ = heading; }
-  void Add(std::string line) { Add(line, line); }
-  void AddWithCost(std::string line, Cents cost) { Add(line, line + " " + Money(cost)); }
+  void Add(const std::string& line) { Add(line, line); }
+  void AddWithCost(const std::string& line, Cents cost) { Add(line, line + " " + Money(cost)); }
   DetailLines Take() { return std::move(lines_); }
 
  private:

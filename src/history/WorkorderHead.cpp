@@ -20,7 +20,7 @@ std::string Unless(bool isBlank, std::string text) { return isBlank ? std::strin
 
 std::string Phones(const CustomerRecord& owner) {
   std::string phones;
-  const auto add = [&phones](std::string phone) {
+  const auto add = [&phones](const std::string& phone) {
     if (!phone.empty()) phones += (phones.empty() ? "" : "  ") + phone;
   };
   add(owner.Get(customer::HomePhone));

@@ -79,7 +79,8 @@ void Payroll::Remove(std::int32_t employee, const std::vector<PayEntry>& marked,
   contention.Run([&] { file.Open(kPayrollFile, Access::ReadWrite, Deny::All); });
   environment_.log.Write(fmt::format("frmEmpPRHist/Save: Opened {} (update,fp={})", kPayrollFile, file.Handle()));
   PayEntry predecessor;
-  for (PayEntry& entry : Walk(*file, employee, HeadOf(employee)).entries) {
+  auto chain = Walk(*file, employee, HeadOf(employee));
+  for (PayEntry& entry : chain.entries) {
     const bool isMarked =
         std::any_of(marked.begin(), marked.end(), [&entry](const PayEntry& each) { return IsTheSame(each, entry); });
     if (!isMarked) {
