@@ -264,6 +264,17 @@ def convert(road):
     road.picture("work-order")
 
 
+def answer_questions(road):
+    """Which estimates the customer on show has, and who has hours left on the day."""
+    road.do("click", control="cmdFind")
+    road.do("key", key="F10")
+    road.picture("find")
+    road.do("key", key="Esc")
+    road.do("click", control="cmdTechHours")
+    road.picture("technicians-hours")
+    road.do("key", key="Esc")
+
+
 def look_back(road):
     """The work order just made among its owner's earlier ones, what it costs the shop, and its paper."""
     road.do("click", control="cmdWOHistory")
@@ -302,6 +313,7 @@ def walk(bin_dir, shop, pictures, now):
     print_paper(road, "cmdPrintWorksheet", "worksheet")
     continue_tomorrow(road)
     convert(road)
+    answer_questions(road)
     look_back(road)
     print_day(road)
     road.end()
