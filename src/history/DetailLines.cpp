@@ -88,7 +88,7 @@ void AddLabor(const Workorder& workorder, Composer& lines) {
     for (std::size_t i = 1; i < labor.Desc.size(); ++i) {
       if (!TrimView(labor.Desc[i]).empty()) lines.Add(kIndent + labor.Desc[i]);
     }
-    if (std::string followup = FollowupOf(labor); !followup.empty()) lines.Add(std::move(followup));
+    if (const std::string followup = FollowupOf(labor); !followup.empty()) lines.Add(followup);
   });
 }
 
