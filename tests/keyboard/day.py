@@ -9,7 +9,7 @@ import sqlite3
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
-from desk import Desk, until  # noqa: E402
+from desk import play_day, until  # noqa: E402
 
 # Somebody who knows the program needs no more, the letters of names and texts among them.
 MOST_KEYS = 130
@@ -135,28 +135,18 @@ def convert(desk, number):
     assert "REPLACE FRONT PADS" in text.upper(), "another estimate was converted"
 
 
+def work(desk):
+    number = book(desk, number_of(desk))
+    add_labor(desk, number)
+    add_part(desk, number)
+    add_note(desk, number)
+    print_it(desk, number)
+    start_work(desk, number)
+    convert(desk, move_to_another_day(desk, number))
+
+
 def main():
-    desk = Desk()
-    try:
-        desk.expect("Lantos: ")
-        number = book(desk, number_of(desk))
-        add_labor(desk, number)
-        add_part(desk, number)
-        add_note(desk, number)
-        print_it(desk, number)
-        start_work(desk, number)
-        convert(desk, move_to_another_day(desk, number))
-        desk.press("alt+F4")
-        code = desk.program.wait(timeout=20)
-        assert code == 0, f"the program ended with {code}"
-    except AssertionError as lost:
-        print(f"{lost}, after {desk.keys} keys; the window is {desk.title()!r}", file=sys.stderr)
-        print((desk.folder / "lantos.log").read_text(errors="replace")[-4000:], file=sys.stderr)
-        return 1
-    finally:
-        desk.close()
-    print(f"A day at the counter in {desk.keys} keys, {MOST_KEYS} at most.")
-    return 0 if desk.keys <= MOST_KEYS else 1
+    return play_day("the counter", work, MOST_KEYS)
 
 
 if __name__ == "__main__":

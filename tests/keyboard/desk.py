@@ -8,6 +8,7 @@ import os
 import pathlib
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -123,3 +124,22 @@ def until(check, what):
         if time.monotonic() > end:
             raise AssertionError(what)
         time.sleep(0.1)
+
+
+def play_day(place, work, most_keys):
+    """Starts the program, does the work, and closes it by key. What went wrong is told; 0 when all of it went well."""
+    desk = Desk()
+    try:
+        desk.expect("Lantos: ")
+        work(desk)
+        desk.press("alt+F4")
+        code = desk.program.wait(timeout=20)
+        assert code == 0, f"the program ended with {code}"
+    except AssertionError as lost:
+        print(f"{lost}, after {desk.keys} keys; the window is {desk.title()!r}", file=sys.stderr)
+        print((desk.folder / "lantos.log").read_text(errors="replace")[-4000:], file=sys.stderr)
+        return 1
+    finally:
+        desk.close()
+    print(f"A day at {place} in {desk.keys} keys, {most_keys} at most.")
+    return 0 if desk.keys <= most_keys else 1

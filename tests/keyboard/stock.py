@@ -10,7 +10,7 @@ import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "functional/support")]
-from desk import Desk, until  # noqa: E402
+from desk import play_day, until  # noqa: E402
 from inventoryfiles import DEPARTMENT_FILE, read_kits, read_masters, read_names, read_tags  # noqa: E402
 from shopfiles import take  # noqa: E402
 
@@ -194,27 +194,17 @@ def keep_vendors(desk):
     desk.expect("Lantos: ")
 
 
+def work(desk):
+    add_parts(desk)
+    edit_prices_and_alternates(desk)
+    make_a_kit(desk)
+    renumber(desk)
+    delete(desk)
+    keep_vendors(desk)
+
+
 def main():
-    desk = Desk()
-    try:
-        desk.expect("Lantos: ")
-        add_parts(desk)
-        edit_prices_and_alternates(desk)
-        make_a_kit(desk)
-        renumber(desk)
-        delete(desk)
-        keep_vendors(desk)
-        desk.press("alt+F4")
-        code = desk.program.wait(timeout=20)
-        assert code == 0, f"the program ended with {code}"
-    except AssertionError as lost:
-        print(f"{lost}, after {desk.keys} keys; the window is {desk.title()!r}", file=sys.stderr)
-        print((desk.folder / "lantos.log").read_text(errors="replace")[-4000:], file=sys.stderr)
-        return 1
-    finally:
-        desk.close()
-    print(f"A day at the shelf in {desk.keys} keys, {MOST_KEYS} at most.")
-    return 0 if desk.keys <= MOST_KEYS else 1
+    return play_day("the shelf", work, MOST_KEYS)
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@
 #include <QPalette>
 #include <QWidget>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 
@@ -16,6 +17,15 @@
 namespace lantos::test {
 
 inline constexpr double kReadable = 4.5;
+
+// Hours that give a day each of its colours; both in hundredths.
+struct DayColour {
+  const char* word;
+  std::int32_t available;
+  std::int64_t scheduled;
+};
+inline constexpr DayColour kDays[] = {
+    {"Closed", 0, 0}, {"CLOSED!", 0, 800}, {"Good", 800, 800}, {"Under", 800, 100}, {"Over", 800, 1600}};
 
 inline QPalette DarkPalette() {
   QPalette dark;

@@ -6,7 +6,9 @@ namespace lantos {
 namespace {
 
 using test::Contrast;
+using test::DayColour;
 using test::ExpectReadable;
+using test::kDays;
 using test::KeepPicture;
 using test::kReadable;
 using test::kThemes;
@@ -14,14 +16,6 @@ using test::PictureOf;
 using test::Theme;
 using test::Themed;
 using test::WindowShop;
-
-struct DayColour {
-  const char* word;
-  Hundredths available;
-  std::int64_t scheduled;
-};
-constexpr DayColour kDays[] = {
-    {"Closed", 0, 0}, {"CLOSED!", 0, 800}, {"Good", 800, 800}, {"Under", 800, 100}, {"Over", 800, 1600}};
 
 class Contrasts : public testing::TestWithParam<Theme> {};
 

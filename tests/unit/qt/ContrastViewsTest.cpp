@@ -15,8 +15,10 @@ namespace lantos {
 namespace {
 
 using test::ContrastIn;
+using test::DayColour;
 using test::ExpectReadable;
 using test::GroundOf;
+using test::kDays;
 using test::KeepPicture;
 using test::kReadable;
 using test::kThemes;
@@ -24,14 +26,6 @@ using test::PictureOf;
 using test::Theme;
 using test::Themed;
 using test::WindowShop;
-
-struct DayColour {
-  const char* word;
-  Hundredths available;
-  std::int64_t scheduled;
-};
-constexpr DayColour kDays[] = {
-    {"Closed", 0, 0}, {"CLOSED!", 0, 800}, {"Good", 800, 800}, {"Under", 800, 100}, {"Over", 800, 1600}};
 
 class ContrastsOfTheBoard : public testing::TestWithParam<Theme> {
  protected:
