@@ -1,6 +1,7 @@
 #include "admin/frmSystemParameters.h"
 
 #include "frame/Text.h"
+#include "screens/SaveOptions.h"
 
 namespace lantos {
 
@@ -94,8 +95,12 @@ void frmSystemParameters::SaveBackup() {
   ProfileFile profile = shop_.environment.Profile();
   WorkstationProfile workstation(profile, shop_.environment.profileSection);
   const std::string command = Trim(txtBackupCmd.Text());
-  if (command != backupCommand_) workstation.WriteBackupCmd(command);
-  if (cbBackupCmdWait.Value() != backupWait_) workstation.WriteBackupCmdWait(cbBackupCmdWait.Value());
+  const bool wait = cbBackupCmdWait.Value();
+  if (command == backupCommand_ && wait == backupWait_) return;
+  SaveOptions(shop_.desktop, profile, "the backup command", [&] {
+    return workstation.WriteBackup(command != backupCommand_ ? std::optional(command) : std::nullopt,
+                                   wait != backupWait_ ? std::optional(wait) : std::nullopt);
+  });
 }
 
 }  // namespace lantos

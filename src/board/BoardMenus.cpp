@@ -14,6 +14,7 @@
 #include "records/Customers.h"
 #include "records/Passwords.h"
 #include "screens/CheckPassword.h"
+#include "screens/SaveOptions.h"
 #include "ui/Shell.h"
 
 namespace lantos {
@@ -122,7 +123,10 @@ void BoardMenus::EditPrintOptions() {
   shop_.environment.printOptions = LoadPrintOptions(profile);
   frmPrintOptions form(shop_);
   Use(form);
-  if (form.ok) SavePrintOptions(profile, shop_.environment.printOptions);
+  PrintOptions& options = shop_.environment.printOptions;
+  const auto save = [&] { return SavePrintOptions(profile, options); };
+  if (!form.ok || SaveOptions(shop_.desktop, profile, "the print options", save)) return;
+  options = LoadPrintOptions(profile);
 }
 
 void BoardMenus::EditStatusOptions() {
@@ -130,7 +134,10 @@ void BoardMenus::EditStatusOptions() {
   shop_.environment.statusOptions = LoadStatusOptions(profile);
   frmStatusOptions form(shop_);
   Use(form);
-  if (form.ok) SaveStatusOptions(profile, shop_.environment.statusOptions);
+  StatusOptions& options = shop_.environment.statusOptions;
+  const auto save = [&] { return SaveStatusOptions(profile, options); };
+  if (!form.ok || SaveOptions(shop_.desktop, profile, "the status options", save)) return;
+  options = LoadStatusOptions(profile);
 }
 
 void BoardMenus::BuildFilterMenu() {

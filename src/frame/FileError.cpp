@@ -9,7 +9,13 @@ namespace lantos {
 
 namespace {
 
-FileErrorNumber NumberOf(int errorNumber) {
+std::string TextOf(FileErrorNumber number) {
+  return "Error " + std::to_string(static_cast<int>(number)) + ": " + Describe(number);
+}
+
+}  // namespace
+
+FileErrorNumber NumberOfErrno(int errorNumber) {
   switch (errorNumber) {
     case ENOENT:
       return FileErrorNumber::FileNotFound;
@@ -40,12 +46,6 @@ FileErrorNumber NumberOf(int errorNumber) {
   }
 }
 
-std::string TextOf(FileErrorNumber number) {
-  return "Error " + std::to_string(static_cast<int>(number)) + ": " + Describe(number);
-}
-
-}  // namespace
-
 std::string Describe(FileErrorNumber number) {
   switch (number) {
     case FileErrorNumber::FileNotFound:
@@ -72,7 +72,7 @@ FileError::FileError(FileErrorNumber number, const std::string& detail)
 std::string FileError::Text() const { return TextOf(number_); }
 
 void ThrowFileError(int errorNumber, const std::string& detail) {
-  throw FileError(NumberOf(errorNumber), detail + ": " + std::strerror(errorNumber));
+  throw FileError(NumberOfErrno(errorNumber), detail + ": " + std::strerror(errorNumber));
 }
 
 }  // namespace lantos

@@ -33,6 +33,7 @@ class FileError : public std::runtime_error {
 };
 
 // From errno of a failed call.
+FileErrorNumber NumberOfErrno(int errorNumber);
 [[noreturn]] void ThrowFileError(int errorNumber, const std::string& detail);
 
 }  // namespace lantos

@@ -42,7 +42,11 @@ void Lock(int descriptor, LockedText::Purpose purpose) {
 }  // namespace
 
 LockedText::LockedText(const std::filesystem::path& path, Purpose purpose) : descriptor_(Open(path, purpose)) {
-  if (descriptor_ >= 0) Lock(descriptor_, purpose);
+  if (descriptor_ >= 0) {
+    Lock(descriptor_, purpose);
+  } else {
+    errorNumber_ = errno;
+  }
 }
 
 LockedText::~LockedText() {
@@ -55,7 +59,10 @@ std::optional<std::string> LockedText::Read() const {
   std::array<char, 4096> block;
   for (;;) {
     const ssize_t count = ::pread(descriptor_, block.data(), block.size(), static_cast<off_t>(text.size()));
-    if (count < 0) return std::nullopt;
+    if (count < 0) {
+      Fail(errno);
+      return std::nullopt;
+    }
     if (count == 0) return text;
     text.append(block.data(), static_cast<std::size_t>(count));
   }
@@ -63,24 +70,31 @@ std::optional<std::string> LockedText::Read() const {
 
 bool LockedText::Replace(std::string_view text) {
   struct stat before = {};
-  if (descriptor_ < 0 || ::fstat(descriptor_, &before) != 0) return false;
+  if (descriptor_ < 0) return false;
+  if (::fstat(descriptor_, &before) != 0) return Fail(errno);
   if (!MakeRoom(text.size(), static_cast<std::size_t>(before.st_size))) return false;
   for (std::size_t written = 0; written < text.size();) {
     const std::string_view rest = text.substr(written);
     const ssize_t count = ::pwrite(descriptor_, rest.data(), rest.size(), static_cast<off_t>(written));
-    if (count <= 0) return false;
+    if (count <= 0) return Fail(count == 0 ? ENOSPC : errno);
     written += static_cast<std::size_t>(count);
   }
-  return ::ftruncate(descriptor_, static_cast<off_t>(text.size())) == 0;
+  return ::ftruncate(descriptor_, static_cast<off_t>(text.size())) == 0 || Fail(errno);
+}
+
+bool LockedText::Fail(int errorNumber) const {
+  errorNumber_ = errorNumber;
+  return false;
 }
 
 // The room is taken before the first byte changes, so that a full disk is told while nothing is lost yet.
 bool LockedText::MakeRoom(std::size_t length, std::size_t lengthBefore) {
   if (length <= lengthBefore) return true;
   const auto more = static_cast<off_t>(length - lengthBefore);
-  if (::posix_fallocate(descriptor_, static_cast<off_t>(lengthBefore), more) == 0) return true;
+  const int errorNumber = ::posix_fallocate(descriptor_, static_cast<off_t>(lengthBefore), more);
+  if (errorNumber == 0) return true;
   [[maybe_unused]] const int cutBack = ::ftruncate(descriptor_, static_cast<off_t>(lengthBefore));
-  return false;
+  return Fail(errorNumber);
 }
 
 }  // namespace lantos

@@ -22,11 +22,15 @@ class LockedText {
   std::optional<std::string> Read() const;
   // False when it can't be written; on a full disk it stays as it was.
   bool Replace(std::string_view text);
+  // Of what has failed, from the opening on; 0 when nothing has.
+  int ErrorNumber() const { return errorNumber_; }
 
  private:
   bool MakeRoom(std::size_t length, std::size_t lengthBefore);
+  bool Fail(int errorNumber) const;
 
   int descriptor_ = -1;
+  mutable int errorNumber_ = 0;
 };
 
 }  // namespace lantos

@@ -84,11 +84,11 @@ PrintOptions LoadPrintOptions(const ProfileFile& file) {
   return options;
 }
 
-void SavePrintOptions(ProfileFile& profile, const PrintOptions& options) {
-  for (const BooleanKey& key : kBooleanKeys) profile.Put(kPrintSection, key.name, WordFor(options.*key.field));
-  for (const NumberKey& key : kNumberKeys) {
-    profile.Put(kPrintSection, key.name, std::to_string(options.*key.field));
-  }
+bool SavePrintOptions(ProfileFile& profile, const PrintOptions& options) {
+  std::vector<ProfileFile::Entry> entries;
+  for (const BooleanKey& key : kBooleanKeys) entries.push_back({key.name, std::string(WordFor(options.*key.field))});
+  for (const NumberKey& key : kNumberKeys) entries.push_back({key.name, std::to_string(options.*key.field)});
+  return profile.Put(kPrintSection, entries);
 }
 
 StatusOptions LoadStatusOptions(const ProfileFile& file) {
@@ -101,10 +101,12 @@ StatusOptions LoadStatusOptions(const ProfileFile& file) {
   return options;
 }
 
-void SaveStatusOptions(ProfileFile& profile, const StatusOptions& options) {
+bool SaveStatusOptions(ProfileFile& profile, const StatusOptions& options) {
+  std::vector<ProfileFile::Entry> entries;
   for (std::size_t i = 0; i < kStatusOptionCount; ++i) {
-    profile.Put(kStatusSection, kStatusKeys[i], std::string(1, options.letters[i]));
+    entries.push_back({kStatusKeys[i], std::string(1, options.letters[i])});
   }
+  return profile.Put(kStatusSection, entries);
 }
 
 std::string_view WorkstationProfile::WriteSection() const {
@@ -134,12 +136,6 @@ std::string WorkstationProfile::ReadBackupCmd() {
   return own.empty() ? profile_.Get(kDefaultsSection, "BackupCmd", "") : own;
 }
 
-// A pair of quotes around a value is taken off when it is read, and here it belongs to the command.
-void WorkstationProfile::WriteBackupCmd(std::string_view text) {
-  const bool isQuoted = text.size() > 1 && text.starts_with('"') && text.ends_with('"');
-  profile_.Put(WriteSection(), "BackupCmd", isQuoted ? "\"" + std::string(text) + "\"" : std::string(text));
-}
-
 bool WorkstationProfile::ReadBackupCmdWait() {
   std::string text = profile_.Get(WriteSection(), "BackupCmdWait", "");
   if (text.empty()) text = profile_.Get(kDefaultsSection, "BackupCmdWait", "");
@@ -150,7 +146,16 @@ bool WorkstationProfile::ReadBackupCmdWait() {
   return ToBoolean(text);
 }
 
-void WorkstationProfile::WriteBackupCmdWait(bool wait) { profile_.Put(WriteSection(), "BackupCmdWait", WordFor(wait)); }
+// A pair of quotes around a value is taken off when it is read, and here it belongs to the command.
+bool WorkstationProfile::WriteBackup(const std::optional<std::string>& command, std::optional<bool> wait) {
+  std::vector<ProfileFile::Entry> entries;
+  if (command) {
+    const bool isQuoted = command->size() > 1 && command->starts_with('"') && command->ends_with('"');
+    entries.push_back({"BackupCmd", isQuoted ? "\"" + *command + "\"" : *command});
+  }
+  if (wait) entries.push_back({"BackupCmdWait", std::string(WordFor(*wait))});
+  return profile_.Put(WriteSection(), entries);
+}
 
 ShopOptions LoadShopOptions(const ProfileFile& file) {
   const ProfileText profile = file.Read();

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,7 +29,8 @@ struct PrintOptions {
 // A text that is neither boolean nor number under such a key throws std::invalid_argument.
 PrintOptions LoadPrintOptions(const ProfileFile& profile);
 // What can't be written is lost, as ProfileFile tells.
-void SavePrintOptions(ProfileFile& profile, const PrintOptions& options);
+// False when they could not be written; then none of them was.
+bool SavePrintOptions(ProfileFile& profile, const PrintOptions& options);
 
 // Section "Status Options" of Lantos.ini: one character each, "Y" yes, "N" no, "A" ask, "E" refuse.
 enum class StatusOption {
@@ -48,7 +50,7 @@ struct StatusOptions {
 };
 // Never fails: an empty entry is a blank.
 StatusOptions LoadStatusOptions(const ProfileFile& profile);
-void SaveStatusOptions(ProfileFile& profile, const StatusOptions& options);
+bool SaveStatusOptions(ProfileFile& profile, const StatusOptions& options);
 
 inline constexpr std::string_view kDefaultsSection = "Lantos Defaults";
 
@@ -62,9 +64,11 @@ class WorkstationProfile {
   int ReadFontFactor();
   void WriteFontFactor(int& value);  // a value outside 1 to 9 becomes 1, in the caller's variable too
   std::string ReadBackupCmd();       // a command line; empty when there is none
-  void WriteBackupCmd(std::string_view text);
-  bool ReadBackupCmdWait();  // a text that is no boolean throws std::invalid_argument
-  void WriteBackupCmdWait(bool wait);
+  bool ReadBackupCmdWait();          // a text that is no boolean throws std::invalid_argument
+  // What is there is written, both together. False when it could not be.
+  bool WriteBackup(const std::optional<std::string>& command, std::optional<bool> wait);
+  bool WriteBackupCmd(std::string_view text) { return WriteBackup(std::string(text), std::nullopt); }
+  bool WriteBackupCmdWait(bool wait) { return WriteBackup(std::nullopt, wait); }
 
  private:
   std::string_view WriteSection() const;

@@ -131,22 +131,27 @@ ProfileText ProfileFile::Read() const {
   return ProfileText(LockedText(path_, LockedText::Purpose::Reading).Read().value_or(std::string()));
 }
 
-bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
-  if (Edit(section, key, value)) return true;
-  if (logFailure_) {
-    logFailure_("[" + std::string(section) + "] " + std::string(key) + " could not be saved in " + TextOfPath(path_));
+bool ProfileFile::Put(std::string_view section, const std::vector<Entry>& entries) {
+  if (Edit(section, entries)) return true;
+  for (const Entry& entry : entries) {
+    if (!logFailure_) break;
+    logFailure_("[" + std::string(section) + "] " + std::string(entry.key) + " could not be saved in " +
+                TextOfPath(path_));
   }
   return false;
 }
 
-bool ProfileFile::Edit(std::string_view section, std::string_view key, std::string_view value) const {
+bool ProfileFile::Edit(std::string_view section, const std::vector<Entry>& entries) {
   LockedText file(path_, LockedText::Purpose::Editing);
   const std::optional<std::string> before = file.Read();
-  if (!before) return false;
-  std::vector<std::string> lines = LinesOf(*before);
-  PutEntry(lines, section, key, value);
-  const std::string after = TextOf(lines);
-  return after == *before || file.Replace(after);
+  if (before) {
+    std::vector<std::string> lines = LinesOf(*before);
+    for (const Entry& entry : entries) PutEntry(lines, section, entry.key, entry.value);
+    const std::string after = TextOf(lines);
+    if (after == *before || file.Replace(after)) return true;
+  }
+  failure_ = NumberOfErrno(file.ErrorNumber());
+  return false;
 }
 
 }  // namespace lantos

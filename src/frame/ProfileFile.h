@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/FileError.h"
+
 namespace lantos {
 
 // What a profile file held at one moment.
@@ -39,14 +41,25 @@ class ProfileFile {
   }
   // The whole of it, for who wants many values: the file is opened once.
   ProfileText Read() const;
+  struct Entry {
+    std::string_view key;
+    std::string value;
+  };
   // False when the file can't be read and written; it stays as it is then.
-  bool Put(std::string_view section, std::string_view key, std::string_view value);
+  bool Put(std::string_view section, std::string_view key, std::string_view value) {
+    return Put(section, {{key, std::string(value)}});
+  }
+  // All of a section's entries at once, or none.
+  bool Put(std::string_view section, const std::vector<Entry>& entries);
+  // Why the last Put that failed did.
+  FileErrorNumber Failure() const { return failure_; }
 
  private:
-  bool Edit(std::string_view section, std::string_view key, std::string_view value) const;
+  bool Edit(std::string_view section, const std::vector<Entry>& entries);
 
   std::filesystem::path path_;
   LogFailure logFailure_;
+  FileErrorNumber failure_ = FileErrorNumber::PathFileAccess;
 };
 
 }  // namespace lantos

@@ -54,8 +54,9 @@ bool RunLog::OpenAlone(const std::string& name) {
     file_ = SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All);
     return true;
   } catch (const FileError& error) {
-    if (error.Number() != FileErrorNumber::PermissionDenied) throw;
-    return false;
+    if (error.Number() == FileErrorNumber::PermissionDenied) return false;
+    files_.Delete(name);  // nobody will write in it
+    throw;
   }
 }
 

@@ -41,22 +41,26 @@ std::string UserSettings::Get(std::string_view application, std::string_view sec
   return ProfileFile(FileOf(application)).Get(section, key, defaultValue);
 }
 
-void UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
+bool UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
                         std::string_view value) {
   std::error_code noDirectory;
   std::filesystem::create_directories(directory_, noDirectory);
   const std::filesystem::path file = FileOf(application);
-  if (ProfileFile(file).Put(section, key, value) || !logFailure) return;
+  ProfileFile profile(file);
+  if (profile.Put(section, key, value)) return true;
+  failure_ = noDirectory ? NumberOfErrno(noDirectory.value()) : profile.Failure();
+  if (!logFailure) return false;
   logFailure("Setting " + std::string(key) + " could not be saved in " + TextOfPath(file) +
              (noDirectory ? ": " + noDirectory.message() : ""));
+  return false;
 }
 
 std::string UserSettings::Get(std::string_view key, std::string_view defaultValue) const {
   return Get(kOwnApplication, kSettingsSection, key, defaultValue);
 }
 
-void UserSettings::Save(std::string_view key, std::string_view value) {
-  Save(kOwnApplication, kSettingsSection, key, value);
+bool UserSettings::Save(std::string_view key, std::string_view value) {
+  return Save(kOwnApplication, kSettingsSection, key, value);
 }
 
 double UserSettings::GetNumber(std::string_view key, double defaultValue) const {

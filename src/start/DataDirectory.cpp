@@ -1,5 +1,6 @@
 #include "start/DataDirectory.h"
 
+#include "frame/FileCause.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
 #include "start/frmEnterDir.h"
@@ -30,14 +31,21 @@ std::string AskForDirectory(Environment& environment, ui::Desktop& desktop) {
 
 }  // namespace
 
-void ProcessCommandLine(Environment& environment, const std::string& commandLine) {
+void ProcessCommandLine(Environment& environment, ui::Desktop& desktop, const std::string& commandLine) {
   const std::string line = Trim(commandLine);
   if (!line.starts_with("/D=") && !line.starts_with("/d=")) return;
-  StoreDataDir(environment, WithBackslash(line.substr(3)));
+  StoreDataDir(environment, desktop, WithBackslash(line.substr(3)), "go on in the directory of before");
 }
 
-void StoreDataDir(Environment& environment, const std::string& directory) {
-  environment.settings.Save(kMainApplication, kSettingsSection, kDataDirKey, StoredPathText(directory));
+void StoreDataDir(Environment& environment, ui::Desktop& desktop, const std::string& directory,
+                  std::string_view otherwise) {
+  UserSettings& settings = environment.settings;
+  while (!settings.Save(kMainApplication, kSettingsSection, kDataDirKey, StoredPathText(directory))) {
+    const std::string text = "The data directory '" + directory + "' could not be stored in\r" +
+                             TextOfPath(settings.FileOf(kMainApplication)) + ": " + CauseInWords(settings.Failure()) +
+                             ".\r\rClick Retry to try again, or Cancel to " + std::string(otherwise) + ".";
+    if (desktop.Ask(text, "Lantos", ui::Buttons::RetryCancel, ui::Icon::Exclamation) == ui::Answer::Cancel) return;
+  }
 }
 
 std::string StoredDataDir(const Environment& environment) {

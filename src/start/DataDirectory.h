@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "frame/Environment.h"
 #include "ui/Desktop.h"
@@ -12,10 +13,12 @@ namespace lantos {
 
 // "/D=" or "/d=" and a directory: stored as the main application's DataDir setting, with a final backslash, and read
 // from there by what follows. There is no other switch.
-void ProcessCommandLine(Environment& environment, const std::string& commandLine);
+void ProcessCommandLine(Environment& environment, ui::Desktop& desktop, const std::string& commandLine);
 
-// Makes it the main application's DataDir setting. One that can't be written is lost; the log hears of it, once open.
-void StoreDataDir(Environment& environment, const std::string& directory);
+// Makes it the main application's DataDir setting. While it can't be stored the person is asked; otherwise says what
+// happens when that is given up ("go on with the one of before").
+void StoreDataDir(Environment& environment, ui::Desktop& desktop, const std::string& directory,
+                  std::string_view otherwise);
 
 // The main application's DataDir setting; a final "/" comes back as a backslash, while the stored one keeps it.
 std::string StoredDataDir(const Environment& environment);

@@ -64,7 +64,7 @@ struct Program::State {
 StartAndStop Program::State::Steps() {
   StartAndStop steps;
   steps.processCommandLine = [this] {
-    ProcessCommandLine(environment, invocation.commandLine);
+    ProcessCommandLine(environment, desktop, invocation.commandLine);
     TellWhatIsNotUnderstood(desktop, invocation.commandLine);
   };
   steps.initGlobals = [this] {

@@ -135,7 +135,7 @@ void frmEnterDir::Accept() {
   if (!answer.empty()) {
     // The main application reads the same setting, and expects it to end so.
     if (!answer.ends_with('/')) answer += '/';
-    StoreDataDir(environment_, answer);
+    StoreDataDir(environment_, GetDesktop(), answer, "use it this time only");
     environment_.files.SetDataDir(answer);
   }
   Hide();

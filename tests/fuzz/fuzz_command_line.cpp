@@ -8,7 +8,7 @@ void Try(std::string_view bytes) {
   QuietShop& shop = TheShop();
   shop.Put("Korvel.conf", "");
   const std::string line(bytes);
-  ProcessCommandLine(shop.environment, line);
+  ProcessCommandLine(shop.environment, shop.desktop, line);
   const std::string stored = shop.settings.Get(kMainApplication, kSettingsSection, "DataDir");
   const bool oneLine = line.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos;
   if (oneLine && TrimView(line).starts_with("/D=")) Require(stored.ends_with('\\'));

@@ -55,8 +55,8 @@ int ErrnoOf(const FileCall& call, Fault fault) {
   return 0;
 }
 
-FaultyCalls::FaultyCalls(const std::filesystem::path& directory)
-    : directory_(std::filesystem::absolute(directory).lexically_normal()) {
+FaultyCalls::FaultyCalls(const std::filesystem::path& directory, Logs logs)
+    : directory_(std::filesystem::absolute(directory).lexically_normal()), logs_(logs) {
   // A directory's name may end in a separator, a parent's doesn't.
   if (!directory_.has_filename()) directory_ = directory_.parent_path();
   if (Watching() != nullptr) throw std::logic_error("calls are watched already");

@@ -31,14 +31,15 @@ bool Changes(const FileCall& call);
 int ErrnoOf(const FileCall& call, Fault fault);
 
 // While one of these stands, the calls of this process on the files of one directory are counted and, if it is wanted,
-// fail. The calls of the database engine are among them, under the names of its files; those on run logs aren't.
-// One at a time. Programs get it by linking fault_calls, which stands in front of the system's own calls.
+// fail. The calls of the database engine are among them, under the names of its files; those on run logs only where it
+// is asked for. One at a time. Programs get it by linking fault_calls, which stands in front of the system's own calls.
 class FaultyCalls {
  public:
   // 0 lets the call through; another number is the errno that it fails with, undone.
   using Decide = std::function<int(const FileCall& call, std::size_t index)>;
 
-  explicit FaultyCalls(const std::filesystem::path& directory);
+  enum class Logs { LeftOut, Watched };
+  explicit FaultyCalls(const std::filesystem::path& directory, Logs logs = Logs::LeftOut);
   ~FaultyCalls();
   FaultyCalls(const FaultyCalls&) = delete;
 
@@ -60,9 +61,11 @@ class FaultyCalls {
   // For the calls themselves: the errno, or 0.
   int Take(const FileCall& call);
   const std::filesystem::path& Directory() const { return directory_; }
+  bool WatchesLogs() const { return logs_ == Logs::Watched; }
 
  private:
   std::filesystem::path directory_;
+  Logs logs_;
   std::vector<FileCall> calls_;
   std::size_t failed_ = 0;
   Decide decide_;

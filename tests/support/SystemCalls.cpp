@@ -48,7 +48,8 @@ bool IsRunLog(const std::string& name) { return ::fnmatch("LN*.LOG", name.c_str(
 std::string WatchedName(const State& state, const char* path) {
   if (state.watching == nullptr || path == nullptr) return {};
   const std::filesystem::path whole = std::filesystem::absolute(path).lexically_normal();
-  if (whole.parent_path() != state.watching->Directory() || IsRunLog(whole.filename())) return {};
+  if (whole.parent_path() != state.watching->Directory()) return {};
+  if (IsRunLog(whole.filename()) && !state.watching->WatchesLogs()) return {};
   return whole.filename();
 }
 

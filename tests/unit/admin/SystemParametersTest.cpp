@@ -1,5 +1,6 @@
 #include "admin/SystemScreensBench.h"
 #include "admin/frmSystemParameters.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos {
 namespace {
@@ -241,6 +242,26 @@ TEST(frmSystemParameters, TheBackupCommandIsThisWorkstationsAndWrittenOnlyWhenCh
   EXPECT_TRUE(again.cbBackupCmdWait.Value());
   EXPECT_TRUE(screen.Profile().starts_with(before));
   EXPECT_TRUE(screen.desktop.documents.empty()) << "nothing is ever run";
+}
+
+TEST(frmSystemParameters, ABackupCommandThatCanNotBeSavedIsToldAndTriedAgain) {
+  Screen screen;
+  test::FaultyCalls calls(screen.directory.Path());
+  calls.FailOn("Lantos.ini", test::Fault::ReadOnly);
+  test::Type(screen.form.txtBackupCmd, "B.EXE");
+  test::Click(screen.form.cbBackupCmdWait);
+  screen.desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, "Lantos.ini");
+    EXPECT_EQ(box.text,
+              "Lantos.ini can not be written: it is read-only, or closed to you by its permissions.\r"
+              "Click Retry to try again, or Cancel to leave the backup command as before.");
+    EXPECT_EQ(box.buttons, ui::Buttons::RetryCancel);
+    calls.Mend();
+    return Answer::Retry;
+  });
+  test::Press(screen.form, "F10");
+  EXPECT_EQ(screen.Profile(), "[Lantos Defaults]\r\nBackupCmdWait=False\r\nBackupCmd=B.EXE\r\n");
+  EXPECT_TRUE(screen.form.Saved());
 }
 
 TEST(frmSystemParameters, ChangesAreAskedAboutBeforeTheyAreLost) {

@@ -12,6 +12,7 @@
 #include "frame/Dates.h"
 #include "frame/Environment.h"
 #include "frame/ScratchDirectory.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos {
 
@@ -85,6 +86,14 @@ TEST_F(RunLogs, ALogOfAnotherDayThatIsHeldOpenStays) {
 TEST_F(RunLogs, WithAThousandLogsOfTodayThereIsNoName) {
   for (int n = 0; n < 1000; ++n) directory.Put(fmt::format("LNb15{:03}.LOG", n), "");
   EXPECT_FALSE(log.Open());
+}
+
+TEST_F(RunLogs, ALogThatCanNotBeOpenedIsntLeftBehindEmpty) {
+  test::FaultyCalls calls(directory.Path(), test::FaultyCalls::Logs::Watched);
+  calls.FailAt(2, test::Fault::DeviceIo);  // made, closed, opened
+  EXPECT_THROW(log.Open(), FileError);
+  EXPECT_EQ(calls.Failed(), 1U);
+  EXPECT_TRUE(files.List("*").empty());
 }
 
 TEST_F(RunLogs, AMessageBeforeTheLogIsOpenIsLost) {

@@ -1,6 +1,7 @@
 #include "start/DataDirectory.h"
 
 #include "start/InstalledShop.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos {
 namespace {
@@ -39,7 +40,7 @@ struct Search : InstalledShop {
 TEST(CommandLine, TheSwitchInEitherCaseWithOrWithoutBackslashStoresTheSame) {
   for (const char* line : {"/D=C:\\shop", "/d=C:\\shop", "/D=C:\\shop\\", "  /d=C:\\shop\\  "}) {
     Search search;
-    ProcessCommandLine(search.environment, line);
+    ProcessCommandLine(search.environment, search.desktop, line);
     EXPECT_EQ(search.StoredDataDir(), "C:\\shop\\") << line;
     EXPECT_EQ(search.environment.files.DataDir(), "") << "it has no other effect";
   }
@@ -47,9 +48,9 @@ TEST(CommandLine, TheSwitchInEitherCaseWithOrWithoutBackslashStoresTheSame) {
 
 TEST(CommandLine, TheRestOfTheLineIsTheDirectoryWhateverStandsInIt) {
   Search search;
-  ProcessCommandLine(search.environment, "/D=/srv/my shop /D=x/");
+  ProcessCommandLine(search.environment, search.desktop, "/D=/srv/my shop /D=x/");
   EXPECT_EQ(search.StoredDataDir(), "/srv/my shop /D=x/\\");
-  ProcessCommandLine(search.environment, "/D=");
+  ProcessCommandLine(search.environment, search.desktop, "/D=");
   EXPECT_EQ(search.StoredDataDir(), "\\");
 }
 
@@ -57,8 +58,29 @@ TEST(CommandLine, ThereIsNoOtherSwitch) {
   for (const char* line : {"", "/X=/srv/shop", "/D /srv/shop", "D=/srv/shop", "x /D=/srv/shop", "-D=/srv/shop"}) {
     Search search;
     search.StoreDataDir("kept\\");
-    ProcessCommandLine(search.environment, line);
+    ProcessCommandLine(search.environment, search.desktop, line);
     EXPECT_EQ(search.StoredDataDir(), "kept\\") << line;
+  }
+}
+
+TEST(CommandLine, ADirectoryThatCanNotBeStoredIsToldAndTriedAgain) {
+  Search search;
+  search.StoreDataDir("kept\\");
+  test::FaultyCalls calls(search.store.Path());
+  for (const Answer answer : {Answer::Cancel, Answer::Retry}) {
+    calls.FailOn("Korvel.conf", test::Fault::DiskFull);
+    search.desktop.WillAnswer([&](const ui::Box& box) {
+      EXPECT_EQ(box.text, "The data directory '/srv/shop\\' could not be stored in\r" +
+                              (search.store / "Korvel.conf").string() +
+                              ": the disk is full.\r\rClick Retry to try again, or Cancel to go on in the directory of "
+                              "before.");
+      EXPECT_EQ(box.title, "Lantos");
+      EXPECT_EQ(box.buttons, ui::Buttons::RetryCancel);
+      calls.Mend();
+      return answer;
+    });
+    ProcessCommandLine(search.environment, search.desktop, "/D=/srv/shop");
+    EXPECT_EQ(search.StoredDataDir(), answer == Answer::Cancel ? "kept\\" : "/srv/shop\\");
   }
 }
 
@@ -83,6 +105,23 @@ TEST(DataDirectory, AStoredOneWithoutAnySeparatorIsTakenAsItStands) {
   search.desktop.WillAnswer(Answer::Cancel);
   EXPECT_FALSE(search.Resolve());
   search.ExpectQuestion(0, search.data.Path().string());
+}
+
+TEST(DataDirectory, AnAnswerThatCanNotBeStoredCountsForThisRun) {
+  Search search;
+  search.StoreDataDir("");
+  test::FaultyCalls calls(search.store.Path());
+  calls.FailOn("Korvel.conf", test::Fault::ReadOnly);
+  search.WillEnter(search.data.Path().string());
+  search.desktop.WillAnswer([](const ui::Box& box) {
+    EXPECT_TRUE(
+        box.text.ends_with(": it is read-only, or closed to you by its permissions.\r\rClick Retry to try "
+                           "again, or Cancel to use it this time only."))
+        << box.text;
+    return Answer::Cancel;
+  });
+  EXPECT_TRUE(search.Resolve());
+  EXPECT_EQ(search.StoredDataDir(), "");
 }
 
 TEST(DataDirectory, IsAskedForWhereNoneIsStoredAndEndsInBothSlashesInThatRun) {

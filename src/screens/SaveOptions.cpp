@@ -1,0 +1,19 @@
+#include "screens/SaveOptions.h"
+
+#include "frame/FileCause.h"
+
+namespace lantos {
+
+bool SaveOptions(ui::Desktop& desktop, const ProfileFile& profile, const std::string& what,
+                 const std::function<bool()>& save) {
+  const std::string file(kOptionsFile);
+  while (!save()) {
+    const ui::Answer answer = desktop.Ask(file + " can not be written: " + CauseInWords(profile.Failure()) +
+                                              ".\rClick Retry to try again, or Cancel to leave " + what + " as before.",
+                                          file, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+    if (answer == ui::Answer::Cancel) return false;
+  }
+  return true;
+}
+
+}  // namespace lantos
