@@ -22,7 +22,7 @@ CALLS = (
 APPLICATIONS = ("kMainApplication", "kOwnApplication")  # in front of them: application and section
 TABLES = (re.compile(r'\{"(\w+)", &PrintOptions::'), re.compile(r'"(\w+To\w+|ContinuedAutoSchedule|RescheduledAllow)"'))
 # Arguments that hand a key on; it is named where they get it.
-HANDED_ON = {"key", "key.name", "entries", "section"}
+HANDED_ON = {"key", "key.name", "kStatusKeys[i]", "entries", "section"}
 PREFIXES = {"form.Name()": "<form>", "caption": "<caption>"}
 NUMBERED = {"std::to_string(i)": ("0", "12")}
 

@@ -63,16 +63,30 @@ std::optional<std::string> LockedText::Read() const {
       Fail(errno);
       return std::nullopt;
     }
-    if (count == 0) return text;
+    if (count == 0) {
+      text.erase(text.find_last_not_of('\0') + 1);
+      return text;
+    }
     text.append(block.data(), static_cast<std::size_t>(count));
   }
 }
 
 bool LockedText::Replace(std::string_view text) {
-  struct stat before = {};
+  struct stat status = {};
   if (descriptor_ < 0) return false;
-  if (::fstat(descriptor_, &before) != 0) return Fail(errno);
-  if (!MakeRoom(text.size(), static_cast<std::size_t>(before.st_size))) return false;
+  if (::fstat(descriptor_, &status) != 0) return Fail(errno);
+  const std::optional<std::string> before = Read();
+  if (!before || !MakeRoom(text.size(), static_cast<std::size_t>(status.st_size))) return false;
+  if (Write(text)) return true;
+  // The error of the first write is the one to tell.
+  const int errorNumber = errorNumber_;
+  if (!Write(*before)) {
+    [[maybe_unused]] const int cutBack = ::ftruncate(descriptor_, status.st_size);
+  }
+  return Fail(errorNumber);
+}
+
+bool LockedText::Write(std::string_view text) {
   for (std::size_t written = 0; written < text.size();) {
     const std::string_view rest = text.substr(written);
     const ssize_t count = ::pwrite(descriptor_, rest.data(), rest.size(), static_cast<off_t>(written));

@@ -18,15 +18,17 @@ class LockedText {
   ~LockedText();
   LockedText(const LockedText&) = delete;
 
-  // Empty when there is no file, or none that can be read.
+  // Empty when there is no file, or none that can be read. NULs at its end, room that was taken for a text that never
+  // came, are none of it.
   std::optional<std::string> Read() const;
-  // False when it can't be written; on a full disk it stays as it was.
+  // False when it can't be written; it stays as it was then, as far as the disk lets it.
   bool Replace(std::string_view text);
   // Of what has failed, from the opening on; 0 when nothing has.
   int ErrorNumber() const { return errorNumber_; }
 
  private:
   bool MakeRoom(std::size_t length, std::size_t lengthBefore);
+  bool Write(std::string_view text);
   bool Fail(int errorNumber) const;
 
   int descriptor_ = -1;

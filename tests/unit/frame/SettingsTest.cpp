@@ -8,6 +8,7 @@
 #include "frame/Options.h"
 #include "frame/ScratchDirectory.h"
 #include "frame/UserSettings.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos {
 
@@ -109,6 +110,26 @@ TEST_F(Profiles, AWriteThatDoesNotFitOnTheDiskLeavesTheFileAsItIs) {
   });
   EXPECT_EQ(code, 0);
   EXPECT_EQ(directory.Content("Lantos.ini"), kForeign);
+}
+
+TEST_F(Profiles, AWriteThatBreaksOffLeavesTheFileAsItIs) {
+  directory.Put("Lantos.ini", kForeign);
+  test::FaultyCalls calls(directory.Path());
+  calls.When([](const test::FileCall& call, std::size_t) { return call.kind == test::CallKind::Write ? EIO : 0; });
+  EXPECT_FALSE(profile.Put("Print Options", "PreviewEstimate", "False"));
+  EXPECT_EQ(profile.Failure(), FileErrorNumber::DeviceIo);
+  // The room is taken, and then the write fails.
+  calls.When([writes = 0](const test::FileCall& call, std::size_t) mutable {
+    return call.kind == test::CallKind::Write && ++writes == 2 ? EIO : 0;
+  });
+  EXPECT_FALSE(profile.Put("Print Options", "PreviewEstimate", "False"));
+  EXPECT_EQ(directory.Content("Lantos.ini"), kForeign);
+}
+
+TEST_F(Profiles, RoomThatWasTakenForATextThatNeverCameIsNoneOfIt) {
+  directory.Put("Lantos.ini", std::string("[a]\r\nb=c\r\n") + std::string(30, '\0'));
+  EXPECT_TRUE(profile.Put("a", "d", "e"));
+  EXPECT_EQ(directory.Content("Lantos.ini"), "[a]\r\nb=c\r\nd=e\r\n");
 }
 
 TEST_F(Profiles, AShorterValueLeavesNothingOfTheLongerOneBehind) {

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "admin/TestShop.h"
+#include "estimatedb/EstimateDatabase.h"
+
+namespace lantos::test {
+
+// A command of the program, on a shop of its own that is made anew for each run. The same command on the same shop
+// makes the same calls, and leaves the same files.
+class Deed {
+ public:
+  virtual ~Deed() = default;
+  virtual TestShop& Shop() = 0;
+  virtual EstimateDatabase* Database() { return nullptr; }
+  // The person's hands, once. Forms that come up meanwhile are used as it is told below.
+  virtual void Do() = 0;
+
+  std::map<std::string, std::function<void(ui::Form&)>> forms;  // by name
+  // For a form that comes up again behind what was done from it, and is left then.
+  void Once(const std::string& form, std::function<void(ui::Form&)> use) {
+    forms[form] = [this, use = std::move(use)](ui::Form& shown) {
+      if (used.insert(shown.Name()).second) use(shown);
+    };
+  }
+  std::set<std::string> used;                 // since the deed was begun
+  std::map<std::string, ui::Answer> answers;  // to boxes that belong to it, by how their texts begin
+  // What may be left changed when the rest isn't: a number that was taken, and nobody's row of it.
+  std::vector<std::string> gaps;
+  // A text that is stored whole or not at all, where another try stores it under another number.
+  std::string mark;
+  // What lies in several files is written one after the other: files of which the first may have been written when the
+  // next can't be. The person is told.
+  std::vector<std::string> inTurn;
+};
+
+struct NamedDeed {
+  std::string name;
+  std::function<std::unique_ptr<Deed>()> make;
+};
+
+std::vector<NamedDeed> DeedsOnEstimates();
+std::vector<NamedDeed> DeedsOnMasters();
+std::vector<NamedDeed> DeedsOnStock();
+
+// On a bench of the unit tests.
+template <class Bench>
+class DeedOn : public Bench, public Deed {
+ public:
+  TestShop& Shop() override { return *this; }
+};
+// On one that is a test of its own.
+template <class Bench>
+class DeedOnTest : public DeedOn<Bench> {
+ public:
+  void TestBody() override {}
+};
+
+}  // namespace lantos::test

@@ -1,0 +1,195 @@
+#include "admin/SystemScreensBench.h"
+#include "admin/frmCompanyInfo.h"
+#include "admin/frmSystemParameters.h"
+#include "faults/Deed.h"
+#include "masters/EmployeeShop.h"
+#include "masters/VendorShop.h"
+#include "masters/customers/frmCustSearch.h"
+#include "masters/vehicles/frmVehEdit.h"
+#include "records/Vehicles.h"
+
+// Customers and their vehicles, vendors, employees, the shop itself.
+namespace lantos::test {
+
+namespace {
+
+struct OnCustomers : DeedOnTest<MasterShop> {
+  OnCustomers() {
+    PutCustomers({{5, "SMITH", "JOHN", "", "", "", "", "", 0}, {6, "ROE", "AL"}, {7, "ACME", ""}});
+    PutVehicles({{5, "1999", "HONDA", "CIVIC", "LIC", "V3", 300}});
+    MakeCustomerCurrent(5);
+    gaps = {"TQSYSTEM.DAT"};
+    inTurn = {"TQCSTTAG.DAT", "TQVEHICL.DAT"};  // the vehicle, its owner's tag, the owner
+  }
+};
+
+struct EditCustomer : OnCustomers {
+  EditCustomer() {
+    forms["frmCustEdit"] = [](ui::Form& form) {
+      As<frmCustEdit>(form).Address.DoType("2 Oak St");
+      As<frmCustEdit>(form).Home.DoType("555-2222");
+      Press(form, "F10");
+    };
+  }
+  void Do() override {
+    std::unique_ptr<frmCustEdit> window;
+    screens.EditCustomer(MasterScreens::Window::New, window);
+    window->Unload();
+  }
+};
+
+struct NewCustomer : OnCustomers {
+  NewCustomer() {
+    Once("frmCustSearch", [](ui::Form& form) {
+      As<frmCustSearch>(form).NameKey.DoType("Doe, Ann");
+      Press(form, "Insert");
+    });
+    forms["frmCustEdit"] = [](ui::Form& form) { Press(form, "F10"); };
+  }
+  void Do() override { screens.CustomerMaintenance(MasterScreens::Purpose::ChooseForEstimate); }
+};
+
+struct EditVehicle : OnCustomers {
+  EditVehicle() {
+    Once("frmVehList", [](ui::Form& form) {
+      As<frmVehList>(form).DataGrid1.DoSelect(0);
+      As<frmVehList>(form).cmdEdit.DoClick();
+    });
+    forms["frmVehEdit"] = [](ui::Form& form) {
+      As<frmVehEdit>(form).Mileage.DoType("500");
+      Press(form, "F10");
+    };
+  }
+  void Do() override { screens.VehicleMaintenance(); }
+};
+
+struct NewVehicle : OnCustomers {
+  NewVehicle() {
+    Once("frmVehList", [](ui::Form& form) { Press(form, "Insert"); });
+    forms["frmVehEdit"] = [](ui::Form& form) {
+      As<frmVehEdit>(form).VIN.DoType("1FAFP34P1XW123456");
+      As<frmVehEdit>(form).Mileage.DoType("10");
+      Press(form, "F10");
+    };
+  }
+  void Do() override { screens.VehicleMaintenance(); }
+};
+
+struct OnVendors : DeedOnTest<VendorShop> {
+  void Do() override {
+    frmVendorList list(shop, frmVendorList::Purpose::Maintain);
+    list.ShowModal();
+    list.Unload();
+  }
+};
+struct EditVendor : OnVendors {
+  EditVendor() {
+    forms["frmVendorList"] = [](ui::Form& form) {
+      As<frmVendorList>(form).VendorList.DoSelect(0);
+      As<frmVendorList>(form).cmdEdit.DoClick();
+    };
+    forms["frmVendorEdit"] = [](ui::Form& form) {
+      Type(As<frmVendorEdit>(form).Contact, "Bea Bell");
+      Press(form, "F10");
+    };
+  }
+};
+struct AddVendor : OnVendors {
+  AddVendor() {
+    forms["frmVendorList"] = [](ui::Form& form) { Press(form, "Insert"); };
+    forms["frmVendorAdd"] = [](ui::Form& form) {
+      Type(As<frmVendorAdd>(form).VendorName, "Epsilon Tires");
+      Press(form, "F10");
+    };
+  }
+};
+
+struct OnEmployees : DeedOnTest<EmployeeShop> {
+  EstimateDatabase* Database() override { return &database; }
+  void Do() override {
+    frmEmpMaint form(shop, database.korvelData);
+    form.ShowModal();
+    form.Unload();
+  }
+};
+struct EditEmployee : OnEmployees {
+  EditEmployee() {
+    forms["frmEmpMaint"] = [](ui::Form& form) {
+      auto& screen = As<frmEmpMaint>(form);
+      const int row = screen.EmpList.FindText("Zoe Young");
+      if (row < 0) return;
+      screen.EmpList.DoSelect(row);
+      Type(screen.EmpAddr, "2 Mill Lane");
+      Press(form, "F10");
+    };
+  }
+};
+struct NewEmployee : OnEmployees {
+  NewEmployee() {
+    forms["frmEmpMaint"] = [](ui::Form& form) { Press(form, "Insert"); };
+    forms["frmEmpNew"] = [](ui::Form& form) {
+      Type(As<frmEmpNew>(form).EmpName, "Mia North");
+      Press(form, "F10");
+    };
+    gaps = {"TQSYSTEM.DAT"};
+    mark = "Mia North";
+  }
+};
+struct EditPay : OnEmployees {
+  EditPay() {
+    inTurn = {"TQEMPLOY.DAT"};  // then a row of the main application's database
+    forms["frmEmpPRInfo"] = [](ui::Form& form) {
+      Type(As<frmEmpPRInfo>(form).Wage, "19.25");
+      Press(form, "F10");
+    };
+  }
+  void Do() override {
+    frmEmpPRInfo form(shop, database.korvelData, 12);
+    form.ShowModal();
+    form.Unload();
+  }
+};
+
+template <class Screen>
+struct OnSystem : DeedOn<SystemShop> {
+  void Do() override {
+    Screen form(shop);
+    form.LoadForm();
+    form.ShowModal();
+    form.Unload();
+  }
+};
+struct EditCompany : OnSystem<frmCompanyInfo> {
+  EditCompany() {
+    forms["frmCompanyInfo"] = [](ui::Form& form) {
+      Type(As<frmCompanyInfo>(form).company_address, "13 Elm St");
+      Press(form, "F10");
+    };
+  }
+};
+struct EditParameters : OnSystem<frmSystemParameters> {
+  EditParameters() {
+    directory.Put("Lantos.ini", "[Lantos Defaults]\r\nBackupCmdWait=True\r\n");
+    forms["frmSystemParameters"] = [](ui::Form& form) {
+      Type(As<frmSystemParameters>(form).shop_rate, "70.00");
+      Press(form, "F10");
+    };
+  }
+};
+
+template <class Made>
+NamedDeed Named(const char* name) {
+  return {name, [] { return std::make_unique<Made>(); }};
+}
+
+}  // namespace
+
+std::vector<NamedDeed> DeedsOnMasters() {
+  return {
+      Named<EditCustomer>("customer: edit"), Named<NewCustomer>("customer: new"),   Named<EditVehicle>("vehicle: edit"),
+      Named<NewVehicle>("vehicle: new"),     Named<EditVendor>("vendor: edit"),     Named<AddVendor>("vendor: add"),
+      Named<EditEmployee>("employee: edit"), Named<NewEmployee>("employee: new"),   Named<EditPay>("employee: pay"),
+      Named<EditCompany>("company"),         Named<EditParameters>("system record")};
+}
+
+}  // namespace lantos::test

@@ -1,0 +1,171 @@
+#include "faults/FaultRun.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "faults/Person.h"
+#include "support/FaultyEngine.h"
+
+namespace lantos::test {
+
+namespace {
+
+using Manner = Trouble::Person;
+
+// Longer than any wait that ends by itself.
+constexpr int kMostFailures = 1100;
+
+bool IsOfDatabase(const FileCall& call) { return call.name.find(".mdb") != std::string::npos; }
+
+// From the call on the same goes wrong with the file again and again. One that never gets through is thrown out, but
+// not through the database engine.
+FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>& calls) {
+  const std::string name = calls[trouble.index].name;
+  return [trouble, name, failures = 0](const FileCall& call, std::size_t at) mutable {
+    if (at < trouble.index || call.name != name) return 0;
+    const int result = ErrnoOf(call, trouble.fault);
+    const bool mayThrow = call.kind == CallKind::Open || call.kind == CallKind::Create || call.kind == CallKind::Lock ||
+                          call.kind == CallKind::Read || call.kind == CallKind::Write;
+    if (result != 0 && ++failures > kMostFailures && mayThrow && !IsOfDatabase(call)) throw Hung{};
+    return result;
+  };
+}
+
+std::size_t TimesIn(const ShopState& state, const std::string& text) {
+  std::size_t times = 0;
+  for (const auto& [name, content] : state) {
+    for (std::size_t at = content.find(text); at != std::string::npos; at = content.find(text, at + 1)) ++times;
+  }
+  return times;
+}
+
+void MakeStatementsFaulty(Deed& deed, StatementFaults& faults) {
+  if (deed.Database() == nullptr) return;
+  MakeFaulty(*deed.Database(), deed.Shop().environment, faults);
+}
+
+}  // namespace
+
+FaultRun::FaultRun(const NamedDeed& deed) : deed_(deed) {
+  const std::unique_ptr<Deed> run = deed_.make();
+  before_ = StateOf(run->Shop().directory);
+  StatementFaults faults;
+  MakeStatementsFaulty(*run, faults);
+  {
+    FaultyCalls calls(run->Shop().directory.Path());
+    Person person(*run, Manner::Retries, [] {});
+    person.Do();
+    EXPECT_FALSE(person.WasTold()) << deed_.name << " without any trouble: " << person.Heard();
+    calls_ = calls.Calls();
+  }
+  statements_ = faults.Statements();
+  after_ = StateOf(run->Shop().directory);
+  EXPECT_FALSE(Differences(before_, after_).empty()) << deed_.name << " changes nothing";
+}
+
+std::vector<Trouble> FaultRun::Troubles(std::optional<std::size_t> atMost) const {
+  std::vector<Trouble> all;
+  for (const Manner person : {Manner::Retries, Manner::GivesUp}) {
+    for (const Fault fault : kFaults) {
+      for (std::size_t i = 0; i < calls_.size(); ++i) {
+        // What its own calls run into, the database tells by its statements.
+        if (ErrnoOf(calls_[i], fault) == 0 || IsOfDatabase(calls_[i])) continue;
+        all.push_back({Trouble::Place::FileCall, i, fault, person, NameOf(calls_[i].kind) + " " + calls_[i].name});
+      }
+      for (std::size_t i = 0; i < statements_.size(); ++i) {
+        all.push_back({Trouble::Place::Statement, i, fault, person, statements_[i]});
+      }
+    }
+  }
+  if (!atMost || all.size() <= *atMost) return all;
+  std::vector<Trouble> some;
+  for (std::size_t i = 0; i < *atMost; ++i) some.push_back(all[i * all.size() / *atMost]);
+  return some;
+}
+
+Ending FaultRun::Meet(const Trouble& trouble) const {
+  const std::unique_ptr<Deed> run = deed_.make();
+  StatementFaults faults;
+  MakeStatementsFaulty(*run, faults);
+  bool hung = false;
+  bool told = false;
+  std::string said;
+  {
+    FaultyCalls calls(run->Shop().directory.Path());
+    if (trouble.place == Trouble::Place::FileCall) {
+      calls.When(FromCall(trouble, calls_));
+    } else {
+      faults.FailAt(trouble.index, trouble.fault);
+    }
+    Person person(*run, trouble.person, [&] {
+      calls.Mend();
+      faults.Mend();
+    });
+    try {
+      person.Do();
+    } catch (const Hung&) {
+      hung = true;
+    }
+    calls.Mend();
+    faults.Mend();
+    told = person.WasTold();
+    said = person.Heard();
+  }
+  Ending ending = Judge(StateOf(run->Shop().directory), *run);
+  ending.told = told;
+  ending.hung = hung;
+  ending.said = said;
+  if (!hung && (ending.kind == Ending::Kind::AsBefore || ending.kind == Ending::Kind::Gap)) {
+    Person person(*run, Manner::Retries, [] {});
+    person.Do();
+    ending.again = AreAlikeInSize(StateOf(run->Shop().directory), after_);
+    if (!ending.again) ending.said += " // next try: " + person.Heard();
+  }
+  return ending;
+}
+
+Ending FaultRun::Kill(std::size_t call) const {
+  const std::unique_ptr<Deed> run = deed_.make();
+  if (run->Database() != nullptr) {
+    run->Database()->lantosData.Disconnect();
+    run->Database()->korvelData.Disconnect();
+  }
+  const pid_t child = ::fork();
+  if (child == 0) {
+    FaultyCalls calls(run->Shop().directory.Path());
+    calls.KillAt(call);
+    Person person(*run, Manner::Retries, [] {});
+    person.Do();
+    ::_exit(0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  Ending ending = Judge(StateOf(run->Shop().directory), *run);
+  ending.told = true;  // nobody is there to be told
+  return ending;
+}
+
+Ending FaultRun::Judge(const ShopState& state, const Deed& deed) const {
+  const auto isAmong = [](const std::vector<std::string>& names) {
+    return [&names](const std::string& name) { return std::find(names.begin(), names.end(), name) != names.end(); };
+  };
+  Ending ending;
+  if (Differences(state, after_).empty()) return ending;
+  // Stored by another try, under another number.
+  if (!deed.mark.empty() && TimesIn(state, deed.mark) == TimesIn(after_, deed.mark)) return ending;
+  ending.apart = Differences(state, before_);
+  if (ending.apart.empty()) {
+    ending.kind = Ending::Kind::AsBefore;
+  } else if (std::all_of(ending.apart.begin(), ending.apart.end(), isAmong(deed.gaps))) {
+    ending.kind = Ending::Kind::Gap;
+  } else {
+    std::erase_if(ending.apart, isAmong(deed.gaps));
+    const bool isInTurn = std::all_of(ending.apart.begin(), ending.apart.end(), isAmong(deed.inTurn));
+    ending.kind = isInTurn ? Ending::Kind::InTurn : Ending::Kind::Apart;
+  }
+  return ending;
+}
+
+}  // namespace lantos::test

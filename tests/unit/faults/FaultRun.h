@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "faults/Deed.h"
+#include "faults/ShopState.h"
+#include "support/FaultyCalls.h"
+
+namespace lantos::test {
+
+// What goes wrong in one run of a command.
+struct Trouble {
+  enum class Place { FileCall, Statement };
+  // What the person says to the box: all is well by then.
+  enum class Person { Retries, GivesUp };
+
+  Place place = Place::FileCall;
+  std::size_t index = 0;
+  Fault fault = Fault::DiskFull;
+  Person person = Person::Retries;
+  std::string what;  // the call, in words
+};
+
+// How it ended.
+struct Ending {
+  enum class Kind { Stored, AsBefore, Gap, InTurn, Apart };
+
+  Kind kind = Kind::Stored;
+  bool told = false;  // by a box, or an error on the screen
+  bool hung = false;  // it tried without end, and without a word
+  bool again = true;  // where nothing was stored: the next try did
+  std::vector<std::string> apart;
+  std::string said;
+
+  // What was typed is neither stored nor said to be not stored, or files don't belong together.
+  bool IsLost() const { return kind == Kind::Apart || hung || (kind != Kind::Stored && !told) || !again; }
+};
+
+// One command under every trouble that it can meet.
+class FaultRun {
+ public:
+  explicit FaultRun(const NamedDeed& deed);
+
+  const std::string& Name() const { return deed_.name; }
+  std::size_t FileCalls() const { return calls_.size(); }
+  std::size_t Statements() const { return statements_.size(); }
+  const std::vector<FileCall>& Calls() const { return calls_; }
+  // All of them, or so many that lie evenly among them.
+  std::vector<Trouble> Troubles(std::optional<std::size_t> atMost) const;
+  Ending Meet(const Trouble& trouble) const;
+  // The process ends in front of the call.
+  Ending Kill(std::size_t call) const;
+
+ private:
+  Ending Judge(const ShopState& state, const Deed& deed) const;
+
+  NamedDeed deed_;
+  std::vector<FileCall> calls_;
+  std::vector<std::string> statements_;
+  ShopState before_;
+  ShopState after_;
+};
+
+}  // namespace lantos::test
