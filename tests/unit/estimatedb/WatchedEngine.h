@@ -33,6 +33,7 @@ class WatchedEngine : public Engine {
   }
   void DeleteFirst(std::string_view table, const RowKey& key) override { engine_->DeleteFirst(table, key); }
   void Together(const std::function<void()>& work) override { engine_->Together(work); }
+  void Apart(const std::function<void()>& work) override { engine_->Apart(work); }
   void ReadTogether(const std::function<void()>& work) override { engine_->ReadTogether(work); }
 
  private:
