@@ -185,6 +185,38 @@ TEST_F(Engines, AFailureIsOfAKindAndKeepsTheEnginesNumberAndWords) {
   EXPECT_EQ(kindOf("delete from Estimates"), DatabaseErrorKind::Refused);
 }
 
+TEST_F(Engines, ARefusalOfAnyKindTellsAPersonNeitherStatementNorTheEnginesWords) {
+  using Kind = DatabaseErrorKind;
+  const auto expect = [](SqliteEngine& asked, Kind kind, const std::string& statement, std::vector<Value> values) {
+    try {
+      asked.Run(statement, values);
+      ADD_FAILURE() << "not refused: " << statement;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.Kind(), kind);
+      EXPECT_TRUE(error.Words().starts_with(WordsOf(kind))) << error.Words();
+      EXPECT_EQ(error.Words().find("SpecialDays"), std::string::npos) << error.Words();
+      EXPECT_THAT(error.what(), HasSubstr(statement));
+    }
+  };
+  const std::string insert = "insert into SpecialDays (SpecialDesc) values (?)";
+  engine.Run("PRAGMA query_only = ON", {});
+  expect(engine, Kind::ReadOnly, insert, {"x"s});
+  engine.Run("PRAGMA query_only = OFF", {});
+  engine.Run("PRAGMA max_page_count = " + Ask("PRAGMA page_count"), {});
+  expect(engine, Kind::Full, insert, {std::string(100000, 'x')});
+  engine.Run("PRAGMA max_page_count = 1000000", {});
+  engine.Run("create unique index Days on SpecialDays (SpecialDate)", {});
+  AddDay(1);
+  engine.Run("update SpecialDays set SpecialDate = 1", {});
+  expect(engine, Kind::Duplicate, "insert into SpecialDays (SpecialDate) values (?)", {std::int64_t{1}});
+  expect(engine, Kind::NotThere, "select SpecialColour from SpecialDays", {});
+  std::string bytes = EmptyDatabase();
+  std::fill(bytes.begin() + 4096, bytes.end(), '\xFF');
+  Put("Other.mdb", bytes);
+  SqliteEngine damaged(PathOf("Other.mdb"), clock);
+  expect(damaged, Kind::Damaged, "select * from SpecialDays", {});
+}
+
 // They are read by people who know nothing of statements.
 TEST(DatabaseErrors, HaveWordsOfTheirOwn) {
   using Kind = DatabaseErrorKind;
