@@ -11,7 +11,7 @@ namespace lantos {
 
 namespace {
 
-constexpr ui::Twips kWidth = 15270;
+constexpr ui::Twips kWidth = 15180;
 constexpr ui::Twips kHeight = 6600;
 constexpr std::size_t kDatesTold = 5;
 constexpr std::string_view kAdditionalUnread = "The additional withholding can't be read from Korvel.mdb.";
