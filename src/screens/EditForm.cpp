@@ -79,6 +79,7 @@ bool EditForm::CheckDate(ui::TextBox& box) {
     return true;
   }
   shop_.desktop.Tell(badDate_, Caption(), ui::Icon::Exclamation);
+  if (box.HasFocus()) EnterAnew();
   return false;
 }
 

@@ -195,7 +195,7 @@ def test_the_place_of_the_window_is_kept(start, paid, tmp_path):
     copy.key("Esc")
     copy.expect_form("frmEmpMaint")
     settings = Settings(tmp_path / "settings")
-    assert [settings.read("Lantos", HISTORY + key) for key in ("Width", "Height", "State")] == ["14400", "6600", "0"]
+    assert [settings.read("Lantos", HISTORY + key) for key in ("Width", "Height", "State")] == ["15180", "6600", "0"]
 
 
 def test_kills_in_the_middle_of_deleting_leave_the_chain_whole(start, paid):

@@ -149,6 +149,17 @@ TEST_F(EmpPRHist, DeleteMarksAndTakesTheMarkBack) {
   });
 }
 
+TEST_F(EmpPRHist, TheHandIsBackInTheListAfterEachCommand) {
+  desktop.WillAnswer(Answer::No);
+  Use([](frmEmpPRHist& form) {
+    for (const char* command : {"Alt+D", "Alt+D", "Alt+P", "Alt+S"}) {
+      form.chkIncludeSSN.SetFocus();
+      test::Press(form, command);
+      EXPECT_EQ(form.Focus(), &form.ListView1) << command;
+    }
+  });
+}
+
 TEST_F(EmpPRHist, ManyMarksAreCounted) {
   PutPays(std::vector<CivilDate>(7, {2006, 1, 6}));
   desktop.WillAnswer(Answer::Yes);
@@ -313,8 +324,8 @@ TEST_F(EmpPRHist, TheNumberIsTickedWhereTheShopHasChosenSo) {
 }
 
 TEST_F(EmpPRHist, TheSizeOfTheWindowIsKept) {
-  Use([](frmEmpPRHist& form) { form.DoResize(15000, 9000, ui::WindowState::Normal); });
-  EXPECT_EQ(Setting("frmEmpPRHistWidth"), "15000");
+  Use([](frmEmpPRHist& form) { form.DoResize(15300, 9000, ui::WindowState::Normal); });
+  EXPECT_EQ(Setting("frmEmpPRHistWidth"), "15300");
   EXPECT_EQ(Setting("frmEmpPRHistHeight"), "9000");
   EXPECT_EQ(Setting("frmEmpPRHistState"), "0");
 }
