@@ -202,6 +202,21 @@ TEST_F(EmpMaint, ARefusedDateIsMarkedSoThatTheNextOneTakesItsPlace) {
   });
 }
 
+TEST_F(EmpMaint, ARefusedNumberIsMarkedToo) {
+  desktop.WillAnswer({Answer::Ok, Answer::Ok, Answer::Yes});
+  Maintain([](frmEmpMaint& form) {
+    Choose(form.EmpList, "Abe Lee");
+    for (const char* refused : {"two", "256"}) {
+      Type(form.NumExemptions, refused);
+      Press(form, "F10");
+      EXPECT_TRUE(form.NumExemptions.HasFocus()) << refused;
+      form.NumExemptions.TypeCharacter('3');
+      EXPECT_EQ(form.NumExemptions.Text(), "3") << refused;
+    }
+    Press(form, "Esc");
+  });
+}
+
 TEST_F(EmpMaint, ExemptionsAreAWholeNumberThatAByteHolds) {
   const std::string before = File();
   desktop.WillAnswer({Answer::Ok, Answer::Ok, Answer::Yes});
