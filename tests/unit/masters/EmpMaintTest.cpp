@@ -187,21 +187,6 @@ TEST_F(EmpMaint, TheSaveKeyRefusesABadDateToo) {
   EXPECT_EQ(File(), before);
 }
 
-TEST_F(EmpMaint, ARefusedDateIsMarkedSoThatTheNextOneTakesItsPlace) {
-  desktop.WillAnswer({Answer::Ok, Answer::Ok, Answer::Yes});
-  Maintain([](frmEmpMaint& form) {
-    Choose(form.EmpList, "Abe Lee");
-    for (const char* key : {"Tab", "F10"}) {
-      Type(form.DateHired, "02/30/2001");
-      Press(form, key);
-      EXPECT_TRUE(form.DateHired.HasFocus()) << key;
-      for (const char character : std::string("2/28/01")) form.DateHired.TypeCharacter(character);
-      EXPECT_EQ(form.DateHired.Text(), "2/28/01") << key;
-    }
-    Press(form, "Esc");
-  });
-}
-
 TEST_F(EmpMaint, ExemptionsAreAWholeNumberThatAByteHolds) {
   const std::string before = File();
   desktop.WillAnswer({Answer::Ok, Answer::Ok, Answer::Yes});
