@@ -55,7 +55,8 @@ def test_a_purchase_orders_file_is_a_name_and_not_a_path(start, shop, tmp_path):
 def test_a_work_order_is_not_written_through_a_link(start, shop, tmp_path):
     target = tmp_path / "precious"
     target.write_text("precious")
-    one_to_convert(shop, customer=0)
+    shop.add_customer(7, "Adams", "Beth")
+    one_to_convert(shop)
     copy = begin(start, shop)
     shop.path(file_name(FIRST)).symlink_to(target)
     copy.click("cmdConvert")
@@ -66,18 +67,34 @@ def test_a_work_order_is_not_written_through_a_link(start, shop, tmp_path):
     assert target.read_text() == "precious"
 
 
-@pytest.mark.parametrize("name", ["TQSYSTEM.DAT", "TQCSTTAG.DAT", "TQEMPLOY.DAT", "CHECKLST.TXT", "Lantos.mdb"])
-def test_a_start_opens_no_file_elsewhere(start, shop, tmp_path, name):
-    """It says what the matter is, or does without the file; it never has what isn't the shop's."""
+def link_elsewhere(shop, name, tmp_path):
+    """The shop's own file, but outside."""
     shop.write()
     path = shop.path(name)
     target = tmp_path / "elsewhere"
     target.write_bytes(path.read_bytes() if path.exists() else b"[SECRET]\r\n")
-    before = target.read_bytes()
     path.unlink(missing_ok=True)
     path.symlink_to(target)
+    return target, target.read_bytes()
+
+
+@pytest.mark.parametrize("name", ["TQEMPLOY.DAT", "CHECKLST.TXT", "Lantos.mdb"])
+def test_a_start_opens_no_file_elsewhere(start, shop, tmp_path, name):
+    target, before = link_elsewhere(shop, name, tmp_path)
     copy = start(shop)
-    assert any("is a link that leads out of its directory" in line for line in all_said(copy)), all_said(copy)
+    copy.expect_box(title="Lantos can not start")
+    assert "is a link that leads out of its directory" in copy.answer["text"] and name in copy.answer["text"]
+    all_said(copy)
+    copy.expect_end(1)
+    assert target.read_bytes() == before
+
+
+def test_a_start_takes_no_system_record_from_elsewhere(start, shop, tmp_path):
+    target, before = link_elsewhere(shop, "TQSYSTEM.DAT", tmp_path)
+    copy = start(shop)
+    copy.expect_box(title="Error 75: Path/File access error", buttons=["Retry", "Cancel"])
+    copy.press("Cancel")
+    copy.expect_end(3)
     assert target.read_bytes() == before
 
 
@@ -92,12 +109,20 @@ def all_said(copy, boxes=12):
     return said
 
 
-@pytest.mark.parametrize("name", ["CHECKLST.TXT", "TQMAKMOD.DAT", "TQDEPART.DAT", "Lantos.ini"])
+@pytest.mark.parametrize("name", ["CHECKLST.TXT", "TQDEPART.DAT"])
 def test_a_pipe_is_not_waited_for(start, shop, name):
     shop.write()
     shop.path(name).unlink(missing_ok=True)
     os.mkfifo(shop.path(name))
-    all_said(start(shop))
+    copy = start(shop)
+    assert all_said(copy)[0].startswith(f"{name} is no file but a folder, a pipe or a device")
+    copy.expect_end(1)
+
+
+def test_a_pipe_in_place_of_the_options_is_as_no_options(start, shop):
+    shop.write()
+    os.mkfifo(shop.path("Lantos.ini"))
+    start(shop).expect_form("frmMain")
 
 
 def test_a_link_to_an_endless_device_takes_no_memory(start, shop):
