@@ -38,7 +38,7 @@ std::filesystem::path UserSettings::FileOf(std::string_view application) const {
 
 std::string UserSettings::Get(std::string_view application, std::string_view section, std::string_view key,
                               std::string_view defaultValue) const {
-  return ProfileFile(FileOf(application)).Get(section, key, defaultValue);
+  return ProfileFile(FileOf(application), nullptr, Links::Followed).Get(section, key, defaultValue);
 }
 
 bool UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
@@ -46,7 +46,7 @@ bool UserSettings::Save(std::string_view application, std::string_view section, 
   std::error_code noDirectory;
   std::filesystem::create_directories(directory_, noDirectory);
   const std::filesystem::path file = FileOf(application);
-  ProfileFile profile(file);
+  ProfileFile profile(file, nullptr, Links::Followed);
   if (profile.Put(section, key, value)) return true;
   failure_ = noDirectory ? NumberOfErrno(noDirectory.value()) : profile.Failure();
   if (!logFailure) return false;

@@ -87,6 +87,10 @@ class FaultyEngine : public Engine {
       faults_.Take("commit");
     });
   }
+  void Apart(const std::function<void()>& work) override {
+    faults_.Take("savepoint");
+    engine_->Apart(work);
+  }
   void ReadTogether(const std::function<void()>& work) override {
     faults_.Take("begin to read");
     engine_->ReadTogether(work);

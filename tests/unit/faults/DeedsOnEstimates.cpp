@@ -179,6 +179,7 @@ std::vector<NamedDeed> DeedsOnEstimates() {
           Named<SetStatus>("status"),
           Named<Reschedule>("reschedule"),
           Named<AddLabor>("labor: add"),
+          Named<ChangeLabor>("labor: change"),
           Named<RemoveLabor>("labor: remove"),
           Named<AddPartLine>("part line"),
           Named<AddExtra<kSubletExtras>>("sublet"),

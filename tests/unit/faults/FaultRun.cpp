@@ -19,16 +19,13 @@ constexpr int kMostFailures = 1100;
 
 bool IsOfDatabase(const FileCall& call) { return call.name.find(".mdb") != std::string::npos; }
 
-// From the call on the same goes wrong with the file again and again. One that never gets through is thrown out, but
-// not through the database engine.
-FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>& calls) {
+// From the call on the same goes wrong with the file again and again, until it is clear that nobody will be told.
+FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>& calls, bool& hung) {
   const std::string name = calls[trouble.index].name;
-  return [trouble, name, failures = 0](const FileCall& call, std::size_t at) mutable {
-    if (at < trouble.index || call.name != name) return 0;
+  return [trouble, name, &hung, failures = 0](const FileCall& call, std::size_t at) mutable {
+    if (at < trouble.index || call.name != name || hung) return 0;
     const int result = ErrnoOf(call, trouble.fault);
-    const bool mayThrow = call.kind == CallKind::Open || call.kind == CallKind::Create || call.kind == CallKind::Lock ||
-                          call.kind == CallKind::Read || call.kind == CallKind::Write;
-    if (result != 0 && ++failures > kMostFailures && mayThrow && !IsOfDatabase(call)) throw Hung{};
+    hung = result != 0 && ++failures > kMostFailures;
     return result;
   };
 }
@@ -95,7 +92,7 @@ Ending FaultRun::Meet(const Trouble& trouble) const {
   {
     FaultyCalls calls(run->Shop().directory.Path());
     if (trouble.place == Trouble::Place::FileCall) {
-      calls.When(FromCall(trouble, calls_));
+      calls.When(FromCall(trouble, calls_, hung));
     } else {
       faults.FailAt(trouble.index, trouble.fault);
     }
