@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "frame/Numbers.h"
+#include "frame/UnfitFile.h"
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
 
@@ -68,6 +69,7 @@ std::uint64_t Vehicles::FileLength() const { return environment_.files.Length(kV
 
 void Vehicles::LoadVehicles() {
   MarkNotLoaded();
+  RefuseTooLong(environment_.files.PathOf(kVehicleFile), FileLength(), kLongestRecordFile);
   const auto length = static_cast<std::int64_t>(FileLength());
   const std::int64_t count = DivideHalfEven(length, VehicleRecord::kLength);
   OpenedFile file(environment_.openFiles, kVehicleFile, Access::Read, Deny::None);

@@ -1,6 +1,7 @@
 #include "workorders/Workorders.h"
 
 #include "frame/Numbers.h"
+#include "frame/UnfitFile.h"
 #include "records/CheckList.h"
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
@@ -80,7 +81,8 @@ bool Workorders::GetCurrWoRec(FileHandle* keptOpen) {
   const std::string name = CurrentActiveTag.Get(wotag::FileName);
   OpenedFile file(environment_.openFiles);
   if (!OpenWorkorderFile(name, file)) return false;
-  TextLineReader lines(*file);
+  RefuseTooLong(environment_.files.PathOf(name), file->Length(), kLongestTextFile);
+  TextLineReader lines(*file, 0, name);
   const TextSurroundings around = Around();
   WorkorderReader reader = Reader(lines, around);
   std::string line;
@@ -96,7 +98,8 @@ bool Workorders::OpenWorkorderFile(const std::string& name, OpenedFile& file) {
   Contention find(contention::kFindWorkorderFile, desktop_, environment_, name);
   Contention open(contention::kOpenWorkorderFile, desktop_, environment_, name);
   const bool isThere = find.Run([&] {
-    if (name.empty() || !environment_.files.FileExists(name)) throw FileError(FileErrorNumber::FileNotFound, name);
+    if (!IsPlainName(name) || !environment_.files.FileExists(name))
+      throw FileError(FileErrorNumber::FileNotFound, name);
   });
   return isThere &&
          open.Run([&] { file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail)); });
@@ -128,7 +131,7 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
           [&] { file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail)); })) {
     return false;
   }
-  TextLineReader lines(*file, static_cast<std::uint64_t>(masterOffset));
+  TextLineReader lines(*file, static_cast<std::uint64_t>(masterOffset), kArchiveFile);
   const auto corrupted = [this](const char* what) {
     desktop_.Tell("Possible corrupted " + std::string(what) + " file - run KRVLCLEN", "GetArchWo()",
                   ui::Icon::Critical);

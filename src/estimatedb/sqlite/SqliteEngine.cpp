@@ -3,8 +3,10 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Transaction.h>
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <array>
 #include <utility>
@@ -13,6 +15,7 @@
 #include "estimatedb/sqlite/Dialect.h"
 #include "estimatedb/sqlite/SqlWords.h"
 #include "frame/Dates.h"
+#include "frame/GuardedOpen.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
 
@@ -82,6 +85,12 @@ std::string FirstRowWhere(std::string_view table, std::string_view column) {
   return fmt::format("rowid = (SELECT rowid FROM {} WHERE {} = ? ORDER BY rowid LIMIT 1)", table, column);
 }
 
+// As other shared files are made: the directory tells who else may use it, and the engine gives its journal the same
+// mode. What keeps it from being made is left for the engine to tell.
+void MakeEmptyFile(const std::filesystem::path& path) {
+  if (const int descriptor = MakeFile(path, O_RDWR); descriptor >= 0) ::close(descriptor);
+}
+
 }  // namespace
 
 SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock, Mode mode,
@@ -90,6 +99,13 @@ SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock
   const std::string opening = fmt::format("opening \"{}\"", TextOfPath(path_));
   if (mode == Mode::New && std::filesystem::exists(path_)) {
     throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", TextOfPath(path_)));
+  }
+  if (mode == Mode::New) MakeEmptyFile(path_);
+  if (LeadsOut(path_)) {
+    throw DatabaseError(
+        fmt::format("\"{}\" is a link that leads out of its directory or nowhere, so it isn't opened. Put the file "
+                    "itself in its place.",
+                    TextOfPath(path_)));
   }
   try {
     // One thread alone uses a connection, so it needs no mutex of its own.
