@@ -116,10 +116,10 @@ void SharedFile::TakeClaim(const Claim& claim) const {
     }
     if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &range); }) == 0) return;
     if (errno != EAGAIN && errno != EACCES) {
-      throw FileError(FileErrorNumber::PathFileAccess, "opening " + path_.string() +
-                                                           ": its file system grants no locks, and without them "
-                                                           "nothing is shared here: " +
-                                                           std::strerror(errno));
+      throw FileError(
+          FileErrorNumber::PathFileAccess,
+          "opening " + path_.string() + ": its file system grants no locks, and without them nothing is shared here",
+          std::strerror(errno));
     }
   }
   throw FileError(FileErrorNumber::PermissionDenied, "opening " + path_.string() + ": in use");
