@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "frame/FileError.h"
-#include "frame/PlainWords.h"
 
 namespace lantos {
 

@@ -1,6 +1,7 @@
 #include "records/Contention.h"
 
 #include "frame/FileCause.h"
+#include "frame/PlainWords.h"
 
 namespace lantos {
 
@@ -36,10 +37,13 @@ bool Contention::TryOtherAgain(const FileError& error) {
   if (rule_.noted == ContentionRule::Noted::Nothing) environment_.log.Write(error.what());
   const std::string file = Fill(rule_.file, {});
   const std::string title = rule_.title.empty() ? file : Fill(rule_.title, error.Text());
+  // What lies under the file's name may be unfit; that says so itself.
+  const auto* plain = dynamic_cast<const PlainWords*>(&error);
+  const std::string what =
+      plain != nullptr ? plain->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
   const ui::Answer answer =
-      desktop_->Ask(file + " can not be used: " + CauseInWords(error.Number()) +
-                        ".\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".",
-                    title, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+      desktop_->Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
+                    ui::Buttons::RetryCancel, ui::Icon::Exclamation);
   if (answer == ui::Answer::Retry) return true;
   if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
   return false;

@@ -36,7 +36,7 @@ def kill_at_write_of(start, shop, tmp_path, name):
     copy.click("cmdConvert")
     copy.expect_box(question(), TITLE)
     faults.fail(name, fault=KILLED, call="write", times=1)
-    with pytest.raises(DriverError, match="the process ended with -9"):
+    with pytest.raises(DriverError, match="the process ended with 137"):
         copy.press("Yes")
     copy.kill()
     assert faults.hits() == [] or faults.hits()[-1][0] == name

@@ -21,6 +21,7 @@ HOSTILE = {
     "upper": bytes(range(0x80, 0x100)).decode("latin-1"),
     "long": "W" * 400,
 }
+BEGINNING = {"signs": "<b>&A</b>", "lines": "one", "upper": "\u20ac", "long": "WWWW"}
 MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory", "mnuMaintVendors", "mnuPrintOptions",
          "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions", "mnuSystemCompanyInfo", "mnuSystemParameters",
          "mnuEstimateChecklist", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuFind", "mnuTechHours",
@@ -143,6 +144,7 @@ def test_texts_are_texts_on_every_screen_and_paper(copies, shop, has_windows, ki
     forms = {each["form"] for each in plain if "controls" in each}
     assert len(forms) > 15, forms
     assert any(each.get("waiting") == "preview" for each in plain)
+    assert BEGINNING[kind] in str(shown(plain)), "what is on file is what is on show"
     if not has_windows:
         return
     shutil.rmtree(shop.directory)
