@@ -39,7 +39,7 @@ struct Environment {
   // What the process ends with when the person gives up at a question that ends it; another one during the start.
   int exitCodeOfGivingUp = kEndedInOrder;
 
-  // Lantos.ini in DataDir. An entry that can't be written is lost, and only the log hears of it.
+  // Lantos.ini in DataDir. Of an entry that can't be written the log hears too.
   ProfileFile Profile() const { return ProfileFile(files.PathOf("Lantos.ini"), files.logFailure); }
   DaySerial Today() const { return clock.Today(); }
 };

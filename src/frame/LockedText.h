@@ -20,8 +20,8 @@ class LockedText {
   ~LockedText();
   LockedText(const LockedText&) = delete;
 
-  // Empty when there is no file, or none that can be read: a link out of its directory, or longer than any text. NULs at
-  // its end, room that was taken for a text that never came, are none of it.
+  // Empty when there is no file, or none that can be read: a link out of its directory, or longer than any text. NULs
+  // at its end, room that was taken for a text that never came, are none of it.
   std::optional<std::string> Read() const;
   // False when it can't be written; it stays as it was then, as far as the disk lets it.
   bool Replace(std::string_view text);

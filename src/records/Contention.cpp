@@ -1,7 +1,7 @@
 #include "records/Contention.h"
 
 #include "frame/FileCause.h"
-#include "frame/PlainWords.h"
+#include "frame/UnfitFile.h"
 
 namespace lantos {
 
@@ -38,9 +38,9 @@ bool Contention::TryOtherAgain(const FileError& error) {
   const std::string file = Fill(rule_.file, {});
   const std::string title = rule_.title.empty() ? file : Fill(rule_.title, error.Text());
   // What lies under the file's name may be unfit; that says so itself.
-  const auto* plain = dynamic_cast<const PlainWords*>(&error);
+  const auto* unfit = dynamic_cast<const UnfitFile*>(&error);
   const std::string what =
-      plain != nullptr ? plain->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
+      unfit != nullptr ? unfit->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
   const ui::Answer answer =
       desktop_->Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
                     ui::Buttons::RetryCancel, ui::Icon::Exclamation);

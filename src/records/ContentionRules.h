@@ -67,24 +67,33 @@ inline constexpr ContentionRule kLoadCustomerTags = {
     .text = "Customer tags file locked by another user.",
     .title = "Open failure",
     .buttons = Buttons::OkCancel,
+    .file = "TQCSTTAG.DAT",
+    .cancelling = "go on without the list of customers",
+    .otherRetries = 3,
 };
 inline constexpr ContentionRule kReadCustomer = {
     .text = kCustomersLocked,
     .title = "ReadCustomer()",
     .buttons = Buttons::OkCancel,
     .icon = Icon::Exclamation,
+    .file = "TQCSTDAT.DAT",
+    .cancelling = "leave the customer unread",
 };
 inline constexpr ContentionRule kWriteCustomerTag = {
     .text = kTagsLocked,
     .title = "WriteCustomer()",
     .buttons = Buttons::OkCancel,
     .icon = Icon::Exclamation,
+    .file = "TQCSTTAG.DAT",
+    .cancelling = "leave the customer unsaved",
 };
 inline constexpr ContentionRule kWriteCustomer = {
     .text = kCustomersLocked,
     .title = "WriteCustomer()",
     .buttons = Buttons::OkCancel,
     .icon = Icon::Exclamation,
+    .file = "TQCSTDAT.DAT",
+    .cancelling = "leave the customer unsaved",
 };
 
 // Vehicles.
@@ -93,6 +102,8 @@ inline constexpr ContentionRule kOpenVehicleForRead = {
     .title = "OpenVehicleForRead",
     .buttons = Buttons::RetryCancel,
     .icon = Icon::Critical,
+    .file = "TQVEHICL.DAT",
+    .cancelling = "go on without the vehicles",
 };
 inline constexpr ContentionRule kReadVehicle = {
     .silentRetries = 1000,
@@ -100,6 +111,8 @@ inline constexpr ContentionRule kReadVehicle = {
     .text = "Could not open Vehicle file.",
     .title = "ReadVehicle",
     .icon = Icon::Critical,
+    .file = "TQVEHICL.DAT",
+    .cancelling = "leave the vehicle unread",
 };
 inline constexpr ContentionRule kWriteVehicle = {
     .silentRetries = 1000,
@@ -107,6 +120,8 @@ inline constexpr ContentionRule kWriteVehicle = {
     .text = "Could not open Vehicle file.",
     .title = "WriteVehicle",
     .icon = Icon::Critical,
+    .file = "TQVEHICL.DAT",
+    .cancelling = "leave the vehicle unsaved",
 };
 
 // The system record. The hundredth failure asks.
@@ -117,6 +132,9 @@ inline constexpr ContentionRule kSystem = {
     .title = "{error}",
     .buttons = Buttons::RetryCancel,
     .icon = Icon::Critical,
+    .file = "TQSYSTEM.DAT",
+    .cancelling = "end the program",
+    .otherRetries = 99,
 };
 
 // The parts. Another copy's hold is waited out by an open for a write, and by the search for a tag: nobody is asked
@@ -148,6 +166,8 @@ inline constexpr ContentionRule kLoadInventoryTags = {
     .noted = Noted::EachFailure,
     .text = "Error reading inventory tags - Click OK to retry.",
     .title = "Lantos",
+    .file = "TQINVTAG.DAT",
+    .cancelling = "leave these parts out of the list",
 };
 // The tag of a part that another copy has told of. Nobody has asked for it, so the moment that a write takes goes by
 // without a box.
@@ -206,12 +226,16 @@ inline constexpr ContentionRule kOpenKitsExclusive = {
     .noted = Noted::EachFailure,
     .text = "Could not open TQINVKIT.DAT for exclusive access.",
     .title = "Lantos",
+    .file = "TQINVKIT.DAT",
+    .cancelling = "leave the kit as it is",
 };
 inline constexpr ContentionRule kOpenKitsShared = {
     .afterRetries = AfterRetries::GiveUp,
     .noted = Noted::EachFailure,
     .text = "Could not open TQINVKIT.DAT for shared access.",
     .title = "Lantos",
+    .file = "TQINVKIT.DAT",
+    .cancelling = "go on without the kit",
 };
 
 // Purchase orders: the tags, and the text of each order.
@@ -219,18 +243,24 @@ inline constexpr ContentionRule kOpenOrders = {
     .text = "{what}\rlocked by another user.\rClick RETRY to try again, or CANCEL to skip.",
     .title = "zGetOpenPOSublets {error}",
     .buttons = Buttons::RetryCancel,
+    .file = "{what}",
+    .cancelling = "skip it",
 };
 
 // Vendors, for ever. What is waited for is the routine.
 inline constexpr ContentionRule kVendors = {
     .text = "Vendor file locked by another user.\rClick OK to try again.",
     .title = "{what} {error}",
+    .file = "TQVENDOR.DAT",
+    .cancelling = "leave the vendors as they are",
 };
 
 // Pay records, for ever as well.
 inline constexpr ContentionRule kSavePayroll = {
     .text = "{error}\rPayroll file locked by another user.\rClick OK to try again.",
     .title = "Employee Payroll History",
+    .file = "TQPAYROL.DAT",
+    .cancelling = "leave the pay records as they are",
 };
 
 // Files that another copy has alone for a moment: the lists that each copy reads at its start (employees, makes), and
@@ -289,11 +319,15 @@ inline constexpr ContentionRule kOpenWorkorderFile = {
     .text = "File locked by another user.\rClick Retry to try again, or Cancel to skip.",
     .title = "GetCurrWoRec({what})",
     .buttons = Buttons::RetryCancel,
+    .file = "{what}",
+    .cancelling = "skip it",
 };
 inline constexpr ContentionRule kOpenArchive = {
     .text = "File locked by another user.\rClick Retry to try again, or Cancel to exit.",
     .title = "GetArchWo({what})",
     .buttons = Buttons::RetryCancel,
+    .file = "{what}",
+    .cancelling = "go on without it",
 };
 
 }  // namespace contention

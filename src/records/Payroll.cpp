@@ -8,6 +8,7 @@
 
 #include "frame/Numbers.h"
 #include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/Patience.h"
 
 namespace lantos {
@@ -76,7 +77,9 @@ void Payroll::Remove(std::int32_t employee, const std::vector<PayEntry>& marked,
                      const std::function<void(const PayEntry& entry)>& removed) {
   OpenedFile file(environment_.openFiles);
   Contention contention(contention::kSavePayroll, desktop_, environment_);
-  contention.Run([&] { file.Open(kPayrollFile, Access::ReadWrite, Deny::All); });
+  if (!contention.Run([&] { file.Open(kPayrollFile, Access::ReadWrite, Deny::All); })) {
+    throw GivenUp("The pay records were left as they are.");
+  }
   environment_.log.Write(fmt::format("frmEmpPRHist/Save: Opened {} (update,fp={})", kPayrollFile, file.Handle()));
   PayEntry predecessor;
   auto chain = Walk(*file, employee, HeadOf(employee));

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/OpenedFile.h"
 #include "records/modSystem.h"
 
@@ -16,6 +17,8 @@ constexpr std::uint64_t kLength = VendorRecord::kLength;
 
 // Rounded, halves upwards: a last record that is cut counts when at least half of it is there.
 std::uint64_t CountIn(std::uint64_t length) { return (2 * length + kLength) / (2 * kLength); }
+
+constexpr const char* kNotStored = "The vendor was not stored.";
 
 }  // namespace
 
@@ -30,7 +33,7 @@ std::size_t Vendors::Find(std::string_view name) const {
 
 void Vendors::LoadVendors() {
   Contention contention(contention::kVendors, desktop_, environment_, "LoadVendors");
-  contention.Run([this] { ReadAll(); });
+  if (!contention.Run([this] { ReadAll(); })) throw GivenUp("The vendors were not read.");
 }
 
 bool Vendors::LookAgain() {
@@ -73,12 +76,13 @@ void Vendors::DeleteVendor(std::size_t index) {
 }
 
 void Vendors::Write(std::size_t index, std::string_view routine) {
-  vendors_.at(index) = CurrentVendor;
   Contention contention(contention::kVendors, desktop_, environment_, routine);
-  contention.Run([&] {
+  const bool isWritten = contention.Run([&] {
     OpenedFile file(environment_.openFiles, kVendorFile, Access::Write, Deny::All);
     file->WriteAt(index * kLength, CurrentVendor.Bytes());
   });
+  if (!isWritten) throw GivenUp(kNotStored);
+  vendors_.at(index) = CurrentVendor;
   environment_.files.FlushFile(kVendorFile);
 }
 
@@ -90,7 +94,7 @@ Vendors::Addition Vendors::AddVendor(std::string_view name) {
   Contention contention(contention::kVendors, desktop_, environment_, "AddVendor");
   Attempt attempt = Attempt::FileHasGrown;
   while (attempt == Attempt::FileHasGrown) {
-    contention.Run([&] { attempt = TryToAdd(added); });
+    if (!contention.Run([&] { attempt = TryToAdd(added); })) throw GivenUp(kNotStored);
   }
   if (attempt == Attempt::WasThere) {
     const std::size_t index = Find(added.View(vendor::VendorName));

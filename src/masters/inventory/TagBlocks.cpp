@@ -1,5 +1,7 @@
 #include "masters/inventory/TagBlocks.h"
 
+#include <algorithm>
+
 #include "frame/SharedFile.h"
 #include "records/Contention.h"
 #include "records/RecordArray.h"
@@ -23,11 +25,12 @@ void TagBlocks::Begin() {
 
 const std::vector<InventoryTag>& TagBlocks::Next() {
   Contention contention(contention::kLoadInventoryTags, shop_.desktop, shop_.environment);
-  contention.Run([this] {
+  const bool isRead = contention.Run([this] {
     // Not among the numbered files: their closing is logged, and this is done for every block.
     const SharedFile file(tagFile_, Access::Read, Deny::None);
     ReadRecords(file, next_ * kBlockLength, std::span(block_));
   });
+  if (!isRead) std::fill(block_.begin(), block_.end(), InventoryTag());
   ++next_;
   return block_;
 }

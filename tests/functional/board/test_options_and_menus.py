@@ -4,6 +4,7 @@ import pytest
 
 from boardlines import TODAY, view_of
 from driver import Settings
+from faults import READ_ONLY, Faults
 from locks import foreign_window
 
 SWITCHES = {
@@ -67,6 +68,26 @@ def stored_options(shop):
 
 
 # Print options.
+
+
+def test_print_options_that_can_not_be_saved_are_told_of_and_stay(start, shop, tmp_path):
+    shop.write()
+    faults = Faults(shop.directory, tmp_path)
+    copy = start(shop, faults=faults)
+    before = profile(shop)
+    shown = open_options(copy)
+    faults.fail("Lantos.ini", fault=READ_ONLY)
+    copy.check("optDisclosure")
+    copy.key("F10")
+    for button in ("Retry", "Cancel"):
+        copy.expect_box("Lantos.ini can not be written: it is read-only, or closed to you by its permissions.\n"
+                        "Click Retry to try again, or Cancel to leave the print options as before.", "Lantos.ini",
+                        "exclamation", ["Retry", "Cancel"])
+        copy.press(button)
+    copy.expect_form("frmMain")
+    assert profile(shop) == before
+    faults.mend()
+    assert open_options(copy) == shown
 
 
 def test_without_a_profile_the_print_options_have_their_defaults(lantos):

@@ -3,6 +3,7 @@
 import pytest
 
 from driver import data_option
+from faults import DISK_FULL, Faults
 from startsteps import MAIN_CAPTION, START_CANCELLED, settings_of
 
 NO_FILES = "No scheduler files in data directory '{directory}'!\n\nChange directory?"
@@ -25,6 +26,21 @@ def stored_directory(tmp_path):
 def test_the_switch_in_either_case_with_or_without_backslash_stores_the_same(start, shop, tmp_path, switch, end):
     shop.write()
     start(arguments=(f"{switch}{shop.directory}{end}",)).expect_form("frmMain")
+    assert stored_directory(tmp_path) == f"{shop.directory}\\"
+
+
+def test_a_directory_that_can_not_be_stored_is_told_of(start, shop, tmp_path):
+    shop.write()
+    faults = Faults(tmp_path / "settings", tmp_path)
+    faults.fail("Korvel.conf", fault=DISK_FULL)
+    copy = start(shop, faults=faults)
+    text = copy.expect_box(title="Lantos", icon="exclamation", buttons=["Retry", "Cancel"])["text"]
+    assert text.startswith(f"The data directory '{shop.directory}\\' could not be stored in\n")
+    assert text.endswith("Korvel.conf: the disk is full.\n\n"
+                         "Click Retry to try again, or Cancel to go on in the directory of before.")
+    faults.mend()
+    copy.press("Retry")
+    copy.expect_form("frmMain")
     assert stored_directory(tmp_path) == f"{shop.directory}\\"
 
 

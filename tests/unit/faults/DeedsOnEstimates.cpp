@@ -1,5 +1,5 @@
 #include "board/BookingBench.h"
-#include "contents/conversion/ConversionBench.h"
+#include "contents/conversion/HalfDoneBench.h"
 #include "contents/extras/frmEstExtras.h"
 #include "contents/extras/frmWOExtra.h"
 #include "contents/labor/LaborBench.h"
@@ -167,6 +167,21 @@ struct TickChecklist : OnEstimate<ContentsBench> {
   void Do() override { EstimateChecklist(bench); }
 };
 
+struct ConvertEstimate : OnEstimate<HalfDoneBench> {
+  ConvertEstimate() {
+    answers = {{"This function will convert", Answer::Yes},
+               {"Change status to", Answer::No},
+               {"Estimate status is still", Answer::Ok},
+               {"Estimate # 001001 is now", Answer::Ok},
+               {"Parts which might need", Answer::Ok}};
+    gaps = {"TQSYSTEM.DAT"};
+    // The person is told at which step it ended, or what it went on without; its journal says the same to the next.
+    inTurn = {"TQINVTAG.DAT", "TQINVENT.DAT", "TQUSEHST.DAT",        "TQOPENWO.DAT",
+              "TQINCTAG.DAT", "W0005001.tqa", "Lantos.mdb:Estimates"};
+  }
+  void Do() override { Convert(); }
+};
+
 template <class Made>
 NamedDeed Named(const char* name) {
   return {name, [] { return std::make_unique<Made>(); }};
@@ -186,7 +201,8 @@ std::vector<NamedDeed> DeedsOnEstimates() {
           Named<AddExtra<kWasteExtras>>("waste"),
           Named<AddNote>("note"),
           Named<TickChecklist>("checklist"),
-          Named<PrintOptionsSaved>("print options")};
+          Named<PrintOptionsSaved>("print options"),
+          Named<ConvertEstimate>("conversion")};
 }
 
 }  // namespace lantos::test

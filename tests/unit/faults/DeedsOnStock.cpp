@@ -17,6 +17,7 @@ struct OnParts : DeedOnTest<InventoryShop> {
     AddPart("PAD-9");
     AddPart("ZINC");
     LoadList();
+    inTurn = {"TQINVTAG.DAT"};  // then its master
   }
   // The list as it is open for keeping the stock.
   void OnList(const std::function<void()>& use) {
@@ -59,7 +60,10 @@ struct DeletePart : OnParts {
 };
 
 struct OnePart : DeedOnTest<PartBench> {
-  OnePart() { PutParts({Pad(), {"PAD-2", "SHOE", {1, 2, 3, 4}, 5}}); }
+  OnePart() {
+    PutParts({Pad(), {"PAD-2", "SHOE", {1, 2, 3, 4}, 5}});
+    inTurn = {"TQINVTAG.DAT"};
+  }
   void Do() override { EditPart(shop, rows, {kNoLink, 0}); }
 };
 struct EditOnePart : OnePart {
@@ -72,19 +76,15 @@ struct EditOnePart : OnePart {
   }
 };
 
-struct EditKit : DeedOnTest<KitShop> {
-  EditKit() {
+struct ChangeKit : DeedOnTest<KitShop> {
+  ChangeKit() {
     PutKit({"PLUG(4)", "WIRES"});
     forms["frmInvKit"] = [](ui::Form& form) {
       Press(form, "Ctrl+Down");
       Press(form, "F10");
     };
   }
-  void Do() override {
-    frmInvKit form(shop, "TUNEUP");
-    form.ShowModal();
-    form.Unload();
-  }
+  void Do() override { EditKit(shop, "TUNEUP"); }
 };
 
 template <class Made>
@@ -96,7 +96,7 @@ NamedDeed Named(const char* name) {
 
 std::vector<NamedDeed> DeedsOnStock() {
   return {Named<AddOnePart>("part: add"), Named<EditOnePart>("part: edit"), Named<RenumberPart>("part: renumber"),
-          Named<DeletePart>("part: delete"), Named<EditKit>("kit")};
+          Named<DeletePart>("part: delete"), Named<ChangeKit>("kit")};
 }
 
 }  // namespace lantos::test

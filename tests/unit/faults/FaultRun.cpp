@@ -16,6 +16,7 @@ using Manner = Trouble::Person;
 
 // Longer than any wait that ends by itself.
 constexpr int kMostFailures = 1100;
+constexpr int kFailuresOfAHold = 60;
 
 bool IsOfDatabase(const FileCall& call) { return call.name.find(".mdb") != std::string::npos; }
 
@@ -25,9 +26,17 @@ FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>
   return [trouble, name, &hung, failures = 0](const FileCall& call, std::size_t at) mutable {
     if (at < trouble.index || call.name != name || hung) return 0;
     const int result = ErrnoOf(call, trouble.fault);
+    // A part's files are waited for without a box, with a word on the status line; whoever has them lets go.
+    if (trouble.fault == Fault::Held && call.name.starts_with("TQINV") && failures >= kFailuresOfAHold) return 0;
     hung = result != 0 && ++failures > kMostFailures;
     return result;
   };
+}
+
+// Of a conversion that was not finished: the next start tells of it, and finishes or undoes it.
+bool HasJournal(const ShopState& state) {
+  return std::any_of(state.begin(), state.end(),
+                     [](const auto& file) { return file.first.starts_with("AJ") && !file.second.empty(); });
 }
 
 std::size_t TimesIn(const ShopState& state, const std::string& text) {
@@ -159,7 +168,8 @@ Ending FaultRun::Judge(const ShopState& state, const Deed& deed) const {
     ending.kind = Ending::Kind::Gap;
   } else {
     std::erase_if(ending.apart, isAmong(deed.gaps));
-    const bool isInTurn = std::all_of(ending.apart.begin(), ending.apart.end(), isAmong(deed.inTurn));
+    const bool isInTurn =
+        HasJournal(state) || std::all_of(ending.apart.begin(), ending.apart.end(), isAmong(deed.inTurn));
     ending.kind = isInTurn ? Ending::Kind::InTurn : Ending::Kind::Apart;
   }
   return ending;

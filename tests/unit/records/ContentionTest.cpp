@@ -30,6 +30,37 @@ TEST_F(Waiting, TheTextsOfARuleTakeWhatIsWaitedForAndTheError) {
             ui::Buttons::Ok, ui::Icon::None);
 }
 
+// "locked by another user" is said of a sharing conflict alone.
+TEST_F(Waiting, WhatNobodyHoldsIsAskedAboutWithItsTrueCause) {
+  const ContentionRule* const rules[] = {&contention::kLoadCustomerTags,
+                                         &contention::kReadCustomer,
+                                         &contention::kWriteCustomerTag,
+                                         &contention::kWriteCustomer,
+                                         &contention::kOpenVehicleForRead,
+                                         &contention::kReadVehicle,
+                                         &contention::kWriteVehicle,
+                                         &contention::kSystem,
+                                         &contention::kLoadInventoryTags,
+                                         &contention::kOpenKitsShared,
+                                         &contention::kOpenKitsExclusive,
+                                         &contention::kOpenOrders,
+                                         &contention::kVendors,
+                                         &contention::kSavePayroll,
+                                         &contention::kOpenWorkorderFile,
+                                         &contention::kOpenArchive};
+  for (const ContentionRule* rule : rules) {
+    const std::string file = rule->file == "{what}" ? "THE FILE" : std::string(rule->file);
+    desktop.boxes.clear();
+    desktop.WillAnswer({Answer::Retry, Answer::Cancel});
+    EXPECT_FALSE(RunFailing(*rule, 10'000, FileErrorNumber::DiskFull)) << file;
+    ASSERT_EQ(desktop.boxes.size(), 2U);
+    EXPECT_EQ(desktop.boxes[0].text,
+              file + " can not be used: the disk is full.\rClick Retry to try again, or Cancel to " +
+                  std::string(rule->cancelling) + ".");
+    EXPECT_EQ(desktop.boxes[0].buttons, ui::Buttons::RetryCancel);
+  }
+}
+
 TEST_F(Waiting, ANameThatLooksLikeAPlaceholderStaysAsItIs) {
   constexpr ContentionRule rule = {.text = "{what}", .title = "T"};
   Contention contention(rule, desktop, world, "{error}");

@@ -8,7 +8,9 @@
 #include <thread>
 
 #include "VendorImage.h"
+#include "records/GivenUp.h"
 #include "records/modSystem.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos::test {
 namespace {
@@ -133,12 +135,30 @@ TEST_F(VendorsTest, AVendorThatAnotherAddsWhileThisOneWaitsIsPickedUp) {
   desktop.WillAnswer([&](const ui::Box&) {
     full.reset();
     PutVendors({"Alpha", "Gamma"});
-    return ui::Answer::Ok;
+    return ui::Answer::Retry;
   });
   EXPECT_EQ(vendors.AddVendor("Beta").index, 2U);
   EXPECT_EQ(Names(), "Alpha;Gamma;Beta;");
   ASSERT_EQ(desktop.boxes.size(), 1U);
-  ExpectBox(desktop.boxes[0], "AddVendor Error 61: Disk full", kLocked, ui::Buttons::Ok, ui::Icon::None);
+  ExpectBox(desktop.boxes[0], "AddVendor Error 61: Disk full",
+            "TQVENDOR.DAT can not be used: the disk is full.\r"
+            "Click Retry to try again, or Cancel to leave the vendors as they are.",
+            ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+}
+
+TEST_F(VendorsTest, AVendorThatIsGivenUpIsNotStoredAndNotShownAsStored) {
+  PutVendors({"Alpha"});
+  vendors.LoadVendors();
+  FaultyCalls calls(PathOf(kVendorFile).parent_path());
+  calls.When([](const FileCall& call, std::size_t) { return call.kind == CallKind::Write ? EIO : 0; });
+  desktop.WillAnswer({ui::Answer::Cancel, ui::Answer::Cancel});
+  EXPECT_THROW(vendors.AddVendor("Beta"), GivenUp);
+  vendors.MakeCurrent(0);
+  vendors.CurrentVendor.Put(vendor::VendorName, "Omega");
+  EXPECT_THROW(vendors.SaveVendor(0), GivenUp);
+  calls.Mend();
+  EXPECT_EQ(vendors[0].Get(vendor::VendorName), "Alpha");
+  EXPECT_EQ(Names(), "Alpha;");
 }
 
 TEST_F(VendorsTest, CopiesThatAddAtOnceLoseNoVendorAndAddNoneTwice) {
