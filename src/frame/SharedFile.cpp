@@ -116,10 +116,10 @@ void SharedFile::TakeClaim(const Claim& claim) const {
     }
     if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &range); }) == 0) return;
     if (errno != EAGAIN && errno != EACCES) {
-      throw FileError(FileErrorNumber::PathFileAccess, "opening " + path_.string() +
-                                                           ": its file system grants no locks, and without them "
-                                                           "nothing is shared here: " +
-                                                           std::strerror(errno));
+      throw FileError(
+          FileErrorNumber::PathFileAccess,
+          "opening " + path_.string() + ": its file system grants no locks, and without them nothing is shared here",
+          std::strerror(errno));
     }
   }
   throw FileError(FileErrorNumber::PermissionDenied, "opening " + path_.string() + ": in use");
@@ -185,8 +185,8 @@ std::uint64_t SharedFile::Append(std::span<const std::byte> bytes, std::uint64_t
   turn.l_whence = SEEK_SET;
   turn.l_start = static_cast<off_t>(kAppendTurn);
   turn.l_len = 1;
-  if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLKW, &turn); }) != 0) {
-    ThrowFileError(errno, "waiting to append to " + path_.string());
+  if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &turn); }) != 0) {
+    ThrowFileError(errno == EACCES ? EAGAIN : errno, "waiting to append to " + path_.string());
   }
   const auto release = [&] {
     turn.l_type = F_UNLCK;

@@ -6,13 +6,12 @@
 #include <string_view>
 
 #include "frame/FileError.h"
-#include "frame/PlainWords.h"
 
 namespace lantos {
 
 // A file that is refused for what lies under its name, be it there by mistake or on purpose. Number 75; its words name
 // the file, the cause and what helps.
-class UnfitFile : public FileError, public PlainWords {
+class UnfitFile : public FileError {
  public:
   enum class Why { LeadsAway, NotRegular, TooLong, LongLine };
 

@@ -31,11 +31,13 @@ bool UpdateTurns::Lock(short type) {
   return ::fcntl(descriptor_, F_OFD_SETLK, &turn) == 0;
 }
 
-void UpdateTurns::Begin() {
-  for (int i = 0; descriptor_ >= 0 && i < kTries; ++i) {
-    if (Lock(F_WRLCK)) return;
+bool UpdateTurns::Begin() {
+  if (descriptor_ < 0) return true;
+  for (int i = 0; i < kTries; ++i) {
+    if (Lock(F_WRLCK)) return true;
     clock_.Wait(kPause);
   }
+  return false;
 }
 
 void UpdateTurns::End() {

@@ -37,7 +37,7 @@ void modSystem::WriteSystem(FileHandle handle) {
       [&] { WriteRecord(*file, 0, SysRec); });
 }
 
-std::int32_t modSystem::TakeNumber(LongField counter) {
+std::int32_t modSystem::TakeNumber(LongField counter, const std::function<void(std::int32_t number)>& beforehand) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(ReadSystem(Then::StayOpen));
   const std::int32_t number = SysRec.Get(counter);
@@ -45,6 +45,7 @@ std::int32_t modSystem::TakeNumber(LongField counter) {
     throw std::overflow_error("No number can be given any more: the running number of " + NameOf(counter) + " in " +
                               std::string(kSystemFile) + " stands at its end, " + std::to_string(number) + ".");
   }
+  if (beforehand) beforehand(number);
   SysRec.Put(counter, number + 1);
   WriteSystem(file.Release());
   return number;

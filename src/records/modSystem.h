@@ -75,7 +75,8 @@ class modSystem {
   void WriteSystem(FileHandle handle = kNoHandle);
   // Hands out a running number: the value found, which is then raised by 1 in the file, all under one lock.
   // At the end of the counter's range nothing is taken: std::overflow_error, which says so.
-  std::int32_t TakeNumber(LongField counter);
+  // Whoever is told of the number beforehand hears of it ahead of the write; what it throws leaves the number untaken.
+  std::int32_t TakeNumber(LongField counter, const std::function<void(std::int32_t number)>& beforehand = {});
   // Reads the record, has it changed and writes it, all under one lock: nothing that others store meanwhile is lost,
   // be it a running number. What change throws leaves the file as it was.
   void Update(const std::function<void(SystemRecord& record)>& change);

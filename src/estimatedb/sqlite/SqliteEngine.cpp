@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <utility>
 
 #include "estimatedb/sqlite/DatabaseFileKind.h"
 #include "estimatedb/sqlite/Dialect.h"
@@ -203,14 +204,44 @@ void SqliteEngine::ReadTogether(const std::function<void()>& work) {
   }
 }
 
+void SqliteEngine::Apart(const std::function<void()>& work) {
+  if (!IsInTransaction()) return Together(work);
+  try {
+    Execute("SAVEPOINT apart");
+    try {
+      work();
+    } catch (...) {
+      UndoApart();
+      throw;
+    }
+    Execute("RELEASE apart");
+  } catch (const SQLite::Exception&) {
+    Rethrow("a part of several changes", {});
+  }
+}
+
+// Called while what failed is on its way.
+void SqliteEngine::UndoApart() {
+  if (!IsInTransaction()) {
+    allUndone_ = std::current_exception();
+    return;
+  }
+  Execute("ROLLBACK TO apart");
+  Execute("RELEASE apart");
+}
+
 // Within a transaction the work is part of that one.
 void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& work) {
-  if (sqlite3_get_autocommit(database_->getHandle()) == 0) return work();
+  if (IsInTransaction()) return work();
   using Behavior = SQLite::TransactionBehavior;
   SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
+  allUndone_ = nullptr;
   work();
+  if (allUndone_) std::rethrow_exception(std::exchange(allUndone_, nullptr));
   transaction.commit();
 }
+
+bool SqliteEngine::IsInTransaction() const { return sqlite3_get_autocommit(database_->getHandle()) == 0; }
 
 void SqliteEngine::Execute(const std::string& sqlite) { SqliteStatement(database_->getHandle(), sqlite).Run({}); }
 

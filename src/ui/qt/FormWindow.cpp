@@ -302,7 +302,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::CloseWith(Qt::KeyboardModifiers held) {
   if (!IsAttached()) return;
   if (!held.testFlag(Qt::AltModifier)) return form_->DoClose();
-  KeyPress key{.key = "F4", .alt = true};
+  KeyPress key = ParseKey("Alt+F4");
   form_->PreviewKey(key);
   if (IsAttached() && form_->Visible() && !key.cleared) form_->DoClose();
 }
