@@ -33,15 +33,15 @@ std::string RecordOf(int writer, int number) {
   return record;
 }
 
-// Tries again for as long as another has its turn at the end, as the program does.
+// Another one's turn is over soon; whoever comes meanwhile is told, and tries again.
 std::uint64_t AppendInTurn(SharedFile& file, const std::string& record) {
   for (;;) {
     try {
       return file.Append(Bytes(record), kRecord);
     } catch (const FileError& error) {
       if (error.Number() != FileErrorNumber::PermissionDenied) throw;
+      std::this_thread::yield();
     }
-    std::this_thread::yield();
   }
 }
 
