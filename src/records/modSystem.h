@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "frame/Environment.h"
 #include "records/Record.h"
@@ -76,11 +77,20 @@ class modSystem {
   // Hands out a running number: the value found, which is then raised by 1 in the file, all under one lock.
   // At the end of the counter's range nothing is taken: std::overflow_error, which says so.
   std::int32_t TakeNumber(LongField counter);
+  // The same where the counter may lie behind the files, in a record that was emptied or came back from a backup. A
+  // number that isTaken knows as somebody's, and one below 1, isn't handed out: the person is told and offered the next
+  // free one, from which the counter goes on. Nothing when the person doesn't want it. A number that turned out to be
+  // somebody's only after it was taken is given as found.
+  using IsTaken = std::function<bool(std::int32_t number)>;
+  std::optional<std::int32_t> TakeFreeNumber(LongField counter, const IsTaken& isTaken,
+                                             std::optional<std::int32_t> found = {});
   // Reads the record, has it changed and writes it, all under one lock: nothing that others store meanwhile is lost,
   // be it a running number. What change throws leaves the file as it was.
   void Update(const std::function<void(SystemRecord& record)>& change);
 
  private:
+  std::int32_t TakeNumberFrom(LongField counter, std::int32_t least);
+  bool OffersNext(LongField counter, std::int32_t number, std::int32_t next);
   // In order, a failing one again and again; the person's Cancel ends the process.
   template <class... Statements>
   void RetryOrEnd(Statements... statements);

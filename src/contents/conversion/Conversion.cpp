@@ -13,6 +13,7 @@
 #include "records/modSystem.h"
 #include "screens/CheckPassword.h"
 #include "workorders/StockMovement.h"
+#include "workorders/WorkorderNumbers.h"
 
 namespace lantos {
 
@@ -76,7 +77,7 @@ bool Conversion::MayConvert() {
 }
 
 bool Conversion::FindCustomer() {
-  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber)) return true;
+  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber, Customers::From::File)) return true;
   bench_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", kTitle,
                            ui::Icon::Information);
   return false;
@@ -133,7 +134,11 @@ void Conversion::StoreVehicleIfChanged() {
 
 // From here on the number is used up, whatever follows.
 void Conversion::TakeNumber() {
-  Order().WorkorderNumber = bench_.shop.records.system.TakeNumber(sysrec::last_workorder_number);
+  WorkorderNumbers numbers(bench_.shop.environment);
+  const std::optional<std::int32_t> number = bench_.shop.records.system.TakeFreeNumber(
+      sysrec::last_workorder_number, [&](std::int32_t each) { return numbers.IsTaken(each); });
+  if (!number) throw std::runtime_error("The work order was given no number.");
+  Order().WorkorderNumber = *number;
   hasTakenNumber_ = true;
   done_.Add("the number was taken");
 }
