@@ -6,6 +6,7 @@
 
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "screens/EnterBoxAnew.h"
 
 namespace lantos {
 
@@ -129,7 +130,7 @@ bool SystemFields::CanBeStored() {
           : "be from " + Shown(0, wrong->decimals) + " to " + Shown(kMost, wrong->decimals) + ".";
   form_.GetDesktop().Tell(wrong->name + ": \"" + wrong->box.Text() + "\" can't be stored. It must " + limits,
                           form_.Caption(), ui::Icon::Exclamation);
-  wrong->box.SetFocus();
+  EnterBoxAnew(form_, wrong->box);
   return false;
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "frame/ExitCodes.h"
+#include "frame/FileSizeLimit.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
 #include "frame/Version.h"
@@ -179,6 +180,7 @@ int Drive(const DriveOptions& options) {
 }  // namespace lantos
 
 int main(int count, char** arguments) {
+  lantos::TakeFileSizeLimitAsError();
   std::ios::sync_with_stdio(false);  // so that it can be seen whether a line is there already
   try {
     lantos::DriveOptions options;

@@ -8,6 +8,7 @@
 
 #include "frame/Dates.h"
 #include "frame/ExitCodes.h"
+#include "frame/FileSizeLimit.h"
 #include "frame/Text.h"
 #include "frame/Version.h"
 #include "records/MakesModels.h"
@@ -23,6 +24,7 @@ struct Arguments {
   lantos::ShopIdentity identity;
   lantos::SampleOptions sample;
   std::string date;
+  std::string group;
 };
 
 void AddNew(CLI::App& app, Arguments& arguments) {
@@ -34,6 +36,8 @@ void AddNew(CLI::App& app, Arguments& arguments) {
   command->add_option("--state", arguments.identity.state, "State, also of new customers and vehicles");
   command->add_option("--zip", arguments.identity.zip, "Zip code");
   command->add_option("--phone", arguments.identity.phone, "Telephone number");
+  command->add_option("--group", arguments.group,
+                      "Share the directory with this group: what is made in it is the group's");
 }
 
 void AddSample(CLI::App& app, Arguments& arguments) {
@@ -66,7 +70,7 @@ lantos::DaySerial DateOf(const std::string& text, lantos::Clock& clock) {
 void MakeShop(const CLI::App& app, Arguments& arguments) {
   lantos::SystemClock clock;
   if (app.got_subcommand("new")) {
-    lantos::MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock);
+    lantos::MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock, arguments.group);
     fmt::print("Made an empty shop in {}.\n", arguments.directory);
     return;
   }
@@ -80,6 +84,7 @@ void MakeShop(const CLI::App& app, Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  lantos::TakeFileSizeLimitAsError();
   CLI::App app("Makes the data directory of a shop.", "lantos-shop");
   app.set_version_flag("--version", "lantos-shop " + lantos::ProgramVersion(), "Print the version and exit");
   app.require_subcommand(0, 1);  // asked for below, so that a wrong word is named rather than the lack of a right one

@@ -5,6 +5,7 @@
 
 #include "frame/Clock.h"
 #include "frame/ExitCodes.h"
+#include "frame/FileSizeLimit.h"
 #include "frame/PathText.h"
 #include "frame/PlainWords.h"
 #include "frame/UserSettings.h"
@@ -64,6 +65,7 @@ std::string CommandLineOf(int count, char** arguments) {
 }  // namespace lantos
 
 int main(int count, char** arguments) {
+  lantos::TakeFileSizeLimitAsError();
   if (const auto text = lantos::AnswerOf(count, arguments)) {
     std::fputs(text->c_str(), stdout);
     return lantos::kEndedInOrder;
@@ -82,7 +84,9 @@ int main(int count, char** arguments) {
     return lantos::RunProgram(lantos::CommandLineOf(count, arguments));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "lantos: %s\n", error.what());
-    QMessageBox::critical(nullptr, QStringLiteral("Lantos"), QString::fromUtf8(lantos::WordsFor(error)));
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Lantos"), QString::fromUtf8(lantos::WordsFor(error)));
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
     return lantos::kStartFailed;
   }
 }

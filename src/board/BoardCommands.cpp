@@ -241,8 +241,26 @@ void BoardCommands::EditNotes() {
   parts_.detail.ShowNotesMark();
 }
 
+void BoardCommands::SettleHalfDone(const std::vector<std::string>& journals) { Unfinished().Settle(journals); }
+
+HalfDone BoardCommands::Unfinished() {
+  return {parts_.shop, parts_.detail.contents.workorders,
+          [this](const BegunConversion& begun, ConversionJournal& journal) { FinishConversion(begun, journal); }};
+}
+
+void BoardCommands::FinishConversion(const BegunConversion& begun, ConversionJournal& journal) {
+  DetailPane& detail = parts_.detail;
+  if (!ShowEstimate(parts_, board_, begun.estimate, "Convert to WO")) return;
+  const ui::Hourglass hourglass(parts_.shop.desktop);
+  Conversion(detail.contents.bench, detail.contents.workorders).Finish(begun, journal);
+  board_.LoadWeek(parts_.database.estimates.CurrentEstimate.SchedDate);
+  detail.ShowEstimateDetail();
+}
+
 void BoardCommands::Convert() {
   DetailPane& detail = parts_.detail;
+  // One of this very estimate that another copy left half done comes first.
+  if (Unfinished().SettleOf(detail.DisplayedEstimate()) == HalfDone::Settled::Finished) return;
   Conversion conversion(detail.contents.bench, detail.contents.workorders);
   detail.frameDetailView.Owner().Run([&] {
     const ui::Hourglass hourglass(parts_.shop.desktop);

@@ -6,6 +6,7 @@
 
 #include "board/Board.h"
 #include "board/DayRollover.h"
+#include "contents/conversion/HalfDone.h"
 
 namespace lantos {
 
@@ -50,6 +51,8 @@ class BoardCommands {
                 const DayRollover& rollover);
   BoardCommands(const BoardCommands&) = delete;  // the buttons hold places in the table
   const std::vector<BoardCommand>& All() const { return commands_; }
+  // Conversions that ended in the middle, by the names of their journals: the person finishes or undoes them.
+  void SettleHalfDone(const std::vector<std::string>& journals);
   std::function<void()> beforeEach;  // set by whoever has something to bring up to date first
 
  private:
@@ -62,6 +65,8 @@ class BoardCommands {
   void BrowseHistory();
   void EditNotes();
   void Convert();
+  HalfDone Unfinished();
+  void FinishConversion(const BegunConversion& begun, ConversionJournal& journal);
 
   BoardParts parts_;
   Board& board_;

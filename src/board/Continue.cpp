@@ -1,11 +1,9 @@
 #include "board/Continue.h"
 
-#include <algorithm>
-
 #include "board/DayCapacity.h"
 #include "board/EstimateCopy.h"
 #include "board/frmContinue.h"
-#include "contents/AmountFields.h"
+#include "contents/LineNumbers.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -17,11 +15,7 @@ namespace lantos {
 namespace {
 
 std::int32_t NextLaborNumber(de& database, std::int32_t estimate) {
-  std::int32_t highest = 0;
-  Recordset& labor = database.LaborForEstimate(estimate);
-  for (; !labor.Eof(); labor.MoveNext()) highest = std::max(highest, labor.Long("LaborNumber"));
-  labor.Close();
-  return Sum(highest, 1);
+  return NumberForNewLine(database.LaborForEstimate(estimate), "LaborNumber");
 }
 
 Cents TotalAtShopRate(const Shop& shop, Hundredths hours) {
@@ -43,23 +37,12 @@ void TakeOff(const Shop& shop, de& data, std::int32_t copy, const HoursApplied& 
                 TotalAtShopRate(shop, applied.taken), applied.mechanic);
 }
 
-}  // namespace
-
-DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
-  const Estimate old = database.estimates.CurrentEstimate;
+// What stands in the form, as the copy of the estimate and the line that is taken off it.
+void CarryOn(Shop& shop, EstimateDatabase& database, const Estimate& old, DaySerial next, const frmContinue& form) {
   de& data = database.lantosData;
-  const DaySerial next = NextBusinessDay(data, old.SchedDate);
-  frmContinue form(shop);
-  form.SetCaption("Continue - Est. # " + FormatZeros(old.EstimateNumber, 6));
-  form.SetDate(old.SchedDate);
-  form.ShowModal();
-  const double typed = Val(form.txtHours.Text()) * 100;
   const std::int32_t mechanic = EmployeeNumberOf(form.EmpList.Text());
-  const bool goesOn = form.ok;
-  form.Unload();
-  if (!goesOn) return kNotContinued;
   // Tried before anything is made: what doesn't fit leaves all as it was.
-  const Hundredths taken = WholeOrOverflow(-typed);
+  const Hundredths taken = WholeOrOverflow(-(Val(form.txtHours.Text()) * 100));
   TotalAtShopRate(shop, taken);
   if (taken != 0) NextLaborNumber(data, old.EstimateNumber);
   EstimateCopy copy(database.estimates);
@@ -69,8 +52,28 @@ DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
     if (taken != 0) TakeOff(shop, data, copy.Number(), {old.SchedDate, taken, mechanic});
     data.SetStatus(kContinued, old.EstimateNumber);
   });
-  database.estimates.CurrentEstimate = old;
-  return next;
+}
+
+}  // namespace
+
+DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
+  const Estimate old = database.estimates.CurrentEstimate;
+  const DaySerial next = NextBusinessDay(database.lantosData, old.SchedDate);
+  frmContinue form(shop);
+  form.SetCaption("Continue - Est. # " + FormatZeros(old.EstimateNumber, 6));
+  form.SetDate(old.SchedDate);
+  while (true) {
+    form.ok = false;
+    form.ShowModal();
+    if (!form.ok) return kNotContinued;
+    try {
+      CarryOn(shop, database, old, next, form);
+      database.estimates.CurrentEstimate = old;
+      return next;
+    } catch (const DatabaseError& error) {  // nothing has been made yet: the hours are there for another try
+      shop.desktop.EndEvent(error);
+    }
+  }
 }
 
 }  // namespace lantos

@@ -6,32 +6,28 @@
 
 namespace lantos {
 
-namespace {
-
-// Somebody else may have deleted it since it was listed: then the board stays where it is.
-void GoTo(const BoardParts& parts, Board& board, std::int32_t number) {
+bool ShowEstimate(const BoardParts& parts, Board& board, std::int32_t number, const std::string& title) {
   modEstimates& estimates = parts.database.estimates;
   board.Choose(number);
   if (estimates.CurrentEstimate.EstimateNumber != number) {
-    parts.shop.desktop.Tell("Estimate " + FormatZeros(number, 6) + " is no longer there.", "Find",
+    parts.shop.desktop.Tell("Estimate " + FormatZeros(number, 6) + " is no longer there.", title,
                             ui::Icon::Exclamation);
-    return;
+    return false;
   }
   board.LoadWeek(estimates.CurrentEstimate.SchedDate);
   // As it is at the end of the load, which may have waited for a customer file.
   estimates.LoadEstimate(number);
   parts.commands.cmdDetailView.OnClick();
   parts.detail.listLabor.SetFocus();
+  return true;
 }
-
-}  // namespace
 
 void FindEstimate(const BoardParts& parts, Board& board) {
   MasterScreens masters(parts.shop);
   frmFind form(parts.shop, parts.database, masters);
   form.ShowModal();
   form.Unload();
-  if (form.Chosen()) GoTo(parts, board, *form.Chosen());
+  if (form.Chosen()) ShowEstimate(parts, board, *form.Chosen(), "Find");
 }
 
 void LookAtTechHours(const BoardParts& parts) {

@@ -6,6 +6,7 @@
 #include "board/Continue.h"
 #include "board/frmEstStatus.h"
 #include "board/frmReschedule.h"
+#include "contents/conversion/ReadAfresh.h"
 
 namespace lantos {
 
@@ -51,6 +52,7 @@ void StatusByHand::Change() {
 ContinueEstimate StatusByHand::Continuing() {
   return [this] {
     parts_.detail.KeepUnsavedComments();
+    if (ReadAfresh(parts_.shop, parts_.database, "Continue") == Meanwhile::Stops) return kNotContinued;
     const Board::Copy before = std::exchange(copy_, Board::Copy::Made);
     const DaySerial next = ContinueCurrentEstimate(parts_.shop, parts_.database);
     if (next == kNotContinued) copy_ = before;
@@ -62,6 +64,9 @@ void StatusByHand::Reschedule() {
   const ui::Hourglass hourglass(parts_.shop.desktop);
   parts_.detail.KeepUnsavedComments();
   const std::int16_t oldStatus = Current().Status;
+  if (ReadAfresh(parts_.shop, parts_.database, "Reschedule") == Meanwhile::Stops) {
+    return board_.FollowStatus(oldStatus, Board::Copy::None);
+  }
   frmReschedule form(parts_.shop, parts_.database, parts_.state.lastSelectedDate);
   form.ShowModal();
   const bool moved = form.ok;

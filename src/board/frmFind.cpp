@@ -40,7 +40,7 @@ frmFind::frmFind(Shop& shop, EstimateDatabase& database, MasterScreens& masters)
       shop_(shop),
       database_(database),
       masters_(masters) {
-  SetDesignedSize(9600, 7200);
+  SetDesignedSize(10200, 7200);
   List1.SetFace(ui::FontFace::FixedPitch);
   List1.SetSpokenName("Estimates");
   UseButtons(cmdUpdate, cmdCancel);

@@ -85,6 +85,8 @@ void frmMain::OnLoad() {
   clicks_.PanelClick(static_cast<std::size_t>(WeekdayIndex(today)));
 }
 
+void frmMain::SettleHalfDone(const std::vector<std::string>& journals) { boardCommands_.SettleHalfDone(journals); }
+
 void frmMain::NameWindow() {
   SetCaption(std::string(kRunningCaption) + shop_.records.system.SysRec.Get(sysrec::company_name) + " (" +
              shop_.environment.files.DataDir() + ")");

@@ -45,6 +45,8 @@ class frmMain : public ui::Form {
 
   // As Board has it.
   void LoadWeek(DaySerial date) { board_.LoadWeek(date); }
+  // Conversions that ended in the middle, by the names of their journals: the person finishes or undoes them.
+  void SettleHalfDone(const std::vector<std::string>& journals);
 
  private:
   void OnLoad() override;

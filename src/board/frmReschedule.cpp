@@ -1,5 +1,6 @@
 #include "board/frmReschedule.h"
 
+#include "contents/conversion/ReadAfresh.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -14,6 +15,7 @@ constexpr std::size_t kCommentsWidth = 255;
 
 frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial proposed)
     : OkCancelForm(shop.desktop, shop.keys, "frmReschedule", "Reschedule"),
+      shop_(shop),
       database_(database),
       copy_(database.estimates) {
   SetSize(6000, 2400);
@@ -26,6 +28,7 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
 }
 
 void frmReschedule::Accept() {
+  if (ReadAfresh(shop_, database_, "Reschedule") == Meanwhile::Stops) return;
   copy_.Run([this] { Move(DTPicker1.Value()); });
   ok = true;
   newDate = DTPicker1.Value();

@@ -29,6 +29,7 @@ class frmReschedule : public OkCancelForm {
   void Accept() override;
   void Move(DaySerial date);
 
+  Shop& shop_;
   EstimateDatabase& database_;
   EstimateCopy copy_;
 };

@@ -28,6 +28,9 @@ class NumberedList {
   // The number has been given, whether its line comes to stand in the list or not.
   void Reserve(std::int32_t number) { highest_ = std::max(highest_, number); }
 
+  // Whether others have been given numbers between the list's and this one.
+  bool IsBehindUnseen(std::int32_t number) const { return number - 1 > highest_; }
+
   // In place of the line that has the number.
   void Put(std::int32_t number, Line line) {
     Reserve(number);

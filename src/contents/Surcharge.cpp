@@ -47,15 +47,16 @@ Cents SurchargeOn(std::int64_t sum, Millionths rate) {
   return LongOrOverflow(sum > kMost / rate ? kMost : DivideHalfEven(sum * rate, kWholeRate));
 }
 
-Cents Surcharge::Amount() const {
-  const SystemRecord& system = bench_.System();
-  return Sum(SurchargeOn(LaborSum(lines_.labor.Lines()), system.Get(sysrec::labor_surcharge_percent)),
-             SurchargeOn(PartsSum(lines_.parts), system.Get(sysrec::parts_surcharge_percent)));
+Surcharge::Refusal Surcharge::StoreWithSurcharge(const std::function<Sums()>& change) {
+  Refusal refusal;
+  bench_.Data().Connection().Together([&] { refusal = TryToWrite(change()); });
+  return refusal;
 }
 
-void Surcharge::ApplySurcharge() {
+void Surcharge::TellRefusal(const Refusal& refusal) {
+  if (!refusal) return;
   try {
-    Write();
+    std::rethrow_exception(refusal);
   } catch (const std::exception& error) {
     bench_.estimate.RefreshTotals();
     bench_.estimate.RefreshDay();
@@ -63,11 +64,30 @@ void Surcharge::ApplySurcharge() {
   }
 }
 
-void Surcharge::Write() {
+void Surcharge::ApplySurcharge() { TellRefusal(TryToWrite(SumsOnShow())); }
+
+Surcharge::Sums Surcharge::SumsOnShow() const { return {LaborSum(lines_.labor.Lines()), PartsSum(lines_.parts)}; }
+
+Surcharge::Refusal Surcharge::TryToWrite(const Sums& sums) {
+  try {
+    bench_.Data().Connection().Apart([&] { Write(sums); });
+    return nullptr;
+  } catch (const std::exception&) {
+    return std::current_exception();
+  }
+}
+
+void Surcharge::Write(const Sums& sums) {
   const SystemRecord& system = bench_.System();
   if (system.Get(sysrec::labor_surcharge_percent) == 0 && system.Get(sysrec::parts_surcharge_percent) == 0) return;
   if (system.View(sysrec::surcharge_description).empty()) return;
-  SetSurchargeLine(system.Get(sysrec::surcharge_is_sublet) == 'Y' ? kSublets : kWaste, Amount());
+  SetSurchargeLine(system.Get(sysrec::surcharge_is_sublet) == 'Y' ? kSublets : kWaste, Amount(sums));
+}
+
+Cents Surcharge::Amount(const Sums& sums) const {
+  const SystemRecord& system = bench_.System();
+  return Sum(SurchargeOn(sums.labor, system.Get(sysrec::labor_surcharge_percent)),
+             SurchargeOn(sums.parts, system.Get(sysrec::parts_surcharge_percent)));
 }
 
 void Surcharge::SetSurchargeLine(const SurchargeTable& table, Cents amount) {

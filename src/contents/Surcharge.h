@@ -1,5 +1,7 @@
 #pragma once
 
+#include <exception>
+#include <functional>
 #include <string>
 
 #include "contents/EstimateLines.h"
@@ -12,14 +14,29 @@ class Surcharge {
  public:
   Surcharge(Workbench& bench, const EstimateLines& lines) : bench_(bench), lines_(lines) {}
 
-  // After every change of labor or parts, from the lines behind the two lists. Writes the line, 0 included, to Sublets
-  // or Waste; nothing at all when the shop has no rate or no description for it. The change itself stands already, so a
-  // failure ends nothing: it is told here, with totals and the day as they are then.
+  // What it is worked out from, in cents.
+  struct Sums {
+    std::int64_t labor = 0;
+    std::int64_t parts = 0;
+  };
+
+  Sums SumsOnShow() const;  // of the lines behind the two lists
+
+  // A change of labor or parts, which tells what the lines come to then, and the surcharge that follows it, in one
+  // transaction. The line is written, 0 included, to Sublets or Waste; nothing at all when the shop has no rate or no
+  // description for it. One that is refused leaves the change as it is: why it was refused is handed back, for
+  // TellRefusal once the change can be seen.
+  using Refusal = std::exception_ptr;
+  [[nodiscard]] Refusal StoreWithSurcharge(const std::function<Sums()>& change);
+  // In a box, with totals and the day as they are then. Nothing where nothing was refused.
+  void TellRefusal(const Refusal& refusal);
+  // Where the lists have followed another workstation's lines.
   void ApplySurcharge();
 
  private:
-  void Write();
-  Cents Amount() const;
+  Refusal TryToWrite(const Sums& sums);
+  void Write(const Sums& sums);
+  Cents Amount(const Sums& sums) const;
   void SetSurchargeLine(const struct SurchargeTable& table, Cents amount);
   void Add(const struct SurchargeTable& table, Cents amount);
   std::string WordsOfRefusal(const struct SurchargeTable& table);

@@ -191,9 +191,58 @@ constexpr Command kLantosTable[] = {
      "Desc4, Taxable) values (?,1,'SURCHARGE','',?,?,?,'','','',?)",
      {kLong, kLong, kLong, kText, kText}},
 
-    // What the hours of the technicians are read from without a look at the rows themselves.
-    {"IndexForTechHours",
-     kCreateTechHoursIndex,
+    // TechHours again, from the table that the database keeps for it; what makes that table, in this order; and what
+    // follows each change of a line or an estimate in it.
+    {"KeptTechHours",
+     "SELECT Mechanic, SchedDate, Sum(LaborHours) AS SumHours FROM LaborDays GROUP BY SchedDate, Mechanic",
+     {}},
+    {"CreateLaborDays",
+     "CREATE TABLE LaborDays (EstimateNumber Long,SchedDate Date,Mechanic Long,LaborHours Long)",
+     {}},
+    {"CreateLaborDaysNow",
+     "CREATE VIEW LaborDaysNow AS SELECT Estimates.EstimateNumber, Estimates.SchedDate, Labors.Mechanic, "
+     "Labors.LaborHours FROM Labors INNER JOIN Estimates ON Labors.EstimateNumber = Estimates.EstimateNumber where "
+     "Estimates.Status <> 6 and Estimates.Status <> 7 and Estimates.Status <> 9",
+     {}},
+    {"FillLaborDays",
+     "INSERT INTO LaborDays SELECT * FROM LaborDaysNow",
+     {}},
+    {"IndexLaborDays",
+     "CREATE INDEX LaborDaysByDay ON LaborDays (SchedDate,Mechanic,LaborHours)",
+     {}},
+    {"IndexLaborDaysByEstimate",
+     "CREATE INDEX LaborDaysByEstimate ON LaborDays (EstimateNumber)",
+     {}},
+    {"FollowAddedLabor",
+     "CREATE TRIGGER LaborDaysAddedLabor AFTER INSERT ON Labors BEGIN "
+     "DELETE FROM LaborDays WHERE EstimateNumber = NEW.EstimateNumber; "
+     "INSERT INTO LaborDays SELECT * FROM LaborDaysNow WHERE EstimateNumber = NEW.EstimateNumber; END",
+     {}},
+    {"FollowChangedLabor",
+     "CREATE TRIGGER LaborDaysChangedLabor AFTER UPDATE ON Labors BEGIN "
+     "DELETE FROM LaborDays WHERE EstimateNumber IN (OLD.EstimateNumber, NEW.EstimateNumber); "
+     "INSERT INTO LaborDays SELECT * FROM LaborDaysNow WHERE EstimateNumber IN (OLD.EstimateNumber, "
+     "NEW.EstimateNumber); END",
+     {}},
+    {"FollowRemovedLabor",
+     "CREATE TRIGGER LaborDaysRemovedLabor AFTER DELETE ON Labors BEGIN "
+     "DELETE FROM LaborDays WHERE EstimateNumber = OLD.EstimateNumber; "
+     "INSERT INTO LaborDays SELECT * FROM LaborDaysNow WHERE EstimateNumber = OLD.EstimateNumber; END",
+     {}},
+    {"FollowAddedEstimate",
+     "CREATE TRIGGER LaborDaysAddedEstimate AFTER INSERT ON Estimates BEGIN "
+     "DELETE FROM LaborDays WHERE EstimateNumber = NEW.EstimateNumber; "
+     "INSERT INTO LaborDays SELECT * FROM LaborDaysNow WHERE EstimateNumber = NEW.EstimateNumber; END",
+     {}},
+    {"FollowChangedEstimate",
+     "CREATE TRIGGER LaborDaysChangedEstimate AFTER UPDATE OF EstimateNumber, SchedDate, Status ON Estimates BEGIN "
+     "DELETE FROM LaborDays WHERE EstimateNumber IN (OLD.EstimateNumber, NEW.EstimateNumber); "
+     "INSERT INTO LaborDays SELECT * FROM LaborDaysNow WHERE EstimateNumber IN (OLD.EstimateNumber, "
+     "NEW.EstimateNumber); END",
+     {}},
+    {"FollowRemovedEstimate",
+     "CREATE TRIGGER LaborDaysRemovedEstimate AFTER DELETE ON Estimates BEGIN "
+     "DELETE FROM LaborDays WHERE EstimateNumber = OLD.EstimateNumber; END",
      {}},
 
     // What looks at the shape of a database and brings an older one up to date.

@@ -17,7 +17,6 @@ constexpr std::string_view kLantosStatements[] = {
     "CREATE TABLE Labors (EstimateNumber Long,LaborNumber Long,Description Memo,LaborHours Long DEFAULT 0,"
     "LaborRate Long DEFAULT 0,LaborTotal Long DEFAULT 0,Mechanic Long DEFAULT 0,"
     "CONSTRAINT PrimaryKey PRIMARY KEY (EstimateNumber,LaborNumber))",
-    kCreateTechHoursIndex,
     "CREATE TABLE Parts (EstimateNumber Long,PartNumber Text(20),PartDesc Text(38),Quantity Long DEFAULT 0,"
     "PartPrice Long DEFAULT 0,PartTotal Long DEFAULT 0,PartCost Integer,PartList Integer,"
     "CONSTRAINT PrimaryKey PRIMARY KEY (EstimateNumber,PartNumber))",

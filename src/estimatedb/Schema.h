@@ -19,8 +19,4 @@ inline constexpr std::string_view kCreateChecklist =
     "CREATE TABLE Checklist (EstimateNumber Integer,RecId Counter,ChecklistData Text(255),"
     "CONSTRAINT PrimaryKey PRIMARY KEY (EstimateNumber,RecId))";
 
-// An index that an older database is given when the hours of the technicians are first looked at.
-inline constexpr std::string_view kCreateTechHoursIndex =
-    "CREATE INDEX IF NOT EXISTS LaborsTechHours ON Labors (EstimateNumber,Mechanic,LaborHours)";
-
 }  // namespace lantos

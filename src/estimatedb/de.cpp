@@ -127,14 +127,6 @@ void de::UpdateQuery() { Run("UpdateQuery", {}); }
 
 Recordset& de::TechHours() { return Run("TechHours", {}); }
 
-void de::IndexForTechHours() {
-  try {
-    Run("IndexForTechHours");
-  } catch (const DatabaseError&) {
-    // Another copy is writing, the disk is full: what is wrong with the tables themselves, the reading tells.
-  }
-}
-
 void de::SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std::int32_t estimate) {
   Run("SetVehicleNew",
       {Long(vehicleLink), BlankIfEmpty(vehicle.VehYear), BlankIfEmpty(vehicle.VehMake), BlankIfEmpty(vehicle.VehModel),

@@ -100,8 +100,6 @@ class de : public DataEnvironment {
   Recordset& SelectQuery();
   void UpdateQuery();
   Recordset& TechHours();
-  // What makes them quick to read, if it isn't there; where it can't be made they are read without it.
-  void IndexForTechHours();
   struct VehicleSnapshot {
     std::string VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans;
   };

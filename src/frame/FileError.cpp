@@ -44,6 +44,10 @@ std::string TextOf(FileErrorNumber number) {
   return "Error " + std::to_string(static_cast<int>(number)) + ": " + Describe(number);
 }
 
+std::string TextWith(FileErrorNumber number, const std::string& detail) {
+  return TextOf(number) + " (" + TextOfPlatform(detail) + ")";
+}
+
 }  // namespace
 
 std::string Describe(FileErrorNumber number) {
@@ -66,13 +70,15 @@ std::string Describe(FileErrorNumber number) {
   return "Unknown error";
 }
 
-FileError::FileError(FileErrorNumber number, const std::string& detail)
-    : std::runtime_error(TextOf(number) + " (" + TextOfPlatform(detail) + ")"), number_(number) {}
+FileError::FileError(FileErrorNumber number, const std::string& detail, const std::string& reason)
+    : std::runtime_error(TextWith(number, reason.empty() ? detail : detail + ": " + reason)),
+      number_(number),
+      words_(TextWith(number, detail)) {}
 
 std::string FileError::Text() const { return TextOf(number_); }
 
 void ThrowFileError(int errorNumber, const std::string& detail) {
-  throw FileError(NumberOf(errorNumber), detail + ": " + std::strerror(errorNumber));
+  throw FileError(NumberOf(errorNumber), detail, std::strerror(errorNumber));
 }
 
 }  // namespace lantos

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "frame/GuardedOpen.h"
 #include "frame/NetworkMount.h"
 #include "frame/PathText.h"
 #include "frame/SharedFile.h"
@@ -15,8 +16,7 @@ namespace lantos {
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // the umask takes from it
-constexpr int kWaitsForAFile = 2;      // slow network drives don't answer at once
+constexpr int kWaitsForAFile = 2;  // slow network drives don't answer at once
 
 std::string PlatformText(std::string_view text) {
   std::string path;
@@ -28,6 +28,16 @@ std::string PlatformText(std::string_view text) {
   return PathOfText(path);
 }
 
+void RefuseWayOut(std::string_view name) {
+  for (std::size_t start = 0; start <= name.size();) {
+    const std::size_t end = std::min(name.find_first_of("/\\", start), name.size());
+    if (name.substr(start, end - start) == "..") {
+      throw FileError(FileErrorNumber::PathFileAccess, std::string(name) + " leads out of the data directory");
+    }
+    start = end + 1;
+  }
+}
+
 }  // namespace
 
 std::filesystem::path PlatformPath(std::string_view text) { return PlatformText(text); }
@@ -37,7 +47,14 @@ void FileIO::SetDataDir(std::string text) {
   answersLate_ = IsOnNetworkMount(PlatformPath(dataDir_));
 }
 
+bool IsPlainName(std::string_view name) {
+  const bool isText =
+      std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
+  return isText && !name.empty() && name != "." && name != ".." && name.find_first_of("/\\:") == std::string_view::npos;
+}
+
 std::string FileIO::LookUp(std::string_view name) const {
+  RefuseWayOut(name);
   std::string path = PlatformText(dataDir_ + std::string(name));
   const std::size_t nameStart = path.find_last_of('/') + 1;
   const std::string_view directory = std::string_view(path).substr(0, nameStart);
@@ -101,7 +118,7 @@ std::uintmax_t FileIO::Length(std::string_view name) const {
 
 bool FileIO::MakeNew(std::string_view name) const {
   const std::filesystem::path path = PathOf(name);
-  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
+  const int descriptor = MakeFile(path, O_WRONLY);
   if (descriptor < 0 && errno == EEXIST) return false;
   if (descriptor < 0) ThrowFileError(errno, "making " + path.string());
   ::close(descriptor);

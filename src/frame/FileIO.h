@@ -19,6 +19,9 @@ namespace lantos {
 // separators, runs of separators one. Characters beyond ASCII become the bytes that PathOfText tells.
 std::filesystem::path PlatformPath(std::string_view text);
 
+// Whether a name that was read from a file can be one of a file in the data directory: a name, and not a path.
+bool IsPlainName(std::string_view name);
+
 // Everything that has to do with files by name. DataDir is text, with its trailing backslash; a name is appended to
 // it directly, and only here does the sum become a path. Names are found without regard to case, since the other
 // program writes them on systems that ignore it; the directory itself is taken as it is spelled.
@@ -30,7 +33,7 @@ class FileIO {
   void SetDataDir(std::string text);
 
   // The existing file that bears the name in any case, or the name as given when there is none. Two spellings of one
-  // name in the directory: throws FileError (75) that names both.
+  // name in the directory: throws FileError (75) that names both. So does a name that leads out of DataDir ("..").
   std::filesystem::path PathOf(std::string_view name) const;
 
   // DataDir + the trimmed name. A network drive doesn't always answer at once: where DataDir lies on one and the name

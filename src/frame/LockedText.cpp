@@ -9,22 +9,24 @@
 #include <chrono>
 #include <thread>
 
+#include "frame/UnfitFile.h"
+
 namespace lantos {
 
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // the umask takes from it
 constexpr int kLockTries = 50;
 constexpr std::chrono::milliseconds kBetweenTries{5};
 // One byte far beyond the text.
 constexpr off_t kLockedByte = off_t{1} << 62;
 
 // An existing file is opened without asking for creation, which guarded directories refuse for other owners' files.
-int Open(const std::filesystem::path& path, LockedText::Purpose purpose) {
-  if (purpose == LockedText::Purpose::Reading) return ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  const int existing = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+int Open(const std::filesystem::path& path, LockedText::Purpose purpose, Links links) {
+  if (purpose == LockedText::Purpose::Reading) return OpenExistingFile(path, O_RDONLY, links);
+  const int existing = OpenExistingFile(path, O_RDWR, links);
   if (existing >= 0 || errno != ENOENT) return existing;
-  return ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode);
+  const int made = MakeFile(path, O_RDWR);
+  return made >= 0 || errno != EEXIST ? made : OpenExistingFile(path, O_RDWR, links);
 }
 
 void Lock(int descriptor, LockedText::Purpose purpose) {
@@ -41,7 +43,8 @@ void Lock(int descriptor, LockedText::Purpose purpose) {
 
 }  // namespace
 
-LockedText::LockedText(const std::filesystem::path& path, Purpose purpose) : descriptor_(Open(path, purpose)) {
+LockedText::LockedText(const std::filesystem::path& path, Purpose purpose, Links links)
+    : descriptor_(Open(path, purpose, links)) {
   if (descriptor_ >= 0) Lock(descriptor_, purpose);
 }
 
@@ -50,7 +53,9 @@ LockedText::~LockedText() {
 }
 
 std::optional<std::string> LockedText::Read() const {
-  if (descriptor_ < 0) return std::nullopt;
+  struct stat status = {};
+  if (descriptor_ < 0 || ::fstat(descriptor_, &status) != 0) return std::nullopt;
+  if (static_cast<std::uint64_t>(status.st_size) > kLongestTextFile) return std::nullopt;
   std::string text;
   std::array<char, 4096> block;
   for (;;) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "frame/GuardedOpen.h"
+
 namespace lantos {
 
 // The whole text of a small file that several copies read and edit. Whoever edits it holds it alone from reading to
@@ -14,11 +16,11 @@ class LockedText {
  public:
   enum class Purpose { Reading, Editing };  // editing makes the file where it is missing
 
-  LockedText(const std::filesystem::path& path, Purpose purpose);
+  LockedText(const std::filesystem::path& path, Purpose purpose, Links links = Links::KeptInside);
   ~LockedText();
   LockedText(const LockedText&) = delete;
 
-  // Empty when there is no file, or none that can be read.
+  // Empty when there is no file, or none that can be read: a link out of its directory, or longer than any text.
   std::optional<std::string> Read() const;
   // False when it can't be written; on a full disk it stays as it was.
   bool Replace(std::string_view text);

@@ -13,7 +13,7 @@ class PlainWords {
   virtual std::string Words() const = 0;
 };
 
-// Of any error, its own text where it has no plain words.
+// Of any error, its own text where it has no plain words. What the platform says of its own calls is for the log.
 std::string WordsFor(const std::exception& error);
 
 class WordedError : public std::runtime_error, public PlainWords {

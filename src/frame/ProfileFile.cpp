@@ -128,7 +128,7 @@ std::string ProfileText::Get(std::string_view section, std::string_view key, std
 }
 
 ProfileText ProfileFile::Read() const {
-  return ProfileText(LockedText(path_, LockedText::Purpose::Reading).Read().value_or(std::string()));
+  return ProfileText(LockedText(path_, LockedText::Purpose::Reading, links_).Read().value_or(std::string()));
 }
 
 bool ProfileFile::Put(std::string_view section, std::string_view key, std::string_view value) {
@@ -140,7 +140,7 @@ bool ProfileFile::Put(std::string_view section, std::string_view key, std::strin
 }
 
 bool ProfileFile::Edit(std::string_view section, std::string_view key, std::string_view value) const {
-  LockedText file(path_, LockedText::Purpose::Editing);
+  LockedText file(path_, LockedText::Purpose::Editing, links_);
   const std::optional<std::string> before = file.Read();
   if (!before) return false;
   std::vector<std::string> lines = LinesOf(*before);

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/GuardedOpen.h"
+
 namespace lantos {
 
 // What a profile file held at one moment.
@@ -29,8 +31,8 @@ class ProfileFile {
   using LogFailure = std::function<void(const std::string& text)>;
 
   // logFailure hears of an entry that could not be written, which the person is not told of.
-  explicit ProfileFile(std::filesystem::path path, LogFailure logFailure = nullptr)
-      : path_(std::move(path)), logFailure_(std::move(logFailure)) {}
+  explicit ProfileFile(std::filesystem::path path, LogFailure logFailure = nullptr, Links links = Links::KeptInside)
+      : path_(std::move(path)), logFailure_(std::move(logFailure)), links_(links) {}
 
   // The value, blanks around it and one pair of quotes removed, cut at limit characters.
   std::string Get(std::string_view section, std::string_view key, std::string_view defaultValue,
@@ -47,6 +49,7 @@ class ProfileFile {
 
   std::filesystem::path path_;
   LogFailure logFailure_;
+  Links links_;
 };
 
 }  // namespace lantos

@@ -99,6 +99,16 @@ std::string TakeUpdateFile(const FileIO& files, DaySerial day) {
       [](const std::string&) { return true; });
 }
 
-void DeleteOldUpdateFiles(const FileIO& files, DaySerial day) { DeleteOthers(files, "AU*.$$$", UpdateFilePrefix(day)); }
+std::vector<std::string> DeleteOldUpdateFiles(const FileIO& files, DaySerial day) {
+  constexpr std::string_view updateFile = "AU", ending = ".$$$";
+  const std::string prefix = UpdateFilePrefix(day);
+  std::vector<std::string> journals;
+  for (const std::string& name : files.List("A*.???")) {
+    const auto begins = [&name](std::string_view with) { return EqualsIgnoringCase(Left(name, with.size()), with); };
+    if (begins(kJournalPrefix) && ToUpper(name).find(".J") != std::string::npos) journals.push_back(name);
+    if (begins(updateFile) && name.ends_with(ending) && !begins(prefix)) files.Delete(name);
+  }
+  return journals;
+}
 
 }  // namespace lantos

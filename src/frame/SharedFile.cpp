@@ -11,7 +11,9 @@
 #include <limits>
 #include <utility>
 
+#include "frame/GuardedOpen.h"
 #include "frame/SharingClaim.h"
+#include "frame/Uninterrupted.h"
 
 #ifndef F_OFD_SETLK
 #error "SharedFile is built on the open-file-description locks of Linux"
@@ -23,20 +25,12 @@ namespace {
 
 constexpr int kSlotTries = 4;
 constexpr int kReplacedTries = 100;
-constexpr mode_t kNewFileMode = 0666;  // the umask takes from it
 constexpr std::uint64_t kLargestOffset = static_cast<std::uint64_t>(std::numeric_limits<off_t>::max());
-
-template <class Call>
-auto Uninterrupted(Call call) {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
-  return result;
-}
 
 // The lock calls want a descriptor that may write for an exclusive claim, so a read that denies all opens for both.
 int FlagsOf(Access access, Deny deny) {
-  if (deny == Deny::All || access == Access::ReadWrite) return O_RDWR | O_CLOEXEC;
-  return (access == Access::Read ? O_RDONLY : O_WRONLY) | O_CLOEXEC;
+  if (deny == Deny::All || access == Access::ReadWrite) return O_RDWR;
+  return access == Access::Read ? O_RDONLY : O_WRONLY;
 }
 
 [[noreturn]] void ThrowNotOpened(int errorNumber, const std::filesystem::path& path) {
@@ -44,15 +38,18 @@ int FlagsOf(Access access, Deny deny) {
   if (errorNumber == ENOENT && !std::filesystem::is_directory(path.parent_path(), ignored) && path.has_parent_path()) {
     throw FileError(FileErrorNumber::PathNotFound, "opening " + path.string());
   }
+  RefuseUnfit(errorNumber, path);
   ThrowFileError(errorNumber, "opening " + path.string());
 }
 
 // An existing file is opened without asking for creation: systems that guard shared directories refuse such a request
 // for files of other owners.
 int OpenDescriptor(const std::filesystem::path& path, int flags, Absent absent) {
-  int descriptor = Uninterrupted([&] { return ::open(path.c_str(), flags); });
-  if (descriptor < 0 && errno == ENOENT && absent == Absent::Create) {
-    descriptor = Uninterrupted([&] { return ::open(path.c_str(), flags | O_CREAT, kNewFileMode); });
+  int descriptor = OpenExistingFile(path, flags);
+  // Another copy may make the file in between, and delete it again.
+  for (int i = 0; descriptor < 0 && errno == ENOENT && absent == Absent::Create && i < kReplacedTries; ++i) {
+    descriptor = MakeFile(path, flags);
+    if (descriptor < 0 && errno == EEXIST) descriptor = OpenExistingFile(path, flags);
   }
   if (descriptor < 0) ThrowNotOpened(errno, path);
   return descriptor;
@@ -119,10 +116,10 @@ void SharedFile::TakeClaim(const Claim& claim) const {
     }
     if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &range); }) == 0) return;
     if (errno != EAGAIN && errno != EACCES) {
-      throw FileError(FileErrorNumber::PathFileAccess, "opening " + path_.string() +
-                                                           ": its file system grants no locks, and without them "
-                                                           "nothing is shared here: " +
-                                                           std::strerror(errno));
+      throw FileError(
+          FileErrorNumber::PathFileAccess,
+          "opening " + path_.string() + ": its file system grants no locks, and without them nothing is shared here",
+          std::strerror(errno));
     }
   }
   throw FileError(FileErrorNumber::PermissionDenied, "opening " + path_.string() + ": in use");
@@ -133,7 +130,6 @@ bool SharedFile::IsStillAtItsPath() {
   struct stat mine = {};
   struct stat there = {};
   if (::fstat(descriptor_, &mine) != 0) ThrowFileError(errno, "looking at " + path_.string());
-  if (S_ISDIR(mine.st_mode)) ThrowFileError(EISDIR, "opening " + path_.string());
   aloneLength_ = static_cast<std::int64_t>(mine.st_size);
   return ::stat(path_.c_str(), &there) == 0 && mine.st_dev == there.st_dev && mine.st_ino == there.st_ino;
 }
@@ -189,8 +185,8 @@ std::uint64_t SharedFile::Append(std::span<const std::byte> bytes, std::uint64_t
   turn.l_whence = SEEK_SET;
   turn.l_start = static_cast<off_t>(kAppendTurn);
   turn.l_len = 1;
-  if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLKW, &turn); }) != 0) {
-    ThrowFileError(errno, "waiting to append to " + path_.string());
+  if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &turn); }) != 0) {
+    ThrowFileError(errno == EACCES ? EAGAIN : errno, "waiting to append to " + path_.string());
   }
   const auto release = [&] {
     turn.l_type = F_UNLCK;

@@ -42,8 +42,9 @@ class SharedFile {
   // When the disk is full (61), a file that would have grown is cut back to its earlier length: no half record is left
   // behind it.
   void WriteAt(std::uint64_t offset, std::span<const std::byte> bytes);
-  // Writes at the end of the file, as it is then, or where its last whole unit ends. Of several copies that append at
-  // the same moment each waits for its turn, so that none overwrites the other. Returns the offset.
+  // Writes at the end of the file, as it is then, or where its last whole unit ends. Returns the offset. Of several
+  // copies that append at the same moment one has its turn, so that none overwrites the other; FileError 70 for the
+  // others, which try again.
   std::uint64_t Append(std::span<const std::byte> bytes, std::uint64_t unit = 1);
   void Truncate(std::uint64_t length);
   // Pushes what was written to the disk.

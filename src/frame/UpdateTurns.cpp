@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "frame/GuardedOpen.h"
 #include "frame/SharingClaim.h"
 
 namespace lantos {
@@ -15,7 +16,7 @@ constexpr int kTries = 250;
 }  // namespace
 
 UpdateTurns::UpdateTurns(const std::filesystem::path& path, Clock& clock)
-    : clock_(clock), descriptor_(::open(path.c_str(), O_RDWR | O_CLOEXEC)) {}
+    : clock_(clock), descriptor_(OpenExistingFile(path, O_RDWR)) {}
 
 UpdateTurns::~UpdateTurns() {
   if (descriptor_ >= 0) ::close(descriptor_);
@@ -30,11 +31,13 @@ bool UpdateTurns::Lock(short type) {
   return ::fcntl(descriptor_, F_OFD_SETLK, &turn) == 0;
 }
 
-void UpdateTurns::Begin() {
-  for (int i = 0; descriptor_ >= 0 && i < kTries; ++i) {
-    if (Lock(F_WRLCK)) return;
+bool UpdateTurns::Begin() {
+  if (descriptor_ < 0) return true;
+  for (int i = 0; i < kTries; ++i) {
+    if (Lock(F_WRLCK)) return true;
     clock_.Wait(kPause);
   }
+  return false;
 }
 
 void UpdateTurns::End() {

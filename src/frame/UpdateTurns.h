@@ -8,8 +8,9 @@ namespace lantos {
 
 // Turns at changing a shared file: what is read, changed and written back within one isn't overtaken by another copy of
 // this program that does the same. They claim nothing that an open of the file looks at, so that the routines inside
-// open the file as they always do, and other programs see none of it. A turn that doesn't come within some seconds,
-// because the copy that has it waits for its person, is no longer waited for. Without the file there are no turns.
+// open the file as they always do, and other programs see none of it. A turn that doesn't come within five seconds,
+// because the copy that has it waits for its person, isn't had: AskedTurn asks then. Without the file, and where it is
+// read-only, there are no turns to wait for.
 class UpdateTurns {
  public:
   UpdateTurns(const std::filesystem::path& path, Clock& clock);
@@ -18,16 +19,22 @@ class UpdateTurns {
 
   class Turn {
    public:
-    explicit Turn(UpdateTurns& turns) : turns_(turns) { turns_.Begin(); }
-    ~Turn() { turns_.End(); }
+    explicit Turn(UpdateTurns& turns) : turns_(turns), isHad_(turns.Begin()) {}
+    ~Turn() {
+      if (isHad_) turns_.End();
+    }
     Turn(const Turn&) = delete;
+
+    bool IsHad() const { return isHad_; }
+    void WaitAgain() { isHad_ = turns_.Begin(); }
 
    private:
     UpdateTurns& turns_;
+    bool isHad_;
   };
 
  private:
-  void Begin();
+  bool Begin();  // false when it didn't come
   void End();
   bool Lock(short type);
 

@@ -38,7 +38,7 @@ std::filesystem::path UserSettings::FileOf(std::string_view application) const {
 
 std::string UserSettings::Get(std::string_view application, std::string_view section, std::string_view key,
                               std::string_view defaultValue) const {
-  return ProfileFile(FileOf(application)).Get(section, key, defaultValue);
+  return ProfileFile(FileOf(application), nullptr, Links::Followed).Get(section, key, defaultValue);
 }
 
 void UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
@@ -46,7 +46,7 @@ void UserSettings::Save(std::string_view application, std::string_view section, 
   std::error_code noDirectory;
   std::filesystem::create_directories(directory_, noDirectory);
   const std::filesystem::path file = FileOf(application);
-  if (ProfileFile(file).Put(section, key, value) || !logFailure) return;
+  if (ProfileFile(file, nullptr, Links::Followed).Put(section, key, value) || !logFailure) return;
   logFailure("Setting " + std::string(key) + " could not be saved in " + TextOfPath(file) +
              (noDirectory ? ": " + noDirectory.message() : ""));
 }

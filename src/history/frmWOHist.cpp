@@ -11,7 +11,7 @@ namespace lantos {
 
 namespace {
 
-constexpr ui::Twips kWidth = 12600;
+constexpr ui::Twips kWidth = 14100;
 constexpr ui::Twips kHeight = 9000;
 constexpr const char* kTitle = "Workorder History";
 constexpr const char* kNoCriteria = "You must enter search criteria!";

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frame/Text.h"
+#include "frame/UnfitFile.h"
 #include "records/FileNumber.h"
 #include "records/LaborText.h"
 #include "records/OpenedFile.h"
@@ -73,6 +74,7 @@ void LaborKits::LoadOnce() {
   OpenedFile file(environment_.openFiles, kLaborKitFile, Access::Read, Deny::None);
   LaborKitRec record;
   const std::uint64_t length = file->Length();
+  RefuseTooLong(environment_.files.PathOf(kLaborKitFile), length, kLongestRecordFile);
   for (std::uint64_t offset = 0; offset < length; offset += LaborKitRec::kLength) {
     file->ReadAt(offset, record.Bytes());
     rows_.push_back({record.Get(laborkit::Code), record.Get(laborkit::Kit)});

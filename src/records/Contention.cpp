@@ -1,5 +1,8 @@
 #include "records/Contention.h"
 
+#include "frame/FileCause.h"
+#include "frame/PlainWords.h"
+
 namespace lantos {
 
 namespace {
@@ -15,10 +18,35 @@ void Replace(std::string& text, std::string_view mark, std::string_view value) {
 
 bool Contention::TryAgain(const FileError& error) {
   Note(error);
+  if (!rule_.file.empty() && error.Number() != FileErrorNumber::PermissionDenied) return TryOtherAgain(error);
   if (rule_.failures == ContentionRule::Failures::SharingOnly && error.Number() != FileErrorNumber::PermissionDenied) {
     throw;
   }
   return RetrySilently(error) || AskOrTell(error);
+}
+
+// Nobody else's hold ends it, so the person learns what is in the way.
+bool Contention::TryOtherAgain(const FileError& error) {
+  if (otherFailures_ < rule_.otherRetries) {
+    ++otherFailures_;
+    Wait(rule_.pause);
+    ShowWordWhenDue(error);
+    return true;
+  }
+  otherFailures_ = 0;
+  if (rule_.noted == ContentionRule::Noted::Nothing) environment_.log.Write(error.what());
+  const std::string file = Fill(rule_.file, {});
+  const std::string title = rule_.title.empty() ? file : Fill(rule_.title, error.Text());
+  // What lies under the file's name may be unfit; that says so itself.
+  const auto* plain = dynamic_cast<const PlainWords*>(&error);
+  const std::string what =
+      plain != nullptr ? plain->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
+  const ui::Answer answer =
+      desktop_->Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
+                    ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+  if (answer == ui::Answer::Retry) return true;
+  if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
+  return false;
 }
 
 void Contention::Note(const FileError& error) {

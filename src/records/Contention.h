@@ -42,6 +42,8 @@ class Contention {
   void Note(const FileError& error);
   bool RetrySilently(const FileError& error);
   bool AskOrTell(const FileError& error);
+  // What is no sharing conflict, by a rule that names its file.
+  bool TryOtherAgain(const FileError& error);
   void Wait(ContentionRule::Pause pause);
   void ShowWordWhenDue(const FileError& error);
   void EndWord();
@@ -51,7 +53,8 @@ class Contention {
   ui::Desktop* desktop_ = nullptr;
   Environment& environment_;
   std::string what_;
-  int failures_ = 0;  // since the last box that began the silent retries anew
+  int otherFailures_ = 0;  // since the last box about one
+  int failures_ = 0;       // since the last box that began the silent retries anew
   bool noted_ = false;
   std::int64_t waited_ = 0;  // milliseconds, of the pauses that have a length
   bool wordShown_ = false;

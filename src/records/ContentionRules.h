@@ -38,6 +38,11 @@ struct ContentionRule {
   ui::Icon icon = ui::Icon::None;
   // On the status line and in the log once a wait has taken a second; the line is cleared at the end of the wait.
   std::string_view word = {};
+  // The file that is waited for, where the rule's own words blame another user: any other failure is then asked about
+  // with its true cause, with Retry and Cancel. cancelling is what Cancel does, behind "Cancel to".
+  std::string_view file = {};
+  std::string_view cancelling = {};
+  int otherRetries = 0;  // silent ones, ahead of that box
 };
 
 // The whole table, by families of files.
@@ -114,13 +119,16 @@ inline constexpr ContentionRule kSystem = {
     .icon = Icon::Critical,
 };
 
-// The parts. An open for a write is waited for whatever its failure is, and nobody is asked while a part is half
-// written. The search for a tag waits in the same way.
+// The parts. Another copy's hold is waited out by an open for a write, and by the search for a tag: nobody is asked
+// while a part is half written. What is no hold may never end, and is asked about after five seconds.
 inline constexpr ContentionRule kOpenInventory = {
     .silentRetries = ContentionRule::kWithoutEnd,
     .pause = Pause::TenthOfASecond,
     .noted = Noted::FirstFailure,
     .word = "Waiting for {what}... ({error})",
+    .file = "{what}",
+    .cancelling = "leave the part as it is",
+    .otherRetries = 50,
 };
 inline constexpr ContentionRule kReadInventory = {
     .pauseAfterBox = Pause::QuarterOfASecond,
@@ -177,6 +185,21 @@ inline constexpr ContentionRule kUpdateUsage = {
     .text = "Inventory Usage file locked by another user.\rClick OK to try again.",
     .title = "UpdateUsage {error}",
     .icon = Icon::Exclamation,
+    .file = "{what}",
+    .cancelling = "go on without noting the use of the part",
+    .otherRetries = 2,
+};
+// The same file, where a conversion that ended in the middle is finished or undone.
+inline constexpr ContentionRule kRepairUsage = {
+    .silentRetries = 19,
+    .pause = Pause::TenthOfASecond,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text = "{what} is locked by another user.\rClick Retry to try again, or Cancel to stop here.",
+    .title = "{what}",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
+    .file = "{what}",
+    .cancelling = "stop here",
 };
 inline constexpr ContentionRule kOpenKitsExclusive = {
     .afterRetries = AfterRetries::GiveUp,
@@ -229,10 +252,33 @@ inline constexpr ContentionRule kReadWorkorderTags = {
     .title = "{what}",
     .buttons = Buttons::RetryCancel,
 };
+// What a new work order consists of: who holds a file of it ends the writing after two seconds, as ever; what else
+// keeps it from being written is asked about, since most of the work is done by then.
+inline constexpr ContentionRule kWriteWorkorder = {
+    .silentRetries = kMomentsPatience.silentRetries,
+    .pause = kMomentsPatience.pause,
+    .afterRetries = AfterRetries::Surface,
+    .file = "{what}",
+    .cancelling = "stop here",
+};
+// The turn at the end of the tags, which another copy of this program has for the moment of an append. Five seconds.
+inline constexpr ContentionRule kAppendTurn = {
+    .silentRetries = 500,
+    .pause = Pause::HundredthOfASecond,
+    .failures = Failures::SharingOnly,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text =
+        "Another copy of the program is writing to {what} and doesn't come to its end.\r"
+        "Click Retry to try again, or Cancel to stop here.",
+    .title = "{what}",
+    .buttons = Buttons::RetryCancel,
+};
 inline constexpr ContentionRule kWriteArchivedTag = {
     .text = "Tag file locked by another user.\rClick Retry to try again, or Cancel to exit.",
     .title = "WriteArchivedWoTag({what})",
     .buttons = Buttons::RetryCancel,
+    .file = "{what}",
+    .cancelling = "go on without this tag",
 };
 inline constexpr ContentionRule kFindWorkorderFile = {
     .text = "File not found: \rClick Retry to try again, or Cancel to skip.",  // the name stands in the title alone

@@ -15,6 +15,7 @@ constexpr std::uint64_t kTagLength = CustomerTag::kLength;
 
 CustomerFiles::CustomerFiles(Environment& environment, ui::Desktop& desktop)
     : environment_(environment),
+      desktop_(desktop),
       tagFile_(environment.openFiles),
       masterFile_(environment.openFiles),
       tagContention_(contention::kWriteCustomerTag, desktop, environment),
@@ -26,7 +27,7 @@ bool CustomerFiles::Open() {
   if (!masterContention_.Run([&] { masterFile_.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
   const std::filesystem::path tags = environment_.files.PathOf(kCustomerTagFile);
   turns_.emplace(tags, environment_.clock);
-  turn_.emplace(*turns_);
+  turn_.emplace(*turns_, desktop_, kCustomerTagFile);
   tags_.emplace(tags, Access::Read, Deny::None);
   masters_.emplace(environment_.files.PathOf(kCustomerFile), Access::Read, Deny::None);
   return true;

@@ -5,6 +5,7 @@
 
 #include "frame/Environment.h"
 #include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
 #include "records/Contention.h"
 #include "records/Customers.h"
 #include "records/OpenedFile.h"
@@ -19,7 +20,8 @@ class CustomerFiles {
   CustomerFiles(Environment& environment, ui::Desktop& desktop);
   CustomerFiles(const CustomerFiles&) = delete;
 
-  // Opens both, asking as the rules of the files say, and waits for the turn. False when the person gave up.
+  // Opens both, asking as the rules of the files say, and waits for the turn. False when the person gave up;
+  // GivenUp when they gave up the turn.
   bool Open();
 
   // The rest only once they are open; throws FileError.
@@ -58,12 +60,13 @@ class CustomerFiles {
   FileLink EndOfMasters() const;
 
   Environment& environment_;
+  ui::Desktop& desktop_;
   OpenedFile tagFile_;
   OpenedFile masterFile_;
   Contention tagContention_;
   Contention masterContention_;
   std::optional<UpdateTurns> turns_;
-  std::optional<UpdateTurns::Turn> turn_;
+  std::optional<AskedTurn> turn_;
   std::optional<SharedFile> tags_;  // for reading, as the next
   std::optional<SharedFile> masters_;
 };

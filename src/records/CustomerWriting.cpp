@@ -118,7 +118,7 @@ std::optional<std::size_t> Customers::Writing::Place() {
 bool Customers::Writing::TakeAnotherNumber() {
   const auto isTaken = [this](std::int32_t each) { return customers_.IndexOf(each) != customers_.Count(); };
   const std::optional<std::int32_t> number =
-      customers_.system_.TakeFreeNumber(sysrec::last_customer_number, isTaken, Number());
+      customers_.system_.TakeFreeNumber(sysrec::last_customer_number, isTaken, {.found = Number(), .beforehand = {}});
   if (!number) return false;
   customers_.newNumber_ = number;
   customers_.CurrentCustomer.Put(customer::Number, *number);

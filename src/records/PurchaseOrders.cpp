@@ -61,7 +61,9 @@ std::vector<OrderedSublet> PurchaseOrders::GetOpenPOSublets() {
     if ((status != kOrderClosed && status != kOrderOnAccount) || name.empty()) continue;
     std::optional<std::vector<std::string>> lines;
     Contention detail(contention::kOpenOrders, desktop_, environment_, "Purchase Order detail file (" + name + ")");
-    const bool opened = detail.Run([&] { lines = ReadTextLines(environment_, name); });
+    const bool opened = detail.Run([&] {
+      if (IsPlainName(name)) lines = ReadTextLines(environment_, name);
+    });
     if (lines) AddSublets(*lines, tag.Get(potag::Number), sublets);
     if (opened && !lines) missing.push_back(name);
   }

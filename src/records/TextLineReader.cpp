@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <span>
 
+#include "frame/UnfitFile.h"
+
 namespace lantos {
 
 namespace {
@@ -29,6 +31,7 @@ bool TextLineReader::Next(std::string& line) {
     const auto begin = block_.begin() + static_cast<std::ptrdiff_t>(used_);
     const auto end = std::find_if(begin, block_.end(), [](char each) { return each == '\r' || each == '\n'; });
     line.append(begin, end);
+    if (line.size() > kLongestLine) throw UnfitFile(name_, UnfitFile::Why::LongLine);
     used_ = static_cast<std::size_t>(end - block_.begin());
     const int c = Take();
     if (c < 0) return !line.empty();

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "frame/UnfitFile.h"
 #include "records/OpenedFile.h"
 #include "records/TextLineReader.h"
 
@@ -10,8 +11,9 @@ namespace lantos {
 std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name, Deny deny) {
   if (!environment.files.IsThere(name)) return std::nullopt;
   OpenedFile file(environment.openFiles, name, Access::Read, deny);
+  RefuseTooLong(environment.files.PathOf(name), file->Length(), kLongestTextFile);
   std::vector<std::string> lines;
-  TextLineReader reader(*file);
+  TextLineReader reader(*file, 0, name);
   for (std::string line; reader.Next(line);) lines.push_back(line);
   return lines;
 }

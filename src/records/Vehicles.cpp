@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "frame/Numbers.h"
+#include "frame/UnfitFile.h"
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
 
@@ -97,7 +98,9 @@ void Vehicles::WriteVehicle() {
 
 void Vehicles::LoadVehicles() {
   MarkNotLoaded();
-  const auto length = static_cast<std::int64_t>(environment_.files.Length(kVehicleFile));
+  const std::uintmax_t bytes = environment_.files.Length(kVehicleFile);
+  RefuseTooLong(environment_.files.PathOf(kVehicleFile), bytes, kLongestRecordFile);
+  const auto length = static_cast<std::int64_t>(bytes);
   const std::int64_t count = DivideHalfEven(length, VehicleRecord::kLength);
   OpenedFile file(environment_.openFiles, kVehicleFile, Access::Read, Deny::None);
   // One element more than there are records; it stays blank.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/Numbers.h"
+#include "frame/UnfitFile.h"
 #include "records/Patience.h"
 #include "records/RecordArray.h"
 
@@ -11,6 +12,7 @@ namespace lantos {
 std::vector<EmployeeName> modEmployees::LoadEmployeeList() {
   OpenedFile file(environment_.openFiles);
   OpenPatiently(file, environment_, kEmployeeFile, Access::Read, Deny::None);
+  RefuseTooLong(environment_.files.PathOf(kEmployeeFile), file->Length(), kLongestRecordFile);
   // Up to the end of the file, so a last record that is short counts too.
   std::vector<EmployeeRecord> records((file->Length() + EmployeeRecord::kLength - 1) / EmployeeRecord::kLength);
   ReadRecords(*file, 0, std::span(records));
@@ -45,6 +47,7 @@ bool modEmployees::LookAgain() {
 
 void modEmployees::ReadAll(const SharedFile& file) {
   const auto length = static_cast<std::int64_t>(file.Length());
+  RefuseTooLong(environment_.files.PathOf(kEmployeeFile), file.Length(), kLongestRecordFile);
   std::vector<EmployeeRecord> read(static_cast<std::size_t>(DivideHalfEven(length, EmployeeRecord::kLength)));
   ReadRecords(file, 0, std::span(read));
   employees_ = std::move(read);

@@ -48,11 +48,11 @@ void modSystem::WriteSystem(FileHandle handle) {
       [&] { WriteRecord(*file, 0, SysRec); });
 }
 
-std::int32_t modSystem::TakeNumber(LongField counter) {
-  return TakeNumberFrom(counter, std::numeric_limits<std::int32_t>::min());
+std::int32_t modSystem::TakeNumber(LongField counter, const Told& beforehand) {
+  return TakeNumberFrom(counter, std::numeric_limits<std::int32_t>::min(), beforehand);
 }
 
-std::int32_t modSystem::TakeNumberFrom(LongField counter, std::int32_t least) {
+std::int32_t modSystem::TakeNumberFrom(LongField counter, std::int32_t least, const Told& beforehand) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(ReadSystem(Then::StayOpen));
   const std::int32_t number = std::max(SysRec.Get(counter), least);
@@ -60,18 +60,25 @@ std::int32_t modSystem::TakeNumberFrom(LongField counter, std::int32_t least) {
     throw std::overflow_error("No number can be given any more: the running number of " + NameOf(counter) + " in " +
                               std::string(kSystemFile) + " stands at its end, " + std::to_string(number) + ".");
   }
+  if (beforehand) beforehand(number);
   SysRec.Put(counter, number + 1);
   WriteSystem(file.Release());
   return number;
 }
 
-std::optional<std::int32_t> modSystem::TakeFreeNumber(LongField counter, const IsTaken& isTaken,
-                                                      std::optional<std::int32_t> found) {
-  std::int32_t number = found ? *found : TakeNumber(counter);
-  while (number < 1 || isTaken(number)) {
+std::optional<std::int32_t> modSystem::TakeFreeNumber(LongField counter, const IsTaken& isTaken, const Taking& taking) {
+  const auto isFree = [&](std::int32_t number) { return number > 0 && !isTaken(number); };
+  Told beforehand;
+  if (taking.beforehand) {
+    beforehand = [&](std::int32_t number) {
+      if (isFree(number)) taking.beforehand(number);
+    };
+  }
+  std::int32_t number = taking.found ? *taking.found : TakeNumber(counter, beforehand);
+  while (!isFree(number)) {
     const std::int32_t next = NextFree(counter, number, isTaken);
     if (!OffersNext(counter, number, next)) return std::nullopt;
-    number = TakeNumberFrom(counter, next);
+    number = TakeNumberFrom(counter, next, beforehand);
   }
   return number;
 }

@@ -2,6 +2,7 @@
 
 #include "frame/Dates.h"
 #include "records/Record.h"
+#include "screens/EnterBoxAnew.h"
 
 namespace lantos {
 namespace {
@@ -79,6 +80,7 @@ bool EditForm::CheckDate(ui::TextBox& box) {
     return true;
   }
   shop_.desktop.Tell(badDate_, Caption(), ui::Icon::Exclamation);
+  if (box.HasFocus()) EnterBoxAnew(*this, box);
   return false;
 }
 

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "frame/Numbers.h"
+#include "screens/EnterBoxAnew.h"
 
 namespace lantos {
 
@@ -101,7 +102,7 @@ bool NumberBoxes::CanBeStored() {
   form_.GetDesktop().Tell(wrong->name + ": \"" + wrong->box.Text() + "\" can't be stored. It must be from " +
                               Text(wrong->least, wrong->decimals) + " to " + Text(wrong->most, wrong->decimals) + ".",
                           form_.Caption(), ui::Icon::Exclamation);
-  wrong->box.SetFocus();
+  EnterBoxAnew(form_, wrong->box);
   return false;
 }
 

@@ -6,6 +6,7 @@
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "screens/AlsoRuns.h"
+#include "screens/EnterBoxAnew.h"
 
 namespace lantos {
 
@@ -88,7 +89,7 @@ bool NumberFields::AreNumbers() {
   const std::string text = wrong->taken.empty() ? "\"" + wrong->box.Text() + "\" is not a number."
                                                 : InPlace(wrong->taken, wrong->box.Text());
   form_.GetDesktop().Tell(wrong->name + ": " + text, form_.Caption(), ui::Icon::Exclamation);
-  wrong->box.SetFocus();
+  EnterBoxAnew(form_, wrong->box);
   if (wrong->taken.empty()) return false;
   wrong->taken.clear();  // the person knows what stands there
   ShowPlain(*wrong);

@@ -1,8 +1,16 @@
 #include "screens/OkCancelForm.h"
 
+#include "frame/PlainWords.h"
 #include "ui/WindowPlace.h"
 
 namespace lantos {
+
+namespace {
+
+constexpr std::string_view kWhatCanBeDone =
+    "\r\rWhat you entered is still here: save it again, or leave the screen without it.";
+
+}  // namespace
 
 void OkCancelForm::UseButtons(ui::Button& accept, ui::Button& cancel) {
   accept.OnClick = [this] { Accept(); };
@@ -30,7 +38,26 @@ void OkCancelForm::OnQueryClose(bool& refuse) {
 }
 
 void OkCancelForm::Leave() {
-  if (changes_.MayBeDropped()) Cancel();
+  if (!changes_.MayBeDropped()) return;
+  Cancel();
+  if (refused_) GetDesktop().Tell(storing_.name() + " was not stored.", Caption(), ui::Icon::Exclamation);
+}
+
+void OkCancelForm::SaveAndHide() {
+  if (storing_.store) Store();
+  saved_ = true;
+  Hide();
+}
+
+// A refusal that is told in words says too what can be done about it.
+void OkCancelForm::Store() {
+  refused_ = true;
+  try {
+    storing_.store();
+  } catch (const WordedError& error) {
+    throw WordedError(error.what(), error.Words() + std::string(kWhatCanBeDone));
+  }
+  refused_ = false;
 }
 
 SizedForm::SizedForm(ui::Desktop& desktop, ui::GlobalKeys& keys, UserSettings& settings, std::string name,

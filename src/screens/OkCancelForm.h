@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "frame/UserSettings.h"
 #include "screens/UnsavedChanges.h"
@@ -13,6 +15,19 @@ namespace lantos {
 // Cancel button. The window's close box is Cancel too. A screen that has something to lose says what the person can
 // change, and is asked about on all three ways out.
 class OkCancelForm : public ui::Form {
+ public:
+  // Whether the screen was left with what stands in it to be kept.
+  bool Saved() const { return saved_; }
+
+  // What SaveAndHide does before the screen closes, a write into the database say, and what it is that is stored:
+  // "The part \"P-1\"". Where it throws, the screen stays as it is, to be saved again or left; whoever leaves it then
+  // is told that this was not stored.
+  struct Storing {
+    std::function<void()> store;
+    std::function<std::string()> name;
+  };
+  void StoreBy(Storing storing) { storing_ = std::move(storing); }
+
  protected:
   OkCancelForm(ui::Desktop& desktop, ui::GlobalKeys& keys, std::string name, std::string caption)
       : Form(desktop, std::move(name), std::move(caption)), keys_(keys) {}
@@ -21,6 +36,7 @@ class OkCancelForm : public ui::Form {
   void UseButtons(ui::Button& accept, ui::Button& cancel);
   virtual void Accept() = 0;
   virtual void Cancel() { Hide(); }  // the person may leave
+  void SaveAndHide();                // the end of Accept
 
   // Behind UseButtons, at the end of the constructor; whoever fills the fields says MarkUnchanged at the end.
   template <class... Fields>
@@ -38,9 +54,13 @@ class OkCancelForm : public ui::Form {
 
  private:
   void Leave();
+  void Store();
 
   ui::GlobalKeys& keys_;
   UnsavedChanges changes_{*this};
+  Storing storing_;
+  bool saved_ = false;
+  bool refused_ = false;  // what was to be stored, at the last try
 };
 
 // The same with a size that is kept from one use to the next.

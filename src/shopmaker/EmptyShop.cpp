@@ -63,8 +63,9 @@ void SetStandardHours(de& database, const std::array<std::int32_t, 7>& sundayToS
   database.UpdateStdHours(sundayToSaturday, fudgeFactor);
 }
 
-void MakeEmptyShop(const std::filesystem::path& path, const ShopIdentity& identity, Clock& clock) {
-  ShopDirectory directory(path);
+void MakeEmptyShop(const std::filesystem::path& path, const ShopIdentity& identity, Clock& clock,
+                   const std::string& group) {
+  ShopDirectory directory(path, group);
   directory.AddFile(kSystemFile, FirstSystemRecord(identity).Bytes());
   AddEmptyFiles(directory, {kSystemFile});
   AddDatabases(directory, clock);

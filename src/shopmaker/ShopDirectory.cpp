@@ -1,10 +1,15 @@
 #include "shopmaker/ShopDirectory.h"
 
 #include <fmt/format.h>
+#include <grp.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstddef>
+#include <cstring>
 #include <system_error>
 
 #include "estimatedb/EstimateDatabase.h"
@@ -23,6 +28,8 @@ constexpr std::array<std::string_view, 27> kShopFiles = {
     "TQMANUFA.DAT",  "TQPASSWD.DAT",  "TQOPENWO.DAT", "TQINCTAG.DAT", "TQINVOIC.DAT", "TQFOLLOW.DAT", "TQCANLAB.DAT",
     "TQLABKIT.DAT",  "TQCANNOT.DAT",  "TQOPENPO.DAT", "TQPAYROL.DAT", "CHECKLST.TXT", "DISCLAIM.TXT",
 };
+
+constexpr mode_t kSharedMode = 02770;  // set-group-id: what is made in it is the group's
 
 void RefuseShop(const fs::path& path) {
   std::error_code error;
@@ -45,7 +52,8 @@ void RefuseShop(const fs::path& path) {
 
 std::span<const std::string_view> ShopFileNames() { return kShopFiles; }
 
-ShopDirectory::ShopDirectory(const fs::path& path) : path_(fs::absolute(path).lexically_normal()) {
+ShopDirectory::ShopDirectory(const fs::path& path, const std::string& group)
+    : path_(fs::absolute(path).lexically_normal()) {
   if (path_.filename().empty()) path_ = path_.parent_path();  // written with a separator at its end
   try {
     RefuseShop(path_);
@@ -53,6 +61,21 @@ ShopDirectory::ShopDirectory(const fs::path& path) : path_(fs::absolute(path).le
   } catch (const fs::filesystem_error& error) {
     throw ShopError(fmt::format("{}: {}.", path_.string(), error.code().message()));
   }
+  if (group.empty()) return;
+  try {
+    ShareWith(group);
+  } catch (const ShopError&) {
+    RemoveAll();
+    throw;
+  }
+}
+
+void ShopDirectory::ShareWith(const std::string& group) {
+  const struct group* entry = ::getgrnam(group.c_str());
+  if (entry == nullptr) throw ShopError(fmt::format("There is no group {} on this computer.", group));
+  constexpr auto kUnchanged = static_cast<uid_t>(-1);
+  if (::chown(path_.c_str(), kUnchanged, entry->gr_gid) == 0 && ::chmod(path_.c_str(), kSharedMode) == 0) return;
+  throw ShopError(fmt::format("{} can't be given to the group {}: {}.", path_.string(), group, std::strerror(errno)));
 }
 
 void ShopDirectory::MakeDirectories() {

@@ -23,7 +23,9 @@ std::span<const std::string_view> ShopFileNames();
 class ShopDirectory {
  public:
   // Throws ShopError, nothing touched, when one of the shop's files is there in any spelling.
-  explicit ShopDirectory(const std::filesystem::path& path);
+  // With a group the directory becomes the group's (mode 2770): its members read and write all that is made in it, and
+  // nobody else anything. ShopError when there is no such group, or it can't be given to it.
+  explicit ShopDirectory(const std::filesystem::path& path, const std::string& group = "");
   ~ShopDirectory();
   ShopDirectory(const ShopDirectory&) = delete;
   ShopDirectory& operator=(const ShopDirectory&) = delete;
@@ -39,6 +41,7 @@ class ShopDirectory {
 
  private:
   void MakeDirectories();
+  void ShareWith(const std::string& group);
   void RemoveAll();
 
   std::filesystem::path path_;

@@ -32,7 +32,7 @@ std::string ProfileSectionOf(const std::string& computerName) {
   return name.empty() ? std::string(kDefaultsSection) : name;
 }
 
-void MakeUpdateFile(Shop& shop) {
+std::vector<std::string> MakeUpdateFile(Shop& shop) {
   Environment& environment = shop.environment;
   const DaySerial today = environment.Today();
   try {
@@ -44,7 +44,7 @@ void MakeUpdateFile(Shop& shop) {
     // person that it hears of none.
     environment.updateFileName = UpdateFilePrefix(today) + "?.$$$";
   }
-  DeleteOldUpdateFiles(environment.files, today);
+  return DeleteOldUpdateFiles(environment.files, today);
 }
 
 // The other screens take over the size of the main window. A factor of one leaves the platform's own font, since one is
@@ -87,7 +87,8 @@ void WarnOfNetworkMount(Shop& shop) {
 
 }  // namespace
 
-bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList) {
+bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryList,
+                 std::vector<std::string>& journals) {
   Environment& environment = shop.environment;
   environment.exitCodeOfGivingUp = kStartCancelled;
   if (!ResolveDataDir(environment, shop.desktop)) return false;
@@ -101,7 +102,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
   UpgradeDatabase(database, environment, shop.records);
   WarnOfNetworkMount(shop);
-  MakeUpdateFile(shop);
+  journals = MakeUpdateFile(shop);
   ProfileFile profile = environment.Profile();
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
   SetMainWindowFont(shop);

@@ -59,6 +59,7 @@ struct Program::State {
   MasterScreens masters;
   frmInvList inventoryList;
   Workorders workorders;
+  std::vector<std::string> journals;  // that conversions had left when this copy came up
 };
 
 StartAndStop Program::State::Steps() {
@@ -68,7 +69,7 @@ StartAndStop Program::State::Steps() {
     TellWhatIsNotUnderstood(desktop, invocation.commandLine);
   };
   steps.initGlobals = [this] {
-    const bool isUp = InitGlobals(shop, database, inventoryList);
+    const bool isUp = InitGlobals(shop, database, inventoryList, journals);
     NoteUnknownSwitch(shop, invocation.commandLine);
     return isUp;
   };
@@ -122,6 +123,7 @@ int Program::Run() {
   }
   if (!mainWindow.IsLoaded()) return kEndedInOrder;
   mainWindow.Show();
+  mainWindow.SettleHalfDone(state_->journals);
   state_->desktop.RunUntilUnloaded(mainWindow);
   return kEndedInOrder;
 }

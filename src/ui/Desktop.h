@@ -51,10 +51,10 @@ class Desktop {
   virtual void Beep() = 0;
   virtual void SetPointer(Pointer pointer) = 0;
   virtual void ShowStatus(std::string_view text) = 0;  // a status line
-  // Opens a document, program or address with what the platform has for it, in its own directory. The result is 33 or
-  // more when it went well, else the platform's code: 2 file not found, 3 path not found, 5 access denied, 31 no
-  // association.
-  virtual int OpenDocument(const std::string& path, const std::string& arguments) = 0;
+  // Opens a PDF document or an address with what the platform has for it; nothing else is opened, and nothing is ever
+  // run. The result is 33 or more when it went well, else the platform's code: 2 file not found, 3 path not found, 5
+  // access denied, 31 no association, which is also what anything else comes to.
+  virtual int OpenDocument(const std::string& path) = 0;
   virtual void PrintScreen(Form& form) = 0;  // the form as a screen image
   // Shows a report until the person closes it, who may print it from there. The window appears at the place, which is
   // where it was in the end when this returns; a width of 0 leaves the place to the desktop.

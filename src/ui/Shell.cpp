@@ -1,9 +1,7 @@
 #include "ui/Shell.h"
 
-#include <algorithm>
-
 #include "frame/PathText.h"
-#include "frame/Text.h"
+#include "ui/Documents.h"
 
 namespace lantos::ui {
 
@@ -20,7 +18,7 @@ constexpr ShellResult kShellResults[] = {
     {29, "DDE failed"},        {30, "DDE Busy error"},         {31, "No association for this file"},
 };
 constexpr int kFirstGoodShellResult = 33;
-constexpr int kFirstGoodRunResult = 32;
+constexpr int kFirstGoodHelpResult = 32;
 
 const char* MessageOf(int code) {
   for (const ShellResult& result : kShellResults) {
@@ -32,17 +30,8 @@ const char* MessageOf(int code) {
 }  // namespace
 
 void ShellOpen(Desktop& desktop, const std::string& path) {
-  const int code = desktop.OpenDocument(path, "");
+  const int code = desktop.OpenDocument(path);
   if (code < kFirstGoodShellResult) desktop.Tell(MessageOf(code), path, Icon::Exclamation);
-}
-
-int RunShell(Desktop& desktop, const std::string& commandLine, const std::string& arguments) {
-  const std::string line = Trim(commandLine);
-  const bool quoted = line.starts_with('"');
-  const std::size_t start = quoted ? 1 : 0;
-  const std::size_t end = std::min(line.find(quoted ? '"' : ' ', start), line.size());
-  const std::string rest = end < line.size() ? line.substr(end + 1) : "";
-  return desktop.OpenDocument(line.substr(start, end - start), Trim(Trim(rest) + " " + arguments));
 }
 
 void ShowHelpFile(Desktop& desktop, const FileIO& files, std::string directory, const std::string& name) {
@@ -52,7 +41,10 @@ void ShowHelpFile(Desktop& desktop, const FileIO& files, std::string directory, 
   const std::string path = directory + name;
   // Names in the data directory are found in any case.
   const std::string found = inDataDir ? TextOfPath(files.PathOf(name)) : path;
-  if (RunShell(desktop, "\"" + found + "\"", "") < kFirstGoodRunResult) {
+  if (desktop.OpenDocument(found) >= kFirstGoodHelpResult) return;
+  if (const std::string why = WhyNotOpened(found); !why.empty()) {
+    desktop.Tell(path + why + ", so it isn't opened.", "Help file");
+  } else {
     desktop.Tell("Could not locate " + path, "Missing help file");
   }
 }

@@ -1,5 +1,6 @@
 #include "workorders/StockMovement.h"
 
+#include "records/GivenUp.h"
 #include "records/inventory/Inventory.h"
 
 namespace lantos {
@@ -15,24 +16,35 @@ FileIO& LoadedFiles(Environment& environment, const Inventory& inventory) {
 }  // namespace
 
 StockMovement::StockMovement(Environment& environment, ui::Desktop& desktop, Records& records,
-                             std::function<void(std::string step)> onDone)
+                             std::function<void(std::string step)> onDone,
+                             std::function<void(const JournaledPart& part)> onBegin)
     : environment_(environment),
       desktop_(desktop),
       inventory_(records.inventory),
       usageHistory_(records.usageHistory),
       onDone_(std::move(onDone)),
+      onBegin_(std::move(onBegin)),
       names_(LoadedFiles(environment, records.inventory)),
       turns_(environment.files.PathOf(kInventoryTagFile), environment.clock) {}
 
 std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Workorder& order) {
   // Other copies that take from stock wait from the reading to the writing: the stock falls by all of them.
-  const UpdateTurns::Turn turn(turns_);
   const Inventory::PartIndex index = inventory_.FindPart(part.number);
   if (index == Inventory::kNoPart) return std::nullopt;
+  try {
+    const AskedTurn turn(turns_, desktop_, kInventoryTagFile);
+    return MoveInTurn(part, order, index);
+  } catch (const GivenUp&) {
+    Note(notDone_.notWritten, part.number, "could not be written and was not moved");
+    return std::nullopt;
+  }
+}
+
+std::optional<std::int16_t> StockMovement::MoveInTurn(const Taken& part, const Workorder& order,
+                                                      Inventory::PartIndex index) {
   FileLink offset = kNoLink;
   if (!inventory_.ReadInventory(offset, index)) {
-    environment_.log.Write("Convert: the stock of " + part.number + " could not be read and was not moved");
-    notMoved_.push_back(part.number);
+    Note(notDone_.notRead, part.number, "could not be read and was not moved");
     return std::nullopt;
   }
   InventoryTag& tag = inventory_.CurrentInvTag;
@@ -40,15 +52,28 @@ std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Work
   CheckNumber(tag.View(inventorytag::StockNumber), part.number, "tag");
   CheckNumber(master.View(inventory::StockNumber), part.number, "master");
   const std::int16_t left = WoQuantity(std::int64_t{tag.Get(inventorytag::InStock)} - part.quantity);
+  if (onBegin_) {
+    onBegin_({part.number, part.quantity, tag.Get(inventorytag::InStock), master.Get(inventory::QtyInStock),
+              master.Get(inventory::UsageLink)});
+  }
   tag.Put(inventorytag::InStock, left);
   master.Put(inventory::QtyInStock, left);
   // The cost goes where the history has the price, and the price where it has the cost: so every record was made.
   const FileLink link = usageHistory_.UpdateUsage(UseIn(order), part.cost, part.price, part.quantity);
-  if (link != kNoLink) master.Put(inventory::UsageLink, link);
-  onDone_("the usage of " + part.number + " was noted");
+  if (link != kNoLink) {
+    master.Put(inventory::UsageLink, link);
+    onDone_("the usage of " + part.number + " was noted");
+  } else {
+    Note(notDone_.notNoted, part.number, "is moved without a note of its usage");
+  }
   inventory_.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
   onDone_("the stock of " + part.number + " is now " + std::to_string(left));
   return left;
+}
+
+void StockMovement::Note(std::vector<std::string>& list, const std::string& number, const std::string& what) {
+  environment_.log.Write("Convert: the stock of " + number + " " + what);
+  list.push_back(number);
 }
 
 void StockMovement::CheckNumber(std::string_view found, const std::string& wanted, std::string_view file) {

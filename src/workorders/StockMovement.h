@@ -6,10 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
 #include "records/inventory/UsageHistory.h"
 #include "shop/Records.h"
 #include "ui/Desktop.h"
+#include "workorders/ConversionJournal.h"
 #include "workorders/Workorder.h"
 
 namespace lantos {
@@ -19,9 +20,11 @@ namespace lantos {
 // part is claimed for its own update only, so other copies see the stock fall part by part.
 class StockMovement {
  public:
-  // The list of parts is loaded to its end first. Each finished step is told in words.
+  // The list of parts is loaded to its end first. Each finished step is told in words; ahead of the first one of a part
+  // stands how the part is until then, where somebody wants to know.
   StockMovement(Environment& environment, ui::Desktop& desktop, Records& records,
-                std::function<void(std::string step)> onDone);
+                std::function<void(std::string step)> onDone,
+                std::function<void(const JournaledPart& part)> onBegin = {});
 
   struct Taken {
     std::string number;  // trimmed
@@ -29,16 +32,23 @@ class StockMovement {
     Cents cost = 0, price = 0;  // a unit
   };
   // Returns the stock that is left, below 0 when more was taken than there was. Nothing for a part that isn't in the
-  // inventory, or whose record the person gave up to read: nothing moves then. A stock of more than 16 bits is
-  // std::overflow_error, with nothing moved either.
+  // inventory, or whose record the person gave up to read or to write: its stock doesn't move then. A stock of more
+  // than 16 bits is std::overflow_error, with nothing moved either.
   std::optional<std::int16_t> TakeOut(const Taken& part, const Workorder& order);
 
-  // The numbers of the parts whose records the person gave up to read.
-  const std::vector<std::string>& NotMoved() const { return notMoved_; }
+  // The numbers of the parts that the person gave up.
+  struct GivenUpParts {
+    std::vector<std::string> notRead;     // nothing was done for them
+    std::vector<std::string> notWritten;  // their stock is as it was
+    std::vector<std::string> notNoted;    // their stock was moved, and the usage history doesn't tell of it
+  };
+  const GivenUpParts& NotDone() const { return notDone_; }
 
   static UsageHistory::Use UseIn(const Workorder& order);
 
  private:
+  std::optional<std::int16_t> MoveInTurn(const Taken& part, const Workorder& order, Inventory::PartIndex index);
+  void Note(std::vector<std::string>& list, const std::string& number, const std::string& what);
   void CheckNumber(std::string_view found, const std::string& wanted, std::string_view file);
 
   Environment& environment_;
@@ -46,9 +56,10 @@ class StockMovement {
   Inventory& inventory_;
   UsageHistory& usageHistory_;
   std::function<void(std::string step)> onDone_;
+  std::function<void(const JournaledPart& part)> onBegin_;
   const FileIO::SteadyNames names_;
   UpdateTurns turns_;
-  std::vector<std::string> notMoved_;
+  GivenUpParts notDone_;
 };
 
 }  // namespace lantos

@@ -28,16 +28,21 @@ class TagTest {
   bool Passes(const Record<Length>& tag) const;
 
  private:
+  template <TextField field, std::size_t Length>
+  bool MayPass(const Record<Length>& tag) const;
+  template <TextField field, std::size_t Length>
+  bool PassesBy(const Record<Length>& tag) const;
   bool IsName(std::string_view name) const;
 
   SearchCriterion::Kind kind_ = SearchCriterion::Kind::Name;
   CaselessNeedle needle_;     // of a name, the last one
   CaselessNeedle firstName_;  // empty for any
-  // The last two characters of the needle in both cases, by which nearly all fields are passed over: vehicles of a kind
-  // differ in the end of their VINs. The last one again where there is no other. No filter for an empty needle.
+  // The last two characters of the needle, by which nearly all fields are passed over: vehicles of a kind differ in the
+  // end of their VINs. The last one again where there is no other. No filter for an empty needle. A character may be
+  // one of them when it is the letter with the bits set in which its two cases differ.
   struct Ending {
-    unsigned char upper[2];
-    unsigned char lower[2];
+    unsigned char either[2];
+    unsigned char letter[2];
   };
   std::optional<Ending> ending_;
   std::size_t reach_ = 0;  // from the first to the second of them

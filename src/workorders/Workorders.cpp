@@ -1,9 +1,12 @@
 #include "workorders/Workorders.h"
 
 #include "frame/Numbers.h"
+#include "frame/UnfitFile.h"
 #include "records/CheckList.h"
 #include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/OpenedFile.h"
+#include "records/RecordArray.h"
 #include "records/Vehicles.h"
 #include "workorders/TagOfWorkorder.h"
 
@@ -12,6 +15,7 @@ namespace lantos {
 namespace {
 
 constexpr std::size_t kNumberDigits = 6;
+constexpr std::size_t kTagsABlock = 256;
 
 template <std::size_t Length>
 bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::int64_t position, Record<Length>& tag,
@@ -80,7 +84,8 @@ bool Workorders::GetCurrWoRec(FileHandle* keptOpen) {
   const std::string name = CurrentActiveTag.Get(wotag::FileName);
   OpenedFile file(environment_.openFiles);
   if (!OpenWorkorderFile(name, file)) return false;
-  TextLineReader lines(*file);
+  RefuseTooLong(environment_.files.PathOf(name), file->Length(), kLongestTextFile);
+  TextLineReader lines(*file, 0, name);
   const TextSurroundings around = Around();
   WorkorderReader reader = Reader(lines, around);
   std::string line;
@@ -96,7 +101,8 @@ bool Workorders::OpenWorkorderFile(const std::string& name, OpenedFile& file) {
   Contention find(contention::kFindWorkorderFile, desktop_, environment_, name);
   Contention open(contention::kOpenWorkorderFile, desktop_, environment_, name);
   const bool isThere = find.Run([&] {
-    if (name.empty() || !environment_.files.FileExists(name)) throw FileError(FileErrorNumber::FileNotFound, name);
+    if (!IsPlainName(name) || !environment_.files.FileExists(name))
+      throw FileError(FileErrorNumber::FileNotFound, name);
   });
   return isThere &&
          open.Run([&] { file.TakeOver(environment_.openFiles.Open(name, Access::Read, Deny::All, Absent::Fail)); });
@@ -128,7 +134,7 @@ bool Workorders::GetArchWo(std::int32_t workorderNumber, FileLink masterOffset) 
           [&] { file.TakeOver(environment_.openFiles.Open(kArchiveFile, Access::Read, Deny::None, Absent::Fail)); })) {
     return false;
   }
-  TextLineReader lines(*file, static_cast<std::uint64_t>(masterOffset));
+  TextLineReader lines(*file, static_cast<std::uint64_t>(masterOffset), kArchiveFile);
   const auto corrupted = [this](const char* what) {
     desktop_.Tell("Possible corrupted " + std::string(what) + " file - run KRVLCLEN", "GetArchWo()",
                   ui::Icon::Critical);
@@ -168,12 +174,25 @@ std::string Workorders::FileNameOf(std::int32_t workorderNumber) {
   return "W" + FormatZeros(workorderNumber, 7) + ".tqa";
 }
 
+// False when another copy doesn't let go of its turn and the person waits no longer.
+bool Workorders::AppendInTurn(SharedFile& file, std::string_view name, std::span<const std::byte> tag,
+                              std::uint64_t unit) {
+  Contention turn(contention::kAppendTurn, desktop_, environment_, name);
+  return turn.Run([&] { file.Append(tag, unit); });
+}
+
+void Workorders::PrepareTag() { PutIntoTag(Current, CurrentActiveTag); }
+
 void Workorders::WriteActiveWoTag() {
-  PutIntoTag(Current, CurrentActiveTag);
-  OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenActiveTags(desktop_, environment_, Access::Write));
-  file->Append(CurrentActiveTag.Bytes(), ActiveWoTag::kLength);
-  file.Close();
+  PrepareTag();
+  Contention contention(contention::kWriteWorkorder, desktop_, environment_, kActiveTagFile);
+  contention.Run([&] {
+    OpenedFile file(environment_.openFiles, kActiveTagFile, Access::Write, Deny::None);
+    if (!AppendInTurn(*file, kActiveTagFile, CurrentActiveTag.Bytes(), ActiveWoTag::kLength)) {
+      throw GivenUp("The tag of the work order was not written to " + std::string(kActiveTagFile) + ".");
+    }
+    file.Close();
+  });
   environment_.files.FlushFile(std::string(kActiveTagFile));
 }
 
@@ -184,22 +203,57 @@ bool Workorders::WriteArchivedWoTag() {
     desktop_.Tell("Archived WO Tag File has invalid size", "WriteArchivedWoTag(" + name + ")");
   }
   Contention contention(contention::kWriteArchivedTag, desktop_, environment_, name);
+  bool isInTurn = true;
   // Opened anew by each try: nobody is kept waiting while the person thinks.
-  return contention.Run([&] {
+  const bool isWritten = contention.Run([&] {
     OpenedFile file(environment_.openFiles);
     file.TakeOver(OpenArchivedTags(desktop_, environment_, "Workorders.WriteArchivedWoTag", Access::ReadWrite));
     environment_.log.Write("WriteArchivedWoTag: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
-    file->Append(CurrentArchivedTag.Bytes());
+    isInTurn = AppendInTurn(*file, name, CurrentArchivedTag.Bytes(), 1);
     file.Close();
-    environment_.files.FlushFile(name);
+    if (isInTurn) environment_.files.FlushFile(name);
   });
+  return isWritten && isInTurn;
+}
+
+Workorders::FilesWritten Workorders::FilesOf(std::int32_t workorderNumber) {
+  FilesWritten written;
+  const auto hasNumber = [&](const auto& tag) { return tag.Get(wotag::WorkorderNumber) == workorderNumber; };
+  const auto find = [&]<std::size_t Length>(FileHandle handle, const Record<Length>&) {
+    if (handle == kNoHandle) throw GivenUp("The tags of the work orders could not be read.");
+    OpenedFile file(environment_.openFiles);
+    file.TakeOver(handle);
+    std::vector<Record<Length>> block(kTagsABlock);
+    for (std::uint64_t end = file->Length() / Length; end > 0;) {
+      const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(end, kTagsABlock));
+      end -= count;
+      ReadRecords(*file, end * Length, std::span(block).first(count));
+      if (std::any_of(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count), hasNumber)) return true;
+    }
+    return false;
+  };
+  written.activeTag = find(OpenActiveWOForReading(), ActiveWoTag());
+  written.archivedTag = find(OpenArchWOForReading("Workorders.FilesOf"), ArchivedWoTag());
+  const std::string name = FileNameOf(workorderNumber);
+  if (!environment_.files.IsThere(name)) return written;
+  OpenedFile text(environment_.openFiles, name, Access::Read, Deny::None);
+  const std::uint64_t length = text->Length();
+  std::byte last{1};
+  if (length > 0) text->ReadAt(length - 1, std::span(&last, 1));
+  written.text = last == std::byte{0};
+  return written;
 }
 
 void Workorders::WriteWorkorderFile() {
   const std::string text = WorkorderText(Current, Around()) + '\0';
-  OpenedFile file(environment_.openFiles, FileNameOf(Current.WorkorderNumber), Access::Write, Deny::All);
-  file->WriteAt(0, std::as_bytes(std::span(text)));
-  file->Truncate(text.size());
+  const std::string name = FileNameOf(Current.WorkorderNumber);
+  Contention contention(contention::kWriteWorkorder, desktop_, environment_, name);
+  contention.Run([&] {
+    OpenedFile file(environment_.openFiles, name, Access::Write, Deny::All);
+    file->WriteAt(0, std::as_bytes(std::span(text)));
+    file->Truncate(text.size());
+    file.Close();
+  });
 }
 
 }  // namespace lantos

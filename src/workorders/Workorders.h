@@ -39,14 +39,24 @@ class Workorders {
   bool ReadActiveWO(FileHandle file, std::int64_t position, ActiveWoTag& tag);
   bool ReadArchWO(FileHandle file, std::int64_t position, ArchivedWoTag& tag);
 
-  // The three files of a new work order, from Current and in this order. The tags throw FileError when they can't be
-  // written, but for the second one's prompt: false when the person gave it up, and there is no such tag then.
+  // The three files of a new work order, from Current and in this order. What can't be written is asked about;
+  // first tag and text throw what the person gave up, and FileError when another copy keeps one for two seconds. The
+  // second tag is false when the person gave it up: there is no such tag then.
   void WriteActiveWoTag();
   bool WriteArchivedWoTag();
   void WriteWorkorderFile();
+  // CurrentActiveTag from Current, for a second tag whose first one is there already.
+  void PrepareTag();
+  // How many of the three a work order has, whose writing may have ended in between.
+  struct FilesWritten {
+    bool activeTag = false, archivedTag = false, text = false;  // the text to its end
+    bool Any() const { return activeTag || archivedTag || text; }
+  };
+  FilesWritten FilesOf(std::int32_t workorderNumber);
   static std::string FileNameOf(std::int32_t workorderNumber);  // "W0001234.tqa"
 
  private:
+  bool AppendInTurn(SharedFile& file, std::string_view name, std::span<const std::byte> tag, std::uint64_t unit);
   void Clear();
   TextSurroundings Around();
   WorkorderReader Reader(LineSource& lines, const TextSurroundings& around);

@@ -17,12 +17,14 @@ PATIENCE = 20  # seconds that a window may take on a busy machine
 
 
 class Desk:
-    def __init__(self, screen="1024x768", shop_options=(), environment=None):
+    def __init__(self, screen="1024x768", shop_options=(), environment=None, prepare=None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="lantos-desk-"))
         self.keys = 0
         self.binaries = pathlib.Path(os.environ.get("LANTOS_BIN_DIR", ROOT / "build/test/bin"))
         self.shop = self.folder / "shop"
         subprocess.run([self.binaries / "lantos-shop", "sample", self.shop, *shop_options], check=True, capture_output=True)
+        if prepare:
+            prepare(self.shop)
         self.environment = {**os.environ, "HOME": str(self.folder), "XDG_CONFIG_HOME": str(self.folder / "config"),
                             "XDG_RUNTIME_DIR": str(self.folder),
                             "LSAN_OPTIONS": f"suppressions={ROOT / 'tests/keyboard/leaks.txt'}", "QT_QPA_PLATFORM": "xcb", **(environment or {})}
@@ -103,6 +105,15 @@ class Desk:
             self._xdotool("key", "--clearmodifiers", key)
             time.sleep(0.04)
 
+    def press_with(self, held, key):
+        """A key while another is held down for as long as a hand holds it. What the window manager has made of the key
+        comes to the program meanwhile."""
+        self.keys += 1
+        self._xdotool("keydown", held)
+        self._xdotool("key", key)
+        time.sleep(0.3)
+        self._xdotool("keyup", held)
+
     def type(self, text):
         self.keys += len(text)
         self._xdotool("type", "--clearmodifiers", "--delay", "15", "--", text)
@@ -126,9 +137,10 @@ def until(check, what):
         time.sleep(0.1)
 
 
-def play_day(place, work, most_keys):
-    """Starts the program, does the work, and closes it by key. What went wrong is told; 0 when all of it went well."""
-    desk = Desk()
+def play_day(place, work, most_keys, prepare=None):
+    """Starts the program on a shop that was prepared, does the work, and closes it by key. What went wrong is told; 0 when
+    all of it went well."""
+    desk = Desk(prepare=prepare)
     try:
         desk.expect("Lantos: ")
         work(desk)

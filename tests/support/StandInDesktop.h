@@ -30,11 +30,11 @@ class StandInDesktop : public ui::Desktop {
 
   // What was shown, in order.
   std::vector<ui::Box> boxes;
-  std::vector<std::string> forms;                              // modal ones, by name
-  std::vector<std::string> statuses;                           // texts of the status line
-  std::vector<std::string> failures;                           // errors that ended events
-  std::vector<std::pair<std::string, std::string>> documents;  // path and arguments
-  std::vector<std::string> activated;                          // captions brought up
+  std::vector<std::string> forms;     // modal ones, by name
+  std::vector<std::string> statuses;  // texts of the status line
+  std::vector<std::string> failures;  // errors that ended events
+  std::vector<std::string> documents;
+  std::vector<std::string> activated;  // captions brought up
   std::vector<std::string> screenPrints;
   std::vector<ui::Report> previews;  // reports shown; nobody prints from them
   std::vector<ui::Report> printed;   // reports printed, the dialog accepted
@@ -69,8 +69,8 @@ class StandInDesktop : public ui::Desktop {
   void Beep() override { ++beeps; }
   void SetPointer(ui::Pointer value) override { pointer = value; }
   void ShowStatus(std::string_view text) override { Note(statuses, text); }
-  int OpenDocument(const std::string& path, const std::string& arguments) override {
-    Note(documents, std::pair(path, arguments));
+  int OpenDocument(const std::string& path) override {
+    Note(documents, path);
     return documentResult;
   }
   void PrintScreen(ui::Form& form) override { Note(screenPrints, form.Name()); }

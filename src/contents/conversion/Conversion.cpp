@@ -1,5 +1,8 @@
 #include "contents/conversion/Conversion.h"
 
+#include <algorithm>
+
+#include "contents/conversion/ReadAfresh.h"
 #include "contents/labor/LaborRows.h"
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
@@ -26,6 +29,14 @@ de::Extra ReadExtra(const Recordset& row) {
           row.Text("Desc2"),      row.Text("Desc3"),         row.Text("Desc4"), row.Text("Taxable")};
 }
 
+// A paragraph behind the last message; empty when there is nothing to name.
+std::string Named(const std::string& what, const std::vector<std::string>& parts) {
+  if (parts.empty()) return {};
+  std::string text = "\r\r" + what + "\r";
+  for (const std::string& part : parts) text += "\r" + part;
+  return text;
+}
+
 WoNote ReadNote(const Recordset& row) {
   WoNote note;
   for (std::size_t line = 0; line < note.size(); ++line) note[line] = row.Text("Desc" + std::to_string(line + 1));
@@ -41,23 +52,70 @@ Conversion::Conversion(const Workbench& bench, Workorders& workorders)
       done_(bench.shop.environment.log, bench.Number(), workorders.Current) {}
 
 void Conversion::Run() {
-  if (!MayEnter(bench_.shop, Section::Workorders) || !MayConvert() || !FindCustomer() || !Confirm()) return;
+  if (!MayEnter(bench_.shop, Section::Workorders) || !IsStillMeant() || !MayConvert() || !FindCustomer() || !Confirm())
+    return;
   ClearWorkorder(Order());
   if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
   filling_.TakeCustomer(bench_.shop.records.customers.CurrentCustomer);
   try {
     if (!TakeVehicle()) return;
     TakeNumber();
-    filling_.TakeHeader(Current().SchedDate, bench_.System());
-    TakeParts();
-    TakeOtherLines();
-    WriteFiles();
-    TellOfReorders();
-    MarkEstimate();
-    ChangeStatus();
+    TakeLinesAndWrite({});
   } catch (const std::exception& error) {
     done_.Rethrow(error);
   }
+}
+
+void Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal) {
+  begun_ = &begun;
+  journal_ = &journal;
+  const Workorders::FilesWritten written = workorders_.FilesOf(begun.workorder);
+  if (!FindCustomer() || (!written.Any() && !HasBegunParts())) return;
+  ClearWorkorder(Order());
+  if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
+  filling_.TakeCustomer(bench_.shop.records.customers.CurrentCustomer);
+  FindVehicle();
+  Order().WorkorderNumber = begun.workorder;
+  hasTakenNumber_ = true;
+  try {
+    TakeLinesAndWrite(written);
+  } catch (const std::exception& error) {
+    done_.Rethrow(error);
+  }
+}
+
+// What left the stock for parts that aren't on the estimate any more would be used by no work order.
+bool Conversion::HasBegunParts() {
+  std::vector<JournaledPart> missing = begun_->parts;
+  Recordset rows = bench_.Data().PartsTable(bench_.Number());
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const PartLine line = ReadPartLine(rows);
+    std::erase_if(missing, [&](const JournaledPart& part) {
+      return part.number == line.partNumber && part.quantity == line.quantity;
+    });
+  }
+  if (missing.empty()) return true;
+  bench_.shop.desktop.Tell("The parts of this estimate were changed since: " + missing.front().number +
+                               " was taken out of stock as it was then.\rUndo the conversion, and convert it anew.",
+                           kTitle, ui::Icon::Exclamation);
+  return false;
+}
+
+void Conversion::TakeLinesAndWrite(const Workorders::FilesWritten& written) {
+  filling_.TakeHeader(Current().SchedDate, bench_.System());
+  TakeParts();
+  TakeOtherLines();
+  WriteFiles(written);
+  TellOfReorders();
+  MarkEstimate();
+  ChangeStatus();
+  journal_->Remove();
+}
+
+bool Conversion::IsStillMeant() {
+  const Meanwhile meanwhile = ReadAfresh(bench_.shop, bench_.database, kTitle);
+  wasChanged_ = meanwhile == Meanwhile::GoesOn;
+  return meanwhile != Meanwhile::Stops;
 }
 
 bool Conversion::MayConvert() {
@@ -93,13 +151,17 @@ bool Conversion::Confirm() {
   return bench_.shop.desktop.Ask(text, kTitle, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
-bool Conversion::TakeVehicle() {
+void Conversion::FindVehicle() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
   const CustomerRecord& customer = bench_.shop.records.customers.CurrentCustomer;
   const VehicleRecord wanted = VehicleOf(SnapshotIn(Current()), customer.Get(customer::Number));
   const auto found = MatchVehicle(vehicles, wanted, customer.Get(customer::VLink));
   vehicles.MakeCurrent(found ? found->record : wanted, found ? found->offset : kNoLink);
   filling_.TakeVehicle(vehicles.CurrentVehicle);
+}
+
+bool Conversion::TakeVehicle() {
+  FindVehicle();
   const bool hasVehicle = !Trim(Current().VehYear + Current().VehMake + Current().VehModel).empty();
   if (!hasVehicle) return true;
   if (!EditVehicle()) return false;
@@ -135,26 +197,58 @@ void Conversion::StoreVehicleIfChanged() {
 // From here on the number is used up, whatever follows.
 void Conversion::TakeNumber() {
   WorkorderNumbers numbers(bench_.shop.environment);
-  const std::optional<std::int32_t> number = bench_.shop.records.system.TakeFreeNumber(
-      sysrec::last_workorder_number, [&](std::int32_t each) { return numbers.IsTaken(each); });
-  if (!number) throw std::runtime_error("The work order was given no number.");
-  Order().WorkorderNumber = *number;
+  const std::optional<std::int32_t> taken = bench_.shop.records.system.TakeFreeNumber(
+      sysrec::last_workorder_number, [&](std::int32_t number) { return numbers.IsTaken(number); },
+      {.found = {}, .beforehand = [this](std::int32_t number) {
+         if (ownJournal_) ownJournal_->Remove();
+         ownJournal_.emplace(bench_.shop.environment, bench_.Number(), number);
+       }});
+  if (!taken) throw std::runtime_error("The work order was given no number.");
+  Order().WorkorderNumber = *taken;
   hasTakenNumber_ = true;
+  journal_ = &*ownJournal_;
+  journal_->TakesNumber();
   done_.Add("the number was taken");
 }
 
 void Conversion::TakeParts() {
-  StockMovement stock(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
-                      [this](std::string step) { done_.Add(std::move(step)); });
+  FinishStock();
+  StockMovement stock(
+      bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
+      [this](std::string step) { done_.Add(std::move(step)); },
+      [this](const JournaledPart& part) { journal_->WillMove(part); });
   Recordset rows = bench_.Data().PartsTable(bench_.Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
     const WoPartLine line = filling_.TakePart(RowOf(part));
+    if (IsMoved(part.partNumber)) continue;
     const auto left = stock.TakeOut({part.partNumber, line.Quantity, line.Cost, line.Price}, Order());
     if (left && *left < 1)
       reorderList_ += "\r" + part.partNumber + " quantity in stock is now " + std::to_string(*left);
   }
-  for (const std::string& number : stock.NotMoved()) notMoved_ += "\r" + number;
+  const StockMovement::GivenUpParts& notDone = stock.NotDone();
+  notDone_ += Named("The stock of these parts could not be read and was not changed:", notDone.notRead) +
+              Named("The stock of these parts could not be written and was not changed:", notDone.notWritten) +
+              Named("The use of these parts could not be noted in the usage history:", notDone.notNoted);
+}
+
+// By what ended in the middle: what is missing of it has been done then.
+bool Conversion::IsMoved(const std::string& number) {
+  if (begun_ == nullptr) return false;
+  const auto part = std::find_if(begun_->parts.begin(), begun_->parts.end(),
+                                 [&](const JournaledPart& journaled) { return journaled.number == number; });
+  return part != begun_->parts.end() && isNoted_[static_cast<std::size_t>(part - begun_->parts.begin())];
+}
+
+// Ahead of the turns of the parts that weren't begun.
+void Conversion::FinishStock() {
+  if (begun_ == nullptr) return;
+  StockRepair repair(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records, begun_->workorder);
+  for (const JournaledPart& part : begun_->parts) {
+    isNoted_.push_back(repair.IsBegun(part));
+    repair.Complete(part);
+  }
+  notDone_ += Named("Count the stock of these parts, which was changed meanwhile:", repair.ToBeCounted());
 }
 
 void Conversion::TakeOtherLines() {
@@ -168,17 +262,26 @@ void Conversion::TakeOtherLines() {
   for (; !notes.Eof(); notes.MoveNext()) filling_.TakeNote(ReadNote(notes));
 }
 
-void Conversion::WriteFiles() {
-  workorders_.WriteActiveWoTag();
-  done_.Add("the tag in " + std::string(kActiveTagFile) + " was written");
+void Conversion::WriteFiles(const Workorders::FilesWritten& written) {
+  journal_->WillWrite("tags and text");
+  if (!written.activeTag) {
+    workorders_.WriteActiveWoTag();
+    done_.Add("the tag in " + std::string(kActiveTagFile) + " was written");
+  }
+  if (!written.archivedTag) WriteArchivedTag();
+  // A text that is there to its end may have been worked on since.
+  if (!written.text) workorders_.WriteWorkorderFile();
+  done_.AddText("the work order was written to " + Workorders::FileNameOf(Order().WorkorderNumber));
+}
+
+void Conversion::WriteArchivedTag() {
+  workorders_.PrepareTag();
   if (workorders_.WriteArchivedWoTag()) {
     done_.Add("the tag in " + std::string(kArchivedTagFile) + " was written");
   } else {
     bench_.shop.environment.log.Write("Convert: work order " + OrderNumber() + " has no tag in " +
                                       std::string(kArchivedTagFile));
   }
-  workorders_.WriteWorkorderFile();
-  done_.AddText("the work order was written to " + Workorders::FileNameOf(Order().WorkorderNumber));
 }
 
 void Conversion::TellOfReorders() {
@@ -188,16 +291,24 @@ void Conversion::TellOfReorders() {
 }
 
 void Conversion::MarkEstimate() {
-  bench_.estimate.StoreComments("Workorder # " + OrderNumber() + " " + Trim(bench_.estimate.CommentsOnShow()));
+  journal_->WillWrite("the comments of the estimate");
+  const std::string mark = "Workorder # " + OrderNumber() + " ";
+  if (begun_ == nullptr || !Comments().starts_with(Trim(mark))) bench_.estimate.StoreComments(mark + Comments());
   done_.Add("the comments of the estimate name the work order");
-  std::string text = "Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber();
-  if (!notMoved_.empty()) text += "\r\rThe stock of these parts could not be read and was not changed:\r" + notMoved_;
-  bench_.shop.desktop.Tell(text, kTitle, ui::Icon::Information);
+  const std::string text = "Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber();
+  bench_.shop.desktop.Tell(text + notDone_, kTitle, ui::Icon::Information);
+}
+
+// What another copy has put there counts more than what is on show, which is older.
+std::string Conversion::Comments() const {
+  return Trim(wasChanged_ ? Current().Comments : bench_.estimate.CommentsOnShow());
 }
 
 void Conversion::ChangeStatus() {
+  journal_->WillWrite("the status of the estimate");
   constexpr StatusOption options[] = {StatusOption::ScheduledToComplete, StatusOption::ArrivedToComplete,
                                       StatusOption::InProgressToComplete};
+  if (begun_ != nullptr && (Current().Status < kScheduled || Current().Status >= kCompleted)) return;
   ui::Desktop& desktop = bench_.shop.desktop;
   const auto status = static_cast<std::size_t>(Current().Status);
   const char letter = bench_.shop.environment.statusOptions[options[status]];

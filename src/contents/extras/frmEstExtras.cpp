@@ -1,6 +1,7 @@
 #include "contents/extras/frmEstExtras.h"
 
 #include "contents/Changing.h"
+#include "contents/LineNumbers.h"
 #include "contents/extras/frmWOExtra.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -103,23 +104,40 @@ void frmEstExtras::OnKeyDown(ui::KeyPress& key) {
   }
 }
 
-void frmEstExtras::Store(std::int32_t number, const ExtraLine& line) {
-  const auto store = [&] {
-    if (lines_.Contains(number)) (bench_.Data().*table_.remove)(bench_.Number(), number);
-    (bench_.Data().*table_.add)(bench_.Number(), number, RowOf(line));
-  };
-  ChangeOrGoBack([&] { bench_.Data().Connection().Together(store); }, [this] { LoadLines(); });
-  lines_.Put(number, line);
-  lines_.Select(number);
+// The editor stays until its line is stored, and is gone before that can be seen.
+void frmEstExtras::EditAndStore(const std::string& caption, const ExtraLine& line, std::optional<std::int32_t> number) {
+  std::optional<std::int32_t> stored;
+  ExtraLine edited;
+  {
+    frmWOExtra editor(bench_.shop, caption, line, table_.DefaultTax(bench_));
+    editor.StoreBy({[&] { stored = Store(number, editor.CurrentExtra); },
+                    [&] { return "The " + ToLower(table_.noun) + " \"" + editor.CurrentExtra.Vendor + "\""; }});
+    editor.ShowModal();
+    edited = editor.CurrentExtra;
+  }
+  if (!stored) return;
+  if (lines_.IsBehindUnseen(*stored)) LoadLines();
+  lines_.Put(*stored, edited);
+  lines_.Select(*stored);
   listLines.SetFocus();
 }
 
+std::int32_t frmEstExtras::Store(std::optional<std::int32_t> number, const ExtraLine& line) {
+  de& data = bench_.Data();
+  std::int32_t stored = 0;
+  const auto write = [&] {
+    if (number) (data.*table_.remove)(bench_.Number(), *number);
+    stored = number
+                 ? *number
+                 : NumberForNewLine((data.*table_.stored)(bench_.Number()), table_.numberColumn, lines_.NextNumber());
+    (data.*table_.add)(bench_.Number(), stored, RowOf(line));
+  };
+  StoreOrReload([&] { TakeNumberAndStore([&] { data.Connection().Together(write); }); }, [this] { LoadLines(); });
+  return stored;
+}
+
 void frmEstExtras::Add() {
-  const std::optional<ExtraLine> line = table_.newLine(bench_);
-  if (!line) return;
-  frmWOExtra editor(bench_.shop, table_.editorCaption, *line, table_.DefaultTax(bench_));
-  editor.ShowModal();
-  if (editor.Saved()) Store(lines_.NextNumber(), editor.CurrentExtra);
+  if (const auto line = table_.newLine(bench_)) EditAndStore(table_.editorCaption, *line, std::nullopt);
 }
 
 void frmEstExtras::Change() {
@@ -135,9 +153,7 @@ void frmEstExtras::Change() {
     return desktop.Tell("This is a system-generated value.\rIt can only be removed, not changed.",
                         "Can not edit SURCHARGE.");
   }
-  frmWOExtra editor(bench_.shop, "Change " + noun, line, table_.DefaultTax(bench_));
-  editor.ShowModal();
-  if (editor.Saved()) Store(*number, editor.CurrentExtra);
+  EditAndStore("Change " + noun, line, number);
 }
 
 void frmEstExtras::Remove() {
@@ -149,7 +165,7 @@ void frmEstExtras::Remove() {
                   ui::Buttons::YesNo) != ui::Answer::Yes) {
     return;
   }
-  ChangeOrGoBack([&] { (bench_.Data().*table_.remove)(bench_.Number(), *number); }, [this] { LoadLines(); });
+  StoreOrReload([&] { (bench_.Data().*table_.remove)(bench_.Number(), *number); }, [this] { LoadLines(); });
   lines_.Remove(*number);
   listLines.SetFocus();
 }

@@ -31,7 +31,9 @@ class frmEstExtras : public SizedForm {
   void Add();
   void Change();
   void Remove();
-  void Store(std::int32_t number, const ExtraLine& line);
+  // Under the number, in place of the line that has it, or under a new one.
+  void EditAndStore(const std::string& caption, const ExtraLine& line, std::optional<std::int32_t> number);
+  std::int32_t Store(std::optional<std::int32_t> number, const ExtraLine& line);
 
   Workbench& bench_;
   const ExtrasTable& table_;

@@ -19,6 +19,7 @@ Cents WholeCents(const ui::TextBox& box) { return WholeOrOverflow(std::floor(Hun
 frmWOExtra::frmWOExtra(Shop& shop, const std::string& caption, const ExtraLine& line, const std::string& defaultTaxable)
     : OkCancelForm(shop.desktop, shop.keys, "frmWOExtra", caption),
       CurrentExtra(line),
+      atLoad_(line),
       defaultTaxable_(defaultTaxable) {
   SetSize(kWidth, kHeight);
   Taxable.AddItem("Yes");
@@ -50,12 +51,12 @@ void frmWOExtra::WireFields() {
 }
 
 void frmWOExtra::ShowLine() {
-  Vendor.SetText(Trim(CurrentExtra.Vendor));
-  VendorInvoice.SetText(Trim(CurrentExtra.Invoice));
-  Cost.SetText(FormatHundredths(CurrentExtra.Cost));
-  Price.SetText(FormatHundredths(CurrentExtra.Price));
-  for (std::size_t i = 0; i < Desc.size(); ++i) Desc[i].SetText(Trim(CurrentExtra.Desc[i]));
-  const int row = Taxable.FindText(CurrentExtra.Taxable);
+  Vendor.SetText(Trim(atLoad_.Vendor));
+  VendorInvoice.SetText(Trim(atLoad_.Invoice));
+  Cost.SetText(FormatHundredths(atLoad_.Cost));
+  Price.SetText(FormatHundredths(atLoad_.Price));
+  for (std::size_t i = 0; i < Desc.size(); ++i) Desc[i].SetText(Trim(atLoad_.Desc[i]));
+  const int row = Taxable.FindText(atLoad_.Taxable);
   Taxable.SetListIndex(row >= 0 ? row : Taxable.FindText(defaultTaxable_));
   MarkUnchanged();
 }
@@ -75,8 +76,7 @@ void frmWOExtra::Accept() {
   CurrentExtra.Price = WholeCents(Price);
   for (std::size_t i = 0; i < Desc.size(); ++i) CurrentExtra.Desc[i] = Trim(Desc[i].Text());
   CurrentExtra.Taxable = Taxable.Text();
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

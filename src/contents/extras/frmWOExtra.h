@@ -28,7 +28,6 @@ class frmWOExtra : public OkCancelForm {
   ui::Button cmdReset{*this, "cmdReset", "&Reset"};
   ui::Button cmdCancel{*this, "cmdCancel", "Close"};
 
-  bool Saved() const { return saved_; }
   ExtraLine CurrentExtra;  // as it came, and as it was saved
 
  private:
@@ -40,9 +39,9 @@ class frmWOExtra : public OkCancelForm {
   void WireFields();
   void ShowLine();
 
+  const ExtraLine atLoad_;
   std::string defaultTaxable_;
   NumberFields numbers_{*this};
-  bool saved_ = false;
 };
 
 }  // namespace lantos

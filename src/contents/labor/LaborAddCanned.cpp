@@ -9,10 +9,7 @@ void LaborAddCanned(Workbench& bench, LaborLines& labor, PartLines& parts) {
   frmCanLaborList list(bench);
   list.ShowModal();
   if (!list.Picked()) return;
-  const std::optional<WoLaborLine> line = labor.EditLaborLine(list.CurrentLabor);
-  if (!line) return;
-  labor.AddLaborLine(*line);
-  OfferLaborKit(bench, parts, list.PickedCode);
+  if (labor.EditAndAdd(list.CurrentLabor)) OfferLaborKit(bench, parts, list.PickedCode);
 }
 
 void OfferLaborKit(Workbench& bench, PartLines& parts, std::string_view code) {

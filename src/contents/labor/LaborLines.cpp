@@ -3,12 +3,11 @@
 #include <algorithm>
 
 #include "contents/Changing.h"
-#include "contents/EstimateTotals.h"
+#include "contents/LineNumbers.h"
 #include "contents/labor/LaborRows.h"
 #include "contents/labor/frmLabor.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
-#include "frame/PlainWords.h"
 #include "frame/Text.h"
 #include "records/LaborText.h"
 #include "records/modSystem.h"
@@ -39,29 +38,76 @@ std::string FirstText(const WoLaborLine& line) {
 
 std::string LaborLines::EstimateDate() const { return FormatDate(bench_.database.estimates.CurrentEstimate.SchedDate); }
 
-void LaborLines::AddLaborLine(const WoLaborLine& line) {
-  const std::int32_t number = list_.NextNumber();
-  Make([&] { StoreLaborLine(number, line); });
+void LaborLines::AddLaborLine(const WoLaborLine& line) { Show(Store(std::nullopt, line)); }
+
+bool LaborLines::EditAndAdd(const WoLaborLine& line) {
+  const std::optional<Stored> stored = EditAndStore(line, std::nullopt);
+  if (stored) Show(*stored);
+  return stored.has_value();
 }
 
-void LaborLines::StoreLaborLine(std::int32_t number, WoLaborLine line) {
+// The screen is gone before anything of the line is seen elsewhere.
+std::optional<LaborLines::Stored> LaborLines::EditAndStore(const WoLaborLine& line,
+                                                           std::optional<std::int32_t> number) {
+  frmLabor form(bench_, line);
+  form.LoadForm();
+  if (!form.HasEmployees()) return std::nullopt;
+  std::optional<Stored> stored;
+  form.StoreBy({[&] { stored = Store(number, form.CurrentLabor); },
+                [&form] { return "The labor line \"" + FirstText(form.CurrentLabor) + "\""; }});
+  form.ShowModal();
+  return stored;
+}
+
+LaborLines::Stored LaborLines::Store(std::optional<std::int32_t> number, WoLaborLine line) {
   for (std::string& text : line.Desc) text = TrimNull(text);
-  bench_.Data().AddLabor(bench_.Number(), number, JoinLaborText(line.Desc), line.Hours, line.Rate, line.Total,
-                         line.Mechanic);
-  list_.Put(number, line);
-  list_.Select(number);
-  AddToTheDay(line.Hours);
+  Stored stored;
+  stored.line = std::move(line);
+  const auto transaction = [&] {
+    stored.refusal = surcharge_.StoreWithSurcharge([&] { return Write(number, stored); });
+  };
+  StoreOrReload([&] { TakeNumberAndStore(transaction); }, [this] { FollowDatabase(); });
+  return stored;
 }
 
-void LaborLines::Make(const std::function<void()>& change) {
-  const std::int64_t sumBefore = LaborSum(list_.Lines());
-  ChangeOrGoBack(change, [&] {
+Surcharge::Sums LaborLines::Write(std::optional<std::int32_t> number, Stored& stored) {
+  de& data = bench_.Data();
+  const WoLaborLine& line = stored.line;
+  if (number) {
+    data.DeleteLabor(bench_.Number(), *number);
+    stored.number = *number;
+  } else {
+    stored.number = NumberForNewLine(data.LaborForEstimate(bench_.Number()), "LaborNumber", list_.NextNumber());
+  }
+  data.AddLabor(bench_.Number(), stored.number, JoinLaborText(line.Desc), line.Hours, line.Rate, line.Total,
+                line.Mechanic);
+  LaborByNumber lines = list_.Lines();
+  lines.insert_or_assign(stored.number, line);
+  return SumsWith(lines);
+}
+
+Surcharge::Sums LaborLines::SumsWith(const LaborByNumber& labor) const {
+  Surcharge::Sums sums = surcharge_.SumsOnShow();
+  sums.labor = LaborSum(labor);
+  return sums;
+}
+
+void LaborLines::Show(const Stored& stored) {
+  if (list_.IsBehindUnseen(stored.number)) {
     GoBack();
-    if (LaborSum(list_.Lines()) != sumBefore) surcharge_.ApplySurcharge();
-    bench_.estimate.RefreshTotals();
-    bench_.estimate.RefreshDay();
-  });
-  surcharge_.ApplySurcharge();
+    list_.Select(stored.number);
+    surcharge_.ApplySurcharge();
+    return ShowWhatFollows(nullptr);
+  }
+  if (list_.Contains(stored.number)) AddToTheDay(-list_[stored.number].Hours);
+  list_.Put(stored.number, stored.line);
+  list_.Select(stored.number);
+  AddToTheDay(stored.line.Hours);
+  ShowWhatFollows(stored.refusal);
+}
+
+void LaborLines::ShowWhatFollows(const Surcharge::Refusal& refusal) {
+  surcharge_.TellRefusal(refusal);
   bench_.estimate.RefreshTotals();
   bench_.estimate.RefreshDay();
 }
@@ -85,30 +131,37 @@ void LaborLines::GoBack() {
   bench_.estimate.AddScheduledHours(LongOrOverflow(hoursOfTheDay_ - hoursBefore));
 }
 
+void LaborLines::FollowDatabase() {
+  const std::int64_t sumBefore = LaborSum(list_.Lines());
+  GoBack();
+  if (LaborSum(list_.Lines()) != sumBefore) surcharge_.ApplySurcharge();
+  ShowWhatFollows(nullptr);
+}
+
 void LaborLines::AddToTheDay(Hundredths hours) {
   hoursOfTheDay_ += hours;
   bench_.estimate.AddScheduledHours(hours);
 }
 
 void LaborLines::RemoveLaborLine(std::int32_t number) {
-  bench_.Data().DeleteLabor(bench_.Number(), number);
+  Surcharge::Refusal refusal;
+  const auto remove = [&] {
+    bench_.Data().DeleteLabor(bench_.Number(), number);
+    LaborByNumber lines = list_.Lines();
+    lines.erase(number);
+    return SumsWith(lines);
+  };
+  StoreOrReload([&] { refusal = surcharge_.StoreWithSurcharge(remove); }, [this] { FollowDatabase(); });
   AddToTheDay(-list_[number].Hours);
   list_.Remove(number);
-}
-
-std::optional<WoLaborLine> LaborLines::EditLaborLine(const WoLaborLine& line) {
-  frmLabor form(bench_, line);
-  form.LoadForm();
-  if (!form.HasEmployees()) return std::nullopt;
-  form.ShowModal();
-  return form.Saved() ? std::optional(form.CurrentLabor) : std::nullopt;
+  ShowWhatFollows(refusal);
 }
 
 void LaborLines::Add() {
   WoLaborLine line;
   line.Rate = bench_.System().Get(sysrec::shop_rate);
   line.Date = EstimateDate();
-  if (const auto edited = EditLaborLine(line)) AddLaborLine(*edited);
+  EditAndAdd(line);
 }
 
 void LaborLines::Change() {
@@ -119,19 +172,7 @@ void LaborLines::Change() {
   }
   WoLaborLine line = AsListed(list_[*number]);
   line.Date = EstimateDate();
-  const std::optional<WoLaborLine> edited = EditLaborLine(line);
-  if (!edited) return;
-  // Between the two the line is in memory alone: it is lost when it can't be added, and the person must know.
-  const std::string lost =
-      "The line \"" + FirstText(line) + "\" is no longer on the estimate, since its change couldn't be stored:\r\r";
-  Make([&] {
-    RemoveLaborLine(*number);
-    try {
-      StoreLaborLine(*number, *edited);
-    } catch (const std::exception& error) {
-      throw WordedError(lost + error.what(), lost + WordsFor(error));
-    }
-  });
+  if (const std::optional<Stored> stored = EditAndStore(line, number)) Show(*stored);
 }
 
 void LaborLines::Remove() {
@@ -145,7 +186,7 @@ void LaborLines::Remove() {
                   ui::Buttons::YesNo) == ui::Answer::No) {
     return;
   }
-  Make([&] { RemoveLaborLine(*number); });
+  RemoveLaborLine(*number);
 }
 
 }  // namespace lantos

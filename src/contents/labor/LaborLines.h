@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 
 #include "contents/EstimateLines.h"
+#include "contents/EstimateTotals.h"
 #include "contents/Surcharge.h"
 #include "contents/Workbench.h"
 
@@ -15,15 +15,16 @@ class LaborLines {
   LaborLines(Workbench& bench, NumberedList<WoLaborLine>& list, Surcharge& surcharge)
       : bench_(bench), list_(list), surcharge_(surcharge) {}
 
-  // Stores the line under the next number. List, surcharge, totals and the day follow. The person has seen it in
-  // frmLabor, or wants it as it is.
+  // Stores the line under a new number. List, surcharge, totals and the day follow. The person has seen it, or wants it
+  // as it is.
   void AddLaborLine(const WoLaborLine& line);
+  // The same with the line as the person leaves it in the labor screen, which stays until it is stored. False when it
+  // isn't to be kept.
+  bool EditAndAdd(const WoLaborLine& line);
   // Fills the list from the database.
   void LoadLaborList();
   // On the screen only: the lines stay in the database, and keep their numbers.
   void ClearLaborList() { list_.Clear(); }
-  // The line as the person leaves it in the labor screen; nothing when it isn't to be kept.
-  std::optional<WoLaborLine> EditLaborLine(const WoLaborLine& line);
 
   // The commands of the board. Each works on the estimate on show.
   void Add();
@@ -31,13 +32,23 @@ class LaborLines {
   void Remove();
 
  private:
-  // Surcharge, totals and the day follow the change. Where it fails on its way, list and all of them follow what the
-  // database has.
-  void Make(const std::function<void()>& change);
-  // Database, list and the hours of the day.
-  void StoreLaborLine(std::int32_t number, WoLaborLine line);
+  // What stands in the database and isn't seen yet.
+  struct Stored {
+    std::int32_t number = 0;
+    WoLaborLine line;
+    Surcharge::Refusal refusal;
+  };
+  // Under the number, in place of the line that has it, or under a new one. Where the database refuses it, list, totals
+  // and the day follow what it has.
+  Stored Store(std::optional<std::int32_t> number, WoLaborLine line);
+  Surcharge::Sums Write(std::optional<std::int32_t> number, Stored& stored);
+  std::optional<Stored> EditAndStore(const WoLaborLine& line, std::optional<std::int32_t> number);
+  void Show(const Stored& stored);
+  void ShowWhatFollows(const Surcharge::Refusal& refusal);
   void RemoveLaborLine(std::int32_t number);
+  Surcharge::Sums SumsWith(const LaborByNumber& labor) const;
   void GoBack();
+  void FollowDatabase();
   void AddToTheDay(Hundredths hours);
   std::string EstimateDate() const;
 

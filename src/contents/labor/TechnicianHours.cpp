@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "estimatedb/LaborDays.h"
+
 namespace lantos {
 
 namespace {
@@ -28,8 +30,7 @@ void Merge(std::vector<TechnicianHours::Sum>& sums) {
 }  // namespace
 
 TechnicianHours::TechnicianHours(de& database) {
-  database.IndexForTechHours();
-  Recordset& rows = database.TechHours();
+  Recordset& rows = KeptTechHours(database);
   sums_.reserve(rows.Count());
   for (; !rows.Eof(); rows.MoveNext()) {
     sums_.push_back({rows.Date("SchedDate"), rows.Long("Mechanic"), std::llround(rows.Number("SumHours"))});

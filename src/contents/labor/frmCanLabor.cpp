@@ -81,8 +81,7 @@ void frmCanLabor::Accept() {
   // Behind all that may not fit.
   bench_.shop.records.laborKits.Save(code, Trim(Combo1.Text()));
   Entry = changed;
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

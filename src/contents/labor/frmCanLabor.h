@@ -30,7 +30,6 @@ class frmCanLabor : public SizedForm {
   ui::Button cmdSave{*this, "cmdSave"};
   ui::Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 
-  bool Saved() const { return saved_; }
   CannedLabor Entry;  // as it came, and as it was saved
 
  private:
@@ -41,7 +40,6 @@ class frmCanLabor : public SizedForm {
 
   Workbench& bench_;
   NumberFields numbers_{*this};
-  bool saved_ = false;
 };
 
 }  // namespace lantos

@@ -29,7 +29,8 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
     : OkCancelForm(bench.shop.desktop, bench.shop.keys, "frmLabor", "Estimate Labor"),
       CurrentLabor(line),
       bench_(bench),
-      shop_(bench.shop) {
+      shop_(bench.shop),
+      atLoad_(line) {
   SetSize(kWidth, kHeight);
   UseButtons(OKButton, CancelButton);
   frameFollowup.Holds(lblMiles, Miles, lblDays, Days, lblFollowupDate, FollowupDate);
@@ -86,6 +87,7 @@ void frmLabor::OnLoad() {
 
 void frmLabor::ShowLine() {
   showing_ = true;
+  CurrentLabor = atLoad_;
   SelectMechanic(CurrentLabor.Mechanic);
   Hours.SetText(FormatHundredths(CurrentLabor.Hours));
   ShopRate.SetText(FormatHundredths(CurrentLabor.Rate));
@@ -204,8 +206,7 @@ void frmLabor::Accept() {
   }
   if (!amounts_.AreNumbers()) return;
   StoreLine();
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

@@ -43,7 +43,6 @@ class frmLabor : public OkCancelForm {
 
   // False when no list of employees could be built: the screen isn't shown then.
   bool HasEmployees() const { return hasEmployees_; }
-  bool Saved() const { return saved_; }
   WoLaborLine CurrentLabor;  // as it came, and as it was saved
 
  private:
@@ -70,12 +69,12 @@ class frmLabor : public OkCancelForm {
 
   Workbench& bench_;
   Shop& shop_;
+  const WoLaborLine atLoad_;
   FollowupEntry followup_{bench_, CurrentLabor, Miles, Days, FollowupDate};
   NumberFields amounts_{*this};
   NumberFields followupNumbers_{*this};  // which have a message of their own
   LaborText description_;                // as it will be stored
   bool hasEmployees_ = false;
-  bool saved_ = false;
   bool showing_ = false;    // the fields are being filled
   bool switching_ = false;  // a box is being put back
 };

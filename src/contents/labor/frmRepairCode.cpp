@@ -31,8 +31,7 @@ void frmRepairCode::Accept() {
   if (noDescription) shop_.desktop.Tell("The Description can not be blank", Caption());
   if (noCode || noDescription) return (noCode ? txtRepairCode : txtRepairCodeDesc).SetFocus();
   if (!Insert()) return;
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 bool frmRepairCode::Insert() {

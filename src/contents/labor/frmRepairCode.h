@@ -18,7 +18,6 @@ class frmRepairCode : public OkCancelForm {
   ui::Button OKButton{*this, "OKButton", "OK"};
   ui::Button CancelButton{*this, "CancelButton", "Cancel"};
 
-  bool Saved() const { return saved_; }
   std::string Code() const;
 
  private:
@@ -27,7 +26,6 @@ class frmRepairCode : public OkCancelForm {
 
   Shop& shop_;
   de2& database_;
-  bool saved_ = false;
 };
 
 }  // namespace lantos

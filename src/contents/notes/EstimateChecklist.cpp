@@ -1,6 +1,5 @@
 #include "contents/notes/EstimateChecklist.h"
 
-#include "contents/Changing.h"
 #include "contents/notes/frmWOChklst.h"
 #include "frame/Text.h"
 #include "records/CheckList.h"
@@ -70,22 +69,13 @@ void LoadEstimateChecklist(Workbench& bench) {
 
 void EstimateChecklist(Workbench& bench) {
   LoadEstimateChecklist(bench);
-  CheckListTable& table = bench.shop.records.checkList;
-  const std::vector<ChecklistItem> stored = table.items;
-  const bool wasLoaded = table.ChecklistLoaded;
   frmWOChklst form(bench.shop);
-  form.ShowModal();
-  if (!form.Saved()) return;
-  const auto save = [&] {
+  const auto replace = [&] {
     bench.Data().DeleteChecklist(bench.Number());
     SaveEstimateChecklist(bench);
   };
-  // A work order takes what the table has.
-  ChangeOrGoBack([&] { bench.Data().Connection().Together(save); },
-                 [&] {
-                   table.items = stored;
-                   table.ChecklistLoaded = wasLoaded;
-                 });
+  form.StoreBy({[&] { bench.Data().Connection().Together(replace); }, [] { return std::string("The checklist"); }});
+  form.ShowModal();
 }
 
 }  // namespace lantos

@@ -1,6 +1,7 @@
 #include "contents/notes/frmEstNotes.h"
 
 #include "contents/Changing.h"
+#include "contents/LineNumbers.h"
 #include "contents/notes/frmCanNoteList.h"
 #include "frame/Text.h"
 
@@ -43,7 +44,7 @@ frmEstNotes::frmEstNotes(Workbench& bench)
   listNotes.SetFace(ui::FontFace::FixedPitch);
   listNotes.OnDoubleClick = [this] { Change(); };
   UseButtons(cmdClose, cmdClose);
-  cmdAdd.OnClick = [this] { Add({}, NoteMode::EstimateNote); };
+  cmdAdd.OnClick = [this] { EditAndStore({}, NoteMode::EstimateNote, std::nullopt); };
   cmdCanned.OnClick = [this] { AddCanned(); };
   cmdChange.OnClick = [this] { Change(); };
   cmdRemove.OnClick = [this] { Remove(); };
@@ -75,7 +76,7 @@ void frmEstNotes::LoadNotes() {
 void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
   if (key.Is("Insert")) {
     key.Clear();
-    Add({}, NoteMode::EstimateNote);
+    EditAndStore({}, NoteMode::EstimateNote, std::nullopt);
   } else if (key.Is("Delete")) {
     key.Clear();
     Remove();
@@ -84,28 +85,41 @@ void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
   }
 }
 
-void frmEstNotes::Store(std::int32_t number, const Note& note) {
-  const auto store = [&] {
-    if (notes_.Contains(number)) bench_.Data().DeleteNote(bench_.Number(), number);
-    bench_.Data().AddNote(bench_.Number(), number, std::vector<std::string>(note.begin(), note.end()));
-  };
-  ChangeOrGoBack([&] { bench_.Data().Connection().Together(store); }, [this] { LoadNotes(); });
-  notes_.Put(number, note);
-  notes_.Select(number);
+// The editor stays until its note is stored, and is gone before that can be seen.
+void frmEstNotes::EditAndStore(const Note& note, NoteMode mode, std::optional<std::int32_t> number) {
+  std::optional<std::int32_t> stored;
+  Note edited;
+  {
+    frmNotes editor(bench_.shop, mode, note);
+    editor.StoreBy({[&] { stored = Store(number, editor.CurrentNote); },
+                    [&] { return "The note \"" + editor.CurrentNote[0] + "\""; }});
+    editor.ShowModal();
+    edited = editor.CurrentNote;
+  }
+  if (!stored) return;
+  if (notes_.IsBehindUnseen(*stored)) LoadNotes();
+  notes_.Put(*stored, edited);
+  notes_.Select(*stored);
   listNotes.SetFocus();
 }
 
-void frmEstNotes::Add(const Note& note, NoteMode mode) {
-  frmNotes editor(bench_.shop, mode, note);
-  editor.ShowModal();
-  if (!editor.Saved()) return;
-  Store(notes_.NextNumber(), editor.CurrentNote);
+std::int32_t frmEstNotes::Store(std::optional<std::int32_t> number, const Note& note) {
+  de& data = bench_.Data();
+  std::int32_t stored = 0;
+  const auto write = [&] {
+    if (number) data.DeleteNote(bench_.Number(), *number);
+    stored =
+        number ? *number : NumberForNewLine(data.NotesForEstimate(bench_.Number()), "NoteNumber", notes_.NextNumber());
+    data.AddNote(bench_.Number(), stored, std::vector<std::string>(note.begin(), note.end()));
+  };
+  StoreOrReload([&] { TakeNumberAndStore([&] { data.Connection().Together(write); }); }, [this] { LoadNotes(); });
+  return stored;
 }
 
 void frmEstNotes::AddCanned() {
   frmCanNoteList list(bench_.shop);
   list.ShowModal();
-  if (list.Picked()) Add(list.CurrentNote, NoteMode::OnItsWay);
+  if (list.Picked()) EditAndStore(list.CurrentNote, NoteMode::OnItsWay, std::nullopt);
 }
 
 void frmEstNotes::Change() {
@@ -114,10 +128,7 @@ void frmEstNotes::Change() {
     bench_.shop.desktop.Tell("Must select a note to change.", "Change Note");
     return;
   }
-  frmNotes editor(bench_.shop, NoteMode::EstimateNote, notes_[*number]);
-  editor.ShowModal();
-  if (!editor.Saved()) return;
-  Store(*number, editor.CurrentNote);
+  EditAndStore(Note(notes_[*number]), NoteMode::EstimateNote, number);
 }
 
 void frmEstNotes::Remove() {
@@ -128,7 +139,7 @@ void frmEstNotes::Remove() {
   }
   const std::string question = "Remove\r    " + notes_[*number][0] + "\rfrom this estimate?";
   if (bench_.shop.desktop.Ask(question, "Remove Note", ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  ChangeOrGoBack([&] { bench_.Data().DeleteNote(bench_.Number(), *number); }, [this] { LoadNotes(); });
+  StoreOrReload([&] { bench_.Data().DeleteNote(bench_.Number(), *number); }, [this] { LoadNotes(); });
   notes_.Remove(*number);
   listNotes.SetFocus();
 }

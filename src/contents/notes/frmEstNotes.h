@@ -26,12 +26,12 @@ class frmEstNotes : public SizedForm {
   void Accept() override { Hide(); }
 
   void LoadNotes();
-  void Add(const Note& note, NoteMode mode);
   void AddCanned();
   void Change();
   void Remove();
-  // Under that number, in place of the note that has it.
-  void Store(std::int32_t number, const Note& note);
+  // Under the number, in place of the note that has it, or under a new one.
+  void EditAndStore(const Note& note, NoteMode mode, std::optional<std::int32_t> number);
+  std::int32_t Store(std::optional<std::int32_t> number, const Note& note);
 
   Workbench& bench_;
   NumberedList<Note> notes_;

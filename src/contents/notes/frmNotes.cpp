@@ -62,8 +62,7 @@ void frmNotes::Accept() {
     shop_.desktop.Tell("Remaining characters truncated:\r\n" + flowed.remainder, Caption());
   }
   CurrentNote = flowed.lines;
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

@@ -25,7 +25,6 @@ class frmNotes : public OkCancelForm {
   ui::Button cmdReset{*this, "cmdReset", "&Reset"};
   ui::Button cmdCancel{*this, "cmdCancel", "Cancel"};
 
-  bool Saved() const { return saved_; }
   Note CurrentNote;  // as it came, and as it was saved
 
  private:
@@ -35,7 +34,6 @@ class frmNotes : public OkCancelForm {
 
   Shop& shop_;
   std::string textAtLoad_;
-  bool saved_ = false;
 };
 
 }  // namespace lantos

@@ -52,6 +52,7 @@ frmWOChklst::frmWOChklst(Shop& shop)
 void frmWOChklst::OnLoad() {
   SizedForm::OnLoad();
   before_ = table_.items;
+  loadedBefore_ = table_.ChecklistLoaded;
   for (std::size_t i = 0; i < table_.items.size(); ++i) {
     const ChecklistItem& item = table_.items[i];
     if (!item.IsCategory()) continue;
@@ -136,12 +137,12 @@ void frmWOChklst::Accept() {
   const auto& categories = List1.Rows();
   table_.ChecklistLoaded =
       std::any_of(categories.begin(), categories.end(), [](const ui::ListRow& row) { return row.checked; });
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 void frmWOChklst::Cancel() {
   table_.items = before_;
+  table_.ChecklistLoaded = loadedBefore_;
   Hide();
 }
 

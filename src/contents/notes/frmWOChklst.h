@@ -29,8 +29,6 @@ class frmWOChklst : public SizedForm {
   ui::Button cmdSave{*this, "cmdSave", "Save <F10>"};
   ui::Button cmdCancel{*this, "cmdCancel", "Discard Changes <Esc>"};
 
-  bool Saved() const { return saved_; }
-
  private:
   void OnLoad() override;
   void Accept() override;
@@ -50,7 +48,7 @@ class frmWOChklst : public SizedForm {
 
   CheckListTable& table_;
   std::vector<ChecklistItem> before_;  // for Cancel
-  bool saved_ = false;
+  bool loadedBefore_ = false;
   bool showing_ = false;  // values being put into the two fields
 };
 

@@ -1,6 +1,8 @@
-#include <algorithm>
+#include <optional>
 
 #include "contents/AmountFields.h"
+#include "contents/Changing.h"
+#include "contents/LineNumbers.h"
 #include "contents/parts/PartLines.h"
 #include "contents/parts/frmWOKit.h"
 #include "contents/parts/frmWOPart.h"
@@ -29,67 +31,71 @@ void PartLines::Add() {
     }
     const std::string number = Stock().CurrentInv.Get(inventory::StockNumber);
     const bool hasCore = Stock().CurrentInv.Get(inventory::HasACore) == 1;
-    Make([&] {
-      if (!AddStockPart()) return Changed::Nothing;
-      if (hasCore) AddCoreOf(number);
-      return Changed::Lines;
-    });
+    if (AddStockPart(hasCore ? SurchargeComes::Later : SurchargeComes::WithIt) && hasCore) AddCoreOf(number);
   }
 }
 
-// The part in the working records, through its screen. False when the person left it.
-bool PartLines::AddStockPart() {
-  frmWOPart form(bench_, "Add Part to Estimate", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
+bool PartLines::EditAndStore(frmWOPart& form, const std::function<void()>& change, SurchargeComes surcharge) {
+  std::optional<Stored> stored;
+  form.StoreBy({[&] { stored = Store(change, surcharge); },
+                [&form] { return "The part \"" + Trim(form.PartNumber.Text()) + "\""; }});
   form.ShowModal();
-  if (!form.Saved()) return false;
-  if (Stock().CurrentInv.Get(inventory::HasWaste) != 1) {
-    AddPartLine(form.Line(), Choosing::ItsRow);
-    return true;
-  }
-  // Ahead of the part: without a number for its fee neither is stored.
-  const std::int32_t feeNumber = NextWasteNumber();
-  AddPartLine(form.Line(), Choosing::ItsRow);
-  AddDisposalFee(feeNumber);
+  if (!stored) return false;
+  const std::string number = Trim(form.PartNumber.Text());
+  form.Unload();
+  Show(std::move(*stored), number);
   return true;
 }
 
+// The part in the working records, and the fee that comes with it.
+bool PartLines::AddStockPart(SurchargeComes surcharge) {
+  frmWOPart form(bench_, "Add Part to Estimate", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
+  const auto store = [&] {
+    StorePart(form.Line());
+    if (Stock().CurrentInv.Get(inventory::HasWaste) == 1) AddDisposalFee();
+  };
+  return EditAndStore(form, store, surcharge);
+}
+
+// The surcharge of a part with a core comes behind both: the fees of both have the numbers in front of its own.
 void PartLines::AddCoreOf(const std::string& partNumber) {
+  const auto applySurcharge = [this] {
+    surcharge_.ApplySurcharge();
+    bench_.estimate.RefreshTotals();
+  };
+  bool added = false;
+  ChangeOrGoBack([&] { added = AddCorePart(partNumber); }, applySurcharge);
+  if (!added) applySurcharge();
+}
+
+bool PartLines::AddCorePart(const std::string& partNumber) {
   Stock().FinishLoading();
   const Inventory::PartIndex index = Stock().FindPart(partNumber + "/C");
   FileLink offset = kNoLink;
-  if (index != Inventory::kNoPart && Stock().ReadInventory(offset, index)) AddStockPart();
-}
-
-std::int32_t PartLines::NextWasteNumber() {
-  Recordset waste = bench_.Data().WasteForEstimate(bench_.Number());
-  std::int32_t highest = 0;
-  for (; !waste.Eof(); waste.MoveNext()) highest = std::max(highest, waste.Long("WasteNumber"));
-  return Sum(highest, 1);
+  return index != Inventory::kNoPart && Stock().ReadInventory(offset, index) && AddStockPart(SurchargeComes::WithIt);
 }
 
 // Once a line, whatever its quantity, and from the inventory's record. It has no tie to the part, and stays when the
 // part goes.
-void PartLines::AddDisposalFee(std::int32_t number) {
+void PartLines::AddDisposalFee() {
   const InventoryRecord& part = Stock().CurrentInv;
   de::Extra fee;
   fee.VendorName = "Waste Disposal Fee";
   fee.Cost = fee.Price = part.Get(inventory::DisposalFee);
   fee.Desc1 = "Disposal Fee for: " + part.Get(inventory::StockNumber);
   fee.Taxable = DefaultTaxable(bench_.System().Get(sysrec::tax_rate_waste));
-  bench_.Data().AddWaste(bench_.Number(), number, fee);
+  de& data = bench_.Data();
+  data.AddWaste(bench_.Number(), NumberForNewLine(data.WasteForEstimate(bench_.Number()), "WasteNumber"), fee);
 }
 
 void PartLines::AddNonStock() {
   UsePriceLevelOfCustomer();
   frmWOPart form(bench_, "Add Non-Stocked Part", frmWOPart::Task::Add, frmWOPart::Kind::NonStock);
-  form.ShowModal();
-  if (!form.Saved()) return;
-  PartLine line = form.Line();
-  line.partNumber = ToUpper(line.partNumber);
-  line.description = ToUpper(line.description);
-  Make([&] {
-    AddPartLine(line, Choosing::ItsRow);
-    return Changed::Lines;
+  EditAndStore(form, [&] {
+    PartLine line = form.Line();
+    line.partNumber = ToUpper(line.partNumber);
+    line.description = ToUpper(line.description);
+    StorePart(line);
   });
 }
 
@@ -108,16 +114,10 @@ void PartLines::Change() {
   frmWOPart form(bench_, "Change Part for Estimate", frmWOPart::Task::Change,
                  inStock ? frmWOPart::Kind::Stocked : frmWOPart::Kind::NonStock);
   form.SetLine(line);
-  form.ShowModal();
-  if (!form.Saved()) return;
-  // Removed and added anew: the quantity is replaced. Both or neither.
-  Make([&] {
-    bench_.Data().Connection().Together([&] {
-      bench_.Data().DeletePart(bench_.Number(), line.partNumber);
-      StorePart(form.Line());
-    });
-    ReloadList(line.partNumber);
-    return Changed::Lines;
+  // Removed and added anew: the quantity is replaced.
+  EditAndStore(form, [&] {
+    bench_.Data().DeletePart(bench_.Number(), line.partNumber);
+    StorePart(form.Line());
   });
 }
 
@@ -129,10 +129,7 @@ void PartLines::Remove() {
   for (const int row : rows) question += "\r    " + bench_.estimate.PartList().List(row);
   question += "\rfrom this estimate?";
   if (desktop.Ask(question, "Remove Part", ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  Make([&] {
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) RemovePartLine(*row);
-    return Changed::Lines;
-  });
+  RemovePartLines(rows);
 }
 
 // A kit with a price stands for its parts, which show at no charge; one without shows the sum of them.
@@ -154,16 +151,18 @@ void PartLines::AddKitLines() {
   frmWOKit form(bench_, "Add Kit to Estimate");
   form.LoadForm();
   if (!form.HasContents()) return;
+  std::optional<Stored> stored;
+  form.StoreBy({[&] { stored = Store([&] { StoreKit(form); }); },
+                [&form] { return "The kit \"" + Trim(form.PartNumber.Text()) + "\""; }});
   form.ShowModal();
-  if (!form.Saved()) return;
+  form.Unload();
+  if (stored) Show(std::move(*stored), form.Rows().empty() ? form.Line().partNumber : std::string());
+}
+
+void PartLines::StoreKit(const frmWOKit& form) {
   const PartLine kit = form.Line();
-  std::vector<PartLine> components;
-  for (const KitRow& row : form.Rows()) components.push_back(KitComponentLine(row, kit));
-  Make([&] {
-    AddPartLine(kit, Choosing::ItsRow);
-    for (const PartLine& component : components) AddPartLine(component, Choosing::NoRow);
-    return Changed::Lines;
-  });
+  StorePart(kit);
+  for (const KitRow& row : form.Rows()) StorePart(KitComponentLine(row, kit));
 }
 
 }  // namespace lantos

@@ -21,9 +21,9 @@ class PartLines {
   enum class Choosing { ItsRow, NoRow };
 
   // A part can stand only once on an estimate: another entry of its number is merged into its row, and its prices
-  // replace those of the whole row. The total follows from quantity and price. Surcharge and totals are the caller's.
+  // replace those of the whole row. The total follows from quantity and price. List, surcharge and totals follow.
   void AddPartLine(const PartLine& entry, Choosing choosing);
-  void RemovePartLine(int row);
+  void RemovePartLine(int row) { RemovePartLines({row}); }
   // Fills the list from the database.
   void LoadPartList();
   // On the screen only: the parts stay in the database.
@@ -38,16 +38,30 @@ class PartLines {
   void Remove();
 
  private:
+  // What stands in the database and isn't seen yet.
+  struct Stored {
+    std::vector<PartLine> lines;
+    Surcharge::Refusal refusal;
+  };
+  enum class SurchargeComes { WithIt, Later };
+  // In one piece. Where the database refuses it, list and totals follow what it has.
+  Stored Store(const std::function<void()>& change, SurchargeComes surcharge = SurchargeComes::WithIt);
+  std::vector<PartLine> ReadLines();
   void StorePart(const PartLine& entry);
-  void ReloadList(std::string_view selected);
-  // Surcharge and totals follow the change, if there was one. Where it fails on its way, list and both of them follow
-  // what the database has.
-  enum class Changed { Nothing, Lines };
-  void Make(const std::function<Changed()>& change);
-  bool AddStockPart();
+  void FollowDatabase();
+  void RemovePartLines(const std::vector<int>& rowsInOrder);
+  // Through its screen, which stays until what it is for is stored. False when the person left it.
+  bool EditAndStore(class frmWOPart& form, const std::function<void()>& change,
+                    SurchargeComes surcharge = SurchargeComes::WithIt);
+  // Selects the part's row; none without a number.
+  void Show(Stored stored, std::string_view selected);
+  void ShowLines(std::vector<PartLine> lines);
+  void ShowWhatFollows(const Surcharge::Refusal& refusal);
+  bool AddStockPart(SurchargeComes surcharge);
   void AddCoreOf(const std::string& partNumber);
-  std::int32_t NextWasteNumber();
-  void AddDisposalFee(std::int32_t number);
+  bool AddCorePart(const std::string& partNumber);
+  void AddDisposalFee();
+  void StoreKit(const class frmWOKit& form);
   std::vector<int> SelectedRows() const;
   void UsePriceLevelOfCustomer();
   PartLine KitComponentLine(const struct KitRow& row, const PartLine& kit) const;

@@ -126,8 +126,7 @@ void frmWOKit::Accept() {
   if (!complete || !numbers_.AreNumbers()) return;
   AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
   if (!StockSuffices()) return;
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

@@ -45,7 +45,6 @@ class frmWOKit : public SizedForm {
 
   // False when what is in the kit couldn't be read, which has been told: the screen isn't shown then.
   bool HasContents() const { return hasContents_; }
-  bool Saved() const { return saved_; }
   // The kit's own line, as it was typed.
   PartLine Line() const;
   const std::vector<KitRow>& Rows() const { return rows_; }
@@ -65,7 +64,6 @@ class frmWOKit : public SizedForm {
   std::vector<KitRow> rows_;
   NumberFields numbers_{*this};
   bool hasContents_ = false;
-  bool saved_ = false;
 };
 
 }  // namespace lantos

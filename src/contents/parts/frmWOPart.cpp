@@ -191,8 +191,7 @@ void frmWOPart::Accept() {
   if (!HasAll() || !numbers_.AreNumbers()) return;
   AtLeastOne(QuantityUsed);  // <F10> doesn't leave the field
   if (!StockSuffices()) return;
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 PartLine frmWOPart::Line() const {

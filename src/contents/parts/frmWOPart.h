@@ -37,7 +37,6 @@ class frmWOPart : public OkCancelForm {
 
   // The line to be changed, before the screen is loaded.
   void SetLine(const PartLine& line) { line_ = line; }
-  bool Saved() const { return saved_; }
   // What was typed.
   PartLine Line() const;
 
@@ -69,7 +68,6 @@ class frmWOPart : public OkCancelForm {
   std::string currentPart_;
   std::vector<std::pair<ui::TextBox*, std::string>> atLoad_;
   NumberFields numbers_{*this};
-  bool saved_ = false;
 };
 
 }  // namespace lantos

@@ -38,6 +38,10 @@ class Engine {
   virtual void DeleteFirst(std::string_view table, const RowKey& key) = 0;
   // All of the work or nothing of it, kept together and written once.
   virtual void Together(const std::function<void()>& work) = 0;
+  // Within Together, a part of the work that may fail by itself: what it did is undone, its error goes on, and what was
+  // done before stands for whoever goes on with it. Where the engine has undone everything (on a full disk, say),
+  // Together ends with that error, whatever is made of it on the way.
+  virtual void Apart(const std::function<void()>& work) = 0;
   // Statements that only read, seeing one state of the database and sharing one lock: many small ones take a third of
   // the time. Nobody can write meanwhile, so nothing in the work may wait for a person.
   virtual void ReadTogether(const std::function<void()>& work) = 0;

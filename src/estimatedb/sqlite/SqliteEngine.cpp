@@ -3,15 +3,19 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Transaction.h>
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <array>
+#include <utility>
 
 #include "estimatedb/sqlite/DatabaseFileKind.h"
 #include "estimatedb/sqlite/Dialect.h"
 #include "estimatedb/sqlite/SqlWords.h"
 #include "frame/Dates.h"
+#include "frame/GuardedOpen.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
 
@@ -81,6 +85,12 @@ std::string FirstRowWhere(std::string_view table, std::string_view column) {
   return fmt::format("rowid = (SELECT rowid FROM {} WHERE {} = ? ORDER BY rowid LIMIT 1)", table, column);
 }
 
+// As other shared files are made: the directory tells who else may use it, and the engine gives its journal the same
+// mode. What keeps it from being made is left for the engine to tell.
+void MakeEmptyFile(const std::filesystem::path& path) {
+  if (const int descriptor = MakeFile(path, O_RDWR); descriptor >= 0) ::close(descriptor);
+}
+
 }  // namespace
 
 SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock, Mode mode,
@@ -89,6 +99,13 @@ SqliteEngine::SqliteEngine(const std::filesystem::path& path, const Clock& clock
   const std::string opening = fmt::format("opening \"{}\"", TextOfPath(path_));
   if (mode == Mode::New && std::filesystem::exists(path_)) {
     throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", TextOfPath(path_)));
+  }
+  if (mode == Mode::New) MakeEmptyFile(path_);
+  if (LeadsOut(path_)) {
+    throw DatabaseError(
+        fmt::format("\"{}\" is a link that leads out of its directory or nowhere, so it isn't opened. Put the file "
+                    "itself in its place.",
+                    TextOfPath(path_)));
   }
   try {
     // One thread alone uses a connection, so it needs no mutex of its own.
@@ -187,14 +204,44 @@ void SqliteEngine::ReadTogether(const std::function<void()>& work) {
   }
 }
 
+void SqliteEngine::Apart(const std::function<void()>& work) {
+  if (!IsInTransaction()) return Together(work);
+  try {
+    Execute("SAVEPOINT apart");
+    try {
+      work();
+    } catch (...) {
+      UndoApart();
+      throw;
+    }
+    Execute("RELEASE apart");
+  } catch (const SQLite::Exception&) {
+    Rethrow("a part of several changes", {});
+  }
+}
+
+// Called while what failed is on its way.
+void SqliteEngine::UndoApart() {
+  if (!IsInTransaction()) {
+    allUndone_ = std::current_exception();
+    return;
+  }
+  Execute("ROLLBACK TO apart");
+  Execute("RELEASE apart");
+}
+
 // Within a transaction the work is part of that one.
 void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& work) {
-  if (sqlite3_get_autocommit(database_->getHandle()) == 0) return work();
+  if (IsInTransaction()) return work();
   using Behavior = SQLite::TransactionBehavior;
   SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
+  allUndone_ = nullptr;
   work();
+  if (allUndone_) std::rethrow_exception(std::exchange(allUndone_, nullptr));
   transaction.commit();
 }
+
+bool SqliteEngine::IsInTransaction() const { return sqlite3_get_autocommit(database_->getHandle()) == 0; }
 
 void SqliteEngine::Execute(const std::string& sqlite) { SqliteStatement(database_->getHandle(), sqlite).Run({}); }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -37,6 +38,7 @@ class SqliteEngine : public Engine {
                    const RowKey& key) override;
   void DeleteFirst(std::string_view table, const RowKey& key) override;
   void Together(const std::function<void()>& work) override;
+  void Apart(const std::function<void()>& work) override;
   void ReadTogether(const std::function<void()>& work) override;
 
   std::size_t StatementsPrepared() const { return statementsPrepared_; }
@@ -51,6 +53,8 @@ class SqliteEngine : public Engine {
 
   void RefuseForeignFile();
   void InTransaction(Purpose purpose, const std::function<void()>& work);
+  bool IsInTransaction() const;
+  void UndoApart();
   void Configure();
   SqliteStatement& Prepared(std::string_view statement);
   void ChangeColumnType(const ColumnChange& change);
@@ -63,6 +67,7 @@ class SqliteEngine : public Engine {
   std::unique_ptr<SQLite::Database> database_;
   std::unordered_map<std::string, SqliteStatement, TextHash, std::equal_to<>> statements_;
   std::size_t statementsPrepared_ = 0;
+  std::exception_ptr allUndone_;  // why nothing of the running transaction is left
 };
 
 }  // namespace lantos

@@ -11,7 +11,7 @@ namespace lantos {
 
 namespace {
 
-constexpr ui::Twips kWidth = 14400;
+constexpr ui::Twips kWidth = 15180;
 constexpr ui::Twips kHeight = 6600;
 constexpr std::size_t kDatesTold = 5;
 constexpr std::string_view kAdditionalUnread = "The additional withholding can't be read from Korvel.mdb.";
@@ -45,8 +45,14 @@ frmEmpPRHist::frmEmpPRHist(Shop& shop, de2& korvel, std::int32_t employee)
   UseButtons(cmdSave, cmdCancel);
   // The one that asks before it does anything.
   SetDefaultButton(cmdPrint);
-  cmdPrint.OnClick = [this] { Print(); };
-  cmdDelete.OnClick = [this] { ToggleMark(); };
+  cmdPrint.OnClick = [this] {
+    Print();
+    ListView1.SetFocus();
+  };
+  cmdDelete.OnClick = [this] {
+    ToggleMark();
+    ListView1.SetFocus();
+  };
   AskBeforeLosing(cmdCancel);
 }
 
@@ -193,6 +199,7 @@ void frmEmpPRHist::Accept() {
     failure = std::current_exception();
   }
   Load();
+  ListView1.SetFocus();
   if (failure) std::rethrow_exception(failure);
 }
 

@@ -159,6 +159,7 @@ void frmEmpPRInfo::Save() {
   SaveAdditional();
   MarkSaved(true);
   choice_.List(number);
+  EnterAnew();
 }
 
 void frmEmpPRInfo::StoreFields(EmployeeRecord& record) const {

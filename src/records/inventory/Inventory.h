@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "frame/Environment.h"
-#include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
 #include "records/inventory/InventoryLayout.h"
 #include "records/inventory/InventoryList.h"
 #include "records/modSystem.h"
@@ -30,7 +30,8 @@ class Inventory : public InventoryList {
   // Empties the list, with room for as many tags as the file has: at the start of the run.
   void SizeArrays();
 
-  // The two files opened for a write, with no sharing. They are waited for without end.
+  // The two files opened for a write, with no sharing. Another copy's hold is waited out without end; of another
+  // failure that the person gives up, GivenUp.
   FileHandle OpenInventoryTagForWrite();
   FileHandle OpenInventoryForWrite();
 
@@ -55,14 +56,16 @@ class Inventory : public InventoryList {
   enum class Broadcast { Yes, No };    // whether the other copies are told
   // Stores a part: the tag at its place (at the end for an index past the list, which then grows up to it), the master
   // at its offset. A blank description becomes the stock number, unless the part is deleted. The files are waited for
-  // without end. A negative offset throws FileError.
+  // without end while another copy has them; what else is in the way is asked about, and Cancel throws GivenUp, with
+  // tag and master as they were. A negative offset throws FileError.
   void Write(Part& part, PartIndex index, Core core, Broadcast broadcast);
   // The same for the working records.
   void WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast);
   // A new part of that number, read into the working records and written. The list is told, unless it is a core.
   void NewInventoryPart(std::string_view stockNumber, PartIndex& index);
   // From the reading of a part to its last writing: other copies of this program wait for their turn meanwhile, and
-  // the names of the files are looked up once. Doesn't nest; a new part has its own.
+  // the names of the files are looked up once. Doesn't nest; a new part has its own. GivenUp when the turn doesn't come
+  // and the person waits no longer.
   class OneUpdate {
    public:
     explicit OneUpdate(Inventory& inventory);
@@ -70,7 +73,7 @@ class Inventory : public InventoryList {
    private:
     const FileIO::SteadyNames names_;
     UpdateTurns turns_;
-    const UpdateTurns::Turn turn_;
+    const AskedTurn turn_;
   };
   // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);
@@ -93,7 +96,9 @@ class Inventory : public InventoryList {
   FileLink KnownLocation(PartIndex index);
   std::optional<Part> ReadAt(FileLink offset, PartIndex index);
   bool ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag);
-  void WriteTag(Part& part, PartIndex index);
+  // What stood there before; nothing where the file ended. The place of the tag is in the list then.
+  std::optional<InventoryTag> WriteTag(Part& part, PartIndex index);
+  void PutTagBack(const InventoryTag& before, PartIndex index);
   void WriteMaster(const Part& part);
   void KeepInList(const InventoryTag& tag, PartIndex index, FileLink location);
   Part AddPart(std::string_view stockNumber, PartIndex& index);

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/OpenedFile.h"
 #include "records/inventory/Inventory.h"
 
@@ -35,18 +36,22 @@ void RequireLink(FileLink link, const std::string& what) {
 Inventory::OneUpdate::OneUpdate(Inventory& inventory)
     : names_(inventory.environment_.files),
       turns_(inventory.environment_.files.PathOf(kInventoryTagFile), inventory.environment_.clock),
-      turn_(turns_) {}
+      turn_(turns_, inventory.desktop_, kInventoryTagFile) {}
 
 void Inventory::SizeArrays() { Clear(environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength); }
 
 FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny) {
   FileHandle file = kNoHandle;
   Contention contention(contention::kOpenInventory, desktop_, environment_, name);
-  contention.Run([&] { file = environment_.openFiles.Open(name, access, deny); });
+  if (!contention.Run([&] { file = environment_.openFiles.Open(name, access, deny); })) {
+    throw GivenUp(std::string(name) + " could not be opened.");
+  }
   return file;
 }
 
-FileHandle Inventory::OpenInventoryTagForWrite() { return OpenWithoutEnd(kInventoryTagFile, Access::Write, Deny::All); }
+FileHandle Inventory::OpenInventoryTagForWrite() {
+  return OpenWithoutEnd(kInventoryTagFile, Access::ReadWrite, Deny::All);
+}
 FileHandle Inventory::OpenInventoryForWrite() { return OpenWithoutEnd(kInventoryFile, Access::Write, Deny::All); }
 
 // From the end: parts whose place isn't known are the ones added last. The steps are counted from the very end, even
@@ -125,8 +130,13 @@ void Inventory::Write(Part& part, PartIndex index, Core core, Broadcast broadcas
     NameUnnamed(part.tag, inventorytag::Description, inventorytag::StockNumber);
   }
   const bool isListed = index < Count();
-  WriteTag(part, index);
-  WriteMaster(part);
+  const std::optional<InventoryTag> before = WriteTag(part, index);
+  try {
+    WriteMaster(part);
+  } catch (const GivenUp&) {
+    if (before) PutTagBack(*before, index);
+    throw;
+  }
   if (broadcast == Broadcast::Yes && onBroadcast) onBroadcast(part.tag);
   if (isListed && onPartChanged) onPartChanged(part.offset, index);
   const bool hasCore = part.master.Get(inventory::HasACore) == 1;
@@ -142,7 +152,7 @@ void Inventory::WriteInventory(FileLink offset, PartIndex index, Core core, Broa
   CurrentInv = part.master;
 }
 
-void Inventory::WriteTag(Part& part, PartIndex index) {
+std::optional<InventoryTag> Inventory::WriteTag(Part& part, PartIndex index) {
   // Sought before the file is held: the search opens it as well, and would wait for us for ever.
   FileLink location = index < Count() ? KnownLocation(index) : kNoLink;
   OpenedFile file(environment_.openFiles);
@@ -154,9 +164,21 @@ void Inventory::WriteTag(Part& part, PartIndex index) {
   environment_.log.Write("WriteInventory " + part.master.Get(inventory::StockNumber) +
                          " In stock=" + std::to_string(part.master.Get(inventory::QtyInStock)));
   part.tag.Put(inventorytag::IsStocked, part.master.Get(inventory::IsStocked));
+  InventoryTag before;
+  const bool wasThere = file->ReadAt(static_cast<std::uint64_t>(location), before.Bytes()) == InventoryTag::kLength;
   WriteRecord(*file, location, part.tag);
   file.Close();
   KeepInList(part.tag, index, location);
+  return wasThere ? std::optional(before) : std::nullopt;
+}
+
+// So that tag and master still tell the same.
+void Inventory::PutTagBack(const InventoryTag& before, PartIndex index) {
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(OpenInventoryTagForWrite());
+  WriteRecord(*file, Location(index), before);
+  file.Close();
+  KeepInList(before, index, Location(index));
 }
 
 void Inventory::KeepInList(const InventoryTag& tag, PartIndex index, FileLink location) {

@@ -2,7 +2,9 @@
 
 #include "frame/Text.h"
 #include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
 #include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/OpenedFile.h"
 
 namespace lantos {
@@ -14,7 +16,9 @@ constexpr std::size_t kBlockTags = 1024;
 bool TagFileHas(Environment& environment, ui::Desktop& desktop, std::string_view stockNumber) {
   OpenedFile file(environment.openFiles);
   Contention contention(contention::kOpenInventory, desktop, environment, kInventoryTagFile);
-  contention.Run([&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); });
+  if (!contention.Run([&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); })) {
+    throw GivenUp(std::string(kInventoryTagFile) + " could not be read. The part was not added.");
+  }
   std::vector<InventoryTag> block(kBlockTags);
   const std::uint64_t length = file->Length();
   for (std::uint64_t offset = 0; offset < length; offset += kBlockTags * InventoryTag::kLength) {
@@ -34,7 +38,7 @@ NewPart AddNewPart(Inventory& inventory, Environment& environment, ui::Desktop& 
   const std::string_view number = TrimView(stockNumber);
   if (inventory.FindPart(number) != Inventory::kNoPart) return NewPart::Exists;
   UpdateTurns turns(environment.files.PathOf(kInventoryFile), environment.clock);
-  const UpdateTurns::Turn turn(turns);
+  const AskedTurn turn(turns, desktop, kInventoryFile);
   if (TagFileHas(environment, desktop, number)) return NewPart::Exists;
   inventory.NewInventoryPart(number, index);
   return NewPart::Added;

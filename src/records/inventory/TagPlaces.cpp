@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/OpenedFile.h"
 #include "records/RecordArray.h"
 
@@ -28,11 +29,12 @@ void TagPlaces::LookAtBlock(Look look) {
   end_ -= count * InventoryTag::kLength;
   const std::filesystem::path path = environment_.files.PathOf(kInventoryTagFile);
   Contention contention(contention::kOpenInventory, desktop_, environment_, kInventoryTagFile);
-  contention.Run([&] {
+  const bool isRead = contention.Run([&] {
     // Not among the numbered files: their closing is logged, and this is done for every block.
     const SharedFile file(path, Access::Read, Deny::None);
     ReadRecords(file, end_, std::span(block_));
   });
+  if (!isRead) throw GivenUp(std::string(kInventoryTagFile) + " could not be read.");
   for (std::size_t i = count; i-- > 0;) {
     if (look(block_[i], LinkAtEnd(end_ + i * InventoryTag::kLength, kInventoryTagFile))) return;
   }

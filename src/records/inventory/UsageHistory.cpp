@@ -7,16 +7,19 @@ namespace lantos {
 
 FileLink UsageHistory::UpdateUsage(const Use& use, Cents price, Cents cost, std::int16_t quantity) {
   const std::string name(kUsageFile);
-  // Taken before the file is held: two that write at the same moment may take the same place, and the later one stays.
-  const FileLink offset = LinkAtEnd(environment_.files.Length(name), kUsageFile);
-  OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kUpdateUsage, desktop_, environment_);
-  contention.Run([&] { file.Open(name, Access::ReadWrite, Deny::All); });
-  environment_.log.Write("UpdateUsage: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
-  WriteRecord(*file, offset,
-              RecordOf(use, inventory_.CurrentInvTag.View(inventorytag::StockNumber), price, cost, quantity,
-                       inventory_.CurrentInv.Get(inventory::UsageLink)));
-  file.Close();
+  const UsageRecord record = RecordOf(use, inventory_.CurrentInvTag.View(inventorytag::StockNumber), price, cost,
+                                      quantity, inventory_.CurrentInv.Get(inventory::UsageLink));
+  FileLink offset = kNoLink;
+  Contention contention(contention::kUpdateUsage, desktop_, environment_, name);
+  const bool isNoted = contention.Run([&] {
+    OpenedFile file(environment_.openFiles, name, Access::ReadWrite, Deny::All);
+    environment_.log.Write("UpdateUsage: Opened " + name + " (update,fp=" + std::to_string(file.Handle()) + ")");
+    // The end as it is while nobody else has the file: another one may have grown it during the wait.
+    offset = LinkAtEnd(file->Length(), kUsageFile);
+    WriteRecord(*file, offset, record);
+    file.Close();
+  });
+  if (!isNoted) return kNoLink;
   environment_.files.FlushFile(name);
   return offset;
 }

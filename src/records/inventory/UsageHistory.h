@@ -35,7 +35,8 @@ class UsageHistory {
     std::string customerLastname, customerFirstname;
   };
   // Adds a record for the part in the working records of the inventory, and returns its link, which the caller puts
-  // into the part's master. A file that somebody holds is waited for, with a box after each three tries.
+  // into the part's master. A file that somebody holds is waited for, with a box after each three tries; kNoLink when
+  // something else keeps it from being written and the person goes on without it.
   FileLink UpdateUsage(const Use& use, Cents price, Cents cost, std::int16_t quantity);
   // The record that it adds; the part's newest one until then is at prevLink.
   static UsageRecord RecordOf(const Use& use, std::string_view stockNumber, Cents price, Cents cost,

@@ -55,9 +55,9 @@ void DriverDesktop::PopupMenu(Form&, MenuItem& menu) {
   if (chosen != nullptr) chosen->DoClick();
 }
 
-int DriverDesktop::OpenDocument(const std::string& path, const std::string&) {
+int DriverDesktop::OpenDocument(const std::string& path) {
   const int look = LookAtDocument(path);
-  if (look == kOpened) person_.NoteShell(PlainDocument(path));
+  if (look == kOpened) person_.NoteShell(path);
   return look;
 }
 

@@ -30,7 +30,7 @@ class DriverDesktop : public Desktop {
   void Beep() override { person_.NoteBeep(); }
   void SetPointer(Pointer) override {}
   void ShowStatus(std::string_view text) override { person_.NoteStatus(text); }
-  int OpenDocument(const std::string& path, const std::string& arguments) override;
+  int OpenDocument(const std::string& path) override;
   void PrintScreen(Form& form) override;
   void PreviewReport(const Report& report, ControlPlace& place) override;
   void PrintReport(const Report& report, PrinterDialog dialog) override;

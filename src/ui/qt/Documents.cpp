@@ -1,8 +1,8 @@
 #include "ui/qt/Documents.h"
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QUrl>
 
 #include "ui/Documents.h"
@@ -10,19 +10,14 @@
 
 namespace lantos::ui {
 
-int OpenInPlatform(const std::string& path, const std::string& arguments) {
+int OpenInPlatform(const std::string& path) {
   const int look = LookAtDocument(path);
   if (look != kOpened) return look;
-  const std::string plain = PlainDocument(path);
-  if (IsAddress(plain)) return QDesktopServices::openUrl(QUrl::fromUserInput(ToQt(plain))) ? kOpened : kNoAssociation;
-  const std::filesystem::path document = FileOfDocument(plain);
-  const QFileInfo file(QString::fromStdString(document.string()));
-  if (IsProgram(document)) {
-    const bool started =
-        QProcess::startDetached(file.absoluteFilePath(), QProcess::splitCommand(ToQt(arguments)), file.absolutePath());
-    return started ? kOpened : kAccessDenied;
-  }
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())) ? kOpened : kNoAssociation;
+  const QUrl url =
+      IsAddress(path)
+          ? QUrl(ToQt(path), QUrl::StrictMode)
+          : QUrl::fromLocalFile(QFileInfo(QFile::decodeName(FileOfDocument(path).c_str())).absoluteFilePath());
+  return url.isValid() && QDesktopServices::openUrl(url) ? kOpened : kNoAssociation;
 }
 
 }  // namespace lantos::ui

@@ -4,8 +4,8 @@
 
 namespace lantos::ui {
 
-// Opens a document, program or address with what the platform has for it, in its own directory. kOpened, or a code of
+// Opens a PDF document or an address with what the platform has for it, and nothing else. kOpened, or a code of
 // ui/Documents.h.
-int OpenInPlatform(const std::string& path, const std::string& arguments);
+int OpenInPlatform(const std::string& path);
 
 }  // namespace lantos::ui

@@ -66,6 +66,7 @@ bool FormInput::HandlePress(QMouseEvent& event) {
 bool FormInput::HandleKey(QKeyEvent& event) {
   KeyPress press = ReadKey(event);
   if (press.key.empty()) return false;
+  ShowKeyboardFocus();
   window_.Flush();
   if (const Control* focus = GetForm().Focus()) {
     if (WidgetPeer* peer = window_.PeerOf(*focus)) peer->BeforeKey();
@@ -86,7 +87,6 @@ bool FormInput::PlatformKey(const KeyPress& key) {
     return true;  // one that nothing bears goes into no text
   }
   if (key.key == "Tab" && !key.alt && !key.control) {
-    ShowKeyboardFocus();
     if (Control* next = GetForm().NextInTabOrder(key.shift)) window_.MoveFocusTo(*next);
     return true;
   }
@@ -111,6 +111,7 @@ bool FormInput::PressMenuKey() {
 
 // Who goes by keyboard is shown where he is. The window system would do so by itself, had it seen the key.
 void FormInput::ShowKeyboardFocus() {
+  if (window_.testAttribute(Qt::WA_KeyboardFocusChange)) return;
   window_.setAttribute(Qt::WA_KeyboardFocusChange);
   if (QWidget* has = window_.focusWidget()) has->update();
 }
@@ -148,7 +149,6 @@ bool FormInput::ClickButton(Button* button) {
 }
 
 bool FormInput::PressMnemonic(QChar letter) {
-  ShowKeyboardFocus();
   bool labelHit = false;
   for (Control* control : GetForm().Controls()) {
     if (!control->IsUsable()) continue;

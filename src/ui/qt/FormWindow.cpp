@@ -294,7 +294,17 @@ bool FormWindow::HandleRootMouse(QMouseEvent& event) {
 void FormWindow::closeEvent(QCloseEvent* event) {
   // The form decides, and hides the window itself.
   event->ignore();
-  if (IsAttached()) form_->DoClose();
+  CloseWith(QGuiApplication::queryKeyboardModifiers());
+}
+
+// A window manager keeps Alt+F4 to itself and only asks for the close: a screen that has a use for the key has it
+// first.
+void FormWindow::CloseWith(Qt::KeyboardModifiers held) {
+  if (!IsAttached()) return;
+  if (!held.testFlag(Qt::AltModifier)) return form_->DoClose();
+  KeyPress key = ParseKey("Alt+F4");
+  form_->PreviewKey(key);
+  if (IsAttached() && form_->Visible() && !key.cleared) form_->DoClose();
 }
 
 void FormWindow::SendKey(QKeyEvent down, QKeyEvent up) {

@@ -48,6 +48,8 @@ class FormWindow : public QMainWindow, public FormPeer {
   bool MoveFocusTo(Control& control);
   // A key as from the keyboard, down and up.
   void SendKey(QKeyEvent down, QKeyEvent up);
+  // The window's close box, or the window manager, while these keys are held down.
+  void CloseWith(Qt::KeyboardModifiers held);
 
   void CaptionChanged() override;
   void FocusChanged() override;

@@ -65,6 +65,8 @@ void FormWindow::ShowForm() {
     windowHandle()->setFramePosition(InSight(place, *this));
   }
   show();
+  // Who has come by keyboard is shown where he is; the window system has just forgotten it.
+  if (below != nullptr && below->testAttribute(Qt::WA_KeyboardFocusChange)) setAttribute(Qt::WA_KeyboardFocusChange);
   placedAt_ = pos();
   placedSize_ = size();
   placing_ = false;

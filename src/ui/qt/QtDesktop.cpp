@@ -250,10 +250,10 @@ void QtDesktop::ShowStatus(std::string_view text) {
   if (IsDriven()) person_->NoteStatus(text);
 }
 
-int QtDesktop::OpenDocument(const std::string& path, const std::string& arguments) {
-  if (!IsDriven()) return OpenInPlatform(path, arguments);
+int QtDesktop::OpenDocument(const std::string& path) {
+  if (!IsDriven()) return OpenInPlatform(path);
   const int look = LookAtDocument(path);
-  if (look == kOpened) person_->NoteShell(PlainDocument(path));
+  if (look == kOpened) person_->NoteShell(path);
   return look;
 }
 

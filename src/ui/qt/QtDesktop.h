@@ -47,7 +47,7 @@ class QtDesktop : public Desktop {
   void Beep() override;
   void SetPointer(Pointer pointer) override;
   void ShowStatus(std::string_view text) override;
-  int OpenDocument(const std::string& path, const std::string& arguments) override;
+  int OpenDocument(const std::string& path) override;
   void PrintScreen(Form& form) override;
   void PreviewReport(const Report& report, ControlPlace& place) override;
   void PrintReport(const Report& report, PrinterDialog dialog) override;

@@ -50,11 +50,13 @@ std::unique_ptr<QPrinter> MakePrinter(bool isDriven) {
   return printer;
 }
 
-// Where a printer dialog without printers offers to write to.
+// Where a printer dialog without printers offers to write to. Not everybody has a folder for documents.
 QString SuggestedFile(const Report& report) {
   QString name = ToQt(report.title);
   for (const char16_t separator : {u'/', u'\\'}) name.replace(separator, u'-');
-  return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).filePath(name + ".pdf");
+  QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  if (!folder.exists()) folder = QDir(QStandardPaths::writableLocation(QStandardPaths::HomeLocation));
+  return folder.filePath(name + ".pdf");
 }
 
 void WriteReportPdf(const Report& report, const std::filesystem::path& to) {

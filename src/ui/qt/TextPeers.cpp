@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTextDocument>
 
 #include "ui/Desktop.h"
 #include "ui/qt/FormWindow.h"
@@ -83,6 +84,14 @@ class LinePeer : public WidgetPeer {
   bool limited_ = false;
 };
 
+// As it stands there: toPlainText would turn blanks that hold two words together into others.
+QString TextOn(const QPlainTextEdit& page) {
+  return page.document()
+      ->toRawText()
+      .replace(QChar::ParagraphSeparator, QLatin1Char('\n'))
+      .replace(QChar::LineSeparator, QLatin1Char('\n'));
+}
+
 class PagePeer : public WidgetPeer {
  public:
   PagePeer(FormWindow& window, TextBox& control, QPlainTextEdit& edit)
@@ -102,15 +111,13 @@ class PagePeer : public WidgetPeer {
   void Read(ControlState& state) const override {
     WidgetPeer::Read(state);
     // Which characters end the line can't be seen.
-    if (WithLineFeeds(box_.Text()) != FromQt(edit_.toPlainText())) state.text = Shown();
+    if (WithLineFeeds(box_.Text()) != FromQt(TextOn(edit_))) state.text = Shown();
     state.locked = edit_.isReadOnly();
     state.caret = edit_.textCursor().position();
   }
 
  private:
-  std::string Shown() const {
-    return FromQt(edit_.toPlainText().replace(QStringLiteral("\n"), QStringLiteral("\r\n")));
-  }
+  std::string Shown() const { return FromQt(TextOn(edit_).replace(QStringLiteral("\n"), QStringLiteral("\r\n"))); }
 
   void Apply(unsigned aspects) override {
     if (Has(aspects, Aspect::Enabled) || Has(aspects, Aspect::Look)) ShowLocked(edit_, box_);
@@ -118,7 +125,7 @@ class PagePeer : public WidgetPeer {
     // A locked page can still be read and copied from the keyboard.
     if (box_.Locked()) edit_.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     const QString text = ToQt(WithLineFeeds(box_.Text()));
-    if (edit_.toPlainText() == text) return;
+    if (TextOn(edit_) == text) return;
     const int place = edit_.textCursor().position();
     edit_.setPlainText(text);
     if (!edit_.hasFocus()) return;

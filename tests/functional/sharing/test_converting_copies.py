@@ -5,7 +5,7 @@ import random
 from functools import partial
 
 from copysteps import (STOCK, USED, conversion_lines, convert_patiently, converting_copies, copies, in_parallel,
-                       kill_within, shop, start_victim, time_of, work)
+                       kill_within, settle_half_done, shop, start_victim, time_of, work)
 from shopfiles import NO_LINK
 from workfiles import show
 from workorderfiles import (active_tags, archived_tags, file_name, part_row, read_workorder, stock_masters, stock_tags,
@@ -60,14 +60,13 @@ def test_four_copies_that_convert_at_once_never_share_a_number_or_lose_stock(cop
 
 def expect_whole_orders(shop, texts):
     """Whole records, no number twice, nothing that leads nowhere. Adds to the numbers of whole texts, which come last
-    of all. How many texts are there by name alone: a kill may come between making a file and its one write."""
+    of all."""
     active, archived = active_tags(shop), archived_tags(shop)
     numbers = [tag["WorkorderNumber"] for tag in active]
     assert len(set(numbers)) == len(numbers)
     assert all(number < shop.read_system()["last_workorder_number"] for number in numbers)
     by_number = {tag["WorkorderNumber"]: tag for tag in archived}
     assert len(by_number) == len(archived) and set(by_number) <= set(numbers)
-    empty = 0
     for tag in active:
         number = tag["WorkorderNumber"]
         if number in texts:
@@ -76,8 +75,6 @@ def expect_whole_orders(shop, texts):
         if path.exists() and path.stat().st_size > 0:
             expect_whole_order(shop, number, tag, by_number[number])
             texts.add(number)
-        else:
-            empty += path.exists()
     assert {int(name[1:8]) for name in shop.names("W*.tqa")} <= set(numbers)
     used = {name: {record["WorkorderNumber"] for record in usage_records(shop) if record["StockNumber"] == name}
             for name in USED}
@@ -90,7 +87,19 @@ def expect_whole_orders(shop, texts):
         assert texts <= {record["WorkorderNumber"] for record in chain} <= used[name]
         assert master_moves.is_integer() and tag_moves.is_integer()
         assert len(used[name]) >= tag_moves >= master_moves >= len(texts)
-    return empty
+
+
+def expect_nothing_apart(shop, texts, unused):
+    """Once all that was half done is settled: each number has its work order, or was told to have none."""
+    assert shop.names("AJ*") == []
+    assert {tag["WorkorderNumber"] for tag in active_tags(shop)} == texts
+    assert {tag["WorkorderNumber"] for tag in archived_tags(shop)} == texts
+    assert texts | set(unused) == set(range(5001, shop.read_system()["last_workorder_number"]))
+    for tag, master in zip(stock_tags(shop), stock_masters(shop)):
+        name = tag["StockNumber"]
+        assert tag["InStock"] == master["QtyInStock"] == STOCK - USED[name] * len(texts)
+        assert {record["WorkorderNumber"] for record in used_from(shop, master)} == texts
+        assert {record["WorkorderNumber"] for record in usage_records(shop) if record["StockNumber"] == name} == texts
 
 
 def test_kills_in_the_middle_of_converting_leave_whole_files(copies, work, tmp_path):
@@ -98,9 +107,15 @@ def test_kills_in_the_middle_of_converting_leave_whole_files(copies, work, tmp_p
     (survivor,) = converting_copies(copies, work, 1)
     own = set(work.names())
     chance = random.Random(os.environ.get("LANTOS_KILL_SEED", "930"))
-    whole_time, taken, texts, orders = 0.0, set(), set(), []
+    whole_time, texts, orders, unused = 0.0, set(), [], []
+
+    def start_and_settle():
+        copy = start_victim(tmp_path, work)
+        unused.extend(settle_half_done(copy, lambda: chance.choice(["Yes", "No"])))
+        return copy
+
     for kill in range(kills + 1):
-        victim = show(start_victim(tmp_path, work), 901)
+        victim = show(start_and_settle(), 901)
         lines = conversion_lines() * 2
         if kill == 0:
             whole_time = time_of(victim, lines)
@@ -108,14 +123,15 @@ def test_kills_in_the_middle_of_converting_leave_whole_files(copies, work, tmp_p
             kill_within(victim, lines, chance.uniform(0, whole_time))
         before = work.read_system()["last_workorder_number"]
         orders.append(convert_patiently(survivor))
-        assert orders[-1] == before and orders[-1] not in taken
-        taken.update(range(5001, work.read_system()["last_workorder_number"]))
-        empty = expect_whole_orders(work, texts)
+        assert orders[-1] == before
+        expect_whole_orders(work, texts)
         assert texts.issuperset(orders)
         for name in set(work.names()) - own:
             if name.startswith(("LN", "AU")):
                 work.path(name).unlink()  # a later day's start does it
+    start_and_settle().kill()
+    expect_whole_orders(work, texts)
+    expect_nothing_apart(work, texts, unused)
     through = len(texts) - len(orders)
-    lost = work.read_system()["last_workorder_number"] - 5001 - len(texts)
-    print(f"{kills} kills: {through} of the victims' work orders whole, {lost} numbers without, {empty} empty")
+    print(f"{kills} kills: {through} of the victims' work orders whole, {len(unused)} numbers told to be unused")
     assert 2 <= through < 2 * (kills + 1), "some kills came in the middle, and some conversions came through"

@@ -65,6 +65,18 @@ def start_victim(home, shop):
     return victim
 
 
+def settle_half_done(copy, choose):
+    """What killed copies left, at the start of this one: finished or undone as is chosen. Which numbers stay unused."""
+    unused = []
+    while copy.answer["waiting"] == "box":
+        text, buttons = copy.answer["text"], copy.answer["buttons"]
+        if "stay unused" in text or "stays unused" in text:
+            unused.append(int(text.split("to work order # ")[1][:6]))
+        copy.press(choose() if buttons == ["Yes", "No", "Cancel"] else buttons[0])
+    copy.expect_form("frmMain")
+    return unused
+
+
 def time_of(victim, lines):
     """How long it takes when nobody is killed before it is through."""
     begun = time.monotonic()

@@ -44,7 +44,7 @@ class Lantos:
     """Owns the process, its directories and the record of what was said."""
 
     def __init__(self, home, desktop="driver", now=MORNING, computer="BENCH1", arguments=(), cwd=None, runtime=None,
-                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT):
+                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None):
         self.home = Path(home)
         self.settings = Path(settings or self.home / "settings")
         self.print_to = self.home / f"{name}-print"
@@ -67,11 +67,11 @@ class Lantos:
         command += ["--", *[str(argument) for argument in arguments]]
         self._record.write(" ".join(command) + "\n")
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self._errors,
-                                        cwd=cwd or self.home, env=self._environment(runtime), text=True,
+                                        cwd=cwd or self.home, env=self._environment(runtime, faults), text=True,
                                         encoding="utf-8", bufsize=1)
         threading.Thread(target=self._listen, daemon=True).start()
 
-    def _environment(self, runtime):
+    def _environment(self, runtime, faults):
         runtime = Path(runtime or self.home / "runtime")
         for folder in (self.settings, runtime):
             folder.mkdir(parents=True, exist_ok=True)
@@ -80,6 +80,8 @@ class Lantos:
                                                         "LD_LIBRARY_PATH") if key in os.environ}
         environment.update(HOME=str(self.home), XDG_RUNTIME_DIR=str(runtime), LANG="C.UTF-8", TZ="UTC",
                            XDG_CONFIG_HOME=str(self.home / "config"), QT_QPA_PLATFORM="offscreen")
+        if faults is not None:
+            environment.update(faults.environment())
         return environment
 
     # The pipe.

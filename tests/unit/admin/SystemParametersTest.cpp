@@ -193,7 +193,7 @@ TEST(frmSystemParameters, MoreDecimalsThanAreStoredAreRefused) {
   EXPECT_EQ(screen.desktop.boxes.at(0).text,
             "Default Shop Rate ($/hr): \"70.255\" can't be stored. It must have at most 2 decimals.");
   EXPECT_EQ(screen.form.Focus(), &screen.form.shop_rate);
-  test::Type(screen.form.shop_rate, "70.25");
+  for (const char character : std::string("70.25")) screen.form.shop_rate.TypeCharacter(character);  // in its place
   test::Type(screen.form.tax_rate[0], "8.12345");
   test::Press(screen.form, "F10");
   EXPECT_EQ(screen.desktop.boxes.at(1).text,

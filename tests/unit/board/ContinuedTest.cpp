@@ -78,6 +78,24 @@ TEST(ContinuedEstimate, ThatIsStoppedLoadsNothing) {
   EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kTuesday]), (Texts{"000900 Arrived", "  Adams,Beth"}));
 }
 
+TEST(ContinuedEstimate, ThatTheDatabaseRefusesComesBackToTheHoursThatWereTyped) {
+  Continued bench;
+  bench.desktop.failuresExpected = true;
+  bench.Do("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.WillApplyAnHour();
+  bench.desktop.WillUse([&](ui::Form& form) {
+    EXPECT_EQ(dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).Text(), "1.00");
+    bench.Do("drop trigger Refuse");
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  bench.WillEnd();
+  bench.RightClick(bench.board.week.List1[Continued::kTuesday], 0);
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kTuesday]).at(0), "000900 Continued");
+  EXPECT_EQ(bench.board.week.lblWeekHours[Continued::kWednesday].Caption(), "Scheduled 3.00\nof 40.00: Under");
+}
+
 TEST(ContinuedEstimate, WhoseLastStepIsRefusedHasItsCopyOnTheBoard) {
   Continued bench;
   bench.desktop.failuresExpected = true;

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <chrono>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "board/Contents.h"
 #include "board/DayCapacityDatabase.h"
+#include "estimatedb/EngineChoice.h"
+#include "estimatedb/WatchedEngine.h"
 #include "records/Customers.h"
 
 namespace lantos::test {
@@ -42,6 +47,27 @@ struct ContentsBench : BoardShop {
        "values (1001, '2003-09-30', 0, 7, '2003-09-22')");
     database.estimates.LoadEstimate(1001);
   }
+
+  // From now on each statement and each edit of a recordset is told of before it is done; what the watch throws is its
+  // failure.
+  void Watch(WatchedEngine::Watch watch) {
+    database.lantosData.Disconnect();
+    database.lantosData.SetOpener([this, watch = std::move(watch)] {
+      return std::make_unique<WatchedEngine>(
+          OpenDatabase(directory / "Lantos.mdb", clock, database.busyTimeout), watch,
+          [watch](std::string_view table, const std::vector<std::string>&) { watch(table); });
+    });
+  }
+  // Another workstation has the database to itself; this one waits for a moment only.
+  void Hold() {
+    database.busyTimeout = std::chrono::milliseconds(1);
+    database.lantosData.Disconnect();
+    Connect(database, environment);
+    holder = OpenDatabase(directory / "Lantos.mdb", clock);
+    holder->Run("begin exclusive", {});
+  }
+  void LetGo() { holder.reset(); }
+  std::unique_ptr<Engine> holder;
 
   frmInvList inventoryList{shop};
   Workorders workorders{environment, desktop, records};

@@ -1,46 +1,18 @@
 #include <gmock/gmock.h>
 
-#include <set>
-
 #include "board/DayCapacity.h"
-#include "contents/ContentsBench.h"
+#include "contents/StatementsBench.h"
 #include "contents/labor/RepairCodes.h"
 #include "contents/labor/frmRepairCode.h"
 #include "contents/notes/EstimateChecklist.h"
-#include "estimatedb/EngineChoice.h"
-#include "estimatedb/WatchedEngine.h"
 #include "records/Fixture.h"
 #include "records/modSystem.h"
 
 namespace lantos {
 namespace {
 
-using test::ContentsBench;
+using test::StatementsBench;
 using testing::IsEmpty;
-
-// What the work on an estimate asks of the databases, statement by statement.
-struct StatementsBench : ContentsBench {
-  StatementsBench() {
-    SystemRecord& system = records.system.SysRec;
-    system.Put(sysrec::labor_surcharge_percent, 50000);
-    system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
-    CreateKorvelDatabase(directory / "Korvel.mdb", clock);
-    Watch(database.lantosData, kLantosCommands, "Lantos.mdb");
-    Watch(database.korvelData, kKorvelCommands, "Korvel.mdb");
-  }
-
-  void Watch(DataEnvironment& data, std::span<const Command> commands, std::string_view name) {
-    data.Disconnect();
-    data.SetOpener([this, commands, path = directory / std::string(name)] {
-      return std::make_unique<test::WatchedEngine>(OpenDatabase(path, clock), [this, commands](std::string_view text) {
-        (test::IsInTable(commands, text) ? known : strangers).emplace(text);
-      });
-    });
-  }
-
-  std::set<std::string> known;
-  std::set<std::string> strangers;
-};
 
 TEST(Statements, OfLinesAndTheirSurchargeStandInTheTable) {
   StatementsBench bench;

@@ -102,6 +102,38 @@ TEST_F(NewDatabases, AnExistingFileIsNeverOverwritten) {
   EXPECT_EQ(BytesOf("Other.mdb"), "something");
 }
 
+TEST_F(NewDatabases, InASharedDirectoryIsItsGroupsAndSoIsItsJournal) {
+  const ScratchDirectory shared;
+  ASSERT_EQ(::chmod(shared.Path().c_str(), 02770), 0);
+  const mode_t before = ::umask(077);
+  const std::filesystem::path path = shared / "new.mdb";
+  CreateLantosDatabase(path, clock);
+  struct stat journal = {};
+  const std::unique_ptr<Engine> engine = OpenDatabase(path, clock);
+  engine->Together([&] {
+    engine->Run("UPDATE StandardHours SET MonHours = 1", {});
+    EXPECT_EQ(::stat((path.string() + "-journal").c_str(), &journal), 0);
+  });
+  ::umask(before);
+  struct stat database = {};
+  ASSERT_EQ(::stat(path.c_str(), &database), 0);
+  EXPECT_EQ(database.st_mode & 07777, 0660U);
+  EXPECT_EQ(journal.st_mode & 07777, 0660U);
+}
+
+TEST_F(NewDatabases, AreNotMadeOrOpenedThroughALinkElsewhere) {
+  const ScratchDirectory shop;
+  const ScratchDirectory elsewhere;
+  CreateLantosDatabase(elsewhere / "real.mdb", clock);
+  std::filesystem::create_symlink(elsewhere / "real.mdb", shop / "Lantos.mdb");
+  std::filesystem::create_symlink(elsewhere / "none.mdb", shop / "new.mdb");
+  EXPECT_THROW(OpenDatabase(shop / "Lantos.mdb", clock), DatabaseError);
+  EXPECT_THROW(CreateLantosDatabase(shop / "new.mdb", clock), DatabaseError);
+  EXPECT_FALSE(std::filesystem::exists(elsewhere / "none.mdb"));
+  std::filesystem::create_symlink("real.mdb", elsewhere / "Lantos.mdb");
+  EXPECT_NO_THROW(OpenDatabase(elsewhere / "Lantos.mdb", clock)) << "beside the file itself";
+}
+
 TEST_F(NewDatabases, ADirectoryThatIsNotThereLeavesNothing) {
   EXPECT_THROW(CreateLantosDatabase(PathOf("nowhere") / "Lantos.mdb", clock), DatabaseError);
   EXPECT_FALSE(std::filesystem::exists(PathOf("nowhere")));

@@ -20,6 +20,7 @@ class Engines : public DatabaseTest {
     const Recordset rows = engine.Run(statement, {});
     return rows.Text(rows.Columns().front());
   }
+  void AddDay(std::int64_t hours) { engine.Insert("SpecialDays", {"SpecialHours"}, {hours}); }
   std::string RefusalOfFile(const std::string& bytes) {
     Put("Other.mdb", bytes);
     const auto before = Everything();
@@ -184,6 +185,38 @@ TEST_F(Engines, AFailureIsOfAKindAndKeepsTheEnginesNumberAndWords) {
   EXPECT_EQ(kindOf("delete from Estimates"), DatabaseErrorKind::Refused);
 }
 
+TEST_F(Engines, ARefusalOfAnyKindTellsAPersonNeitherStatementNorTheEnginesWords) {
+  using Kind = DatabaseErrorKind;
+  const auto expect = [](SqliteEngine& asked, Kind kind, const std::string& statement, std::vector<Value> values) {
+    try {
+      asked.Run(statement, values);
+      ADD_FAILURE() << "not refused: " << statement;
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(error.Kind(), kind);
+      EXPECT_TRUE(error.Words().starts_with(WordsOf(kind))) << error.Words();
+      EXPECT_EQ(error.Words().find("SpecialDays"), std::string::npos) << error.Words();
+      EXPECT_THAT(error.what(), HasSubstr(statement));
+    }
+  };
+  const std::string insert = "insert into SpecialDays (SpecialDesc) values (?)";
+  engine.Run("PRAGMA query_only = ON", {});
+  expect(engine, Kind::ReadOnly, insert, {"x"s});
+  engine.Run("PRAGMA query_only = OFF", {});
+  engine.Run("PRAGMA max_page_count = " + Ask("PRAGMA page_count"), {});
+  expect(engine, Kind::Full, insert, {std::string(100000, 'x')});
+  engine.Run("PRAGMA max_page_count = 1000000", {});
+  engine.Run("create unique index Days on SpecialDays (SpecialDate)", {});
+  AddDay(1);
+  engine.Run("update SpecialDays set SpecialDate = 1", {});
+  expect(engine, Kind::Duplicate, "insert into SpecialDays (SpecialDate) values (?)", {std::int64_t{1}});
+  expect(engine, Kind::NotThere, "select SpecialColour from SpecialDays", {});
+  std::string bytes = EmptyDatabase();
+  std::fill(bytes.begin() + 4096, bytes.end(), '\xFF');
+  Put("Other.mdb", bytes);
+  SqliteEngine damaged(PathOf("Other.mdb"), clock);
+  expect(damaged, Kind::Damaged, "select * from SpecialDays", {});
+}
+
 // They are read by people who know nothing of statements.
 TEST(DatabaseErrors, HaveWordsOfTheirOwn) {
   using Kind = DatabaseErrorKind;
@@ -212,6 +245,52 @@ TEST_F(Engines, WorkThatFailsTogetherLeavesNothing) {
   EXPECT_EQ(PlainValue("select count(*) from Estimates"), "0");
   engine.Together([&] { engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); });
   EXPECT_EQ(PlainValue("select count(*) from Estimates"), "1");
+}
+
+TEST_F(Engines, WhatFailsApartIsUndoneAndTheRestOfTheWorkStands) {
+  std::string error;
+  engine.Together([&] {
+    AddDay(1);
+    error = ErrorOf([&] {
+      engine.Apart([&] {
+        AddDay(2);
+        engine.Run("insert into Nowhere values (1)", {});
+      });
+    });
+    engine.Apart([&] { AddDay(3); });
+  });
+  EXPECT_THAT(error, HasSubstr("no such table"));
+  EXPECT_THAT(PlainRows("select SpecialHours from SpecialDays order by SpecialHours"), ElementsAre("1", "3"));
+}
+
+// SQLite ends the whole transaction by itself then.
+TEST_F(Engines, WorkThatAFullDiskHasUndoneFailsWhateverIsMadeOfIt) {
+  engine.Run("PRAGMA max_page_count = " + Ask("PRAGMA page_count"), {});
+  DatabaseErrorKind kind = DatabaseErrorKind::Other;
+  try {
+    engine.Together([&] {
+      AddDay(1);
+      ErrorOf(
+          [&] { engine.Apart([&] { engine.Insert("SpecialDays", {"SpecialDesc"}, {std::string(100000, 'x')}); }); });
+    });
+  } catch (const DatabaseError& failure) {
+    kind = failure.Kind();
+  }
+  EXPECT_EQ(kind, DatabaseErrorKind::Full);
+  EXPECT_EQ(PlainValue("select count(*) from SpecialDays"), "0");
+  engine.Together([&] { AddDay(4); });
+  EXPECT_EQ(PlainValue("select SpecialHours from SpecialDays"), "4") << "and the next work is its own";
+}
+
+TEST_F(Engines, WorkApartOfNothingIsWorkTogether) {
+  EXPECT_NE(ErrorOf([&] {
+              engine.Apart([&] {
+                AddDay(1);
+                engine.Run("insert into Nowhere values (1)", {});
+              });
+            }),
+            "");
+  EXPECT_EQ(PlainValue("select count(*) from SpecialDays"), "0");
 }
 
 TEST_F(Engines, ReadingTogetherSeesOneStateOfTheDatabase) {

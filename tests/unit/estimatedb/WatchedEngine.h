@@ -4,20 +4,27 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "estimatedb/CommandTable.h"
 #include "estimatedb/engine/Engine.h"
 
 namespace lantos::test {
 
-// An engine that tells of each statement before the true one runs it.
+// An engine that tells of each statement, and of each edit of a recordset, before the true one does it. What the watch
+// throws is its failure.
 class WatchedEngine : public Engine {
  public:
   using Watch = std::function<void(std::string_view statement)>;
+  using WatchEdits = std::function<void(std::string_view table, const std::vector<std::string>& columns)>;
 
-  WatchedEngine(std::unique_ptr<Engine> engine, Watch watch) : engine_(std::move(engine)), watch_(std::move(watch)) {}
+  WatchedEngine(
+      std::unique_ptr<Engine> engine, Watch watch,
+      WatchEdits watchEdits = [](std::string_view, const std::vector<std::string>&) {})
+      : engine_(std::move(engine)), watch_(std::move(watch)), watchEdits_(std::move(watchEdits)) {}
 
   Recordset Run(std::string_view statement, const std::vector<Value>& parameters) override {
     watch_(statement);
@@ -25,19 +32,26 @@ class WatchedEngine : public Engine {
   }
   void Insert(std::string_view table, const std::vector<std::string>& columns,
               const std::vector<Value>& values) override {
+    watchEdits_(table, columns);
     engine_->Insert(table, columns, values);
   }
   void UpdateFirst(std::string_view table, const std::vector<std::string>& columns, const std::vector<Value>& values,
                    const RowKey& key) override {
+    watchEdits_(table, columns);
     engine_->UpdateFirst(table, columns, values, key);
   }
-  void DeleteFirst(std::string_view table, const RowKey& key) override { engine_->DeleteFirst(table, key); }
+  void DeleteFirst(std::string_view table, const RowKey& key) override {
+    watchEdits_(table, {std::string(key.column)});
+    engine_->DeleteFirst(table, key);
+  }
   void Together(const std::function<void()>& work) override { engine_->Together(work); }
+  void Apart(const std::function<void()>& work) override { engine_->Apart(work); }
   void ReadTogether(const std::function<void()>& work) override { engine_->ReadTogether(work); }
 
  private:
   std::unique_ptr<Engine> engine_;
   Watch watch_;
+  WatchEdits watchEdits_;
 };
 
 inline bool IsInTable(std::span<const Command> commands, std::string_view statement) {

@@ -92,8 +92,8 @@ TEST_F(EmpPRHist, ListsTheRecordsFromTheNewestOn) {
     EXPECT_EQ(form.MsgLabel.Caption(), "");
     EXPECT_EQ(form.cmdCancel.Caption(), "Close");
     EXPECT_EQ(form.ListView1.Rows()[1].cells,
-              (Texts{"", "01/06/2006", "40.00", "600.03", "0.00", "0.00", "0.00", "0.00", "56.27", "0.00", "0.00",
-                     "10.00", "2.00", "0.30", "0.00", "0.00", "0.00", "531.46"}));
+              (Texts{"", "01/06/2006", "40.00", "600.03", "0.00", "0.00", "0.00", "0.00", "56.25", "0.00", "0.00",
+                     "10.00", "2.00", "0.30", "0.00", "0.00", "0.00", "531.48"}));
   });
 }
 
@@ -146,6 +146,17 @@ TEST_F(EmpPRHist, DeleteMarksAndTakesTheMarkBack) {
     EXPECT_EQ(Marks(form), Texts(5, ""));
     EXPECT_EQ(form.MsgLabel.Caption(), "");
     EXPECT_EQ(form.cmdCancel.Caption(), "Close") << "there is nothing to discard";
+  });
+}
+
+TEST_F(EmpPRHist, TheHandIsBackInTheListAfterEachCommand) {
+  desktop.WillAnswer(Answer::No);
+  Use([](frmEmpPRHist& form) {
+    for (const char* command : {"Alt+D", "Alt+D", "Alt+P", "Alt+S"}) {
+      form.chkIncludeSSN.SetFocus();
+      test::Press(form, command);
+      EXPECT_EQ(form.Focus(), &form.ListView1) << command;
+    }
   });
 }
 
@@ -313,8 +324,8 @@ TEST_F(EmpPRHist, TheNumberIsTickedWhereTheShopHasChosenSo) {
 }
 
 TEST_F(EmpPRHist, TheSizeOfTheWindowIsKept) {
-  Use([](frmEmpPRHist& form) { form.DoResize(15000, 9000, ui::WindowState::Normal); });
-  EXPECT_EQ(Setting("frmEmpPRHistWidth"), "15000");
+  Use([](frmEmpPRHist& form) { form.DoResize(15300, 9000, ui::WindowState::Normal); });
+  EXPECT_EQ(Setting("frmEmpPRHistWidth"), "15300");
   EXPECT_EQ(Setting("frmEmpPRHistHeight"), "9000");
   EXPECT_EQ(Setting("frmEmpPRHistState"), "0");
 }

@@ -53,6 +53,19 @@ TEST_F(EmpPRInfo, ShowsEveryFieldOfWhoIsChosen) {
   EXPECT_TRUE(desktop.boxes.empty());
 }
 
+TEST_F(EmpPRInfo, AnAmountThatASaveHasWrittenAnewIsMarked) {
+  KeepPay(12, [](frmEmpPRInfo& form) {
+    Type(form.Wage, "5");
+    Press(form, "F10");
+    EXPECT_TRUE(form.Wage.HasFocus());
+    EXPECT_EQ(form.Wage.Text(), "5.00");
+    form.Wage.TypeCharacter('6');
+    EXPECT_EQ(form.Wage.Text(), "6");
+    Press(form, "F10");
+    Press(form, "Esc");
+  });
+}
+
 TEST_F(EmpPRInfo, EachAmountHoldsTwelveCharacters) {
   KeepPay(12, [](frmEmpPRInfo& form) {
     for (const ui::TextBox* box : {&form.Wage, &form.Salary, &form.Commission, &form.Insurance, &form.Savings,

@@ -166,15 +166,15 @@ TEST(QtDesktop, FontsAreWhatTheControlAsksFor) {
 
 TEST(QtDesktop, WhatADocumentComesToIsToldByItsFile) {
   const test::ScratchDirectory directory;
-  directory.Put("guide.pdf", "%PDF");
+  directory.Put("guide.pdf", "%PDF-1.4");
   directory.Put("noname", "text");
   Bench bench;
   const std::string guide = (directory / "guide.pdf").string();
-  EXPECT_EQ(bench.windows.OpenDocument("\"" + guide + "\"", ""), ui::kOpened);
-  EXPECT_EQ(bench.windows.OpenDocument("https://example.org/", ""), ui::kOpened);
-  EXPECT_EQ(bench.windows.OpenDocument(directory.DataDir() + "none.pdf", ""), ui::kFileNotFound);
-  EXPECT_EQ(bench.windows.OpenDocument(directory.DataDir() + "none\\none.pdf", ""), ui::kPathNotFound);
-  EXPECT_EQ(bench.windows.OpenDocument(directory.DataDir() + "noname", ""), ui::kNoAssociation);
+  EXPECT_EQ(bench.windows.OpenDocument(guide), ui::kOpened);
+  EXPECT_EQ(bench.windows.OpenDocument("https://example.org/"), ui::kOpened);
+  EXPECT_EQ(bench.windows.OpenDocument(directory.DataDir() + "none.pdf"), ui::kFileNotFound);
+  EXPECT_EQ(bench.windows.OpenDocument(directory.DataDir() + "none\\none.pdf"), ui::kPathNotFound);
+  EXPECT_EQ(bench.windows.OpenDocument(directory.DataDir() + "noname"), ui::kNoAssociation);
   EXPECT_EQ(bench.person.opened, (std::vector<std::string>{guide, "https://example.org/"}));
 }
 

@@ -9,6 +9,7 @@ namespace lantos {
 namespace {
 
 using test::Bench;
+using test::Field;
 using Happened = std::vector<std::string>;
 using ui::MouseButton;
 
@@ -182,6 +183,47 @@ TEST(QtHand, WhoGoesByKeyboardIsShownWhereHeIs) {
   EXPECT_FALSE(bench.Window().testAttribute(Qt::WA_KeyboardFocusChange));
   bench.Press("Tab");
   EXPECT_TRUE(bench.Window().testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
+TEST(QtHand, AWindowOpenedByKeyboardShowsWhereTheFocusIs) {
+  Bench bench;
+  bench.form.Show();
+  bench.Press("F10");
+  Field above(bench.windows);
+  above.Show();
+  EXPECT_TRUE(bench.windows.WindowOf(above)->testAttribute(Qt::WA_KeyboardFocusChange));
+  above.Hide();
+}
+
+TEST(QtHand, AWindowOpenedByMouseDoesNot) {
+  Bench bench;
+  bench.form.Show();
+  bench.hand.Click(bench.form.cmdOK, MouseButton::Left);
+  Field above(bench.windows);
+  above.Show();
+  EXPECT_FALSE(bench.windows.WindowOf(above)->testAttribute(Qt::WA_KeyboardFocusChange));
+  above.Hide();
+}
+
+// As a window manager does, which keeps Alt+F4 to itself and asks the window to close.
+void CloseWithAltDown(Bench& bench) { bench.Window().CloseWith(Qt::AltModifier); }
+
+TEST(QtHand, AScreenWithAUseForAltF4HasItBeforeTheWindowManager) {
+  Bench bench;
+  bench.form.takesAltF4 = true;
+  bench.form.Show();
+  CloseWithAltDown(bench);
+  EXPECT_EQ(bench.form.happened, (Happened{"Alt+F4"}));
+  EXPECT_TRUE(bench.form.Visible());
+  bench.hand.Close(bench.form);
+  EXPECT_FALSE(bench.form.Visible());
+}
+
+TEST(QtHand, AnyOtherScreenIsClosedByAltF4) {
+  Bench bench;
+  bench.form.Show();
+  CloseWithAltDown(bench);
+  EXPECT_FALSE(bench.form.Visible());
 }
 
 TEST(QtHand, ArrowsMoveThroughAList) {

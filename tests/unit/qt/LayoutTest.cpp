@@ -91,6 +91,46 @@ TEST(Layout, InALargeFontEveryScreenFitsASmallScreenAndIsSetInItWholly) {
   }
 }
 
+// Of the texts in these labels of a screen that was just opened, set in the usual and in a large font.
+void ExpectRoomFor(const std::string& screen, const std::vector<std::pair<const char*, const char*>>& texts) {
+  for (const int factor : {1, 3}) {
+    WindowShop shop;
+    if (factor > 1) {
+      shop.forms.front()->LoadForm();
+      ui::ApplyFontFactor(*shop.forms.front(), factor);
+    }
+    const auto form =
+        std::find_if(shop.forms.begin(), shop.forms.end(), [&](const auto& each) { return each->Name() == screen; });
+    (*form)->Show();
+    for (ui::Control* control : (*form)->Controls()) {
+      for (const auto& [name, text] : texts) {
+        if (control->Name() == name) dynamic_cast<ui::Label&>(*control).SetCaption(text);
+      }
+    }
+    shop.windows.Settle();
+    for (const auto& [name, text] : texts) {
+      const QLabel* label = shop.windows.WindowOf(**form)->findChild<QLabel*>(name);
+      EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(text)) << name << ", factor " << factor;
+    }
+    (*form)->Hide();
+  }
+}
+
+TEST(Layout, ThePhoneOfWhoIsLookedForIsWhole) { ExpectRoomFor("frmFind", {{"lblCustomer", "000379  541-555-3843"}}); }
+
+TEST(Layout, TheHeadOfAPastWorkOrderIsWhole) {
+  ExpectRoomFor("frmWOHist", {{"custname", "Goodwin,Christopher"},
+                              {"citystatezip", "Stonebridge, OR 97352"},
+                              {"licvin", "Lic: OR CUN-918 VIN: 4S3BK1VF6S0100225"},
+                              {"workorder_number", "1011446"},
+                              {"workorder_type", "Warranty"},
+                              {"status", "ON ACCT"},
+                              {"status_date", "12/28/2024"},
+                              {"method", "Account"},
+                              {"total1", "12500.42"},
+                              {"wo_po_tax", "1012.50"}});
+}
+
 // Points of the window system's font, for as long as it lives.
 struct FontOf {
   explicit FontOf(int points) {

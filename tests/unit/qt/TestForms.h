@@ -27,11 +27,13 @@ class Field : public ui::Form {
   ui::Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 
   std::vector<std::string> happened;
+  bool takesAltF4 = false;
 
  private:
   void OnKeyDown(ui::KeyPress& key) override {
-    if (!key.Is("F10")) return;
-    happened.push_back("F10");
+    const bool isToggle = takesAltF4 && key.IsAlt("F4");
+    if (!key.Is("F10") && !isToggle) return;
+    happened.push_back(isToggle ? "Alt+F4" : "F10");
     key.Clear();
   }
   void OnMouseUp(ui::MouseButton button) override {

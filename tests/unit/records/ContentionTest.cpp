@@ -97,6 +97,20 @@ TEST_F(Waiting, TheUsageOfAPartIsTriedThreeTimesASecondApartAndThenTellsAndBegin
   EXPECT_EQ(BytesOf(kUsageFile).size(), UsageRecord::kLength);
 }
 
+TEST_F(Waiting, APurchaseOrderThatNamesAPathNamesNoFile) {
+  Put("../po.txt", "[Sublets]\r\nVALLEY\r\n");
+  PoTag tag;
+  tag.Put(potag::Number, 17);
+  tag.Put(potag::Status, std::int16_t{1});
+  tag.Put(potag::FileName, "../po.txt");
+  Put(kOpenOrdersFile, std::string(reinterpret_cast<const char*>(tag.Bytes().data()), tag.Bytes().size()));
+  desktop.WillAnswer(Answer::Ok);
+  EXPECT_TRUE(PurchaseOrders(world, desktop).GetOpenPOSublets().empty());
+  ASSERT_EQ(desktop.boxes.size(), 1U);
+  EXPECT_EQ(desktop.boxes[0].text, "Purchase Order detail file (../po.txt)\rnot found.  Skipped.");
+  std::filesystem::remove(PathOf("../po.txt"));
+}
+
 TEST_F(Waiting, TheTagsOfPurchaseOrdersAreTheChoiceOfThePerson) {
   Put(kOpenOrdersFile, Image(PoTag::kLength));
   std::optional<SharedFile> other = HeldByAnother(kOpenOrdersFile);

@@ -1,9 +1,12 @@
 #include "shopmaker/EmptyShop.h"
 
 #include <gmock/gmock.h>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "estimatedb/EngineChoice.h"
 #include "records/modSystem.h"
@@ -165,6 +168,42 @@ class FileSizeLimit {
   rlimit before_{};
   void (*oldHandler_)(int) = nullptr;
 };
+
+mode_t ModeOf(const std::filesystem::path& path) {
+  struct stat status = {};
+  EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
+  return status.st_mode & 07777;
+}
+
+std::string OwnGroup() { return ::getgrgid(::getegid())->gr_name; }
+
+TEST_F(EmptyShop, OfAGroupIsItsGroupsToReadAndWriteAndNobodyElses) {
+  const mode_t before = ::umask(077);
+  MakeEmptyShop(Shop(), {}, clock_, OwnGroup());
+  ::umask(before);
+  EXPECT_EQ(ModeOf(Shop()), 02770);
+  for (const auto& entry : std::filesystem::directory_iterator(Shop())) {
+    EXPECT_EQ(ModeOf(entry.path()), 0660) << entry.path() << ", the databases too";
+  }
+}
+
+TEST_F(EmptyShop, WithoutAGroupIsAsTheUmaskSays) {
+  const mode_t before = ::umask(027);
+  Make();
+  ::umask(before);
+  EXPECT_EQ(ModeOf(Shop()), 0750);
+  for (const auto& entry : std::filesystem::directory_iterator(Shop())) EXPECT_EQ(ModeOf(entry.path()), 0640);
+}
+
+TEST_F(EmptyShop, OfAGroupThatIsNoneIsNotMade) {
+  try {
+    MakeEmptyShop(Shop() / "deep", {}, clock_, "no such group");
+    FAIL();
+  } catch (const ShopError& error) {
+    EXPECT_STREQ(error.what(), "There is no group no such group on this computer.");
+  }
+  EXPECT_FALSE(std::filesystem::exists(Shop()));
+}
 
 class FullDisk : public EmptyShop, public testing::WithParamInterface<int> {};
 

@@ -81,9 +81,9 @@ TEST_F(Answers, CarryWhatHappenedMeanwhileOnce) {
   form.other.OnClick = [&] {
     desktop.Beep();
     desktop.ShowStatus("Saving");
-    EXPECT_EQ(desktop.OpenDocument("http://example.test/", ""), 33);
-    EXPECT_EQ(desktop.OpenDocument("\"/no such.pdf\"", ""), 2);
-    EXPECT_EQ(desktop.OpenDocument("C:\\no\\such.pdf", ""), 3);
+    EXPECT_EQ(desktop.OpenDocument("http://example.test/"), 33);
+    EXPECT_EQ(desktop.OpenDocument("/no such.pdf"), 2);
+    EXPECT_EQ(desktop.OpenDocument("C:\\no\\such.pdf"), 3);
   };
   const auto read = Play({R"j({"do":"click","control":"cmdOther"})j", R"j({"do":"leave"})j", kDone});
   EXPECT_EQ(read[1]["events"],

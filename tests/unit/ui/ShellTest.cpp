@@ -2,13 +2,14 @@
 
 #include "TestDesktop.h"
 #include "frame/ScratchDirectory.h"
+#include "ui/Documents.h"
 
 namespace lantos::ui {
 namespace {
 
 using test::ScratchDirectory;
 using test::TestDesktop;
-using Documents = std::vector<std::pair<std::string, std::string>>;
+using Documents = std::vector<std::string>;
 
 TEST(ShellOpen, EveryResultCodeHasItsMessage) {
   const std::pair<int, const char*> cases[] = {
@@ -44,33 +45,8 @@ TEST(ShellOpen, ThirtyThreeAndMoreIsSilent) {
     desktop.documentResult = code;
     ShellOpen(desktop, "/srv/shop/guide.pdf");
     EXPECT_TRUE(desktop.boxes.empty());
-    EXPECT_EQ(desktop.documents, (Documents{{"/srv/shop/guide.pdf", ""}}));
+    EXPECT_EQ(desktop.documents, (Documents{"/srv/shop/guide.pdf"}));
   }
-}
-
-TEST(RunShell, SplitsOffTheProgramQuotedOrUpToTheFirstBlank) {
-  TestDesktop desktop;
-  RunShell(desktop, "copy.exe all now", "");
-  RunShell(desktop, "  \"/srv/my shop/copy.exe\" all now ", "");
-  RunShell(desktop, "copy.exe all", "and more");
-  RunShell(desktop, "\"copy.exe\"", "all");
-  RunShell(desktop, "copy.exe", "");
-  RunShell(desktop, "\"no end of it", "");
-  RunShell(desktop, "", "");
-  EXPECT_EQ(desktop.documents, (Documents{{"copy.exe", "all now"},
-                                          {"/srv/my shop/copy.exe", "all now"},
-                                          {"copy.exe", "all and more"},
-                                          {"copy.exe", "all"},
-                                          {"copy.exe", ""},
-                                          {"no end of it", ""},
-                                          {"", ""}}));
-}
-
-TEST(RunShell, GivesThePlatformsResultAndNoMessage) {
-  TestDesktop desktop;
-  desktop.documentResult = 5;
-  EXPECT_EQ(RunShell(desktop, "copy.exe", ""), 5);
-  EXPECT_TRUE(desktop.boxes.empty());
 }
 
 struct Guide {
@@ -85,7 +61,7 @@ TEST(HelpFile, LiesInTheDataDirectoryUnderItsNameInAnyCase) {
   Guide guide;
   guide.directory.Put("GUIDE ONE.PDF", "%PDF");
   ShowHelpFile(guide.desktop, guide.files, "", "Guide One.pdf");
-  EXPECT_EQ(guide.desktop.documents, (Documents{{(guide.directory / "GUIDE ONE.PDF").string(), ""}}));
+  EXPECT_EQ(guide.desktop.documents, (Documents{(guide.directory / "GUIDE ONE.PDF").string()}));
 }
 
 TEST(HelpFile, MayLieElsewhereWithOrWithoutASlashAtTheEnd) {
@@ -93,8 +69,7 @@ TEST(HelpFile, MayLieElsewhereWithOrWithoutASlashAtTheEnd) {
   ShowHelpFile(guide.desktop, guide.files, "C:\\help", "guide.pdf");
   ShowHelpFile(guide.desktop, guide.files, "C:\\help\\", "guide.pdf");
   ShowHelpFile(guide.desktop, guide.files, "/srv/help/", "guide.pdf");
-  EXPECT_EQ(guide.desktop.documents,
-            (Documents{{"C:\\help\\guide.pdf", ""}, {"C:\\help\\guide.pdf", ""}, {"/srv/help/guide.pdf", ""}}));
+  EXPECT_EQ(guide.desktop.documents, (Documents{"C:\\help\\guide.pdf", "C:\\help\\guide.pdf", "/srv/help/guide.pdf"}));
 }
 
 TEST(HelpFile, ThatIsMissingIsNamedWithTheDirectoryAsItIsWritten) {
@@ -105,6 +80,24 @@ TEST(HelpFile, ThatIsMissingIsNamedWithTheDirectoryAsItIsWritten) {
   ASSERT_EQ(guide.desktop.boxes.size(), 1U);
   EXPECT_EQ(guide.desktop.boxes[0].text, "Could not locate " + guide.directory.DataDir() + "guide.pdf");
   EXPECT_EQ(guide.desktop.boxes[0].title, "Missing help file");
+}
+
+TEST(HelpFile, ThatIsThereAndIsNotOpenedIsTold) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"%PDF-1.4", " is there, but no program of this computer opens PDF documents, so it isn't opened."},
+      {"#!/bin/sh", " is there, but it is no PDF document, so it isn't opened."},
+      {"", " is there, but it is no PDF document, so it isn't opened."},
+  };
+  for (const auto& [content, cause] : cases) {
+    Guide guide;
+    guide.directory.Put("guide.pdf", content);
+    guide.desktop.documentResult = kNoAssociation;
+    guide.desktop.WillAnswer(Answer::Ok);
+    ShowHelpFile(guide.desktop, guide.files, "", "guide.pdf");
+    ASSERT_EQ(guide.desktop.boxes.size(), 1U);
+    EXPECT_EQ(guide.desktop.boxes[0].text, guide.directory.DataDir() + "guide.pdf" + cause);
+    EXPECT_EQ(guide.desktop.boxes[0].title, "Help file");
+  }
 }
 
 TEST(HelpFile, ThirtyTwoCountsAsFound) {

@@ -1,5 +1,6 @@
 // The file of an active work order: reading, and the prompts when it isn't to be had.
 #include "WorkordersBench.h"
+#include "frame/UnfitFile.h"
 #include "records/Customers.h"
 
 namespace lantos::test {
@@ -53,6 +54,32 @@ TEST_F(GetCurrWoRecTest, AMissingFileIsAskedForUntilThePersonSkipsIt) {
   EXPECT_EQ(Told(Current()), Told(Cleared())) << "cleared before it is looked for";
   EXPECT_FALSE(Checks().ChecklistLoaded);
   EXPECT_FALSE(std::filesystem::exists(PathOf(kFile)));
+}
+
+TEST_F(GetCurrWoRecTest, ATagThatNamesAPathNamesNoFile) {
+  std::filesystem::create_directory(PathOf("sub"));
+  for (const char* place : {"../wo.txt", "sub/wo.txt"}) PutText(place, Short("004711", "A"));
+  for (const std::string name : {"../wo.txt", "..\\wo.txt", "sub/wo.txt", "sub\\wo.txt"}) {
+    MakeTag(name);
+    desktop.boxes.clear();
+    desktop.WillAnswer(Answer::Cancel);
+    EXPECT_FALSE(workorders.GetCurrWoRec()) << name;
+    ASSERT_EQ(desktop.boxes.size(), 1u) << name;
+    EXPECT_EQ(desktop.boxes[0].title, "GetCurrWoRec(" + name + ")");
+    EXPECT_TRUE(desktop.boxes[0].text.starts_with("File not found"));
+  }
+  std::filesystem::remove(PathOf("../wo.txt"));
+}
+
+TEST_F(GetCurrWoRecTest, ATextLongerThanAnyIsNotRead) {
+  PutText(kFile, Short("004711", "A"));
+  std::filesystem::resize_file(PathOf(kFile), kLongestTextFile + 1);
+  EXPECT_THROW(workorders.GetCurrWoRec(), UnfitFile);
+}
+
+TEST_F(GetCurrWoRecTest, ALineLongerThanAnyIsNotRead) {
+  PutText(kFile, {std::string(kLongestLine + 8192, 'x')});
+  EXPECT_THROW(workorders.GetCurrWoRec(), UnfitFile);
 }
 
 TEST_F(GetCurrWoRecTest, AMissingFileThatAppearsIsReadAtRetry) {

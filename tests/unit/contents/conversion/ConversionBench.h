@@ -66,7 +66,10 @@ struct ConversionBench : ContentsBench {
        "where EstimateNumber = 1001");
     database.estimates.LoadEstimate(1001);
   }
-  void SetStatus(std::int16_t status) { database.estimates.CurrentEstimate.Status = status; }
+  void SetStatus(std::int16_t status) {
+    database.lantosData.SetStatus(status, 1001);
+    database.estimates.CurrentEstimate.Status = status;
+  }
   void SetOption(StatusOption option, char letter) {
     environment.statusOptions.letters[static_cast<std::size_t>(option)] = letter;
   }

@@ -225,7 +225,7 @@ TEST(Conversion, WithOptionNLeavesTheStatusAndSaysSo) {
   bench.desktop.WillAnswer({Answer::Ok, Answer::Ok});
   bench.Convert();
   EXPECT_EQ(bench.desktop.boxes.back().text, "Estimate status is still 'Arrived'");
-  EXPECT_EQ(bench.StoredStatus(1001), "0");
+  EXPECT_EQ(bench.StoredStatus(1001), "1");
 }
 
 TEST(Conversion, MayBeDoneAgainAndTakesTheStockAgain) {

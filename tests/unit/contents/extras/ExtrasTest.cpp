@@ -104,7 +104,7 @@ TEST(frmEstExtras, AChangedLineKeepsItsNumberAndARemovedOneGoesWithAllItsRows) {
   EXPECT_THAT(bench.Stored("Sublets", "SubletNumber"), ElementsAre("3:TOWING"));
 }
 
-TEST(frmEstExtras, ALineThatCantBeStoredLeavesTheOldOne) {
+TEST(frmEstExtras, ALineThatCantBeStoredLeavesTheOldOneAndItsEditor) {
   ExtrasBench bench;
   bench.database.lantosData.AddWaste(1001, 1, {"OIL", "", 0, 100, "", "", "", "", "No"});
   bench.Do("create trigger Refuse before insert on Waste begin select raise(abort, 'no'); end");
@@ -112,27 +112,35 @@ TEST(frmEstExtras, ALineThatCantBeStoredLeavesTheOldOne) {
   form.LoadForm();
   form.Show();
   bench.desktop.failuresExpected = true;
-  bench.WillEdit("Change Waste", "COOLANT");
+  bench.desktop.WillUse([&](ui::Form& editor) {
+    auto& extra = dynamic_cast<frmWOExtra&>(editor);
+    test::Type(extra.Vendor, "COOLANT");
+    test::Press(editor, "F10");
+    EXPECT_TRUE(editor.Visible());
+    EXPECT_EQ(extra.Vendor.Text(), "COOLANT");
+    test::Press(editor, "F2");
+    EXPECT_EQ(extra.Vendor.Text(), "OIL") << "as it is stored";
+    bench.desktop.WillAnswer(Answer::Ok);
+    test::Press(editor, "Esc");
+  });
   form.cmdChange.DoClick();
+  EXPECT_EQ(bench.desktop.boxes.back().text, "The waste \"COOLANT\" was not stored.");
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_THAT(bench.Stored("Waste", "WasteNumber"), ElementsAre("1:OIL"));
   EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 OIL 0.00 1.00"));
 }
 
-TEST(frmEstExtras, ALineOfAnotherWorkstationIsSeenWhenItKeepsOursOut) {
+TEST(frmEstExtras, ANumberThatAnotherWorkstationHasTakenIsPassedOverAndItsLineSeen) {
   ExtrasBench bench;
   frmEstExtras form(bench.bench, kWasteExtras);
   form.LoadForm();
   form.Show();
   bench.database.lantosData.AddWaste(1001, 1, {"THEIRS", "", 0, 100, "", "", "", "", "No"});
-  bench.desktop.failuresExpected = true;
-  bench.WillEdit("Estimate Waste", "OURS");
-  form.cmdAdd.DoClick();
-  EXPECT_THAT(bench.desktop.failures, ElementsAre(std::string(WordsOf(DatabaseErrorKind::Duplicate))));
-  EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 THEIRS 0.00 1.00"));
   bench.WillEdit("Estimate Waste", "OURS");
   form.cmdAdd.DoClick();
   EXPECT_THAT(bench.Stored("Waste", "WasteNumber"), ElementsAre("1:THEIRS", "2:OURS"));
+  EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 THEIRS 0.00 1.00", "2 OURS 0.00 0.00"));
+  EXPECT_EQ(form.listLines.ListIndex(), 1);
 }
 
 TEST(frmEstExtras, ALineThatCantBeRemovedStays) {

@@ -122,19 +122,39 @@ TEST(EstimateChecklist, CancelPutsTheTableBackAndWritesNothing) {
 }
 
 // A work order takes what the table has.
-TEST(EstimateChecklist, ASaveThatFailsPutsTheTableBack) {
+TEST(EstimateChecklist, ASaveThatFailsStaysOnTheScreenUntilItIsGivenUp) {
   ChecklistBench bench;
   bench.Do("create trigger Refuse before insert on Checklist begin select raise(abort, 'no'); end");
+  bench.desktop.failuresExpected = true;
   const auto before = bench.Used();
-  EXPECT_THROW(bench.Use([](frmWOChklst& form) {
+  bench.Use([&](frmWOChklst& form) {
     form.List1.DoCheck(1, true);
     form.List2.DoCheck(1, true);
     test::Press(form, "F10");
-  }),
-               DatabaseError);
+    EXPECT_TRUE(form.Visible());
+    EXPECT_TRUE(form.List2.Checked(1));
+    bench.desktop.WillAnswer(ui::Answer::Ok);
+    test::Press(form, "Esc");
+  });
+  EXPECT_EQ(bench.desktop.boxes.back().text, "The checklist was not stored.");
+  EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_TRUE(bench.Stored().empty());
   EXPECT_EQ(bench.Used(), before);
   EXPECT_FALSE(bench.records.checkList.ChecklistLoaded);
+}
+
+TEST(EstimateChecklist, ASaveThatSucceedsAtTheNextTryIsStoredWhole) {
+  ChecklistBench bench;
+  bench.Do("create trigger Refuse before insert on Checklist begin select raise(abort, 'no'); end");
+  bench.desktop.failuresExpected = true;
+  bench.Use([&](frmWOChklst& form) {
+    form.List1.DoCheck(1, true);
+    test::Press(form, "F10");
+    bench.Do("drop trigger Refuse");
+    test::Press(form, "F10");
+  });
+  EXPECT_THAT(bench.Stored(), ElementsAre("[Brakes], , "));
+  EXPECT_TRUE(bench.records.checkList.ChecklistLoaded);
 }
 
 TEST(frmWOChklst, ShowsCategoriesWithoutBracketsAndTheItemsOfTheOneSelected) {

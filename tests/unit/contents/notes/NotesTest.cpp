@@ -154,6 +154,20 @@ TEST(frmEstNotes, ARemovedNoteGoesWithAllItsRows) {
   EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays"));
 }
 
+TEST(frmEstNotes, ANumberThatAnotherWorkstationHasTakenIsPassedOverAndItsNoteSeen) {
+  NotesBench bench;
+  bench.Store(1, Note{"stays"});
+  frmEstNotes form(bench.bench);
+  form.LoadForm();
+  form.Show();
+  bench.Store(2, Note{"of another", "workstation"});
+  bench.WillType("Estimate Notes", "ours");
+  form.cmdAdd.DoClick();
+  EXPECT_EQ(bench.Stored().back(), "3:ours////////");
+  EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays", "--> of another", "    workstation", "--> ours"));
+  EXPECT_EQ(form.listNotes.ListIndex(), 3);
+}
+
 TEST(frmEstNotes, WhatTheDatabaseRefusesLeavesTheListAsTheDatabaseIs) {
   NotesBench bench;
   bench.Store(1, Note{"stays"});
@@ -162,17 +176,23 @@ TEST(frmEstNotes, WhatTheDatabaseRefusesLeavesTheListAsTheDatabaseIs) {
   form.Show();
   bench.Store(2, Note{"of another", "workstation"});
   bench.desktop.failuresExpected = true;
-  bench.WillType("Estimate Notes", "ours");
-  form.cmdAdd.DoClick();
-  EXPECT_THAT(bench.desktop.failures, ElementsAre(std::string(WordsOf(DatabaseErrorKind::Duplicate))));
-  EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays", "--> of another", "    workstation"));
   bench.Do("create trigger Refuse before delete on Notes begin select raise(abort, 'no'); end");
   bench.desktop.WillAnswer(Answer::Yes);
   form.cmdRemove.DoClick();
-  bench.WillType("Estimate Notes", "changed");
+  bench.desktop.WillUse([&](ui::Form& editor) {
+    auto& note = dynamic_cast<frmNotes&>(editor);
+    test::Type(note.txtDesc, "changed");
+    test::Press(editor, "F10");
+    EXPECT_TRUE(editor.Visible());
+    EXPECT_EQ(note.txtDesc.Text(), "changed");
+    bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
+    test::Press(editor, "Esc");
+  });
   form.cmdChange.DoClick();
-  EXPECT_EQ(bench.desktop.failures.back(), WordsOf(DatabaseErrorKind::Refused));
-  EXPECT_EQ(bench.desktop.failures.size(), 3U);
+  EXPECT_EQ(bench.desktop.boxes.back().text, "The note \"changed\" was not stored.");
+  EXPECT_THAT(bench.desktop.failures,
+              ElementsAre(std::string(WordsOf(DatabaseErrorKind::Refused)),
+                          testing::StartsWith(std::string(WordsOf(DatabaseErrorKind::Refused)))));
   EXPECT_THAT(Rows(form.listNotes), ElementsAre("--> stays", "--> of another", "    workstation"));
 }
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "shop/Shop.h"
+#include "workorders/ConversionJournal.h"
+#include "workorders/Workorders.h"
+
+namespace lantos {
+
+// Conversions that ended in the middle, as their journals tell: says of each what is done, and finishes or undoes it as
+// the person wants. One whose copy still runs is left alone.
+class HalfDone {
+ public:
+  using Finish = std::function<void(const BegunConversion& begun, ConversionJournal& journal)>;
+
+  // finish shows the estimate and brings its conversion to the end.
+  HalfDone(Shop& shop, Workorders& workorders, Finish finish)
+      : shop_(shop), workorders_(workorders), finish_(std::move(finish)) {}
+
+  // By the names of the journals. What fails is reported, and the journal stays.
+  void Settle(const std::vector<std::string>& journals);
+  // Those of one estimate, but for this copy's own: it has told its person what was done.
+  enum class Settled { NothingFinished, Finished };
+  Settled SettleOf(std::int32_t estimate);
+
+ private:
+  void SettleOne(const std::string& name);
+  std::optional<ConversionJournal> OpenLeft(const std::string& name);
+  void SettleBegun(const BegunConversion& begun, ConversionJournal& journal);
+  void TellOfDamage(ConversionJournal& journal);
+  void TellOfNumber(const BegunConversion& begun);
+  std::string WhatIsDone(const BegunConversion& begun, const Workorders::FilesWritten& written);
+  void Undo(const BegunConversion& begun, ConversionJournal& journal);
+  bool GiveNumberBack(std::int32_t number);
+
+  Shop& shop_;
+  Workorders& workorders_;
+  Finish finish_;
+  std::int32_t onlyOf_ = 0;  // 0: of any estimate
+  Settled settled_ = Settled::NothingFinished;
+};
+
+}  // namespace lantos

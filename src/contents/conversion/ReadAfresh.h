@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "estimatedb/EstimateDatabase.h"
+#include "shop/Shop.h"
+
+namespace lantos {
+
+// What other copies have made of the current estimate since it was shown here, as far as it is about to be made
+// again: became a work order, moved to another day, got another status.
+enum class Meanwhile { Nothing, GoesOn, Stops };
+
+// Reads the current estimate afresh, ahead of a conversion or a move. When something of this has happened the person
+// is told what, and asked whether to go on; the current estimate is as it stands in the database then, whatever the
+// answer. One that was deleted is told of and stops. Throws DatabaseError.
+Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, const std::string& title);
+
+}  // namespace lantos

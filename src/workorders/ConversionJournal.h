@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/Environment.h"
+#include "frame/SharedFile.h"
+
+namespace lantos {
+
+// A part whose stock is about to be lowered, as its records stood then.
+struct JournaledPart {
+  std::string number;
+  std::int16_t quantity = 0;
+  std::int16_t stockInTag = 0, stockInMaster = 0;
+  FileLink usageLink = kNoLink;  // of the master
+};
+
+// What a journal says: a conversion that was begun, and how far it came at least.
+struct BegunConversion {
+  std::int32_t estimate = 0;
+  std::int32_t workorder = 0;
+  std::string when, where;  // "2003-09-30T08:15:00"; the computer's name
+  bool hasNumber = false;   // it is this work order's own, and nobody else's
+  bool isUndone = false;    // but for its number
+  std::vector<JournaledPart> parts;
+};
+
+// The journal of a running conversion: a text file in the data directory under this copy's name, that says ahead of
+// each step what it will do. It is open, with no sharing, for as long as the conversion runs, and goes with its end; so
+// one that can be opened was left behind. docs/file-formats.md has its lines.
+class ConversionJournal {
+ public:
+  // Makes the file and notes which number the estimate is about to get. WordedError when that isn't possible.
+  ConversionJournal(Environment& environment, std::int32_t estimate, std::int32_t workorder);
+  // Goes on with one that was left behind. FileError: 70 while its conversion runs, 53 when it is gone.
+  ConversionJournal(Environment& environment, const std::string& name);
+
+  // Whether this copy made the journal of that name.
+  static bool IsOwn(const Environment& environment, std::string_view name);
+
+  // Whole lines only, in the program's page; what a journal of a megabyte has behind that is left out.
+  std::string Content() const;
+
+  // All throw FileError.
+  void TakesNumber();  // it is this conversion's own
+  void WillMove(const JournaledPart& part);
+  void WillWrite(std::string_view what);  // of the other steps, for who reads the file
+  void IsUndone();
+  // The conversion is whole, or undone. A file that can't be deleted is emptied.
+  void Remove();
+
+  const std::string& Name() const { return name_; }
+
+ private:
+  void Write(const std::string& line);
+
+  Environment& environment_;
+  std::string name_;
+  SharedFile file_;
+  std::uint64_t end_ = 0;
+};
+
+// Nothing for a text that is no journal, or a damaged one. One that says nothing of an estimate yet has the number 0.
+std::optional<BegunConversion> ReadJournal(std::string_view content);
+
+}  // namespace lantos

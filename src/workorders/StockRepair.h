@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "records/AskedTurn.h"
+#include "records/inventory/UsageHistory.h"
+#include "shop/Records.h"
+#include "ui/Desktop.h"
+#include "workorders/ConversionJournal.h"
+
+namespace lantos {
+
+// Parts of a conversion that ended in the middle: how far each came is told by the files themselves, whatever other
+// copies have sold of it since, and it is brought to its end or taken back. Ending in the middle once more leaves what
+// the next look tells apart as well.
+class StockRepair {
+ public:
+  StockRepair(Environment& environment, ui::Desktop& desktop, Records& records, std::int32_t workorder);
+
+  // Whether the use of the part was noted: without it nothing was done for it.
+  bool IsBegun(const JournaledPart& part) const { return FindUsage(part.number) != kNoLink; }
+  // Usage, tag and master as a whole movement leaves them; as if it had not been. GivenUp when a file can't be had.
+  void Complete(const JournaledPart& part);
+  void TakeBack(const JournaledPart& part);
+
+  // Parts whose stock was changed in other ways meanwhile, so that nobody can tell whether it was lowered: it was left
+  // alone, and wants to be counted.
+  const std::vector<std::string>& ToBeCounted() const { return toBeCounted_; }
+
+ private:
+  struct Chain {
+    bool hasOurs = false;
+    FileLink behindOurs = kNoLink;  // the record that leads to ours; none when the master does
+    std::int64_t others = 0;        // taken since, by others
+  };
+  // How far a part came.
+  struct Found {
+    Inventory::PartIndex index = Inventory::kNoPart;
+    FileLink offset = kNoLink;  // of the master
+    FileLink usage = kNoLink;
+    Chain chain;
+    bool isKnown = false;    // what the tag has is one of two
+    bool isLowered = false;  // the tag
+  };
+  FileLink FindUsage(const std::string& number) const;
+  std::optional<Found> Look(const JournaledPart& part);
+  Chain WalkChain(const JournaledPart& part, FileLink usage, FileLink head) const;
+  UsageRecord UsageAt(FileLink link) const;
+  void SetPrevLink(FileLink usage, FileLink previous);
+  void RemoveUsage(FileLink usage);
+  void Unlink(const Found& found);
+  void Store(const Found& found);
+
+  Environment& environment_;
+  ui::Desktop& desktop_;
+  Inventory& inventory_;
+  std::int32_t workorder_;
+  const FileIO::SteadyNames names_;
+  UpdateTurns turns_;
+  std::vector<std::string> toBeCounted_;
+};
+
+}  // namespace lantos

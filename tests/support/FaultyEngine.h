@@ -1,0 +1,109 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "estimatedb/EngineChoice.h"
+#include "estimatedb/EstimateDatabase.h"
+#include "support/FaultyCalls.h"
+
+namespace lantos::test {
+
+// Which statements of a run fail. It outlives the engines that are opened under it.
+class StatementFaults {
+ public:
+  // The statement of this index, counted from 0, fails, and the times - 1 behind it. A transaction's begin and its end
+  // count as statements.
+  void FailAt(std::size_t index, Fault fault, int times = 1) {
+    When([index, fault, times](std::string_view, std::size_t at) -> const Fault* {
+      static constexpr Fault kEach[] = {Fault::DiskFull, Fault::DeviceIo, Fault::ReadOnly, Fault::Held};
+      const bool isDue = at >= index && at < index + static_cast<std::size_t>(times);
+      return isDue ? &kEach[static_cast<std::size_t>(fault)] : nullptr;
+    });
+  }
+  // Null lets the statement through.
+  using Decide = std::function<const Fault*(std::string_view statement, std::size_t index)>;
+  void When(Decide decide) { decide_ = std::move(decide); }
+  void Mend() { decide_ = nullptr; }
+
+  const std::vector<std::string>& Statements() const { return statements_; }
+  std::size_t Failed() const { return failed_; }
+
+  // For the engine: throws what the true one would.
+  void Take(std::string_view statement) {
+    const std::size_t index = statements_.size();
+    statements_.emplace_back(statement);
+    const Fault* fault = decide_ ? decide_(statement, index) : nullptr;
+    if (fault == nullptr) return;
+    ++failed_;
+    const DatabaseErrorKind kind = KindOf(*fault);
+    throw DatabaseError(NameOf(*fault) + "\n\nStatement: " + std::string(statement), kind, 1,
+                        std::string(WordsOf(kind)) + "\n\nLantos.mdb");
+  }
+
+ private:
+  static DatabaseErrorKind KindOf(Fault fault) {
+    constexpr DatabaseErrorKind kKinds[] = {DatabaseErrorKind::Full, DatabaseErrorKind::Unreachable,
+                                            DatabaseErrorKind::ReadOnly, DatabaseErrorKind::Locked};
+    return kKinds[static_cast<std::size_t>(fault)];
+  }
+
+  std::vector<std::string> statements_;
+  std::size_t failed_ = 0;
+  Decide decide_;
+};
+
+// An engine whose statements fail on purpose, undone; a transaction goes back with them.
+class FaultyEngine : public Engine {
+ public:
+  FaultyEngine(std::unique_ptr<Engine> engine, StatementFaults& faults) : engine_(std::move(engine)), faults_(faults) {}
+
+  Recordset Run(std::string_view statement, const std::vector<Value>& parameters) override {
+    faults_.Take(statement);
+    return engine_->Run(statement, parameters);
+  }
+  void Insert(std::string_view table, const std::vector<std::string>& columns,
+              const std::vector<Value>& values) override {
+    faults_.Take("insert into " + std::string(table));
+    engine_->Insert(table, columns, values);
+  }
+  void UpdateFirst(std::string_view table, const std::vector<std::string>& columns, const std::vector<Value>& values,
+                   const RowKey& key) override {
+    faults_.Take("update " + std::string(table));
+    engine_->UpdateFirst(table, columns, values, key);
+  }
+  void DeleteFirst(std::string_view table, const RowKey& key) override {
+    faults_.Take("delete from " + std::string(table));
+    engine_->DeleteFirst(table, key);
+  }
+  void Together(const std::function<void()>& work) override {
+    faults_.Take("begin");
+    engine_->Together([&] {
+      work();
+      faults_.Take("commit");
+    });
+  }
+  void ReadTogether(const std::function<void()>& work) override {
+    faults_.Take("begin to read");
+    engine_->ReadTogether(work);
+  }
+
+ private:
+  std::unique_ptr<Engine> engine_;
+  StatementFaults& faults_;
+};
+
+// From its next statement on the shop's database is one whose statements fail as it is told. The faults outlive it.
+inline void MakeFaulty(EstimateDatabase& database, Environment& environment, StatementFaults& faults) {
+  database.lantosData.Disconnect();
+  database.lantosData.SetOpener([&environment, &faults] {
+    return std::make_unique<FaultyEngine>(OpenDatabase(environment.files.PathOf(kLantosDatabase), environment.clock),
+                                          faults);
+  });
+}
+
+}  // namespace lantos::test

@@ -1,0 +1,64 @@
+#include "support/FaultyEngine.h"
+
+#include <gtest/gtest.h>
+
+#include "board/DayCapacityDatabase.h"
+
+namespace lantos {
+namespace {
+
+using test::Fault;
+
+struct FaultyShop : test::BoardShop {
+  FaultyShop() { MakeFaulty(database, environment, faults); }
+
+  DatabaseErrorKind KindOfStoring() {
+    try {
+      database.lantosData.Connection().Together([&] { database.lantosData.SetStatus(kInProgress, 900); });
+    } catch (const DatabaseError& error) {
+      return error.Kind();
+    }
+    return DatabaseErrorKind::Other;
+  }
+
+  test::StatementFaults faults;
+};
+
+TEST(FaultyEngine, EachStatementOfATransactionFailsAndTakesItBack) {
+  FaultyShop shop;
+  shop.database.lantosData.AddEstimateRow(900, shop.Today(), kArrived);
+  const std::pair<Fault, DatabaseErrorKind> kinds[] = {{Fault::DiskFull, DatabaseErrorKind::Full},
+                                                       {Fault::DeviceIo, DatabaseErrorKind::Unreachable},
+                                                       {Fault::ReadOnly, DatabaseErrorKind::ReadOnly},
+                                                       {Fault::Held, DatabaseErrorKind::Locked}};
+  for (const auto& [fault, kind] : kinds) {
+    for (std::size_t i = 0; i < 3; ++i) {  // begin, the statement, commit
+      shop.faults.FailAt(shop.faults.Statements().size() + i, fault);
+      EXPECT_EQ(shop.KindOfStoring(), kind) << test::NameOf(fault) << " at " << i;
+      EXPECT_EQ(shop.StoredStatus(900), "1");
+    }
+  }
+  shop.faults.Mend();
+  EXPECT_EQ(shop.KindOfStoring(), DatabaseErrorKind::Other);
+  EXPECT_EQ(shop.StoredStatus(900), "2");
+}
+
+// The calls of the database engine on its file go the same way as the program's own.
+TEST(FaultyCalls, OfTheDatabaseFailAsItsOwnErrors) {
+  test::BoardShop shop;
+  shop.database.lantosData.AddEstimateRow(900, shop.Today(), kArrived);
+  test::FaultyCalls calls(shop.directory.Path());
+  shop.database.lantosData.Disconnect();
+  calls.FailOn("Lantos.mdb-journal", test::CallKind::Write, Fault::DiskFull);
+  try {
+    shop.database.lantosData.SetStatus(kInProgress, 900);
+    FAIL() << "stored on a full disk";
+  } catch (const DatabaseError& error) {
+    EXPECT_EQ(error.Kind(), DatabaseErrorKind::Full);
+  }
+  calls.Mend();
+  EXPECT_EQ(shop.StoredStatus(900), "1");
+}
+
+}  // namespace
+}  // namespace lantos
