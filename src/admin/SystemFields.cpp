@@ -49,9 +49,9 @@ class Status {
 
 }  // namespace
 
-void SystemFields::AddText(ui::TextBox& box, TextField field, std::size_t width) {
+void SystemFields::AddText(ui::TextBox& box, TextField field, std::size_t width, const std::string& name) {
   box.SetMaxLength(width);
-  texts_.push_back({box, field, ""});
+  texts_.push_back({box, field, name, ""});
 }
 
 void SystemFields::AddMoney(ui::TextBox& box, LongField field, const std::string& name) {
@@ -81,9 +81,12 @@ void SystemFields::Add(const Number& number) {
   numbers_.Add(number.box, number.name);
 }
 
-void SystemFields::AddYesNo(ui::CheckBox& box, ByteField field) { yesNos_.push_back({box, field}); }
+void SystemFields::AddYesNo(ui::CheckBox& box, ByteField field, const std::string& name) {
+  yesNos_.push_back({box, field, name});
+}
 
 void SystemFields::Show(const SystemRecord& record) {
+  shown_ = record;
   for (Text& text : texts_) {
     text.shown = record.Get(text.field);
     text.box.SetText(text.shown);
@@ -141,15 +144,39 @@ void SystemFields::Store(SystemRecord& record) const {
     if (value != number.shown) record.Put(number.field, value);
   }
   for (const YesNo& yesNo : yesNos_) {
-    const bool changed = yesNo.box.Value() != yesNo.shown;
-    const bool isYes = changed ? yesNo.box.Value() : record.Get(yesNo.field) == 'Y';
-    record.Put(yesNo.field, isYes ? 'Y' : 'N');
+    if (yesNo.box.Value() != yesNo.shown) record.Put(yesNo.field, yesNo.box.Value() ? 'Y' : 'N');
   }
 }
 
-void SaveSystem(Shop& shop, std::string_view status, const SystemFields& fields) {
+std::vector<MergedField> SystemFields::Table() const {
+  using Reads = MergedField::Reads;
+  std::vector<MergedField> table;
+  for (const Text& text : texts_) table.emplace_back(text.name, text.field);
+  for (const Number& number : amounts_) {
+    const Reads reads = number.dollars != nullptr   ? Reads::PercentOrDollars
+                        : number.decimals == kMoney ? Reads::Cents
+                                                    : Reads::TenThousandths;
+    table.emplace_back(number.name, number.field, reads);
+  }
+  for (const YesNo& yesNo : yesNos_) table.emplace_back(yesNo.name, yesNo.field, Reads::YesNo);
+  return table;
+}
+
+bool SystemFields::Save(modSystem& system) {
+  SystemRecord ours = shown_;
+  Store(ours);
+  const std::vector<MergedField> table = Table();
+  RecordMerge merge(table, shown_, ours);
+  const auto put = [&](SystemRecord& record) {
+    merge.Into(record);
+    for (const YesNo& yesNo : yesNos_) record.Put(yesNo.field, record.Get(yesNo.field) == 'Y' ? 'Y' : 'N');
+  };
+  return merge.Run(form_.GetDesktop(), form_.Caption(), [&] { system.Update(put); });
+}
+
+bool SaveSystem(Shop& shop, std::string_view status, SystemFields& fields) {
   const Status shown(shop.desktop, status);
-  shop.records.system.Update([&](SystemRecord& record) { fields.Store(record); });
+  return fields.Save(shop.records.system);
 }
 
 }  // namespace lantos

@@ -18,18 +18,18 @@ frmCompanyInfo::frmCompanyInfo(Shop& shop)
 }
 
 void frmCompanyInfo::AddFields() {
-  fields_.AddText(company_name, sysrec::company_name, 31);
-  fields_.AddText(extra_company_name, sysrec::extra_company_name, 41);
-  fields_.AddText(company_address, sysrec::company_address, 32);
-  fields_.AddText(company_city, sysrec::company_city, 20);
-  fields_.AddText(company_state, sysrec::company_state, 2);
-  fields_.AddText(company_zip, sysrec::company_zip, 10);
-  fields_.AddText(company_phone1, sysrec::company_phone1, 14);
-  fields_.AddText(company_phone2, sysrec::company_phone2, 14);
-  fields_.AddText(state_reg_number, sysrec::state_reg_number, 20);
-  fields_.AddText(fed_id_number, sysrec::fed_id_number, 20);
-  fields_.AddText(state_id_number, sysrec::state_id_number, 20);
-  fields_.AddText(local_id_number, sysrec::local_id_number, 20);
+  fields_.AddText(company_name, sysrec::company_name, 31, "Company Name");
+  fields_.AddText(extra_company_name, sysrec::extra_company_name, 41, "Extra Company Info");
+  fields_.AddText(company_address, sysrec::company_address, 32, "Company Address");
+  fields_.AddText(company_city, sysrec::company_city, 20, "Company City");
+  fields_.AddText(company_state, sysrec::company_state, 2, "Company State");
+  fields_.AddText(company_zip, sysrec::company_zip, 10, "Company Zip");
+  fields_.AddText(company_phone1, sysrec::company_phone1, 14, "Company Phone 1");
+  fields_.AddText(company_phone2, sysrec::company_phone2, 14, "Company Phone 2");
+  fields_.AddText(state_reg_number, sysrec::state_reg_number, 20, "State Regulation #");
+  fields_.AddText(fed_id_number, sysrec::fed_id_number, 20, "Federal ID Number");
+  fields_.AddText(state_id_number, sysrec::state_id_number, 20, "State ID Number");
+  fields_.AddText(local_id_number, sysrec::local_id_number, 20, "Local ID Number");
 }
 
 // Another workstation may have changed the record since this one has read it.
@@ -53,7 +53,7 @@ bool frmCompanyInfo::MayNameStand() {
 // F10 doesn't leave the name, so it hasn't been looked at.
 void frmCompanyInfo::Accept() {
   if (!MayNameStand()) return company_name.SetFocus();
-  SaveSystem(shop_, "Updating Company Info", fields_);
+  if (!SaveSystem(shop_, "Updating Company Info", fields_)) return;
   MarkUnchanged();
   saved_ = true;
   Hide();

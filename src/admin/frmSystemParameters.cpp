@@ -55,17 +55,17 @@ void frmSystemParameters::AddFields() {
                        sysrec::labor_surcharge_percent, "Labor Surcharge");
   fields_.AddSurcharge(parts_surcharge_percent, optPartsSurcharge[0], optPartsSurcharge[1],
                        sysrec::parts_surcharge_percent, "Parts Surcharge");
-  fields_.AddText(surcharge_description, sysrec::surcharge_description, kDescriptionWidth);
-  fields_.AddYesNo(surcharge_is_sublet, sysrec::surcharge_is_sublet);
+  fields_.AddText(surcharge_description, sysrec::surcharge_description, kDescriptionWidth, "Surcharge Description");
+  fields_.AddYesNo(surcharge_is_sublet, sysrec::surcharge_is_sublet, "Surcharge is a Sublet");
   for (std::size_t i = 0; i < tax_rate.size(); ++i) {
     fields_.AddRate(tax_rate[i], kTaxRates[i].field, kTaxRates[i].name);
   }
   for (std::size_t i = 0; i < markups.size(); ++i) fields_.AddRate(markups[i], kMarkups[i].field, kMarkups[i].name);
-  fields_.AddText(hand_msg1, sysrec::hand_msg1, kMessageWidth);
-  fields_.AddText(hand_msg2, sysrec::hand_msg2, kMessageWidth);
-  fields_.AddText(fleet_terms, sysrec::fleet_terms, kMessageWidth);
+  fields_.AddText(hand_msg1, sysrec::hand_msg1, kMessageWidth, "Have a Nice Day Message");
+  fields_.AddText(hand_msg2, sysrec::hand_msg2, kMessageWidth, "Have a Nice Day Message, second line");
+  fields_.AddText(fleet_terms, sysrec::fleet_terms, kMessageWidth, "Fleet Statement Terms");
   fields_.AddRate(fleet_late_charge_percent, sysrec::fleet_late_charge_percent, "Fleet Statement Late %");
-  fields_.AddText(shell_command_line, sysrec::shell_command_line, kMessageWidth);
+  fields_.AddText(shell_command_line, sysrec::shell_command_line, kMessageWidth, "Shell Command Line");
 }
 
 // Another workstation may have changed the record since this one has read it.
@@ -83,7 +83,7 @@ void frmSystemParameters::OnLoad() {
 
 void frmSystemParameters::Accept() {
   if (!fields_.CanBeStored()) return;
-  SaveSystem(shop_, "Updating System Parameters", fields_);
+  if (!SaveSystem(shop_, "Updating System Parameters", fields_)) return;
   SaveBackup();
   MarkUnchanged();
   saved_ = true;

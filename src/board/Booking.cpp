@@ -141,7 +141,7 @@ void Booking::EditVehicle() {
     }
   }
   // The vehicles to choose from are those of the current customer.
-  if (!parts_.shop.records.customers.MakeCurrent(Current().CustomerNumber)) {
+  if (!parts_.shop.records.customers.MakeCurrent(Current().CustomerNumber, Customers::From::File)) {
     parts_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", "Vehicle Edit",
                              ui::Icon::Information);
     return;

@@ -122,6 +122,7 @@ class SnapshotFilling::VehicleMatcher {
     const bool isThere = customer != 0 && index < customers.Count() && !customers.LeadsNowhere(customers.Tag(index));
     if (!isThere) return firstLinks_[customer] = kNoLink;
     const std::optional<CustomerRecord> master = customers.Master(customers.Tag(index));
+    if (!master && customers.LeadsToAnothers(customers.Tag(index))) return firstLinks_[customer] = kNoLink;
     if (!master) GiveUp("The customer file could not be read.");
     return firstLinks_[customer] = master->Get(customer::VLink);
   }

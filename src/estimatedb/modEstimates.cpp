@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <stdexcept>
 #include <utility>
 
 #include "frame/Text.h"
@@ -72,12 +73,22 @@ void modEstimates::ReadRow(const Recordset& row, Estimate& estimate) {
 }
 
 std::int32_t modEstimates::CreateEstimate(DaySerial date, std::int16_t status) {
-  const std::int32_t number = system_.TakeNumber(sysrec::last_estimate_number);
+  const std::optional<std::int32_t> taken =
+      system_.TakeFreeNumber(sysrec::last_estimate_number, [this](std::int32_t each) { return IsOnFile(each); });
+  if (!taken) throw std::runtime_error("The estimate was given no number. No estimate was made.");
+  const std::int32_t number = *taken;
   Recordset& table = de_.Rs("EstimatesTable");
   if (!table.IsOpen()) de_.EstimatesTable(date);
   de_.AddEstimateRow(number, date, status);
   table.Close();
   return number;
+}
+
+bool modEstimates::IsOnFile(std::int32_t number) {
+  Recordset& row = de_.EstimateByNumber(number);
+  const bool isThere = !row.Eof();
+  row.Close();
+  return isThere;
 }
 
 void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber) {

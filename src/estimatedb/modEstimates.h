@@ -52,7 +52,9 @@ class modEstimates {
   // The columns of the recordset's current row into the record.
   static void ReadRow(const Recordset& row, Estimate& estimate);
 
-  // Takes a number and adds the row. The number is spent even when the row fails.
+  // Takes a number and adds the row. The number is spent even when the row fails. A number that an estimate has already
+  // is never taken: the next free one is, if the person wants it (see modSystem::TakeFreeNumber), or nothing is made
+  // and std::runtime_error says so.
   std::int32_t CreateEstimate(DaySerial date, std::int16_t status);
   void CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber);
   void SaveStatus();
@@ -66,6 +68,8 @@ class modEstimates {
   static bool CountsTowardDay(std::int16_t status);
 
  private:
+  bool IsOnFile(std::int32_t number);
+
   Environment& environment_;
   de& de_;
   modSystem& system_;

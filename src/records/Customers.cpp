@@ -4,11 +4,9 @@
 #include <stdexcept>
 #include <utility>
 
-#include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
-#include "records/PriceLevels.h"
 
 namespace lantos {
 
@@ -28,11 +26,30 @@ std::string TrimInPlace(RecordType& record, TextField field) {
   return text;
 }
 
-// The text up to its first NUL, the blanks around it included.
-template <std::size_t Length>
-std::string_view Untrimmed(const Record<Length>& record, TextField field) {
-  const std::string_view all(reinterpret_cast<const char*>(record.Bytes().data()) + field.offset, field.width);
-  return all.substr(0, all.find('\0'));
+bool IsAnothers(const CustomerRecord& master, const CustomerTag& tag) {
+  const std::int32_t number = master.Get(customer::Number);
+  return number != NumberOf(tag) && number != 0;
+}
+
+void TellOfAnothers(ui::Desktop& desktop, const CustomerTag& tag, const CustomerRecord& master) {
+  desktop.Tell("Customer " + FormatZeros(NumberOf(tag), 6) + " can't be shown: the tag in " +
+                   std::string(kCustomerTagFile) + " leads to the record of customer " +
+                   FormatZeros(master.Get(customer::Number), 6) + " in " + std::string(kCustomerFile) +
+                   ".\rRun KRVLCLEN to repair the files.",
+               "ReadCustomer()", ui::Icon::Exclamation);
+}
+
+// Another copy may have put its own vehicle there since the customer was read.
+void PutAtHead(CustomerRecord& owner, FileLink offset, VehicleRecord& record, Vehicles& vehicles) {
+  const FileLink next = owner.Get(customer::VLink);
+  if (next != record.Get(vehicle::VLink)) {
+    record.Put(vehicle::VLink, next);
+    if (!vehicles.Write(offset, record)) {
+      throw std::runtime_error("The vehicle could not be put before the customer's other vehicles in " +
+                               std::string(kVehicleFile) + ". Add it again.");
+    }
+  }
+  owner.Put(customer::VLink, offset);
 }
 
 }  // namespace
@@ -52,6 +69,7 @@ bool Customers::LoadCustomerTags() {
 // touched twice.
 void Customers::FillTags(const SharedFile& file) {
   tags_.clear();
+  numbers_.Forget();
   const std::size_t expected = static_cast<std::size_t>(file.Length() / CustomerTag::kLength);
   tags_.reserve(std::min(expected, kCustomerLimit) + kTagsABlock);
   constexpr std::uint64_t kBlockBytes = kTagsABlock * CustomerTag::kLength;
@@ -84,14 +102,14 @@ bool Customers::LeadsNowhere(const CustomerTag& tag) const {
   return offset < 0 || static_cast<std::uint64_t>(offset) >= length;
 }
 
-std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
+std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag, From from) {
   const FileLink offset = tag.Get(customertag::Offset);
   if (LeadsNowhere(tag)) {
     const std::string number = std::to_string(std::max(offset, kNoLink));
     desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
     return std::nullopt;
   }
-  if (InMemory().Get(customer::Number) == NumberOf(tag)) return InMemory();
+  if (from == From::Memory && InMemory().Get(customer::Number) == NumberOf(tag)) return InMemory();
   OpenedFile own(environment_.openFiles);
   OpenedFile& file = reading_ != nullptr ? *reading_ : own;
   Contention contention(contention::kReadCustomer, desktop_, environment_);
@@ -100,127 +118,37 @@ std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag) {
   };
   CustomerRecord master;
   if (!contention.Run(open) || !contention.Run([&] { ReadRecord(*file, offset, master); })) return std::nullopt;
+  if (IsAnothers(master, tag)) {
+    // The board looks the same customers up again and again.
+    const bool isFirst = anothers_.insert(NumberOf(tag)).second;
+    if (isFirst || from == From::File) TellOfAnothers(desktop_, tag, master);
+    return std::nullopt;
+  }
   lookedUp_ = master;
   return master;
 }
 
-bool Customers::ReadCustomer() {
-  const std::optional<CustomerRecord> master = Master(CurrentTag);
+bool Customers::ReadCustomer(From from) {
+  const std::optional<CustomerRecord> master = Master(CurrentTag, from);
   if (!master) return false;
   BecomeCurrent(*master);
   return true;
 }
 
 void Customers::BecomeCurrent(const CustomerRecord& master) {
+  newNumber_.reset();
   CurrentCustomer = master;
   lookedUp_.reset();
 }
 
-bool Customers::MakeCurrent(std::int32_t number) {
+bool Customers::MakeCurrent(std::int32_t number, From from) {
   const std::size_t index = IndexAfterReload(number);
   if (index == Count()) return false;
-  const std::optional<CustomerRecord> master = Master(tags_[index]);
+  const std::optional<CustomerRecord> master = Master(tags_[index], from);
   if (!master) return false;
   CurrentTag = tags_[index];
   BecomeCurrent(*master);
   return true;
-}
-
-bool Customers::WriteCustomer() {
-  lookupCustomer_ = kNobody;
-  lookedUp_.reset();
-  const CustomerTag currentBefore = CurrentTag;
-  std::size_t index = FindCustomerTag(CurrentCustomer);
-  if (index == Count()) {
-    // Without the tags the customer would pass for the first of all, and take the place of another one's tag.
-    if (!LoadCustomerTags()) return false;
-    index = FindCustomerTag(CurrentCustomer);
-  }
-  const bool isNew = index == Count();
-  if (isNew) {
-    if (index >= kCustomerLimit) throw std::length_error("No more than 32767 customers can be held.");
-    CurrentTag = {};
-    CurrentTag.Put(customertag::Offset, kNoLink);
-  }
-  const CustomerTag before = isNew ? currentBefore : CurrentTag;
-  MakeTagFollowCustomer();
-  if (isNew) {
-    tags_.push_back(CurrentTag);
-    numbers_.Appended(tags_);
-  } else {
-    tags_[index] = CurrentTag;
-  }
-  Written written = Written::Nothing;
-  try {
-    WriteTagAndMaster(index, written);
-  } catch (...) {
-    if (written == Written::Nothing) TakeBack(index, isNew ? TagIs::New : TagIs::Known, before);
-    throw;
-  }
-  if (written == Written::Nothing) TakeBack(index, isNew ? TagIs::New : TagIs::Known, before);
-  return written == Written::Both;
-}
-
-// What isn't in the tag file isn't found by a search either.
-void Customers::TakeBack(std::size_t index, TagIs tag, const CustomerTag& before) {
-  CurrentTag = before;
-  if (tag == TagIs::Known) {
-    tags_[index] = before;
-  } else {
-    tags_.pop_back();
-    numbers_.Forget();
-  }
-}
-
-void Customers::MakeTagFollowCustomer() {
-  const std::string lastname = TrimInPlace(CurrentCustomer, customer::Lastname);
-  const std::string firstname = TrimInPlace(CurrentCustomer, customer::Firstname);
-  const std::string spouseLast = TrimInPlace(CurrentCustomer, customer::SpouseLast);
-  const std::string spouse = TrimInPlace(CurrentCustomer, customer::Spouse);
-  CurrentTag.Put(customertag::Number, CurrentCustomer.Get(customer::Number));
-  CurrentTag.Put(customertag::NameKey, lastname + "," + firstname);
-  CurrentTag.Put(customertag::SpouseKey, spouseLast + "," + spouse);
-  // A copy, so a phone that the main application keeps behind a blank stays equal in both files.
-  CurrentTag.Put(customertag::Phone, Untrimmed(CurrentCustomer, customer::HomePhone));
-  CurrentTag.Put(customertag::reserved, "");
-}
-
-// The place in the array serves as the place in the file. It is, as long as no empty slot lies ahead of it in the
-// file; this program never makes one, and one made by another program shifts the tags behind it.
-void Customers::WriteTagAndMaster(std::size_t index, Written& written) {
-  OpenedFile tagFile(environment_.openFiles);
-  OpenedFile masterFile(environment_.openFiles);
-  Contention tagContention(contention::kWriteCustomerTag, desktop_, environment_);
-  Contention masterContention(contention::kWriteCustomer, desktop_, environment_);
-  if (!tagContention.Run([&] { tagFile.Open(kCustomerTagFile, Access::Write, Deny::None); })) return;
-  if (!masterContention.Run([&] { masterFile.Open(kCustomerFile, Access::Write, Deny::None); })) return;
-  // A new one, or one whose tag leads nowhere.
-  if (CurrentTag.Get(customertag::Offset) < 0) {
-    CurrentTag.Put(customertag::Offset, LinkAtEnd(masterFile->Length(), kCustomerFile));
-    tags_[index] = CurrentTag;
-  }
-  const FileLink offset = CurrentTag.Get(customertag::Offset);
-  const std::uint64_t tagOffset = index * CustomerTag::kLength;
-  if (!tagContention.Run([&] { tagFile->WriteAt(tagOffset, CurrentTag.Bytes()); })) return;
-  written = Written::Tag;
-  if (!masterContention.Run([&] { WriteRecord(*masterFile, offset, CurrentCustomer); })) return;
-  written = Written::Both;
-  ++writings_;
-  tagFile.Close();
-  environment_.files.FlushFile(kCustomerTagFile);
-  masterFile.Close();
-  environment_.files.FlushFile(kCustomerFile);
-}
-
-void Customers::NewCustomer() {
-  const std::int32_t number = system_.TakeNumber(sysrec::last_customer_number);
-  CurrentCustomer = {};
-  CurrentCustomer.Put(customer::Number, number);
-  CurrentCustomer.Put(customer::City, system_.SysRec.View(sysrec::company_city));
-  CurrentCustomer.Put(customer::State, system_.SysRec.View(sysrec::company_state));
-  CurrentCustomer.Put(customer::pricing_level, kRetail);
-  CurrentCustomer.Put(customer::Date, ToFileDate(environment_.Today()));
-  CurrentCustomer.Put(customer::VLink, kNoLink);
 }
 
 FileDate Customers::LatestVehicleDate(const CustomerRecord& owner, FileHandle handle) {
@@ -244,19 +172,18 @@ std::string Customers::SpouseName(std::size_t index) {
 }
 
 FileLink Customers::AppendVehicle(VehicleRecord& record) {
-  const FileLink offset = LinkAtEnd(vehicles_.FileLength(), kVehicleFile);
   record.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
   // Not written: a chain that began at "none" would lose all vehicles of the customer.
-  if (!vehicles_.Write(offset, record)) return kNoLink;
+  const FileLink offset = vehicles_.Append(record);
+  if (offset == kNoLink) return kNoLink;
   try {
     if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
   } catch (const FileError& error) {
     // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
     environment_.log.Write(std::string("AppendVehicle: ") + error.what());
   }
-  CurrentCustomer.Put(customer::VLink, offset);
-  WriteCustomer();
-  return offset;
+  const bool isChained = UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, offset, record, vehicles_); });
+  return isChained ? offset : kNoLink;
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {
@@ -310,6 +237,10 @@ void Customers::LoadIndex(const SharedFile& masters) {
     if (offset < 0 || static_cast<std::uint64_t>(offset) >= length) continue;
     CustomerIndexRow& row = index_.emplace_back();
     ReadRecord(masters, offset, row.customer);
+    if (IsAnothers(row.customer, tag)) {
+      index_.pop_back();
+      continue;
+    }
     // Without the vehicle file (the person gave up) nobody has a vehicle date.
     if (vehicleFile.IsOpen()) row.VehicleDate = LatestVehicleDate(row.customer, vehicleFile.Handle());
   }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -68,9 +71,13 @@ class Customers {
   // The place of the first tag with that number; Count() when there is none.
   std::size_t IndexOf(std::int32_t number) { return numbers_.Find(tags_, number); }
   // The master that a tag leads to. One is in memory and isn't read again: CurrentCustomer, until another one is looked
-  // up; from then on that one. So a current customer of an hour ago is never taken for the record on file. Nothing when
-  // the tag leads nowhere, which is told, and when the person gave up.
-  std::optional<CustomerRecord> Master(const CustomerTag& tag);
+  // up; from then on that one. So a current customer of an hour ago is never taken for the record on file. A screen
+  // that opens a customer reads the file whatever is in memory. Nothing when the tag leads nowhere or to somebody
+  // else's record, which is told, and when the person gave up.
+  enum class From { Memory, File };
+  std::optional<CustomerRecord> Master(const CustomerTag& tag, From from = From::Memory);
+  // Whether a master that was wanted in this run was somebody else's.
+  bool LeadsToAnothers(const CustomerTag& tag) const { return anothers_.contains(tag.Get(customertag::Number)); }
   // Whether the tag's Offset isn't one of the master file.
   bool LeadsNowhere(const CustomerTag& tag) const;
 
@@ -78,24 +85,37 @@ class Customers {
   // Count(), CurrentTag left alone.
   std::size_t FindCustomerTag(const CustomerRecord& record);
   std::size_t FindCustomerTag(std::int32_t number);
+  // Whoever was current before a look-up or a new customer.
+  void PutBack(const CustomerTag& tag, const CustomerRecord& record) {
+    newNumber_.reset();
+    CurrentTag = tag;
+    CurrentCustomer = record;
+  }
   void MakeTagCurrent(std::size_t index) { CurrentTag = tags_[index]; }
   // The master of CurrentTag into CurrentCustomer. True when CurrentCustomer holds it afterwards.
-  bool ReadCustomer();
+  bool ReadCustomer(From from = From::Memory);
   // The tag and the master of a customer become the current ones; when they can't be had the current ones stay. An
   // unknown number reloads the tags once.
-  bool MakeCurrent(std::int32_t number);
-  // CurrentCustomer and its tag. False, and nothing more written, when the person gave up; array and CurrentTag are as
-  // before then, unless the tag had been written. A new customer beyond the limit throws std::length_error.
+  bool MakeCurrent(std::int32_t number, From from = From::Memory);
+  // CurrentCustomer and its tag; never over another one's. False, and nothing more written, when the person gave up;
+  // array and CurrentTag are as before then, unless the tag had been written. A new customer beyond the limit throws
+  // std::length_error. A new one whose number turns out to be somebody's is given another, if the person wants that.
   bool WriteCustomer();
+  // The same, but CurrentCustomer becomes the record as it lies on file, with what change puts into it: what others
+  // have stored meanwhile stays. No other copy of this program writes a customer between the two. What change throws
+  // leaves all as it was.
+  using Change = std::function<void(CustomerRecord& record)>;
+  bool UpdateCustomer(const Change& change);
   // How many were written in this run.
   std::size_t Writings() const { return writings_; }
-  void NewCustomer();
+  // False when the running number is somebody's already and the person doesn't want another.
+  bool NewCustomer();
   // Of the owner's vehicles; -1 without any. A handle of OpenVehicleForRead spares the opening.
   FileDate LatestVehicleDate(const CustomerRecord& owner, FileHandle handle = kNoHandle);
   std::string SpouseName(std::size_t index);
 
-  // Adds the vehicle at the head of CurrentCustomer's chain. Its place; kNoLink, and the chain as it was, when it can't
-  // be written.
+  // Adds the vehicle at the head of CurrentCustomer's chain as it lies on file. Its place; kNoLink, and the chain as it
+  // was, when it or the customer can't be written.
   FileLink AppendVehicle(VehicleRecord& record);
 
   // Name and phones for the board: null for a customer who isn't known. The one looked up last is remembered. An
@@ -126,12 +146,7 @@ class Customers {
 
  private:
   void FillTags(const SharedFile& file);
-  void MakeTagFollowCustomer();
-  // How far a writing came.
-  enum class Written { Nothing, Tag, Both };
-  void WriteTagAndMaster(std::size_t index, Written& written);
-  enum class TagIs { Known, New };
-  void TakeBack(std::size_t index, TagIs tag, const CustomerTag& before);
+  class Writing;
   const CustomerRecord& InMemory() const { return lookedUp_ ? *lookedUp_ : CurrentCustomer; }
   void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
@@ -146,6 +161,8 @@ class Customers {
   CustomerNumbers numbers_;
   std::vector<CustomerIndexRow> index_;
   std::size_t writings_ = 0;
+  std::optional<std::int32_t> newNumber_;  // taken, and not on file yet
+  std::set<std::int32_t> anothers_;        // numbers whose tags lead to somebody else's record
   OpenedFile* reading_ = nullptr;
   bool tagsGivenUp_ = false;  // while reading_
   static constexpr std::int32_t kNobody = -1;

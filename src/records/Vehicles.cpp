@@ -39,16 +39,47 @@ std::optional<VehicleRecord> Vehicles::Read(FileLink offset, FileHandle handle) 
 }
 
 bool Vehicles::Write(FileLink offset, const VehicleRecord& record) {
+  if (!InHeldFile(Access::Write, [&](SharedFile& file) { WriteRecord(file, offset, record); })) return false;
+  Follow(offset, record);
+  return true;
+}
+
+FileLink Vehicles::Append(const VehicleRecord& record) {
+  FileLink offset = kNoLink;
+  const bool isWritten = InHeldFile(Access::Write, [&](SharedFile& file) {
+    offset = LinkAtEnd(file.Length(), kVehicleFile);
+    WriteRecord(file, offset, record);
+  });
+  if (!isWritten) return kNoLink;
+  Follow(offset, record);
+  return offset;
+}
+
+std::optional<VehicleRecord> Vehicles::Update(FileLink offset, const Change& change) {
+  VehicleRecord record;
+  const bool isWritten = InHeldFile(Access::ReadWrite, [&](SharedFile& file) {
+    ReadRecord(file, offset, record);
+    change(record);
+    WriteRecord(file, offset, record);
+  });
+  if (!isWritten) return std::nullopt;
+  Follow(offset, record);
+  return record;
+}
+
+bool Vehicles::InHeldFile(Access access, const Step& step) {
   OpenedFile file(environment_.openFiles);
   Contention contention(contention::kWriteVehicle, desktop_, environment_);
-  const bool isWritten = contention.Run([&] { file.Open(kVehicleFile, Access::Write, Deny::All); }) &&
-                         contention.Run([&] { WriteRecord(*file, offset, record); });
+  const bool isDone =
+      contention.Run([&] { file.Open(kVehicleFile, access, Deny::All); }) && contention.Run([&] { step(*file); });
   file.Close();
-  if (!isWritten) return false;
-  environment_.files.FlushFile(kVehicleFile);
+  if (isDone) environment_.files.FlushFile(kVehicleFile);
+  return isDone;
+}
+
+void Vehicles::Follow(FileLink offset, const VehicleRecord& record) {
   MarkNotLoaded();
   if (offset == CurrentVehicleOffset) CurrentVehicle = record;
-  return true;
 }
 
 void Vehicles::ReadVehicle(FileLink offset, FileHandle handle) {
@@ -65,12 +96,11 @@ void Vehicles::WriteVehicle() {
   }
 }
 
-std::uint64_t Vehicles::FileLength() const { return environment_.files.Length(kVehicleFile); }
-
 void Vehicles::LoadVehicles() {
   MarkNotLoaded();
-  RefuseTooLong(environment_.files.PathOf(kVehicleFile), FileLength(), kLongestRecordFile);
-  const auto length = static_cast<std::int64_t>(FileLength());
+  const std::uintmax_t bytes = environment_.files.Length(kVehicleFile);
+  RefuseTooLong(environment_.files.PathOf(kVehicleFile), bytes, kLongestRecordFile);
+  const auto length = static_cast<std::int64_t>(bytes);
   const std::int64_t count = DivideHalfEven(length, VehicleRecord::kLength);
   OpenedFile file(environment_.openFiles, kVehicleFile, Access::Read, Deny::None);
   // One element more than there are records; it stays blank.

@@ -62,6 +62,12 @@ class Vehicles {
   // Writes the vehicle at its offset and marks the array not loaded; a CurrentVehicle of that offset follows. False
   // after a failure, which has been shown.
   bool Write(FileLink offset, const VehicleRecord& record);
+  // The same at the end of the file, as it is once nobody else can write to it. The offset; kNoLink after a failure.
+  FileLink Append(const VehicleRecord& record);
+  // The same with the vehicle as it lies on file, into which change puts what is new: what others have stored meanwhile
+  // stays. What change throws leaves it as it was. Nothing after a failure.
+  using Change = std::function<void(VehicleRecord& record)>;
+  std::optional<VehicleRecord> Update(FileLink offset, const Change& change);
 
   // The same for the current one. With kNoHandle CurrentVehicleOffset follows (kNoLink after a failure); with an open
   // handle it stays as it was, but after a failure.
@@ -70,7 +76,6 @@ class Vehicles {
   // which returns its place.
   void WriteVehicle();
   std::function<FileLink(VehicleRecord& record)> appendInstead;
-  std::uint64_t FileLength() const;
 
   // All vehicles in file order, deleted ones too.
   void LoadVehicles();
@@ -89,6 +94,10 @@ class Vehicles {
   static void FollowFirstMileage(VehicleRecord& record);
 
  private:
+  using Step = std::function<void(SharedFile& file)>;
+  bool InHeldFile(Access access, const Step& step);
+  void Follow(FileLink offset, const VehicleRecord& record);
+
   Environment& environment_;
   ui::Desktop& desktop_;
   modSystem& system_;

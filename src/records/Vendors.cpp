@@ -70,6 +70,26 @@ void Vendors::MakeCurrent(std::size_t index) {
 
 void Vendors::SaveVendor(std::size_t index) { Write(index, "SaveVendor"); }
 
+bool Vendors::UpdateVendor(std::size_t index, const Change& change) {
+  VendorRecord record;
+  bool isThere = false;
+  Contention contention(contention::kVendors, desktop_, environment_, "SaveVendor");
+  const bool isDone = contention.Run([&] {
+    OpenedFile file(environment_.openFiles, kVendorFile, Access::ReadWrite, Deny::All);
+    file->ReadAt(index * kLength, record.Bytes());
+    isThere = !record.View(vendor::VendorName).empty();
+    if (!isThere) return;
+    change(record);
+    file->WriteAt(index * kLength, record.Bytes());
+  });
+  if (!isDone) throw GivenUp(kNotStored);
+  vendors_.at(index) = record;
+  if (!isThere) return false;
+  CurrentVendor = record;
+  environment_.files.FlushFile(kVendorFile);
+  return true;
+}
+
 void Vendors::DeleteVendor(std::size_t index) {
   CurrentVendor = {};
   Write(index, "DeleteVendor");

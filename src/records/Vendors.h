@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string_view>
 
 #include "frame/Environment.h"
@@ -57,6 +58,10 @@ class Vendors {
 
   // Stores CurrentVendor at the index. Waits.
   void SaveVendor(std::size_t index);
+  // The same with the vendor as the file has it, into which change puts what is new; CurrentVendor is that one then.
+  // What change throws leaves all as it was. False for a vendor that another copy has deleted. Waits.
+  using Change = std::function<void(VendorRecord& record)>;
+  bool UpdateVendor(std::size_t index, const Change& change);
   // Adds a vendor of the shop's own city and state at the end of the file, as it is then; CurrentVendor is the new one.
   // A name that another copy has added meanwhile isn't added again, and CurrentVendor is that vendor. Returns the
   // vendor's index. Waits. Throws std::overflow_error when no more can be held.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "frame/Environment.h"
 #include "records/Record.h"
@@ -76,12 +77,27 @@ class modSystem {
   // Hands out a running number: the value found, which is then raised by 1 in the file, all under one lock.
   // At the end of the counter's range nothing is taken: std::overflow_error, which says so.
   // Whoever is told of the number beforehand hears of it ahead of the write; what it throws leaves the number untaken.
-  std::int32_t TakeNumber(LongField counter, const std::function<void(std::int32_t number)>& beforehand = {});
+  using Told = std::function<void(std::int32_t number)>;
+  std::int32_t TakeNumber(LongField counter, const Told& beforehand = {});
+  // The same where the counter may lie behind the files, in a record that was emptied or came back from a backup. A
+  // number that isTaken knows as somebody's, and one below 1, isn't handed out: the person is told and offered the next
+  // free one, from which the counter goes on. Nothing when the person doesn't want it.
+  using IsTaken = std::function<bool(std::int32_t number)>;
+  struct Taking {
+    std::optional<std::int32_t> found;  // a number that was taken before, and turned out to be somebody's
+    Told beforehand;                    // not told of numbers that are somebody's
+  };
+  std::optional<std::int32_t> TakeFreeNumber(LongField counter, const IsTaken& isTaken, const Taking& taking);
+  std::optional<std::int32_t> TakeFreeNumber(LongField counter, const IsTaken& isTaken) {
+    return TakeFreeNumber(counter, isTaken, Taking{});
+  }
   // Reads the record, has it changed and writes it, all under one lock: nothing that others store meanwhile is lost,
   // be it a running number. What change throws leaves the file as it was.
   void Update(const std::function<void(SystemRecord& record)>& change);
 
  private:
+  std::int32_t TakeNumberFrom(LongField counter, std::int32_t least, const Told& beforehand);
+  bool OffersNext(LongField counter, std::int32_t number, std::int32_t next);
   // In order, a failing one again and again; the person's Cancel ends the process.
   template <class... Statements>
   void RetryOrEnd(Statements... statements);

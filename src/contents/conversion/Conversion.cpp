@@ -16,6 +16,7 @@
 #include "records/modSystem.h"
 #include "screens/CheckPassword.h"
 #include "workorders/StockMovement.h"
+#include "workorders/WorkorderNumbers.h"
 
 namespace lantos {
 
@@ -134,7 +135,7 @@ bool Conversion::MayConvert() {
 }
 
 bool Conversion::FindCustomer() {
-  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber)) return true;
+  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber, Customers::From::File)) return true;
   bench_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", kTitle,
                            ui::Icon::Information);
   return false;
@@ -195,11 +196,15 @@ void Conversion::StoreVehicleIfChanged() {
 
 // From here on the number is used up, whatever follows.
 void Conversion::TakeNumber() {
-  Order().WorkorderNumber =
-      bench_.shop.records.system.TakeNumber(sysrec::last_workorder_number, [this](std::int32_t number) {
-        if (ownJournal_) ownJournal_->Remove();
-        ownJournal_.emplace(bench_.shop.environment, bench_.Number(), number);
-      });
+  WorkorderNumbers numbers(bench_.shop.environment);
+  const std::optional<std::int32_t> taken = bench_.shop.records.system.TakeFreeNumber(
+      sysrec::last_workorder_number, [&](std::int32_t number) { return numbers.IsTaken(number); },
+      {.found = {}, .beforehand = [this](std::int32_t number) {
+         if (ownJournal_) ownJournal_->Remove();
+         ownJournal_.emplace(bench_.shop.environment, bench_.Number(), number);
+       }});
+  if (!taken) throw std::runtime_error("The work order was given no number.");
+  Order().WorkorderNumber = *taken;
   hasTakenNumber_ = true;
   journal_ = &*ownJournal_;
   journal_->TakesNumber();

@@ -3,6 +3,7 @@
 #include "masters/customers/KeptCustomer.h"
 #include "masters/customers/NameSearch.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/vehicles/StoredVehicle.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "records/Customers.h"
 #include "records/Vehicles.h"
@@ -65,7 +66,10 @@ frmCustEdit& MasterScreens::CustomerWindow(Window which, std::unique_ptr<frmCust
   if (which == Window::Kept && window) return *window;
   if (window) window->Unload();
   window = std::make_unique<frmCustEdit>(shop_);
-  window->OpenVehicles = [this] { VehicleMaintenance(); };
+  // The customer may have been on show for long: the chain is walked as it is.
+  window->OpenVehicles = [this] {
+    if (shop_.records.customers.ReadCustomer(Customers::From::File)) VehicleMaintenance();
+  };
   return *window;
 }
 
@@ -80,17 +84,16 @@ bool MasterScreens::AddCustomer(Window which, std::unique_ptr<frmCustEdit>& wind
   Customers& customers = shop_.records.customers;
   KeptCustomer before(customers);
   frmCustEdit& edit = CustomerWindow(which, window);
-  customers.NewCustomer();
+  if (!customers.NewCustomer()) return false;
   const NameParts name = SplitName(typedName);
   PutName(customers.CurrentCustomer, customer::Lastname, name.last);
   PutName(customers.CurrentCustomer, customer::Firstname, name.first);
-  const std::int32_t number = customers.CurrentCustomer.Get(customer::Number);
   edit.Begin(frmCustEdit::Customer::New);
   edit.ShowModal();
   if (!edit.Saved()) return false;
   before.Release();
   // The person may have gone on to another customer with the screen; the new one is the one that was added.
-  return customers.FindCustomerTag(number) != customers.Count() && customers.ReadCustomer();
+  return customers.MakeCurrent(edit.Added());
 }
 
 MasterScreens::VehicleChoice MasterScreens::VehicleMaintenance() {
@@ -110,20 +113,27 @@ MasterScreens::VehicleChoice MasterScreens::VehicleMaintenance() {
 
 void MasterScreens::AddVehicle(frmVehList& list) {
   VehicleRecord record = shop_.records.vehicles.NewVehicle();
-  if (!EditFields(record, "New Vehicle")) return;
-  const FileLink link = shop_.records.customers.AppendVehicle(record);
-  if (link != kNoLink) list.AddRow(record, link);
+  FileLink link = kNoLink;
+  const auto append = [&](const VehicleRecord&, VehicleRecord& ours) {
+    link = shop_.records.customers.AppendVehicle(ours);
+    return link != kNoLink;
+  };
+  if (EditFields(record, "New Vehicle", append)) list.AddRow(record, link);
 }
 
 void MasterScreens::EditVehicle(frmVehList& list) {
   Vehicles& vehicles = shop_.records.vehicles;
   const FileLink link = list.Chosen();
+  const std::string title = "Edit Vehicle";
   std::optional<VehicleRecord> record = vehicles.Read(link);
-  if (record && EditFields(*record, "Edit Vehicle") && vehicles.Write(link, *record)) list.UpdateRow(*record, link);
+  const auto store = [&](const VehicleRecord& read, VehicleRecord& ours) {
+    return StoreVehicle(shop_, link, read, ours, title);
+  };
+  if (record && EditFields(*record, title, store)) list.UpdateRow(*record, link);
 }
 
-bool MasterScreens::EditFields(VehicleRecord& record, const std::string& caption) {
-  frmVehEdit edit(shop_, record, caption);
+bool MasterScreens::EditFields(VehicleRecord& record, const std::string& caption, const frmVehEdit::Store& store) {
+  frmVehEdit edit(shop_, record, caption, store);
   edit.ShowModal();
   const bool saved = edit.Saved();
   edit.Unload();

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "masters/customers/frmCustEdit.h"
+#include "masters/vehicles/frmVehEdit.h"
 #include "masters/vehicles/frmVehList.h"
 #include "shop/Shop.h"
 
@@ -42,7 +43,7 @@ class MasterScreens {
   frmCustEdit& CustomerWindow(Window which, std::unique_ptr<frmCustEdit>& window);
   void AddVehicle(frmVehList& list);
   void EditVehicle(frmVehList& list);
-  bool EditFields(VehicleRecord& record, const std::string& caption);
+  bool EditFields(VehicleRecord& record, const std::string& caption, const frmVehEdit::Store& store);
   bool SelectVehicle(FileLink link);
 
   Shop& shop_;

@@ -2,9 +2,35 @@
 
 #include "frame/Numbers.h"
 #include "records/PriceLevels.h"
+#include "records/RecordMerge.h"
 #include "screens/EmployeeList.h"
 
 namespace lantos {
+
+namespace {
+
+// What the person can change here.
+constexpr MergedField kFields[] = {
+    {"Date", customer::Date, MergedField::Reads::Day},
+    {"Last name", customer::Lastname},
+    {"First name", customer::Firstname},
+    {"Spouse", customer::Spouse},
+    {"Spouse's last name", customer::SpouseLast},
+    {"Address", customer::Address},
+    {"City", customer::City},
+    {"State", customer::State},
+    {"Zip", customer::Zip},
+    {"Home phone", customer::HomePhone},
+    {"Work phone", customer::WorkPhone},
+    {"Extension", customer::WorkExt},
+    {"Other phone", customer::OtherPhone},
+    {"Tax ID", customer::tax_id_number},
+    {"Pricing level", customer::pricing_level},
+    {"Salesperson", customer::salesperson},
+    {"Comment", customer::Comment},
+};
+
+}  // namespace
 
 frmCustEdit::frmCustEdit(Shop& shop) : EditForm(shop, "frmCustEdit", "Edit Customer") {
   SetSize(9900, 7500);
@@ -75,7 +101,8 @@ void frmCustEdit::OtherKey(ui::KeyPress& key) {
 }
 
 void frmCustEdit::ShowFields() {
-  const CustomerRecord& record = shop_.records.customers.CurrentCustomer;
+  shown_ = shop_.records.customers.CurrentCustomer;
+  const CustomerRecord& record = shown_;
   CustomerNumber.SetText(FormatZeros(record.Get(customer::Number), 6));
   ShowDate(Date, record.Get(customer::Date));
   ShowTexts(record);
@@ -118,16 +145,20 @@ bool frmCustEdit::Write() {
   }
   Customers& customers = shop_.records.customers;
   const CustomerRecord kept = customers.CurrentCustomer;
-  StoreFields(customers.CurrentCustomer);
+  const auto takeBack = [&] {
+    const std::int32_t number = customers.CurrentCustomer.Get(customer::Number);
+    customers.CurrentCustomer = kept;
+    customers.CurrentCustomer.Put(customer::Number, number);
+  };
   bool written = false;
   try {
-    written = customers.WriteCustomer();
+    written = WriteFields();
   } catch (...) {
-    customers.CurrentCustomer = kept;
+    takeBack();
     throw;
   }
   if (!written) {
-    customers.CurrentCustomer = kept;
+    takeBack();
     return false;
   }
   MarkSaved(true);
@@ -135,10 +166,25 @@ bool frmCustEdit::Write() {
   return true;
 }
 
+bool frmCustEdit::WriteFields() {
+  Customers& customers = shop_.records.customers;
+  if (isNew_) {
+    StoreFields(customers.CurrentCustomer);
+    return customers.WriteCustomer();
+  }
+  CustomerRecord ours = shown_;
+  StoreFields(ours);
+  RecordMerge merge(kFields, shown_, ours);
+  bool written = false;
+  const auto save = [&] { written = customers.UpdateCustomer([&](CustomerRecord& record) { merge.Into(record); }); };
+  return merge.Run(shop_.desktop, Caption(), save) && written;
+}
+
 void frmCustEdit::Save() {
   if (!Write()) return;
   if (!isNew_) return Hide();
   isNew_ = false;
+  added_ = shop_.records.customers.CurrentCustomer.Get(customer::Number);
   for (ui::Button* button : {&cmdPrev, &cmdNext, &cmdVehicles}) button->SetEnabled(true);
   cmdVehicles.SetFocus();
 }
@@ -158,7 +204,7 @@ void frmCustEdit::Step(Direction direction) {
   const bool forward = direction == Direction::Forward;
   if (forward ? index + 1 == customers.Count() : index == 0) return shop_.desktop.Beep();
   customers.MakeTagCurrent(forward ? index + 1 : index - 1);
-  if (!customers.ReadCustomer()) return customers.MakeTagCurrent(index);
+  if (!customers.ReadCustomer(Customers::From::File)) return customers.MakeTagCurrent(index);
   SetCaption("Edit Customer");
   Reset();
   EnterAnew();

@@ -18,6 +18,8 @@ class frmCustEdit : public EditForm {
   void Begin(Customer customer);
   // Opens the vehicle list of the working record's customer.
   std::function<void()> OpenVehicles;
+  // The number of the new customer who was saved.
+  std::int32_t Added() const { return added_; }
 
   ui::TextBox CustomerNumber{*this, "CustomerNumber"};
   ui::TextBox Date{*this, "Date"};
@@ -59,11 +61,14 @@ class frmCustEdit : public EditForm {
   void ShowSalesperson(const std::string& name);
   void StoreFields(CustomerRecord& record) const;
   bool Write();
+  bool WriteFields();
   enum class Direction { Back, Forward };
   void Step(Direction direction);
   void TellOfLostTag();
 
   bool isNew_ = false;
+  std::int32_t added_ = 0;
+  CustomerRecord shown_;
   int shownLevel_ = -1;
   std::string shownSalesperson_;
 };

@@ -116,7 +116,8 @@ void frmCustSearch::Select() {
     return shop_.desktop.Tell("ERROR: Could not locate customer tag record!", Caption() + ": Fatal Error",
                               ui::Icon::Critical);
   }
-  if (customers.MakeCurrent(customers.Tag(index).Get(customertag::Number))) LeaveWith(Request::Selected);
+  const std::int32_t number = customers.Tag(index).Get(customertag::Number);
+  if (customers.MakeCurrent(number, Customers::From::File)) LeaveWith(Request::Selected);
 }
 
 void frmCustSearch::LeaveWith(Request request) {

@@ -2,6 +2,7 @@
 
 #include "frame/Numbers.h"
 #include "masters/employees/NewEmployee.h"
+#include "masters/employees/StoredEmployee.h"
 #include "masters/employees/frmEmpNew.h"
 #include "masters/employees/frmEmpPRHist.h"
 #include "masters/employees/frmEmpPRInfo.h"
@@ -11,6 +12,20 @@ namespace lantos {
 namespace {
 
 constexpr FileDate kNoDate = -1;
+constexpr MergedField kNameField[] = {{"Name", employee::Name}};
+constexpr MergedField kFields[] = {
+    {"Social security number", employee::SocSecNum},
+    {"Address", employee::EmpAddr},
+    {"City", employee::EmpCity},
+    {"State", employee::EmpState},
+    {"Zip", employee::EmpZip},
+    {"Phone", employee::EmpPhone},
+    {"Marital status", employee::MaritalStatus, MergedField::Reads::Whole},
+    {"Exemptions", employee::NumExemptions, MergedField::Reads::Whole},
+    {"FICA exempt", employee::FICAExempt, MergedField::Reads::YesNo},
+    {"Date hired", employee::DateHired, MergedField::Reads::Day},
+    {"Date terminated", employee::DateTerminated, MergedField::Reads::Day},
+};
 
 }  // namespace
 
@@ -106,9 +121,11 @@ void frmEmpMaint::Save() {
     if (!CheckDate(*date)) return date->SetFocus();
   }
   const std::int32_t number = choice_.Chosen();
-  const auto updated =
-      shop_.records.employees.UpdateEmployee(number, [this](EmployeeRecord& record) { StoreFields(record); });
-  if (updated == modEmployees::Updated::Yes) {
+  EmployeeRecord ours = shown_;
+  StoreFields(ours);
+  const std::optional<modEmployees::Updated> updated = StoreEmployee(shop_, number, kFields, shown_, ours, Caption());
+  if (!updated) return;
+  if (*updated == modEmployees::Updated::Yes) {
     MarkSaved(true);
     return choice_.List(number);
   }
@@ -134,9 +151,10 @@ void frmEmpMaint::Rename() {
   if (!IsSomebodyChosen() || !MayLeaveFields()) return;
   const std::int32_t number = choice_.Chosen();
   AskForName(shown_.Get(employee::Name), [this, number](const std::string& name) {
-    const auto updated = shop_.records.employees.UpdateEmployee(
-        number, [&](EmployeeRecord& record) { record.Put(employee::Name, name); });
-    if (updated == modEmployees::Updated::Yes) return choice_.List(number);
+    EmployeeRecord ours = shown_;
+    ours.Put(employee::Name, name);
+    const auto updated = StoreEmployee(shop_, number, kNameField, shown_, ours, Caption());
+    if (!updated || *updated == modEmployees::Updated::Yes) return choice_.List(number);
     choice_.TellThatGone();
     ShowChosen();
   });

@@ -1,11 +1,24 @@
 #include "masters/employees/frmEmpPRInfo.h"
 
+#include "masters/employees/StoredEmployee.h"
 #include "masters/employees/frmEmpPRHist.h"
 
 namespace lantos {
 
 namespace {
 
+constexpr MergedField kFields[] = {
+    {"Wage", employee::Wage, MergedField::Reads::Cents},
+    {"Wage period", employee::WagePeriod, MergedField::Reads::Whole},
+    {"Overtime exempt", employee::OvertimeExempt, MergedField::Reads::YesNo},
+    {"Salary", employee::Salary, MergedField::Reads::Cents},
+    {"Salary period", employee::SalaryPeriod, MergedField::Reads::Whole},
+    {"Commission rate", employee::Commission, MergedField::Reads::TenThousandths},
+    {"Commission period", employee::CommissionPeriod, MergedField::Reads::Whole},
+    {"Insurance deduction", employee::Insurance, MergedField::Reads::Cents},
+    {"Savings deduction", employee::Savings, MergedField::Reads::Cents},
+    {"Uniform deduction", employee::Uniform, MergedField::Reads::Cents},
+};
 constexpr int kYes = 0;  // rows of PrintSSN
 constexpr int kNo = 1;
 constexpr int kNeither = -1;
@@ -135,9 +148,11 @@ bool frmEmpPRInfo::IsSomebodyChosen() {
 void frmEmpPRInfo::Save() {
   if (!IsSomebodyChosen() || !amounts_.CanBeStored()) return;
   const std::int32_t number = choice_.Chosen();
-  const auto updated =
-      shop_.records.employees.UpdateEmployee(number, [this](EmployeeRecord& record) { StoreFields(record); });
-  if (updated == modEmployees::Updated::IsGone) {
+  EmployeeRecord ours = shown_;
+  StoreFields(ours);
+  const std::optional<modEmployees::Updated> updated = StoreEmployee(shop_, number, kFields, shown_, ours, Caption());
+  if (!updated) return;
+  if (*updated == modEmployees::Updated::IsGone) {
     choice_.TellThatGone();
     return ShowChosen();
   }

@@ -4,12 +4,44 @@
 #include "masters/inventory/frmInvKit.h"
 #include "masters/inventory/frmRecvList.h"
 #include "masters/inventory/frmUsageList.h"
+#include "records/RecordMerge.h"
 #include "records/inventory/InventoryKits.h"
 #include "records/inventory/PartUpdate.h"
 
 namespace lantos {
 
 namespace {
+
+using Reads = MergedField::Reads;
+
+// What the person can change here.
+constexpr MergedField kFields[] = {
+    {"Description", inventory::Description},
+    {"Department", inventory::Department},
+    {"Manufacturer", inventory::Manufacturer},
+    {"Alternate 1", inventory::AltNumber[0]},
+    {"Alternate 2", inventory::AltNumber[1]},
+    {"Alternate 3", inventory::AltNumber[2]},
+    {"Alternate 4", inventory::AltNumber[3]},
+    {kPriceLevelNames[0], inventory::Pricing[0], Reads::Cents},
+    {kPriceLevelNames[1], inventory::Pricing[1], Reads::Cents},
+    {kPriceLevelNames[2], inventory::Pricing[2], Reads::Cents},
+    {kPriceLevelNames[3], inventory::Pricing[3], Reads::Cents},
+    {"Cost markup", inventory::MarkupPercent[0], Reads::TenThousandths},
+    {"Wholesale markup", inventory::MarkupPercent[1], Reads::TenThousandths},
+    {"Resale markup", inventory::MarkupPercent[2], Reads::TenThousandths},
+    {"Retail markup", inventory::MarkupPercent[3], Reads::TenThousandths},
+    {"Stocked", inventory::IsStocked, Reads::YesNo},
+    {"Has a core", inventory::HasACore, Reads::YesNo},
+    {"Core cost", inventory::CoreCost, Reads::Cents},
+    {"Has waste", inventory::HasWaste, Reads::YesNo},
+    {"Disposal fee", inventory::DisposalFee, Reads::Cents},
+    {"Location", inventory::Location},
+    {"Comment", inventory::Comment},
+    {"Reorder level", inventory::ReorderLevel},
+    {"Quantity in stock", inventory::QtyInStock},
+    {"Ideal quantity", inventory::IdealLevel},
+};
 
 std::string NameOfLevel(std::size_t level) { return std::string(kPriceLevelNames[level]); }
 
@@ -133,7 +165,8 @@ void frmInvEdit::OtherKey(ui::KeyPress& key) {
 }
 
 void frmInvEdit::ShowFields() {
-  const InventoryRecord& part = shop_.records.inventory.CurrentInv;
+  shown_ = shop_.records.inventory.CurrentInv;
+  const InventoryRecord& part = shown_;
   StockNumber.SetText(part.Get(inventory::StockNumber));
   ShowTexts(part);
   departments_.TakeAsKnown();
@@ -170,7 +203,14 @@ void frmInvEdit::Save() {
   if (!amounts_.CanBeStored() || !AreNamesKnown() || !MayPricesBeMissing()) return;
   Inventory& inventory = shop_.records.inventory;
   const bool hadCore = inventory.CurrentInv.Get(inventory::HasACore) == 1;
-  const PartUpdated updated = UpdatePart(inventory, part_.index, [this](InventoryRecord& part) { StoreFields(part); });
+  InventoryRecord ours = shown_;
+  StoreFields(ours);
+  RecordMerge merge(kFields, shown_, ours);
+  PartUpdated updated = PartUpdated::GivenUp;
+  const auto save = [&] {
+    updated = UpdatePart(inventory, part_.index, [&](InventoryRecord& part) { merge.Into(part); });
+  };
+  if (!merge.Run(shop_.desktop, Caption(), save)) return;
   if (updated == PartUpdated::WasDeleted) {
     shop_.desktop.Tell("Part " + StockNumber.Text() + " was deleted by another user.", Caption(),
                        ui::Icon::Exclamation);

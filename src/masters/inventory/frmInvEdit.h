@@ -84,6 +84,7 @@ class frmInvEdit : public EditForm {
   NameChoice departments_;
   NameChoice manufacturers_;
   std::vector<Flag> flags_;
+  InventoryRecord shown_;
   std::array<std::string, 4> shownAlternates_;
 };
 

@@ -1,6 +1,7 @@
 #include "masters/vehicles/frmVehEdit.h"
 
 #include <limits>
+#include <utility>
 
 #include "frame/Numbers.h"
 #include "masters/vehicles/frmMakeModel.h"
@@ -19,8 +20,8 @@ void MatchRow(ui::ComboBox& combo) {
 
 }  // namespace
 
-frmVehEdit::frmVehEdit(Shop& shop, VehicleRecord& record, const std::string& caption)
-    : EditForm(shop, "frmVehEdit", caption), record_(record) {
+frmVehEdit::frmVehEdit(Shop& shop, VehicleRecord& record, const std::string& caption, Store store)
+    : EditForm(shop, "frmVehEdit", caption), record_(record), store_(std::move(store)) {
   SetSize(9600, 7200);
   lblLicense.SetCaption(shop.environment.fleetVersion ? "Unit Number" : "License Number");
   ShowOnly(CustomerNumber);
@@ -119,11 +120,14 @@ bool frmVehEdit::CheckMileage() {
 void frmVehEdit::Save() {
   if (!CheckMileage()) return Mileage.SetFocus();
   if (!CheckDate(txtDate)) return txtDate.SetFocus();
-  StoreTexts(record_);
-  record_.Put(vehicle::Number, shop_.records.customers.CurrentCustomer.Get(customer::Number));
-  record_.Put(vehicle::Mileage, ToLongOrZero(Mileage.Text()));
-  record_.Put(vehicle::Date, DateIn(txtDate, record_.Get(vehicle::Date)));
-  Vehicles::FollowFirstMileage(record_);
+  VehicleRecord ours = record_;
+  StoreTexts(ours);
+  ours.Put(vehicle::Number, shop_.records.customers.CurrentCustomer.Get(customer::Number));
+  ours.Put(vehicle::Mileage, ToLongOrZero(Mileage.Text()));
+  ours.Put(vehicle::Date, DateIn(txtDate, record_.Get(vehicle::Date)));
+  Vehicles::FollowFirstMileage(ours);
+  if (store_ && !store_(record_, ours)) return;
+  record_ = ours;
   MarkUnchanged();
   MarkSaved(true);
   Hide();

@@ -1,17 +1,22 @@
 #pragma once
 
+#include <functional>
+
 #include "records/MakesModels.h"
 #include "records/Vehicles.h"
 #include "screens/EditForm.h"
 
 namespace lantos {
 
-// Edits a vehicle of the current customer. Saving changes the record it was given; whoever showed the screen writes
-// it.
+// Edits a vehicle of the current customer. Saving changes the record it was given, once whoever showed the screen has
+// stored it, if that is to be done while the screen is up.
 class frmVehEdit : public EditForm {
  public:
   // The record outlives the screen.
-  frmVehEdit(Shop& shop, VehicleRecord& record, const std::string& caption);
+  // store gets the record as it was shown and as it was typed, and makes of the latter the one that was stored. False
+  // when it wasn't, which has been told: the screen stays.
+  using Store = std::function<bool(const VehicleRecord& read, VehicleRecord& ours)>;
+  frmVehEdit(Shop& shop, VehicleRecord& record, const std::string& caption, Store store = nullptr);
 
   ui::TextBox CustomerNumber{*this, "CustomerNumber"};
   ui::TextBox Lastname{*this, "Lastname"};
@@ -47,6 +52,7 @@ class frmVehEdit : public EditForm {
   bool CheckMileage();
 
   VehicleRecord& record_;
+  Store store_;
   std::string modelsOf_;  // the make whose models are listed
 };
 

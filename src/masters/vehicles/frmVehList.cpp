@@ -219,12 +219,13 @@ void frmVehList::ShowHistory() {
 // By what the record holds, which another workstation may have changed since the list was filled.
 void frmVehList::Toggle(FileLink link, const std::string& title) {
   Vehicles& vehicles = shop_.records.vehicles;
-  std::optional<VehicleRecord> record = vehicles.Read(link);
+  const std::optional<VehicleRecord> record = vehicles.Read(link);
   if (!record) return;
   const bool deletes = record->Get(vehicle::Deleted) != kVehicleDeleted;
-  record->Put(vehicle::Deleted, deletes ? kVehicleDeleted : kVehicleLive);
-  if (!vehicles.Write(link, *record)) return;
-  UpdateRow(*record, link);
+  const std::optional<VehicleRecord> stored = vehicles.Update(
+      link, [&](VehicleRecord& each) { each.Put(vehicle::Deleted, deletes ? kVehicleDeleted : kVehicleLive); });
+  if (!stored) return;
+  UpdateRow(*stored, link);
   shop_.desktop.Tell(deletes ? "Vehicle deleted from this customer." : "Vehicle restored to this customer.", title,
                      ui::Icon::Information);
 }

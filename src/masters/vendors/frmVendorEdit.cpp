@@ -1,6 +1,26 @@
 #include "masters/vendors/frmVendorEdit.h"
 
+#include "records/RecordMerge.h"
+
 namespace lantos {
+
+namespace {
+
+constexpr MergedField kFields[] = {
+    {"Vendor name", vendor::VendorName},
+    {"Contact", vendor::Contact},
+    {"Address", vendor::Address},
+    {"City", vendor::City},
+    {"State", vendor::State},
+    {"Zip", vendor::Zip},
+    {"Phone 1", vendor::Phone1},
+    {"Extension", vendor::Phone1Ext},
+    {"Phone 2", vendor::Phone2},
+    {"Phone 3", vendor::Phone3},
+    {"Tax ID", vendor::TaxIdNumber},
+};
+
+}  // namespace
 
 frmVendorEdit::frmVendorEdit(Shop& shop, Purpose purpose, std::vector<std::size_t> list, std::size_t place)
     : EditForm(shop, "frmVendorEdit", purpose == Purpose::Edit ? "Edit Vendor" : "Vendor View"),
@@ -47,7 +67,10 @@ void frmVendorEdit::OnlyShow() {
   SetDefaultButton(cmdCancel);
 }
 
-void frmVendorEdit::ShowFields() { ShowTexts(vendors_.CurrentVendor); }
+void frmVendorEdit::ShowFields() {
+  shown_ = vendors_.CurrentVendor;
+  ShowTexts(shown_);
+}
 
 void frmVendorEdit::OtherKey(ui::KeyPress& key) {
   ui::Button* button = key.Is("PgUp") ? &cmdPrev : key.Is("PgDn") ? &cmdNext : nullptr;
@@ -62,8 +85,17 @@ void frmVendorEdit::Save() {
     shop_.desktop.Tell("A vendor must have a name.", Caption(), ui::Icon::Exclamation);
     return VendorName.SetFocus();
   }
-  StoreTexts(vendors_.CurrentVendor);
-  vendors_.SaveVendor(Index());
+  VendorRecord ours = shown_;
+  StoreTexts(ours);
+  RecordMerge merge(kFields, shown_, ours);
+  bool isThere = false;
+  const auto save = [&] {
+    isThere = vendors_.UpdateVendor(Index(), [&](VendorRecord& record) { merge.Into(record); });
+  };
+  if (!merge.Run(shop_.desktop, Caption(), save)) return;
+  if (!isThere) {
+    return shop_.desktop.Tell("This vendor has been deleted by another user.", Caption(), ui::Icon::Exclamation);
+  }
   MarkUnchanged();
   MarkSaved(true);
   Hide();

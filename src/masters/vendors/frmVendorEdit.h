@@ -51,6 +51,7 @@ class frmVendorEdit : public EditForm {
   bool GoTo(Direction direction);
 
   Vendors& vendors_;
+  VendorRecord shown_;
   std::vector<std::size_t> list_;
   std::size_t place_;
 };

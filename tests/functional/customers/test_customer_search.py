@@ -16,6 +16,7 @@ FIELDS = ("NameKey", "Number", "License", "VIN", "Phone", "Year", "Make", "Model
 
 @pytest.fixture
 def shop(shop):
+    shop.system["last_customer_number"] = 801
     smith = shop.add_customer(7, "Smith", "John", spouse="Mary", phone="937-555-1111")
     jones = shop.add_customer(12, "Jones", "Johanna", "Peter", "Smythe", phone="614-777-0001", WorkPhone="937-555-2222")
     abel = shop.add_customer(301, "Abel", "Smitty", OtherPhone="(800) 44-ABLE")

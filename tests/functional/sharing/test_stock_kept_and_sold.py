@@ -20,8 +20,12 @@ TRIED_AGAIN = ("BroadcastUpdate", "ReadInventoryTag", "ReadInventory")
 
 
 def patiently(copy):
-    """What is asked about a file that is held is tried again, and a missing price is let be."""
+    """What is asked about a file that is held is tried again, a missing price is let be, and of a field that both have
+    changed ours is stored."""
     while copy.answer["waiting"] == "box":
+        if copy.answer["text"].startswith("Somebody else has changed this meanwhile:"):
+            copy.press("Yes")
+            continue
         missing = "One or more of the pricing values is missing." in copy.answer["text"]
         assert missing or copy.answer["title"] in TRIED_AGAIN, copy.evidence()
         copy.press("OK" if missing else "Retry")

@@ -89,6 +89,24 @@ TEST(frmCompanyInfo, CountersAndFieldsThatOthersStoreMeanwhileStay) {
       SystemShop::Record().Long(0, 502).Long(4, 1002).Long(40, 7000).Text(130, "NV").Text(109, "Selma\0"s).Bytes());
 }
 
+TEST(frmCompanyInfo, AFieldThatAnotherWorkstationHasChangedTooAsks) {
+  Screen screen;
+  test::Type(screen.form.company_city, "Selma");
+  test::Type(screen.form.company_zip, "93651");
+  const test::Image theirs = SystemShop::Record().Long(0, 502).Text(109, "Madera");
+  screen.Put(theirs);
+  screen.desktop.WillAnswer({Answer::Cancel, Answer::No});
+  test::Press(screen.form, "F10");
+  EXPECT_TRUE(screen.form.Visible());
+  EXPECT_EQ(screen.Stored(), theirs.Bytes());
+  EXPECT_EQ(screen.desktop.boxes.at(0).text,
+            "Somebody else has changed this meanwhile:\r\rCompany City: \"Madera\" is stored, \"Selma\" is yours\r\r"
+            "Do you want to store yours?\rNo keeps what is stored, CANCEL goes back.");
+  test::Press(screen.form, "F10");
+  EXPECT_FALSE(screen.form.Visible());
+  EXPECT_EQ(screen.Stored(), test::Image(theirs).Text(133, "93651").Bytes());
+}
+
 TEST(frmCompanyInfo, TheRecordIsReadAfreshAtTheOpening) {
   SystemShop bench;
   bench.records.system.ReadSystem();

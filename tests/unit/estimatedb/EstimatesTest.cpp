@@ -94,10 +94,28 @@ TEST_F(Estimates, CreateEstimateTakesTheNumberFoundAndAddsTheRow) {
 }
 
 TEST_F(Estimates, ANumberIsSpentEvenWhenTheRowFails) {
-  Plain("insert into Estimates (EstimateNumber) values (1200)");
+  Plain("create trigger Refuse before insert on Estimates begin select raise(abort, 'no'); end");
   EXPECT_THROW(estimates.CreateEstimate(kToday, kScheduled), DatabaseError);
   EXPECT_EQ(NextNumber(), 1201);
+  Plain("drop trigger Refuse");
   EXPECT_EQ(estimates.CreateEstimate(kToday, kScheduled), 1201);
+}
+
+TEST_F(Estimates, ANumberThatAnEstimateHasIsNotGivenAgain) {
+  for (const char* number : {"1200", "1201", "1205"}) {
+    Plain(std::string("insert into Estimates (EstimateNumber, Comments) values (") + number + ", 'old')");
+  }
+  desktop.WillAnswer({ui::Answer::Cancel, ui::Answer::Ok});
+  EXPECT_THROW(estimates.CreateEstimate(kToday, kScheduled), std::runtime_error);
+  EXPECT_EQ(PlainValue("select count(*) from Estimates"), "3");
+  EXPECT_EQ(desktop.boxes.at(0).title, "Next Number");
+  EXPECT_EQ(desktop.boxes.at(0).text,
+            "001200, the running number of the estimates in TQSYSTEM.DAT, is in use already.\r"
+            "The file was emptied, or is older than the others.\r\r"
+            "The next free number is 001202.\rClick OK to go on from there, or CANCEL to stop.");
+  EXPECT_EQ(estimates.CreateEstimate(kToday, kScheduled), 1202);
+  EXPECT_EQ(NextNumber(), 1203);
+  EXPECT_EQ(PlainValue("select count(*) from Estimates where Comments = 'old'"), "3");
 }
 
 class ClonedEstimates : public Estimates {

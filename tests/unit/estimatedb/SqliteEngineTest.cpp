@@ -40,6 +40,12 @@ TEST_F(Engines, AJetDatabaseIsRefusedUntouchedWithWhatCanBeDone) {
   }
 }
 
+TEST_F(Engines, LoadNoLibraryWhateverTheDatabaseAsksFor) {
+  EXPECT_THAT(ErrorOf([&] { engine.Run("SELECT load_extension('libm.so.6')", {}); }), HasSubstr("not authorized"));
+  engine.Run("CREATE VIEW Wanted AS SELECT load_extension('libm.so.6') AS Loaded", {});
+  EXPECT_THAT(ErrorOf([&] { engine.Run("SELECT Loaded FROM Wanted", {}); }), HasSubstr("unsafe use of load_extension"));
+}
+
 TEST_F(Engines, AnEmptyFileIsRefusedAndStaysEmpty) {
   EXPECT_THAT(RefusalOfFile(""), AllOf(HasSubstr("is empty"), HasSubstr("lantos-shop new")));
 }

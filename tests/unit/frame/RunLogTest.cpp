@@ -107,7 +107,9 @@ TEST_F(RunLogs, TheUpdateFileTakesTheFirstFreeNumberOfTheDay) {
   EXPECT_EQ(directory.Content("AUb150.$$$"), "");
   directory.Put("AUb140.$$$", "");
   EXPECT_EQ(TakeUpdateFile(files, today), "AUb151.$$$");
-  DeleteOldUpdateFiles(files, today);
+  for (const char* name : {"AJb14003.JNL", "ajb15000.j01", "AJ.DAT"}) directory.Put(name, "");
+  EXPECT_EQ(DeleteOldUpdateFiles(files, today), (std::vector<std::string>{"AJb14003.JNL", "ajb15000.j01"}))
+      << "journals of conversions, of any day, which stay";
   EXPECT_TRUE(std::filesystem::exists(directory / "AUb150.$$$"));
   EXPECT_FALSE(std::filesystem::exists(directory / "AUb140.$$$"));
 }

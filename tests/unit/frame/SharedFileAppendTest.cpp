@@ -33,13 +33,25 @@ std::string RecordOf(int writer, int number) {
   return record;
 }
 
+// Another one's turn is over soon; whoever comes meanwhile is told, and tries again.
+std::uint64_t AppendInTurn(SharedFile& file, const std::string& record) {
+  for (;;) {
+    try {
+      return file.Append(Bytes(record), kRecord);
+    } catch (const FileError& error) {
+      if (error.Number() != FileErrorNumber::PermissionDenied) throw;
+      std::this_thread::yield();
+    }
+  }
+}
+
 // Opens anew for each record, as the program does, unless the file is kept open.
 int AppendAll(const std::filesystem::path& path, int writer, bool keepOpen) {
   SharedFile kept;
   std::set<std::uint64_t> offsets;
   for (int i = 0; i < kEach; ++i) {
     if (!kept.IsOpen()) kept = SharedFile(path, i % 2 == 0 ? Access::Write : Access::ReadWrite, Deny::None);
-    offsets.insert(kept.Append(Bytes(RecordOf(writer, i)), kRecord));
+    offsets.insert(AppendInTurn(kept, RecordOf(writer, i)));
     if (!keepOpen) kept.Close();
   }
   return offsets.size() == kEach ? 0 : 1;

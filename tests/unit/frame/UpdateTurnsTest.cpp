@@ -31,6 +31,7 @@ TEST(UpdateTurns, OneAfterTheOtherAndNoLongerThanSomeSeconds) {
   {
     const UpdateTurns::Turn turn(one);
     EXPECT_EQ(WaitOf(other, shop.clock), 5000);
+    EXPECT_FALSE(UpdateTurns::Turn(other).IsHad()) << "who has waited in vain has no turn";
   }
   EXPECT_EQ(WaitOf(other, shop.clock), 0) << "the first one's ended with its scope";
 }

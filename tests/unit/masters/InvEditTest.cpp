@@ -241,7 +241,7 @@ TEST_F(InvEdit, EachFieldCountsAsAChange) {
   });
 }
 
-TEST_F(InvEdit, StockThatWasSoldWhileTheScreenWasOpenStaysSoldUnlessAnotherCountIsTyped) {
+TEST_F(InvEdit, StockThatWasSoldWhileTheScreenWasOpenStaysSoldUnlessTheCountThatWasTypedIsWanted) {
   const auto sell = [this](std::int16_t left) {
     PartImage sold = Pad();
     sold.inStock = left;
@@ -264,6 +264,13 @@ TEST_F(InvEdit, StockThatWasSoldWhileTheScreenWasOpenStaysSoldUnlessAnotherCount
   Edit([&](frmInvEdit& form) {
     sell(6);
     form.QtyInStock.DoType("20");
+    desktop.WillAnswer(Answer::Cancel);
+    Press(form, "F10");
+    EXPECT_TRUE(form.Visible());
+    EXPECT_EQ(desktop.boxes.back().text,
+              "Somebody else has changed this meanwhile:\r\rQuantity in stock: \"6\" is stored, \"20\" is yours\r\r"
+              "Do you want to store yours?\rNo keeps what is stored, CANCEL goes back.");
+    desktop.WillAnswer(Answer::Yes);
     Press(form, "F10");
   });
   stored.inStock = 20;

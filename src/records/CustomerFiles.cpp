@@ -1,0 +1,129 @@
+#include "records/CustomerFiles.h"
+
+#include <vector>
+
+#include "records/RecordArray.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kBlockTags = 176;
+constexpr std::uint64_t kTagLength = CustomerTag::kLength;
+
+}  // namespace
+
+CustomerFiles::CustomerFiles(Environment& environment, ui::Desktop& desktop)
+    : environment_(environment),
+      desktop_(desktop),
+      tagFile_(environment.openFiles),
+      masterFile_(environment.openFiles),
+      tagContention_(contention::kWriteCustomerTag, desktop, environment),
+      masterContention_(contention::kWriteCustomer, desktop, environment) {}
+
+// What is open for writing can be opened for reading too: nobody can deny it any more.
+bool CustomerFiles::Open() {
+  if (!tagContention_.Run([&] { tagFile_.Open(kCustomerTagFile, Access::Write, Deny::None); })) return false;
+  if (!masterContention_.Run([&] { masterFile_.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
+  const std::filesystem::path tags = environment_.files.PathOf(kCustomerTagFile);
+  turns_.emplace(tags, environment_.clock);
+  turn_.emplace(*turns_, desktop_, kCustomerTagFile);
+  tags_.emplace(tags, Access::Read, Deny::None);
+  masters_.emplace(environment_.files.PathOf(kCustomerFile), Access::Read, Deny::None);
+  return true;
+}
+
+bool CustomerFiles::HasTagFrom(std::size_t place, std::int32_t number) const {
+  std::vector<CustomerTag> block(kBlockTags);
+  const std::uint64_t length = tags_->Length();
+  for (std::uint64_t offset = place * kTagLength; offset < length; offset += kBlockTags * kTagLength) {
+    ReadRecords(*tags_, offset, std::span(block));
+    for (const CustomerTag& tag : block) {
+      if (tag.Get(customertag::Number) == number) return true;
+    }
+  }
+  return false;
+}
+
+// The place in the array serves as the place in the file, and is, as long as no empty slot lies ahead of it in the file
+// and no other copy has put its own there. Empty slots are made by other programs alone. A tag behind them is written
+// that much further ahead all the same, as the other programs do it: on purpose.
+CustomerFiles::Places CustomerFiles::PlacesOf(const CustomerTag& tag, std::size_t place) const {
+  const std::int32_t number = tag.Get(customertag::Number);
+  Places places{place * kTagLength, tag.Get(customertag::Offset)};
+  const std::int32_t there = NumberOfTagAt(places.tag);
+  if (there != 0 && there != number) {
+    const FoundTag found = FindTag(number);
+    if (!found.isThere || found.emptyAhead != found.offset - places.tag) places.tag = found.offset;
+  }
+  if (places.master < 0 || !MayLieAt(places.master, number)) {
+    CustomerTag onFile;
+    tags_->ReadAt(places.tag, onFile.Bytes());
+    places.master = onFile.Get(customertag::Number) == number ? onFile.Get(customertag::Offset) : kNoLink;
+  }
+  if (places.master < 0 || !MayLieAt(places.master, number)) places.master = EndOfMasters();
+  return places;
+}
+
+CustomerFiles::Places CustomerFiles::PlacesOfNew(std::size_t place) const {
+  const std::uint64_t end = EndOfTags();
+  const std::uint64_t wanted = place * kTagLength;
+  const bool isEmptySlot = wanted < end && NumberOfTagAt(wanted) == 0;
+  return {isEmptySlot ? wanted : end, EndOfMasters()};
+}
+
+CustomerRecord CustomerFiles::MasterAt(FileLink offset) const {
+  CustomerRecord master;
+  ReadRecord(*masters_, offset, master);
+  return master;
+}
+
+// 0 past the end of the file, too.
+std::int32_t CustomerFiles::NumberOfTagAt(std::uint64_t offset) const {
+  CustomerTag tag;
+  tags_->ReadAt(offset, tag.Bytes());
+  return tag.Get(customertag::Number);
+}
+
+CustomerFiles::FoundTag CustomerFiles::FindTag(std::int32_t number) const {
+  FoundTag found;
+  for (const std::uint64_t end = EndOfTags(); found.offset < end; found.offset += kTagLength) {
+    const std::int32_t there = NumberOfTagAt(found.offset);
+    found.isThere = there == number;
+    if (found.isThere) break;
+    if (there == 0) found.emptyAhead += kTagLength;
+  }
+  return found;
+}
+
+// A record of zeros, as past the end of the file, is nobody's.
+bool CustomerFiles::MayLieAt(FileLink offset, std::int32_t number) const {
+  const std::int32_t there = MasterAt(offset).Get(customer::Number);
+  return there == number || there == 0;
+}
+
+// A tag that somebody's death cut short is written over.
+std::uint64_t CustomerFiles::EndOfTags() const { return tags_->Length() / kTagLength * kTagLength; }
+
+FileLink CustomerFiles::EndOfMasters() const { return LinkAtEnd(masters_->Length(), kCustomerFile); }
+
+void CustomerFiles::Write(const Places& places, const CustomerTag& tag, const CustomerRecord& master,
+                          Written& written) {
+  if (!tagContention_.Run([&] { tagFile_->WriteAt(places.tag, tag.Bytes()); })) return;
+  written = Written::Tag;
+  if (!masterContention_.Run([&] { WriteRecord(*masterFile_, places.master, master); })) return;
+  written = Written::Both;
+}
+
+void CustomerFiles::Close() {
+  tags_.reset();
+  masters_.reset();
+  turn_.reset();
+  turns_.reset();
+  tagFile_.Close();
+  environment_.files.FlushFile(kCustomerTagFile);
+  masterFile_.Close();
+  environment_.files.FlushFile(kCustomerFile);
+}
+
+}  // namespace lantos

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "frame/Environment.h"
+#include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
+#include "records/Contention.h"
+#include "records/Customers.h"
+#include "records/OpenedFile.h"
+
+namespace lantos {
+
+// Both files of the customers, held open for one writing. Others may have written to them while they were waited for,
+// so where a tag and a master lie is looked at in the files themselves, in a turn that keeps other copies of this
+// program from doing the same meanwhile. What others have put there meanwhile is never written over.
+class CustomerFiles {
+ public:
+  CustomerFiles(Environment& environment, ui::Desktop& desktop);
+  CustomerFiles(const CustomerFiles&) = delete;
+
+  // Opens both, asking as the rules of the files say, and waits for the turn. False when the person gave up;
+  // GivenUp when they gave up the turn.
+  bool Open();
+
+  // The rest only once they are open; throws FileError.
+  //
+  // Whether one of the tags from this place on bears the number.
+  bool HasTagFrom(std::size_t place, std::int32_t number) const;
+  struct Places {
+    std::uint64_t tag = 0;  // offset in bytes
+    FileLink master = kNoLink;
+  };
+  // Of a customer whose tag stands at that place of the array: there too in the file, unless others have written theirs
+  // there, and the master where the tag says, unless that is another's.
+  Places PlacesOf(const CustomerTag& tag, std::size_t place) const;
+  // Of a new one: at the ends of the files. An empty slot at the tag's place of the array is taken.
+  Places PlacesOfNew(std::size_t place) const;
+  CustomerRecord MasterAt(FileLink offset) const;
+  const SharedFile& Tags() const { return *tags_; }
+
+  // How far a writing came: the person may give up after each failure.
+  enum class Written { Nothing, Tag, Both };
+  // written says how far it came when it throws, too.
+  void Write(const Places& places, const CustomerTag& tag, const CustomerRecord& master, Written& written);
+  // Ends the turn, closes both and flushes them, the tags first.
+  void Close();
+
+ private:
+  std::int32_t NumberOfTagAt(std::uint64_t offset) const;
+  struct FoundTag {
+    bool isThere = false;
+    std::uint64_t offset = 0;      // the end of the file when it isn't there
+    std::uint64_t emptyAhead = 0;  // bytes of the empty slots ahead of it
+  };
+  FoundTag FindTag(std::int32_t number) const;
+  bool MayLieAt(FileLink offset, std::int32_t number) const;
+  std::uint64_t EndOfTags() const;
+  FileLink EndOfMasters() const;
+
+  Environment& environment_;
+  ui::Desktop& desktop_;
+  OpenedFile tagFile_;
+  OpenedFile masterFile_;
+  Contention tagContention_;
+  Contention masterContention_;
+  std::optional<UpdateTurns> turns_;
+  std::optional<AskedTurn> turn_;
+  std::optional<SharedFile> tags_;  // for reading, as the next
+  std::optional<SharedFile> masters_;
+};
+
+}  // namespace lantos
