@@ -14,7 +14,8 @@ using ui::Answer;
 
 struct Start : InstalledShop {
   Start() { environment.computerName = computer; }
-  bool Run() { return InitGlobals(shop, database, inventoryList); }
+  bool Run() { return InitGlobals(shop, database, inventoryList, journals); }
+  std::vector<std::string> journals;
   void ExpectTooManyUsers() {
     desktop.WillAnswer(Answer::Ok);
     try {
