@@ -21,13 +21,19 @@ CustomerFiles::CustomerFiles(Environment& environment, ui::Desktop& desktop)
       tagContention_(contention::kWriteCustomerTag, desktop, environment),
       masterContention_(contention::kWriteCustomer, desktop, environment) {}
 
-// What is open for writing can be opened for reading too: nobody can deny it any more.
+// The turn comes first, so that nothing is held open while the person is asked about it; it needs a tag file.
 bool CustomerFiles::Open() {
-  if (!tagContention_.Run([&] { tagFile_.Open(kCustomerTagFile, Access::Write, Deny::None); })) return false;
-  if (!masterContention_.Run([&] { masterFile_.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
+  const auto openTags = [&] { tagFile_.Open(kCustomerTagFile, Access::Write, Deny::None); };
+  if (!environment_.files.IsThere(kCustomerTagFile)) {
+    if (!tagContention_.Run(openTags)) return false;
+    tagFile_.Close();
+  }
   const std::filesystem::path tags = environment_.files.PathOf(kCustomerTagFile);
   turns_.emplace(tags, environment_.clock);
   turn_.emplace(*turns_, desktop_, kCustomerTagFile);
+  if (!tagContention_.Run(openTags)) return false;
+  if (!masterContention_.Run([&] { masterFile_.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
+  // What is open for writing can be opened for reading too: nobody can deny it any more.
   tags_.emplace(tags, Access::Read, Deny::None);
   masters_.emplace(environment_.files.PathOf(kCustomerFile), Access::Read, Deny::None);
   return true;

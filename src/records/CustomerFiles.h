@@ -20,7 +20,7 @@ class CustomerFiles {
   CustomerFiles(Environment& environment, ui::Desktop& desktop);
   CustomerFiles(const CustomerFiles&) = delete;
 
-  // Opens both, asking as the rules of the files say, and waits for the turn. False when the person gave up;
+  // Waits for the turn and opens both, asking as the rules of the files say. False when the person gave up;
   // GivenUp when they gave up the turn.
   bool Open();
 

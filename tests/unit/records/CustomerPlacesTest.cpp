@@ -1,10 +1,13 @@
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <set>
 
 #include "CustomersFixture.h"
+#include "frame/SharingClaim.h"
 #include "records/Customers.h"
+#include "records/GivenUp.h"
 #include "records/Vehicles.h"
 
 namespace lantos::test {
@@ -172,6 +175,25 @@ TEST_F(CustomerPlaces, AVehicleThatNobodysChainTookIsToldAsNotAdded) {
   VehicleRecord vehicle = records.vehicles.NewVehicle();
   EXPECT_EQ(customers.AppendVehicle(vehicle), kNoLink);
   EXPECT_EQ(customers.CurrentCustomer.Get(customer::VLink), kNoLink);
+}
+
+TEST_F(CustomerPlaces, NothingIsHeldOpenWhileThePersonIsAskedAboutTheTurn) {
+  PutCustomers(1);
+  ASSERT_TRUE(customers.MakeCurrent(1));
+  const int others = ::open(PathOf(kCustomerTagFile).c_str(), O_RDWR);
+  struct flock turn = {};
+  turn.l_type = F_WRLCK;
+  turn.l_whence = SEEK_SET;
+  turn.l_start = static_cast<off_t>(kUpdateTurn);
+  turn.l_len = 1;
+  ASSERT_EQ(::fcntl(others, F_OFD_SETLK, &turn), 0);
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, "TQCSTTAG.DAT");
+    for (const std::string_view file : {kCustomerTagFile, kCustomerFile}) EXPECT_NO_THROW(HeldByAnother(file)) << file;
+    return Answer::Cancel;
+  });
+  EXPECT_THROW(customers.WriteCustomer(), GivenUp);
+  ::close(others);
 }
 
 TEST_F(CustomerPlaces, AVehicleIsUpdatedAsItLiesOnFile) {
