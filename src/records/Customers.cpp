@@ -42,6 +42,7 @@ void TellOfAnothers(ui::Desktop& desktop, const CustomerTag& tag, const Customer
 // Another copy may have put its own vehicle there since the customer was read.
 void PutAtHead(CustomerRecord& owner, FileLink offset, VehicleRecord& record, Vehicles& vehicles) {
   const FileLink next = owner.Get(customer::VLink);
+  if (next == offset) return;  // an earlier try came as far
   if (next != record.Get(vehicle::VLink)) {
     record.Put(vehicle::VLink, next);
     if (!vehicles.Write(offset, record)) {
@@ -172,18 +173,33 @@ std::string Customers::SpouseName(std::size_t index) {
 }
 
 FileLink Customers::AppendVehicle(VehicleRecord& record) {
-  record.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
-  // Not written: a chain that began at "none" would lose all vehicles of the customer.
-  const FileLink offset = vehicles_.Append(record);
-  if (offset == kNoLink) return kNoLink;
+  FileLink place = kNoLink;
+  return AddVehicle(record, place) ? place : kNoLink;
+}
+
+bool Customers::AddVehicle(VehicleRecord& record, FileLink& place) {
+  // Not chained when it isn't written: a chain that began at "none" would lose all vehicles of the customer.
+  if (!WriteNewVehicle(record, place)) return false;
   try {
     if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
   } catch (const FileError& error) {
     // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
     environment_.log.Write(std::string("AppendVehicle: ") + error.what());
   }
-  const bool isChained = UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, offset, record, vehicles_); });
-  return isChained ? offset : kNoLink;
+  return UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, place, record, vehicles_); });
+}
+
+bool Customers::WriteNewVehicle(VehicleRecord& record, FileLink& place) {
+  record.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
+  if (place == kNoLink) {
+    place = vehicles_.Append(record);
+    return place != kNoLink;
+  }
+  const std::optional<VehicleRecord> earlier = vehicles_.Read(place);
+  if (!earlier) return false;
+  // The chain may lead there already.
+  record.Put(vehicle::VLink, earlier->Get(vehicle::VLink));
+  return vehicles_.Write(place, record);
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {

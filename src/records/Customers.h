@@ -117,6 +117,9 @@ class Customers {
   // Adds the vehicle at the head of CurrentCustomer's chain as it lies on file. Its place; kNoLink, and the chain as it
   // was, when it or the customer can't be written.
   FileLink AppendVehicle(VehicleRecord& record);
+  // The same for who may try again: a vehicle that was appended by an earlier try has its place, and is written there.
+  // place is kNoLink before the first.
+  bool AddVehicle(VehicleRecord& record, FileLink& place);
 
   // Name and phones for the board: null for a customer who isn't known. The one looked up last is remembered. An
   // unknown one reloads the tags once. Good until the next read of a master.
@@ -150,6 +153,7 @@ class Customers {
   const CustomerRecord& InMemory() const { return lookedUp_ ? *lookedUp_ : CurrentCustomer; }
   void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
+  bool WriteNewVehicle(VehicleRecord& record, FileLink& place);
   void LoadTagsForLookup();
   void LoadIndex(const SharedFile& masters);
 

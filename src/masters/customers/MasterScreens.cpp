@@ -115,8 +115,7 @@ void MasterScreens::AddVehicle(frmVehList& list) {
   VehicleRecord record = shop_.records.vehicles.NewVehicle();
   FileLink link = kNoLink;
   const auto append = [&](const VehicleRecord&, VehicleRecord& ours) {
-    link = shop_.records.customers.AppendVehicle(ours);
-    return link != kNoLink;
+    return shop_.records.customers.AddVehicle(ours, link);
   };
   if (EditFields(record, "New Vehicle", append)) list.AddRow(record, link);
 }

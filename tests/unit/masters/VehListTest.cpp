@@ -273,6 +273,29 @@ TEST_F(VehList, ANewVehicleThatIsNotSavedLeavesNothing) {
   EXPECT_EQ(records.vehicles.CurrentVehicle.Get(vehicle::VIN), "V3");
 }
 
+TEST_F(VehList, ANewVehicleThatIsSavedAgainIsOnFileOnce) {
+  desktop.WillUse([](ui::Form& list) { Press(list, "Insert"); });
+  desktop.WillUse([this](ui::Form& shown) {
+    auto& edit = As<frmVehEdit>(shown);
+    edit.Make.DoType("BMW");
+    {
+      const SharedFile held(directory.Path() / "TQCSTDAT.DAT", Access::ReadWrite, Deny::All);
+      desktop.WillAnswer(Answer::Cancel);
+      Press(edit, "F10");
+    }
+    EXPECT_TRUE(edit.Visible());
+    edit.Make.DoType("AUDI");
+    Press(edit, "F10");
+  });
+  desktop.WillUse([](ui::Form& shown) {
+    EXPECT_EQ(As<frmVehList>(shown).Chosen(), 1191);
+    Press(shown, "Esc");
+  });
+  screens.VehicleMaintenance();
+  EXPECT_EQ(Vehicles().size(), 4U * 397);
+  EXPECT_EQ(Vehicles().substr(1191 + 8, 5), std::string("AUDI\0", 5));
+}
+
 TEST_F(VehList, EditingUpdatesTheRowAndTheFieldAlone) {
   std::string expected = Vehicles();
   expected.replace(29, 21, Padded("DEL SOL", 21));

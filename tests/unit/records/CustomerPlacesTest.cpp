@@ -177,6 +177,30 @@ TEST_F(CustomerPlaces, AVehicleThatNobodysChainTookIsToldAsNotAdded) {
   EXPECT_EQ(customers.CurrentCustomer.Get(customer::VLink), kNoLink);
 }
 
+TEST_F(CustomerPlaces, AVehicleThatIsTriedAgainKeepsItsPlace) {
+  PutCustomers(1);
+  Put(kVehicleFile, "");
+  ASSERT_TRUE(customers.MakeCurrent(1));
+  FileLink place = kNoLink;
+  VehicleRecord vehicle = records.vehicles.NewVehicle();
+  {
+    const SharedFile other = HeldByAnother(kCustomerFile);
+    desktop.WillAnswer(Answer::Cancel);
+    EXPECT_FALSE(customers.AddVehicle(vehicle, place));
+  }
+  // The second time the chain comes to lead there, the third time it does already.
+  for (const char* make : {"Nash", "Ford"}) {
+    VehicleRecord again = records.vehicles.NewVehicle();
+    again.Put(vehicle::Make, make);
+    EXPECT_TRUE(customers.AddVehicle(again, place));
+    EXPECT_EQ(place, 0);
+    EXPECT_EQ(BytesOf(kVehicleFile).size(), 397U);
+    EXPECT_EQ(BytesOf(kVehicleFile).substr(8, 4), make);
+    EXPECT_EQ(LongAt(BytesOf(kVehicleFile), 393), kNoLink);
+    EXPECT_EQ(LongAt(BytesOf(kCustomerFile), 313), 0);
+  }
+}
+
 TEST_F(CustomerPlaces, NothingIsHeldOpenWhileThePersonIsAskedAboutTheTurn) {
   PutCustomers(1);
   ASSERT_TRUE(customers.MakeCurrent(1));
