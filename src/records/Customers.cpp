@@ -53,6 +53,19 @@ void PutAtHead(CustomerRecord& owner, FileLink offset, VehicleRecord& record, Ve
   owner.Put(customer::VLink, offset);
 }
 
+bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRecord& record, FileLink& place) {
+  record.Put(vehicle::VLink, owner.Get(customer::VLink));
+  if (place == kNoLink) {
+    place = vehicles.Append(record);
+    return place != kNoLink;
+  }
+  const std::optional<VehicleRecord> earlier = vehicles.Read(place);
+  if (!earlier) return false;
+  // The chain may lead there already.
+  record.Put(vehicle::VLink, earlier->Get(vehicle::VLink));
+  return vehicles.Write(place, record);
+}
+
 }  // namespace
 
 bool Customers::LoadCustomerTags() {
@@ -172,34 +185,19 @@ std::string Customers::SpouseName(std::size_t index) {
   return nameKey.substr(0, comma) + spouseKey;
 }
 
-FileLink Customers::AppendVehicle(VehicleRecord& record) {
-  FileLink place = kNoLink;
-  return AddVehicle(record, place) ? place : kNoLink;
-}
-
-bool Customers::AddVehicle(VehicleRecord& record, FileLink& place) {
+FileLink Customers::AppendVehicle(VehicleRecord& record, FileLink* earlier) {
+  FileLink first = kNoLink;
+  FileLink& place = earlier != nullptr ? *earlier : first;
   // Not chained when it isn't written: a chain that began at "none" would lose all vehicles of the customer.
-  if (!WriteNewVehicle(record, place)) return false;
+  if (!WriteNewVehicle(vehicles_, CurrentCustomer, record, place)) return kNoLink;
   try {
     if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
   } catch (const FileError& error) {
     // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
     environment_.log.Write(std::string("AppendVehicle: ") + error.what());
   }
-  return UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, place, record, vehicles_); });
-}
-
-bool Customers::WriteNewVehicle(VehicleRecord& record, FileLink& place) {
-  record.Put(vehicle::VLink, CurrentCustomer.Get(customer::VLink));
-  if (place == kNoLink) {
-    place = vehicles_.Append(record);
-    return place != kNoLink;
-  }
-  const std::optional<VehicleRecord> earlier = vehicles_.Read(place);
-  if (!earlier) return false;
-  // The chain may lead there already.
-  record.Put(vehicle::VLink, earlier->Get(vehicle::VLink));
-  return vehicles_.Write(place, record);
+  const bool isChained = UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, place, record, vehicles_); });
+  return isChained ? place : kNoLink;
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {

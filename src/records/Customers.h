@@ -116,10 +116,9 @@ class Customers {
 
   // Adds the vehicle at the head of CurrentCustomer's chain as it lies on file. Its place; kNoLink, and the chain as it
   // was, when it or the customer can't be written.
-  FileLink AppendVehicle(VehicleRecord& record);
-  // The same for who may try again: a vehicle that was appended by an earlier try has its place, and is written there.
-  // place is kNoLink before the first.
-  bool AddVehicle(VehicleRecord& record, FileLink& place);
+  // earlier is for who may try again, and kNoLink before the first try: a vehicle that one has appended is written
+  // there.
+  FileLink AppendVehicle(VehicleRecord& record, FileLink* earlier = nullptr);
 
   // Name and phones for the board: null for a customer who isn't known. The one looked up last is remembered. An
   // unknown one reloads the tags once. Good until the next read of a master.
@@ -153,7 +152,6 @@ class Customers {
   const CustomerRecord& InMemory() const { return lookedUp_ ? *lookedUp_ : CurrentCustomer; }
   void BecomeCurrent(const CustomerRecord& master);
   std::size_t IndexAfterReload(std::int32_t number);
-  bool WriteNewVehicle(VehicleRecord& record, FileLink& place);
   void LoadTagsForLookup();
   void LoadIndex(const SharedFile& masters);
 

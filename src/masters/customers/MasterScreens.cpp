@@ -115,7 +115,7 @@ void MasterScreens::AddVehicle(frmVehList& list) {
   VehicleRecord record = shop_.records.vehicles.NewVehicle();
   FileLink link = kNoLink;
   const auto append = [&](const VehicleRecord&, VehicleRecord& ours) {
-    return shop_.records.customers.AddVehicle(ours, link);
+    return shop_.records.customers.AppendVehicle(ours, &link) != kNoLink;
   };
   if (EditFields(record, "New Vehicle", append)) list.AddRow(record, link);
 }

@@ -186,13 +186,13 @@ TEST_F(CustomerPlaces, AVehicleThatIsTriedAgainKeepsItsPlace) {
   {
     const SharedFile other = HeldByAnother(kCustomerFile);
     desktop.WillAnswer(Answer::Cancel);
-    EXPECT_FALSE(customers.AddVehicle(vehicle, place));
+    EXPECT_EQ(customers.AppendVehicle(vehicle, &place), kNoLink);
   }
   // The second time the chain comes to lead there, the third time it does already.
   for (const char* make : {"Nash", "Ford"}) {
     VehicleRecord again = records.vehicles.NewVehicle();
     again.Put(vehicle::Make, make);
-    EXPECT_TRUE(customers.AddVehicle(again, place));
+    EXPECT_EQ(customers.AppendVehicle(again, &place), 0);
     EXPECT_EQ(place, 0);
     EXPECT_EQ(BytesOf(kVehicleFile).size(), 397U);
     EXPECT_EQ(BytesOf(kVehicleFile).substr(8, 4), make);
