@@ -127,7 +127,9 @@ std::optional<Inventory::Part> Inventory::ReadAt(FileLink offset, PartIndex inde
         ReadRecord(*file, part.offset, part.master);
       });
   if (!isRead) return std::nullopt;
-  if (part.offset == part.tag.Get(inventorytag::Tag) && IsAnothers(part.master, part.tag)) {
+  // Of a part that another copy has renumbered meanwhile the caller tells.
+  const bool isListed = part.tag.View(inventorytag::StockNumber) == number;
+  if (isListed && part.offset == part.tag.Get(inventorytag::Tag) && IsAnothers(part.master, part.tag)) {
     TellOfAnothers(desktop_, part);
     return std::nullopt;
   }
