@@ -1,4 +1,4 @@
-"""Two and four copies with one estimate on show: what is kept of its lines, its checklist, its comments and its status."""
+"""Two and four copies with one estimate on show: what is kept of its lines, checklist, comments and status."""
 
 from functools import partial
 
@@ -237,5 +237,6 @@ def test_lines_move_with_the_estimate_that_another_copy_moves(pair, shop):
         early, late = kind.line("EARLY", 5), kind.line("LATE", 5)
         assert list(stored(shop, kind).values())[2:] == [early, late]
         assert [line[:2] for line in stored(shop, kind, NEW).values()][2:] == [early[:2]]
-    assert [(row["EstimateNumber"], row["Status"], row["Comments"]) for row in shop.query("SELECT * FROM Estimates")] == [
+    estimates = shop.query("SELECT EstimateNumber, Status, Comments FROM Estimates ORDER BY EstimateNumber")
+    assert [tuple(estimate.values()) for estimate in estimates] == [
         (900, 7, "Rescheduled for 10/02/2003."), (NEW, 0, "by noon")]
