@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "frame/ReplaceContent.h"
 #include "frame/Text.h"
 #include "frame/UnfitFile.h"
 #include "records/FileNumber.h"
@@ -112,16 +113,15 @@ void LaborKits::Save(std::string_view code, std::string_view kit) {
 }
 
 void LaborKits::Write(const std::vector<Row>& rows, SharedFile& file) {
-  std::uint64_t offset = 0;
+  std::vector<std::byte> records;
   for (const Row& each : rows) {
     if (each.code.empty()) continue;
     LaborKitRec record;
     record.Put(laborkit::Code, each.code);
     record.Put(laborkit::Kit, each.kit);
-    file.WriteAt(offset, record.Bytes());
-    offset += LaborKitRec::kLength;
+    records.insert(records.end(), record.Bytes().begin(), record.Bytes().end());
   }
-  file.Truncate(offset);
+  ReplaceContent(file, records);
 }
 
 bool IsDeleted(const CannedNote& note) { return note[0] == kDeletedEntry; }
