@@ -238,10 +238,10 @@ void Conversion::TakeNumber() {
 
 void Conversion::TakeParts() {
   FinishStock();
-  StockMovement stock(
-      bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
-      [this](std::string step) { done_.Add(std::move(step)); },
-      [this](const JournaledPart& part) { journal_->WillMove(part); });
+  StockMovement stock(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
+                      [this](std::string step) { done_.Add(std::move(step)); },
+                      {.part = [this](const JournaledPart& part) { journal_->WillMove(part); },
+                       .stock = [this](const std::string& part, FileLink usage) { journal_->HasNoted(part, usage); }});
   Recordset rows = bench_.Data().PartsTable(bench_.Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
@@ -270,7 +270,7 @@ void Conversion::FinishStock() {
   if (begun_ == nullptr) return;
   StockRepair repair(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records, begun_->workorder);
   for (const JournaledPart& part : begun_->parts) {
-    isNoted_.push_back(repair.IsBegun(part));
+    isNoted_.push_back(repair.UseOf(part) != StockRepair::Use::NotNoted);
     repair.Complete(part);
   }
   notDone_ += Named("Count the stock of these parts, which was changed meanwhile:", repair.ToBeCounted());

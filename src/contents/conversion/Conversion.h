@@ -70,7 +70,7 @@ class Conversion {
   std::optional<ConversionJournal> ownJournal_;
   ConversionJournal* journal_ = nullptr;
   const BegunConversion* begun_ = nullptr;  // when one is finished
-  std::vector<bool> isNoted_;               // by its parts: their usage was there
+  std::vector<bool> isNoted_;               // by its parts: their usage was there, or given up
   bool hasTakenNumber_ = false;
   std::string reorderList_;
   std::string notDone_;  // what the person gave up of the stock, for the last message
