@@ -29,7 +29,7 @@ TEST(StoppedConversion, ByAHeldActiveTagFileHasMovedTheStock) {
   EXPECT_EQ(bench.InStock("PAD-9"), 4);
   EXPECT_FALSE(bench.IsThere("TQINCTAG.DAT"));
   EXPECT_FALSE(bench.IsThere("W0005001.tqa"));
-  EXPECT_EQ(bench.board.comments, "  Call first ");
+  EXPECT_EQ(bench.StoredComments(), "Call first");
 }
 
 TEST(StoppedConversion, ByAHeldTextHasBothTags) {
