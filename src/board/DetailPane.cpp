@@ -84,8 +84,7 @@ void DetailPane::ShowEstimateDetail() {
   if (Current().EstimateNumber == 0) return;
   displayedEstimate_ = Current().EstimateNumber;
   // Before anything that can fail: leaving the field writes what stands in it.
-  txtComments.SetText(Current().Comments);
-  savedComment_ = Trim(Current().Comments);
+  ShowComments(Current().Comments);
   RefreshDetailCaption("");
   ShowCustomerOnFile();
   ShowVehicle();
@@ -215,9 +214,13 @@ void DetailPane::KeepUnsavedComments() {
 
 void DetailPane::StoreComments(const std::string& comments) {
   Data().SetComments(comments, displayedEstimate_);
+  ShowComments(comments);
+  Current().Comments = comments;
+}
+
+void DetailPane::ShowComments(const std::string& comments) {
   txtComments.SetText(comments);
   savedComment_ = Trim(comments);
-  Current().Comments = comments;
 }
 
 // The hours of an estimate that the status filter keeps out aren't in the day's.

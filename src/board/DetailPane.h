@@ -109,6 +109,8 @@ class DetailPane : private EstimateOnShow {
   void AddScheduledHours(Hundredths hours) override;
   void RefreshDay() override { OnHoursChanged(); }
   std::string CommentsOnShow() const override { return txtComments.Text(); }
+  std::string CommentsAsStored() const override { return savedComment_; }
+  void ShowComments(const std::string& comments) override;
   void StoreComments(const std::string& comments) override;
   de& Data() { return database_.lantosData; }
   Estimate& Current() { return database_.estimates.CurrentEstimate; }
