@@ -51,8 +51,7 @@ void StatusByHand::Change() {
 // Where it fails on its way the copy may stand already.
 ContinueEstimate StatusByHand::Continuing() {
   return [this] {
-    parts_.detail.KeepUnsavedComments();
-    if (ReadAfresh(parts_.shop, parts_.database, "Continue") == Meanwhile::Stops) return kNotContinued;
+    if (IsGivenUp("Continue")) return kNotContinued;
     const Board::Copy before = std::exchange(copy_, Board::Copy::Made);
     const DaySerial next = ContinueCurrentEstimate(parts_.shop, parts_.database);
     if (next == kNotContinued) copy_ = before;
@@ -60,13 +59,17 @@ ContinueEstimate StatusByHand::Continuing() {
   };
 }
 
+// For what another copy has made of the estimate. What was typed here is saved once it is known whose comments count.
+bool StatusByHand::IsGivenUp(const std::string& title) {
+  const Meanwhile meanwhile = ReadAfresh(parts_.shop, parts_.database, parts_.detail.contents.bench.estimate, title);
+  parts_.detail.KeepUnsavedComments();
+  return meanwhile == Meanwhile::Stops;
+}
+
 void StatusByHand::Reschedule() {
   const ui::Hourglass hourglass(parts_.shop.desktop);
-  parts_.detail.KeepUnsavedComments();
   const std::int16_t oldStatus = Current().Status;
-  if (ReadAfresh(parts_.shop, parts_.database, "Reschedule") == Meanwhile::Stops) {
-    return board_.FollowStatus(oldStatus, Board::Copy::None);
-  }
+  if (IsGivenUp("Reschedule")) return board_.FollowStatus(oldStatus, Board::Copy::None);
   frmReschedule form(parts_.shop, parts_.database, parts_.state.lastSelectedDate);
   form.ShowModal();
   const bool moved = form.ok;

@@ -26,6 +26,7 @@ class StatusByHand {
 
  private:
   ContinueEstimate Continuing();
+  bool IsGivenUp(const std::string& title);
   Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
 
   BoardParts parts_;

@@ -23,6 +23,10 @@ class EstimateOnShow {
   virtual void RefreshDay() = 0;
   virtual void RefreshTotals() = 0;
   virtual std::string CommentsOnShow() const = 0;
+  // As they were last read or written, trimmed: what is on show beyond that was typed and isn't saved yet.
+  virtual std::string CommentsAsStored() const = 0;
+  // Comments that the database has already.
+  virtual void ShowComments(const std::string& comments) = 0;
   // Into the comments' field and into the database.
   virtual void StoreComments(const std::string& comments) = 0;
 };

@@ -72,6 +72,27 @@ std::string FromOneLine(std::string_view line) {
   return text;
 }
 
+// A part that comes a second time was taken back, and was begun anew.
+bool ReadPart(std::string_view line, BegunConversion& begun) {
+  JournaledPart part;
+  if (!TakeNumber(line, part.quantity) || !TakeNumber(line, part.stockInTag) || !TakeNumber(line, part.stockInMaster) ||
+      !TakeNumber(line, part.usageLink) || line.empty()) {
+    return false;
+  }
+  part.number = FromOneLine(line);
+  std::erase_if(begun.parts, [&](const JournaledPart& each) { return each.number == part.number; });
+  begun.parts.push_back(std::move(part));
+  return true;
+}
+
+bool ReadNoted(std::string_view line, BegunConversion& begun) {
+  FileLink usage = kNoLink;
+  if (!TakeNumber(line, usage) || usage < kNoLink || begun.parts.empty()) return false;
+  if (begun.parts.back().number != FromOneLine(line)) return false;
+  begun.parts.back().noted = usage;
+  return true;
+}
+
 // One line, without its check. False for what no journal has, in this place.
 bool ReadLine(std::string_view line, BegunConversion& begun) {
   const std::string_view kind = TakeWord(line);
@@ -85,15 +106,9 @@ bool ReadLine(std::string_view line, BegunConversion& begun) {
   if (kind == "number") return begun.hasNumber = true;
   if (kind == "undone") return begun.isUndone = true;
   if (kind == "writes") return true;
-  if (kind != "part" || !begun.hasNumber) return false;
-  JournaledPart part;
-  if (!TakeNumber(line, part.quantity) || !TakeNumber(line, part.stockInTag) || !TakeNumber(line, part.stockInMaster) ||
-      !TakeNumber(line, part.usageLink) || line.empty()) {
-    return false;
-  }
-  part.number = FromOneLine(line);
-  begun.parts.push_back(std::move(part));
-  return true;
+  if (!begun.hasNumber) return false;
+  if (kind == "part") return ReadPart(line, begun);
+  return kind == "noted" && ReadNoted(line, begun);
 }
 
 }  // namespace
@@ -149,6 +164,10 @@ void ConversionJournal::TakesNumber() { Write("number"); }
 void ConversionJournal::WillMove(const JournaledPart& part) {
   Write(fmt::format("part {} {} {} {} {}", part.quantity, part.stockInTag, part.stockInMaster, part.usageLink,
                     InOneLine(part.number)));
+}
+
+void ConversionJournal::HasNoted(const std::string& part, FileLink usage) {
+  Write(fmt::format("noted {} {}", usage, InOneLine(part)));
 }
 
 void ConversionJournal::WillWrite(std::string_view what) { Write("writes " + std::string(what)); }

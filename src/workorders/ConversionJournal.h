@@ -17,6 +17,8 @@ struct JournaledPart {
   std::int16_t quantity = 0;
   std::int16_t stockInTag = 0, stockInMaster = 0;
   FileLink usageLink = kNoLink;  // of the master
+  // Once that is settled, ahead of the stock: the record of its usage, kNoLink where the person went on without one.
+  std::optional<FileLink> noted = {};
 };
 
 // What a journal says: a conversion that was begun, and how far it came at least.
@@ -48,7 +50,8 @@ class ConversionJournal {
   // All throw FileError.
   void TakesNumber();  // it is this conversion's own
   void WillMove(const JournaledPart& part);
-  void WillWrite(std::string_view what);  // of the other steps, for who reads the file
+  void HasNoted(const std::string& part, FileLink usage);  // kNoLink: the stock moves without a note
+  void WillWrite(std::string_view what);                   // of the other steps, for who reads the file
   void IsUndone();
   // The conversion is whole, or undone. A file that can't be deleted is emptied.
   void Remove();

@@ -16,14 +16,13 @@ FileIO& LoadedFiles(Environment& environment, const Inventory& inventory) {
 }  // namespace
 
 StockMovement::StockMovement(Environment& environment, ui::Desktop& desktop, Records& records,
-                             std::function<void(std::string step)> onDone,
-                             std::function<void(const JournaledPart& part)> onBegin)
+                             std::function<void(std::string step)> onDone, Beforehand beforehand)
     : environment_(environment),
       desktop_(desktop),
       inventory_(records.inventory),
       usageHistory_(records.usageHistory),
       onDone_(std::move(onDone)),
-      onBegin_(std::move(onBegin)),
+      beforehand_(std::move(beforehand)),
       names_(LoadedFiles(environment, records.inventory)),
       turns_(environment.files.PathOf(kInventoryTagFile), environment.clock) {}
 
@@ -52,14 +51,15 @@ std::optional<std::int16_t> StockMovement::MoveInTurn(const Taken& part, const W
   CheckNumber(tag.View(inventorytag::StockNumber), part.number, "tag");
   CheckNumber(master.View(inventory::StockNumber), part.number, "master");
   const std::int16_t left = WoQuantity(std::int64_t{tag.Get(inventorytag::InStock)} - part.quantity);
-  if (onBegin_) {
-    onBegin_({part.number, part.quantity, tag.Get(inventorytag::InStock), master.Get(inventory::QtyInStock),
-              master.Get(inventory::UsageLink)});
+  if (beforehand_.part) {
+    beforehand_.part({part.number, part.quantity, tag.Get(inventorytag::InStock), master.Get(inventory::QtyInStock),
+                      master.Get(inventory::UsageLink)});
   }
   tag.Put(inventorytag::InStock, left);
   master.Put(inventory::QtyInStock, left);
   // The cost goes where the history has the price, and the price where it has the cost: so every record was made.
   const FileLink link = usageHistory_.UpdateUsage(UseIn(order), part.cost, part.price, part.quantity);
+  if (beforehand_.stock) beforehand_.stock(part.number, link);
   if (link != kNoLink) {
     master.Put(inventory::UsageLink, link);
     onDone_("the usage of " + part.number + " was noted");

@@ -20,11 +20,15 @@ namespace lantos {
 // part is claimed for its own update only, so other copies see the stock fall part by part.
 class StockMovement {
  public:
-  // The list of parts is loaded to its end first. Each finished step is told in words; ahead of the first one of a part
-  // stands how the part is until then, where somebody wants to know.
+  // Who wants to know beforehand: how a part is ahead of its first step, and which record its usage got (kNoLink: the
+  // person goes on without) ahead of its stock. What they throw ends the movement there.
+  struct Beforehand {
+    std::function<void(const JournaledPart& part)> part;
+    std::function<void(const std::string& part, FileLink usage)> stock;
+  };
+  // The list of parts is loaded to its end first. Each finished step is told in words.
   StockMovement(Environment& environment, ui::Desktop& desktop, Records& records,
-                std::function<void(std::string step)> onDone,
-                std::function<void(const JournaledPart& part)> onBegin = {});
+                std::function<void(std::string step)> onDone, Beforehand beforehand = {});
 
   struct Taken {
     std::string number;  // trimmed
@@ -56,7 +60,7 @@ class StockMovement {
   Inventory& inventory_;
   UsageHistory& usageHistory_;
   std::function<void(std::string step)> onDone_;
-  std::function<void(const JournaledPart& part)> onBegin_;
+  Beforehand beforehand_;
   const FileIO::SteadyNames names_;
   UpdateTurns turns_;
   GivenUpParts notDone_;

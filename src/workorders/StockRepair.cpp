@@ -48,16 +48,20 @@ void StockRepair::Complete(const JournaledPart& part) {
   const AskedTurn turn(turns_, desktop_, kInventoryTagFile);
   const std::optional<Found> found = Look(part);
   if (!found || found->chain.hasOurs) return;
-  if (found->isKnown && !found->isLowered) {
-    inventory_.CurrentInvTag.Put(
-        inventorytag::InStock,
-        Short(std::int64_t{inventory_.CurrentInvTag.Get(inventorytag::InStock)} - part.quantity));
+  if (found->isKnown) CompleteStock(*found, part.quantity);
+  if (found->usage != kNoLink) {
+    SetPrevLink(found->usage, inventory_.CurrentInv.Get(inventory::UsageLink));
+    inventory_.CurrentInv.Put(inventory::UsageLink, found->usage);
   }
-  if (found->isKnown)
-    inventory_.CurrentInv.Put(inventory::QtyInStock, inventory_.CurrentInvTag.Get(inventorytag::InStock));
-  SetPrevLink(found->usage, inventory_.CurrentInv.Get(inventory::UsageLink));
-  inventory_.CurrentInv.Put(inventory::UsageLink, found->usage);
   Store(*found);
+}
+
+void StockRepair::CompleteStock(const Found& found, std::int16_t quantity) {
+  InventoryTag& tag = inventory_.CurrentInvTag;
+  if (!found.isLowered) {
+    tag.Put(inventorytag::InStock, Short(std::int64_t{tag.Get(inventorytag::InStock)} - quantity));
+  }
+  inventory_.CurrentInv.Put(inventory::QtyInStock, tag.Get(inventorytag::InStock));
 }
 
 // The link goes first, and the record of the usage last: while it stands the next look finds the part.
@@ -71,18 +75,24 @@ void StockRepair::TakeBack(const JournaledPart& part) {
   if (found->isKnown && found->isLowered) {
     tag.Put(inventorytag::InStock, Short(std::int64_t{tag.Get(inventorytag::InStock)} + part.quantity));
   }
-  if (found->isKnown && (found->chain.hasOurs || found->chain.others != 0)) {
-    master.Put(inventory::QtyInStock, tag.Get(inventorytag::InStock));
-  }
+  // A master that nobody has written stays as it was, unlike its tag as it may be.
+  const bool isMasterWritten = found->chain.hasOurs || found->chain.others != 0 ||
+                               (found->usage == kNoLink && master.Get(inventory::QtyInStock) != part.stockInMaster);
+  if (found->isKnown && isMasterWritten) master.Put(inventory::QtyInStock, tag.Get(inventorytag::InStock));
   Store(*found);
-  RemoveUsage(found->usage);
+  if (found->usage != kNoLink) RemoveUsage(found->usage);
 }
 
-// Nothing when the part has no usage, or is gone.
+StockRepair::Use StockRepair::UseOf(const JournaledPart& part) const {
+  if (part.noted == kNoLink) return Use::GivenUp;
+  return FindUsage(part) != kNoLink ? Use::Noted : Use::NotNoted;
+}
+
+// Nothing when nothing was done for the part, or it is gone.
 std::optional<StockRepair::Found> StockRepair::Look(const JournaledPart& part) {
   Found found;
-  found.usage = FindUsage(part.number);
-  if (found.usage == kNoLink) return std::nullopt;
+  found.usage = FindUsage(part);
+  if (found.usage == kNoLink && part.noted != kNoLink) return std::nullopt;
   found.index = inventory_.FindPart(part.number);
   if (found.index == Inventory::kNoPart) {
     toBeCounted_.push_back(part.number);
@@ -107,22 +117,40 @@ std::optional<StockRepair::Found> StockRepair::Look(const JournaledPart& part) {
   return found;
 }
 
-FileLink StockRepair::FindUsage(const std::string& number) const {
+// Behind half a record that somebody has left all others lie askew: what the journal doesn't know is looked for both as
+// the records lie from the beginning and as they lie at the end.
+FileLink StockRepair::FindUsage(const JournaledPart& part) const {
+  if (part.noted == kNoLink) return kNoLink;
   FileLink found = kNoLink;
   WithUsage(environment_, desktop_, Access::Read, Deny::None, [&](const SharedFile& file) {
-    std::vector<UsageRecord> block(kScanBlock);
-    for (std::uint64_t end = file.Length() / UsageRecord::kLength; end > 0 && found == kNoLink;) {
-      const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(end, kScanBlock));
-      end -= count;
-      file.ReadAt(end * UsageRecord::kLength, std::as_writable_bytes(std::span(block).first(count)));
-      for (std::size_t i = count; i-- > 0;) {
-        if (block[i].Get(usage::WorkorderNumber) != workorder_ || block[i].View(usage::StockNumber) != number) continue;
-        found = LinkAtEnd((end + i) * UsageRecord::kLength, kUsageFile);
-        break;
-      }
+    const std::uint64_t askew = file.Length() % UsageRecord::kLength;
+    if (part.noted) {
+      UsageRecord record;
+      ReadRecord(file, *part.noted, record);
+      found = IsOurs(record, part.number) ? *part.noted : kNoLink;
+    } else {
+      found = ScanUsages(file, askew, part.number);
+      if (found == kNoLink && askew != 0) found = ScanUsages(file, 0, part.number);
     }
   });
   return found;
+}
+
+FileLink StockRepair::ScanUsages(const SharedFile& file, std::uint64_t first, const std::string& number) const {
+  std::vector<UsageRecord> block(kScanBlock);
+  for (std::uint64_t end = (file.Length() - first) / UsageRecord::kLength; end > 0;) {
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(end, kScanBlock));
+    end -= count;
+    file.ReadAt(first + end * UsageRecord::kLength, std::as_writable_bytes(std::span(block).first(count)));
+    for (std::size_t i = count; i-- > 0;) {
+      if (IsOurs(block[i], number)) return LinkAtEnd(first + (end + i) * UsageRecord::kLength, kUsageFile);
+    }
+  }
+  return kNoLink;
+}
+
+bool StockRepair::IsOurs(const UsageRecord& record, const std::string& number) const {
+  return record.Get(usage::WorkorderNumber) == workorder_ && record.View(usage::StockNumber) == number;
 }
 
 // From the newest to the one that the part had before; a damaged chain that leads back ends with the records there are.

@@ -19,8 +19,9 @@ class StockRepair {
  public:
   StockRepair(Environment& environment, ui::Desktop& desktop, Records& records, std::int32_t workorder);
 
-  // Whether the use of the part was noted: without it nothing was done for it.
-  bool IsBegun(const JournaledPart& part) const { return FindUsage(part.number) != kNoLink; }
+  // How the use of the part was noted. Only what was neither noted nor given up has its stock as it was for sure.
+  enum class Use { NotNoted, Noted, GivenUp };
+  Use UseOf(const JournaledPart& part) const;
   // Usage, tag and master as a whole movement leaves them; as if it had not been. GivenUp when a file can't be had.
   void Complete(const JournaledPart& part);
   void TakeBack(const JournaledPart& part);
@@ -39,12 +40,15 @@ class StockRepair {
   struct Found {
     Inventory::PartIndex index = Inventory::kNoPart;
     FileLink offset = kNoLink;  // of the master
-    FileLink usage = kNoLink;
+    FileLink usage = kNoLink;   // none where the person went on without
     Chain chain;
     bool isKnown = false;    // what the tag has is one of two
     bool isLowered = false;  // the tag
   };
-  FileLink FindUsage(const std::string& number) const;
+  FileLink FindUsage(const JournaledPart& part) const;
+  FileLink ScanUsages(const SharedFile& file, std::uint64_t first, const std::string& number) const;
+  bool IsOurs(const UsageRecord& record, const std::string& number) const;
+  void CompleteStock(const Found& found, std::int16_t quantity);
   std::optional<Found> Look(const JournaledPart& part);
   Chain WalkChain(const JournaledPart& part, FileLink usage, FileLink head) const;
   UsageRecord UsageAt(FileLink link) const;

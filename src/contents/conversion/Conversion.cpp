@@ -37,6 +37,19 @@ std::string Named(const std::string& what, const std::vector<std::string>& parts
   return text;
 }
 
+// As the columns hold them: a text that is longer is cut there.
+bool HasVehicleOf(const Estimate& one, const Estimate& other) {
+  constexpr std::string Estimate::*kTexts[] = {&Estimate::VehYear,    &Estimate::VehMake, &Estimate::VehModel,
+                                               &Estimate::VehVIN,     &Estimate::VehLic,  &Estimate::VehDate,
+                                               &Estimate::VehMileage, &Estimate::VehEng,  &Estimate::VehTrans};
+  static_assert(std::size(kTexts) == std::size(kSnapshotColumns));
+  for (std::size_t i = 0; i < std::size(kTexts); ++i) {
+    const std::size_t width = kSnapshotColumns[i].width;
+    if (Trim(Left(one.*kTexts[i], width)) != Trim(Left(other.*kTexts[i], width))) return false;
+  }
+  return true;
+}
+
 WoNote ReadNote(const Recordset& row) {
   WoNote note;
   for (std::size_t line = 0; line < note.size(); ++line) note[line] = row.Text("Desc" + std::to_string(line + 1));
@@ -52,13 +65,9 @@ Conversion::Conversion(const Workbench& bench, Workorders& workorders)
       done_(bench.shop.environment.log, bench.Number(), workorders.Current) {}
 
 void Conversion::Run() {
-  if (!MayEnter(bench_.shop, Section::Workorders) || !IsStillMeant() || !MayConvert() || !FindCustomer() || !Confirm())
-    return;
-  ClearWorkorder(Order());
-  if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
-  filling_.TakeCustomer(bench_.shop.records.customers.CurrentCustomer);
+  if (!MayEnter(bench_.shop, Section::Workorders) || !IsStillMeant()) return;
   try {
-    if (!TakeVehicle()) return;
+    if (!AskAll()) return;
     TakeNumber();
     TakeLinesAndWrite({});
   } catch (const std::exception& error) {
@@ -66,14 +75,32 @@ void Conversion::Run() {
   }
 }
 
+// The questions take minutes: what other copies have made of the estimate meanwhile is looked at behind them, and for
+// another customer or vehicle they are asked anew.
+bool Conversion::AskAll() {
+  for (;;) {
+    if (!MayConvert() || !FindCustomer() || !Confirm()) return false;
+    BeginOrder();
+    if (!TakeVehicle()) return false;
+    const Estimate asked = Current();
+    if (!IsStillMeant()) return false;
+    const bool isSame = Current().CustomerNumber == asked.CustomerNumber && HasVehicleOf(Current(), asked);
+    if (isSame) return Current().Status == asked.Status || MayConvert();
+  }
+}
+
+void Conversion::BeginOrder() {
+  ClearWorkorder(Order());
+  if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
+  filling_.TakeCustomer(bench_.shop.records.customers.CurrentCustomer);
+}
+
 void Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal) {
   begun_ = &begun;
   journal_ = &journal;
   const Workorders::FilesWritten written = workorders_.FilesOf(begun.workorder);
   if (!FindCustomer() || (!written.Any() && !HasBegunParts())) return;
-  ClearWorkorder(Order());
-  if (!bench_.shop.records.checkList.ChecklistLoaded) bench_.shop.records.checkList.ClearCheckListValues();
-  filling_.TakeCustomer(bench_.shop.records.customers.CurrentCustomer);
+  BeginOrder();
   FindVehicle();
   Order().WorkorderNumber = begun.workorder;
   hasTakenNumber_ = true;
@@ -113,9 +140,7 @@ void Conversion::TakeLinesAndWrite(const Workorders::FilesWritten& written) {
 }
 
 bool Conversion::IsStillMeant() {
-  const Meanwhile meanwhile = ReadAfresh(bench_.shop, bench_.database, kTitle);
-  wasChanged_ = meanwhile == Meanwhile::GoesOn;
-  return meanwhile != Meanwhile::Stops;
+  return ReadAfresh(bench_.shop, bench_.database, bench_.estimate, kTitle) != Meanwhile::Stops;
 }
 
 bool Conversion::MayConvert() {
@@ -213,10 +238,10 @@ void Conversion::TakeNumber() {
 
 void Conversion::TakeParts() {
   FinishStock();
-  StockMovement stock(
-      bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
-      [this](std::string step) { done_.Add(std::move(step)); },
-      [this](const JournaledPart& part) { journal_->WillMove(part); });
+  StockMovement stock(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
+                      [this](std::string step) { done_.Add(std::move(step)); },
+                      {.part = [this](const JournaledPart& part) { journal_->WillMove(part); },
+                       .stock = [this](const std::string& part, FileLink usage) { journal_->HasNoted(part, usage); }});
   Recordset rows = bench_.Data().PartsTable(bench_.Number());
   for (; !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
@@ -245,7 +270,7 @@ void Conversion::FinishStock() {
   if (begun_ == nullptr) return;
   StockRepair repair(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records, begun_->workorder);
   for (const JournaledPart& part : begun_->parts) {
-    isNoted_.push_back(repair.IsBegun(part));
+    isNoted_.push_back(repair.UseOf(part) != StockRepair::Use::NotNoted);
     repair.Complete(part);
   }
   notDone_ += Named("Count the stock of these parts, which was changed meanwhile:", repair.ToBeCounted());
@@ -293,15 +318,11 @@ void Conversion::TellOfReorders() {
 void Conversion::MarkEstimate() {
   journal_->WillWrite("the comments of the estimate");
   const std::string mark = "Workorder # " + OrderNumber() + " ";
-  if (begun_ == nullptr || !Comments().starts_with(Trim(mark))) bench_.estimate.StoreComments(mark + Comments());
+  const std::string comments = Trim(bench_.estimate.CommentsOnShow());
+  if (begun_ == nullptr || !comments.starts_with(Trim(mark))) bench_.estimate.StoreComments(mark + comments);
   done_.Add("the comments of the estimate name the work order");
   const std::string text = "Estimate # " + FormatZeros(bench_.Number(), 6) + " is now Workorder # " + OrderNumber();
   bench_.shop.desktop.Tell(text + notDone_, kTitle, ui::Icon::Information);
-}
-
-// What another copy has put there counts more than what is on show, which is older.
-std::string Conversion::Comments() const {
-  return Trim(wasChanged_ ? Current().Comments : bench_.estimate.CommentsOnShow());
 }
 
 void Conversion::ChangeStatus() {

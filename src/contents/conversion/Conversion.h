@@ -31,6 +31,9 @@ class Conversion {
  private:
   // What another copy did to the estimate meanwhile is told and asked about.
   bool IsStillMeant();
+  // All that is asked ahead of the number. False when the person ends the conversion, or a guard does.
+  bool AskAll();
+  void BeginOrder();
   bool MayConvert();
   bool Confirm();
   bool FindCustomer();
@@ -59,7 +62,6 @@ class Conversion {
   Estimate& Current() const { return bench_.database.estimates.CurrentEstimate; }
   Workorder& Order() const { return workorders_.Current; }
   std::string OrderNumber() const;
-  std::string Comments() const;
 
   Workbench bench_;
   Workorders& workorders_;
@@ -68,8 +70,7 @@ class Conversion {
   std::optional<ConversionJournal> ownJournal_;
   ConversionJournal* journal_ = nullptr;
   const BegunConversion* begun_ = nullptr;  // when one is finished
-  std::vector<bool> isNoted_;               // by its parts: their usage was there
-  bool wasChanged_ = false;
+  std::vector<bool> isNoted_;               // by its parts: their usage was there, or given up
   bool hasTakenNumber_ = false;
   std::string reorderList_;
   std::string notDone_;  // what the person gave up of the stock, for the last message

@@ -111,7 +111,9 @@ std::string HalfDone::WhatIsDone(const BegunConversion& begun, const Workorders:
                      ". What was done:\r- the number was taken";
   const StockRepair stock(shop_.environment, shop_.desktop, shop_.records, begun.workorder);
   for (const JournaledPart& part : begun.parts) {
-    if (stock.IsBegun(part)) text += "\r- the use of " + part.number + " was noted";
+    const StockRepair::Use use = stock.UseOf(part);
+    if (use == StockRepair::Use::Noted) text += "\r- the use of " + part.number + " was noted";
+    if (use == StockRepair::Use::GivenUp) text += "\r- the use of " + part.number + " was not noted";
   }
   if (written.activeTag) text += "\r- the tag in " + std::string(kActiveTagFile) + " was written";
   if (written.archivedTag) text += "\r- the tag in " + std::string(kArchivedTagFile) + " was written";

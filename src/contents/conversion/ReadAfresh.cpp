@@ -13,10 +13,11 @@ namespace {
 // As a conversion begins the comments.
 constexpr std::string_view kConvertedMark = "Workorder # ";
 
-std::optional<Estimate> OnFile(de& data, std::int32_t number) {
-  Recordset& row = data.EstimateByNumber(number);
+// What a row doesn't have stays as it was shown.
+std::optional<Estimate> OnFile(de& data, const Estimate& shown) {
+  Recordset& row = data.EstimateByNumber(shown.EstimateNumber);
   std::optional<Estimate> found;
-  if (!row.Eof()) modEstimates::ReadRow(row, found.emplace());
+  if (!row.Eof()) modEstimates::ReadRow(row, found.emplace(shown));
   row.Close();
   return found;
 }
@@ -41,23 +42,45 @@ std::string WhatHappened(const modEstimates& estimates, const Estimate& shown, E
   return text;
 }
 
+// Whose comments count, where another copy has written some and there may be unsaved ones on show.
+void SettleComments(Shop& shop, EstimateOnShow& onShow, const std::string& stored, const std::string& title) {
+  const std::string ours = Trim(onShow.CommentsOnShow());
+  const std::string theirs = Trim(stored);
+  if (theirs == onShow.CommentsAsStored() || theirs == ours) return;
+  if (ours == onShow.CommentsAsStored()) return onShow.ShowComments(stored);
+  const ui::Answer answer =
+      shop.desktop.Ask("Somebody else has changed this meanwhile:\r\rComments: \"" + theirs + "\" is stored, \"" +
+                           ours + "\" is yours\r\rDo you want to store yours?\rNo keeps what is stored.",
+                       title, ui::Buttons::YesNo, ui::Icon::Question);
+  answer == ui::Answer::Yes ? onShow.StoreComments(ours) : onShow.ShowComments(stored);
+}
+
 }  // namespace
 
 Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, const std::string& title) {
   Estimate& current = database.estimates.CurrentEstimate;
   const std::string name = "Estimate # " + FormatZeros(current.EstimateNumber, 6);
-  const std::optional<Estimate> now = OnFile(database.lantosData, current.EstimateNumber);
+  std::optional<Estimate> now = OnFile(database.lantosData, current);
   if (!now) {
     shop.desktop.Tell(name + " was deleted by another user.", title, ui::Icon::Exclamation);
     return Meanwhile::Stops;
   }
   const std::string happened = WhatHappened(database.estimates, current, *now);
+  // A No-show may be one in memory alone.
+  if (happened.empty()) now->Status = current.Status;
+  current = *now;
   if (happened.empty()) return Meanwhile::Nothing;
-  database.estimates.LoadEstimate(current.EstimateNumber);
   const ui::Answer answer = shop.desktop.Ask(
       name + " was changed by another user since it was shown here.\r" + happened + "\r\rDo you wish to continue?",
       title, ui::Buttons::YesNo, ui::Icon::Question);
   return answer == ui::Answer::Yes ? Meanwhile::GoesOn : Meanwhile::Stops;
+}
+
+Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, EstimateOnShow& onShow, const std::string& title) {
+  const Meanwhile meanwhile = ReadAfresh(shop, database, title);
+  const Estimate& current = database.estimates.CurrentEstimate;
+  if (onShow.DisplayedEstimate() == current.EstimateNumber) SettleComments(shop, onShow, current.Comments, title);
+  return meanwhile;
 }
 
 }  // namespace lantos

@@ -10,6 +10,7 @@ from boardlines import elsewhere, row_of
 from conversionsteps import (AS_ON_FILE, FIRST, PARTS, TITLE, USAGE_HELD, answer_status, begin, convert, convert_whole,
                              estimate, expect_converted, is_untouched, shop, show, snapshot, stored_comments,
                              to_vehicle, vehicle_in_text, vehicle_shop)
+from faults import HELD, Faults
 from inventoryfiles import read_tags
 from locks import denied_to_all, deny_to_all
 from screens import shared_files
@@ -178,24 +179,30 @@ def test_a_held_active_tag_file_stops_it_and_the_box_says_how_far_it_came(start,
     convert_whole(copy, FIRST + 1)
 
 
-def test_a_held_text_leaves_both_tags(start, shop):
+def test_a_held_text_leaves_both_tags(start, shop, tmp_path):
     estimate(shop)
-    copy = begin(start, shop)
-    with denied_to_all(shop.path(file_name(FIRST))):
-        convert(copy)
-        box = copy.expect_box(icon="critical")
-        assert box["text"].endswith("- the number was taken\n- the tag in TQOPENWO.DAT was written\n"
-                                    "- the tag in TQINCTAG.DAT was written\nThe next step was not finished.")
-        copy.press("OK")
+    faults = Faults(shop.directory, tmp_path)
+    copy = begin(lambda shop: start(shop, faults=faults), shop)
+    faults.fail(file_name(FIRST), fault=HELD)
+    convert(copy)
+    box = copy.expect_box(icon="critical")
+    assert box["text"].endswith("- the number was taken\n- the tag in TQOPENWO.DAT was written\n"
+                                "- the tag in TQINCTAG.DAT was written\nThe next step was not finished.")
+    copy.press("OK")
     assert len(active_tags(shop)) == len(archived_tags(shop)) == 1
 
 
-def test_an_old_text_of_the_number_is_replaced_whole(start, shop):
+def test_a_number_whose_text_is_there_is_not_given_and_the_text_stays(start, shop):
     estimate(shop)
     copy = begin(start, shop)
     shop.path(file_name(FIRST)).write_bytes(b"old text " * 1000)
-    convert_whole(copy)
-    assert read_workorder(shop, FIRST)["Workorder"][0] == "WorkorderNumber=005001"
+    convert(copy)
+    box = copy.expect_box(title="Next Number", icon="exclamation", buttons=["OK", "Cancel"])
+    assert box["text"].startswith("005001, the running number of the work orders in TQSYSTEM.DAT, is in use already.")
+    copy.press("OK")
+    expect_converted(copy, FIRST + 1)
+    assert shop.path(file_name(FIRST)).read_bytes() == b"old text " * 1000
+    assert read_workorder(shop, FIRST + 1)["Workorder"][0] == "WorkorderNumber=005002"
 
 
 def test_held_usage_asks_after_three_tries_without_a_way_out(start, shop):

@@ -115,7 +115,7 @@ def test_an_archive_that_has_another_work_order_there_is_told_and_skipped(start,
     assert numbers_of(summary_on_show(copy)) == [3001]
 
 
-def test_a_missing_archive_is_taken_for_a_locked_one(start, shop):
+def test_a_missing_archive_is_told_as_missing(start, shop):
     history = History(VIN)
     history.add_archived(3001, paid=TODAY)
     write_history(shop, history)
@@ -123,8 +123,8 @@ def test_a_missing_archive_is_taken_for_a_locked_one(start, shop):
     options(shop, NO_CHANGE, **HISTORY)
     copy = choose(start(shop))
     copy.click("cmdPrintWorksheet")
-    expect_retry(copy, "File locked by another user.\nClick Retry to try again, or Cancel to exit.",
-                 "GetArchWo(TQINVOIC.DAT)")
+    expect_retry(copy, "TQINVOIC.DAT can not be used: it is not there.\n"
+                 "Click Retry to try again, or Cancel to go on without it.", "GetArchWo(TQINVOIC.DAT)")
     copy.press("Cancel")
     assert summary_on_show(copy) == []
     copy.close()

@@ -166,6 +166,16 @@ def test_a_held_vehicle_file_asks_when_the_list_is_filled(lantos, shop):
     assert cells(lantos, "VIN") == ["V1"]
 
 
+def leave_unstored(lantos, model):
+    """The screen of a vehicle that couldn't be stored has what was typed; it is given up."""
+    lantos.expect_form("frmVehEdit")
+    assert lantos.get("frmVehEdit.Model")["text"] == model
+    lantos.key("Esc")
+    while lantos.answer["waiting"] == "box":
+        lantos.press("Yes")
+    lantos.expect_form("frmVehList")
+
+
 def test_a_held_vehicle_file_is_told_of_when_a_vehicle_is_read_or_written(lantos, shop):
     open_vehicles(lantos, 7)
     before = shared_files(shop)
@@ -184,12 +194,12 @@ def test_a_held_vehicle_file_is_told_of_when_a_vehicle_is_read_or_written(lantos
         lantos.key("F10")
         lantos.expect_box("Could not open Vehicle file.", "WriteVehicle", "critical", ["OK"])
         lantos.press("OK")
-    lantos.expect_form("frmVehList")
+    leave_unstored(lantos, "Fiesta")
     assert cells(lantos, "Model") == ["Focus"]
     lantos.key("Insert")
     lantos.type("Model", "New")
     with denied_to_all(shop.path("TQVEHICL.DAT")):
         lantos.key("F10")
         tell(lantos, "Could not open Vehicle file.", "WriteVehicle")
-    lantos.expect_form("frmVehList")
+    leave_unstored(lantos, "New")
     assert shared_files(shop) == before, "nor has the customer a link to a vehicle that isn't there"

@@ -274,6 +274,9 @@ def test_files_that_end_in_the_middle_of_a_record_read_as_zeros_and_stay(start, 
         path.write_bytes(path.read_bytes()[:-length // 2])
     copy = start(shop)
     before = shared_files(shop)
+    copy.expect_box("Customer 000012 can't be shown: the tag in TQCSTTAG.DAT leads to the record of customer 000007 in "
+                    "TQCSTDAT.DAT.\nRun KRVLCLEN to repair the files.", "ReadCustomer()", "exclamation", ["OK"])
+    copy.press("OK")
     open_search(copy)
     search(copy, NameKey="jones")
     assert len(copy.rows("CustList")) == 1, "the key of the last tag is still there"

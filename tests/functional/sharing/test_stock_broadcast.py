@@ -6,7 +6,7 @@ import time
 from functools import partial
 
 from copysteps import (STOCK, USED, conversion_lines, convert_patiently, converting_copies, copies, in_parallel,
-                       kill_within, shop, start_victim, time_of, work)
+                       kill_within, settle_half_done, shop, start_victim, time_of, work)
 from mailboxes import TICK, mail, stock
 from workfiles import show
 from workorderfiles import stock_masters, stock_tags
@@ -65,7 +65,9 @@ def test_kills_in_the_middle_leave_no_torn_record_and_lists_that_follow(copies, 
     lines = [*conversion_lines(), f'{{"do":"wait","ms":{TICK}}}'] * 2
     whole_time = 0.0
     for kill in range(kills + 1):
-        victim = show(start_victim(tmp_path, work), 902)
+        victim = start_victim(tmp_path, work)
+        settle_half_done(victim, lambda: chance.choice(["Yes", "No"]))
+        show(victim, 902)
         if kill == 0:
             whole_time = time_of(victim, lines)
         else:

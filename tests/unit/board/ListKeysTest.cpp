@@ -131,6 +131,7 @@ TEST(Focus, AfterAConversionToAWorkOrderOfTheEstimatesNumberIsOnTheWayBackToTheD
   bench.AddEstimate(900, bench.Today(), kArrived);
   bench.Show(900);
   bench.board.detail.listLabor.SetFocus();
+  bench.records.system.TakeNumber(sysrec::last_workorder_number);
   bench.workorders.Current.WorkorderNumber = bench.records.system.SysRec.Get(sysrec::last_workorder_number);
   bench.desktop.WillAnswer({Answer::Yes, Answer::Ok, Answer::No, Answer::Ok});
   bench.board.FindMenu("mnuConvertToWO")->DoClick();

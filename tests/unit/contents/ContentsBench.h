@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "board/DayCapacityDatabase.h"
 #include "estimatedb/EngineChoice.h"
 #include "estimatedb/WatchedEngine.h"
+#include "frame/Text.h"
 #include "records/Customers.h"
 
 namespace lantos::test {
@@ -30,7 +32,15 @@ class PaperBoard : public ui::Form, public EstimateOnShow {
   void RefreshDay() override { ++dayRefreshes; }
   void RefreshTotals() override { ++totalRefreshes; }
   std::string CommentsOnShow() const override { return comments; }
-  void StoreComments(const std::string& text) override { comments = text; }
+  std::string CommentsAsStored() const override { return savedComments; }
+  void ShowComments(const std::string& text) override {
+    comments = text;
+    savedComments = Trim(text);
+  }
+  void StoreComments(const std::string& text) override {
+    if (store) store(text);
+    ShowComments(text);
+  }
 
   std::int32_t number = 1001;
   CustomerRecord customer;
@@ -38,6 +48,8 @@ class PaperBoard : public ui::Form, public EstimateOnShow {
   int dayRefreshes = 0;
   int totalRefreshes = 0;
   std::string comments;
+  std::string savedComments;
+  std::function<void(const std::string& comments)> store;  // where the database is to have them as well
 };
 
 // The line editors on a shop with one estimate, 1001, of Tuesday, 30 September 2003.

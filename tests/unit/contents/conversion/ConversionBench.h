@@ -33,7 +33,13 @@ struct ConversionBench : ContentsBench {
     directory.Put("TQCSTTAG.DAT", std::string("\7\0\0\0Adams,Beth", 14) + std::string(82, '\0'));
     directory.Put("TQEMPLOY.DAT", "");
     directory.Put("TQVEHICL.DAT", "");
-    board.comments = "  Call first ";
+    Do("update Estimates set Comments = 'Call first' where EstimateNumber = 1001");
+    database.estimates.LoadEstimate(1001);
+    board.ShowComments("  Call first ");
+    board.store = [this](const std::string& comments) {
+      database.lantosData.SetComments(comments, 1001);
+      database.estimates.CurrentEstimate.Comments = comments;
+    };
   }
 
   template <std::size_t Length>
@@ -112,14 +118,15 @@ struct ConversionBench : ContentsBench {
     return records.system.SysRec.Get(sysrec::last_workorder_number);
   }
   // No number, no stock, no file, no comment.
-  void ExpectNothingDone() {
+  void ExpectNothingDone(const std::string& comments = "Call first") {
     EXPECT_EQ(NextNumber(), 5001);
     EXPECT_TRUE(LoggedSteps().empty());
     for (const char* name : {"TQOPENWO.DAT", "TQINCTAG.DAT", "TQUSEHST.DAT", "W0005001.tqa"}) {
       EXPECT_FALSE(IsThere(name)) << name;
     }
-    EXPECT_EQ(board.comments, "  Call first ");
+    EXPECT_EQ(StoredComments(), comments);
   }
+  std::string StoredComments() { return Ask("select Comments from Estimates where EstimateNumber = 1001"); }
 };
 
 inline const std::string kWhole = "work order # 005001";

@@ -130,7 +130,7 @@ TEST(Conversion, OfAnEstimateInProgressLooksAtNoOption) {
 
 TEST(Conversion, WantsACustomerThatIsOnFile) {
   ConversionBench bench;
-  bench.database.estimates.CurrentEstimate.CustomerNumber = 8;
+  bench.Do("update Estimates set CustomerNumber = 8 where EstimateNumber = 1001");
   bench.desktop.WillAnswer(Answer::Ok);
   bench.Convert();
   EXPECT_EQ(bench.desktop.boxes[0].text, "The customer of this estimate isn't on file. Choose a customer first.");

@@ -151,6 +151,65 @@ TEST(HalfDone, StaysWhereAnErrorStoppedIt) {
   EXPECT_EQ(bench.NextNumber(), 5001);
 }
 
+// The person gives up the notes of the usage; then another program has the first tag's file.
+void GiveUpUsageAndTag(HalfDoneBench& bench) {
+  bench.WillConfirm();
+  test::FaultyCalls calls(bench.directory.Path());
+  calls.FailOn("TQUSEHST.DAT", test::CallKind::Open, test::Fault::ReadOnly);
+  bench.desktop.WillAnswer({Answer::Cancel, Answer::Cancel});
+  const SharedFile held(bench.directory / "TQOPENWO.DAT", Access::ReadWrite, Deny::All);
+  EXPECT_THAT(bench.Failure(), HasSubstr("the stock of PAD-9 is now 4"));
+  bench.ExpectStock(4, 35);
+}
+
+TEST(HalfDone, WhoseUsageWasGivenUpLowersTheStockOnce) {
+  HalfDoneBench bench;
+  GiveUpUsageAndTag(bench);
+  bench.Finish();
+  EXPECT_TRUE(bench.WasTold("\r- the use of PAD-9 was not noted"));
+  bench.ExpectStock(4, 35);
+  EXPECT_EQ(bench.Usages(), 0u);
+  EXPECT_TRUE(bench.IsThere("W0005001.tqa"));
+  EXPECT_THAT(bench.Journals(), IsEmpty());
+}
+
+TEST(HalfDone, WhoseUsageWasGivenUpPutsTheStockBack) {
+  HalfDoneBench bench;
+  GiveUpUsageAndTag(bench);
+  bench.Undo();
+  bench.ExpectUntouched();
+  EXPECT_EQ(bench.NextNumber(), 5001);
+  EXPECT_FALSE(bench.WasTold("Count"));
+}
+
+TEST(HalfDone, WhoseUsageWasGivenUpAndWhoseStockNobodyCanTellIsToBeCounted) {
+  HalfDoneBench bench;
+  GiveUpUsageAndTag(bench);
+  FileLink offset = kNoLink;
+  ASSERT_TRUE(bench.records.inventory.ReadInventory(offset, bench.records.inventory.FindPart("OIL-1")));
+  bench.records.inventory.CurrentInvTag.Put(inventorytag::InStock, 17);
+  bench.records.inventory.CurrentInv.Put(inventory::QtyInStock, 17);
+  bench.records.inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No);
+  bench.Undo();
+  EXPECT_TRUE(bench.WasTold("Count the stock of these parts, which was changed meanwhile:\r\rOIL-1"));
+  bench.ExpectStock(6, 17);
+}
+
+// Half a record that another program has left at the end.
+TEST(HalfDone, IsFoundBehindHalfAUsage) {
+  for (const bool finishes : {true, false}) {
+    for (const char* at : {"TQINVTAG.DAT", "TQOPENWO.DAT"}) {
+      SCOPED_TRACE(std::string(at) + (finishes ? " finished" : " undone"));
+      HalfDoneBench bench;
+      bench.directory.Put("TQUSEHST.DAT", std::string(30, '\0'));
+      bench.KillConversionAtWriteOf(at);
+      finishes ? bench.Finish() : bench.Undo();
+      bench.ExpectStock(finishes ? 4 : 6, finishes ? 35 : 40);
+      EXPECT_EQ(bench.directory.Content("TQUSEHST.DAT").size(), 30 + (finishes ? 2 : 0) * UsageRecord::kLength);
+    }
+  }
+}
+
 TEST(HalfDone, WithoutAPlaceForItsJournalBeginsNothing) {
   HalfDoneBench bench;
   bench.WillConfirm();

@@ -1,10 +1,13 @@
 // What is left, and what is said, when a step of a conversion fails.
 #include "ConversionBench.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos {
 namespace {
 
 using test::ConversionBench;
+using test::Fault;
+using test::FaultyCalls;
 using test::kWhole;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -26,13 +29,14 @@ TEST(StoppedConversion, ByAHeldActiveTagFileHasMovedTheStock) {
   EXPECT_EQ(bench.InStock("PAD-9"), 4);
   EXPECT_FALSE(bench.IsThere("TQINCTAG.DAT"));
   EXPECT_FALSE(bench.IsThere("W0005001.tqa"));
-  EXPECT_EQ(bench.board.comments, "  Call first ");
+  EXPECT_EQ(bench.StoredComments(), "Call first");
 }
 
 TEST(StoppedConversion, ByAHeldTextHasBothTags) {
   ConversionBench bench;
   bench.WillConfirm();
-  const SharedFile held(bench.directory / "W0005001.tqa", Access::ReadWrite, Deny::All);
+  FaultyCalls calls(bench.directory.Path());
+  calls.FailOn("W0005001.tqa", Fault::Held);
   EXPECT_THAT(bench.Failure(), EndsWith("\r- the tag in TQOPENWO.DAT was written"
                                         "\r- the tag in TQINCTAG.DAT was written" +
                                         kUnfinished));
