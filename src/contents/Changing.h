@@ -2,8 +2,10 @@
 
 #include <exception>
 #include <functional>
+#include <string>
 
 #include "estimatedb/engine/DatabaseError.h"
+#include "frame/PlainWords.h"
 
 namespace lantos {
 
@@ -34,6 +36,21 @@ inline void StoreOrReload(const std::function<void()>& store, const std::functio
     }
     throw;
   }
+}
+
+// Shows a line that is stored already, and with it what other workstations have stored, which reload reads. Where that
+// can't be read the line is shown all the same, so that nobody adds it once more. What names it.
+inline void ShowStored(const std::string& what, const std::function<void()>& reload,
+                       const std::function<void()>& show) {
+  try {
+    reload();
+  } catch (const std::exception& error) {
+    show();
+    throw WordedError(error.what(), what +
+                                        " is stored, but the list could not be read again.\rLines that other "
+                                        "workstations have added may be missing from it.");
+  }
+  show();
 }
 
 }  // namespace lantos

@@ -55,19 +55,25 @@ std::string CannedLaborLine(const CannedLabor& entry) {
 }
 
 std::vector<CannedLabor> LoadCannedLabor(Environment& environment) {
+  return CannedLaborIn(ReadTextLines(environment, kCannedLaborFile).value_or(std::vector<std::string>()));
+}
+
+std::vector<CannedLabor> CannedLaborIn(const std::vector<std::string>& lines) {
   std::vector<CannedLabor> entries;
-  for (const std::string& line : ReadTextLines(environment, kCannedLaborFile).value_or(std::vector<std::string>())) {
-    entries.push_back(ParseCannedLabor(line));
-  }
+  for (const std::string& line : lines) entries.push_back(ParseCannedLabor(line));
   return entries;
 }
 
 void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& entries) {
+  WriteTextLines(environment, kCannedLaborFile, LinesOf(entries));
+}
+
+std::vector<std::string> LinesOf(const std::vector<CannedLabor>& entries) {
   std::vector<std::string> lines;
   for (const CannedLabor& entry : entries) {
     if (!entry.IsDeleted()) lines.push_back(CannedLaborLine(entry));
   }
-  WriteTextLines(environment, kCannedLaborFile, lines);
+  return lines;
 }
 
 void LaborKits::LoadOnce() {
@@ -133,19 +139,25 @@ std::string CannedNoteLine(const CannedNote& note) {
 }
 
 std::vector<CannedNote> LoadCannedNotes(Environment& environment) {
+  return CannedNotesIn(ReadTextLines(environment, kCannedNoteFile).value_or(std::vector<std::string>()));
+}
+
+std::vector<CannedNote> CannedNotesIn(const std::vector<std::string>& lines) {
   std::vector<CannedNote> notes;
-  for (const std::string& line : ReadTextLines(environment, kCannedNoteFile).value_or(std::vector<std::string>())) {
-    notes.push_back(SplitLaborText(line));
-  }
+  for (const std::string& line : lines) notes.push_back(SplitLaborText(line));
   return notes;
 }
 
 void SaveCannedNotes(Environment& environment, const std::vector<CannedNote>& notes) {
+  WriteTextLines(environment, kCannedNoteFile, LinesOf(notes));
+}
+
+std::vector<std::string> LinesOf(const std::vector<CannedNote>& notes) {
   std::vector<std::string> lines;
   for (const CannedNote& note : notes) {
     if (!IsDeleted(note)) lines.push_back(CannedNoteLine(note));
   }
-  WriteTextLines(environment, kCannedNoteFile, lines);
+  return lines;
 }
 
 }  // namespace lantos

@@ -32,8 +32,10 @@ std::string CannedLaborLine(const CannedLabor& entry);
 
 // In file order. No file is an empty list. FileError when it can't be read or written.
 std::vector<CannedLabor> LoadCannedLabor(Environment& environment);
+std::vector<CannedLabor> CannedLaborIn(const std::vector<std::string>& lines);
 // The whole file, without the deleted entries.
 void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& entries);
+std::vector<std::string> LinesOf(const std::vector<CannedLabor>& entries);
 
 // TQLABKIT.DAT: which inventory kit goes with which code.
 namespace laborkit {
@@ -76,6 +78,8 @@ using CannedNote = std::array<std::string, kCannedLines>;
 bool IsDeleted(const CannedNote& note);
 std::string CannedNoteLine(const CannedNote& note);
 std::vector<CannedNote> LoadCannedNotes(Environment& environment);
+std::vector<CannedNote> CannedNotesIn(const std::vector<std::string>& lines);
 void SaveCannedNotes(Environment& environment, const std::vector<CannedNote>& notes);
+std::vector<std::string> LinesOf(const std::vector<CannedNote>& notes);
 
 }  // namespace lantos

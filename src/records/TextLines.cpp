@@ -24,19 +24,27 @@ void DropRoom(std::vector<std::string>& lines) {
 std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name, Deny deny) {
   if (!environment.files.IsThere(name)) return std::nullopt;
   OpenedFile file(environment.openFiles, name, Access::Read, deny);
-  RefuseTooLong(environment.files.PathOf(name), file->Length(), kLongestTextFile);
+  return TextLinesIn(environment, *file, name);
+}
+
+std::vector<std::string> TextLinesIn(Environment& environment, const SharedFile& file, std::string_view name) {
+  RefuseTooLong(environment.files.PathOf(name), file.Length(), kLongestTextFile);
   std::vector<std::string> lines;
-  TextLineReader reader(*file, 0, name);
+  TextLineReader reader(file, 0, name);
   for (std::string line; reader.Next(line);) lines.push_back(line);
   DropRoom(lines);
   return lines;
 }
 
 void WriteTextLines(Environment& environment, std::string_view name, const std::vector<std::string>& lines) {
+  OpenedFile file(environment.openFiles, name, Access::ReadWrite, Deny::All);
+  PutTextLines(*file, lines);
+}
+
+void PutTextLines(SharedFile& file, const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
-  OpenedFile file(environment.openFiles, name, Access::ReadWrite, Deny::All);
-  ReplaceContent(*file, std::as_bytes(std::span(text)));
+  ReplaceContent(file, std::as_bytes(std::span(text)));
 }
 
 }  // namespace lantos

@@ -85,9 +85,11 @@ void frmEstExtras::ShowHeader() {
 void frmEstExtras::LoadLines() {
   const std::optional<std::int32_t> selected = lines_.Selected();
   Recordset& stored = (bench_.Data().*table_.stored)(bench_.Number());
-  lines_.StartAnew();
-  for (; !stored.Eof(); stored.MoveNext()) lines_.Put(stored.Long(table_.numberColumn), ReadExtra(stored));
+  std::map<std::int32_t, ExtraLine> lines;
+  for (; !stored.Eof(); stored.MoveNext()) lines.insert_or_assign(stored.Long(table_.numberColumn), ReadExtra(stored));
   stored.Close();
+  lines_.StartAnew();
+  for (const auto& [number, line] : lines) lines_.Put(number, line);
   if (lines_.Lines().empty()) return;
   lines_.Select(selected && lines_.Contains(*selected) ? *selected : lines_.Lines().begin()->first);
 }
@@ -116,10 +118,14 @@ void frmEstExtras::EditAndStore(const std::string& caption, const ExtraLine& lin
     edited = editor.CurrentExtra;
   }
   if (!stored) return;
-  if (lines_.IsBehindUnseen(*stored)) LoadLines();
-  lines_.Put(*stored, edited);
-  lines_.Select(*stored);
-  listLines.SetFocus();
+  const auto show = [&] {
+    lines_.Put(*stored, edited);
+    lines_.Select(*stored);
+    listLines.SetFocus();
+  };
+  if (!lines_.IsBehindUnseen(*stored)) return show();
+  ShowStored(
+      "The " + ToLower(table_.noun) + " \"" + edited.Vendor + "\"", [this] { LoadLines(); }, show);
 }
 
 std::int32_t frmEstExtras::Store(std::optional<std::int32_t> number, const ExtraLine& line) {

@@ -93,17 +93,27 @@ Surcharge::Sums LaborLines::SumsWith(const LaborByNumber& labor) const {
 }
 
 void LaborLines::Show(const Stored& stored) {
-  if (list_.IsBehindUnseen(stored.number)) {
-    GoBack();
-    list_.Select(stored.number);
-    surcharge_.ApplySurcharge();
-    return ShowWhatFollows(nullptr);
+  if (!list_.IsBehindUnseen(stored.number)) {
+    PutStored(stored);
+    return ShowWhatFollows(stored.refusal);
   }
+  const auto show = [&] {
+    const bool isRead = list_.Contains(stored.number);
+    if (!isRead) PutStored(stored);
+    list_.Select(stored.number);
+    if (!isRead) ShowWhatFollows(stored.refusal);
+  };
+  ShowStored(
+      "The labor line \"" + FirstText(stored.line) + "\"", [this] { GoBack(); }, show);
+  surcharge_.ApplySurcharge();
+  ShowWhatFollows(nullptr);
+}
+
+void LaborLines::PutStored(const Stored& stored) {
   if (list_.Contains(stored.number)) AddToTheDay(-list_[stored.number].Hours);
   list_.Put(stored.number, stored.line);
   list_.Select(stored.number);
   AddToTheDay(stored.line.Hours);
-  ShowWhatFollows(stored.refusal);
 }
 
 void LaborLines::ShowWhatFollows(const Surcharge::Refusal& refusal) {
@@ -114,9 +124,11 @@ void LaborLines::ShowWhatFollows(const Surcharge::Refusal& refusal) {
 
 void LaborLines::LoadLaborList() {
   Recordset& labor = bench_.Data().LaborForEstimate(bench_.Number());
-  list_.StartAnew();
-  for (; !labor.Eof(); labor.MoveNext()) list_.Put(labor.Long("LaborNumber"), ReadLaborLine(labor));
+  LaborByNumber lines;
+  for (; !labor.Eof(); labor.MoveNext()) lines.insert_or_assign(labor.Long("LaborNumber"), ReadLaborLine(labor));
   labor.Close();
+  list_.StartAnew();
+  for (const auto& [number, line] : lines) list_.Put(number, line);
   hoursOfTheDay_ = 0;
   for (const auto& [number, line] : list_.Lines()) hoursOfTheDay_ += line.Hours;
 }

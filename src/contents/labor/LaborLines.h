@@ -44,6 +44,7 @@ class LaborLines {
   Surcharge::Sums Write(std::optional<std::int32_t> number, Stored& stored);
   std::optional<Stored> EditAndStore(const WoLaborLine& line, std::optional<std::int32_t> number);
   void Show(const Stored& stored);
+  void PutStored(const Stored& stored);
   void ShowWhatFollows(const Surcharge::Refusal& refusal);
   void RemoveLaborLine(std::int32_t number);
   Surcharge::Sums SumsWith(const LaborByNumber& labor) const;

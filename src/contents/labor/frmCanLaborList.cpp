@@ -36,7 +36,8 @@ void Press(ui::Button& button) {
 frmCanLaborList::frmCanLaborList(Workbench& bench)
     : SizedForm(bench.shop.desktop, bench.shop.keys, bench.shop.environment.settings, "frmCanLaborList",
                 "Canned Labor List"),
-      bench_(bench) {
+      bench_(bench),
+      file_(bench.shop.environment, kCannedLaborFile) {
   SetDesignedSize(kWidth, kHeight);
   DataGrid1.SetSpokenName("Canned labor");
   UpdList.SetSpokenName("Canned labor to update");
@@ -68,7 +69,7 @@ frmCanLaborList::frmCanLaborList(Workbench& bench)
 
 void frmCanLaborList::OnLoad() {
   SizedForm::OnLoad();
-  entries_ = LoadCannedLabor(bench_.shop.environment);
+  entries_ = CannedLaborIn(file_.Read());
   FillGrid();
 }
 
@@ -252,20 +253,24 @@ void frmCanLaborList::Accept() {
   CurrentLabor.Desc = entry.Desc;
   CurrentLabor.Desc[0] = entry.FirstLine();
   PickedCode = entry.Code();
-  SaveIfChanged();
+  if (!SaveIfChanged()) return;
   picked_ = true;
   Hide();
 }
 
 void frmCanLaborList::Cancel() {
-  SaveIfChanged();
-  Hide();
+  if (SaveIfChanged()) Hide();
 }
 
-void frmCanLaborList::SaveIfChanged() {
-  if (!changed_) return;
-  SaveCannedLabor(bench_.shop.environment, entries_);
+bool frmCanLaborList::SaveIfChanged() {
+  if (!changed_) return true;
+  const bool isStored = file_.Store(bench_.shop.desktop, Caption(), LinesOf(entries_));
   changed_ = false;
+  if (isStored) return true;
+  entries_ = CannedLaborIn(file_.Lines());
+  FillGrid();
+  FillRateList();
+  return false;
 }
 
 }  // namespace lantos

@@ -4,6 +4,7 @@
 
 #include "contents/Workbench.h"
 #include "records/CannedLabor.h"
+#include "records/EditedLines.h"
 #include "screens/OkCancelForm.h"
 
 namespace lantos {
@@ -54,9 +55,11 @@ class frmCanLaborList : public SizedForm {
   void FillRateList();
   bool IsListed(const CannedLabor& entry) const;
   int SelectedEntry();  // -1 when there is none, which has been told
-  void SaveIfChanged();
+  // False when what another workstation has stored is kept, which is shown then.
+  bool SaveIfChanged();
 
   Workbench& bench_;
+  EditedLines file_;
   std::vector<CannedLabor> entries_;
   bool changed_ = false;
   bool picked_ = false;

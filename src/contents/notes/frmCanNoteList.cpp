@@ -27,6 +27,7 @@ std::vector<std::string> RowsOf(const Note& note) {
 frmCanNoteList::frmCanNoteList(Shop& shop)
     : SizedForm(shop.desktop, shop.keys, shop.environment.settings, "frmCanNoteList", "Canned Notes List"),
       shop_(shop),
+      file_(shop.environment, kCannedNoteFile),
       notes_(CanList, RowsOf, NumberAt::EveryRow, 0) {
   SetDesignedSize(kWidth, kHeight);
   CanList.SetFace(ui::FontFace::FixedPitch);
@@ -47,8 +48,12 @@ frmCanNoteList::frmCanNoteList(Shop& shop)
 
 void frmCanNoteList::OnLoad() {
   SizedForm::OnLoad();
+  ListAll(file_.Read());
+}
+
+void frmCanNoteList::ListAll(const std::vector<std::string>& lines) {
   std::int32_t place = 0;
-  for (const Note& note : LoadCannedNotes(shop_.environment)) List(place++, note);
+  for (const Note& note : CannedNotesIn(lines)) List(place++, note);
   notes_.Select(0);
 }
 
@@ -118,22 +123,25 @@ void frmCanNoteList::Accept() {
   const std::optional<std::int32_t> place = SelectedNote();
   if (!place) return;
   CurrentNote = notes_[*place];
-  SaveIfChanged();
+  if (!SaveIfChanged()) return;
   picked_ = true;
   Hide();
 }
 
 void frmCanNoteList::Cancel() {
-  SaveIfChanged();
-  Hide();
+  if (SaveIfChanged()) Hide();
 }
 
-void frmCanNoteList::SaveIfChanged() {
-  if (!changed_) return;
+bool frmCanNoteList::SaveIfChanged() {
+  if (!changed_) return true;
   std::vector<Note> notes;
   for (const auto& [place, note] : notes_.Lines()) notes.push_back(note);
-  SaveCannedNotes(shop_.environment, notes);
+  const bool isStored = file_.Store(shop_.desktop, Caption(), LinesOf(notes));
   changed_ = false;
+  if (isStored) return true;
+  notes_.StartAnew();
+  ListAll(file_.Lines());
+  return false;
 }
 
 }  // namespace lantos

@@ -2,6 +2,7 @@
 
 #include "contents/NumberedList.h"
 #include "contents/notes/NoteText.h"
+#include "records/EditedLines.h"
 #include "screens/OkCancelForm.h"
 #include "shop/Shop.h"
 
@@ -36,9 +37,12 @@ class frmCanNoteList : public SizedForm {
   void List(std::int32_t place, const Note& note);
   void Keep(std::int32_t place, const Note& note);
   std::optional<std::int32_t> SelectedNote();  // nothing when there is none, which has been told
-  void SaveIfChanged();
+  void ListAll(const std::vector<std::string>& lines);
+  // False when what another workstation has stored is kept, which is shown then.
+  bool SaveIfChanged();
 
   Shop& shop_;
+  EditedLines file_;
   NumberedList<Note> notes_;  // by their place in the file as it was loaded, from 0
   bool changed_ = false;
   bool picked_ = false;

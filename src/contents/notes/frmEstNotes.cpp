@@ -66,9 +66,11 @@ void frmEstNotes::OnLoad() {
 void frmEstNotes::LoadNotes() {
   const std::optional<std::int32_t> selected = notes_.Selected();
   Recordset& stored = bench_.Data().NotesForEstimate(bench_.Number());
-  notes_.StartAnew();
-  for (; !stored.Eof(); stored.MoveNext()) notes_.Put(stored.Long("NoteNumber"), ReadNote(stored));
+  std::map<std::int32_t, Note> notes;
+  for (; !stored.Eof(); stored.MoveNext()) notes.insert_or_assign(stored.Long("NoteNumber"), ReadNote(stored));
   stored.Close();
+  notes_.StartAnew();
+  for (const auto& [number, note] : notes) notes_.Put(number, note);
   if (notes_.Lines().empty()) return;
   notes_.Select(selected && notes_.Contains(*selected) ? *selected : notes_.Lines().begin()->first);
 }
@@ -97,10 +99,14 @@ void frmEstNotes::EditAndStore(const Note& note, NoteMode mode, std::optional<st
     edited = editor.CurrentNote;
   }
   if (!stored) return;
-  if (notes_.IsBehindUnseen(*stored)) LoadNotes();
-  notes_.Put(*stored, edited);
-  notes_.Select(*stored);
-  listNotes.SetFocus();
+  const auto show = [&] {
+    notes_.Put(*stored, edited);
+    notes_.Select(*stored);
+    listNotes.SetFocus();
+  };
+  if (!notes_.IsBehindUnseen(*stored)) return show();
+  ShowStored(
+      "The note \"" + edited[0] + "\"", [this] { LoadNotes(); }, show);
 }
 
 std::int32_t frmEstNotes::Store(std::optional<std::int32_t> number, const Note& note) {

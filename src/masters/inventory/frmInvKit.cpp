@@ -5,6 +5,7 @@
 #include "frame/Text.h"
 #include "masters/inventory/KitRows.h"
 #include "masters/inventory/frmInvKitAdd.h"
+#include "records/EditedLines.h"
 #include "records/OpenedFile.h"
 #include "records/inventory/Inventory.h"
 
@@ -82,7 +83,6 @@ void frmInvKit::OnLoad() {
   txtKitPartNumber.SetText(stockNumber_);
   txtDesc.SetText(shop_.records.inventory.PartDescription(stockNumber_));
   ReadKit();
-  MarkUnchanged();
 }
 
 // A kit that the file hasn't is empty; a file that somebody holds is another matter.
@@ -90,10 +90,14 @@ void frmInvKit::ReadKit() {
   OpenedFile file(shop_.environment.openFiles);
   file.TakeOver(shop_.records.kits.OpenKitFile(InventoryKits::Sharing::Shared));
   if (!file.IsOpen()) return;
-  InventoryKitRecord kit;
-  shop_.records.kits.FindKit(stockNumber_, kit, file.Handle());
-  contents_.emplace(kit);
+  shop_.records.kits.FindKit(stockNumber_, read_, file.Handle());
+  ShowKit();
+}
+
+void frmInvKit::ShowKit() {
+  contents_.emplace(read_);
   ShowRows(0);
+  MarkUnchanged();
 }
 
 std::string frmInvKit::RowText(std::size_t row) const {
@@ -182,7 +186,14 @@ void frmInvKit::Move(Direction direction) {
 
 // What could not be written has been told, and stays on the screen.
 void frmInvKit::Accept() {
-  if (!shop_.records.kits.SaveKit(contents_->RecordOf(stockNumber_))) return;
+  using Saving = InventoryKits::Saving;
+  const InventoryKitRecord kit = contents_->RecordOf(stockNumber_);
+  for (;;) {
+    const Saving saving = shop_.records.kits.SaveKitUnlessChanged(kit, read_);
+    if (saving == Saving::Stored) break;
+    if (saving == Saving::NotOpened) return;
+    if (!WantsToOverwrite(shop_.desktop, "this kit (" + std::string(kKitFile) + ")", Caption())) return ShowKit();
+  }
   MarkUnchanged();
   Hide();
 }

@@ -41,6 +41,7 @@ class frmInvKit : public SizedForm {
 
   void WireButtons();
   void ReadKit();
+  void ShowKit();
   void Add();
   void Change();
   void Delete();
@@ -54,6 +55,7 @@ class frmInvKit : public SizedForm {
 
   Shop& shop_;
   std::string stockNumber_;
+  InventoryKitRecord read_;
   std::optional<KitContents> contents_;
 };
 

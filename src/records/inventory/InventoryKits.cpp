@@ -1,5 +1,6 @@
 #include "records/inventory/InventoryKits.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "frame/Numbers.h"
@@ -116,17 +117,21 @@ FileLink InventoryKits::FindKit(std::string_view stockNumber, InventoryKitRecord
   return kNoLink;
 }
 
-bool InventoryKits::SaveKit(const InventoryKitRecord& kit) {
+InventoryKits::Saving InventoryKits::Save(const InventoryKitRecord& kit, InventoryKitRecord* read) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenKitFile(Sharing::Exclusive));
-  if (!file.IsOpen()) return false;
+  if (!file.IsOpen()) return Saving::NotOpened;
   InventoryKitRecord found;
   FileLink offset = FindKit(kit.View(inventorykit::KitNumber), found, file.Handle());
+  if (read != nullptr && !std::ranges::equal(found.Bytes(), read->Bytes())) {
+    *read = found;
+    return Saving::ChangedMeanwhile;
+  }
   if (offset == kNoLink) offset = LinkAtEnd(EndOfRecords(file->Length()), kKitFile);
   WriteRecord(*file, offset, kit);
   file.Close();
   environment_.files.FlushFile(kKitFile);
-  return true;
+  return Saving::Stored;
 }
 
 std::vector<std::string> InventoryKits::KitNumbers() {

@@ -64,11 +64,16 @@ class InventoryKits {
   FileLink FindKit(std::string_view stockNumber, InventoryKitRecord& kit, FileHandle handle = kNoHandle);
   // Over the kit's record, or behind the last one; what is left of a record that was cut off keeps its place. False
   // when the file could not be opened.
-  bool SaveKit(const InventoryKitRecord& kit);
+  bool SaveKit(const InventoryKitRecord& kit) { return Save(kit, nullptr) == Saving::Stored; }
+  // The same where the file has the kit as it was read; where it hasn't, nothing is written, and read is what it has.
+  enum class Saving { Stored, NotOpened, ChangedMeanwhile };
+  Saving SaveKitUnlessChanged(const InventoryKitRecord& kit, InventoryKitRecord& read) { return Save(kit, &read); }
   // The numbers of all kits, in file order, blank ones passed over.
   std::vector<std::string> KitNumbers();
 
  private:
+  Saving Save(const InventoryKitRecord& kit, InventoryKitRecord* read);
+
   Environment& environment_;
   ui::Desktop& desktop_;
 };

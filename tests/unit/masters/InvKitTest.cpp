@@ -275,6 +275,27 @@ TEST_F(InvKit, ASaveThatFindsTheFileHeldLosesNothingAndCanBeTriedAgain) {
   EXPECT_EQ(KitFile(), KitImage("TUNEUP", {"CAP"}).Bytes());
 }
 
+TEST_F(InvKit, AKitThatAnotherWorkstationHasStoredIsOverwrittenOnlyIfThePersonWants) {
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    PutKit({"PLUG(4)", "CAP"});
+    desktop.WillAnswer(answer);
+    Edit([&](frmInvKit& form) {
+      Press(form, "Delete");
+      PutKit({"PLUG(4)", "CAP", "WIRES"});
+      Press(form, "F10");
+      EXPECT_EQ(LastBox(),
+                "Somebody else has changed this kit (TQINVKIT.DAT) meanwhile.\r\rDo you want to store yours in its "
+                "place?\rNo keeps what is stored, and shows it here.");
+      EXPECT_EQ(form.Visible(), answer == Answer::No);
+      if (answer == Answer::Yes) return;
+      EXPECT_EQ(Rows(form).size(), 3U);
+      EXPECT_EQ(form.cmdCancel.Caption(), "Close") << "nothing is left to be stored";
+    });
+    EXPECT_EQ(KitFile(), answer == Answer::No ? KitImage("TUNEUP", {"PLUG(4)", "CAP", "WIRES"}).Bytes()
+                                              : KitImage("TUNEUP", {"CAP"}).Bytes());
+  }
+}
+
 TEST_F(InvKit, TheScreenKeepsItsSize) {
   Edit([](frmInvKit& form) { form.DoResize(12000, 8000, ui::WindowState::Normal); });
   EXPECT_EQ(Setting("frmInvKitWidth"), "12000");

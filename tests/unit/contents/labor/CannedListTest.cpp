@@ -55,5 +55,47 @@ TEST(frmCanLaborList, ATotalThatNoFieldHoldsChangesNoneOfThem) {
   EXPECT_EQ(bench.Saved(), (Amounts{{50, 100, 200}, {2000000000, 100, 200}}));
 }
 
+TEST(frmCanLaborList, WhatAnotherWorkstationHasStoredIsOverwrittenOnlyIfThePersonWants) {
+  for (const ui::Answer answer : {ui::Answer::No, ui::Answer::Yes}) {
+    CannedList bench(125);
+    frmCanLaborList form(bench.bench);
+    form.Show();
+    form.DataGrid1.DoSelect(0);
+    bench.desktop.WillAnswer({ui::Answer::Yes, answer});
+    test::Click(form.cmdDelete);
+    SaveCannedLabor(bench.environment, {Job("AXLE REAR", 75)});
+    test::Press(form, "Esc");
+    EXPECT_EQ(bench.desktop.boxes.back().text,
+              "Somebody else has changed this list (TQCANLAB.DAT) meanwhile.\r\rDo you want to store yours in its "
+              "place?\rNo keeps what is stored, and shows it here.");
+    EXPECT_EQ(form.Visible(), answer == ui::Answer::No);
+    EXPECT_EQ(bench.Saved(), answer == ui::Answer::No ? (Amounts{{75, 100, 200}}) : (Amounts{{125, 100, 200}}));
+    if (answer == ui::Answer::Yes) continue;
+    EXPECT_EQ(form.DataGrid1.RowCount(), 1);
+    test::Press(form, "Esc");
+    EXPECT_FALSE(form.Visible()) << "nothing is left to be stored";
+  }
+}
+
+// Another one may store while the person thinks.
+TEST(frmCanLaborList, WhatIsStoredBehindTheQuestionIsAskedAboutToo) {
+  CannedList bench(125);
+  frmCanLaborList form(bench.bench);
+  form.Show();
+  form.DataGrid1.DoSelect(0);
+  bench.desktop.WillAnswer(ui::Answer::Yes);
+  test::Click(form.cmdDelete);
+  SaveCannedLabor(bench.environment, {Job("AXLE REAR", 75)});
+  int asked = 0;
+  bench.desktop.otherwise = [&](const ui::Box&) {
+    if (++asked == 1) SaveCannedLabor(bench.environment, {Job("TUNE UP", 80)});
+    return ui::Answer::Yes;
+  };
+  test::Press(form, "Esc");
+  bench.desktop.otherwise = nullptr;
+  EXPECT_EQ(asked, 2);
+  EXPECT_EQ(bench.Saved(), (Amounts{{125, 100, 200}}));
+}
+
 }  // namespace
 }  // namespace lantos

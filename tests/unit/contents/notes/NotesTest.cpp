@@ -283,6 +283,38 @@ TEST(frmCanNoteList, SelectWritesAChangedListFirst) {
   EXPECT_EQ(list.File(), "Call\tbefore noon\r\nSecond\r\nThird\r\n");
 }
 
+TEST(frmCanNoteList, WhatAnotherWorkstationHasStoredIsOverwrittenOnlyIfThePersonWants) {
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    CannedList list;
+    list.WillType("Canned Workorder Notes", "Third");
+    list.form.cmdAdd.DoClick();
+    list.directory.Put("TQCANNOT.DAT", "by somebody else\r\n");
+    list.desktop.WillAnswer(answer);
+    test::Press(list.form, "Esc");
+    ASSERT_EQ(list.desktop.boxes.size(), 1U);
+    EXPECT_EQ(list.desktop.boxes[0].text,
+              "Somebody else has changed this list (TQCANNOT.DAT) meanwhile.\r\rDo you want to store yours in its "
+              "place?\rNo keeps what is stored, and shows it here.");
+    EXPECT_EQ(list.form.Visible(), answer == Answer::No);
+    EXPECT_EQ(list.File(), answer == Answer::No ? "by somebody else\r\n" : "Call\tbefore noon\r\nSecond\r\nThird\r\n");
+    if (answer == Answer::Yes) continue;
+    EXPECT_THAT(Rows(list.form.CanList), ElementsAre("by somebody else"));
+    test::Press(list.form, "Esc");
+    EXPECT_FALSE(list.form.Visible()) << "nothing is left to be stored";
+  }
+}
+
+TEST(frmCanNoteList, APickFromAListThatIsntStoredTakesNothing) {
+  CannedList list;
+  list.WillType("Canned Workorder Notes", "Third");
+  list.form.cmdAdd.DoClick();
+  list.directory.Put("TQCANNOT.DAT", "by somebody else\r\n");
+  list.desktop.WillAnswer(Answer::No);
+  list.form.cmdSelect.DoClick();
+  EXPECT_FALSE(list.form.Picked());
+  EXPECT_TRUE(list.form.Visible());
+}
+
 TEST(frmCanNoteList, AFileThatIsHeldEndsTheClosingWithTheErrorShown) {
   CannedList list;
   list.WillType("Canned Workorder Notes", "Third");
