@@ -7,6 +7,7 @@
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Numbers.h"
+#include "masters/vehicles/StoredVehicle.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "records/CheckList.h"
 #include "records/Customers.h"
@@ -195,7 +196,9 @@ bool Conversion::TakeVehicle() {
 }
 
 bool Conversion::EditVehicle() {
-  frmVehEdit form(bench_.shop, bench_.shop.records.vehicles.CurrentVehicle, "Convert to WO - Vehicle Information");
+  isVehicleWritten_ = false;
+  frmVehEdit form(bench_.shop, bench_.shop.records.vehicles.CurrentVehicle, "Convert to WO - Vehicle Information",
+                  [this](const VehicleRecord& read, VehicleRecord& ours) { return StoreEdited(read, ours); });
   form.ShowModal();
   const bool saved = form.Saved();
   form.Unload();
@@ -203,10 +206,27 @@ bool Conversion::EditVehicle() {
                                           kTitle, ui::Buttons::YesNo) == ui::Answer::Yes;
 }
 
+// With the screen up, so that whoever goes back from a question finds what was typed. One that isn't on file yet can't
+// have been changed by others.
+bool Conversion::StoreEdited(const VehicleRecord& read, VehicleRecord& ours) {
+  const FileLink place = bench_.shop.records.vehicles.CurrentVehicleOffset;
+  if (place == kNoLink || IsSnapshotOf(SnapshotIn(Current()), ours)) return true;
+  isVehicleWritten_ = StoreVehicle(bench_.shop, place, read, ours, kTitle);
+  return isVehicleWritten_;
+}
+
+void Conversion::WriteVehicle() {
+  Vehicles& vehicles = bench_.shop.records.vehicles;
+  if (isVehicleWritten_) return;
+  if (vehicles.CurrentVehicleOffset == kNoLink) return vehicles.WriteVehicle();
+  // Nothing was typed: it is the one on file that is written.
+  if (!vehicles.Update(vehicles.CurrentVehicleOffset, [](VehicleRecord&) {})) vehicles.CurrentVehicleOffset = kNoLink;
+}
+
 void Conversion::StoreVehicleIfChanged() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
-  if (IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
-  vehicles.WriteVehicle();
+  if (!isVehicleWritten_ && IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
+  WriteVehicle();
   const FileLink written = vehicles.CurrentVehicleOffset;
   if (written != kNoLink) done_.Add("the vehicle was written");
   filling_.TakeVehicle(vehicles.CurrentVehicle);
