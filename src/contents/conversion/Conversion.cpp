@@ -211,8 +211,11 @@ bool Conversion::EditVehicle() {
 bool Conversion::StoreEdited(const VehicleRecord& read, VehicleRecord& ours) {
   const FileLink place = bench_.shop.records.vehicles.CurrentVehicleOffset;
   if (place == kNoLink || IsSnapshotOf(SnapshotIn(Current()), ours)) return true;
-  isVehicleWritten_ = StoreVehicle(bench_.shop, place, read, ours, kTitle);
-  return isVehicleWritten_;
+  const VehicleStored stored = StoreVehicle(bench_.shop, place, read, ours, kTitle);
+  if (stored == VehicleStored::GoneBack) return false;
+  isVehicleWritten_ = true;
+  if (stored == VehicleStored::NotWritten) bench_.shop.records.vehicles.CurrentVehicleOffset = kNoLink;
+  return true;
 }
 
 void Conversion::WriteVehicle() {

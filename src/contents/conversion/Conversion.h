@@ -74,7 +74,7 @@ class Conversion {
   ConversionJournal* journal_ = nullptr;
   const BegunConversion* begun_ = nullptr;  // when one is finished
   std::vector<bool> isNoted_;               // by its parts: their usage was there, or given up
-  bool isVehicleWritten_ = false;           // from its screen
+  bool isVehicleWritten_ = false;           // from its screen, or given up there
   bool hasTakenNumber_ = false;
   std::string reorderList_;
   std::string notDone_;  // what the person gave up of the stock, for the last message
