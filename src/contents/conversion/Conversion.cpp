@@ -255,8 +255,8 @@ void Conversion::TakeNumber() {
   Order().WorkorderNumber = *taken;
   hasTakenNumber_ = true;
   journal_ = &*ownJournal_;
-  journal_->TakesNumber();
   done_.Add("the number was taken");
+  journal_->TakesNumber();
 }
 
 void Conversion::TakeParts() {
