@@ -1,5 +1,6 @@
 #include "board/DetailPane.h"
 
+#include "board/CommentMarks.h"
 #include "contents/EstimateTotals.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "frame/Dates.h"
@@ -170,9 +171,41 @@ void DetailPane::ShowNotesMark() {
 void DetailPane::SaveComments() {
   if (displayedEstimate_ == 0) return;
   const std::string comments = Trim(txtComments.Text());
+  const std::string stored = CommentsOnFile();
+  if (WouldWipeMark(stored, comments) && !WantsOurs(stored, comments)) {
+    // The current estimate stays as it was shown, so that a conversion or a move still tells of the other copy's.
+    txtComments.SetText(stored);
+    savedComment_ = stored;
+    return;
+  }
   Data().SetComments(comments, displayedEstimate_);
   savedComment_ = comments;
   if (Current().EstimateNumber == displayedEstimate_) Current().Comments = comments;
+}
+
+// Empty for an estimate that is gone.
+std::string DetailPane::CommentsOnFile() {
+  Recordset& row = Data().EstimateByNumber(displayedEstimate_);
+  const std::string comments = row.Eof() ? std::string() : Trim(row.Text("Comments"));
+  row.Close();
+  return comments;
+}
+
+// Of plain comments the later writer's stay, on purpose.
+bool DetailPane::WouldWipeMark(const std::string& stored, const std::string& ours) {
+  const std::string_view mark = MarkIn(stored);
+  if (mark.empty() || (ours.starts_with(mark) && ours != savedComment_)) return false;
+  const bool isCurrent = Current().EstimateNumber == displayedEstimate_;
+  return !(isCurrent ? Trim(Current().Comments) : savedComment_).starts_with(mark);
+}
+
+bool DetailPane::WantsOurs(const std::string& stored, const std::string& ours) {
+  if (ours == savedComment_ || ours == stored) return false;
+  const std::string text = "Estimate # " + FormatZeros(displayedEstimate_, 6) +
+                           " was changed by another user since it was shown here.\rIts comments:\r\r\"" + stored +
+                           "\" is stored, \"" + ours +
+                           "\" is yours\r\rDo you want to store yours?\rNo keeps what is stored.";
+  return shop_.desktop.Ask(text, "Comments", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
 void DetailPane::KeepUnsavedComments() {

@@ -86,7 +86,8 @@ class DetailPane : private EstimateOnShow {
   void ShowVehicle();
   void RefreshTotals() override;
   void ShowNotesMark();
-  // Written every time the field is left, changed or not.
+  // Written every time the field is left, changed or not, but over the mark that another copy has put there since they
+  // were shown: then theirs are shown, or the person is asked who has typed others.
   void SaveComments();
   // Before the view is filled anew: a menu doesn't take the focus from the comments, and the database may have refused
   // them when they were left.
@@ -100,6 +101,9 @@ class DetailPane : private EstimateOnShow {
  private:
   void ArrangeBoxes();
   void ShowCustomerOnFile();
+  std::string CommentsOnFile();
+  bool WouldWipeMark(const std::string& stored, const std::string& ours);
+  bool WantsOurs(const std::string& stored, const std::string& ours);
   ui::ListBox& LaborList() override { return listLabor; }
   ui::ListBox& PartList() override { return listParts; }
   void AddScheduledHours(Hundredths hours) override;

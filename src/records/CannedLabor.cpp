@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "frame/ReplaceContent.h"
 #include "frame/Text.h"
 #include "frame/UnfitFile.h"
 #include "records/FileNumber.h"
@@ -70,16 +71,25 @@ void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& e
 }
 
 void LaborKits::LoadOnce() {
-  if (loaded_) return;
+  if (!loaded_) Load();
+}
+
+void LaborKits::Load() {
   OpenedFile file(environment_.openFiles, kLaborKitFile, Access::Read, Deny::None);
+  rows_ = RowsIn(*file);
+  loaded_ = true;
+}
+
+std::vector<LaborKits::Row> LaborKits::RowsIn(const SharedFile& file) const {
+  std::vector<Row> rows;
   LaborKitRec record;
-  const std::uint64_t length = file->Length();
+  const std::uint64_t length = file.Length();
   RefuseTooLong(environment_.files.PathOf(kLaborKitFile), length, kLongestRecordFile);
   for (std::uint64_t offset = 0; offset < length; offset += LaborKitRec::kLength) {
-    file->ReadAt(offset, record.Bytes());
-    rows_.push_back({record.Get(laborkit::Code), record.Get(laborkit::Kit)});
+    file.ReadAt(offset, record.Bytes());
+    rows.push_back({record.Get(laborkit::Code), record.Get(laborkit::Kit)});
   }
-  loaded_ = true;
+  return rows;
 }
 
 std::string LaborKits::KitOf(std::string_view code) {
@@ -89,26 +99,29 @@ std::string LaborKits::KitOf(std::string_view code) {
 }
 
 void LaborKits::Save(std::string_view code, std::string_view kit) {
-  LoadOnce();
-  std::vector<Row> rows = rows_;
-  auto row = std::find_if(rows.begin(), rows.end(), [&](const Row& each) { return each.code == code; });
-  if (row == rows.end()) row = rows.insert(rows.end(), {std::string(code), ""});
-  row->kit = Left(kit, laborkit::Kit.width);
   {
-    OpenedFile file(environment_.openFiles, kLaborKitFile, Access::Write, Deny::All);
-    std::uint64_t offset = 0;
-    for (const Row& each : rows) {
-      if (each.code.empty()) continue;
-      LaborKitRec record;
-      record.Put(laborkit::Code, each.code);
-      record.Put(laborkit::Kit, each.kit);
-      file->WriteAt(offset, record.Bytes());
-      offset += LaborKitRec::kLength;
-    }
-    file->Truncate(offset);
+    OpenedFile file(environment_.openFiles, kLaborKitFile, Access::ReadWrite, Deny::All);
+    std::vector<Row> rows = RowsIn(*file);
+    auto row = std::find_if(rows.begin(), rows.end(), [&](const Row& each) { return each.code == code; });
+    if (row == rows.end()) row = rows.insert(rows.end(), {std::string(code), ""});
+    row->kit = Left(kit, laborkit::Kit.width);
+    Write(rows, *file);
+    rows_ = std::move(rows);
+    loaded_ = true;
   }
-  rows_ = std::move(rows);
   environment_.files.FlushFile(kLaborKitFile);
+}
+
+void LaborKits::Write(const std::vector<Row>& rows, SharedFile& file) {
+  std::vector<std::byte> records;
+  for (const Row& each : rows) {
+    if (each.code.empty()) continue;
+    LaborKitRec record;
+    record.Put(laborkit::Code, each.code);
+    record.Put(laborkit::Kit, each.kit);
+    records.insert(records.end(), record.Bytes().begin(), record.Bytes().end());
+  }
+  ReplaceContent(file, records);
 }
 
 bool IsDeleted(const CannedNote& note) { return note[0] == kDeletedEntry; }

@@ -44,22 +44,27 @@ static_assert(Kit.End() == 26);
 using LaborKitRec = Record<laborkit::Kit.End()>;
 inline constexpr std::string_view kLaborKitFile = "TQLABKIT.DAT";
 
-// In memory for the whole run, once loaded.
+// In memory for the whole run, once loaded; other workstations store kits too.
 class LaborKits {
  public:
   explicit LaborKits(Environment& environment) : environment_(environment) {}
 
   void LoadOnce();
+  // As the file has them at the moment. FileError when it can't be read: the kits are as before then.
+  void Load();
   // The kit of a code; empty when there is no row. Loads if need be.
   std::string KitOf(std::string_view code);
-  // Sets or adds, and rewrites the file, rows without a code left out. FileError when it can't be written: the kit is
-  // as before then.
+  // Sets or adds the row in the file as it is once nobody else has it, and rewrites it, rows without a code left out.
+  // FileError when it can't be written: the kit is as before then.
   void Save(std::string_view code, std::string_view kit);
 
  private:
   struct Row {
     std::string code, kit;
   };
+  std::vector<Row> RowsIn(const SharedFile& file) const;
+  static void Write(const std::vector<Row>& rows, SharedFile& file);
+
   Environment& environment_;
   bool loaded_ = false;
   std::vector<Row> rows_;

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "frame/ReplaceContent.h"
 #include "frame/Text.h"
 #include "records/OpenedFile.h"
 #include "records/TextLines.h"
@@ -30,9 +31,8 @@ std::string ReadTrimmedStatement(Environment& environment, std::string_view name
 }
 
 void WriteStatement(Environment& environment, std::string_view name, std::string_view text) {
-  OpenedFile file(environment.openFiles, name, Access::Write, Deny::All);
-  file->WriteAt(0, std::as_bytes(std::span(text)));
-  file->Truncate(text.size());
+  OpenedFile file(environment.openFiles, name, Access::ReadWrite, Deny::All);
+  ReplaceContent(*file, std::as_bytes(std::span(text)));
 }
 
 }  // namespace lantos

@@ -62,10 +62,23 @@ void frmCanLabor::OnLoad() {
 void frmCanLabor::FillKits() {
   Combo1.AddItem(kNoKit);
   for (std::string& number : bench_.shop.records.kits.KitNumbers()) Combo1.AddItem(std::move(number));
-  const std::string kit = Entry.Code().empty() ? std::string() : bench_.shop.records.laborKits.KitOf(Entry.Code());
+  const std::string kit = Entry.Code().empty() ? std::string() : KitOnFile(Entry.Code());
   if (Trim(kit).empty() || Trim(kit) == Trim(kNoKit)) return Combo1.SetListIndex(0);
   const int row = Combo1.FindText(kit);
   Combo1.SetListIndex(row < 0 ? Combo1.AddItem(kit) : row);
+}
+
+// Saving stores the kit again, so it is to be the one that another workstation may have chosen meanwhile. While
+// somebody has the file, the one that was read last is shown.
+std::string frmCanLabor::KitOnFile(const std::string& code) {
+  LaborKits& kits = bench_.shop.records.laborKits;
+  kits.LoadOnce();
+  try {
+    kits.Load();
+  } catch (const FileError& error) {
+    bench_.shop.environment.log.Write(error.what());
+  }
+  return kits.KitOf(code);
 }
 
 void frmCanLabor::Accept() {

@@ -37,6 +37,7 @@ class frmCanLabor : public SizedForm {
   void Accept() override;
   void WireAmounts();
   void FillKits();
+  std::string KitOnFile(const std::string& code);
 
   Workbench& bench_;
   NumberFields numbers_{*this};

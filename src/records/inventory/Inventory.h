@@ -44,20 +44,22 @@ class Inventory : public InventoryList {
     InventoryRecord master;
     FileLink offset = kNoLink;  // of the master
   };
-  // A part from the files. One that can't be read is the person's to retry; nothing when they gave up.
+  // A part from the files. One that can't be read is the person's to retry; nothing when they gave up, or when the tag
+  // leads to the master of another part, which is told.
   std::optional<Part> Read(PartIndex index) { return ReadAt(kNoLink, index); }
   // The tag alone, straight from the file. False when it could not be read.
   bool ReadInventoryTag(PartIndex index, InventoryTag& tag);
   // Fills CurrentInvTag, CurrentInv and OriginalInv. An offset of kNoLink is taken from the tag, and set. False, and
-  // nothing changed, when the person gave up.
+  // nothing changed, where Read has nothing.
   bool ReadInventory(FileLink& offset, PartIndex index);
 
   enum class Core { Follows, Stays };  // what becomes of the core of a part that has one
   enum class Broadcast { Yes, No };    // whether the other copies are told
   // Stores a part: the tag at its place (at the end for an index past the list, which then grows up to it), the master
   // at its offset. A blank description becomes the stock number, unless the part is deleted. The files are waited for
-  // without end while another copy has them; what else is in the way is asked about, and Cancel throws GivenUp, with
-  // tag and master as they were. A negative offset throws FileError.
+  // without end while another copy has them; what else is in the way is asked about, and Cancel throws GivenUp. When
+  // the master could not be written the tag is as it was, or gone again where it was new; GivenUp names the part whose
+  // tag could not even be put back. A negative offset throws FileError.
   void Write(Part& part, PartIndex index, Core core, Broadcast broadcast);
   // The same for the working records.
   void WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast);
@@ -98,8 +100,12 @@ class Inventory : public InventoryList {
   bool ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag);
   // What stood there before; nothing where the file ended. The place of the tag is in the list then.
   std::optional<InventoryTag> WriteTag(Part& part, PartIndex index);
-  void PutTagBack(const InventoryTag& before, PartIndex index);
   void WriteMaster(const Part& part);
+  enum class Listed { Yes, No };  // whether the part was in the list before its tag was written
+  void UndoTag(const std::optional<InventoryTag>& before, const InventoryTag& tag, PartIndex index, Listed listed);
+  void PutTagBack(const InventoryTag& before, PartIndex index);
+  void TakeTagAway(const InventoryTag& tag, PartIndex index, Listed listed);
+  FileLink PlaceOfNewMaster();
   void KeepInList(const InventoryTag& tag, PartIndex index, FileLink location);
   Part AddPart(std::string_view stockNumber, PartIndex& index);
   void UpdateCorePart(const InventoryRecord& part);

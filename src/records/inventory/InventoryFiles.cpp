@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "records/Contention.h"
 #include "records/GivenUp.h"
@@ -29,6 +30,21 @@ void NameUnnamed(Record<Length>& record, TextField description, TextField stockN
 
 void RequireLink(FileLink link, const std::string& what) {
   if (link < 0) throw FileError(FileErrorNumber::DeviceIo, what + " at offset " + std::to_string(link));
+}
+
+// A master of zeros is nobody's, and the tag of a deleted part has no number.
+bool IsAnothers(const InventoryRecord& master, const InventoryTag& tag) {
+  const std::string_view number = master.View(inventory::StockNumber);
+  const std::string_view wanted = tag.View(inventorytag::StockNumber);
+  return !number.empty() && !wanted.empty() && number != wanted;
+}
+
+void TellOfAnothers(ui::Desktop& desktop, const Inventory::Part& part) {
+  desktop.Tell("Part " + part.tag.Get(inventorytag::StockNumber) + " can't be shown: its tag in " +
+                   std::string(kInventoryTagFile) + " leads to the record of part " +
+                   part.master.Get(inventory::StockNumber) + " in " + std::string(kInventoryFile) +
+                   ".\rNeither is changed. Have the files repaired.",
+               "ReadInventory", ui::Icon::Exclamation);
 }
 
 }  // namespace
@@ -111,6 +127,10 @@ std::optional<Inventory::Part> Inventory::ReadAt(FileLink offset, PartIndex inde
         ReadRecord(*file, part.offset, part.master);
       });
   if (!isRead) return std::nullopt;
+  if (part.offset == part.tag.Get(inventorytag::Tag) && IsAnothers(part.master, part.tag)) {
+    TellOfAnothers(desktop_, part);
+    return std::nullopt;
+  }
   return part;
 }
 
@@ -133,8 +153,9 @@ void Inventory::Write(Part& part, PartIndex index, Core core, Broadcast broadcas
   const std::optional<InventoryTag> before = WriteTag(part, index);
   try {
     WriteMaster(part);
-  } catch (const GivenUp&) {
-    if (before) PutTagBack(*before, index);
+  } catch (const std::exception& error) {
+    environment_.log.Write(error.what());
+    UndoTag(before, part.tag, index, isListed ? Listed::Yes : Listed::No);
     throw;
   }
   if (broadcast == Broadcast::Yes && onBroadcast) onBroadcast(part.tag);
@@ -173,12 +194,42 @@ std::optional<InventoryTag> Inventory::WriteTag(Part& part, PartIndex index) {
 }
 
 // So that tag and master still tell the same.
+void Inventory::UndoTag(const std::optional<InventoryTag>& before, const InventoryTag& tag, PartIndex index,
+                        Listed listed) {
+  try {
+    before ? PutTagBack(*before, index) : TakeTagAway(tag, index, listed);
+  } catch (const std::exception& error) {
+    environment_.log.Write(error.what());
+    throw GivenUp("Part " + tag.Get(inventorytag::StockNumber) + " was stored in " + std::string(kInventoryTagFile) +
+                  ", but not in " + std::string(kInventoryFile) + ", and " + std::string(kInventoryTagFile) +
+                  " could not be put back.\rLook at the part once both files can be written again.");
+  }
+}
+
 void Inventory::PutTagBack(const InventoryTag& before, PartIndex index) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryTagForWrite());
   WriteRecord(*file, Location(index), before);
   file.Close();
   KeepInList(before, index, Location(index));
+}
+
+// What others have put behind it keeps its place: the tag is that of a deleted part then.
+void Inventory::TakeTagAway(const InventoryTag& tag, PartIndex index, Listed listed) {
+  const auto location = static_cast<std::uint64_t>(Location(index));
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(OpenInventoryTagForWrite());
+  if (file->Length() == location + InventoryTag::kLength) {
+    file->Truncate(location);
+  } else {
+    InventoryTag deleted = tag;
+    deleted.Put(inventorytag::StockNumber, "");
+    WriteRecord(*file, Location(index), deleted);
+  }
+  file.Close();
+  if (listed == Listed::Yes) return SetLocation(index, kNoLink);
+  RemoveLastTag();
+  if (onCountChanged) onCountChanged();
 }
 
 void Inventory::KeepInList(const InventoryTag& tag, PartIndex index, FileLink location) {
@@ -212,7 +263,7 @@ Inventory::Part Inventory::AddPart(std::string_view stockNumber, PartIndex& inde
   const std::string_view number = TrimView(stockNumber);
   part.tag.Put(inventorytag::StockNumber, number);
   part.master.Put(inventory::StockNumber, number);
-  part.offset = LinkAtEnd(environment_.files.Length(kInventoryFile), kInventoryFile);
+  part.offset = PlaceOfNewMaster();
   part.tag.Put(inventorytag::Tag, part.offset);
   for (std::size_t level = 0; level < kPriceLevelNames.size(); ++level) {
     part.master.Put(inventory::MarkupPercent[level], system_.SysRec.Get(sysrec::markups[level]));
@@ -223,6 +274,29 @@ Inventory::Part Inventory::AddPart(std::string_view stockNumber, PartIndex& inde
   Write(part, index, Core::Follows, Broadcast::Yes);
   if (!IsCore(part.master.View(inventory::StockNumber)) && onNewPart) onNewPart(part.offset, index);
   return part;
+}
+
+// The end of the file, or behind the places there that tags already lead to: a program that ended between the two
+// writings leaves such a tag, and one that is there in this moment will fill the place.
+FileLink Inventory::PlaceOfNewMaster() {
+  OpenedFile file(environment_.openFiles);
+  file.TakeOver(OpenWithoutEnd(kInventoryTagFile, Access::Read, Deny::None));
+  std::uint64_t place = environment_.files.Length(kInventoryFile);
+  std::set<std::uint64_t> taken;
+  std::vector<InventoryTag> block(kScanBlock);
+  const std::uint64_t count = file->Length() / InventoryTag::kLength;
+  for (std::uint64_t first = 0; first < count; first += kScanBlock) {
+    const auto tags = std::span(block).first(std::min<std::uint64_t>(count - first, kScanBlock));
+    file->ReadAt(first * InventoryTag::kLength, std::as_writable_bytes(tags));
+    for (const InventoryTag& tag : tags) {
+      const auto link = static_cast<std::uint64_t>(std::max(tag.Get(inventorytag::Tag), 0));
+      if (link >= place) taken.insert(link);
+    }
+  }
+  for (const std::uint64_t each : taken) {
+    if (each < place + InventoryRecord::kLength) place = each + InventoryRecord::kLength;
+  }
+  return LinkAtEnd(place, kInventoryFile);
 }
 
 }  // namespace lantos

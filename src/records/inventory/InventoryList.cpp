@@ -90,6 +90,16 @@ void InventoryList::ReplaceTag(PartIndex index, const InventoryTag& tag) {
   if (isMoved && index < indexed_) AddToIndex(index);
 }
 
+void InventoryList::RemoveLastTag() {
+  const PartIndex last = Count() - 1;
+  if (last < indexed_) {
+    RemoveFromIndex(last);
+    indexed_ = last;
+  }
+  tags_.pop_back();
+  locations_.pop_back();
+}
+
 InventoryList::NumberKey InventoryList::KeyOf(const InventoryTag& tag) { return WordsOf(tag.Bytes().data()); }
 
 // The slot that holds the number, or the free one where it belongs.

@@ -31,6 +31,8 @@ class InventoryList {
   // The stock number and the description are trimmed. Another stock number takes time with the length of the list only
   // where two parts bear the same one.
   void ReplaceTag(PartIndex index, const InventoryTag& tag);
+  // The list has one.
+  void RemoveLastTag();
   // Of the tag in the tag file; kNoLink while it isn't known.
   FileLink Location(PartIndex index) const { return locations_.at(static_cast<std::size_t>(index)); }
   void SetLocation(PartIndex index, FileLink location) { locations_.at(static_cast<std::size_t>(index)) = location; }

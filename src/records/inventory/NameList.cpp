@@ -4,6 +4,7 @@
 #include <span>
 #include <utility>
 
+#include "frame/ReplaceContent.h"
 #include "frame/Text.h"
 #include "records/Patience.h"
 #include "records/TextLineReader.h"
@@ -49,8 +50,7 @@ std::size_t NameList::Add(std::string_view name) {
   std::vector<std::string> names = Together(NamesIn(line));
   names.push_back(added);
   const std::string text = LineOf(names);
-  file->WriteAt(0, std::as_bytes(std::span(text)));
-  file->Truncate(text.size());
+  ReplaceContent(*file, std::as_bytes(std::span(text)));
   file.Close();
   names_ = std::move(names);
   return names_.size() - 1;

@@ -249,6 +249,28 @@ def test_comments_are_written_every_time_changed_or_not(start, shop):
     assert shop.estimate(900)["Status"] == 3, "and touches no other column"
 
 
+def test_leaving_the_comments_keeps_the_mark_of_another_copys_work_order(start, shop):
+    shop.add_estimate(900, TODAY, Comments="Ours")
+    shop.write()
+    copy = show(start(shop))
+    copy.click("txtComments")
+    elsewhere(shop, "UPDATE Estimates SET Comments = 'Workorder # 000123 Ours' WHERE EstimateNumber = 900")
+    copy.leave()
+    assert comments_of(shop) == copy.text("txtComments") == "Workorder # 000123 Ours"
+
+
+def test_comments_typed_over_the_mark_of_another_copys_work_order_ask(start, shop):
+    shop.add_estimate(900, TODAY, Comments="Ours")
+    shop.write()
+    copy = show(start(shop))
+    copy.type("txtComments", "Typed")
+    elsewhere(shop, "UPDATE Estimates SET Comments = 'Workorder # 000123 Ours' WHERE EstimateNumber = 900")
+    copy.leave()
+    copy.expect_box(title="Comments", buttons=["Yes", "No"])
+    copy.press("No")
+    assert comments_of(shop) == copy.text("txtComments") == "Workorder # 000123 Ours"
+
+
 def test_comments_can_be_emptied(start, shop):
     shop.add_estimate(900, TODAY, Comments="Old")
     shop.write()

@@ -89,6 +89,62 @@ TEST(Comments, AreWrittenEachTimeChangedOrNot) {
   EXPECT_EQ(bench.StoredComments(), "New");
 }
 
+// Another copy has made a work order of the estimate, or moved it, while it was on show.
+
+struct CommentsMarked : Detail {
+  CommentsMarked() {
+    AddEstimate(900, Today(), kArrived);
+    database.lantosData.SetComments("Old", 900);
+    Show(900);
+    board.MoveFocus(&board.detail.txtComments);
+  }
+};
+
+TEST(CommentsMarked, ByAnotherCopyAreShownAndKeptWhenTheFieldIsLeftUntouched) {
+  for (const char* theirs :
+       {"Workorder # 000123 Old", "Rescheduled for 10/07/2003. Old", "Scheduled for 10/07/2003."}) {
+    CommentsMarked bench;
+    bench.database.lantosData.SetComments(theirs, 900);
+    for (int round = 0; round < 2; ++round) {
+      bench.board.MoveFocus(&bench.board.detail.listLabor);
+      EXPECT_EQ(bench.StoredComments(), theirs);
+      EXPECT_EQ(bench.board.detail.txtComments.Text(), theirs);
+      // By which a conversion sees that another copy has been at it.
+      EXPECT_EQ(bench.Current().Comments, "Old");
+      bench.board.MoveFocus(&bench.board.detail.txtComments);
+    }
+  }
+}
+
+TEST(CommentsMarked, ByAnotherCopyAskWhoHasTypedOthers) {
+  for (const Answer answer : {Answer::Yes, Answer::No}) {
+    CommentsMarked bench;
+    test::Type(bench.board.detail.txtComments, "New");
+    bench.database.lantosData.SetComments("Workorder # 000123 Old", 900);
+    bench.desktop.WillAnswer([&](const ui::Box& box) {
+      EXPECT_EQ(box.title, "Comments");
+      EXPECT_EQ(box.text,
+                "Estimate # 000900 was changed by another user since it was shown here.\rIts comments:\r\r"
+                "\"Workorder # 000123 Old\" is stored, \"New\" is yours\r\r"
+                "Do you want to store yours?\rNo keeps what is stored.");
+      return answer;
+    });
+    bench.board.MoveFocus(&bench.board.detail.listLabor);
+    const std::string kept = answer == Answer::Yes ? "New" : "Workorder # 000123 Old";
+    EXPECT_EQ(bench.StoredComments(), kept);
+    EXPECT_EQ(bench.board.detail.txtComments.Text(), kept);
+  }
+}
+
+TEST(CommentsMarked, ByAnotherCopyAreAddedToOnceTheyWereSeen) {
+  CommentsMarked bench;
+  bench.database.lantosData.SetComments("Workorder # 000123 Old", 900);
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
+  test::Type(bench.board.detail.txtComments, "Workorder # 000123 Old, keys at the desk");
+  bench.board.MoveFocus(&bench.board.detail.listLabor);
+  EXPECT_EQ(bench.StoredComments(), "Workorder # 000123 Old, keys at the desk");
+}
+
 TEST(Comments, TypedAndNotYetLeftOutliveAnythingThatFillsTheViewAnew) {
   const std::function<void(frmMain&)> ways[] = {
       [](frmMain& board) { board.LoadWeek(board.MonthView1.Value()); },

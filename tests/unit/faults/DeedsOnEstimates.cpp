@@ -3,7 +3,10 @@
 #include "contents/extras/frmEstExtras.h"
 #include "contents/extras/frmWOExtra.h"
 #include "contents/labor/LaborBench.h"
+#include "contents/labor/frmCanLabor.h"
+#include "contents/labor/frmCanLaborList.h"
 #include "contents/notes/EstimateChecklist.h"
+#include "contents/notes/frmCanNoteList.h"
 #include "contents/notes/frmEstNotes.h"
 #include "contents/notes/frmNotes.h"
 #include "contents/notes/frmWOChklst.h"
@@ -153,6 +156,54 @@ struct AddNote : OnEstimate<ContentsBench> {
   }
 };
 
+// The list is written when it is left.
+struct EditCannedLabor : OnEstimate<LaborBench> {
+  EditCannedLabor() {
+    directory.Put("TQCANLAB.DAT",
+                  CannedLaborLine(Job("LOF  OIL")) + "\r\n" + CannedLaborLine(Job("TIRE ROTATE")) + "\r\n");
+    inTurn = {"TQLABKIT.DAT"};  // the kit of the code, then the list
+    forms["frmCanLaborList"] = [](ui::Form& form) {
+      auto& list = dynamic_cast<frmCanLaborList&>(form);
+      list.DataGrid1.DoSelect(0);
+      list.cmdEdit.DoClick();
+      Press(form, "Esc");
+    };
+    forms["frmCanLabor"] = [](ui::Form& form) {
+      Type(dynamic_cast<frmCanLabor&>(form).txtDesc, "oil and filter");
+      Press(form, "F10");
+    };
+  }
+  static CannedLabor Job(const std::string& text) {
+    CannedLabor entry;
+    entry.Desc[0] = text;
+    return entry;
+  }
+  void Do() override {
+    frmCanLaborList form(bench);
+    form.ShowModal();
+    form.Unload();
+  }
+};
+
+struct EditCannedNote : OnEstimate<ContentsBench> {
+  EditCannedNote() {
+    directory.Put("TQCANNOT.DAT", "Call\r\nKeys are in the box\r\n");
+    forms["frmCanNoteList"] = [](ui::Form& form) {
+      dynamic_cast<frmCanNoteList&>(form).cmdEdit.DoClick();
+      Press(form, "Esc");
+    };
+    forms["frmNotes"] = [](ui::Form& form) {
+      Type(dynamic_cast<frmNotes&>(form).txtDesc, "Call before the work is begun");
+      Press(form, "F10");
+    };
+  }
+  void Do() override {
+    frmCanNoteList form(shop);
+    form.ShowModal();
+    form.Unload();
+  }
+};
+
 struct TickChecklist : OnEstimate<ContentsBench> {
   TickChecklist() {
     directory.Put("CHECKLST.TXT", "[Engine]\r\nOil, check the stick\r\n  Belts\r\n");
@@ -200,6 +251,8 @@ std::vector<NamedDeed> DeedsOnEstimates() {
           Named<AddExtra<kSubletExtras>>("sublet"),
           Named<AddExtra<kWasteExtras>>("waste"),
           Named<AddNote>("note"),
+          Named<EditCannedLabor>("canned labor"),
+          Named<EditCannedNote>("canned note"),
           Named<TickChecklist>("checklist"),
           Named<PrintOptionsSaved>("print options"),
           Named<ConvertEstimate>("conversion")};

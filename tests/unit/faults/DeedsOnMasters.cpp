@@ -1,5 +1,6 @@
 #include "admin/SystemScreensBench.h"
 #include "admin/frmCompanyInfo.h"
+#include "admin/frmDisclaimer.h"
 #include "admin/frmSystemParameters.h"
 #include "faults/Deed.h"
 #include "masters/EmployeeShop.h"
@@ -177,6 +178,17 @@ struct EditParameters : OnSystem<frmSystemParameters> {
   }
 };
 
+struct EditDisclaimer : OnSystem<frmDisclaimer> {
+  EditDisclaimer() {
+    directory.Put("DISC_EST.TXT", "Good for 30 days.");
+    forms["frmDisclaimer"] = [](ui::Form& form) {
+      Type(As<frmDisclaimer>(form).txtDisclaimer, "Good for no more than 30 days.");
+      Press(form, "F10");
+      Press(form, "Esc");
+    };
+  }
+};
+
 template <class Made>
 NamedDeed Named(const char* name) {
   return {name, [] { return std::make_unique<Made>(); }};
@@ -185,11 +197,12 @@ NamedDeed Named(const char* name) {
 }  // namespace
 
 std::vector<NamedDeed> DeedsOnMasters() {
-  return {
-      Named<EditCustomer>("customer: edit"), Named<NewCustomer>("customer: new"),   Named<EditVehicle>("vehicle: edit"),
-      Named<NewVehicle>("vehicle: new"),     Named<EditVendor>("vendor: edit"),     Named<AddVendor>("vendor: add"),
-      Named<EditEmployee>("employee: edit"), Named<NewEmployee>("employee: new"),   Named<EditPay>("employee: pay"),
-      Named<EditCompany>("company"),         Named<EditParameters>("system record")};
+  return {Named<EditCustomer>("customer: edit"),  Named<NewCustomer>("customer: new"),
+          Named<EditVehicle>("vehicle: edit"),    Named<NewVehicle>("vehicle: new"),
+          Named<EditVendor>("vendor: edit"),      Named<AddVendor>("vendor: add"),
+          Named<EditEmployee>("employee: edit"),  Named<NewEmployee>("employee: new"),
+          Named<EditPay>("employee: pay"),        Named<EditCompany>("company"),
+          Named<EditParameters>("system record"), Named<EditDisclaimer>("disclaimer")};
 }
 
 }  // namespace lantos::test

@@ -2,9 +2,14 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <set>
+
 namespace lantos::test {
 
 namespace {
+
+// Files that are written as a whole, and the kits of standard jobs, of which a blank record is none.
+const std::set<std::string> kTexts = {"Lantos.ini", "TQCANLAB.DAT", "TQCANNOT.DAT", "DISC_EST.TXT", "TQLABKIT.DAT"};
 
 // As another program sees it, which takes back what a killed one has left half done.
 void AddRows(const std::filesystem::path& path, ShopState& state) {
@@ -35,7 +40,7 @@ ShopState StateOf(const ScratchDirectory& directory) {
     } else {
       std::string& content = state[name] = directory.Content(name);
       // As it is read: room that was taken for a text that never came.
-      if (name == "Lantos.ini") content.erase(content.find_last_not_of('\0') + 1);
+      if (kTexts.contains(name)) content.erase(content.find_last_not_of('\0') + 1);
     }
   }
   return state;

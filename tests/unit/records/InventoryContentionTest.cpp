@@ -156,7 +156,7 @@ TEST_F(InventoryContention, APartThatIsNotInTheFileIsAFailedReadUntilItIsThere) 
   desktop.WillAnswer([&](const ui::Box& box) {
     ExpectBox(box, "ReadInventory", "Can not read tags record for LATE\rError 57: Device I/O error",
               ui::Buttons::RetryCancel, ui::Icon::Exclamation);
-    Put(kInventoryTagFile, BytesOf(kInventoryTagFile) + std::string(TagImage({"LATE"}, 344)));
+    Put(kInventoryTagFile, BytesOf(kInventoryTagFile) + std::string(TagImage({"LATE"}, 688)));
     return Answer::Retry;
   });
   FileLink offset = kNoLink;

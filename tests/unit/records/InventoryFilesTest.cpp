@@ -1,5 +1,7 @@
 // Tag and master of a part, read and written.
 #include "InventoryFixture.h"
+#include "NoRoomBeyond.h"
+#include "records/GivenUp.h"
 #include "records/inventory/Inventory.h"
 #include "records/modSystem.h"
 
@@ -296,6 +298,99 @@ TEST_F(InventoryFiles, ANewCoreIsNotToldToTheList) {
   Inventory::PartIndex index = Inventory::kNoPart;
   inventory.NewInventoryPart("STARTER/C", index);
   EXPECT_EQ(inventory.FindPart("STARTER/C"), 0);
+}
+
+// A new tag has nothing behind it when its master can't be written.
+
+TEST_F(InventoryFiles, ANewPartWhoseMasterHasNoRoomLeavesNoTag) {
+  PutParts({{"A"}});
+  std::vector<Inventory::PartIndex> counts;
+  inventory.onCountChanged = [&] { counts.push_back(inventory.Count()); };
+  const auto before = Everything();
+  Inventory::PartIndex index = Inventory::kNoPart;
+  {
+    const NoRoomBeyond disk(400);
+    EXPECT_THROW(inventory.NewInventoryPart("B", index), FileError);
+  }
+  EXPECT_EQ(BytesOf(kInventoryTagFile), before.at(std::string(kInventoryTagFile)));
+  EXPECT_EQ(BytesOf(kInventoryFile), before.at(std::string(kInventoryFile)));
+  EXPECT_EQ(inventory.Count(), 1);
+  EXPECT_EQ(inventory.FindPart("B"), Inventory::kNoPart);
+  EXPECT_EQ(counts, (std::vector<Inventory::PartIndex>{2, 1}));
+  inventory.NewInventoryPart("C", index);
+  EXPECT_EQ(index, 1);
+  EXPECT_EQ(TagBytes(1), std::string(TagImage({"C", "C"}, 344)));
+  EXPECT_EQ(MasterBytes(1).substr(0, 2), std::string("C\0", 2));
+}
+
+TEST_F(InventoryFiles, APartWhoseMasterCanNotBeWrittenKeepsItsTag) {
+  PutParts({{"A", "AXLE"}, {"B", "BELT"}});
+  const FileLink offset = Read("B");
+  const auto before = Everything();
+  inventory.CurrentInvTag.Put(inventorytag::InStock, 3);
+  {
+    const NoRoomBeyond disk(400);
+    EXPECT_THROW(inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No), FileError);
+  }
+  EXPECT_EQ(BytesOf(kInventoryTagFile), before.at(std::string(kInventoryTagFile)));
+  EXPECT_EQ(inventory.Tag(1).Get(inventorytag::InStock), 0);
+}
+
+TEST_F(InventoryFiles, ATagThatCanNotBePutBackIsNamed) {
+  PutParts({{"A", "AXLE"}, {"B", "BELT"}});
+  const FileLink offset = Read("B");
+  inventory.CurrentInvTag.Put(inventorytag::InStock, 3);
+  const std::filesystem::path away = PathOf("AWAY");
+  const auto block = [&](std::string_view file) {
+    std::filesystem::rename(PathOf(file), away);
+    std::filesystem::create_directory(PathOf(file));
+  };
+  block(kInventoryFile);
+  desktop.WillAnswer([&](const ui::Box&) {
+    std::filesystem::remove(PathOf(kInventoryFile));
+    std::filesystem::rename(away, PathOf(kInventoryFile));
+    block(kInventoryTagFile);
+    return ui::Answer::Cancel;
+  });
+  desktop.WillAnswer(ui::Answer::Cancel);
+  try {
+    inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No);
+    ADD_FAILURE() << "nothing was said";
+  } catch (const GivenUp& error) {
+    EXPECT_EQ(error.Words(),
+              "Part B was stored in TQINVTAG.DAT, but not in TQINVENT.DAT, and TQINVTAG.DAT could not be put back.\r"
+              "Look at the part once both files can be written again.");
+  }
+}
+
+TEST_F(InventoryFiles, ANewPartLeavesThePlaceThatATagWithoutAMasterLeadsTo) {
+  PutParts({{"A"}});
+  Put(kInventoryTagFile,
+      BytesOf(kInventoryTagFile) + std::string(TagImage({"HALF"}, 344)) + std::string(TagImage({"FAR"}, 5000)));
+  LoadList();
+  Inventory::PartIndex index = Inventory::kNoPart;
+  inventory.NewInventoryPart("NEW", index);
+  EXPECT_EQ(inventory.Tag(index).Get(inventorytag::Tag), 688);
+  EXPECT_EQ(MasterBytes(1), std::string(344, '\0'));
+  EXPECT_EQ(MasterBytes(2).substr(0, 4), std::string("NEW\0", 4));
+}
+
+TEST_F(InventoryFiles, AMasterOfAnotherNumberIsRefused) {
+  PutParts({{"A"}, {"B"}});
+  Put(kInventoryTagFile, BytesOf(kInventoryTagFile) + std::string(TagImage({"C"}, 344)));
+  LoadList();
+  Read("A");
+  desktop.WillAnswer([](const ui::Box& box) {
+    ExpectBox(box, "ReadInventory",
+              "Part C can't be shown: its tag in TQINVTAG.DAT leads to the record of part B in TQINVENT.DAT.\r"
+              "Neither is changed. Have the files repaired.",
+              ui::Buttons::Ok, ui::Icon::Exclamation);
+    return ui::Answer::Ok;
+  });
+  FileLink offset = kNoLink;
+  EXPECT_FALSE(inventory.ReadInventory(offset, 2));
+  EXPECT_EQ(offset, kNoLink);
+  EXPECT_EQ(inventory.CurrentInv.Get(inventory::StockNumber), "A");
 }
 
 }  // namespace

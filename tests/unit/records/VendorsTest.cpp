@@ -1,12 +1,10 @@
 #include "records/Vendors.h"
 
-#include <sys/resource.h>
-
-#include <csignal>
 #include <optional>
 #include <set>
 #include <thread>
 
+#include "NoRoomBeyond.h"
 #include "VendorImage.h"
 #include "records/GivenUp.h"
 #include "records/modSystem.h"
@@ -16,25 +14,6 @@ namespace lantos::test {
 namespace {
 
 constexpr std::string_view kLocked = "Vendor file locked by another user.\rClick OK to try again.";
-
-// No file of this process grows beyond the length, as on a full disk.
-class NoRoomBeyond {
- public:
-  explicit NoRoomBeyond(rlim_t length) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit = {length, before_.rlim_max};
-    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-  }
-  ~NoRoomBeyond() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  NoRoomBeyond(const NoRoomBeyond&) = delete;
-
- private:
-  void (*handler_)(int);
-  rlimit before_{};
-};
 
 class VendorsTest : public ShopTest {
  protected:

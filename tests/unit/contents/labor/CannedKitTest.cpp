@@ -91,6 +91,41 @@ TEST(CannedKit, AKitThatCantBeWrittenIsAsItWas) {
   EXPECT_EQ(bench.records.laborKits.KitOf("NEW"), "");
 }
 
+// Two workstations with the list open.
+TEST(CannedKit, AKitThatAnotherWorkstationHasStoredSinceStays) {
+  CannedKit bench;
+  LaborKits others(bench.environment);
+  others.Save("TUNE", "KIT-T");
+  bench.records.laborKits.Save("LOF", "KIT-B");
+  others.Save("AXLE", "KIT-X");
+  LaborKits onFile(bench.environment);
+  EXPECT_EQ(onFile.KitOf("LOF"), "KIT-B");
+  EXPECT_EQ(onFile.KitOf("TUNE"), "KIT-T");
+  EXPECT_EQ(onFile.KitOf("AXLE"), "KIT-X");
+  EXPECT_EQ(bench.records.laborKits.KitOf("TUNE"), "KIT-T") << "what a save has read is known";
+}
+
+TEST(CannedKit, AnEntryThatIsEditedKeepsTheKitThatAnotherWorkstationHasChosen) {
+  CannedKit bench;
+  LaborKits(bench.environment).Save("LOF", "KIT-B");
+  frmCanLabor form(bench.bench, frmCanLabor::Mode::Edit, CannedKit::Entry());
+  form.Show();
+  EXPECT_EQ(form.Combo1.Text(), "KIT-B");
+  test::Type(form.Hours, "3");
+  test::Press(form, "F10");
+  EXPECT_EQ(LaborKits(bench.environment).KitOf("LOF"), "KIT-B");
+}
+
+TEST(CannedKit, AKitFileThatSomebodyHasLeavesTheKitThatWasReadLast) {
+  CannedKit bench;
+  const OpenedFile held(bench.environment.openFiles, kLaborKitFile, Access::ReadWrite, Deny::All);
+  frmCanLabor form(bench.bench, frmCanLabor::Mode::Edit, CannedKit::Entry());
+  form.Show();
+  EXPECT_EQ(form.Combo1.Text(), "KIT-A");
+  EXPECT_EQ(bench.desktop.failures.size(), 0U);
+  test::Press(form, "Esc");
+}
+
 TEST(CannedKit, AKitThatIsOfferedWaitsForThePartsThatArentListedYet) {
   CannedKit bench;
   bench.SaveKit();
