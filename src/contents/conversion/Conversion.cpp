@@ -51,6 +51,12 @@ bool HasVehicleOf(const Estimate& one, const Estimate& other) {
   return true;
 }
 
+// Nothing was typed: one that is on file is written as it lies there.
+void WriteUntyped(Vehicles& vehicles) {
+  if (vehicles.CurrentVehicleOffset == kNoLink) return vehicles.WriteVehicle();
+  if (!vehicles.Update(vehicles.CurrentVehicleOffset, [](VehicleRecord&) {})) vehicles.CurrentVehicleOffset = kNoLink;
+}
+
 WoNote ReadNote(const Recordset& row) {
   WoNote note;
   for (std::size_t line = 0; line < note.size(); ++line) note[line] = row.Text("Desc" + std::to_string(line + 1));
@@ -218,18 +224,10 @@ bool Conversion::StoreEdited(const VehicleRecord& read, VehicleRecord& ours) {
   return true;
 }
 
-void Conversion::WriteVehicle() {
-  Vehicles& vehicles = bench_.shop.records.vehicles;
-  if (isVehicleWritten_) return;
-  if (vehicles.CurrentVehicleOffset == kNoLink) return vehicles.WriteVehicle();
-  // Nothing was typed: it is the one on file that is written.
-  if (!vehicles.Update(vehicles.CurrentVehicleOffset, [](VehicleRecord&) {})) vehicles.CurrentVehicleOffset = kNoLink;
-}
-
 void Conversion::StoreVehicleIfChanged() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
   if (!isVehicleWritten_ && IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
-  WriteVehicle();
+  if (!isVehicleWritten_) WriteUntyped(vehicles);
   const FileLink written = vehicles.CurrentVehicleOffset;
   if (written != kNoLink) done_.Add("the vehicle was written");
   filling_.TakeVehicle(vehicles.CurrentVehicle);

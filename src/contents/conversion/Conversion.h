@@ -44,7 +44,6 @@ class Conversion {
   void FindVehicle();
   bool EditVehicle();
   bool StoreEdited(const VehicleRecord& read, VehicleRecord& ours);
-  void WriteVehicle();
   void StoreVehicleIfChanged();
 
   void TakeNumber();
