@@ -170,7 +170,13 @@ void ConversionJournal::HasNoted(const std::string& part, FileLink usage) {
   Write(fmt::format("noted {} {}", usage, InOneLine(part)));
 }
 
-void ConversionJournal::WillWrite(std::string_view what) { Write("writes " + std::string(what)); }
+void ConversionJournal::WillWrite(std::string_view what) {
+  try {
+    Write("writes " + std::string(what));
+  } catch (const FileError& error) {
+    environment_.log.Write(error.what());
+  }
+}
 
 void ConversionJournal::IsUndone() { Write("undone"); }
 

@@ -47,11 +47,12 @@ class ConversionJournal {
   // Whole lines only, in the program's page; what a journal of a megabyte has behind that is left out.
   std::string Content() const;
 
-  // All throw FileError.
+  // All but WillWrite throw FileError.
   void TakesNumber();  // it is this conversion's own
   void WillMove(const JournaledPart& part);
   void HasNoted(const std::string& part, FileLink usage);  // kNoLink: the stock moves without a note
-  void WillWrite(std::string_view what);                   // of the other steps, for who reads the file
+  // Of the other steps, for who reads the file. A failure goes to the run log.
+  void WillWrite(std::string_view what);
   void IsUndone();
   // The conversion is whole, or undone. A file that can't be deleted is emptied.
   void Remove();

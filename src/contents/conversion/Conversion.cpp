@@ -7,6 +7,7 @@
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Numbers.h"
+#include "masters/vehicles/StoredVehicle.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "records/CheckList.h"
 #include "records/Customers.h"
@@ -48,6 +49,12 @@ bool HasVehicleOf(const Estimate& one, const Estimate& other) {
     if (Trim(Left(one.*kTexts[i], width)) != Trim(Left(other.*kTexts[i], width))) return false;
   }
   return true;
+}
+
+// Nothing was typed: one that is on file is written as it lies there.
+void WriteUntyped(Vehicles& vehicles) {
+  if (vehicles.CurrentVehicleOffset == kNoLink) return vehicles.WriteVehicle();
+  if (!vehicles.Update(vehicles.CurrentVehicleOffset, [](VehicleRecord&) {})) vehicles.CurrentVehicleOffset = kNoLink;
 }
 
 WoNote ReadNote(const Recordset& row) {
@@ -195,7 +202,9 @@ bool Conversion::TakeVehicle() {
 }
 
 bool Conversion::EditVehicle() {
-  frmVehEdit form(bench_.shop, bench_.shop.records.vehicles.CurrentVehicle, "Convert to WO - Vehicle Information");
+  isVehicleWritten_ = false;
+  frmVehEdit form(bench_.shop, bench_.shop.records.vehicles.CurrentVehicle, "Convert to WO - Vehicle Information",
+                  [this](const VehicleRecord& read, VehicleRecord& ours) { return StoreEdited(read, ours); });
   form.ShowModal();
   const bool saved = form.Saved();
   form.Unload();
@@ -203,10 +212,22 @@ bool Conversion::EditVehicle() {
                                           kTitle, ui::Buttons::YesNo) == ui::Answer::Yes;
 }
 
+// With the screen up, so that whoever goes back from a question finds what was typed. One that isn't on file yet can't
+// have been changed by others.
+bool Conversion::StoreEdited(const VehicleRecord& read, VehicleRecord& ours) {
+  const FileLink place = bench_.shop.records.vehicles.CurrentVehicleOffset;
+  if (place == kNoLink || IsSnapshotOf(SnapshotIn(Current()), ours)) return true;
+  const VehicleStored stored = StoreVehicle(bench_.shop, place, read, ours, kTitle);
+  if (stored == VehicleStored::GoneBack) return false;
+  isVehicleWritten_ = true;
+  if (stored == VehicleStored::NotWritten) bench_.shop.records.vehicles.CurrentVehicleOffset = kNoLink;
+  return true;
+}
+
 void Conversion::StoreVehicleIfChanged() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
-  if (IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
-  vehicles.WriteVehicle();
+  if (!isVehicleWritten_ && IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
+  if (!isVehicleWritten_) WriteUntyped(vehicles);
   const FileLink written = vehicles.CurrentVehicleOffset;
   if (written != kNoLink) done_.Add("the vehicle was written");
   filling_.TakeVehicle(vehicles.CurrentVehicle);
@@ -232,8 +253,8 @@ void Conversion::TakeNumber() {
   Order().WorkorderNumber = *taken;
   hasTakenNumber_ = true;
   journal_ = &*ownJournal_;
-  journal_->TakesNumber();
   done_.Add("the number was taken");
+  journal_->TakesNumber();
 }
 
 void Conversion::TakeParts() {

@@ -5,6 +5,7 @@
 
 #include "contents/Workbench.h"
 #include "contents/conversion/StepsDone.h"
+#include "records/Vehicles.h"
 #include "workorders/ConversionJournal.h"
 #include "workorders/OrderFilling.h"
 #include "workorders/StockRepair.h"
@@ -42,6 +43,7 @@ class Conversion {
   bool TakeVehicle();
   void FindVehicle();
   bool EditVehicle();
+  bool StoreEdited(const VehicleRecord& read, VehicleRecord& ours);
   void StoreVehicleIfChanged();
 
   void TakeNumber();
@@ -71,6 +73,7 @@ class Conversion {
   ConversionJournal* journal_ = nullptr;
   const BegunConversion* begun_ = nullptr;  // when one is finished
   std::vector<bool> isNoted_;               // by its parts: their usage was there, or given up
+  bool isVehicleWritten_ = false;           // from its screen, or given up there
   bool hasTakenNumber_ = false;
   std::string reorderList_;
   std::string notDone_;  // what the person gave up of the stock, for the last message

@@ -126,7 +126,7 @@ void MasterScreens::EditVehicle(frmVehList& list) {
   const std::string title = "Edit Vehicle";
   std::optional<VehicleRecord> record = vehicles.Read(link);
   const auto store = [&](const VehicleRecord& read, VehicleRecord& ours) {
-    return StoreVehicle(shop_, link, read, ours, title);
+    return StoreVehicle(shop_, link, read, ours, title) == VehicleStored::Yes;
   };
   if (record && EditFields(*record, title, store)) list.UpdateRow(*record, link);
 }

@@ -26,8 +26,8 @@ constexpr MergedField kFields[] = {
 
 }  // namespace
 
-bool StoreVehicle(Shop& shop, FileLink place, const VehicleRecord& read, VehicleRecord& ours,
-                  const std::string& title) {
+VehicleStored StoreVehicle(Shop& shop, FileLink place, const VehicleRecord& read, VehicleRecord& ours,
+                           const std::string& title) {
   RecordMerge merge(kFields, read, ours);
   std::optional<VehicleRecord> stored;
   const auto put = [&](VehicleRecord& onFile) {
@@ -35,9 +35,12 @@ bool StoreVehicle(Shop& shop, FileLink place, const VehicleRecord& read, Vehicle
     onFile.Put(vehicle::Number, ours.Get(vehicle::Number));
     Vehicles::FollowFirstMileage(onFile);
   };
-  if (!merge.Run(shop.desktop, title, [&] { stored = shop.records.vehicles.Update(place, put); })) return false;
-  if (stored) ours = *stored;
-  return stored.has_value();
+  if (!merge.Run(shop.desktop, title, [&] { stored = shop.records.vehicles.Update(place, put); })) {
+    return VehicleStored::GoneBack;
+  }
+  if (!stored) return VehicleStored::NotWritten;
+  ours = *stored;
+  return VehicleStored::Yes;
 }
 
 }  // namespace lantos

@@ -44,6 +44,34 @@ TEST(StoppedConversion, ByAHeldTextHasBothTags) {
   EXPECT_EQ(bench.directory.Content("TQINCTAG.DAT").size(), ArchivedWoTag::kLength);
 }
 
+// Of the journal's lines the first three are the heading, the estimate and the number.
+void FailJournalFrom(FaultyCalls& calls, std::size_t line) {
+  calls.When([line, lines = std::size_t{0}](const test::FileCall& call, std::size_t) mutable {
+    if (call.kind != test::CallKind::Write || !call.name.starts_with("AJ") || ++lines < line) return 0;
+    return test::ErrnoOf(call, Fault::DiskFull);
+  });
+}
+
+TEST(StoppedConversion, NotByTheLinesThatTheJournalHasForItsReaders) {
+  ConversionBench bench;
+  bench.WillConfirm();
+  bench.WillEndQuietly();
+  FaultyCalls calls(bench.directory.Path());
+  FailJournalFrom(calls, 4);
+  bench.Convert();
+  EXPECT_EQ(bench.StoredComments(), "Workorder # 005001 Call first");
+  EXPECT_TRUE(bench.IsThere("W0005001.tqa"));
+}
+
+TEST(StoppedConversion, RightBehindTheNumberTellsThatItIsTaken) {
+  ConversionBench bench;
+  bench.WillConfirm();
+  FaultyCalls calls(bench.directory.Path());
+  FailJournalFrom(calls, 3);
+  EXPECT_THAT(bench.Failure(), EndsWith(kStopped + "\r- the number was taken" + kUnfinished));
+  EXPECT_EQ(bench.NextNumber(), 5002);
+}
+
 TEST(StoppedConversion, AnArchivedTagThatIsGivenUpIsLoggedAndTheRestIsDone) {
   ConversionBench bench;
   bench.WillConfirm();
