@@ -28,7 +28,11 @@ bool EditedLines::StoreUnlessChanged(const std::vector<std::string>& lines) {
   std::vector<std::string> onFile = TextLinesIn(environment_, *file, name_);
   const bool isAsRead = onFile == lines_;
   if (isAsRead) PutTextLines(*file, lines);
-  lines_ = isAsRead ? lines : std::move(onFile);
+  if (isAsRead) {
+    lines_ = lines;
+  } else {
+    lines_ = std::move(onFile);
+  }
   return isAsRead;
 }
 

@@ -17,6 +17,24 @@ namespace {
 constexpr std::size_t kNumberDigits = 6;
 constexpr std::size_t kTagsABlock = 256;
 
+// Whether one of the tags of an open file, which is closed then, bears the number. GivenUp when it couldn't be opened.
+template <class Tag>
+bool HasTag(OpenFiles& openFiles, FileHandle handle, std::int32_t number) {
+  if (handle == kNoHandle) throw GivenUp("The tags of the work orders could not be read.");
+  OpenedFile file(openFiles);
+  file.TakeOver(handle);
+  std::vector<Tag> block(kTagsABlock);
+  for (std::uint64_t end = file->Length() / Tag::kLength; end > 0;) {
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(end, kTagsABlock));
+    end -= count;
+    const std::span<Tag> tags = std::span(block).first(count);
+    ReadRecords(*file, end * Tag::kLength, tags);
+    const auto hasNumber = [number](const Tag& tag) { return tag.Get(wotag::WorkorderNumber) == number; };
+    if (std::any_of(tags.begin(), tags.end(), hasNumber)) return true;
+  }
+  return false;
+}
+
 template <std::size_t Length>
 bool ReadTag(ui::Desktop& desktop, OpenFiles& openFiles, FileHandle file, std::int64_t position, Record<Length>& tag,
              const std::string& routine) {
@@ -218,22 +236,9 @@ bool Workorders::WriteArchivedWoTag() {
 
 Workorders::FilesWritten Workorders::FilesOf(std::int32_t workorderNumber) {
   FilesWritten written;
-  const auto hasNumber = [&](const auto& tag) { return tag.Get(wotag::WorkorderNumber) == workorderNumber; };
-  const auto find = [&]<std::size_t Length>(FileHandle handle, const Record<Length>&) {
-    if (handle == kNoHandle) throw GivenUp("The tags of the work orders could not be read.");
-    OpenedFile file(environment_.openFiles);
-    file.TakeOver(handle);
-    std::vector<Record<Length>> block(kTagsABlock);
-    for (std::uint64_t end = file->Length() / Length; end > 0;) {
-      const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(end, kTagsABlock));
-      end -= count;
-      ReadRecords(*file, end * Length, std::span(block).first(count));
-      if (std::any_of(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count), hasNumber)) return true;
-    }
-    return false;
-  };
-  written.activeTag = find(OpenActiveWOForReading(), ActiveWoTag());
-  written.archivedTag = find(OpenArchWOForReading("Workorders.FilesOf"), ArchivedWoTag());
+  OpenFiles& files = environment_.openFiles;
+  written.activeTag = HasTag<ActiveWoTag>(files, OpenActiveWOForReading(), workorderNumber);
+  written.archivedTag = HasTag<ArchivedWoTag>(files, OpenArchWOForReading("Workorders.FilesOf"), workorderNumber);
   const std::string name = FileNameOf(workorderNumber);
   if (!environment_.files.IsThere(name)) return written;
   OpenedFile text(environment_.openFiles, name, Access::Read, Deny::None);

@@ -75,9 +75,15 @@ def test_a_wait_at_a_box_overwrites_nobody(copies, shop):
         first.key("F10")
         first.expect_box(title="WriteCustomer()")
     open_search(second)
-    add_customer(second, "Early,Eve")
+    second.type("NameKey", "Early,Eve")
+    second.key("Insert")
+    patiently(second)
+    second.key("F10")
+    second.expect_box(title="TQCSTTAG.DAT", icon="exclamation", buttons=["Retry", "Cancel"])
     first.press("OK")
     first.expect_form("frmCustEdit")
+    second.press("Retry")
+    second.expect_form("frmCustEdit")
     assert {number: master["Lastname"] for number, master in pairs(shop).items()} == {
         7: "Smith", 8: "Walker", 301: "Late", 302: "Early"}
 

@@ -222,7 +222,7 @@ def test_lines_go_into_the_work_order_that_another_copy_begins_until_it_is_confi
 
 
 def test_lines_move_with_the_estimate_that_another_copy_moves(pair, shop):
-    """What comes later stays with the old one. Of comments typed meanwhile the new one has the other copy's."""
+    """What comes later stays with the old one. Both have the comments that were typed meanwhile."""
     mover, other = pair
     mover.click("cmdReschedule")
     mover.expect_form("frmReschedule")
@@ -239,4 +239,4 @@ def test_lines_move_with_the_estimate_that_another_copy_moves(pair, shop):
         assert [line[:2] for line in stored(shop, kind, NEW).values()][2:] == [early[:2]]
     estimates = shop.query("SELECT EstimateNumber, Status, Comments FROM Estimates ORDER BY EstimateNumber")
     assert [tuple(estimate.values()) for estimate in estimates] == [
-        (900, 7, "Rescheduled for 10/02/2003."), (NEW, 0, "by noon")]
+        (900, 7, "Rescheduled for 10/02/2003. by noon"), (NEW, 0, "by noon")]
