@@ -40,6 +40,7 @@ bool CustomerFiles::Open() {
 }
 
 bool CustomerFiles::HasTagFrom(std::size_t place, std::int32_t number) const {
+  if (number == 0) return false;  // an empty slot's, and what is read behind the end
   std::vector<CustomerTag> block(kBlockTags);
   const std::uint64_t length = tags_->Length();
   for (std::uint64_t offset = place * kTagLength; offset < length; offset += kBlockTags * kTagLength) {

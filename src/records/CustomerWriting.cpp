@@ -1,6 +1,7 @@
 #include <stdexcept>
 
 #include "frame/Dates.h"
+#include "frame/Numbers.h"
 #include "records/CustomerFiles.h"
 #include "records/Customers.h"
 #include "records/PriceLevels.h"
@@ -9,6 +10,9 @@
 namespace lantos {
 
 namespace {
+
+// How often a customer that others have written meanwhile is looked for among the tags.
+constexpr int kTries = 5;
 
 // Trims a text field in its record, and tells the text.
 template <class RecordType>
@@ -84,7 +88,7 @@ bool Customers::NewCustomer() {
 
 // What lies in the files is looked at again once they are held open: they may have been waited for.
 bool Customers::Writing::Run() {
-  for (;;) {
+  for (int tries = 0; tries < kTries; ++tries) {
     const std::optional<std::size_t> place = Place();
     if (!place) return false;
     CustomerFiles files(customers_.environment_, customers_.desktop_);
@@ -93,6 +97,8 @@ bool Customers::Writing::Run() {
     if (isNew && files.HasTagFrom(*place, Number())) continue;
     return Store(files, *place);
   }
+  throw std::runtime_error("Customer " + FormatZeros(Number(), 6) + " has a tag in " + std::string(kCustomerTagFile) +
+                           " that can't be read. Nothing was stored.");
 }
 
 // The place of the customer's tag in the array, and that tag as the current one; the count for a new customer, who is

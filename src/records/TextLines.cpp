@@ -11,9 +11,11 @@ namespace lantos {
 
 namespace {
 
-// Room that was taken for a text that never came.
-void DropRoom(std::vector<std::string>& lines) {
-  if (lines.empty() || !lines.back().ends_with('\0')) return;
+// Room that was taken for a text that never came: behind the last line's end nothing is room.
+void DropRoom(const SharedFile& file, std::vector<std::string>& lines) {
+  std::byte end{1};
+  if (!lines.empty()) file.ReadAt(file.Length() - 1, std::span(&end, 1));
+  if (end != std::byte{0}) return;
   std::string& last = lines.back();
   last.erase(last.find_last_not_of('\0') + 1);
   if (last.empty()) lines.pop_back();
@@ -32,7 +34,7 @@ std::vector<std::string> TextLinesIn(Environment& environment, const SharedFile&
   std::vector<std::string> lines;
   TextLineReader reader(file, 0, name);
   for (std::string line; reader.Next(line);) lines.push_back(line);
-  DropRoom(lines);
+  DropRoom(file, lines);
   return lines;
 }
 

@@ -63,6 +63,8 @@ TEST_F(CheckListTest, TextLinesAreWrittenWholeAndReadBack) {
   EXPECT_EQ(BytesOf("LINES.TXT"), "one\r\n\r\nthree\r\n");
   EXPECT_EQ(ReadTextLines(environment, "lines.txt"), (Texts{"one", "", "three"}));
   EXPECT_EQ(ReadTextLines(environment, "absent.txt"), std::nullopt);
+  Put("nuls.txt", std::string("one\0\0\r\n", 7));
+  EXPECT_EQ(ReadTextLines(environment, "nuls.txt"), (Texts{std::string("one\0\0", 5)})) << "they are the line's own";
 }
 
 TEST_F(CheckListTest, TextLinesEndAtAnyLineEnd) {

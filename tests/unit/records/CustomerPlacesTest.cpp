@@ -83,6 +83,13 @@ TEST_F(CustomerPlaces, ANewCustomerBehindAnEmptySlotCostsNobodyTheirTag) {
   EXPECT_EQ(customers.Count(), 3U);
 }
 
+TEST_F(CustomerPlaces, ACustomerWithoutANumberIsNotLookedForAmongTheTags) {
+  Put(kCustomerTagFile, "x");
+  MakeCurrentCustomer(0, "Nobody", "");
+  EXPECT_TRUE(customers.WriteCustomer());
+  EXPECT_THAT(BytesOf(kCustomerTagFile), testing::HasSubstr("Nobody,"));
+}
+
 TEST_F(CustomerPlaces, ATagThatLeadsToAnothersRecordShowsNobody) {
   Put(kCustomerTagFile, Image(CustomerTagImage(1, "Adams,", 317)).Append(CustomerTagImage(2, "Brown,", 317)));
   Put(kCustomerFile, Image(CustomerImage(1, "Adams")).Append(CustomerImage(2, "Brown")));
