@@ -4,7 +4,7 @@ import json
 import os
 import random
 
-from copysteps import copies, kill_within, start_victim, time_of, workstations
+from copysteps import copies, kill_within, start_victim, time_of, undo_half_written, workstations
 from inventoryfiles import make_inventory, part
 from linesteps import LABOR, PARTS, begin_to_add, begin_to_change, fill, remove, save
 from workfiles import one_estimate, show
@@ -86,4 +86,5 @@ def test_a_kill_while_parts_with_cores_are_added_leaves_the_surcharge_of_what_is
             assert shop.query("SELECT sum(Quantity) AS units FROM Parts") == [{"units": 6}]
         else:
             kill_within(victim, adding_lines(), chance.uniform(0, whole_time))
+            undo_half_written(shop)
         expect_surcharge_of_what_is_stored(shop)
