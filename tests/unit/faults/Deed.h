@@ -47,6 +47,7 @@ struct NamedDeed {
 };
 
 std::vector<NamedDeed> DeedsOnEstimates();
+std::vector<NamedDeed> DeedsOnLines();
 std::vector<NamedDeed> DeedsOnMasters();
 std::vector<NamedDeed> DeedsOnStock();
 

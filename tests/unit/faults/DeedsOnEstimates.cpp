@@ -1,29 +1,20 @@
 #include "board/BookingBench.h"
+#include "board/frmSpecialDays.h"
+#include "board/frmStdHours.h"
 #include "contents/conversion/HalfDoneBench.h"
-#include "contents/extras/frmEstExtras.h"
-#include "contents/extras/frmWOExtra.h"
 #include "contents/labor/LaborBench.h"
 #include "contents/labor/frmCanLabor.h"
 #include "contents/labor/frmCanLaborList.h"
-#include "contents/notes/EstimateChecklist.h"
 #include "contents/notes/frmCanNoteList.h"
-#include "contents/notes/frmEstNotes.h"
 #include "contents/notes/frmNotes.h"
-#include "contents/notes/frmWOChklst.h"
-#include "contents/parts/PartsBench.h"
-#include "faults/Deed.h"
+#include "faults/DeedOnEstimate.h"
 
-// Estimates: on the board, and in their editors.
+// Estimates on the board, and what is kept for them; their lines stand in a source of their own.
 namespace lantos::test {
 
 namespace {
 
 using ui::Answer;
-
-template <class Bench>
-struct OnEstimate : DeedOn<Bench> {
-  EstimateDatabase* Database() override { return &this->database; }
-};
 
 struct Book : OnEstimate<BookingBench> {
   Book() {
@@ -74,6 +65,55 @@ struct Reschedule : OnBoard {
   void Do() override { test::Click(board.commands.cmdReschedule); }
 };
 
+struct Comments : OnBoard {
+  void Do() override {
+    Type(board.detail.txtComments, "Keys are at the desk");
+    board.MoveFocus(&board.detail.listLabor);
+  }
+};
+
+// A copy on the next day less the hours that were done, and this one Continued, in one piece.
+struct Continuation : OnBoard {
+  Continuation() {
+    directory.Put("TQEMPLOY.DAT", "");
+    environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+    answers = {{"Automatically continued", Answer::Ok}};
+    forms["frmEstStatus"] = [](ui::Form& form) {
+      dynamic_cast<ui::OptionButton&>(*form.Find("Option1(5)")).DoClick();
+      Press(form, "F10");
+    };
+    forms["frmContinue"] = [](ui::Form& form) {
+      Type(dynamic_cast<ui::TextBox&>(*form.Find("txtHours")), "1");
+      Press(form, "F10");
+    };
+    gaps = {"TQSYSTEM.DAT"};
+  }
+  void Do() override { test::Click(board.commands.cmdChangeStatus); }
+};
+
+struct SpecialDay : OnEstimate<BoardBench> {
+  void Do() override {
+    frmSpecialDays form(shop, database.lantosData);
+    form.Show();
+    form.MoveFocus(&form.DTPicker1);
+    form.DTPicker1.DoPick(Today() + 7);
+    form.MoveFocus(&form.txtHours);
+    Type(form.txtHours, "4");
+    Type(form.txtComments, "Half a day");
+    Press(form, "F10");
+    form.Hide();
+  }
+};
+struct StandardHours : OnEstimate<BoardBench> {
+  void Do() override {
+    frmStdHours form(shop, database.lantosData);
+    form.Show();
+    Type(form.txtHours[2], "7.5");
+    Press(form, "F10");
+    form.Hide();
+  }
+};
+
 struct PrintOptionsSaved : OnEstimate<BoardBench> {
   PrintOptionsSaved() {
     Start();
@@ -83,77 +123,6 @@ struct PrintOptionsSaved : OnEstimate<BoardBench> {
     };
   }
   void Do() override { board.FindMenu("mnuPrintOptions")->DoClick(); }
-};
-
-struct OnLabor : OnEstimate<LaborBench> {
-  OnLabor() {
-    Store(1, 100, 6500, "CHECK BRAKES\t\tROAD TEST\t\t\t\t\t");
-    Store(3, 50, 3250, "OIL\t\t\t\t\t\t\t");
-    contents.labor.LoadLaborList();
-    forms["frmLabor"] = [](ui::Form& form) {
-      auto& labor = dynamic_cast<frmLabor&>(form);
-      Type(labor.Hours, "2");
-      Type(labor.txtDesc, "wash");
-      Press(form, "F10");
-    };
-  }
-};
-struct AddLabor : OnLabor {
-  void Do() override { contents.labor.Add(); }
-};
-struct ChangeLabor : OnLabor {
-  void Do() override {
-    board.listLabor.DoSelect(0);
-    contents.labor.Change();
-  }
-};
-struct RemoveLabor : OnLabor {
-  RemoveLabor() { answers = {{"Remove\r", Answer::Yes}}; }
-  void Do() override {
-    board.listLabor.DoSelect(0);
-    contents.labor.Remove();
-  }
-};
-
-struct AddPartLine : OnEstimate<PartsBench> {
-  void Do() override { contents.parts.AddPartLine(Line("abc", 2, 100), PartLines::Choosing::ItsRow); }
-};
-
-template <const ExtrasTable& kTable>
-struct AddExtra : OnEstimate<ContentsBench> {
-  AddExtra() {
-    forms["frmSubList"] = [](ui::Form& form) {
-      dynamic_cast<ui::ListBox&>(*form.Find("POSubletList")).DoSelect(0);
-      Press(form, "F10");
-    };
-    forms["frmWOExtra"] = [](ui::Form& form) {
-      Type(dynamic_cast<frmWOExtra&>(form).Vendor, "GLASS");
-      Press(form, "F10");
-    };
-  }
-  void Do() override {
-    frmEstExtras form(bench, kTable);
-    form.LoadForm();
-    form.Show();
-    form.cmdAdd.DoClick();
-    form.Hide();
-  }
-};
-
-struct AddNote : OnEstimate<ContentsBench> {
-  AddNote() {
-    forms["frmNotes"] = [](ui::Form& form) {
-      Type(dynamic_cast<frmNotes&>(form).txtDesc, "Call first");
-      Press(form, "F10");
-    };
-  }
-  void Do() override {
-    frmEstNotes form(bench);
-    form.LoadForm();
-    form.Show();
-    form.cmdAdd.DoClick();
-    form.Hide();
-  }
 };
 
 // The list is written when it is left.
@@ -204,20 +173,6 @@ struct EditCannedNote : OnEstimate<ContentsBench> {
   }
 };
 
-struct TickChecklist : OnEstimate<ContentsBench> {
-  TickChecklist() {
-    directory.Put("CHECKLST.TXT", "[Engine]\r\nOil, check the stick\r\n  Belts\r\n");
-    records.checkList.LoadChecklistFile();
-    forms["frmWOChklst"] = [](ui::Form& form) {
-      auto& points = dynamic_cast<frmWOChklst&>(form);
-      points.List1.DoCheck(0, true);
-      points.List2.DoCheck(0, true);
-      Press(form, "F10");
-    };
-  }
-  void Do() override { EstimateChecklist(bench); }
-};
-
 struct ConvertEstimate : OnEstimate<HalfDoneBench> {
   ConvertEstimate() {
     answers = {{"This function will convert", Answer::Yes},
@@ -242,18 +197,14 @@ NamedDeed Named(const char* name) {
 
 std::vector<NamedDeed> DeedsOnEstimates() {
   return {Named<Book>("booking"),
+          Named<Comments>("comments"),
           Named<SetStatus>("status"),
+          Named<Continuation>("continuation"),
           Named<Reschedule>("reschedule"),
-          Named<AddLabor>("labor: add"),
-          Named<ChangeLabor>("labor: change"),
-          Named<RemoveLabor>("labor: remove"),
-          Named<AddPartLine>("part line"),
-          Named<AddExtra<kSubletExtras>>("sublet"),
-          Named<AddExtra<kWasteExtras>>("waste"),
-          Named<AddNote>("note"),
           Named<EditCannedLabor>("canned labor"),
           Named<EditCannedNote>("canned note"),
-          Named<TickChecklist>("checklist"),
+          Named<SpecialDay>("special day"),
+          Named<StandardHours>("standard hours"),
           Named<PrintOptionsSaved>("print options"),
           Named<ConvertEstimate>("conversion")};
 }

@@ -105,6 +105,16 @@ struct AddVendor : OnVendors {
   }
 };
 
+struct DeleteVendor : OnVendors {
+  DeleteVendor() {
+    answers = {{"Deleting vendor\r", ui::Answer::Yes}};
+    forms["frmVendorList"] = [](ui::Form& form) {
+      As<frmVendorList>(form).VendorList.DoSelect(0);
+      As<frmVendorList>(form).cmdDelete.DoClick();
+    };
+  }
+};
+
 struct OnEmployees : DeedOnTest<EmployeeShop> {
   EstimateDatabase* Database() override { return &database; }
   void Do() override {
@@ -197,12 +207,13 @@ NamedDeed Named(const char* name) {
 }  // namespace
 
 std::vector<NamedDeed> DeedsOnMasters() {
-  return {Named<EditCustomer>("customer: edit"),  Named<NewCustomer>("customer: new"),
-          Named<EditVehicle>("vehicle: edit"),    Named<NewVehicle>("vehicle: new"),
-          Named<EditVendor>("vendor: edit"),      Named<AddVendor>("vendor: add"),
-          Named<EditEmployee>("employee: edit"),  Named<NewEmployee>("employee: new"),
-          Named<EditPay>("employee: pay"),        Named<EditCompany>("company"),
-          Named<EditParameters>("system record"), Named<EditDisclaimer>("disclaimer")};
+  return {Named<EditCustomer>("customer: edit"), Named<NewCustomer>("customer: new"),
+          Named<EditVehicle>("vehicle: edit"),   Named<NewVehicle>("vehicle: new"),
+          Named<EditVendor>("vendor: edit"),     Named<AddVendor>("vendor: add"),
+          Named<DeleteVendor>("vendor: delete"), Named<EditEmployee>("employee: edit"),
+          Named<NewEmployee>("employee: new"),   Named<EditPay>("employee: pay"),
+          Named<EditCompany>("company"),         Named<EditParameters>("system record"),
+          Named<EditDisclaimer>("disclaimer")};
 }
 
 }  // namespace lantos::test

@@ -90,6 +90,7 @@ std::string NameOfTest(const testing::TestParamInfo<NamedDeed>& tested) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Estimates, EachCommand, testing::ValuesIn(DeedsOnEstimates()), NameOfTest);
+INSTANTIATE_TEST_SUITE_P(Lines, EachCommand, testing::ValuesIn(DeedsOnLines()), NameOfTest);
 INSTANTIATE_TEST_SUITE_P(Stock, EachCommand, testing::ValuesIn(DeedsOnStock()), NameOfTest);
 INSTANTIATE_TEST_SUITE_P(Masters, EachCommand, testing::ValuesIn(DeedsOnMasters()), NameOfTest);
 
