@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "board/BookingBench.h"
 #include "board/frmSpecialDays.h"
 #include "board/frmStdHours.h"
@@ -30,6 +32,7 @@ struct Book : OnEstimate<BookingBench> {
     };
     forms["frmVehList"] = [](ui::Form& form) { Press(form, "Esc"); };
     gaps = {"TQSYSTEM.DAT"};
+    number = kNextEstimate;
     inTurn = {"Lantos.mdb:Estimates"};  // the estimate, then its customer; it is on the board
   }
   void Do() override { test::Click(board.commands.cmdNewEstimate); }
@@ -53,14 +56,20 @@ struct SetStatus : OnBoard {
   void Do() override { test::Click(board.commands.cmdChangeStatus); }
 };
 
-struct Reschedule : OnBoard {
-  Reschedule() {
-    forms["frmReschedule"] = [](ui::Form& form) { Press(form, "F10"); };
+// The copy, line by line, which is shown and named; then what becomes of the estimate that it was made of.
+struct CopyEstimate : OnBoard {
+  CopyEstimate() {
     gaps = {"TQSYSTEM.DAT"};
-    // The copy, line by line, which is shown and named; then what becomes of the estimate that it was made of.
-    for (const char* table : {"Estimates", "Labors", "Parts", "Sublets", "Waste", "Notes", "Checklist"}) {
+    number = kNextEstimate;
+    for (const char* table : {"Estimates", "Labors", "LaborDays", "Parts", "Sublets", "Waste", "Notes", "Checklist"}) {
       inTurn.push_back(std::string("Lantos.mdb:") + table);
     }
+  }
+};
+
+struct Reschedule : CopyEstimate {
+  Reschedule() {
+    forms["frmReschedule"] = [](ui::Form& form) { Press(form, "F10"); };
   }
   void Do() override { test::Click(board.commands.cmdReschedule); }
 };
@@ -72,8 +81,7 @@ struct Comments : OnBoard {
   }
 };
 
-// A copy on the next day less the hours that were done, and this one Continued, in one piece.
-struct Continuation : OnBoard {
+struct Continuation : CopyEstimate {
   Continuation() {
     directory.Put("TQEMPLOY.DAT", "");
     environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
@@ -82,11 +90,10 @@ struct Continuation : OnBoard {
       dynamic_cast<ui::OptionButton&>(*form.Find("Option1(5)")).DoClick();
       Press(form, "F10");
     };
-    forms["frmContinue"] = [](ui::Form& form) {
+    Once("frmContinue", [](ui::Form& form) {
       Type(dynamic_cast<ui::TextBox&>(*form.Find("txtHours")), "1");
       Press(form, "F10");
-    };
-    gaps = {"TQSYSTEM.DAT"};
+    });
   }
   void Do() override { test::Click(board.commands.cmdChangeStatus); }
 };
@@ -186,6 +193,46 @@ struct ConvertEstimate : OnEstimate<HalfDoneBench> {
               "TQINCTAG.DAT", "W0005001.tqa", "Lantos.mdb:Estimates"};
   }
   void Do() override { Convert(); }
+  bool HasJournal() const override { return true; }
+  void Settle(Settling how) override {
+    LoadStock();
+    records.system.ReadSystem();
+    how == Settling::Finish ? Finish() : Undo();
+  }
+  // Each part left the stock or it didn't, in tag and master alike; a use that was noted is one of a part that left.
+  bool IsWholeButForGivenUp(const ShopState& state, const ShopState& before, const ShopState& after) override {
+    const std::set<std::string> ofStock = {"TQINVTAG.DAT", "TQINVENT.DAT", "TQUSEHST.DAT"};
+    for (const std::string& name : Differences(state, after)) {
+      if (!ofStock.contains(name)) return false;
+    }
+    std::size_t left = 0;
+    for (std::size_t part = 0; part < 2; ++part) {
+      const std::int32_t stock = Stock(state, part);
+      if (StockOfMaster(state, part) != stock) return false;
+      if (stock == Stock(after, part)) {
+        ++left;
+      } else if (stock != Stock(before, part)) {
+        return false;
+      }
+    }
+    return state.at("TQUSEHST.DAT").size() <= left * UsageRecord::kLength;
+  }
+  static std::int32_t Stock(const ShopState& state, std::size_t part) {
+    return ShortIn(state.at("TQINVTAG.DAT"), kStockInTag + kTagLength * part);
+  }
+  static std::int32_t StockOfMaster(const ShopState& state, std::size_t part) {
+    return ShortIn(state.at("TQINVENT.DAT"), kStockInMaster + kMasterLength * part);
+  }
+  // As the start reads the tags.
+  void LoadStock() const {
+    const std::string bytes = directory.Content("TQINVTAG.DAT");
+    records.inventory.SizeArrays();
+    for (std::size_t at = 0; at + InventoryTag::kLength <= bytes.size(); at += InventoryTag::kLength) {
+      InventoryTag tag;
+      std::memcpy(tag.Bytes().data(), bytes.data() + at, InventoryTag::kLength);
+      records.inventory.AppendTag(tag);
+    }
+  }
 };
 
 template <class Made>

@@ -75,14 +75,14 @@ struct MergePartLine : OnPartLines {
 };
 struct ChangePartLine : OnPartLines {
   void Do() override {
-    board.listParts.DoSelect(0);
+    board.listParts.DoSelectRows({0});
     contents.parts.Change();
   }
 };
 struct RemovePartLine : OnPartLines {
   RemovePartLine() { answers = {{"Are you sure", Answer::Yes}}; }
   void Do() override {
-    board.listParts.DoSelect(0);
+    board.listParts.DoSelectRows({0});
     contents.parts.Remove();
   }
 };
