@@ -199,29 +199,33 @@ struct ConvertEstimate : OnEstimate<HalfDoneBench> {
     records.system.ReadSystem();
     how == Settling::Finish ? Finish() : Undo();
   }
-  // Each part left the stock or it didn't, in tag and master alike; a use that was noted is one of a part that left.
+  // Each part left the stock, or is as it was, in tag and master alike. A use that was noted of one that stayed is led
+  // to by no master.
   bool IsWholeButForGivenUp(const ShopState& state, const ShopState& before, const ShopState& after) override {
-    const std::set<std::string> ofStock = {"TQINVTAG.DAT", "TQINVENT.DAT", "TQUSEHST.DAT"};
+    const std::set<std::string> givenUp = {"TQINVTAG.DAT", "TQINVENT.DAT", "TQUSEHST.DAT", "TQINCTAG.DAT"};
     for (const std::string& name : Differences(state, after)) {
-      if (!ofStock.contains(name)) return false;
+      if (!givenUp.contains(name) || (name == "TQINCTAG.DAT" && !ContentOf(state, name).empty())) return false;
     }
-    std::size_t left = 0;
     for (std::size_t part = 0; part < 2; ++part) {
-      const std::int32_t stock = Stock(state, part);
-      if (StockOfMaster(state, part) != stock) return false;
-      if (stock == Stock(after, part)) {
-        ++left;
-      } else if (stock != Stock(before, part)) {
-        return false;
-      }
+      const bool left = Stock(state, part) == Stock(after, part) && StockOfMaster(state, part) == Stock(after, part);
+      const bool stayed = Tag(state, part) == Tag(before, part) && Master(state, part) == Master(before, part);
+      if (!left && !stayed) return false;
     }
-    return state.at("TQUSEHST.DAT").size() <= left * UsageRecord::kLength;
+    return ContentOf(state, "TQUSEHST.DAT").size() <= ContentOf(after, "TQUSEHST.DAT").size();
   }
-  static std::int32_t Stock(const ShopState& state, std::size_t part) {
-    return ShortIn(state.at("TQINVTAG.DAT"), kStockInTag + kTagLength * part);
+  static std::string Tag(const ShopState& state, std::size_t part) {
+    return state.at("TQINVTAG.DAT").substr(kTagLength * part, kTagLength);
   }
+  static std::string Master(const ShopState& state, std::size_t part) {
+    return state.at("TQINVENT.DAT").substr(kMasterLength * part, kMasterLength);
+  }
+  static std::string ContentOf(const ShopState& state, const std::string& name) {
+    const auto file = state.find(name);
+    return file == state.end() ? "" : file->second;
+  }
+  static std::int32_t Stock(const ShopState& state, std::size_t part) { return ShortIn(Tag(state, part), kStockInTag); }
   static std::int32_t StockOfMaster(const ShopState& state, std::size_t part) {
-    return ShortIn(state.at("TQINVENT.DAT"), kStockInMaster + kMasterLength * part);
+    return ShortIn(Master(state, part), kStockInMaster);
   }
   // As the start reads the tags.
   void LoadStock() const {

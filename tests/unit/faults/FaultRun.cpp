@@ -179,7 +179,11 @@ Ending FaultRun::Kill(std::size_t call) const {
   int status = 0;
   ::waitpid(child, &status, 0);
   Ending ending = Judge(StateOf(run->Shop().directory), *run);
-  ending.told = true;  // nobody is there to be told
+  // Nobody is there to be told, and nobody has given anything up.
+  ending.told = true;
+  if (run->HasJournal() && ending.kind == Ending::Kind::InTurn && !HasJournal(StateOf(run->Shop().directory))) {
+    ending.kind = Ending::Kind::Apart;
+  }
   TrySettling(*run, ending);
   return ending;
 }
@@ -229,7 +233,8 @@ bool FaultRun::IsStored(const ShopState& state, const Deed& deed) const {
 }
 
 void FaultRun::TrySettling(Deed& run, Ending& ending) const {
-  if (ending.kind != Ending::Kind::InTurn || !HasJournal(StateOf(run.Shop().directory))) return;
+  const ShopState left = StateOf(run.Shop().directory);
+  if (ending.kind != Ending::Kind::InTurn || !HasJournal(left)) return;
   for (const Deed::Settling how : {Deed::Settling::Finish, Deed::Settling::Undo}) {
     const std::unique_ptr<Deed> next = deed_.make();
     CopyFiles(run.Shop().directory, *next);
@@ -242,6 +247,10 @@ void FaultRun::TrySettling(Deed& run, Ending& ending) const {
     ending.said += how == Deed::Settling::Finish ? " // finished afterwards" : " // undone afterwards";
     for (const ui::Box& box : next->Shop().desktop.boxes) ending.said += " // " + box.text;
   }
+  // All is there, and the next start finds it so.
+  const std::vector<std::string> apart = Differences(left, after_);
+  const bool isWhole = std::all_of(apart.begin(), apart.end(), IsJournal);
+  if (isWhole && ending.kind == Ending::Kind::InTurn) ending.kind = Ending::Kind::Stored;
 }
 
 Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
