@@ -5,11 +5,15 @@
 #include "board/frmStdHours.h"
 #include "contents/conversion/HalfDoneBench.h"
 #include "contents/labor/LaborBench.h"
+#include "contents/labor/RepairCodes.h"
 #include "contents/labor/frmCanLabor.h"
 #include "contents/labor/frmCanLaborList.h"
+#include "contents/labor/frmEstFollowup.h"
+#include "contents/labor/frmRepairCode.h"
 #include "contents/notes/frmCanNoteList.h"
 #include "contents/notes/frmNotes.h"
 #include "faults/DeedOnEstimate.h"
+#include "masters/vehicles/frmVehList.h"
 
 // Estimates on the board, and what is kept for them; their lines stand in a source of their own.
 namespace lantos::test {
@@ -44,6 +48,31 @@ struct OnBoard : OnEstimate<BookingBench> {
     Fill(900, 7);
     Show(900);
   }
+};
+
+// The estimate gets another customer, then one of that customer's vehicles: two writes, and each is on show at once.
+struct OtherCustomer : OnBoard {
+  OtherCustomer() {
+    directory.Put("TQVEHICL.DAT", VehicleImage(8, "FORD", -1).Text(29, "TAURUS").Text(50, "1998").Bytes());
+    directory.Put("TQCSTDAT.DAT", Image()
+                                      .Append(CustomerImage(7, "Adams").Text(25, "Beth"))
+                                      .Append(CustomerImage(8, "School", 0).Text(25, "City")));
+    forms["frmCustSearch"] = [](ui::Form& form) {
+      auto& search = dynamic_cast<frmCustSearch&>(form);
+      search.Number.DoType("8");
+      search.cmdSearch.DoClick();
+      if (search.CustList.ListCount() == 0) return;
+      search.CustList.DoSelect(0);
+      search.cmdSelect.DoClick();
+    };
+    forms["frmVehList"] = [](ui::Form& form) {
+      auto& list = dynamic_cast<frmVehList&>(form);
+      list.DataGrid1.DoSelect(0);
+      list.cmdSelect.DoClick();
+    };
+    inTurn = {"Lantos.mdb:Estimates"};
+  }
+  void Do() override { test::Click(board.detail.cmdCustomerEdit); }
 };
 
 struct SetStatus : OnBoard {
@@ -118,6 +147,52 @@ struct StandardHours : OnEstimate<BoardBench> {
     Type(form.txtHours[2], "7.5");
     Press(form, "F10");
     form.Hide();
+  }
+};
+
+// A code is added for the main application on the way to a line of labor, which isn't stored.
+struct NewRepairCode : OnEstimate<LaborBench> {
+  NewRepairCode() {
+    CreateKorvelDatabase(directory / "Korvel.mdb", clock);
+    environment.hasKorvelDatabase = true;
+    forms["frmRepairCode"] = [](ui::Form& form) {
+      auto& code = dynamic_cast<frmRepairCode&>(form);
+      Type(code.txtRepairCode, "BRK-1");
+      Type(code.txtRepairCodeDesc, "Front brakes");
+      Press(form, "F10");
+    };
+  }
+  void Do() override {
+    ui::Form screen(desktop, "frmScreen", "Screen");
+    ui::ComboBox codes(screen, "lovRepairCode");
+    FillRepairCodes(database.korvelData, codes);
+    codes.SetListIndex(1);
+    EditNewRepairCode(shop, database.korvelData, codes);
+  }
+};
+
+// A recommendation of an earlier work order becomes a line, and is used up.
+struct TakeUpFollowup : OnEstimate<LaborBench> {
+  TakeUpFollowup() {
+    database.estimates.CurrentEstimate.VehVIN = "1FTEX15N9";
+    FollowupRecord record;
+    record.Put(followup::Active, 1);
+    record.Put(followup::CustomerNumber, 7);
+    record.Put(followup::VIN, "1FTEX15N9");
+    record.Put(followup::Description, "BELTS");
+    record.Put(followup::Hours, 100);
+    directory.Put(std::string(kFollowupFile),
+                  std::string(reinterpret_cast<const char*>(record.Bytes().data()), FollowupRecord::kLength));
+    forms["frmEstFollowup"] = [](ui::Form& form) {
+      dynamic_cast<frmEstFollowup&>(form).List1.DoCheck(0, true);
+      Press(form, "F10");
+    };
+    inTurn = {"Lantos.mdb:Labors", "Lantos.mdb:LaborDays"};  // then the file of recommendations
+  }
+  void Do() override {
+    frmEstFollowup form(bench, contents.labor);
+    form.ShowModal();
+    form.Unload();
   }
 };
 
@@ -249,9 +324,12 @@ NamedDeed Named(const char* name) {
 std::vector<NamedDeed> DeedsOnEstimates() {
   return {Named<Book>("booking"),
           Named<Comments>("comments"),
+          Named<OtherCustomer>("other customer"),
           Named<SetStatus>("status"),
           Named<Continuation>("continuation"),
           Named<Reschedule>("reschedule"),
+          Named<NewRepairCode>("repair code"),
+          Named<TakeUpFollowup>("followup"),
           Named<EditCannedLabor>("canned labor"),
           Named<EditCannedNote>("canned note"),
           Named<SpecialDay>("special day"),

@@ -78,7 +78,9 @@ void CopyFiles(const ScratchDirectory& from, Deed& deed) {
 
 void MakeStatementsFaulty(Deed& deed, StatementFaults& faults) {
   if (deed.Database() == nullptr) return;
-  MakeFaulty(*deed.Database(), deed.Shop().environment, faults);
+  Environment& environment = deed.Shop().environment;
+  MakeFaulty(*deed.Database(), environment, faults);
+  if (environment.hasKorvelDatabase) MakeFaulty(deed.Database()->korvelData, kKorvelDatabase, environment, faults);
 }
 
 }  // namespace
