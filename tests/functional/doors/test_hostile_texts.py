@@ -4,9 +4,14 @@ import shutil
 
 import pytest
 
+import inventoryfiles
+import shopfiles
+import vendorfiles
 from boardlines import row_of
+from conversionsteps import FIRST
 from copysteps import copies
-from hostileshop import BEGINNING, HOSTILE, hostile_shop
+from hostileshop import BEGINNING, HOSTILE, WORKORDERS, hostile_shop, left
+from workorderfiles import file_name
 
 MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory", "mnuMaintVendors", "mnuPrintOptions",
          "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions", "mnuSystemCompanyInfo", "mnuSystemParameters",
@@ -105,11 +110,31 @@ def go(copy, seen, road):
     leave(copy, seen)
 
 
+def convert(copy, seen):
+    """The estimate becomes a work order, whatever is asked on the way."""
+    copy.click("cmdConvert")
+    for _ in range(20):
+        look(copy, seen)
+        if copy.answer["waiting"] == "box":
+            copy.press(copy.answer["buttons"][0])
+        elif copy.answer["form"] == "frmMain":
+            return
+        else:
+            copy.key("F10")
+    raise AssertionError(f"no end of the conversion at {copy.answer}")
+
+
+def begin(start, shop, desktop):
+    """A copy with the estimate on show."""
+    copy = start(shop, desktop=desktop)
+    copy.wait(50)
+    return copy
+
+
 def walk(start, shop, desktop):
     """Every screen that a person comes to from the board, as it was shown."""
     seen = []
-    copy = start(shop, desktop=desktop)
-    copy.wait(50)
+    copy = begin(start, shop, desktop)
     look(copy, seen)
     copy.click("cmdDayView")
     look(copy, seen)
@@ -124,6 +149,7 @@ def walk(start, shop, desktop):
             leave(copy, seen)
     for road in (*((menu,) for menu in MENUS), *ROADS):
         go(copy, seen, road)
+    convert(copy, seen)
     assert copy.get("form")["controls"] and not copy.events("failure")
     copy.close_window()
     return seen
@@ -156,12 +182,64 @@ def test_texts_are_texts_on_every_screen_and_paper(copies, shop, has_windows, ki
     assert BEGINNING[kind] in all_texts(shown(plain)), "what is on file is what is on show"
     if not has_windows:
         return
+    by_plain = left(shop)
     shutil.rmtree(shop.directory)
     kept.rename(shop.directory)
     windows = walk(copies, shop, "qt")
     for one, other in zip(shown(plain), shown(windows)):
         assert one == other
     assert len(plain) == len(windows)
+    assert left(shop) == by_plain
+    orders = [name for name in by_plain if name.startswith("W") and name.endswith(".tqa")]
+    assert orders == [file_name(number) for number in (*WORKORDERS, FIRST)]
+
+
+# The road to an editor, what is typed there, and where that goes: the file, the length of its records, and the field.
+SAVES = {
+    "customer": (CUSTOMER, ("Ext", "7"), "TQCSTDAT.DAT", shopfiles.CUSTOMER_LENGTH, shopfiles.CUSTOMER["WorkExt"]),
+    "vehicle": (VEHICLE, ("State", "OH"), "TQVEHICL.DAT", shopfiles.VEHICLE_LENGTH, shopfiles.VEHICLE["State"]),
+    "vendor": (VENDOR, ("Phone1Ext", "7"), "TQVENDOR.DAT", vendorfiles.VENDOR_LENGTH, vendorfiles.VENDOR["Phone1Ext"]),
+    "part": ((*PART, "F10"), ("ReorderLevel", "7"), "TQINVENT.DAT", inventoryfiles.MASTER_LENGTH,
+             inventoryfiles.MASTER["ReorderLevel"]),
+    "employee": (EMPLOYEE, ("EmpZip", "45402"), "TQEMPLOY.DAT", shopfiles.EMPLOYEE_LENGTH, shopfiles.EMPLOYEE["EmpZip"]),
+    "company": (("mnuSystemCompanyInfo",), ("company_zip", "45402"), "TQSYSTEM.DAT", shopfiles.SYSTEM_LENGTH,
+                shopfiles.SYSTEM["company_zip"]),
+    "system": (("mnuSystemParameters",), ("shop_rate", "71.00"), "TQSYSTEM.DAT", shopfiles.SYSTEM_LENGTH,
+               shopfiles.SYSTEM["shop_rate"]),
+}
+# A customer's names are stored anew, without what stands behind their ends, and its tag is made of them.
+NAMES = range(shopfiles.CUSTOMER["Lastname"][0], shopfiles.CUSTOMER["Address"][0])
+
+
+def expect_changed_alone(before, after, file, length, field):
+    """Nothing but the field, in a record of the file."""
+    offset, width, _ = field
+    may = {*range(offset, offset + width), *(NAMES if file == "TQCSTDAT.DAT" else ())}
+    changed = {name for name in before.keys() | after.keys() if before.get(name) != after.get(name)}
+    assert changed <= {file, "TQCSTTAG.DAT"} if file == "TQCSTDAT.DAT" else changed <= {file}
+    assert len(before[file]) == len(after[file])
+    assert {at % length for at, (old, new) in enumerate(zip(before[file], after[file])) if old != new} <= may
+
+
+@pytest.mark.parametrize("kind", HOSTILE)
+def test_a_save_changes_nothing_but_what_was_typed(start, shop, desktop, kind):
+    hostile_shop(shop, HOSTILE[kind])
+    copy = start(shop)
+    copy.wait(50)
+    for screen, (road, typed, file, length, field) in SAVES.items():
+        for edits in ((), (typed,)):
+            before, seen = left(shop), []
+            for what in (*road, *edits):
+                step(copy, seen, what)
+            boxes = len(seen)
+            step(copy, seen, "F10")
+            assert screen == "company" or len(seen) == boxes, seen[boxes:]
+            leave(copy, seen)
+            after = left(shop)
+            expect_changed_alone(before, after, file, length, field if edits else (0, 0, ""))
+            if edits and len(seen) == boxes:
+                assert before[file] != after[file], screen
+    assert not copy.events("failure")
 
 
 def test_a_blank_that_holds_words_together_survives_an_edit(lantos, shop):

@@ -16,7 +16,7 @@ from workfiles import (canned_line, followup, make_canned_labor, make_canned_not
 
 HOSTILE = {
     "signs": "<b>&A</b>%s''\"\x01\x1b[*]`\\' OR '1'='1 {what} <img src=x> && &&B %n%1$n \x07\x7f {0} &amp; &lt;i&gt;",
-    "statement": "'); DROP TABLE Labors; --' OR ''='' \"; DELETE FROM Parts; /* ` ? :a @b $1 %_* [Labors]",
+    "statement": "'); DROP TABLE Labors; --' OR ''='' \";DELETE FROM Parts; /* ` ? :a @b $1 %_* [Labors]",
     "paths": "../..\\C:\\x $(id) `id`;cat /etc/passwd|sh %PATH% ${HOME} ~ \"a b\" 'c' //server/share & con nul",
     "controls": "".join(chr(each) for each in range(1, 0x20)) * 3,
     "behind a NUL": "one\0two\0<b>three</b>" * 5,
@@ -117,6 +117,7 @@ def hostile_shop(shop, text):
     for name, (_, width, kind) in SYSTEM.items():
         if kind == "text":
             shop.system[name] = raw(text)[:width]
+    shop.system["surcharge_is_sublet"] = ord("N")
     fill(shop.customers, CUSTOMER_LENGTH, CUSTOMER, text)
     fill(shop.vehicles, VEHICLE_LENGTH, VEHICLE, text)
     fill(shop.employees, EMPLOYEE_LENGTH, EMPLOYEE, text)
@@ -128,4 +129,17 @@ def hostile_shop(shop, text):
     make_history(shop, text)
     make_texts(shop, text)
     fill_databases(shop, text)
-    shop.write_profile({"Options": {"RepairCodeOption": "True"}, "Lantos Defaults": {"Note": flat(text)[:60]}})
+    shop.write_profile({"Options": {"RepairCodeOption": "True"}, "Lantos Defaults": {"BackupCmdWait": "True", "Note": flat(text)[:60]}})
+
+
+def left(shop):
+    """What another copy of the program would find: files by name, and all rows of the databases."""
+    files = {}
+    for path in sorted(shop.directory.iterdir()):
+        if path.suffix == ".mdb":
+            with contextlib.closing(sqlite3.connect(path)) as database:
+                tables = [name for (name,) in database.execute("SELECT name FROM sqlite_master WHERE type = 'table'")]
+                files.update({f"{path.name}:{name}": database.execute(f"SELECT * FROM {name}").fetchall() for name in tables})
+        elif path.is_file() and not path.name.startswith(("LN", "AU")):
+            files[path.name] = path.read_bytes()
+    return files
