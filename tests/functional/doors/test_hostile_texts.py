@@ -10,7 +10,7 @@ import vendorfiles
 from boardlines import row_of
 from conversionsteps import FIRST
 from copysteps import copies
-from hostileshop import BEGINNING, HOSTILE, WORKORDERS, hostile_shop, left
+from hostileshop import BEGINNING, HOSTILE, WORKORDERS, as_shown, hostile_shop, left
 from workorderfiles import file_name
 
 MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory", "mnuMaintVendors", "mnuPrintOptions",
@@ -221,6 +221,22 @@ def expect_changed_alone(before, after, file, length, field):
     assert {at % length for at, (old, new) in enumerate(zip(before[file], after[file])) if old != new} <= may
 
 
+# The same, whose boxes bear the names of the fields: what may stand in them.
+RECORDS = {"vehicle": 1, "employee": 1}  # of the others it is the first that is opened
+FIELDS = {"vendor": vendorfiles.VENDOR, "part": inventoryfiles.MASTER, "company": shopfiles.SYSTEM,
+          "system": shopfiles.SYSTEM, "employee": shopfiles.EMPLOYEE, "vehicle": shopfiles.VEHICLE,
+          "customer": shopfiles.CUSTOMER}
+
+
+def expect_as_stored(copy, layout, record):
+    """Each text field that has a box of its name is shown there as it is stored."""
+    controls = copy.get("form")["controls"]
+    shown = {name: controls[name]["text"] for name, (_, _, kind) in layout.items()
+             if kind == "text" and name in controls and controls[name]["type"] == "TextBox"}
+    assert len(shown) >= 3
+    assert shown == {name: as_shown(record[layout[name][0]:sum(layout[name][:2])]) for name in shown}
+
+
 @pytest.mark.parametrize("kind", HOSTILE)
 def test_a_save_changes_nothing_but_what_was_typed(start, shop, desktop, kind):
     hostile_shop(shop, HOSTILE[kind])
@@ -229,7 +245,11 @@ def test_a_save_changes_nothing_but_what_was_typed(start, shop, desktop, kind):
     for screen, (road, typed, file, length, field) in SAVES.items():
         for edits in ((), (typed,)):
             before, seen = left(shop), []
-            for what in (*road, *edits):
+            for what in road:
+                step(copy, seen, what)
+            if not edits:
+                expect_as_stored(copy, FIELDS[screen], before[file][RECORDS.get(screen, 0) * length:][:length])
+            for what in edits:
                 step(copy, seen, what)
             boxes = len(seen)
             step(copy, seen, "F10")

@@ -40,6 +40,12 @@ def flat(text):
     return line.decode("cp1252", "replace").encode("cp1252", "replace").decode("cp1252")
 
 
+def as_shown(data):
+    """A field of a record as the text that it is: up to its first NUL, in the program's page, a line end as one."""
+    characters = "".join(bytes([byte]).decode("cp1252", "ignore") or chr(byte) for byte in data.split(b"\0")[0])
+    return characters.replace("\r\n", "\n").replace("\r", "\n").strip(" ")
+
+
 def fill(records, length, layout, text):
     """Every text of every record, as long as its field."""
     for start in range(0, len(records), length):
