@@ -45,7 +45,7 @@ class Deed {
   // What may be left changed when the rest isn't: a number that was taken, and nobody's row of it.
   std::vector<std::string> gaps;
   // The first number that it takes. Behind one that was skipped, the same is stored under the next.
-  std::int32_t number = 0;
+  std::int32_t firstNumber = 0;
   // A text that is stored whole or not at all, where another try stores it under another number.
   std::string mark;
   // What lies in several files is written one after the other: files of which the first may have been written when the

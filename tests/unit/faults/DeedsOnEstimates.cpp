@@ -36,7 +36,7 @@ struct Book : OnEstimate<BookingBench> {
     };
     forms["frmVehList"] = [](ui::Form& form) { Press(form, "Esc"); };
     gaps = {"TQSYSTEM.DAT"};
-    number = kNextEstimate;
+    firstNumber = kNextEstimate;
     inTurn = {"Lantos.mdb:Estimates"};  // the estimate, then its customer; it is on the board
   }
   void Do() override { test::Click(board.commands.cmdNewEstimate); }
@@ -89,7 +89,7 @@ struct SetStatus : OnBoard {
 struct CopyEstimate : OnBoard {
   CopyEstimate() {
     gaps = {"TQSYSTEM.DAT"};
-    number = kNextEstimate;
+    firstNumber = kNextEstimate;
     for (const char* table : {"Estimates", "Labors", "LaborDays", "Parts", "Sublets", "Waste", "Notes", "Checklist"}) {
       inTurn.push_back(std::string("Lantos.mdb:") + table);
     }

@@ -222,11 +222,12 @@ std::vector<std::size_t> FaultRun::Kills(std::optional<std::size_t> atMost) cons
 bool FaultRun::IsStored(const ShopState& state, const Deed& deed) const {
   if (Differences(state, after_).empty()) return true;
   if (!deed.mark.empty() && TimesIn(state, deed.mark) == TimesIn(after_, deed.mark)) return true;
-  if (deed.number == 0) return false;
+  if (deed.firstNumber == 0) return false;
   for (std::int32_t skipped = 1; skipped <= kMostNumbersSkipped; ++skipped) {
     ShopState asFirst = state;
     for (auto& [name, content] : asFirst) {
-      if (name.find(".mdb:") != std::string::npos) content = Renumbered(content, deed.number + skipped, deed.number);
+      if (name.find(".mdb:") != std::string::npos)
+        content = Renumbered(content, deed.firstNumber + skipped, deed.firstNumber);
     }
     for (const std::string& gap : deed.gaps) asFirst[gap] = after_.at(gap);
     if (Differences(asFirst, after_).empty()) return true;
