@@ -42,8 +42,8 @@ bool Contention::TryOtherAgain(const FileError& error) {
   const std::string what =
       unfit != nullptr ? unfit->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
   const ui::Answer answer =
-      desktop_->Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
-                    ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+      Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
+          ui::Buttons::RetryCancel, ui::Icon::Exclamation);
   if (answer == ui::Answer::Retry) return true;
   if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
   return false;
@@ -68,10 +68,19 @@ bool Contention::AskOrTell(const FileError& error) {
   if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
   if (rule_.afterRetries == ContentionRule::AfterRetries::AskAndRetrySilently) failures_ = 0;
   const ui::Answer answer =
-      desktop_->Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
+      Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
   if (rule_.afterRetries == ContentionRule::AfterRetries::GiveUp || answer == ui::Answer::Cancel) return false;
   Wait(rule_.pauseAfterBox);
   return true;
+}
+
+ui::Answer Contention::Ask(const std::string& text, const std::string& title, ui::Buttons buttons, ui::Icon icon) {
+  if (beforeAsking_) beforeAsking_();
+  if (turn_ == nullptr) return desktop_->Ask(text, title, buttons, icon);
+  turn_->LetGo();
+  const ui::Answer answer = desktop_->Ask(text, title, buttons, icon);
+  if (answer == ui::Answer::Cancel || turn_->TakeAgain()) return answer;
+  return ui::Answer::Cancel;
 }
 
 void Contention::Wait(ContentionRule::Pause pause) {
