@@ -18,11 +18,17 @@ void Replace(std::string& text, std::string_view mark, std::string_view value) {
 
 bool Contention::TryAgain(const FileError& error) {
   Note(error);
-  if (!rule_.file.empty() && error.Number() != FileErrorNumber::PermissionDenied) return TryOtherAgain(error);
+  if (IsOther(error)) return TryOtherAgain(error);
   if (rule_.failures == ContentionRule::Failures::SharingOnly && error.Number() != FileErrorNumber::PermissionDenied) {
     throw;
   }
   return RetrySilently(error) || AskOrTell(error);
+}
+
+// What lies under the file's name may be unfit for any rule.
+bool Contention::IsOther(const FileError& error) const {
+  if (error.Number() == FileErrorNumber::PermissionDenied || rule_.cancelling.empty()) return false;
+  return !rule_.file.empty() || dynamic_cast<const UnfitFile*>(&error) != nullptr;
 }
 
 // Nobody else's hold ends it, so the person learns what is in the way.
@@ -37,10 +43,7 @@ bool Contention::TryOtherAgain(const FileError& error) {
   if (rule_.noted == ContentionRule::Noted::Nothing) environment_.log.Write(error.what());
   const std::string file = Fill(rule_.file, {});
   const std::string title = rule_.title.empty() ? file : Fill(rule_.title, error.Text());
-  // What lies under the file's name may be unfit; that says so itself.
-  const auto* unfit = dynamic_cast<const UnfitFile*>(&error);
-  const std::string what =
-      unfit != nullptr ? unfit->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
+  const std::string what = InWords(FileFailure(error), file + " can not be used");
   const ui::Answer answer =
       Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
           ui::Buttons::RetryCancel, ui::Icon::Exclamation);

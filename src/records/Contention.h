@@ -50,7 +50,8 @@ class Contention {
   void Note(const FileError& error);
   bool RetrySilently(const FileError& error);
   bool AskOrTell(const FileError& error);
-  // What is no sharing conflict, by a rule that names its file.
+  // What is no sharing conflict, by a rule that names its file or where the file is unfit.
+  bool IsOther(const FileError& error) const;
   bool TryOtherAgain(const FileError& error);
   ui::Answer Ask(const std::string& text, const std::string& title, ui::Buttons buttons, ui::Icon icon);
   void Wait(ContentionRule::Pause pause);
