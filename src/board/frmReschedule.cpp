@@ -40,7 +40,7 @@ void frmReschedule::Accept() {
 void frmReschedule::Move(DaySerial date) {
   Estimate& current = database_.estimates.CurrentEstimate;
   const Estimate old = current;
-  if (!copy_.IsWholeOn(date)) copy_.Make(date, kScheduled);
+  copy_.Make(date, kScheduled);
   const bool staysEstimateOnly = old.Status == kEstimateOnly;
   if (!staysEstimateOnly) {
     database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);

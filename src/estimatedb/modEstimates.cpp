@@ -92,12 +92,14 @@ bool modEstimates::IsOnFile(std::int32_t number) {
 }
 
 void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber) {
-  de_.CloneEstimate(oldNumber, newNumber);
-  de_.CloneParts(newNumber, oldNumber);
-  de_.CloneLabors(newNumber, oldNumber);
-  de_.CloneNotes(newNumber, oldNumber);
-  de_.CloneSublets(newNumber, oldNumber);
-  de_.CloneWaste(newNumber, oldNumber);
+  de_.Connection().Together([&] {
+    de_.CloneEstimate(oldNumber, newNumber);
+    de_.CloneParts(newNumber, oldNumber);
+    de_.CloneLabors(newNumber, oldNumber);
+    de_.CloneNotes(newNumber, oldNumber);
+    de_.CloneSublets(newNumber, oldNumber);
+    de_.CloneWaste(newNumber, oldNumber);
+  });
 }
 
 void modEstimates::SaveStatus() { de_.SetStatus(CurrentEstimate.Status, CurrentEstimate.EstimateNumber); }

@@ -49,9 +49,8 @@ std::optional<ConversionJournal> HalfDone::OpenLeft(const std::string& name) {
       return std::nullopt;
     }
     shop_.environment.log.Write(error.what());
-    shop_.desktop.Tell(name + ", the journal of a conversion that was not finished, can not be read: " +
-                           CauseInWords(error.Number()) + ".",
-                       kTitle, ui::Icon::Exclamation);
+    const std::string what = name + ", the journal of a conversion that was not finished, can not be read";
+    shop_.desktop.Tell(InWords(FileFailure(error), what), kTitle, ui::Icon::Exclamation);
   }
   return journal;
 }
