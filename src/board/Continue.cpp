@@ -4,15 +4,19 @@
 #include "board/EstimateCopy.h"
 #include "board/frmContinue.h"
 #include "contents/LineNumbers.h"
+#include "contents/conversion/ReadAfresh.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/GivenUp.h"
 #include "records/modSystem.h"
 #include "screens/EmployeeList.h"
 
 namespace lantos {
 
 namespace {
+
+constexpr const char* kTitle = "Continue";
 
 std::int32_t NextLaborNumber(de& database, std::int32_t estimate) {
   return NumberForNewLine(database.LaborForEstimate(estimate), "LaborNumber");
@@ -50,23 +54,27 @@ void CarryOn(Shop& shop, EstimateDatabase& database, const Estimate& old, DaySer
     copy.Make(next, old.Status);
     data.SetStatus(old.Status, copy.Number());
     if (taken != 0) TakeOff(shop, data, copy.Number(), {old.SchedDate, taken, mechanic});
-    data.SetStatus(kContinued, old.EstimateNumber);
+    const bool isStored =
+        StoreUnlessChanged(shop, database, kTitle, [&] { data.SetStatus(kContinued, old.EstimateNumber); });
+    if (!isStored) throw GivenUp("This estimate was left as it is.");
   });
 }
 
 }  // namespace
 
 DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
-  const Estimate old = database.estimates.CurrentEstimate;
-  const DaySerial next = NextBusinessDay(database.lantosData, old.SchedDate);
+  const Estimate& current = database.estimates.CurrentEstimate;
   frmContinue form(shop);
-  form.SetCaption("Continue - Est. # " + FormatZeros(old.EstimateNumber, 6));
-  form.SetDate(old.SchedDate);
+  form.SetCaption("Continue - Est. # " + FormatZeros(current.EstimateNumber, 6));
   while (true) {
     form.ok = false;
+    form.SetDate(current.SchedDate);
     form.ShowModal();
     if (!form.ok) return kNotContinued;
     try {
+      if (ReadAfresh(shop, database, kTitle) == Meanwhile::Stops) continue;
+      const Estimate old = current;
+      const DaySerial next = NextBusinessDay(database.lantosData, old.SchedDate);
       CarryOn(shop, database, old, next, form);
       database.estimates.CurrentEstimate = old;
       return next;
