@@ -41,7 +41,7 @@ void frmReschedule::Accept() {
 // the old comments: it is made before they are changed.
 void frmReschedule::Move(DaySerial date) {
   Estimate& current = database_.estimates.CurrentEstimate;
-  if (!copy_.IsWholeOn(date)) copy_.Make(date, kScheduled);
+  copy_.Make(date, kScheduled);
   const bool isStored = StoreUnlessChanged(shop_, database_, kTitle, [this] { MarkStatus(); });
   if (!isStored) throw GivenUp("This estimate was left as it is.");
   const std::string mark = current.Status == kEstimateOnly ? "Scheduled for " : "Rescheduled for ";

@@ -100,12 +100,14 @@ std::int32_t modEstimates::Highest() {
 }
 
 void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber) {
-  de_.CloneEstimate(oldNumber, newNumber);
-  de_.CloneParts(newNumber, oldNumber);
-  de_.CloneLabors(newNumber, oldNumber);
-  de_.CloneNotes(newNumber, oldNumber);
-  de_.CloneSublets(newNumber, oldNumber);
-  de_.CloneWaste(newNumber, oldNumber);
+  de_.Connection().Together([&] {
+    de_.CloneEstimate(oldNumber, newNumber);
+    de_.CloneParts(newNumber, oldNumber);
+    de_.CloneLabors(newNumber, oldNumber);
+    de_.CloneNotes(newNumber, oldNumber);
+    de_.CloneSublets(newNumber, oldNumber);
+    de_.CloneWaste(newNumber, oldNumber);
+  });
 }
 
 void modEstimates::SaveStatus() { de_.SetStatus(CurrentEstimate.Status, CurrentEstimate.EstimateNumber); }

@@ -1,25 +1,33 @@
 #include "records/AskedTurn.h"
 
-#include <string>
-
 #include "records/GivenUp.h"
 
 namespace lantos {
 
 AskedTurn::AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file, const WithoutTurn& without)
-    : turn_(turns) {
-  const std::string name(file);
+    : desktop_(desktop), file_(file), without_(without), turn_(turns) {
+  if (!WaitForIt()) {
+    throw GivenUp("Another copy is changing " + file_ + ". " + std::string(without_.outcome));
+  }
+}
+
+bool AskedTurn::TakeAgain() {
+  ++retakes_;
+  turn_.WaitAgain();
+  return WaitForIt();
+}
+
+bool AskedTurn::WaitForIt() {
   while (!turn_.IsHad()) {
     const ui::Answer answer =
-        desktop.Ask("Another copy of the program is changing " + name +
-                        " and doesn't come to its end.\rClick Retry to wait for it, or Cancel to " +
-                        std::string(without.cancelling) + ".",
-                    name, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
-    if (answer == ui::Answer::Cancel) {
-      throw GivenUp("Another copy is changing " + name + ". " + std::string(without.outcome));
-    }
+        desktop_.Ask("Another copy of the program is changing " + file_ +
+                         " and doesn't come to its end.\rClick Retry to wait for it, or Cancel to " +
+                         std::string(without_.cancelling) + ".",
+                     file_, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+    if (answer == ui::Answer::Cancel) return false;
     turn_.WaitAgain();
   }
+  return true;
 }
 
 }  // namespace lantos

@@ -17,7 +17,7 @@ std::vector<JournalOnDisk> LookAtJournals(Environment& environment) {
     } catch (const FileError& error) {
       if (error.Number() == FileErrorNumber::FileNotFound) continue;  // its conversion has just come to its end
       environment.log.Write(error.what());
-      journal.unreadable = error.Number();
+      journal.unreadable = FileFailure(error);
     }
     journals.push_back(std::move(journal));
   }

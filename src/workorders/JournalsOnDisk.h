@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/Environment.h"
+#include "frame/FileCause.h"
 #include "workorders/ConversionJournal.h"
 
 namespace lantos {
@@ -12,8 +13,8 @@ namespace lantos {
 // What one journal in the data directory says, while its conversion runs too.
 struct JournalOnDisk {
   std::string name;
-  std::optional<BegunConversion> begun;       // none for a damaged one
-  std::optional<FileErrorNumber> unreadable;  // why it couldn't be looked at
+  std::optional<BegunConversion> begun;   // none for a damaged one
+  std::optional<FileFailure> unreadable;  // why it couldn't be looked at
 };
 
 // All of them, by name. Opened for reading alone and for this look: nobody's conversion is in the way or kept waiting.

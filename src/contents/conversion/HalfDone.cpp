@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frame/FileCause.h"
 #include "frame/Numbers.h"
 #include "records/modSystem.h"
 #include "screens/CheckPassword.h"
@@ -57,15 +56,14 @@ std::optional<ConversionJournal> HalfDone::OpenLeft(const std::string& name) {
     }
     if (error.Number() == FileErrorNumber::FileNotFound) return std::nullopt;
     shop_.environment.log.Write(error.what());
-    TellUnreadable(name, error.Number());
+    TellUnreadable(name, FileFailure(error));
   }
   return journal;
 }
 
-void HalfDone::TellUnreadable(const std::string& name, FileErrorNumber cause) {
-  shop_.desktop.Tell(
-      name + ", the journal of a conversion that was not finished, can not be read: " + CauseInWords(cause) + ".",
-      kTitle, ui::Icon::Exclamation);
+void HalfDone::TellUnreadable(const std::string& name, const FileFailure& failure) {
+  const std::string what = name + ", the journal of a conversion that was not finished, can not be read";
+  shop_.desktop.Tell(InWords(failure, what), kTitle, ui::Icon::Exclamation);
 }
 
 void HalfDone::TellIfRunning(const std::string& name) {

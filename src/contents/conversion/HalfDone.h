@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "contents/conversion/Conversion.h"
+#include "frame/FileCause.h"
 #include "shop/Shop.h"
 #include "workorders/ConversionJournal.h"
 #include "workorders/Workorders.h"
@@ -32,7 +33,7 @@ class HalfDone {
  private:
   void SettleOne(const std::string& name);
   std::optional<ConversionJournal> OpenLeft(const std::string& name);
-  void TellUnreadable(const std::string& name, FileErrorNumber cause);
+  void TellUnreadable(const std::string& name, const FileFailure& failure);
   void TellIfRunning(const std::string& name);
   void SettleBegun(const BegunConversion& begun, ConversionJournal& journal);
   void TellOfDamage(ConversionJournal& journal);

@@ -91,10 +91,15 @@ struct HalfDoneBench : ConversionBench {
     Settle();
   }
 
-  std::int32_t StockInTag(std::size_t part) const { return ShortAt("TQINVTAG.DAT", 128 * part + 76); }
-  std::int32_t StockInMaster(std::size_t part) const { return ShortAt("TQINVENT.DAT", 344 * part + 331); }
+  static constexpr std::size_t kTagLength = 128, kStockInTag = 76, kMasterLength = 344, kStockInMaster = 331;
+  std::int32_t StockInTag(std::size_t part) const { return ShortAt("TQINVTAG.DAT", kTagLength * part + kStockInTag); }
+  std::int32_t StockInMaster(std::size_t part) const {
+    return ShortAt("TQINVENT.DAT", kMasterLength * part + kStockInMaster);
+  }
   std::int32_t ShortAt(const std::string& name, std::size_t offset) const {
-    const std::string bytes = directory.Content(name);
+    return ShortIn(directory.Content(name), offset);
+  }
+  static std::int32_t ShortIn(const std::string& bytes, std::size_t offset) {
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(bytes.at(at)); };
     return static_cast<std::int16_t>(byte(offset) | byte(offset + 1) << 8);
   }
