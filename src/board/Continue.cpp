@@ -39,12 +39,19 @@ struct HoursApplied {
 // A continuation that may be refused at any of its steps, and tried again from there.
 class Continuation {
  public:
-  Continuation(Shop& shop, EstimateDatabase& database) : shop_(shop), database_(database), copy_(database.estimates) {}
+  Continuation(Shop& shop, EstimateDatabase& database)
+      : shop_(shop),
+        database_(database),
+        old_(database.estimates.CurrentEstimate),
+        next_(NextBusinessDay(database.lantosData, old_.SchedDate)),
+        copy_(database.estimates) {}
 
   const Estimate& Old() const { return old_; }
   DaySerial Next() const { return next_; }
   bool HasCopied() const { return copy_.Number() != 0; }
-  // What stands in the form, as the copy of the current estimate and the line that is taken off it.
+  // What another copy has made of the estimate while the form was up is told and asked about.
+  bool IsStillMeant();
+  // What stands in the form, as the copy of the estimate and the line that is taken off it.
   void CarryOn(const frmContinue& form);
 
  private:
@@ -52,8 +59,8 @@ class Continuation {
 
   Shop& shop_;
   EstimateDatabase& database_;
-  Estimate old_;  // and the day behind it, at the last try
-  DaySerial next_ = kNotContinued;
+  Estimate old_;
+  DaySerial next_;
   EstimateCopy copy_;
   std::int32_t shortened_ = 0;  // the copy that hours were taken off, and by which line
   HoursApplied takenOff_;
@@ -62,8 +69,6 @@ class Continuation {
 
 void Continuation::CarryOn(const frmContinue& form) {
   de& data = database_.lantosData;
-  old_ = database_.estimates.CurrentEstimate;
-  next_ = NextBusinessDay(data, old_.SchedDate);
   // Tried before anything is made: what doesn't fit leaves all as it was.
   const HoursApplied applied{.taken = WholeOrOverflow(-(Val(form.txtHours.Text()) * 100)),
                              .mechanic = EmployeeNumberOf(form.EmpList.Text())};
@@ -78,6 +83,13 @@ void Continuation::CarryOn(const frmContinue& form) {
         StoreUnlessChanged(shop_, database_, kTitle, [&] { data.SetStatus(kContinued, old_.EstimateNumber); });
     if (!isStored) throw GivenUp("This estimate was left as it is.");
   });
+}
+
+bool Continuation::IsStillMeant() {
+  if (ReadAfresh(shop_, database_, kTitle) == Meanwhile::Stops) return false;
+  old_ = database_.estimates.CurrentEstimate;
+  next_ = NextBusinessDay(database_.lantosData, old_.SchedDate);
+  return true;
 }
 
 // A line that brings the copy's hours down by what was done, in the place of the one of an earlier try.
@@ -101,18 +113,18 @@ void Continuation::TakeOff(const HoursApplied& applied) {
 
 Continued ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   Continuation continuation(shop, database);
-  const Estimate& current = database.estimates.CurrentEstimate;
+  const Estimate& old = continuation.Old();
   frmContinue form(shop);
-  form.SetCaption("Continue - Est. # " + FormatZeros(current.EstimateNumber, 6));
+  form.SetCaption("Continue - Est. # " + FormatZeros(old.EstimateNumber, 6));
   while (true) {
     form.ok = false;
-    form.SetDate(current.SchedDate);
+    form.SetDate(old.SchedDate);
     form.ShowModal();
     if (!form.ok) return {kNotContinued, continuation.HasCopied()};
     try {
-      if (ReadAfresh(shop, database, kTitle) == Meanwhile::Stops) continue;
+      if (!continuation.IsStillMeant()) continue;
       continuation.CarryOn(form);
-      database.estimates.CurrentEstimate = continuation.Old();
+      database.estimates.CurrentEstimate = old;
       return {continuation.Next(), true};
     } catch (const std::exception& error) {  // the hours are there for another try
       shop.desktop.EndEvent(error);

@@ -33,7 +33,8 @@ class AskedTurn {
   bool WaitForIt();  // false when the person waits no longer
 
   ui::Desktop& desktop_;
-  const std::string file_, cancelling_;
+  const std::string file_;
+  const WithoutTurn without_;
   int retakes_ = 0;
   UpdateTurns::Turn turn_;
 };

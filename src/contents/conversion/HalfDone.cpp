@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frame/FileCause.h"
 #include "frame/Numbers.h"
 #include "records/modSystem.h"
 #include "screens/CheckPassword.h"

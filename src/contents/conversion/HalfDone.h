@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "contents/conversion/Conversion.h"
+#include "frame/FileCause.h"
 #include "shop/Shop.h"
 #include "workorders/ConversionJournal.h"
 #include "workorders/Workorders.h"
