@@ -1,18 +1,24 @@
 #include "board/Continue.h"
 
+#include <utility>
+
 #include "board/DayCapacity.h"
 #include "board/EstimateCopy.h"
 #include "board/frmContinue.h"
 #include "contents/LineNumbers.h"
+#include "contents/conversion/ReadAfresh.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/GivenUp.h"
 #include "records/modSystem.h"
 #include "screens/EmployeeList.h"
 
 namespace lantos {
 
 namespace {
+
+constexpr const char* kTitle = "Continue";
 
 std::int32_t NextLaborNumber(de& database, std::int32_t estimate) {
   return NumberForNewLine(database.LaborForEstimate(estimate), "LaborNumber");
@@ -33,17 +39,12 @@ struct HoursApplied {
 // A continuation that may be refused at any of its steps, and tried again from there.
 class Continuation {
  public:
-  Continuation(Shop& shop, EstimateDatabase& database)
-      : shop_(shop),
-        database_(database),
-        old_(database.estimates.CurrentEstimate),
-        next_(NextBusinessDay(database.lantosData, old_.SchedDate)),
-        copy_(database.estimates) {}
+  Continuation(Shop& shop, EstimateDatabase& database) : shop_(shop), database_(database), copy_(database.estimates) {}
 
   const Estimate& Old() const { return old_; }
   DaySerial Next() const { return next_; }
   bool HasCopied() const { return copy_.Number() != 0; }
-  // What stands in the form, as the copy of the estimate and the line that is taken off it.
+  // What stands in the form, as the copy of the current estimate and the line that is taken off it.
   void CarryOn(const frmContinue& form);
 
  private:
@@ -51,15 +52,18 @@ class Continuation {
 
   Shop& shop_;
   EstimateDatabase& database_;
-  const Estimate old_;
-  const DaySerial next_;
+  Estimate old_;  // and the day behind it, at the last try
+  DaySerial next_ = kNotContinued;
   EstimateCopy copy_;
-  HoursApplied takenOff_;  // the copy, by the line of the next number
+  std::int32_t shortened_ = 0;  // the copy that hours were taken off, and by which line
+  HoursApplied takenOff_;
   std::int32_t lineOfHours_ = 0;
 };
 
 void Continuation::CarryOn(const frmContinue& form) {
   de& data = database_.lantosData;
+  old_ = database_.estimates.CurrentEstimate;
+  next_ = NextBusinessDay(data, old_.SchedDate);
   // Tried before anything is made: what doesn't fit leaves all as it was.
   const HoursApplied applied{.taken = WholeOrOverflow(-(Val(form.txtHours.Text()) * 100)),
                              .mechanic = EmployeeNumberOf(form.EmpList.Text())};
@@ -68,8 +72,11 @@ void Continuation::CarryOn(const frmContinue& form) {
   copy_.Run([&] {
     copy_.Make(next_, old_.Status);
     data.SetStatus(old_.Status, copy_.Number());
+    if (std::exchange(shortened_, copy_.Number()) != copy_.Number()) takenOff_ = {};
     if (applied != takenOff_) TakeOff(applied);
-    data.SetStatus(kContinued, old_.EstimateNumber);
+    const bool isStored =
+        StoreUnlessChanged(shop_, database_, kTitle, [&] { data.SetStatus(kContinued, old_.EstimateNumber); });
+    if (!isStored) throw GivenUp("This estimate was left as it is.");
   });
 }
 
@@ -94,17 +101,18 @@ void Continuation::TakeOff(const HoursApplied& applied) {
 
 Continued ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
   Continuation continuation(shop, database);
-  const Estimate& old = continuation.Old();
+  const Estimate& current = database.estimates.CurrentEstimate;
   frmContinue form(shop);
-  form.SetCaption("Continue - Est. # " + FormatZeros(old.EstimateNumber, 6));
-  form.SetDate(old.SchedDate);
+  form.SetCaption("Continue - Est. # " + FormatZeros(current.EstimateNumber, 6));
   while (true) {
     form.ok = false;
+    form.SetDate(current.SchedDate);
     form.ShowModal();
     if (!form.ok) return {kNotContinued, continuation.HasCopied()};
     try {
+      if (ReadAfresh(shop, database, kTitle) == Meanwhile::Stops) continue;
       continuation.CarryOn(form);
-      database.estimates.CurrentEstimate = old;
+      database.estimates.CurrentEstimate = continuation.Old();
       return {continuation.Next(), true};
     } catch (const std::exception& error) {
       // What can't be carried on at all leaves all as it was; what was refused has its hours there for another try.

@@ -70,6 +70,7 @@ class modEstimates {
 
  private:
   bool IsOnFile(std::int32_t number);
+  std::int32_t Highest();
 
   Environment& environment_;
   de& de_;

@@ -4,9 +4,9 @@
 
 namespace lantos {
 
-AskedTurn::AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file)
-    : desktop_(desktop), file_(file), turn_(turns) {
-  if (!WaitForIt()) throw GivenUp("Another copy is changing " + file_ + ". Nothing was changed.");
+AskedTurn::AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file, const WithoutTurn& without)
+    : desktop_(desktop), file_(file), cancelling_(without.cancelling), turn_(turns) {
+  if (!WaitForIt()) throw GivenUp("Another copy is changing " + file_ + ". " + std::string(without.outcome));
 }
 
 bool AskedTurn::TakeAgain() {
@@ -19,7 +19,7 @@ bool AskedTurn::WaitForIt() {
   while (!turn_.IsHad()) {
     const ui::Answer answer =
         desktop_.Ask("Another copy of the program is changing " + file_ +
-                         " and doesn't come to its end.\rClick Retry to wait for it, or Cancel to change nothing.",
+                         " and doesn't come to its end.\rClick Retry to wait for it, or Cancel to " + cancelling_ + ".",
                      file_, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
     if (answer == ui::Answer::Cancel) return false;
     turn_.WaitAgain();

@@ -8,12 +8,18 @@
 
 namespace lantos {
 
+// What Cancel leaves where a turn doesn't come: behind "Cancel to", and a sentence.
+struct WithoutTurn {
+  std::string_view cancelling = "change nothing";
+  std::string_view outcome = "Nothing was changed.";
+};
+
 // A turn that the person is asked about when it doesn't come within five seconds. Cancel throws GivenUp, with nothing
 // done: without the turn another copy's change of the same record could be lost. While the person is asked about
 // something else it is let go, so that no other copy waits for them.
 class AskedTurn {
  public:
-  AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file);
+  AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file, const WithoutTurn& without = {});
   AskedTurn(const AskedTurn&) = delete;
 
   bool IsHad() const { return turn_.IsHad(); }
@@ -27,7 +33,7 @@ class AskedTurn {
   bool WaitForIt();  // false when the person waits no longer
 
   ui::Desktop& desktop_;
-  const std::string file_;
+  const std::string file_, cancelling_;
   int retakes_ = 0;
   UpdateTurns::Turn turn_;
 };

@@ -214,18 +214,6 @@ inline constexpr ContentionRule kUpdateUsage = {
     .cancelling = "go on without noting the use of the part",
     .otherRetries = 2,
 };
-// The same file, where a conversion that ended in the middle is finished or undone.
-inline constexpr ContentionRule kRepairUsage = {
-    .silentRetries = 19,
-    .pause = Pause::TenthOfASecond,
-    .afterRetries = AfterRetries::AskAndRetrySilently,
-    .text = "{what} is locked by another user.\rClick Retry to try again, or Cancel to stop here.",
-    .title = "{what}",
-    .buttons = Buttons::RetryCancel,
-    .icon = Icon::Exclamation,
-    .file = "{what}",
-    .cancelling = "stop here",
-};
 inline constexpr ContentionRule kOpenKitsExclusive = {
     .afterRetries = AfterRetries::GiveUp,
     .noted = Noted::EachFailure,
@@ -287,12 +275,17 @@ inline constexpr ContentionRule kReadWorkorderTags = {
     .title = "{what}",
     .buttons = Buttons::RetryCancel,
 };
-// What a new work order consists of: who holds a file of it ends the writing after two seconds, as ever; what else
-// keeps it from being written is asked about, since most of the work is done by then.
-inline constexpr ContentionRule kWriteWorkorder = {
+// What a new work order consists of and how far it came: its number among all tags, its first tag, its text, its
+// journal, and the usage of its parts where it is finished or undone. Most of the work may be done by then, so whatever
+// keeps one of these from being used is asked about.
+inline constexpr ContentionRule kConversionFile = {
     .silentRetries = kMomentsPatience.silentRetries,
     .pause = kMomentsPatience.pause,
-    .afterRetries = AfterRetries::Surface,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text = "{what} is locked by another user.\rClick Retry to try again, or Cancel to stop here.",
+    .title = "{what}",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
     .file = "{what}",
     .cancelling = "stop here",
 };

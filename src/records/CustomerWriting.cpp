@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <stdexcept>
 
 #include "frame/Dates.h"
@@ -43,6 +44,21 @@ void Follow(CustomerTag& tag, CustomerRecord& record) {
   tag.Put(customertag::reserved, "");
 }
 
+// Behind the highest that a tag bears, where the number found is somebody's.
+std::optional<std::int32_t> FreeNumber(Customers& customers, modSystem& system, std::optional<std::int32_t> found) {
+  const auto isTaken = [&](std::int32_t each) { return customers.IndexOf(each) != customers.Count(); };
+  const auto highest = [&] {
+    std::int32_t number = 0;
+    for (std::size_t i = 0; i < customers.Count(); ++i) {
+      const std::int32_t each = customers.Tag(i).Get(customertag::Number);
+      if (each <= kHighestNumber) number = std::max(number, each);
+    }
+    return number;
+  };
+  return system.TakeFreeNumber(sysrec::last_customer_number, isTaken,
+                               {.found = found, .beforehand = {}, .highest = highest});
+}
+
 }  // namespace
 
 // One writing of CurrentCustomer.
@@ -73,8 +89,7 @@ bool Customers::UpdateCustomer(const Change& change) {
 }
 
 bool Customers::NewCustomer() {
-  const std::optional<std::int32_t> number = system_.TakeFreeNumber(
-      sysrec::last_customer_number, [this](std::int32_t each) { return IndexOf(each) != Count(); });
+  const std::optional<std::int32_t> number = FreeNumber(*this, system_, {});
   if (!number) return false;
   newNumber_ = number;
   CurrentCustomer = {};
@@ -126,9 +141,7 @@ std::optional<std::size_t> Customers::Writing::Place() {
 }
 
 bool Customers::Writing::TakeAnotherNumber() {
-  const auto isTaken = [this](std::int32_t each) { return customers_.IndexOf(each) != customers_.Count(); };
-  const std::optional<std::int32_t> number =
-      customers_.system_.TakeFreeNumber(sysrec::last_customer_number, isTaken, {.found = Number(), .beforehand = {}});
+  const std::optional<std::int32_t> number = FreeNumber(customers_, customers_.system_, Number());
   if (!number) return false;
   customers_.newNumber_ = number;
   customers_.CurrentCustomer.Put(customer::Number, *number);

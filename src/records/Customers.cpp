@@ -88,6 +88,20 @@ bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRec
 
 }  // namespace
 
+Customers::Customers(Environment& environment, ui::Desktop& desktop, modSystem& system, Vehicles& vehicles)
+    : environment_(environment), desktop_(desktop), system_(system), vehicles_(vehicles) {
+  // The same vehicle tried again, after its owner couldn't be written, goes to the place that it has already.
+  vehicles_.appendInstead = [this, unchained = VehicleRecord(), place = kNoLink](VehicleRecord& record) mutable {
+    VehicleRecord wanted = record;
+    wanted.Put(vehicle::VLink, kNoLink);
+    if (!std::ranges::equal(wanted.Bytes(), unchained.Bytes())) place = kNoLink;
+    unchained = wanted;
+    const FileLink chained = AppendVehicle(record, &place);
+    if (chained != kNoLink) place = kNoLink;
+    return chained;
+  };
+}
+
 bool Customers::LoadCustomerTags() {
   tags_.clear();
   numbers_.Forget();

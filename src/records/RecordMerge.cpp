@@ -61,6 +61,15 @@ bool IsSame(Bytes a, Bytes b, const MergedField& field) {
 
 }  // namespace
 
+ui::Answer AskWhoseIsKept(ui::Desktop& desktop, const std::string& title, const std::vector<ChangedByBoth>& fields) {
+  std::string text = "Somebody else has changed this meanwhile:\r";
+  for (const ChangedByBoth& field : fields) {
+    text += "\r" + field.name + ": \"" + field.stored + "\" is stored, \"" + field.ours + "\" is yours";
+  }
+  text += "\r\rDo you want to store yours?\rNo keeps what is stored, CANCEL goes back.";
+  return desktop.Ask(text, title, ui::Buttons::YesNoCancel, ui::Icon::Question);
+}
+
 void RecordMerge::Into(std::span<std::byte> onFile) {
   std::erase_if(questions_, [](const auto& each) { return !each.second.isAnswered; });
   std::vector<std::byte> merged(onFile.begin(), onFile.end());
@@ -84,15 +93,14 @@ void RecordMerge::Into(std::span<std::byte> onFile) {
 }
 
 bool RecordMerge::Ask(ui::Desktop& desktop, const std::string& title) {
-  std::string text = "Somebody else has changed this meanwhile:\r";
+  std::vector<ChangedByBoth> changed;
   for (const auto& [place, question] : questions_) {
     if (question.isAnswered) continue;
     const MergedField& field = fields_[place];
-    text += "\r" + std::string(field.name) + ": \"" + TextOf(std::as_bytes(std::span(question.theirs)), field) +
-            "\" is stored, \"" + TextOf(In(ours_, field), field) + "\" is yours";
+    changed.push_back({std::string(field.name), TextOf(std::as_bytes(std::span(question.theirs)), field),
+                       TextOf(In(ours_, field), field)});
   }
-  text += "\r\rDo you want to store yours?\rNo keeps what is stored, CANCEL goes back.";
-  const ui::Answer answer = desktop.Ask(text, title, ui::Buttons::YesNoCancel, ui::Icon::Question);
+  const ui::Answer answer = AskWhoseIsKept(desktop, title, changed);
   if (answer == ui::Answer::Cancel) return false;
   for (auto& [place, question] : questions_) {
     if (!question.isAnswered) question.keepsOurs = answer == ui::Answer::Yes;

@@ -39,6 +39,13 @@ struct MergedField {
   Words words = {};
 };
 
+// What the person and somebody else have changed to different values.
+struct ChangedByBoth {
+  std::string name, stored, ours;
+};
+// One box for all of them. Yes: the person's are to be stored; No: what is stored stays; Cancel: back to the screen.
+ui::Answer AskWhoseIsKept(ui::Desktop& desktop, const std::string& title, const std::vector<ChangedByBoth>& fields);
+
 // The save of a record that others may have changed since a screen read it. Field by field: what only the person
 // changed is stored, what only others changed stays as they stored it, and where both changed one field the person is
 // asked, in one box for all such fields. What no field of the table names stays as the others have it. Nobody's file is

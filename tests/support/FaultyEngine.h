@@ -102,12 +102,15 @@ class FaultyEngine : public Engine {
 };
 
 // From its next statement on the shop's database is one whose statements fail as it is told. The faults outlive it.
-inline void MakeFaulty(EstimateDatabase& database, Environment& environment, StatementFaults& faults) {
-  database.lantosData.Disconnect();
-  database.lantosData.SetOpener([&environment, &faults] {
-    return std::make_unique<FaultyEngine>(OpenDatabase(environment.files.PathOf(kLantosDatabase), environment.clock),
-                                          faults);
+inline void MakeFaulty(DataEnvironment& data, std::string_view file, Environment& environment,
+                       StatementFaults& faults) {
+  data.Disconnect();
+  data.SetOpener([&environment, &faults, file] {
+    return std::make_unique<FaultyEngine>(OpenDatabase(environment.files.PathOf(file), environment.clock), faults);
   });
+}
+inline void MakeFaulty(EstimateDatabase& database, Environment& environment, StatementFaults& faults) {
+  MakeFaulty(database.lantosData, kLantosDatabase, environment, faults);
 }
 
 }  // namespace lantos::test

@@ -3,12 +3,12 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QTableView>
-#include <QTextDocument>
 #include <algorithm>
 
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/RowsPeer.h"
 #include "ui/qt/Text.h"
+#include "ui/qt/ToolTip.h"
 
 namespace lantos::ui {
 
@@ -46,7 +46,7 @@ class GridModel : public QAbstractTableModel {
       const bool right = grid_.Columns()[static_cast<std::size_t>(index.column())].rightAligned;
       return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
     }
-    if (role == Qt::ToolTipRole) return IsCut(index) ? AsTip(Cell(index.row(), index.column())) : QVariant();
+    if (role == Qt::ToolTipRole) return IsCut(index) ? AsToolTip(Cell(index.row(), index.column())) : QVariant();
     return role == Qt::DisplayRole ? QVariant(Cell(index.row(), index.column())) : QVariant();
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -63,8 +63,6 @@ class GridModel : public QAbstractTableModel {
     const auto place = static_cast<std::size_t>(column);
     return place < row_.cells.size() ? ToQt(row_.cells[place]) : QString();
   }
-
-  static QVariant AsTip(const QString& text) { return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text; }
 
   bool IsCut(const QModelIndex& index) const {
     const int margin = 2 * (view_.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &view_) + 1);

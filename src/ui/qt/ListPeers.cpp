@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <algorithm>
 #include <utility>
 
 #include "ui/qt/FormWindow.h"
@@ -221,11 +222,10 @@ class ComboPeer : public WidgetPeer {
   // A row of none would empty the field, and the caret would be lost with what is being typed.
   void ApplyText(bool rowChosen) {
     QLineEdit& edit = *combo_.lineEdit();
-    if (!limited_ && box_.MaxLength() != 0) edit.setMaxLength(static_cast<int>(box_.MaxLength()));
-    limited_ = true;
     const QString text = ToQt(box_.Text());
     const int place = edit.cursorPosition();
     const bool changes = edit.text() != text;
+    if (!limited_ || changes) Limit(edit, text.size());
     if (box_.ListIndex() >= 0 && combo_.currentIndex() != box_.ListIndex()) combo_.setCurrentIndex(box_.ListIndex());
     if (edit.text() != text) combo_.setEditText(text);
     if (rowChosen && box_.ListIndex() >= 0 && combo_.hasFocus()) {
@@ -233,6 +233,14 @@ class ComboPeer : public WidgetPeer {
     } else if (changes) {
       edit.setCursorPosition(combo_.hasFocus() ? place : 0);
     }
+  }
+
+  // The limit is for typing: what the program itself sets may be longer.
+  void Limit(QLineEdit& edit, qsizetype length) {
+    limited_ = true;
+    if (box_.MaxLength() == 0) return;
+    const int wanted = std::max(static_cast<int>(box_.MaxLength()), static_cast<int>(length));
+    if (edit.maxLength() != wanted) edit.setMaxLength(wanted);
   }
 
   void ShowRows() {

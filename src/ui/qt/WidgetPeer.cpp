@@ -1,11 +1,10 @@
 #include "ui/qt/WidgetPeer.h"
 
-#include <QTextDocument>
-
 #include "ui/SpokenName.h"
 #include "ui/qt/Appearance.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Text.h"
+#include "ui/qt/ToolTip.h"
 
 namespace lantos::ui {
 
@@ -44,11 +43,7 @@ void WidgetPeer::ShowOrHide() {
 
 QString WidgetPeer::ToolTipToCome() const { return ToQt(control_.ToolTip()); }
 
-void WidgetPeer::ShowToolTip() {
-  const QString text = ToolTipToCome();
-  // "Save <F10>" would pass for rich text.
-  widget_.setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text);
-}
+void WidgetPeer::ShowToolTip() { widget_.setToolTip(AsToolTip(ToolTipToCome())); }
 
 void WidgetPeer::ApplyLook() {
   const QFont font = FontToCome();

@@ -1,79 +1,62 @@
 """A shop whose every text is meant to do harm, walked through its screens and papers on both desktops."""
 
-import contextlib
 import shutil
-import sqlite3
 
 import pytest
 
+import inventoryfiles
+import shopfiles
+import vendorfiles
 from boardlines import row_of
+from conversionsteps import FIRST
 from copysteps import copies
-from historyfiles import History
-from inventoryfiles import make_inventory, part
-from shopfiles import CUSTOMER, CUSTOMER_LENGTH, EMPLOYEE, EMPLOYEE_LENGTH, VEHICLE, VEHICLE_LENGTH, put
-from vendorfiles import write_vendors
-from wholeestimate import fill_whole_estimate
-from workfiles import canned_line, make_canned_labor, make_canned_notes, make_checklist, make_followups, followup
+from hostileshop import BEGINNING, HOSTILE, WORKORDERS, as_shown, hostile_shop, left
+from workorderfiles import file_name
 
-HOSTILE = {
-    "signs": "<b>&A</b>%s''\"\x01\x1b[*]`\\' OR '1'='1 {what} <img src=x> && &&B %n%1$n \x07\x7f",
-    "lines": "one\ttwo\r\nthree\rfour\n",
-    "upper": bytes(range(0x80, 0x100)).decode("latin-1"),
-    "long": "W" * 400,
-}
-BEGINNING = {"signs": "<b>&A</b>", "lines": "one", "upper": "\u20ac", "long": "WWWW"}
 MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory", "mnuMaintVendors", "mnuPrintOptions",
          "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions", "mnuSystemCompanyInfo", "mnuSystemParameters",
          "mnuEstimateChecklist", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuFind", "mnuTechHours",
          "mnuReschedule", "mnuChangeStatus", "mnuPrintEstimate", "mnuPrintWorksheet", "mnuWOHistory")
 OPENED = ("cmdCustEdit", "cmdVehicleEdit", "cmdVehicleChange", "cmdCustChange", "cmdLaborAdd", "cmdLaborChange",
-          "cmdPartAdd", "cmdPartChange", "cmdPrintDay")
-
-
-def raw(text):
-    """Each character a byte, as another program may have left it."""
-    return bytes(ord(each) if ord(each) < 0x100 else 0x3f for each in text)
-
-
-def fill(records, length, layout, text, kept=()):
-    """Every text of every record, as long as its field."""
-    for start in range(0, len(records), length):
-        record = records[start:start + length]
-        texts = {name: raw(text) for name, (_, _, kind) in layout.items() if kind == "text" and name not in kept}
-        records[start:start + length] = put(record, layout, **texts)
-
-
-def fill_database(shop, text):
-    with contextlib.closing(sqlite3.connect(shop.path("Lantos.mdb"))) as database, database:
-        database.create_function("date", -1, lambda *_: "2003-09-30")
-        for table in ("Estimates", "Labors", "Parts", "Sublets", "Waste", "Notes"):
-            columns = [name for _, name, kind, *_ in database.execute(f"PRAGMA table_info({table})")
-                       if kind.lower().startswith(("text", "longtext")) and name not in ("PartNumber", "Taxable")]
-            if columns:
-                database.execute(f"UPDATE {table} SET " + ", ".join(f"{name} = ?" for name in columns),
-                                 [text.encode("latin-1", "replace").decode("cp1252", "replace")] * len(columns))
-
-
-def hostile_shop(shop, text):
-    fill_whole_estimate(shop)
-    shop.add_employee(4, "Dan Ortiz")
-    shop.add_make("Ford", ["Focus"])
-    for name in ("company_name", "company_address", "company_city", "company_phone1"):
-        shop.system[name] = raw(text)
-    fill(shop.customers, CUSTOMER_LENGTH, CUSTOMER, text)
-    fill(shop.vehicles, VEHICLE_LENGTH, VEHICLE, text, kept=("VIN",))
-    fill(shop.employees, EMPLOYEE_LENGTH, EMPLOYEE, text)
-    shop.write()
-    make_inventory(shop.directory, [part("OIL-1", raw(text), (100, 120, 150, 165), 40)])
-    write_vendors(shop, {"VendorName": raw(text), "Contact": raw(text), "Address": raw(text)})
-    flat = raw(text).replace(b"\r", b" ").replace(b"\n", b" ").decode("latin-1").encode("cp1252", "replace").decode("cp1252")
-    make_checklist(shop, ["[Brakes]", flat[:60], "Discs"])
-    make_canned_labor(shop, [canned_line(100, 6500, 6500, flat[:60])])
-    make_canned_notes(shop, [[flat[:60]]])
-    make_followups(shop, [followup(8, flat[:200])])
-    shop.path("disclaim.txt").write_bytes(raw(text) + b"\r\n")
-    History("VIN-1").write(shop)
-    fill_database(shop, text)
+          "cmdLaborFollowup", "cmdPartAdd", "cmdPartChange", "cmdPrintDay", "cmdCustomerEdit")
+# Each step is a control that is clicked, a row that is selected, a key, or a text that goes into a box.
+EMPLOYEE = ("mnuMaintEmployees", ("EmpList", 1))
+PART = ("mnuMaintInventory", ("SearchPart", "OIL-1"), "Enter")
+KIT = ("mnuMaintInventory", ("SearchPart", "TUNEUP"), "Enter")
+CUSTOMER = ("mnuCustomer", ("Number", "8"), "cmdSearch", ("CustList", 0), "cmdSelect")
+VEHICLE = (*CUSTOMER, "cmdVehicles", ("DataGrid1", 0), "cmdEdit")
+VENDOR = ("mnuMaintVendors", ("VendorList", 0), "cmdEdit")
+ROADS = (
+    (*EMPLOYEE, "F7"),
+    (*EMPLOYEE, "F6", "cmdPrint"),
+    VENDOR,
+    (*PART, "F10"),
+    (*PART, "cmdView"),
+    (*PART, "cmdChange"),
+    (*PART, "cmdDelete"),
+    (*KIT, "F10", "F4"),
+    VEHICLE,
+    ("cmdPartAdd", ("SearchPart", "OIL-1"), "Enter", "F10"),
+    ("cmdPartAdd", ("SearchPart", "TUNEUP"), "Enter", "F10"),
+    (("listParts", 0), "cmdPartChange"),
+    (("listLabor", 0), "cmdLaborChange"),
+    ("cmdWOHistory", ("srchName", "PLAIN"), "F10", "cmdNext"),
+    ("cmdLaborAddCanned", ("DataGrid1", 0), "cmdEdit"),
+    ("cmdLaborAdd", ("lovRepairCode", 1)),
+    ("mnuEstimateNotes", "cmdCanned", ("CanList", 0), "cmdEdit"),
+    ("mnuEstimateNotes", "cmdAdd"),
+    ("mnuEstimateSublets", "cmdAdd", ("POSubletList", 1)),
+    ("mnuEstimateSublets", ("listSublets", 0), "cmdChange"),
+    ("mnuEstimateWaste", ("listWaste", 0), "cmdChange"),
+)
+FORMS = set("""
+    frmCanLabor frmCanLaborList frmCanNoteList frmCompanyInfo frmCustEdit frmCustSearch frmDisclaimer
+    frmEmpMaint frmEmpPRHist frmEmpPRInfo frmEstFollowup frmEstNotes frmEstStatus frmEstSublets frmEstWaste
+    frmFind frmInvEdit frmInvKit frmInvList frmInvPartChange frmInvPartDelete frmInvView frmLabor frmMain
+    frmNotes frmPrintOptions frmRepairCode frmReschedule frmSpecialDays frmStatusOptions frmStdHours
+    frmSubList frmSystemParameters frmTechHours frmVehEdit frmVehList frmVendorEdit frmVendorList frmWOChklst
+    frmWOExtra frmWOHist frmWOKit frmWOPart
+""".split())
 
 
 def look(copy, seen):
@@ -103,11 +86,55 @@ def leave(copy, seen):
     raise AssertionError(f"no way back from {copy.answer}")
 
 
+def step(copy, seen, what):
+    """One step of a road. Boxes on the way are looked at and left."""
+    if isinstance(what, str) and what.startswith("mnu"):
+        copy.menu(what)
+    elif isinstance(what, str) and what.startswith("cmd"):
+        copy.click(what)
+    elif isinstance(what, str):
+        copy.key(what)
+    elif isinstance(what[1], int):
+        copy.select(what[0], row=what[1])
+    else:
+        copy.type(*what)
+    while copy.answer["waiting"] == "box":
+        look(copy, seen)
+        copy.press(copy.answer["buttons"][0])
+
+
+def go(copy, seen, road):
+    for what in road:
+        step(copy, seen, what)
+        look(copy, seen)
+    leave(copy, seen)
+
+
+def convert(copy, seen):
+    """The estimate becomes a work order, whatever is asked on the way."""
+    copy.click("cmdConvert")
+    for _ in range(20):
+        look(copy, seen)
+        if copy.answer["waiting"] == "box":
+            copy.press(copy.answer["buttons"][0])
+        elif copy.answer["form"] == "frmMain":
+            return
+        else:
+            copy.key("F10")
+    raise AssertionError(f"no end of the conversion at {copy.answer}")
+
+
+def begin(start, shop, desktop):
+    """A copy with the estimate on show."""
+    copy = start(shop, desktop=desktop)
+    copy.wait(50)
+    return copy
+
+
 def walk(start, shop, desktop):
     """Every screen that a person comes to from the board, as it was shown."""
     seen = []
-    copy = start(shop, desktop=desktop)
-    copy.wait(50)
+    copy = begin(start, shop, desktop)
     look(copy, seen)
     copy.click("cmdDayView")
     look(copy, seen)
@@ -120,9 +147,9 @@ def walk(start, shop, desktop):
         if name in controls and controls[name]["enabled"] and controls[name]["visible"]:
             copy.click(name)
             leave(copy, seen)
-    for name in MENUS:
-        copy.menu(name)
-        leave(copy, seen)
+    for road in (*((menu,) for menu in MENUS), *ROADS):
+        go(copy, seen, road)
+    convert(copy, seen)
     assert copy.get("form")["controls"] and not copy.events("failure")
     copy.close_window()
     return seen
@@ -135,24 +162,104 @@ def shown(seen):
             else {name: each.get(name) for name in ("title", "text", "lines")} for each in seen]
 
 
+def all_texts(shown):
+    """Every text in what was shown, below one another."""
+    if isinstance(shown, dict):
+        shown = list(shown.values())
+    if isinstance(shown, list):
+        return "\n".join(all_texts(each) for each in shown)
+    return shown if isinstance(shown, str) else ""
+
+
 @pytest.mark.parametrize("kind", HOSTILE)
 def test_texts_are_texts_on_every_screen_and_paper(copies, shop, has_windows, kind):
     hostile_shop(shop, HOSTILE[kind])
     kept = shop.directory.with_name("kept")
     shutil.copytree(shop.directory, kept)
     plain = walk(copies, shop, "driver")
-    forms = {each["form"] for each in plain if "controls" in each}
-    assert len(forms) > 15, forms
+    assert {each["form"] for each in plain if "controls" in each} == FORMS
     assert any(each.get("waiting") == "preview" for each in plain)
-    assert BEGINNING[kind] in str(shown(plain)), "what is on file is what is on show"
+    assert BEGINNING[kind] in all_texts(shown(plain)), "what is on file is what is on show"
     if not has_windows:
         return
+    by_plain = left(shop)
     shutil.rmtree(shop.directory)
     kept.rename(shop.directory)
     windows = walk(copies, shop, "qt")
     for one, other in zip(shown(plain), shown(windows)):
         assert one == other
     assert len(plain) == len(windows)
+    assert left(shop) == by_plain
+    orders = [name for name in by_plain if name.startswith("W") and name.endswith(".tqa")]
+    assert orders == [file_name(number) for number in (*WORKORDERS, FIRST)]
+
+
+# The road to an editor, what is typed there, and where that goes: the file, the length of its records, and the field.
+SAVES = {
+    "customer": (CUSTOMER, ("Ext", "7"), "TQCSTDAT.DAT", shopfiles.CUSTOMER_LENGTH, shopfiles.CUSTOMER["WorkExt"]),
+    "vehicle": (VEHICLE, ("State", "OH"), "TQVEHICL.DAT", shopfiles.VEHICLE_LENGTH, shopfiles.VEHICLE["State"]),
+    "vendor": (VENDOR, ("Phone1Ext", "7"), "TQVENDOR.DAT", vendorfiles.VENDOR_LENGTH, vendorfiles.VENDOR["Phone1Ext"]),
+    "part": ((*PART, "F10"), ("ReorderLevel", "7"), "TQINVENT.DAT", inventoryfiles.MASTER_LENGTH,
+             inventoryfiles.MASTER["ReorderLevel"]),
+    "employee": (EMPLOYEE, ("EmpZip", "45402"), "TQEMPLOY.DAT", shopfiles.EMPLOYEE_LENGTH, shopfiles.EMPLOYEE["EmpZip"]),
+    "company": (("mnuSystemCompanyInfo",), ("company_zip", "45402"), "TQSYSTEM.DAT", shopfiles.SYSTEM_LENGTH,
+                shopfiles.SYSTEM["company_zip"]),
+    "system": (("mnuSystemParameters",), ("shop_rate", "71.00"), "TQSYSTEM.DAT", shopfiles.SYSTEM_LENGTH,
+               shopfiles.SYSTEM["shop_rate"]),
+}
+# A customer's names are stored anew, without what stands behind their ends, and its tag is made of them.
+NAMES = range(shopfiles.CUSTOMER["Lastname"][0], shopfiles.CUSTOMER["Address"][0])
+
+
+def expect_changed_alone(before, after, file, length, field):
+    """Nothing but the field, in a record of the file."""
+    offset, width, _ = field
+    may = {*range(offset, offset + width), *(NAMES if file == "TQCSTDAT.DAT" else ())}
+    changed = {name for name in before.keys() | after.keys() if before.get(name) != after.get(name)}
+    assert changed <= {file, "TQCSTTAG.DAT"} if file == "TQCSTDAT.DAT" else changed <= {file}
+    assert len(before[file]) == len(after[file])
+    assert {at % length for at, (old, new) in enumerate(zip(before[file], after[file])) if old != new} <= may
+
+
+# The same, whose boxes bear the names of the fields: what may stand in them.
+RECORDS = {"vehicle": 1, "employee": 1}  # of the others it is the first that is opened
+FIELDS = {"vendor": vendorfiles.VENDOR, "part": inventoryfiles.MASTER, "company": shopfiles.SYSTEM,
+          "system": shopfiles.SYSTEM, "employee": shopfiles.EMPLOYEE, "vehicle": shopfiles.VEHICLE,
+          "customer": shopfiles.CUSTOMER}
+
+
+def expect_as_stored(copy, layout, record):
+    """Each text field that has a box of its name is shown there as it is stored."""
+    controls = copy.get("form")["controls"]
+    shown = {name: controls[name]["text"] for name, (_, _, kind) in layout.items()
+             if kind == "text" and name in controls and controls[name]["type"] == "TextBox"}
+    assert len(shown) >= 3
+    assert shown == {name: as_shown(record[layout[name][0]:sum(layout[name][:2])]) for name in shown}
+
+
+@pytest.mark.parametrize("kind", HOSTILE)
+def test_a_save_changes_nothing_but_what_was_typed(start, shop, desktop, kind):
+    hostile_shop(shop, HOSTILE[kind])
+    copy = start(shop)
+    copy.wait(50)
+    for screen, (road, typed, file, length, field) in SAVES.items():
+        for edits in ((), (typed,)):
+            before, seen = left(shop), []
+            for what in road:
+                step(copy, seen, what)
+            if not edits:
+                expect_as_stored(copy, FIELDS[screen], before[file][RECORDS.get(screen, 0) * length:][:length])
+            for what in edits:
+                step(copy, seen, what)
+            boxes = len(seen)
+            step(copy, seen, "F10")
+            assert screen == "company" or len(seen) == boxes, seen[boxes:]
+            leave(copy, seen)
+            after = left(shop)
+            expect_changed_alone(before, after, file, length, field if edits else (0, 0, ""))
+            if edits and len(seen) == boxes:
+                assert before[file] != after[file], screen
+    assert not copy.events("failure")
 
 
 def test_a_blank_that_holds_words_together_survives_an_edit(lantos, shop):

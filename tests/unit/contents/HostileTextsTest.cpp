@@ -91,28 +91,57 @@ struct HostileBench : StatementsBench {
   }
 };
 
+void StoreLines(HostileBench& bench, const std::string& text) {
+  de& data = bench.data;
+  data.AddLabor(1001, 1, text, 1, 2, 3, 4);
+  bench.Expect(data, "Labors", {"Description"}, text);
+  data.AddPartRow(1001, {text, text, 1, 2, 3, 4, 5});
+  bench.Expect(data, "Parts", {"PartNumber", "PartDesc"}, text);
+  data.UpdatePartRow(1001, text, {"", text, 1, 2, 3, 4, 5});
+  bench.Expect(data, "Parts", {"PartDesc"}, text);
+  data.UpdatePartRow(1001, text, {"", text + text, 1, 2, 3, 4, 5});
+  bench.Expect(data, "Parts", {"PartDesc"}, text + text);
+  data.DeletePart(1001, text);
+  EXPECT_EQ(bench.Ask("select count(*) from Parts"), "0") << text;
+  data.AddNote(1001, 1, std::vector<std::string>(8, text));
+  bench.Expect(data, "Notes", {"Desc1", "Desc2", "Desc3", "Desc4", "Desc5", "Desc6", "Desc7", "Desc8"}, text);
+  const std::vector<std::string> extra = {"VendorName", "VendorInvoice", "Desc1", "Desc2", "Desc3", "Desc4", "Taxable"};
+  data.AddSublet(1001, 1, ExtraOf(text));
+  bench.Expect(data, "Sublets", extra, text);
+  data.AddWaste(1001, 1, ExtraOf(text));
+  bench.Expect(data, "Waste", extra, text);
+  data.AddChecklistRow(1001, text);
+  bench.Expect(data, "Checklist", {"ChecklistData"}, text);
+}
+
+void StoreEstimatesDaysAndCodes(HostileBench& bench, const std::string& text) {
+  de& data = bench.data;
+  data.SetComments(text, 1001);
+  bench.Expect(data, "Estimates", {"Comments"}, text);
+  data.SetVehicleNew(7, {text, text, text, text, text, text, text, text, text}, 1001);
+  bench.Expect(data, "Estimates",
+               {"VehYear", "VehMake", "VehModel", "VehVIN", "VehLic", "VehDate", "VehMileage", "VehEng", "VehTrans"},
+               text);
+  data.SaveSpecialDay(37894, 0, text);
+  bench.Expect(data, "SpecialDays", {"SpecialDesc"}, text);
+  EXPECT_THROW(data.SpecialDaysTable(text), DatabaseError) << "no date: " << text;
+  bench.korvel.AddRepairCode(text, text);
+  bench.Expect(bench.korvel, "RepairCodes", {"RepairCode", "RepairCodeDesc"}, text);
+  bench.korvel.DeletePRHist(1, text);
+}
+
+void StoreSurcharges(HostileBench& bench, const std::string& text) {
+  for (const char* table : {"Sublets", "Waste"}) bench.Clear(bench.data, table);
+  bench.data.AddSubletSurcharge(1001, {100, text, text});
+  bench.Expect(bench.data, "Sublets", {"Desc1", "Taxable"}, text);
+  bench.data.AddWasteSurcharge(1001, {100, text, text});
+  bench.Expect(bench.data, "Waste", {"Desc1", "Taxable"}, text);
+}
+
 TEST(HostileTexts, OfLinesAreStoredAsTheyStandByStatementsOfTheTable) {
   for (const std::string text : kHostile) {
     HostileBench bench;
-    de& data = bench.data;
-    data.AddLabor(1001, 1, text, 1, 2, 3, 4);
-    bench.Expect(data, "Labors", {"Description"}, text);
-    data.AddPartRow(1001, {text, text, 1, 2, 3, 4, 5});
-    bench.Expect(data, "Parts", {"PartNumber", "PartDesc"}, text);
-    data.UpdatePartRow(1001, text, {"", text + text, 1, 2, 3, 4, 5});
-    bench.Expect(data, "Parts", {"PartDesc"}, text + text);
-    data.DeletePart(1001, text);
-    EXPECT_EQ(bench.Ask("select count(*) from Parts"), "0") << text;
-    data.AddNote(1001, 1, std::vector<std::string>(8, text));
-    bench.Expect(data, "Notes", {"Desc1", "Desc2", "Desc3", "Desc4", "Desc5", "Desc6", "Desc7", "Desc8"}, text);
-    const std::vector<std::string> extra = {"VendorName", "VendorInvoice", "Desc1",  "Desc2",
-                                            "Desc3",      "Desc4",         "Taxable"};
-    data.AddSublet(1001, 1, ExtraOf(text));
-    bench.Expect(data, "Sublets", extra, text);
-    data.AddWaste(1001, 1, ExtraOf(text));
-    bench.Expect(data, "Waste", extra, text);
-    data.AddChecklistRow(1001, text);
-    bench.Expect(data, "Checklist", {"ChecklistData"}, text);
+    StoreLines(bench, text);
     EXPECT_THAT(bench.strangers, UnorderedElementsAre("select count(*) from Parts"));
   }
 }
@@ -120,21 +149,28 @@ TEST(HostileTexts, OfLinesAreStoredAsTheyStandByStatementsOfTheTable) {
 TEST(HostileTexts, OfEstimatesDaysAndCodesAreStoredAsTheyStand) {
   for (const std::string text : kHostile) {
     HostileBench bench;
-    de& data = bench.data;
-    data.SetComments(text, 1001);
-    bench.Expect(data, "Estimates", {"Comments"}, text);
-    data.SetVehicleNew(7, {text, text, text, text, text, text, text, text, text}, 1001);
-    bench.Expect(data, "Estimates",
-                 {"VehYear", "VehMake", "VehModel", "VehVIN", "VehLic", "VehDate", "VehMileage", "VehEng", "VehTrans"},
-                 text);
-    data.SaveSpecialDay(37894, 0, text);
-    bench.Expect(data, "SpecialDays", {"SpecialDesc"}, text);
-    EXPECT_THROW(data.SpecialDaysTable(text), DatabaseError) << "no date: " << text;
-    bench.korvel.AddRepairCode(text, text);
-    bench.Expect(bench.korvel, "RepairCodes", {"RepairCode", "RepairCodeDesc"}, text);
-    bench.korvel.DeletePRHist(1, text);
+    StoreEstimatesDaysAndCodes(bench, text);
     EXPECT_THAT(bench.strangers, IsEmpty());
     EXPECT_THAT(bench.edits, UnorderedElementsAre("SpecialDays", "SpecialDate", "SpecialHours", "SpecialDesc"));
+  }
+}
+
+// A command that comes to the tables with a place for a text is to be tried above. A text that must be a date is
+// refused before it comes to the database.
+TEST(HostileTexts, AreTriedInEveryPlaceForATextOfTheTables) {
+  const std::string text = "'; drop table Labors; --";
+  HostileBench bench;
+  StoreLines(bench, text);
+  StoreEstimatesDaysAndCodes(bench, text);
+  StoreSurcharges(bench, text);
+  for (const auto commands : {kLantosCommands, kKorvelCommands}) {
+    for (const Command& command : commands) {
+      for (std::size_t place = 0; place < command.parameters.count; ++place) {
+        if (command.parameters[place] != ParameterKind::Text) continue;
+        EXPECT_TRUE(bench.texts.contains({std::string(command.statement), place, text}))
+            << command.name << ", value " << place + 1;
+      }
+    }
   }
 }
 

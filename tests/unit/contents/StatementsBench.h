@@ -3,6 +3,7 @@
 #include <set>
 #include <span>
 #include <string>
+#include <tuple>
 
 #include "contents/ContentsBench.h"
 #include "records/modSystem.h"
@@ -29,12 +30,16 @@ struct StatementsBench : ContentsBench {
           [this](std::string_view table, const std::vector<std::string>& columns) {
             edits.emplace(table);
             edits.insert(columns.begin(), columns.end());
+          },
+          [this](std::string_view statement, std::size_t place, const std::string& text) {
+            texts.emplace(statement, place, text);
           });
     });
   }
 
   std::set<std::string> known;
   std::set<std::string> strangers;
+  std::set<std::tuple<std::string, std::size_t, std::string>> texts;  // statement, place among its values, text
   std::set<std::string> edits;  // names of tables and columns that went into an edit of a recordset
 };
 

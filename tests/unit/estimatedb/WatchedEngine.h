@@ -14,20 +14,29 @@
 
 namespace lantos::test {
 
-// An engine that tells of each statement, and of each edit of a recordset, before the true one does it. What the watch
-// throws is its failure.
+// An engine that tells of each statement, of each text that goes into its places, and of each edit of a recordset,
+// before the true one does it. What the watch throws is its failure.
 class WatchedEngine : public Engine {
  public:
   using Watch = std::function<void(std::string_view statement)>;
   using WatchEdits = std::function<void(std::string_view table, const std::vector<std::string>& columns)>;
+  // The place counts from 0.
+  using WatchTexts = std::function<void(std::string_view statement, std::size_t place, const std::string& text)>;
 
   WatchedEngine(
       std::unique_ptr<Engine> engine, Watch watch,
-      WatchEdits watchEdits = [](std::string_view, const std::vector<std::string>&) {})
-      : engine_(std::move(engine)), watch_(std::move(watch)), watchEdits_(std::move(watchEdits)) {}
+      WatchEdits watchEdits = [](std::string_view, const std::vector<std::string>&) {},
+      WatchTexts watchTexts = [](std::string_view, std::size_t, const std::string&) {})
+      : engine_(std::move(engine)),
+        watch_(std::move(watch)),
+        watchEdits_(std::move(watchEdits)),
+        watchTexts_(std::move(watchTexts)) {}
 
   Recordset Run(std::string_view statement, const std::vector<Value>& parameters) override {
     watch_(statement);
+    for (std::size_t place = 0; place < parameters.size(); ++place) {
+      if (const auto* text = std::get_if<std::string>(&parameters[place])) watchTexts_(statement, place, *text);
+    }
     return engine_->Run(statement, parameters);
   }
   void Insert(std::string_view table, const std::vector<std::string>& columns,
@@ -52,6 +61,7 @@ class WatchedEngine : public Engine {
   std::unique_ptr<Engine> engine_;
   Watch watch_;
   WatchEdits watchEdits_;
+  WatchTexts watchTexts_;
 };
 
 inline bool IsInTable(std::span<const Command> commands, std::string_view statement) {

@@ -10,6 +10,7 @@
 
 #include "admin/TestShop.h"
 #include "estimatedb/EstimateDatabase.h"
+#include "faults/ShopState.h"
 
 namespace lantos::test {
 
@@ -22,6 +23,15 @@ class Deed {
   virtual EstimateDatabase* Database() { return nullptr; }
   // The person's hands, once. Forms that come up meanwhile are used as it is told below.
   virtual void Do() = 0;
+  // For a deed with a journal, on a shop whose files another one has left in the middle: what the person makes of it at
+  // the next start. Both end with the journal gone, and all done or nothing.
+  enum class Settling { Finish, Undo };
+  virtual bool HasJournal() const { return false; }
+  virtual void Settle(Settling) {}
+  // It came to its end without what the person was asked to go on without, and all else is whole.
+  virtual bool IsWholeButForGivenUp(const ShopState&, const ShopState& /*before*/, const ShopState& /*after*/) {
+    return false;
+  }
 
   std::map<std::string, std::function<void(ui::Form&)>> forms;  // by name
   // For a form that comes up again behind what was done from it, and is left then.
@@ -34,6 +44,8 @@ class Deed {
   std::map<std::string, ui::Answer> answers;  // to boxes that belong to it, by how their texts begin
   // What may be left changed when the rest isn't: a number that was taken, and nobody's row of it.
   std::vector<std::string> gaps;
+  // The first number that it takes. Behind one that was skipped, the same is stored under the next.
+  std::int32_t firstNumber = 0;
   // A text that is stored whole or not at all, where another try stores it under another number.
   std::string mark;
   // What lies in several files is written one after the other: files of which the first may have been written when the
@@ -47,6 +59,7 @@ struct NamedDeed {
 };
 
 std::vector<NamedDeed> DeedsOnEstimates();
+std::vector<NamedDeed> DeedsOnLines();
 std::vector<NamedDeed> DeedsOnMasters();
 std::vector<NamedDeed> DeedsOnStock();
 

@@ -6,7 +6,10 @@
 #include "masters/EmployeeShop.h"
 #include "masters/VendorShop.h"
 #include "masters/customers/frmCustSearch.h"
+#include "masters/employees/frmEmpPRHist.h"
 #include "masters/vehicles/frmVehEdit.h"
+#include "payroll/PayImage.h"
+#include "records/PayrollBench.h"
 #include "records/Vehicles.h"
 
 // Customers and their vehicles, vendors, employees, the shop itself.
@@ -105,6 +108,16 @@ struct AddVendor : OnVendors {
   }
 };
 
+struct DeleteVendor : OnVendors {
+  DeleteVendor() {
+    answers = {{"Deleting vendor\r", ui::Answer::Yes}};
+    forms["frmVendorList"] = [](ui::Form& form) {
+      As<frmVendorList>(form).VendorList.DoSelect(0);
+      As<frmVendorList>(form).cmdDelete.DoClick();
+    };
+  }
+};
+
 struct OnEmployees : DeedOnTest<EmployeeShop> {
   EstimateDatabase* Database() override { return &database; }
   void Do() override {
@@ -149,6 +162,40 @@ struct EditPay : OnEmployees {
     form.ShowModal();
     form.Unload();
   }
+};
+
+// The newest pay, with what the main application's database has of it.
+struct DeletePay : DeedOnTest<MasterShop> {
+  DeletePay() {
+    std::string file;
+    for (const CivilDate& date : {CivilDate{2006, 1, 6}, CivilDate{2006, 1, 13}}) {
+      PayRecord pay = PayOf({date, 60000, 2});
+      if (!file.empty()) pay.Put(payrecord::NextRecord, 0);
+      file.append(reinterpret_cast<const char*>(pay.Bytes().data()), PayRecord::kLength);
+    }
+    directory.Put("TQPAYROL.DAT", file);
+    directory.Put("TQEMPLOY.DAT", PaidEmployees(kPayLength));
+    CreateKorvelDatabase(directory / "Korvel.mdb", clock);
+    Connect(database, environment);
+    environment.hasKorvelDatabase = true;
+    database.korvelData.Connection().Run(
+        "insert into EmpPRHist (EmployeeNumber, PayrollDate, AdditionalFederal) values (7, '01/13/2006', 777)", {});
+    forms["frmEmpPRHist"] = [](ui::Form& form) {
+      auto& history = As<frmEmpPRHist>(form);
+      history.ListView1.DoSelect(0);
+      test::Click(history.cmdDelete);
+      Press(form, "F10");
+    };
+    answers = {{"Delete", ui::Answer::Yes}};
+    inTurn = {"TQEMPLOY.DAT", "TQPAYROL.DAT"};  // then the row of the database
+  }
+  EstimateDatabase* Database() override { return &database; }
+  void Do() override {
+    frmEmpPRHist form(shop, database.korvelData, 7);
+    form.ShowModal();
+    form.Unload();
+  }
+  EstimateDatabase database{environment, records};
 };
 
 template <class Screen>
@@ -197,12 +244,13 @@ NamedDeed Named(const char* name) {
 }  // namespace
 
 std::vector<NamedDeed> DeedsOnMasters() {
-  return {Named<EditCustomer>("customer: edit"),  Named<NewCustomer>("customer: new"),
-          Named<EditVehicle>("vehicle: edit"),    Named<NewVehicle>("vehicle: new"),
-          Named<EditVendor>("vendor: edit"),      Named<AddVendor>("vendor: add"),
-          Named<EditEmployee>("employee: edit"),  Named<NewEmployee>("employee: new"),
-          Named<EditPay>("employee: pay"),        Named<EditCompany>("company"),
-          Named<EditParameters>("system record"), Named<EditDisclaimer>("disclaimer")};
+  return {Named<EditCustomer>("customer: edit"),    Named<NewCustomer>("customer: new"),
+          Named<EditVehicle>("vehicle: edit"),      Named<NewVehicle>("vehicle: new"),
+          Named<EditVendor>("vendor: edit"),        Named<AddVendor>("vendor: add"),
+          Named<DeleteVendor>("vendor: delete"),    Named<EditEmployee>("employee: edit"),
+          Named<NewEmployee>("employee: new"),      Named<EditPay>("employee: pay"),
+          Named<DeletePay>("employee: delete pay"), Named<EditCompany>("company"),
+          Named<EditParameters>("system record"),   Named<EditDisclaimer>("disclaimer")};
 }
 
 }  // namespace lantos::test

@@ -76,6 +76,16 @@ struct EditOnePart : OnePart {
   }
 };
 
+struct PriceOnePart : OnePart {
+  PriceOnePart() {
+    forms["frmInvEdit"] = [](ui::Form& form) {
+      auto& part = As<frmInvEdit>(form);
+      for (std::size_t level = 0; level < 4; ++level) Type(part.Pricing[level], std::to_string(20 + level));
+      Press(form, "F10");
+    };
+  }
+};
+
 struct ChangeKit : DeedOnTest<KitShop> {
   ChangeKit() {
     PutKit({"PLUG(4)", "WIRES"});
@@ -95,8 +105,8 @@ NamedDeed Named(const char* name) {
 }  // namespace
 
 std::vector<NamedDeed> DeedsOnStock() {
-  return {Named<AddOnePart>("part: add"), Named<EditOnePart>("part: edit"), Named<RenumberPart>("part: renumber"),
-          Named<DeletePart>("part: delete"), Named<ChangeKit>("kit")};
+  return {Named<AddOnePart>("part: add"),        Named<EditOnePart>("part: edit"),  Named<PriceOnePart>("part: price"),
+          Named<RenumberPart>("part: renumber"), Named<DeletePart>("part: delete"), Named<ChangeKit>("kit")};
 }
 
 }  // namespace lantos::test

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <map>
 
 #include "faults/Person.h"
 #include "support/FaultyEngine.h"
@@ -17,6 +19,7 @@ using Manner = Trouble::Person;
 // Longer than any wait that ends by itself.
 constexpr int kMostFailures = 1100;
 constexpr int kFailuresOfAHold = 60;
+constexpr std::int32_t kMostNumbersSkipped = 3;
 
 bool IsOfDatabase(const FileCall& call) { return call.name.find(".mdb") != std::string::npos; }
 
@@ -33,10 +36,10 @@ FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>
   };
 }
 
-// Of a conversion that was not finished: the next start tells of it, and finishes or undoes it.
+bool IsJournal(const std::string& name) { return name.starts_with("AJ"); }
 bool HasJournal(const ShopState& state) {
   return std::any_of(state.begin(), state.end(),
-                     [](const auto& file) { return file.first.starts_with("AJ") && !file.second.empty(); });
+                     [](const auto& file) { return IsJournal(file.first) && !file.second.empty(); });
 }
 
 std::size_t TimesIn(const ShopState& state, const std::string& text) {
@@ -47,9 +50,37 @@ std::size_t TimesIn(const ShopState& state, const std::string& text) {
   return times;
 }
 
+// The rows of the number as those of another one.
+std::string Renumbered(std::string rows, std::int32_t from, std::int32_t to) {
+  const std::string text = std::to_string(from) + "|";
+  for (std::size_t at = rows.find(text); at != std::string::npos; at = rows.find(text, at + 1)) {
+    if (at == 0 || rows[at - 1] == '\n' || rows[at - 1] == '|') rows.replace(at, text.size(), std::to_string(to) + "|");
+  }
+  return rows;
+}
+
+// In place of what the deed's own shop has, which nobody has begun to use.
+void CopyFiles(const ScratchDirectory& from, Deed& deed) {
+  namespace fs = std::filesystem;
+  deed.Database()->lantosData.Disconnect();
+  deed.Database()->korvelData.Disconnect();
+  const fs::path to = deed.Shop().directory.Path();
+  const auto isOfShop = [](const fs::directory_entry& entry) {
+    return entry.is_regular_file() && entry.path().extension() != ".LOG";
+  };
+  for (const auto& entry : fs::directory_iterator(to)) {
+    if (isOfShop(entry)) fs::remove(entry);
+  }
+  for (const auto& entry : fs::directory_iterator(from.Path())) {
+    if (isOfShop(entry)) fs::copy_file(entry, to / entry.path().filename());
+  }
+}
+
 void MakeStatementsFaulty(Deed& deed, StatementFaults& faults) {
   if (deed.Database() == nullptr) return;
-  MakeFaulty(*deed.Database(), deed.Shop().environment, faults);
+  Environment& environment = deed.Shop().environment;
+  MakeFaulty(*deed.Database(), environment, faults);
+  if (environment.hasKorvelDatabase) MakeFaulty(deed.Database()->korvelData, kKorvelDatabase, environment, faults);
 }
 
 }  // namespace
@@ -123,6 +154,7 @@ Ending FaultRun::Meet(const Trouble& trouble) const {
   ending.told = told;
   ending.hung = hung;
   ending.said = said;
+  TrySettling(*run, ending);
   if (!hung && (ending.kind == Ending::Kind::AsBefore || ending.kind == Ending::Kind::Gap)) {
     Person person(*run, Manner::Retries, [] {});
     person.Do();
@@ -149,18 +181,87 @@ Ending FaultRun::Kill(std::size_t call) const {
   int status = 0;
   ::waitpid(child, &status, 0);
   Ending ending = Judge(StateOf(run->Shop().directory), *run);
-  ending.told = true;  // nobody is there to be told
+  // Nobody is there to be told, and nobody has given anything up.
+  ending.told = true;
+  if (run->HasJournal() && ending.kind == Ending::Kind::InTurn && !HasJournal(StateOf(run->Shop().directory))) {
+    ending.kind = Ending::Kind::Apart;
+  }
+  TrySettling(*run, ending);
   return ending;
 }
 
-Ending FaultRun::Judge(const ShopState& state, const Deed& deed) const {
+std::vector<std::size_t> FaultRun::Kills(std::optional<std::size_t> atMost) const {
+  std::map<std::string, std::vector<std::size_t>> files;
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < calls_.size(); ++i) {
+    if (!Changes(calls_[i])) continue;
+    files[calls_[i].name].push_back(i);
+    ++count;
+  }
+  count = std::min(count, atMost.value_or(count));
+  std::map<std::string, std::size_t> share;
+  const auto isDue = [&](const auto& one, const auto& other) {
+    return one.second.size() * (share[other.first] + 1) < other.second.size() * (share[one.first] + 1);
+  };
+  for (std::size_t i = 0; i < count; ++i) {
+    const bool isFirst = share.size() < files.size();
+    const auto unmet =
+        std::find_if(files.begin(), files.end(), [&](const auto& file) { return !share.contains(file.first); });
+    const auto next = isFirst ? unmet : std::max_element(files.begin(), files.end(), isDue);
+    ++share[next->first];
+  }
+  std::vector<std::size_t> kills;
+  for (const auto& [name, picked] : share) {
+    const std::vector<std::size_t>& own = files[name];
+    for (std::size_t i = 0; i < picked; ++i) kills.push_back(own[i * own.size() / picked]);
+  }
+  std::sort(kills.begin(), kills.end());
+  return kills;
+}
+
+bool FaultRun::IsStored(const ShopState& state, const Deed& deed) const {
+  if (Differences(state, after_).empty()) return true;
+  if (!deed.mark.empty() && TimesIn(state, deed.mark) == TimesIn(after_, deed.mark)) return true;
+  if (deed.firstNumber == 0) return false;
+  for (std::int32_t skipped = 1; skipped <= kMostNumbersSkipped; ++skipped) {
+    ShopState asFirst = state;
+    for (auto& [name, content] : asFirst) {
+      if (name.find(".mdb:") != std::string::npos)
+        content = Renumbered(content, deed.firstNumber + skipped, deed.firstNumber);
+    }
+    for (const std::string& gap : deed.gaps) asFirst[gap] = after_.at(gap);
+    if (Differences(asFirst, after_).empty()) return true;
+  }
+  return false;
+}
+
+void FaultRun::TrySettling(Deed& run, Ending& ending) const {
+  const ShopState left = StateOf(run.Shop().directory);
+  if (ending.kind != Ending::Kind::InTurn || !HasJournal(left)) return;
+  for (const Deed::Settling how : {Deed::Settling::Finish, Deed::Settling::Undo}) {
+    const std::unique_ptr<Deed> next = deed_.make();
+    CopyFiles(run.Shop().directory, *next);
+    next->Shop().desktop.failuresExpected = true;
+    next->Settle(how);
+    const Ending settled = Judge(StateOf(next->Shop().directory), *next);
+    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart) continue;
+    ending.kind = Ending::Kind::Apart;
+    ending.apart = settled.apart;
+    ending.said += how == Deed::Settling::Finish ? " // finished afterwards" : " // undone afterwards";
+    for (const ui::Box& box : next->Shop().desktop.boxes) ending.said += " // " + box.text;
+  }
+  // All is there, and the next start finds it so.
+  const std::vector<std::string> apart = Differences(left, after_);
+  const bool isWhole = std::all_of(apart.begin(), apart.end(), IsJournal);
+  if (isWhole && ending.kind == Ending::Kind::InTurn) ending.kind = Ending::Kind::Stored;
+}
+
+Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
   const auto isAmong = [](const std::vector<std::string>& names) {
     return [&names](const std::string& name) { return std::find(names.begin(), names.end(), name) != names.end(); };
   };
   Ending ending;
-  if (Differences(state, after_).empty()) return ending;
-  // Stored by another try, under another number.
-  if (!deed.mark.empty() && TimesIn(state, deed.mark) == TimesIn(after_, deed.mark)) return ending;
+  if (IsStored(state, deed)) return ending;
   ending.apart = Differences(state, before_);
   if (ending.apart.empty()) {
     ending.kind = Ending::Kind::AsBefore;
@@ -168,9 +269,11 @@ Ending FaultRun::Judge(const ShopState& state, const Deed& deed) const {
     ending.kind = Ending::Kind::Gap;
   } else {
     std::erase_if(ending.apart, isAmong(deed.gaps));
-    const bool isInTurn =
-        HasJournal(state) || std::all_of(ending.apart.begin(), ending.apart.end(), isAmong(deed.inTurn));
-    ending.kind = isInTurn ? Ending::Kind::InTurn : Ending::Kind::Apart;
+    const bool isInTurn = std::all_of(ending.apart.begin(), ending.apart.end(), [&](const std::string& name) {
+      return isAmong(deed.inTurn)(name) || (deed.HasJournal() && IsJournal(name));
+    });
+    const bool mayBe = !deed.HasJournal() || HasJournal(state) || deed.IsWholeButForGivenUp(state, before_, after_);
+    ending.kind = isInTurn && mayBe ? Ending::Kind::InTurn : Ending::Kind::Apart;
   }
   return ending;
 }

@@ -50,11 +50,18 @@ class FaultRun {
   // All of them, or so many that lie evenly among them.
   std::vector<Trouble> Troubles(std::optional<std::size_t> atMost) const;
   Ending Meet(const Trouble& trouble) const;
+  // The calls that leave something other on the disk: all, or so many that each file is met, and of each those that lie
+  // evenly among its own.
+  std::vector<std::size_t> Kills(std::optional<std::size_t> atMost) const;
   // The process ends in front of the call.
   Ending Kill(std::size_t call) const;
 
  private:
-  Ending Judge(const ShopState& state, const Deed& deed) const;
+  Ending Judge(const ShopState& state, Deed& deed) const;
+  bool IsStored(const ShopState& state, const Deed& deed) const;
+  // Where a journal was left, both ways from there, each on a copy of the run's directory. In turn it is only if both
+  // end whole or as before.
+  void TrySettling(Deed& run, Ending& ending) const;
 
   NamedDeed deed_;
   std::vector<FileCall> calls_;

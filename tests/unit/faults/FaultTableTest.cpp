@@ -65,14 +65,8 @@ TEST_P(EachCommand, LosesNothingWhateverFails) {
 
 TEST_P(EachCommand, IsDoneOrNotDoneWhereverItIsKilled) {
   const FaultRun run(GetParam());
-  std::vector<std::size_t> writing;
-  for (std::size_t i = 0; i < run.Calls().size(); ++i) {
-    if (Changes(run.Calls()[i])) writing.push_back(i);
-  }
-  const std::size_t count = WantsAll() ? writing.size() : std::min(writing.size(), kKillSample);
   Row row;
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t call = writing[i * writing.size() / count];
+  for (const std::size_t call : run.Kills(WantsAll() ? std::nullopt : std::optional(kKillSample))) {
     const Ending ending = run.Kill(call);
     row.Count(ending);
     std::string apart;
@@ -90,6 +84,7 @@ std::string NameOfTest(const testing::TestParamInfo<NamedDeed>& tested) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Estimates, EachCommand, testing::ValuesIn(DeedsOnEstimates()), NameOfTest);
+INSTANTIATE_TEST_SUITE_P(Lines, EachCommand, testing::ValuesIn(DeedsOnLines()), NameOfTest);
 INSTANTIATE_TEST_SUITE_P(Stock, EachCommand, testing::ValuesIn(DeedsOnStock()), NameOfTest);
 INSTANTIATE_TEST_SUITE_P(Masters, EachCommand, testing::ValuesIn(DeedsOnMasters()), NameOfTest);
 
