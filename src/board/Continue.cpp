@@ -126,7 +126,9 @@ Continued ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database) {
       continuation.CarryOn(form);
       database.estimates.CurrentEstimate = old;
       return {continuation.Next(), true};
-    } catch (const std::exception& error) {  // the hours are there for another try
+    } catch (const std::exception& error) {
+      // What can't be carried on at all leaves all as it was; what was refused has its hours there for another try.
+      if (!continuation.HasCopied() && dynamic_cast<const DatabaseError*>(&error) == nullptr) throw;
       shop.desktop.EndEvent(error);
     }
   }

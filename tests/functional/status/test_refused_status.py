@@ -97,3 +97,22 @@ def test_a_move_that_is_refused_behind_its_copy_names_and_shows_it(copy, shop):
     copy.expect_form("frmMain")
     assert listed(copy, "List1(3)") == [NEW]
     assert word_of(copy) == ("Arrived", "Arrived", ["Arrived"])
+
+
+def test_a_continuation_that_is_refused_behind_its_copy_goes_on_with_it(copy, shop):
+    run(shop, "CREATE TRIGGER Refuse BEFORE UPDATE OF Status ON Estimates WHEN old.EstimateNumber = 900 "
+              "BEGIN SELECT RAISE(ABORT, 'no'); END")
+    copy.right_click("List1(2)", row=0)
+    copy.choose("Continued")
+    if copy.answer["waiting"] == "box":
+        copy.press("Yes")
+    copy.key("F10")
+    assert copy.answer["text"].startswith(f"Estimate # {NEW:06} was made on Wed 10/01/2003 as a copy of this one")
+    told_of_failure(copy)
+    copy.expect_form("frmContinue")
+    allow(shop)
+    copy.key("F10")
+    copy.press("OK")
+    copy.expect_form("frmMain")
+    assert listed(copy, "List1(3)") == [NEW]
+    assert word_of(copy) == ("Continued", "Continued", ["Continued"])

@@ -226,7 +226,6 @@ TEST(RefusedContinuation, WithoutANumberForItsLineMakesNoCopy) {
     dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).DoType("1");
     form.PressKey(ui::ParseKey("F10"));
   });
-  bench.WillLeave();
   bench.desktop.WillChoose("mnuPopupStatus(5)");
   bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
   EXPECT_EQ(bench.desktop.failures.at(0), "Overflow: 2147483648 is too large.");
