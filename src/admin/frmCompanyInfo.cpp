@@ -7,29 +7,37 @@ namespace lantos {
 frmCompanyInfo::frmCompanyInfo(Shop& shop)
     : OkCancelForm(shop.desktop, shop.keys, "frmCompanyInfo", "Company Info"), shop_(shop) {
   SetSize(9000, 6000);
-  AddFields();
   company_name.OnValidate = [this](bool& keepFocus) { keepFocus = !MayNameStand(); };
   OKButton.SetToolTip("Continue <F10>");
   CancelButton.SetToolTip("Stop <Esc>");
   UseButtons(OKButton, CancelButton);
-  AskBeforeLosing(CancelButton, company_name, extra_company_name, company_address, company_city, company_state,
-                  company_zip, company_phone1, company_phone2, state_reg_number, fed_id_number, state_id_number,
-                  local_id_number);
+  AddFields();
 }
 
 void frmCompanyInfo::AddFields() {
-  fields_.AddText(company_name, sysrec::company_name, 31, "Company Name");
-  fields_.AddText(extra_company_name, sysrec::extra_company_name, 41, "Extra Company Info");
-  fields_.AddText(company_address, sysrec::company_address, 32, "Company Address");
-  fields_.AddText(company_city, sysrec::company_city, 20, "Company City");
-  fields_.AddText(company_state, sysrec::company_state, 2, "Company State");
-  fields_.AddText(company_zip, sysrec::company_zip, 10, "Company Zip");
-  fields_.AddText(company_phone1, sysrec::company_phone1, 14, "Company Phone 1");
-  fields_.AddText(company_phone2, sysrec::company_phone2, 14, "Company Phone 2");
-  fields_.AddText(state_reg_number, sysrec::state_reg_number, 20, "State Regulation #");
-  fields_.AddText(fed_id_number, sysrec::fed_id_number, 20, "Federal ID Number");
-  fields_.AddText(state_id_number, sysrec::state_id_number, 20, "State ID Number");
-  fields_.AddText(local_id_number, sysrec::local_id_number, 20, "Local ID Number");
+  const struct {
+    ui::TextBox& box;
+    TextField field;
+    std::size_t width;
+    const char* name;
+  } fields[] = {
+      {company_name, sysrec::company_name, 31, "Company Name"},
+      {extra_company_name, sysrec::extra_company_name, 41, "Extra Company Info"},
+      {company_address, sysrec::company_address, 32, "Company Address"},
+      {company_city, sysrec::company_city, 20, "Company City"},
+      {company_state, sysrec::company_state, 2, "Company State"},
+      {company_zip, sysrec::company_zip, 10, "Company Zip"},
+      {company_phone1, sysrec::company_phone1, 14, "Company Phone 1"},
+      {company_phone2, sysrec::company_phone2, 14, "Company Phone 2"},
+      {state_reg_number, sysrec::state_reg_number, 20, "State Regulation #"},
+      {fed_id_number, sysrec::fed_id_number, 20, "Federal ID Number"},
+      {state_id_number, sysrec::state_id_number, 20, "State ID Number"},
+      {local_id_number, sysrec::local_id_number, 20, "Local ID Number"},
+  };
+  for (const auto& each : fields) {
+    fields_.AddText(each.box, each.field, each.width, each.name);
+    AskBeforeLosing(CancelButton, each.box);
+  }
 }
 
 // Another workstation may have changed the record since this one has read it.
@@ -55,8 +63,7 @@ void frmCompanyInfo::Accept() {
   if (!MayNameStand()) return company_name.SetFocus();
   if (!SaveSystem(shop_, "Updating Company Info", fields_)) return;
   MarkUnchanged();
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

@@ -27,8 +27,6 @@ class frmCompanyInfo : public OkCancelForm {
   ui::Button OKButton{*this, "OKButton", "OK"};
   ui::Button CancelButton{*this, "CancelButton", "Cancel"};
 
-  bool Saved() const { return saved_; }
-
  private:
   void OnLoad() override;
   void Accept() override;
@@ -39,7 +37,6 @@ class frmCompanyInfo : public OkCancelForm {
   Shop& shop_;
   SystemFields fields_{*this};
   std::string savedName_;
-  bool saved_ = false;
 };
 
 }  // namespace lantos

@@ -86,8 +86,7 @@ void frmSystemParameters::Accept() {
   if (!SaveSystem(shop_, "Updating System Parameters", fields_)) return;
   SaveBackup();
   MarkUnchanged();
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 // What wasn't changed stays where it came from, which may be what all workstations share.

@@ -33,8 +33,6 @@ class frmSystemParameters : public OkCancelForm {
   ui::Button OKButton{*this, "OKButton", "OK"};
   ui::Button CancelButton{*this, "CancelButton", "Cancel"};
 
-  bool Saved() const { return saved_; }
-
  private:
   void OnLoad() override;
   void Accept() override;
@@ -46,7 +44,6 @@ class frmSystemParameters : public OkCancelForm {
   SystemFields fields_{*this};
   std::string backupCommand_;  // as shown
   bool backupWait_ = true;
-  bool saved_ = false;
 };
 
 }  // namespace lantos

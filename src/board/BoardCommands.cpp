@@ -244,23 +244,25 @@ void BoardCommands::EditNotes() {
 void BoardCommands::SettleHalfDone(const std::vector<std::string>& journals) { Unfinished().Settle(journals); }
 
 HalfDone BoardCommands::Unfinished() {
-  return {parts_.shop, parts_.detail.contents.workorders,
-          [this](const BegunConversion& begun, ConversionJournal& journal) { FinishConversion(begun, journal); }};
+  return {
+      parts_.shop, parts_.detail.contents.workorders,
+      [this](const BegunConversion& begun, ConversionJournal& journal) { return FinishConversion(begun, journal); }};
 }
 
-void BoardCommands::FinishConversion(const BegunConversion& begun, ConversionJournal& journal) {
+Finishing BoardCommands::FinishConversion(const BegunConversion& begun, ConversionJournal& journal) {
   DetailPane& detail = parts_.detail;
-  if (!ShowEstimate(parts_, board_, begun.estimate, "Convert to WO")) return;
+  if (!ShowEstimate(parts_, board_, begun.estimate, "Convert to WO")) return Finishing::NotPossible;
   const ui::Hourglass hourglass(parts_.shop.desktop);
-  Conversion(detail.contents.bench, detail.contents.workorders).Finish(begun, journal);
+  const Finishing finishing = Conversion(detail.contents.bench, detail.contents.workorders).Finish(begun, journal);
   board_.LoadWeek(parts_.database.estimates.CurrentEstimate.SchedDate);
   detail.ShowEstimateDetail();
+  return finishing;
 }
 
 void BoardCommands::Convert() {
   DetailPane& detail = parts_.detail;
-  // One of this very estimate that another copy left half done comes first.
-  if (Unfinished().SettleOf(detail.DisplayedEstimate()) == HalfDone::Settled::Finished) return;
+  // One of this very estimate that was left half done comes first: a second work order would lower the stock twice.
+  if (Unfinished().SettleOf(detail.DisplayedEstimate()) != HalfDone::Settled::NothingLeft) return;
   Conversion conversion(detail.contents.bench, detail.contents.workorders);
   detail.frameDetailView.Owner().Run([&] {
     const ui::Hourglass hourglass(parts_.shop.desktop);

@@ -66,7 +66,7 @@ class BoardCommands {
   void EditNotes();
   void Convert();
   HalfDone Unfinished();
-  void FinishConversion(const BegunConversion& begun, ConversionJournal& journal);
+  Finishing FinishConversion(const BegunConversion& begun, ConversionJournal& journal);
 
   BoardParts parts_;
   Board& board_;

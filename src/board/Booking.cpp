@@ -5,6 +5,7 @@
 #include "frame/Dates.h"
 #include "frame/Text.h"
 #include "records/Customers.h"
+#include "records/GivenUp.h"
 #include "records/Vehicles.h"
 
 namespace lantos {
@@ -94,7 +95,7 @@ bool Booking::AskForPastDate(DaySerial day) {
 void Booking::AttachCustomer() {
   const CustomerRecord& chosen = parts_.shop.records.customers.CurrentCustomer;
   const std::int32_t number = chosen.Get(customer::Number);
-  Data().SetCustomer(number, parts_.detail.DisplayedEstimate());
+  StoreChoice("customer", [&] { Data().SetCustomer(number, parts_.detail.DisplayedEstimate()); });
   Current().CustomerNumber = number;
   parts_.detail.ShowCustomer(chosen);
 }
@@ -106,9 +107,27 @@ void Booking::AttachVehicle() {
   Estimate changed = Current();
   changed.VehicleLink = vehicles.CurrentVehicleOffset;
   PutSnapshot(changed, SnapshotOf(vehicles.CurrentVehicle));
-  Data().SetVehicleNew(changed.VehicleLink, SnapshotIn(changed), parts_.detail.DisplayedEstimate());
+  StoreChoice("vehicle", [&] {
+    Data().SetVehicleNew(changed.VehicleLink, SnapshotIn(changed), parts_.detail.DisplayedEstimate());
+  });
   Current() = changed;
   parts_.detail.ShowVehicle();
+}
+
+// What was chosen is kept for as long as the database refuses it and the person tries again.
+void Booking::StoreChoice(const std::string& what, const std::function<void()>& store) {
+  for (;;) {
+    try {
+      return store();
+    } catch (const DatabaseError& error) {
+      parts_.shop.environment.log.Write(error.what());
+      const ui::Answer answer =
+          parts_.shop.desktop.Ask(WordsFor(error) + "\r\rClick Retry to store the " + what +
+                                      " that you chose, or Cancel to leave the estimate as it was.",
+                                  "Estimate", ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+      if (answer == ui::Answer::Cancel) throw GivenUp("The " + what + " of the estimate was not stored.");
+    }
+  }
 }
 
 void Booking::EditCustomer() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <string>
 
 #include "board/Board.h"
 #include "masters/customers/MasterScreens.h"
@@ -28,6 +30,7 @@ class Booking {
   void ShowBooked(std::int32_t number);
   void AttachCustomer();
   void AttachVehicle();
+  void StoreChoice(const std::string& what, const std::function<void()>& store);
   de& Data() { return parts_.database.lantosData; }
   Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
 

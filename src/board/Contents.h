@@ -16,10 +16,10 @@ struct Contents {
 
   Workbench bench;
   Workorders& workorders;
-  EstimateLines lines{{bench.estimate.LaborList(), LaborRows}, {}};
+  EstimateLines lines{{bench.estimate.LaborList(), LaborRows}, {}, {}};
   Surcharge surcharge{bench, lines};
   LaborLines labor{bench, lines.labor, surcharge};
-  PartLines parts{bench, lines.parts, surcharge};
+  PartLines parts{bench, lines, surcharge};
 };
 
 }  // namespace lantos

@@ -4,9 +4,14 @@
 
 namespace lantos {
 
+struct Continued {
+  DaySerial next = kNotContinued;  // kNotContinued when the person stopped
+  bool hasCopied = false;          // a copy stands in the database, whatever became of the rest
+};
+
 // Carries the current estimate on: a copy on the next business day, less the hours that were applied on this one, and
-// this one Continued. Returns the new date, or kNotContinued when the person stopped and nothing has changed. The
-// current estimate is as before; its status in memory is the caller's to set.
-DaySerial ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database);
+// this one Continued. The form stays until that is stored or the person stops; each try goes on where the one before
+// was refused. The current estimate is as before; its status in memory is the caller's to set.
+Continued ContinueCurrentEstimate(Shop& shop, EstimateDatabase& database);
 
 }  // namespace lantos

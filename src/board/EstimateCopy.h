@@ -15,11 +15,10 @@ class EstimateCopy {
   // Makes the copy and what belongs to it. What fails before its row stands is thrown as it is, what fails behind that
   // as a WordedError that names the copy first.
   void Run(const std::function<void()>& steps) const;
-  // Its row and its lines, as a step of Run.
+  // Its row and its lines, as a step of Run; what stands on that day from an earlier try isn't made again.
   void Make(DaySerial date, std::int16_t status);
 
   std::int32_t Number() const { return number_; }  // 0: no row has been made
-  bool IsWholeOn(DaySerial date) const { return isWhole_ && date_ == date; }
 
  private:
   std::string WhatStays() const;

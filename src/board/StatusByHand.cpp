@@ -53,9 +53,9 @@ ContinueEstimate StatusByHand::Continuing() {
   return [this] {
     if (IsGivenUp("Continue")) return kNotContinued;
     const Board::Copy before = std::exchange(copy_, Board::Copy::Made);
-    const DaySerial next = ContinueCurrentEstimate(parts_.shop, parts_.database);
-    if (next == kNotContinued) copy_ = before;
-    return next;
+    const Continued continued = ContinueCurrentEstimate(parts_.shop, parts_.database);
+    if (!continued.hasCopied) copy_ = before;
+    return continued.next;
   };
 }
 

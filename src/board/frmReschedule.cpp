@@ -4,12 +4,14 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
+#include "records/GivenUp.h"
 
 namespace lantos {
 
 namespace {
 
 constexpr std::size_t kCommentsWidth = 255;
+constexpr const char* kTitle = "Reschedule";
 
 }  // namespace
 
@@ -28,7 +30,7 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
 }
 
 void frmReschedule::Accept() {
-  if (ReadAfresh(shop_, database_, "Reschedule") == Meanwhile::Stops) return;
+  if (ReadAfresh(shop_, database_, kTitle) == Meanwhile::Stops) return;
   copy_.Run([this] { Move(DTPicker1.Value()); });
   ok = true;
   newDate = DTPicker1.Value();
@@ -39,17 +41,20 @@ void frmReschedule::Accept() {
 // the old comments: it is made before they are changed.
 void frmReschedule::Move(DaySerial date) {
   Estimate& current = database_.estimates.CurrentEstimate;
-  const Estimate old = current;
-  if (!copy_.IsWholeOn(date)) copy_.Make(date, kScheduled);
-  const bool staysEstimateOnly = old.Status == kEstimateOnly;
-  if (!staysEstimateOnly) {
-    database_.lantosData.SetStatus(kRescheduled, old.EstimateNumber);
-    current.Status = kRescheduled;
-  }
-  const std::string mark = staysEstimateOnly ? "Scheduled for " : "Rescheduled for ";
-  const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(old.Comments), kCommentsWidth));
-  database_.lantosData.SetComments(comments, old.EstimateNumber);
+  copy_.Make(date, kScheduled);
+  const bool isStored = StoreUnlessChanged(shop_, database_, kTitle, [this] { MarkStatus(); });
+  if (!isStored) throw GivenUp("This estimate was left as it is.");
+  const std::string mark = current.Status == kEstimateOnly ? "Scheduled for " : "Rescheduled for ";
+  const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(current.Comments), kCommentsWidth));
+  database_.lantosData.SetComments(comments, current.EstimateNumber);
   current.Comments = comments;
+}
+
+void frmReschedule::MarkStatus() {
+  Estimate& current = database_.estimates.CurrentEstimate;
+  if (current.Status == kEstimateOnly) return;
+  database_.lantosData.SetStatus(kRescheduled, current.EstimateNumber);
+  current.Status = kRescheduled;
 }
 
 }  // namespace lantos

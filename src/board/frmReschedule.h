@@ -28,6 +28,7 @@ class frmReschedule : public OkCancelForm {
   void OnActivate() override { DTPicker1.SetFocus(); }
   void Accept() override;
   void Move(DaySerial date);
+  void MarkStatus();
 
   Shop& shop_;
   EstimateDatabase& database_;

@@ -1,7 +1,5 @@
 #include "contents/EstimateTotals.h"
 
-#include <algorithm>
-
 namespace lantos {
 
 namespace {
@@ -70,7 +68,7 @@ EstimateTotals TotalsOf(const TotalledLines& lines, const TaxRates& rates, TaxSt
 
 std::int64_t LaborSum(const LaborByNumber& labor) {
   std::int64_t sum = 0;
-  for (const auto& [number, line] : labor) sum += std::max(0, line.Total);
+  for (const auto& [number, line] : labor) sum += CountedLabor(line.Total);
   return sum;
 }
 

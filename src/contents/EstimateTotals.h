@@ -50,6 +50,7 @@ struct EstimateTotals {
 EstimateTotals TotalsOf(const TotalledLines& lines, const TaxRates& rates, TaxStanding standing);
 
 // In cents. Hours that are taken off, with a total below zero, take off no money.
+constexpr Cents CountedLabor(Cents total) { return total > 0 ? total : 0; }
 std::int64_t LaborSum(const LaborByNumber& labor);
 std::int64_t PartsSum(const std::vector<PartLine>& parts);
 

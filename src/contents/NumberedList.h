@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "contents/AmountFields.h"
 #include "contents/NumberedRows.h"
@@ -34,6 +35,7 @@ class NumberedList {
   // In place of the line that has the number.
   void Put(std::int32_t number, Line line) {
     Reserve(number);
+    offScreen_.erase(number);
     rows_.Put(number, makeRows_(line));
     lines_.insert_or_assign(number, std::move(line));
   }
@@ -41,14 +43,17 @@ class NumberedList {
     rows_.Remove(number);
     lines_.erase(number);
   }
-  // Lines and rows; the numbers that were given stay given.
+  // Lines and rows; the numbers that were given stay given. What they number is off the screen alone.
   void Clear() {
+    for (const auto& [number, line] : lines_) offScreen_.insert(number);
     lines_.clear();
     rows_.Clear();
   }
-  // For the lines of something else.
+  bool IsOffScreen(std::int32_t number) const { return offScreen_.contains(number); }
+  // For the lines of something else, or for the same ones read again.
   void StartAnew() {
     Clear();
+    offScreen_.clear();
     highest_ = highestAtStart_;
   }
 
@@ -58,6 +63,7 @@ class NumberedList {
 
  private:
   std::map<std::int32_t, Line> lines_;
+  std::set<std::int32_t> offScreen_;
   NumberedRows rows_;
   MakeRows makeRows_;
   std::int32_t highestAtStart_;

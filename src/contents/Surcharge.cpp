@@ -47,9 +47,12 @@ Cents SurchargeOn(std::int64_t sum, Millionths rate) {
   return LongOrOverflow(sum > kMost / rate ? kMost : DivideHalfEven(sum * rate, kWholeRate));
 }
 
-Surcharge::Refusal Surcharge::StoreWithSurcharge(const std::function<Sums()>& change) {
+Surcharge::Refusal Surcharge::StoreWithSurcharge(const std::function<void()>& change, PartsCounted parts) {
   Refusal refusal;
-  bench_.Data().Connection().Together([&] { refusal = TryToWrite(change()); });
+  bench_.Data().Connection().Together([&] {
+    change();
+    refusal = TryToWrite(parts);
+  });
   return refusal;
 }
 
@@ -64,24 +67,53 @@ void Surcharge::TellRefusal(const Refusal& refusal) {
   }
 }
 
-void Surcharge::ApplySurcharge() { TellRefusal(TryToWrite(SumsOnShow())); }
+void Surcharge::ApplySurcharge() { TellRefusal(TryToWrite(PartsCounted::NoneOffScreen)); }
 
-Surcharge::Sums Surcharge::SumsOnShow() const { return {LaborSum(lines_.labor.Lines()), PartsSum(lines_.parts)}; }
-
-Surcharge::Refusal Surcharge::TryToWrite(const Sums& sums) {
+Surcharge::Refusal Surcharge::TryToWrite(PartsCounted parts) {
+  hasMadeItsLine_ = false;
   try {
-    bench_.Data().Connection().Apart([&] { Write(sums); });
+    bench_.Data().Connection().Apart([&] { Write(parts); });
     return nullptr;
   } catch (const std::exception&) {
+    hasMadeItsLine_ = false;
     return std::current_exception();
   }
 }
 
-void Surcharge::Write(const Sums& sums) {
+void Surcharge::Write(PartsCounted parts) {
   const SystemRecord& system = bench_.System();
   if (system.Get(sysrec::labor_surcharge_percent) == 0 && system.Get(sysrec::parts_surcharge_percent) == 0) return;
   if (system.View(sysrec::surcharge_description).empty()) return;
-  SetSurchargeLine(system.Get(sysrec::surcharge_is_sublet) == 'Y' ? kSublets : kWaste, Amount(sums));
+  SetSurchargeLine(IsSublet() ? kSublets : kWaste, Amount(StoredSums(parts)));
+}
+
+bool Surcharge::IsSublet() const { return bench_.System().Get(sysrec::surcharge_is_sublet) == 'Y'; }
+
+Surcharge::Sums Surcharge::StoredSums(PartsCounted parts) {
+  Sums sums;
+  if (bench_.System().Get(sysrec::labor_surcharge_percent) != 0) {
+    Recordset& labor = bench_.Data().LaborForEstimate(bench_.Number());
+    for (; !labor.Eof(); labor.MoveNext()) {
+      if (!lines_.labor.IsOffScreen(labor.Long("LaborNumber"))) sums.labor += CountedLabor(labor.Long("LaborTotal"));
+    }
+    labor.Close();
+  }
+  if (bench_.System().Get(sysrec::parts_surcharge_percent) != 0) {
+    Recordset& stored = bench_.Data().PartsTable(bench_.Number());
+    for (; !stored.Eof(); stored.MoveNext()) {
+      const bool isOffScreen = lines_.partsOffScreen.contains(Trim(stored.Text("PartNumber")));
+      if (parts == PartsCounted::All || !isOffScreen) sums.parts += stored.Long("PartTotal");
+    }
+    stored.Close();
+  }
+  return sums;
+}
+
+void Surcharge::MakeRoomInWaste() {
+  if (IsSublet()) return;
+  Recordset& row = bench_.Data().GetWasteSurcharge(bench_.Number());
+  if (!row.Eof()) bench_.Data().DeleteWaste(bench_.Number(), row.Long(kWaste.number));
+  row.Close();
 }
 
 Cents Surcharge::Amount(const Sums& sums) const {
@@ -110,6 +142,7 @@ void Surcharge::Add(const SurchargeTable& table, Cents amount) {
   const SystemRecord& system = bench_.System();
   (bench_.Data().*table.add)(
       bench_.Number(), {amount, system.Get(sysrec::surcharge_description), DefaultTaxable(system.Get(table.taxRate))});
+  hasMadeItsLine_ = true;
 }
 
 // What is in the way, and how to get it out of there: a line that is added again has the next number.

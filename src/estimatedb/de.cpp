@@ -43,6 +43,8 @@ Recordset& de::GetEstimatesByDate(DaySerial date) { return Run("GetEstimatesByDa
 
 Recordset& de::EstimateByNumber(std::int32_t estimate) { return Run("EstimateByNumber", {Long(estimate)}); }
 
+Recordset& de::HighestEstimate(std::int32_t upTo) { return Run("HighestEstimate", {Long(upTo)}); }
+
 Recordset& de::LaborForEstimate(std::int32_t estimate) { return Run("LaborForEstimate", {Long(estimate)}); }
 
 void de::AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,

@@ -58,6 +58,7 @@ class de : public DataEnvironment {
   void SetVehicle(FileLink vehicleLink, std::int32_t estimate);
   Recordset& GetEstimatesByDate(DaySerial date);
   Recordset& EstimateByNumber(std::int32_t estimate);
+  Recordset& HighestEstimate(std::int32_t upTo);
   Recordset& LaborForEstimate(std::int32_t estimate);
   void AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
                 Cents rate, Cents total, std::int32_t employee);

@@ -74,7 +74,8 @@ void modEstimates::ReadRow(const Recordset& row, Estimate& estimate) {
 
 std::int32_t modEstimates::CreateEstimate(DaySerial date, std::int16_t status) {
   const std::optional<std::int32_t> taken =
-      system_.TakeFreeNumber(sysrec::last_estimate_number, [this](std::int32_t each) { return IsOnFile(each); });
+      system_.TakeFreeNumber(sysrec::last_estimate_number, [this](std::int32_t each) { return IsOnFile(each); },
+                             {.found = {}, .beforehand = {}, .highest = [this] { return Highest(); }});
   if (!taken) throw std::runtime_error("The estimate was given no number. No estimate was made.");
   const std::int32_t number = *taken;
   Recordset& table = de_.Rs("EstimatesTable");
@@ -91,13 +92,22 @@ bool modEstimates::IsOnFile(std::int32_t number) {
   return isThere;
 }
 
+std::int32_t modEstimates::Highest() {
+  Recordset& row = de_.HighestEstimate(kHighestNumber);
+  const std::int32_t highest = row.Eof() ? 0 : row.Long("Highest");
+  row.Close();
+  return highest;
+}
+
 void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber) {
-  de_.CloneEstimate(oldNumber, newNumber);
-  de_.CloneParts(newNumber, oldNumber);
-  de_.CloneLabors(newNumber, oldNumber);
-  de_.CloneNotes(newNumber, oldNumber);
-  de_.CloneSublets(newNumber, oldNumber);
-  de_.CloneWaste(newNumber, oldNumber);
+  de_.Connection().Together([&] {
+    de_.CloneEstimate(oldNumber, newNumber);
+    de_.CloneParts(newNumber, oldNumber);
+    de_.CloneLabors(newNumber, oldNumber);
+    de_.CloneNotes(newNumber, oldNumber);
+    de_.CloneSublets(newNumber, oldNumber);
+    de_.CloneWaste(newNumber, oldNumber);
+  });
 }
 
 void modEstimates::SaveStatus() { de_.SetStatus(CurrentEstimate.Status, CurrentEstimate.EstimateNumber); }

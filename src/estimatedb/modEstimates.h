@@ -56,6 +56,7 @@ class modEstimates {
   // is never taken: the next free one is, if the person wants it (see modSystem::TakeFreeNumber), or nothing is made
   // and std::runtime_error says so.
   std::int32_t CreateEstimate(DaySerial date, std::int16_t status);
+  // All of it or nothing: of a copy that stayed empty it can be tried again.
   void CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber);
   void SaveStatus();
   // The status in memory and in the database. When the database refuses, memory has the old one.
@@ -69,6 +70,7 @@ class modEstimates {
 
  private:
   bool IsOnFile(std::int32_t number);
+  std::int32_t Highest();
 
   Environment& environment_;
   de& de_;

@@ -1,5 +1,7 @@
 #include "frame/FileCause.h"
 
+#include "frame/UnfitFile.h"
+
 namespace lantos {
 
 std::string CauseInWords(FileErrorNumber number) {
@@ -20,6 +22,14 @@ std::string CauseInWords(FileErrorNumber number) {
       return "it is read-only, or closed to you by its permissions";
   }
   return "an unknown error";
+}
+
+FileFailure::FileFailure(const FileError& error) : number(error.Number()) {
+  if (dynamic_cast<const UnfitFile*>(&error) != nullptr) unfit = error.Words();
+}
+
+std::string InWords(const FileFailure& failure, std::string_view sentence) {
+  return failure.unfit.empty() ? std::string(sentence) + ": " + CauseInWords(failure.number) + "." : failure.unfit;
 }
 
 }  // namespace lantos

@@ -4,12 +4,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
+#include <span>
 #include <thread>
 
+#include "frame/ReplaceContent.h"
 #include "frame/UnfitFile.h"
+#include "frame/Uninterrupted.h"
 
 namespace lantos {
 
@@ -41,14 +44,74 @@ void Lock(int descriptor, LockedText::Purpose purpose) {
   }
 }
 
+// What ReplaceContent does its work on.
+class DescribedFile {
+ public:
+  DescribedFile(int descriptor, const std::filesystem::path& path) : descriptor_(descriptor), path_(path) {}
+
+  std::uint64_t Length() const {
+    struct stat status = {};
+    if (::fstat(descriptor_, &status) != 0) ThrowFileError(errno, "looking at " + path_.string());
+    return static_cast<std::uint64_t>(status.st_size);
+  }
+  // What lies past the end stays as it is in the span. Returns the bytes really read.
+  std::size_t ReadAt(std::uint64_t offset, std::span<std::byte> into) const {
+    std::size_t done = 0;
+    while (done < into.size()) {
+      const ssize_t count = Uninterrupted([&] {
+        return ::pread(descriptor_, into.data() + done, into.size() - done, static_cast<off_t>(offset + done));
+      });
+      if (count < 0) ThrowFileError(errno, "reading " + path_.string());
+      if (count == 0) break;
+      done += static_cast<std::size_t>(count);
+    }
+    return done;
+  }
+  void WriteAt(std::uint64_t offset, std::span<const std::byte> bytes) {
+    const std::uint64_t lengthBefore = Length();
+    for (std::size_t done = 0; done < bytes.size();) {
+      const ssize_t count = Uninterrupted([&] {
+        return ::pwrite(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
+      });
+      if (count <= 0) {
+        const int errorNumber = count == 0 ? ENOSPC : errno;
+        if (offset + done > lengthBefore) CutBack(lengthBefore);
+        ThrowFileError(errorNumber, "writing " + path_.string());
+      }
+      done += static_cast<std::size_t>(count);
+    }
+  }
+  void Truncate(std::uint64_t length) {
+    if (::ftruncate(descriptor_, static_cast<off_t>(length)) != 0) ThrowFileError(errno, "cutting " + path_.string());
+  }
+
+ private:
+  // When even this fails, the error of the write is the one to tell.
+  void CutBack(std::uint64_t length) {
+    [[maybe_unused]] const int result = ::ftruncate(descriptor_, static_cast<off_t>(length));
+  }
+
+  int descriptor_;
+  const std::filesystem::path& path_;
+};
+
+FileFailure FailureOfOpening(int errorNumber, const std::filesystem::path& path) {
+  try {
+    RefuseUnfit(errorNumber, path);
+    return FileFailure(NumberOfErrno(errorNumber));
+  } catch (const FileError& error) {
+    return FileFailure(error);
+  }
+}
+
 }  // namespace
 
 LockedText::LockedText(const std::filesystem::path& path, Purpose purpose, Links links)
-    : descriptor_(Open(path, purpose, links)) {
+    : path_(path), descriptor_(Open(path, purpose, links)) {
   if (descriptor_ >= 0) {
     Lock(descriptor_, purpose);
   } else {
-    errorNumber_ = errno;
+    failure_ = FailureOfOpening(errno, path);
   }
 }
 
@@ -57,63 +120,35 @@ LockedText::~LockedText() {
 }
 
 std::optional<std::string> LockedText::Read() const {
-  struct stat status = {};
-  if (descriptor_ < 0 || ::fstat(descriptor_, &status) != 0) return std::nullopt;
-  if (static_cast<std::uint64_t>(status.st_size) > kLongestTextFile) return std::nullopt;
-  std::string text;
-  std::array<char, 4096> block;
-  for (;;) {
-    const ssize_t count = ::pread(descriptor_, block.data(), block.size(), static_cast<off_t>(text.size()));
-    if (count < 0) {
-      Fail(errno);
-      return std::nullopt;
-    }
-    if (count == 0) {
-      text.erase(text.find_last_not_of('\0') + 1);
-      return text;
-    }
-    text.append(block.data(), static_cast<std::size_t>(count));
+  if (descriptor_ < 0) return std::nullopt;
+  try {
+    return Content();
+  } catch (const FileError& error) {
+    failure_ = FileFailure(error);
+    return std::nullopt;
   }
+}
+
+std::string LockedText::Content() const {
+  const DescribedFile file(descriptor_, path_);
+  const std::uint64_t length = file.Length();
+  RefuseTooLong(path_, length, kLongestTextFile);
+  std::string text(static_cast<std::size_t>(length), '\0');
+  text.resize(file.ReadAt(0, std::as_writable_bytes(std::span(text))));
+  text.erase(text.find_last_not_of('\0') + 1);
+  return text;
 }
 
 bool LockedText::Replace(std::string_view text) {
-  struct stat status = {};
   if (descriptor_ < 0) return false;
-  if (::fstat(descriptor_, &status) != 0) return Fail(errno);
-  const std::optional<std::string> before = Read();
-  if (!before || !MakeRoom(text.size(), static_cast<std::size_t>(status.st_size))) return false;
-  if (Write(text)) return true;
-  // The error of the first write is the one to tell.
-  const int errorNumber = errorNumber_;
-  if (!Write(*before)) {
-    [[maybe_unused]] const int cutBack = ::ftruncate(descriptor_, status.st_size);
+  DescribedFile file(descriptor_, path_);
+  try {
+    ReplaceContent(file, std::as_bytes(std::span(text)));
+    return true;
+  } catch (const FileError& error) {
+    failure_ = FileFailure(error);
+    return false;
   }
-  return Fail(errorNumber);
-}
-
-bool LockedText::Write(std::string_view text) {
-  for (std::size_t written = 0; written < text.size();) {
-    const std::string_view rest = text.substr(written);
-    const ssize_t count = ::pwrite(descriptor_, rest.data(), rest.size(), static_cast<off_t>(written));
-    if (count <= 0) return Fail(count == 0 ? ENOSPC : errno);
-    written += static_cast<std::size_t>(count);
-  }
-  return ::ftruncate(descriptor_, static_cast<off_t>(text.size())) == 0 || Fail(errno);
-}
-
-bool LockedText::Fail(int errorNumber) const {
-  errorNumber_ = errorNumber;
-  return false;
-}
-
-// The room is taken before the first byte changes, so that a full disk is told while nothing is lost yet.
-bool LockedText::MakeRoom(std::size_t length, std::size_t lengthBefore) {
-  if (length <= lengthBefore) return true;
-  const auto more = static_cast<off_t>(length - lengthBefore);
-  const int errorNumber = ::posix_fallocate(descriptor_, static_cast<off_t>(lengthBefore), more);
-  if (errorNumber == 0) return true;
-  [[maybe_unused]] const int cutBack = ::ftruncate(descriptor_, static_cast<off_t>(lengthBefore));
-  return Fail(errorNumber);
 }
 
 }  // namespace lantos

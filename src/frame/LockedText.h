@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "frame/FileCause.h"
 #include "frame/GuardedOpen.h"
 
 namespace lantos {
@@ -25,16 +26,15 @@ class LockedText {
   std::optional<std::string> Read() const;
   // False when it can't be written; it stays as it was then, as far as the disk lets it.
   bool Replace(std::string_view text);
-  // Of what has failed, from the opening on; 0 when nothing has.
-  int ErrorNumber() const { return errorNumber_; }
+  // Of what has failed last, from the opening on.
+  const FileFailure& Failure() const { return failure_; }
 
  private:
-  bool MakeRoom(std::size_t length, std::size_t lengthBefore);
-  bool Write(std::string_view text);
-  bool Fail(int errorNumber) const;
+  std::string Content() const;  // throws FileError
 
+  std::filesystem::path path_;
   int descriptor_ = -1;
-  mutable int errorNumber_ = 0;
+  mutable FileFailure failure_;
 };
 
 }  // namespace lantos

@@ -150,7 +150,7 @@ bool ProfileFile::Edit(std::string_view section, const std::vector<Entry>& entri
     const std::string after = TextOf(lines);
     if (after == *before || file.Replace(after)) return true;
   }
-  failure_ = NumberOfErrno(file.ErrorNumber());
+  failure_ = file.Failure();
   return false;
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/FileError.h"
+#include "frame/FileCause.h"
 #include "frame/GuardedOpen.h"
 
 namespace lantos {
@@ -53,14 +53,14 @@ class ProfileFile {
   // All of a section's entries at once, or none.
   bool Put(std::string_view section, const std::vector<Entry>& entries);
   // Why the last Put that failed did.
-  FileErrorNumber Failure() const { return failure_; }
+  const FileFailure& Failure() const { return failure_; }
 
  private:
   bool Edit(std::string_view section, const std::vector<Entry>& entries);
 
   std::filesystem::path path_;
   LogFailure logFailure_;
-  FileErrorNumber failure_ = FileErrorNumber::PathFileAccess;
+  FileFailure failure_;
   Links links_;
 };
 

@@ -27,6 +27,10 @@ class UpdateTurns {
 
     bool IsHad() const { return isHad_; }
     void WaitAgain() { isHad_ = turns_.Begin(); }
+    void LetGo() {
+      if (isHad_) turns_.End();
+      isHad_ = false;
+    }
 
    private:
     UpdateTurns& turns_;

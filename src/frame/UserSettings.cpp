@@ -48,7 +48,7 @@ bool UserSettings::Save(std::string_view application, std::string_view section, 
   const std::filesystem::path file = FileOf(application);
   ProfileFile profile(file, nullptr, Links::Followed);
   if (profile.Put(section, key, value)) return true;
-  failure_ = noDirectory ? NumberOfErrno(noDirectory.value()) : profile.Failure();
+  failure_ = noDirectory ? FileFailure(NumberOfErrno(noDirectory.value())) : profile.Failure();
   if (!logFailure) return false;
   logFailure("Setting " + std::string(key) + " could not be saved in " + TextOfPath(file) +
              (noDirectory ? ": " + noDirectory.message() : ""));

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/FileError.h"
+#include "frame/FileCause.h"
 
 namespace lantos {
 
@@ -35,13 +35,13 @@ class UserSettings {
 
   // Where an application's values lie, and why the last one that could not be saved was not.
   std::filesystem::path FileOf(std::string_view application) const;
-  FileErrorNumber Failure() const { return failure_; }
+  const FileFailure& Failure() const { return failure_; }
   // Hears of a value that could not be saved.
   std::function<void(const std::string& text)> logFailure;
 
  private:
   std::filesystem::path directory_;
-  FileErrorNumber failure_ = FileErrorNumber::PathFileAccess;
+  FileFailure failure_;
 };
 
 inline constexpr std::string_view kOwnApplication = "Lantos";

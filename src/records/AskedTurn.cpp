@@ -1,21 +1,30 @@
 #include "records/AskedTurn.h"
 
-#include <string>
-
 #include "records/GivenUp.h"
 
 namespace lantos {
 
-AskedTurn::AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file) : turn_(turns) {
-  const std::string name(file);
+AskedTurn::AskedTurn(UpdateTurns& turns, ui::Desktop& desktop, std::string_view file, const WithoutTurn& without)
+    : desktop_(desktop), file_(file), cancelling_(without.cancelling), turn_(turns) {
+  if (!WaitForIt()) throw GivenUp("Another copy is changing " + file_ + ". " + std::string(without.outcome));
+}
+
+bool AskedTurn::TakeAgain() {
+  ++retakes_;
+  turn_.WaitAgain();
+  return WaitForIt();
+}
+
+bool AskedTurn::WaitForIt() {
   while (!turn_.IsHad()) {
     const ui::Answer answer =
-        desktop.Ask("Another copy of the program is changing " + name +
-                        " and doesn't come to its end.\rClick Retry to wait for it, or Cancel to change nothing.",
-                    name, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
-    if (answer == ui::Answer::Cancel) throw GivenUp("Another copy is changing " + name + ". Nothing was changed.");
+        desktop_.Ask("Another copy of the program is changing " + file_ +
+                         " and doesn't come to its end.\rClick Retry to wait for it, or Cancel to " + cancelling_ + ".",
+                     file_, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+    if (answer == ui::Answer::Cancel) return false;
     turn_.WaitAgain();
   }
+  return true;
 }
 
 }  // namespace lantos

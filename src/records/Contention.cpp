@@ -18,11 +18,17 @@ void Replace(std::string& text, std::string_view mark, std::string_view value) {
 
 bool Contention::TryAgain(const FileError& error) {
   Note(error);
-  if (!rule_.file.empty() && error.Number() != FileErrorNumber::PermissionDenied) return TryOtherAgain(error);
+  if (IsOther(error)) return TryOtherAgain(error);
   if (rule_.failures == ContentionRule::Failures::SharingOnly && error.Number() != FileErrorNumber::PermissionDenied) {
     throw;
   }
   return RetrySilently(error) || AskOrTell(error);
+}
+
+// What lies under the file's name may be unfit for any rule.
+bool Contention::IsOther(const FileError& error) const {
+  if (error.Number() == FileErrorNumber::PermissionDenied || rule_.cancelling.empty()) return false;
+  return !rule_.file.empty() || dynamic_cast<const UnfitFile*>(&error) != nullptr;
 }
 
 // Nobody else's hold ends it, so the person learns what is in the way.
@@ -37,13 +43,10 @@ bool Contention::TryOtherAgain(const FileError& error) {
   if (rule_.noted == ContentionRule::Noted::Nothing) environment_.log.Write(error.what());
   const std::string file = Fill(rule_.file, {});
   const std::string title = rule_.title.empty() ? file : Fill(rule_.title, error.Text());
-  // What lies under the file's name may be unfit; that says so itself.
-  const auto* unfit = dynamic_cast<const UnfitFile*>(&error);
-  const std::string what =
-      unfit != nullptr ? unfit->Words() : file + " can not be used: " + CauseInWords(error.Number()) + ".";
+  const std::string what = InWords(FileFailure(error), file + " can not be used");
   const ui::Answer answer =
-      desktop_->Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
-                    ui::Buttons::RetryCancel, ui::Icon::Exclamation);
+      Ask(what + "\rClick Retry to try again, or Cancel to " + std::string(rule_.cancelling) + ".", title,
+          ui::Buttons::RetryCancel, ui::Icon::Exclamation);
   if (answer == ui::Answer::Retry) return true;
   if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
   return false;
@@ -68,10 +71,19 @@ bool Contention::AskOrTell(const FileError& error) {
   if (rule_.afterRetries == ContentionRule::AfterRetries::Surface) throw;
   if (rule_.afterRetries == ContentionRule::AfterRetries::AskAndRetrySilently) failures_ = 0;
   const ui::Answer answer =
-      desktop_->Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
+      Ask(Fill(rule_.text, error.Text()), Fill(rule_.title, error.Text()), rule_.buttons, rule_.icon);
   if (rule_.afterRetries == ContentionRule::AfterRetries::GiveUp || answer == ui::Answer::Cancel) return false;
   Wait(rule_.pauseAfterBox);
   return true;
+}
+
+ui::Answer Contention::Ask(const std::string& text, const std::string& title, ui::Buttons buttons, ui::Icon icon) {
+  if (beforeAsking_) beforeAsking_();
+  if (turn_ == nullptr) return desktop_->Ask(text, title, buttons, icon);
+  turn_->LetGo();
+  const ui::Answer answer = desktop_->Ask(text, title, buttons, icon);
+  if (answer == ui::Answer::Cancel || turn_->TakeAgain()) return answer;
+  return ui::Answer::Cancel;
 }
 
 void Contention::Wait(ContentionRule::Pause pause) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "frame/Environment.h"
 #include "frame/FileError.h"
+#include "records/AskedTurn.h"
 #include "records/ContentionRules.h"
 #include "ui/Desktop.h"
 
@@ -19,6 +21,12 @@ class Contention {
   // For a rule that speaks to nobody.
   Contention(const ContentionRule& rule, Environment& environment) : rule_(rule), environment_(environment) {}
   ~Contention() { EndWord(); }
+  // No box of this contention is up while the turn is had: it is let go ahead of each, and taken again behind it.
+  // Cancel while it is waited for again is Cancel in the box. What was looked at within the turn may be changed then:
+  // AskedTurn::Retakes tells.
+  void LetGoWhileAsked(AskedTurn& turn) { turn_ = &turn; }
+  // Runs ahead of each box.
+  void BeforeAsking(std::function<void()> procedure) { beforeAsking_ = std::move(procedure); }
   Contention(const Contention&) = delete;
 
   // Runs the statement, again after each FileError for as long as the rule and the person want. False when it was
@@ -42,8 +50,10 @@ class Contention {
   void Note(const FileError& error);
   bool RetrySilently(const FileError& error);
   bool AskOrTell(const FileError& error);
-  // What is no sharing conflict, by a rule that names its file.
+  // What is no sharing conflict, by a rule that names its file or where the file is unfit.
+  bool IsOther(const FileError& error) const;
   bool TryOtherAgain(const FileError& error);
+  ui::Answer Ask(const std::string& text, const std::string& title, ui::Buttons buttons, ui::Icon icon);
   void Wait(ContentionRule::Pause pause);
   void ShowWordWhenDue(const FileError& error);
   void EndWord();
@@ -53,6 +63,8 @@ class Contention {
   ui::Desktop* desktop_ = nullptr;
   Environment& environment_;
   std::string what_;
+  AskedTurn* turn_ = nullptr;
+  std::function<void()> beforeAsking_;
   int otherFailures_ = 0;  // since the last box about one
   int failures_ = 0;       // since the last box that began the silent retries anew
   bool noted_ = false;

@@ -39,7 +39,8 @@ struct ContentionRule {
   // On the status line and in the log once a wait has taken a second; the line is cleared at the end of the wait.
   std::string_view word = {};
   // The file that is waited for, where the rule's own words blame another user: any other failure is then asked about
-  // with its true cause, with Retry and Cancel. cancelling is what Cancel does, behind "Cancel to".
+  // with its true cause, with Retry and Cancel. cancelling is what Cancel does, behind "Cancel to". A rule with that
+  // alone has its own words for any failure, but lets a file that is unfit to be opened say so.
   std::string_view file = {};
   std::string_view cancelling = {};
   int otherRetries = 0;  // silent ones, ahead of that box
@@ -154,6 +155,7 @@ inline constexpr ContentionRule kReadInventory = {
     .title = "ReadInventory",
     .buttons = Buttons::RetryCancel,
     .icon = Icon::Exclamation,
+    .cancelling = "leave the part unread",
 };
 inline constexpr ContentionRule kReadInventoryTag = {
     .pauseAfterBox = Pause::QuarterOfASecond,
@@ -161,6 +163,7 @@ inline constexpr ContentionRule kReadInventoryTag = {
     .title = "ReadInventoryTag",
     .buttons = Buttons::RetryCancel,
     .icon = Icon::Exclamation,
+    .cancelling = "leave the part unread",
 };
 inline constexpr ContentionRule kLoadInventoryTags = {
     .noted = Noted::EachFailure,
@@ -179,6 +182,7 @@ inline constexpr ContentionRule kReadTagOfChange = {
     .title = kReadInventoryTag.title,
     .buttons = Buttons::RetryCancel,
     .icon = Icon::Exclamation,
+    .cancelling = "leave the change for later",
 };
 // What the copies tell one another: the update files of the others, and the own one.
 inline constexpr ContentionRule kBroadcastUpdate = {
@@ -191,6 +195,7 @@ inline constexpr ContentionRule kBroadcastUpdate = {
     .title = "BroadcastUpdate",
     .buttons = Buttons::RetryCancel,
     .icon = Icon::Exclamation,
+    .cancelling = "skip this file",
 };
 inline constexpr ContentionRule kReadUpdateFile = {
     .silentRetries = 2,
@@ -208,18 +213,6 @@ inline constexpr ContentionRule kUpdateUsage = {
     .file = "{what}",
     .cancelling = "go on without noting the use of the part",
     .otherRetries = 2,
-};
-// The same file, where a conversion that ended in the middle is finished or undone.
-inline constexpr ContentionRule kRepairUsage = {
-    .silentRetries = 19,
-    .pause = Pause::TenthOfASecond,
-    .afterRetries = AfterRetries::AskAndRetrySilently,
-    .text = "{what} is locked by another user.\rClick Retry to try again, or Cancel to stop here.",
-    .title = "{what}",
-    .buttons = Buttons::RetryCancel,
-    .icon = Icon::Exclamation,
-    .file = "{what}",
-    .cancelling = "stop here",
 };
 inline constexpr ContentionRule kOpenKitsExclusive = {
     .afterRetries = AfterRetries::GiveUp,
@@ -282,12 +275,17 @@ inline constexpr ContentionRule kReadWorkorderTags = {
     .title = "{what}",
     .buttons = Buttons::RetryCancel,
 };
-// What a new work order consists of: who holds a file of it ends the writing after two seconds, as ever; what else
-// keeps it from being written is asked about, since most of the work is done by then.
-inline constexpr ContentionRule kWriteWorkorder = {
+// What a new work order consists of and how far it came: its number among all tags, its first tag, its text, its
+// journal, and the usage of its parts where it is finished or undone. Most of the work may be done by then, so whatever
+// keeps one of these from being used is asked about.
+inline constexpr ContentionRule kConversionFile = {
     .silentRetries = kMomentsPatience.silentRetries,
     .pause = kMomentsPatience.pause,
-    .afterRetries = AfterRetries::Surface,
+    .afterRetries = AfterRetries::AskAndRetrySilently,
+    .text = "{what} is locked by another user.\rClick Retry to try again, or Cancel to stop here.",
+    .title = "{what}",
+    .buttons = Buttons::RetryCancel,
+    .icon = Icon::Exclamation,
     .file = "{what}",
     .cancelling = "stop here",
 };

@@ -31,6 +31,8 @@ bool CustomerFiles::Open() {
   const std::filesystem::path tags = environment_.files.PathOf(kCustomerTagFile);
   turns_.emplace(tags, environment_.clock);
   turn_.emplace(*turns_, desktop_, kCustomerTagFile);
+  tagContention_.LetGoWhileAsked(*turn_);
+  masterContention_.LetGoWhileAsked(*turn_);
   if (!tagContention_.Run(openTags)) return false;
   if (!masterContention_.Run([&] { masterFile_.Open(kCustomerFile, Access::Write, Deny::None); })) return false;
   // What is open for writing can be opened for reading too: nobody can deny it any more.
@@ -114,12 +116,22 @@ std::uint64_t CustomerFiles::EndOfTags() const { return tags_->Length() / kTagLe
 
 FileLink CustomerFiles::EndOfMasters() const { return LinkAtEnd(masters_->Length(), kCustomerFile); }
 
-void CustomerFiles::Write(const Places& places, const CustomerTag& tag, const CustomerRecord& master,
-                          Written& written) {
-  if (!tagContention_.Run([&] { tagFile_->WriteAt(places.tag, tag.Bytes()); })) return;
+CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const CustomerTag& tag, const CustomerRecord& master,
+                                            Written& written) {
+  const auto isOvertaken = [this, retakes = turn_->Retakes()] { return turn_->Retakes() != retakes; };
+  const auto writeTag = [&] {
+    if (!isOvertaken()) tagFile_->WriteAt(places.tag, tag.Bytes());
+  };
+  if (!tagContention_.Run(writeTag)) return Outcome::Ended;
+  if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Tag;
-  if (!masterContention_.Run([&] { WriteRecord(*masterFile_, places.master, master); })) return;
+  const auto writeMaster = [&] {
+    if (!isOvertaken()) WriteRecord(*masterFile_, places.master, master);
+  };
+  if (!masterContention_.Run(writeMaster)) return Outcome::Ended;
+  if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Both;
+  return Outcome::Ended;
 }
 
 void CustomerFiles::Close() {

@@ -42,8 +42,11 @@ class CustomerFiles {
 
   // How far a writing came: the person may give up after each failure.
   enum class Written { Nothing, Tag, Both };
-  // written says how far it came when it throws, too.
-  void Write(const Places& places, const CustomerTag& tag, const CustomerRecord& master, Written& written);
+  // written says how far it came when it throws, too. The turn isn't had while the person is asked. LookAgain: it was
+  // taken again since, and others may have written meanwhile; nothing was written behind that, and the places have to
+  // be looked at anew.
+  enum class Outcome { Ended, LookAgain };
+  Outcome Write(const Places& places, const CustomerTag& tag, const CustomerRecord& master, Written& written);
   // Ends the turn, closes both and flushes them, the tags first.
   void Close();
 

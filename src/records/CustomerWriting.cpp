@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <stdexcept>
 
 #include "frame/Dates.h"
@@ -43,6 +44,21 @@ void Follow(CustomerTag& tag, CustomerRecord& record) {
   tag.Put(customertag::reserved, "");
 }
 
+// Behind the highest that a tag bears, where the number found is somebody's.
+std::optional<std::int32_t> FreeNumber(Customers& customers, modSystem& system, std::optional<std::int32_t> found) {
+  const auto isTaken = [&](std::int32_t each) { return customers.IndexOf(each) != customers.Count(); };
+  const auto highest = [&] {
+    std::int32_t number = 0;
+    for (std::size_t i = 0; i < customers.Count(); ++i) {
+      const std::int32_t each = customers.Tag(i).Get(customertag::Number);
+      if (each <= kHighestNumber) number = std::max(number, each);
+    }
+    return number;
+  };
+  return system.TakeFreeNumber(sysrec::last_customer_number, isTaken,
+                               {.found = found, .beforehand = {}, .highest = highest});
+}
+
 }  // namespace
 
 // One writing of CurrentCustomer.
@@ -55,7 +71,8 @@ class Customers::Writing {
   std::int32_t Number() const { return customers_.CurrentCustomer.Get(customer::Number); }
   std::optional<std::size_t> Place();
   bool TakeAnotherNumber();
-  bool Store(CustomerFiles& files, std::size_t place);
+  // False when the person gave up; nothing when others may have written meanwhile, and all has to be looked at anew.
+  std::optional<bool> Store(CustomerFiles& files, std::size_t place);
   void TakeUp(const CustomerFiles& files, std::uint64_t tagOffset, std::size_t place, const CustomerTag& tag,
               const CustomerRecord& record);
 
@@ -72,8 +89,7 @@ bool Customers::UpdateCustomer(const Change& change) {
 }
 
 bool Customers::NewCustomer() {
-  const std::optional<std::int32_t> number = system_.TakeFreeNumber(
-      sysrec::last_customer_number, [this](std::int32_t each) { return IndexOf(each) != Count(); });
+  const std::optional<std::int32_t> number = FreeNumber(*this, system_, {});
   if (!number) return false;
   newNumber_ = number;
   CurrentCustomer = {};
@@ -88,14 +104,17 @@ bool Customers::NewCustomer() {
 
 // What lies in the files is looked at again once they are held open: they may have been waited for.
 bool Customers::Writing::Run() {
-  for (int tries = 0; tries < kTries; ++tries) {
+  for (int tries = 0; tries < kTries;) {
     const std::optional<std::size_t> place = Place();
     if (!place) return false;
     CustomerFiles files(customers_.environment_, customers_.desktop_);
     if (!files.Open()) return false;
     const bool isNew = *place == customers_.Count();
-    if (isNew && files.HasTagFrom(*place, Number())) continue;
-    return Store(files, *place);
+    if (isNew && files.HasTagFrom(*place, Number())) {
+      ++tries;
+    } else if (const std::optional<bool> isStored = Store(files, *place)) {
+      return *isStored;
+    }
   }
   throw std::runtime_error("Customer " + FormatZeros(Number(), 6) + " has a tag in " + std::string(kCustomerTagFile) +
                            " that can't be read. Nothing was stored.");
@@ -122,16 +141,14 @@ std::optional<std::size_t> Customers::Writing::Place() {
 }
 
 bool Customers::Writing::TakeAnotherNumber() {
-  const auto isTaken = [this](std::int32_t each) { return customers_.IndexOf(each) != customers_.Count(); };
-  const std::optional<std::int32_t> number =
-      customers_.system_.TakeFreeNumber(sysrec::last_customer_number, isTaken, {.found = Number(), .beforehand = {}});
+  const std::optional<std::int32_t> number = FreeNumber(customers_, customers_.system_, Number());
   if (!number) return false;
   customers_.newNumber_ = number;
   customers_.CurrentCustomer.Put(customer::Number, *number);
   return true;
 }
 
-bool Customers::Writing::Store(CustomerFiles& files, std::size_t place) {
+std::optional<bool> Customers::Writing::Store(CustomerFiles& files, std::size_t place) {
   const bool isNew = place == customers_.Count();
   CustomerTag tag;
   if (!isNew) tag = customers_.tags_[place];
@@ -145,14 +162,16 @@ bool Customers::Writing::Store(CustomerFiles& files, std::size_t place) {
   Follow(tag, record);
   tag.Put(customertag::Offset, places.master);
   CustomerFiles::Written written = CustomerFiles::Written::Nothing;
+  CustomerFiles::Outcome outcome = CustomerFiles::Outcome::Ended;
   try {
-    files.Write(places, tag, record, written);
+    outcome = files.Write(places, tag, record, written);
   } catch (...) {
     if (written != CustomerFiles::Written::Nothing) TakeUp(files, places.tag, place, tag, record);
     throw;
   }
-  if (written == CustomerFiles::Written::Nothing) return false;
-  TakeUp(files, places.tag, place, tag, record);
+  const bool isOver = outcome == CustomerFiles::Outcome::Ended;
+  if (written != CustomerFiles::Written::Nothing) TakeUp(files, places.tag, place, tag, record);
+  if (!isOver) return std::nullopt;
   if (written != CustomerFiles::Written::Both) return false;
   ++customers_.writings_;
   files.Close();

@@ -39,18 +39,38 @@ void TellOfAnothers(ui::Desktop& desktop, const CustomerTag& tag, const Customer
                "ReadCustomer()", ui::Icon::Exclamation);
 }
 
+// How often a chain that others lengthen meanwhile is followed.
+constexpr int kTries = 100;
+
+// The chain doesn't begin where the new vehicle goes on.
+struct ChainHasMoved {
+  FileLink first = kNoLink;
+};
+
 // Another copy may have put its own vehicle there since the customer was read.
-void PutAtHead(CustomerRecord& owner, FileLink offset, VehicleRecord& record, Vehicles& vehicles) {
-  const FileLink next = owner.Get(customer::VLink);
-  if (next == offset) return;  // an earlier try came as far
-  if (next != record.Get(vehicle::VLink)) {
-    record.Put(vehicle::VLink, next);
-    if (!vehicles.Write(offset, record)) {
-      throw std::runtime_error("The vehicle could not be put before the customer's other vehicles in " +
-                               std::string(kVehicleFile) + ". Add it again.");
+void PutAtHead(CustomerRecord& owner, FileLink offset, const VehicleRecord& record) {
+  const FileLink first = owner.Get(customer::VLink);
+  if (first == offset) return;  // an earlier try came as far
+  if (first != record.Get(vehicle::VLink)) throw ChainHasMoved{first};
+  owner.Put(customer::VLink, offset);
+}
+
+[[noreturn]] void ThrowOfChain() {
+  throw std::runtime_error("The vehicle could not be put before the customer's other vehicles in " +
+                           std::string(kVehicleFile) + ". Add it again.");
+}
+
+// The vehicle's own link is written while the customers aren't in anybody's turn: its file may have to be asked about.
+bool Chain(Customers& customers, Vehicles& vehicles, FileLink place, VehicleRecord& record) {
+  for (int tries = 0; tries < kTries; ++tries) {
+    try {
+      return customers.UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, place, record); });
+    } catch (const ChainHasMoved& moved) {
+      record.Put(vehicle::VLink, moved.first);
+      if (!vehicles.Write(place, record)) ThrowOfChain();
     }
   }
-  owner.Put(customer::VLink, offset);
+  ThrowOfChain();
 }
 
 bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRecord& record, FileLink& place) {
@@ -67,6 +87,20 @@ bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRec
 }
 
 }  // namespace
+
+Customers::Customers(Environment& environment, ui::Desktop& desktop, modSystem& system, Vehicles& vehicles)
+    : environment_(environment), desktop_(desktop), system_(system), vehicles_(vehicles) {
+  // The same vehicle tried again, after its owner couldn't be written, goes to the place that it has already.
+  vehicles_.appendInstead = [this, unchained = VehicleRecord(), place = kNoLink](VehicleRecord& record) mutable {
+    VehicleRecord wanted = record;
+    wanted.Put(vehicle::VLink, kNoLink);
+    if (!std::ranges::equal(wanted.Bytes(), unchained.Bytes())) place = kNoLink;
+    unchained = wanted;
+    const FileLink chained = AppendVehicle(record, &place);
+    if (chained != kNoLink) place = kNoLink;
+    return chained;
+  };
+}
 
 bool Customers::LoadCustomerTags() {
   tags_.clear();
@@ -196,8 +230,7 @@ FileLink Customers::AppendVehicle(VehicleRecord& record, FileLink* earlier) {
     // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
     environment_.log.Write(std::string("AppendVehicle: ") + error.what());
   }
-  const bool isChained = UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, place, record, vehicles_); });
-  return isChained ? place : kNoLink;
+  return Chain(*this, vehicles_, place, record) ? place : kNoLink;
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {

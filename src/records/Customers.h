@@ -54,10 +54,7 @@ struct CustomerIndexRow {
 
 class Customers {
  public:
-  Customers(Environment& environment, ui::Desktop& desktop, modSystem& system, Vehicles& vehicles)
-      : environment_(environment), desktop_(desktop), system_(system), vehicles_(vehicles) {
-    vehicles_.appendInstead = [this](VehicleRecord& record) { return AppendVehicle(record); };
-  }
+  Customers(Environment& environment, ui::Desktop& desktop, modSystem& system, Vehicles& vehicles);
   Customers(const Customers&) = delete;
 
   // The customer that the screens work on. What merely looks a customer up leaves both alone.

@@ -27,9 +27,9 @@ std::string DayText(FileDate date) {
   return day < 1 ? std::string() : FormatDate(day);
 }
 
-std::string TextOf(Bytes bytes, Reads reads) {
-  const std::int32_t number = reads == Reads::Text ? 0 : NumberIn(bytes);
-  switch (reads) {
+std::string TextOf(Bytes bytes, const MergedField& field) {
+  const std::int32_t number = field.reads == Reads::Text ? 0 : NumberIn(bytes);
+  switch (field.reads) {
     case Reads::Text: {
       const std::string all = AsString(bytes);
       return Trim(all.substr(0, all.find('\0')));
@@ -45,6 +45,9 @@ std::string TextOf(Bytes bytes, Reads reads) {
       return DayText(number);
     case Reads::YesNo:
       return number == 1 || number == 'Y' ? "Yes" : "No";
+    case Reads::Word:
+      if (number >= 0 && static_cast<std::size_t>(number) < field.words.size()) return std::string(field.words[number]);
+      break;
     case Reads::Whole:
       break;
   }
@@ -52,11 +55,20 @@ std::string TextOf(Bytes bytes, Reads reads) {
 }
 
 // Bytes behind a text's end are no value.
-bool IsSame(Bytes a, Bytes b, Reads reads) {
-  return reads == Reads::Text ? TextOf(a, reads) == TextOf(b, reads) : std::ranges::equal(a, b);
+bool IsSame(Bytes a, Bytes b, const MergedField& field) {
+  return field.reads == Reads::Text ? TextOf(a, field) == TextOf(b, field) : std::ranges::equal(a, b);
 }
 
 }  // namespace
+
+ui::Answer AskWhoseIsKept(ui::Desktop& desktop, const std::string& title, const std::vector<ChangedByBoth>& fields) {
+  std::string text = "Somebody else has changed this meanwhile:\r";
+  for (const ChangedByBoth& field : fields) {
+    text += "\r" + field.name + ": \"" + field.stored + "\" is stored, \"" + field.ours + "\" is yours";
+  }
+  text += "\r\rDo you want to store yours?\rNo keeps what is stored, CANCEL goes back.";
+  return desktop.Ask(text, title, ui::Buttons::YesNoCancel, ui::Icon::Question);
+}
 
 void RecordMerge::Into(std::span<std::byte> onFile) {
   std::erase_if(questions_, [](const auto& each) { return !each.second.isAnswered; });
@@ -68,7 +80,7 @@ void RecordMerge::Into(std::span<std::byte> onFile) {
     if (std::ranges::equal(ours, In(read_, field))) continue;
     Question* question = nullptr;
     const Bytes theirs = In(onFile, field);
-    if (!IsSame(theirs, In(read_, field), field.reads) && !IsSame(theirs, ours, field.reads)) {
+    if (!IsSame(theirs, In(read_, field), field) && !IsSame(theirs, ours, field)) {
       question = &questions_[i];
       if (question->theirs != AsString(theirs)) *question = {.theirs = AsString(theirs)};
       isDecided = isDecided && question->isAnswered;
@@ -81,15 +93,14 @@ void RecordMerge::Into(std::span<std::byte> onFile) {
 }
 
 bool RecordMerge::Ask(ui::Desktop& desktop, const std::string& title) {
-  std::string text = "Somebody else has changed this meanwhile:\r";
+  std::vector<ChangedByBoth> changed;
   for (const auto& [place, question] : questions_) {
     if (question.isAnswered) continue;
     const MergedField& field = fields_[place];
-    text += "\r" + std::string(field.name) + ": \"" + TextOf(std::as_bytes(std::span(question.theirs)), field.reads) +
-            "\" is stored, \"" + TextOf(In(ours_, field), field.reads) + "\" is yours";
+    changed.push_back({std::string(field.name), TextOf(std::as_bytes(std::span(question.theirs)), field),
+                       TextOf(In(ours_, field), field)});
   }
-  text += "\r\rDo you want to store yours?\rNo keeps what is stored, CANCEL goes back.";
-  const ui::Answer answer = desktop.Ask(text, title, ui::Buttons::YesNoCancel, ui::Icon::Question);
+  const ui::Answer answer = AskWhoseIsKept(desktop, title, changed);
   if (answer == ui::Answer::Cancel) return false;
   for (auto& [place, question] : questions_) {
     if (!question.isAnswered) question.keepsOurs = answer == ui::Answer::Yes;

@@ -14,7 +14,8 @@ namespace lantos {
 
 // One field of a record as a screen shows it: what it is called there, where it lies, and how its value reads.
 struct MergedField {
-  enum class Reads { Text, Cents, TenThousandths, PercentOrDollars, Whole, Day, YesNo };
+  enum class Reads { Text, Cents, TenThousandths, PercentOrDollars, Whole, Day, YesNo, Word };
+  using Words = std::span<const std::string_view>;
 
   constexpr MergedField(std::string_view fieldName, TextField field)
       : name(fieldName), offset(field.offset), width(field.width), reads(Reads::Text) {}
@@ -25,11 +26,25 @@ struct MergedField {
   constexpr MergedField(std::string_view fieldName, ByteField field, Reads howItReads)
       : name(fieldName), offset(field.offset), width(1), reads(howItReads) {}
 
+  // A code that stands for one of these words, by place. Any other code reads as the number that it is.
+  constexpr MergedField(std::string_view fieldName, IntegerField field, Words itsWords)
+      : name(fieldName), offset(field.offset), width(2), reads(Reads::Word), words(itsWords) {}
+  constexpr MergedField(std::string_view fieldName, ByteField field, Words itsWords)
+      : name(fieldName), offset(field.offset), width(1), reads(Reads::Word), words(itsWords) {}
+
   std::string_view name;
   std::size_t offset;
   std::size_t width;
   Reads reads;
+  Words words = {};
 };
+
+// What the person and somebody else have changed to different values.
+struct ChangedByBoth {
+  std::string name, stored, ours;
+};
+// One box for all of them. Yes: the person's are to be stored; No: what is stored stays; Cancel: back to the screen.
+ui::Answer AskWhoseIsKept(ui::Desktop& desktop, const std::string& title, const std::vector<ChangedByBoth>& fields);
 
 // The save of a record that others may have changed since a screen read it. Field by field: what only the person
 // changed is stored, what only others changed stays as they stored it, and where both changed one field the person is

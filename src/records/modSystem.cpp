@@ -19,9 +19,10 @@ std::string NameOf(LongField counter) {
   return "the employees";
 }
 
-std::int32_t NextFree(LongField counter, std::int32_t number, const modSystem::IsTaken& isTaken) {
+std::int32_t NextFree(LongField counter, std::int32_t number, const modSystem::IsTaken& isTaken,
+                      const modSystem::Highest& highest) {
   constexpr std::int32_t kLast = std::numeric_limits<std::int32_t>::max();
-  std::int32_t next = std::max(number, 0);
+  std::int32_t next = std::max({number, 0, highest ? highest() : 0});
   while (next < kLast && isTaken(++next)) {
   }
   if (next == kLast) throw std::overflow_error("No number is free any more for " + NameOf(counter) + ".");
@@ -76,7 +77,7 @@ std::optional<std::int32_t> modSystem::TakeFreeNumber(LongField counter, const I
   }
   std::int32_t number = taking.found ? *taking.found : TakeNumber(counter, beforehand);
   while (!isFree(number)) {
-    const std::int32_t next = NextFree(counter, number, isTaken);
+    const std::int32_t next = NextFree(counter, number, isTaken, taking.highest);
     if (!OffersNext(counter, number, next)) return std::nullopt;
     number = TakeNumberFrom(counter, next, beforehand);
   }

@@ -59,6 +59,10 @@ static_assert(korvel8.End() == 1038);
 }  // namespace sysrec
 using SystemRecord = Record<sysrec::korvel8.End()>;
 
+// As many digits as running numbers are shown with. A damaged record may bear a higher one, from which no counter is to
+// go on.
+inline constexpr std::int32_t kHighestNumber = 999999;
+
 inline constexpr std::string_view kSystemFile = "TQSYSTEM.DAT";
 
 class modSystem {
@@ -81,16 +85,16 @@ class modSystem {
   std::int32_t TakeNumber(LongField counter, const Told& beforehand = {});
   // The same where the counter may lie behind the files, in a record that was emptied or came back from a backup. A
   // number that isTaken knows as somebody's, and one below 1, isn't handed out: the person is told and offered the next
-  // free one, from which the counter goes on. Nothing when the person doesn't want it.
+  // free one behind the highest there is, from which the counter goes on: a gap may be the number of a record that is
+  // gone from the files but not from paper. Nothing when the person doesn't want it.
   using IsTaken = std::function<bool(std::int32_t number)>;
+  using Highest = std::function<std::int32_t()>;
   struct Taking {
     std::optional<std::int32_t> found;  // a number that was taken before, and turned out to be somebody's
     Told beforehand;                    // not told of numbers that are somebody's
+    Highest highest;                    // what is offered lies behind it
   };
   std::optional<std::int32_t> TakeFreeNumber(LongField counter, const IsTaken& isTaken, const Taking& taking);
-  std::optional<std::int32_t> TakeFreeNumber(LongField counter, const IsTaken& isTaken) {
-    return TakeFreeNumber(counter, isTaken, Taking{});
-  }
   // Reads the record, has it changed and writes it, all under one lock: nothing that others store meanwhile is lost,
   // be it a running number. What change throws leaves the file as it was.
   void Update(const std::function<void(SystemRecord& record)>& change);

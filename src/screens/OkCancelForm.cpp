@@ -44,7 +44,11 @@ void OkCancelForm::Leave() {
 }
 
 void OkCancelForm::SaveAndHide() {
-  if (storing_.store) Store();
+  try {
+    if (storing_.store) Store();
+  } catch (const BackToScreen&) {
+    return;
+  }
   saved_ = true;
   Hide();
 }

@@ -27,6 +27,8 @@ class OkCancelForm : public ui::Form {
     std::function<std::string()> name;
   };
   void StoreBy(Storing storing) { storing_ = std::move(storing); }
+  // Thrown by a store that the person was asked about, and stopped to look at the screen again. Tells nothing more.
+  struct BackToScreen {};
 
  protected:
   OkCancelForm(ui::Desktop& desktop, ui::GlobalKeys& keys, std::string name, std::string caption)

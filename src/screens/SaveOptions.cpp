@@ -8,8 +8,8 @@ bool SaveOptions(ui::Desktop& desktop, const ProfileFile& profile, const std::st
                  const std::function<bool()>& save) {
   const std::string file(kOptionsFile);
   while (!save()) {
-    const ui::Answer answer = desktop.Ask(file + " can not be written: " + CauseInWords(profile.Failure()) +
-                                              ".\rClick Retry to try again, or Cancel to leave " + what + " as before.",
+    const ui::Answer answer = desktop.Ask(InWords(profile.Failure(), file + " can not be written") +
+                                              "\rClick Retry to try again, or Cancel to leave " + what + " as before.",
                                           file, ui::Buttons::RetryCancel, ui::Icon::Exclamation);
     if (answer == ui::Answer::Cancel) return false;
   }

@@ -41,9 +41,11 @@ void StoreDataDir(Environment& environment, ui::Desktop& desktop, const std::str
                   std::string_view otherwise) {
   UserSettings& settings = environment.settings;
   while (!settings.Save(kMainApplication, kSettingsSection, kDataDirKey, StoredPathText(directory))) {
-    const std::string text = "The data directory '" + directory + "' could not be stored in\r" +
-                             TextOfPath(settings.FileOf(kMainApplication)) + ": " + CauseInWords(settings.Failure()) +
-                             ".\r\rClick Retry to try again, or Cancel to " + std::string(otherwise) + ".";
+    const FileFailure& failure = settings.Failure();
+    const std::string place = TextOfPath(settings.FileOf(kMainApplication));
+    const std::string text = "The data directory '" + directory + "' could not be stored" +
+                             (failure.unfit.empty() ? " in\r" : ".\r") + InWords(failure, place) +
+                             "\r\rClick Retry to try again, or Cancel to " + std::string(otherwise) + ".";
     if (desktop.Ask(text, "Lantos", ui::Buttons::RetryCancel, ui::Icon::Exclamation) == ui::Answer::Cancel) return;
   }
 }

@@ -9,6 +9,7 @@
 #include "frame/FileCause.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
+#include "records/Contention.h"
 
 namespace lantos {
 
@@ -19,6 +20,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::uint64_t kMostBytes = 1 << 20;
 constexpr int kNamesACopy = 100;
 constexpr std::size_t kCheckDigits = 8;
+constexpr int kLooks = 5;
+constexpr std::int64_t kPause = 10;  // milliseconds
 
 // FNV-1a: a line that was damaged doesn't move any stock.
 std::string CheckOf(std::string_view text) {
@@ -33,6 +36,13 @@ std::string NameOf(const Environment& environment, int n) {
   const std::string& log = environment.log.Name();
   const std::string copy = log.size() > 6 ? log.substr(2, log.size() - 6) : DayMark(environment.Today()) + "000";
   return std::string(kJournalPrefix) + copy + (n == 0 ? ".JNL" : fmt::format(".J{:02}", n));
+}
+
+WordedError TooManyJournals(const Environment& environment) {
+  const std::string text = "This copy has left " + std::to_string(kNamesACopy) + " conversions half done, " +
+                           NameOf(environment, 0) + " and those behind it.\rFinish or undo some of them. Nothing was " +
+                           "converted.";
+  return WordedError(text, text);
 }
 
 std::string_view TakeWord(std::string_view& text) {
@@ -93,6 +103,14 @@ bool ReadNoted(std::string_view line, BegunConversion& begun) {
   return true;
 }
 
+bool ReadContents(std::string_view line, BegunConversion& begun) {
+  std::uint64_t contents = 0;
+  const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), contents, 16);
+  if (error != std::errc() || end != line.data() + line.size()) return false;
+  begun.contents = contents;
+  return true;
+}
+
 // One line, without its check. False for what no journal has, in this place.
 bool ReadLine(std::string_view line, BegunConversion& begun) {
   const std::string_view kind = TakeWord(line);
@@ -107,21 +125,23 @@ bool ReadLine(std::string_view line, BegunConversion& begun) {
   if (kind == "undone") return begun.isUndone = true;
   if (kind == "writes") return true;
   if (!begun.hasNumber) return false;
+  if (kind == "holds") return ReadContents(line, begun);
   if (kind == "part") return ReadPart(line, begun);
   return kind == "noted" && ReadNoted(line, begun);
 }
 
 }  // namespace
 
-ConversionJournal::ConversionJournal(Environment& environment, std::int32_t estimate, std::int32_t workorder)
-    : environment_(environment) {
+ConversionJournal::ConversionJournal(Environment& environment, ui::Desktop& desktop, std::int32_t estimate,
+                                     std::int32_t workorder)
+    : environment_(environment), desktop_(desktop) {
   try {
     for (int n = 0; name_.empty() && n < kNamesACopy; ++n) {
       const std::string name = NameOf(environment, n);
       if (!environment.files.IsThere(name) && environment.files.MakeNew(name)) name_ = name;
     }
-    if (name_.empty()) throw FileError(FileErrorNumber::TooManyFiles, "too many journals of conversions");
-    file_ = SharedFile(environment.files.PathOf(name_), Access::ReadWrite, Deny::All);
+    if (name_.empty()) throw TooManyJournals(environment);
+    file_ = SharedFile(environment.files.PathOf(name_), Access::ReadWrite, Deny::Write);
     Write(std::string(kHeading));
     const LocalTime now = environment.clock.Now();
     Write(fmt::format("estimate {} {} {}T{} {}", estimate, workorder, FormatIsoDate(now.day), FormatTime(now),
@@ -133,24 +153,12 @@ ConversionJournal::ConversionJournal(Environment& environment, std::int32_t esti
   }
 }
 
-ConversionJournal::ConversionJournal(Environment& environment, const std::string& name)
+ConversionJournal::ConversionJournal(Environment& environment, ui::Desktop& desktop, const std::string& name)
     : environment_(environment),
+      desktop_(desktop),
       name_(name),
-      file_(environment.files.PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail) {
+      file_(environment.files.PathOf(name), Access::ReadWrite, Deny::Write, Absent::Fail) {
   end_ = Content().size();  // half a line behind it is written over
-}
-
-bool ConversionJournal::IsOwn(const Environment& environment, std::string_view name) {
-  const std::string own = NameOf(environment, 0);
-  return EqualsIgnoringCase(Left(name, own.size() - 3), Left(own, own.size() - 3));
-}
-
-std::string ConversionJournal::Content() const {
-  std::string content(static_cast<std::size_t>(std::min(file_.Length(), kMostBytes)), '\0');
-  content.resize(file_.ReadAt(0, std::as_writable_bytes(std::span(content))));
-  const std::size_t end = content.rfind(kLineEnd);
-  content.resize(end == std::string::npos ? 0 : end + kLineEnd.size());
-  return content;
 }
 
 void ConversionJournal::Write(const std::string& line) {
@@ -159,15 +167,32 @@ void ConversionJournal::Write(const std::string& line) {
   end_ += text.size();
 }
 
-void ConversionJournal::TakesNumber() { Write("number"); }
+void ConversionJournal::WriteOrAsk(const std::string& line) {
+  RunOrAsk([&] { Write(line); });
+}
+
+void ConversionJournal::Force() {
+  RunOrAsk([&] { file_.Flush(); });
+}
+
+void ConversionJournal::RunOrAsk(const std::function<void()>& step) {
+  Contention contention(contention::kConversionFile, desktop_, environment_, name_);
+  if (contention.Run(step)) return;
+  const std::string text = "The journal of the conversion was not written.";
+  throw WordedError(text, text);
+}
+
+void ConversionJournal::TakesNumber() { WriteOrAsk("number"); }
+
+void ConversionJournal::Holds(std::uint64_t contents) { WriteOrAsk(fmt::format("holds {:016x}", contents)); }
 
 void ConversionJournal::WillMove(const JournaledPart& part) {
-  Write(fmt::format("part {} {} {} {} {}", part.quantity, part.stockInTag, part.stockInMaster, part.usageLink,
-                    InOneLine(part.number)));
+  WriteOrAsk(fmt::format("part {} {} {} {} {}", part.quantity, part.stockInTag, part.stockInMaster, part.usageLink,
+                         InOneLine(part.number)));
 }
 
 void ConversionJournal::HasNoted(const std::string& part, FileLink usage) {
-  Write(fmt::format("noted {} {}", usage, InOneLine(part)));
+  WriteOrAsk(fmt::format("noted {} {}", usage, InOneLine(part)));
 }
 
 void ConversionJournal::WillWrite(std::string_view what) {
@@ -178,7 +203,7 @@ void ConversionJournal::WillWrite(std::string_view what) {
   }
 }
 
-void ConversionJournal::IsUndone() { Write("undone"); }
+void ConversionJournal::IsUndone() { WriteOrAsk("undone"); }
 
 void ConversionJournal::Remove() {
   try {
@@ -186,10 +211,19 @@ void ConversionJournal::Remove() {
       file_.Truncate(0);
       file_.Close();
     }
-    environment_.files.Delete(name_);
+    // Somebody may be looking at it just now.
+    for (int look = 0; look < kLooks && !environment_.files.Delete(name_); ++look) environment_.clock.Wait(kPause);
   } catch (const FileError& error) {
     environment_.log.Write(error.what());
   }
+}
+
+std::string JournalContent(const SharedFile& file) {
+  std::string content(static_cast<std::size_t>(std::min(file.Length(), kMostBytes)), '\0');
+  content.resize(file.ReadAt(0, std::as_writable_bytes(std::span(content))));
+  const std::size_t end = content.rfind(kLineEnd);
+  content.resize(end == std::string::npos ? 0 : end + kLineEnd.size());
+  return content;
 }
 
 std::optional<BegunConversion> ReadJournal(std::string_view content) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 
 #include "frame/Environment.h"
 #include "frame/SharedFile.h"
+#include "ui/Desktop.h"
 
 namespace lantos {
 
@@ -21,6 +23,9 @@ struct JournaledPart {
   std::optional<FileLink> noted = {};
 };
 
+// Whole lines of an open journal only, in the program's page; what one of a megabyte has behind that is left out.
+std::string JournalContent(const SharedFile& file);
+
 // What a journal says: a conversion that was begun, and how far it came at least.
 struct BegunConversion {
   std::int32_t estimate = 0;
@@ -28,31 +33,33 @@ struct BegunConversion {
   std::string when, where;  // "2003-09-30T08:15:00"; the computer's name
   bool hasNumber = false;   // it is this work order's own, and nobody else's
   bool isUndone = false;    // but for its number
+  // What the estimate held when its lines were read (EstimateRows); none where that wasn't reached.
+  std::optional<std::uint64_t> contents = {};
   std::vector<JournaledPart> parts;
 };
 
 // The journal of a running conversion: a text file in the data directory under this copy's name, that says ahead of
-// each step what it will do. It is open, with no sharing, for as long as the conversion runs, and goes with its end; so
-// one that can be opened was left behind. docs/file-formats.md has its lines.
+// each step what it will do. It is open, and anybody may read it but nobody write, for as long as the conversion runs,
+// and goes with its end; so one that can be opened for writing was left behind. docs/file-formats.md has its lines.
 class ConversionJournal {
  public:
   // Makes the file and notes which number the estimate is about to get. WordedError when that isn't possible.
-  ConversionJournal(Environment& environment, std::int32_t estimate, std::int32_t workorder);
+  ConversionJournal(Environment& environment, ui::Desktop& desktop, std::int32_t estimate, std::int32_t workorder);
   // Goes on with one that was left behind. FileError: 70 while its conversion runs, 53 when it is gone.
-  ConversionJournal(Environment& environment, const std::string& name);
+  ConversionJournal(Environment& environment, ui::Desktop& desktop, const std::string& name);
 
-  // Whether this copy made the journal of that name.
-  static bool IsOwn(const Environment& environment, std::string_view name);
+  std::string Content() const { return JournalContent(file_); }
 
-  // Whole lines only, in the program's page; what a journal of a megabyte has behind that is left out.
-  std::string Content() const;
-
-  // All but WillWrite throw FileError.
+  // A line that can't be written is asked about; when the person doesn't wait, all but WillWrite throw WordedError,
+  // which ends the conversion there.
   void TakesNumber();  // it is this conversion's own
+  void Holds(std::uint64_t contents);
   void WillMove(const JournaledPart& part);
   void HasNoted(const std::string& part, FileLink usage);  // kNoLink: the stock moves without a note
   // Of the other steps, for who reads the file. A failure goes to the run log.
   void WillWrite(std::string_view what);
+  // What was written so far survives a power cut from here on, as far as the disk keeps its word.
+  void Force();
   void IsUndone();
   // The conversion is whole, or undone. A file that can't be deleted is emptied.
   void Remove();
@@ -61,8 +68,11 @@ class ConversionJournal {
 
  private:
   void Write(const std::string& line);
+  void WriteOrAsk(const std::string& line);
+  void RunOrAsk(const std::function<void()>& step);
 
   Environment& environment_;
+  ui::Desktop& desktop_;
   std::string name_;
   SharedFile file_;
   std::uint64_t end_ = 0;

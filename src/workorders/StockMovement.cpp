@@ -30,13 +30,28 @@ std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Work
   // Other copies that take from stock wait from the reading to the writing: the stock falls by all of them.
   const Inventory::PartIndex index = inventory_.FindPart(part.number);
   if (index == Inventory::kNoPart) return std::nullopt;
+  usage_ = kNoLink;
+  written_.reset();
   try {
     const AskedTurn turn(turns_, desktop_, kInventoryTagFile);
     return MoveInTurn(part, order, index);
-  } catch (const GivenUp&) {
-    Note(notDone_.notWritten, part.number, "could not be written and was not moved");
+  } catch (const GivenUp& error) {
+    environment_.log.Write(error.what());
+    GiveUp(part.number, index);
     return std::nullopt;
   }
+}
+
+// Tag and master are put back alike; where the tag couldn't be, what was noted of the use holds for it. Of a stock that
+// didn't move the history must not tell a use.
+void StockMovement::GiveUp(const std::string& number, Inventory::PartIndex index) {
+  if (written_ && inventory_.Tag(index).Get(inventorytag::InStock) == *written_) {
+    return Note(notDone_.inTagAlone, number, "was moved in the tag alone");
+  }
+  Note(notDone_.notWritten, number, "could not be written and was not moved");
+  if (usage_ == kNoLink) return;
+  if (!usageHistory_.TakeBack(usage_)) return Note(notDone_.onlyNoted, number, "has a use that is none");
+  onDone_("the usage of " + number + " was taken back");
 }
 
 std::optional<std::int16_t> StockMovement::MoveInTurn(const Taken& part, const Workorder& order,
@@ -60,12 +75,14 @@ std::optional<std::int16_t> StockMovement::MoveInTurn(const Taken& part, const W
   // The cost goes where the history has the price, and the price where it has the cost: so every record was made.
   const FileLink link = usageHistory_.UpdateUsage(UseIn(order), part.cost, part.price, part.quantity);
   if (beforehand_.stock) beforehand_.stock(part.number, link);
+  usage_ = link;
   if (link != kNoLink) {
     master.Put(inventory::UsageLink, link);
     onDone_("the usage of " + part.number + " was noted");
   } else {
     Note(notDone_.notNoted, part.number, "is moved without a note of its usage");
   }
+  if (part.quantity != 0) written_ = left;
   inventory_.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
   onDone_("the stock of " + part.number + " is now " + std::to_string(left));
   return left;

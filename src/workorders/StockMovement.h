@@ -45,6 +45,8 @@ class StockMovement {
     std::vector<std::string> notRead;     // nothing was done for them
     std::vector<std::string> notWritten;  // their stock is as it was
     std::vector<std::string> notNoted;    // their stock was moved, and the usage history doesn't tell of it
+    std::vector<std::string> inTagAlone;  // their stock was moved in the tag, and the master couldn't follow
+    std::vector<std::string> onlyNoted;   // their stock is as it was, and the usage history tells of a use
   };
   const GivenUpParts& NotDone() const { return notDone_; }
 
@@ -52,6 +54,7 @@ class StockMovement {
 
  private:
   std::optional<std::int16_t> MoveInTurn(const Taken& part, const Workorder& order, Inventory::PartIndex index);
+  void GiveUp(const std::string& number, Inventory::PartIndex index);
   void Note(std::vector<std::string>& list, const std::string& number, const std::string& what);
   void CheckNumber(std::string_view found, const std::string& wanted, std::string_view file);
 
@@ -64,6 +67,9 @@ class StockMovement {
   const FileIO::SteadyNames names_;
   UpdateTurns turns_;
   GivenUpParts notDone_;
+  // Of the part that is being moved: its usage, once that is noted, and the stock that its records are to have.
+  FileLink usage_ = kNoLink;
+  std::optional<std::int16_t> written_;
 };
 
 }  // namespace lantos

@@ -10,6 +10,8 @@ namespace lantos {
 namespace {
 
 constexpr std::size_t kScanBlock = 256;  // records
+constexpr std::string_view kStaysHalfDone = "The conversion stays half done.";
+constexpr WithoutTurn kWithoutTurn = {"stop here", kStaysHalfDone};
 
 FileIO& LoadedFiles(Environment& environment, const Inventory& inventory) {
   inventory.FinishLoading();
@@ -19,13 +21,13 @@ FileIO& LoadedFiles(Environment& environment, const Inventory& inventory) {
 template <class Use>
 void WithUsage(Environment& environment, ui::Desktop& desktop, Access access, Deny deny, Use use) {
   const std::string name(kUsageFile);
-  Contention contention(contention::kRepairUsage, desktop, environment, name);
+  Contention contention(contention::kConversionFile, desktop, environment, name);
   const bool isDone = contention.Run([&] {
     OpenedFile file(environment.openFiles, name, access, deny);
     use(*file);
     file.Close();
   });
-  if (!isDone) throw GivenUp(name + " could not be used. The conversion stays half done.");
+  if (!isDone) throw GivenUp(name + " could not be used. " + std::string(kStaysHalfDone));
 }
 
 std::int16_t Short(std::int64_t value) {
@@ -40,12 +42,13 @@ StockRepair::StockRepair(Environment& environment, ui::Desktop& desktop, Records
     : environment_(environment),
       desktop_(desktop),
       inventory_(records.inventory),
+      usageHistory_(records.usageHistory),
       workorder_(workorder),
       names_(LoadedFiles(environment, records.inventory)),
       turns_(environment.files.PathOf(kInventoryTagFile), environment.clock) {}
 
 void StockRepair::Complete(const JournaledPart& part) {
-  const AskedTurn turn(turns_, desktop_, kInventoryTagFile);
+  const AskedTurn turn(turns_, desktop_, kInventoryTagFile, kWithoutTurn);
   const std::optional<Found> found = Look(part);
   if (!found || found->chain.hasOurs) return;
   if (found->isKnown) CompleteStock(*found, part.quantity);
@@ -66,7 +69,7 @@ void StockRepair::CompleteStock(const Found& found, std::int16_t quantity) {
 
 // The link goes first, and the record of the usage last: while it stands the next look finds the part.
 void StockRepair::TakeBack(const JournaledPart& part) {
-  const AskedTurn turn(turns_, desktop_, kInventoryTagFile);
+  const AskedTurn turn(turns_, desktop_, kInventoryTagFile, kWithoutTurn);
   const std::optional<Found> found = Look(part);
   if (!found) return;
   InventoryTag& tag = inventory_.CurrentInvTag;
@@ -80,7 +83,9 @@ void StockRepair::TakeBack(const JournaledPart& part) {
                                (found->usage == kNoLink && master.Get(inventory::QtyInStock) != part.stockInMaster);
   if (found->isKnown && isMasterWritten) master.Put(inventory::QtyInStock, tag.Get(inventorytag::InStock));
   Store(*found);
-  if (found->usage != kNoLink) RemoveUsage(found->usage);
+  if (found->usage != kNoLink && !usageHistory_.TakeBack(found->usage)) {
+    throw GivenUp(std::string(kUsageFile) + " could not be used. " + std::string(kStaysHalfDone));
+  }
 }
 
 StockRepair::Use StockRepair::UseOf(const JournaledPart& part) const {
@@ -99,7 +104,7 @@ std::optional<StockRepair::Found> StockRepair::Look(const JournaledPart& part) {
     return std::nullopt;
   }
   if (!inventory_.ReadInventory(found.offset, found.index)) {
-    throw GivenUp("The stock of " + part.number + " could not be read. The conversion stays half done.");
+    throw GivenUp("The stock of " + part.number + " could not be read. " + std::string(kStaysHalfDone));
   }
   const std::int16_t inTag = inventory_.CurrentInvTag.Get(inventorytag::InStock);
   const std::int16_t inMaster = inventory_.CurrentInv.Get(inventory::QtyInStock);
@@ -203,18 +208,6 @@ void StockRepair::Unlink(const Found& found) {
 
 void StockRepair::Store(const Found& found) {
   inventory_.WriteInventory(found.offset, found.index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
-}
-
-// Cut off where it is the last one. Another one's place must stay what links say it is: it is blanked, and is nobody's.
-void StockRepair::RemoveUsage(FileLink usage) {
-  WithUsage(environment_, desktop_, Access::ReadWrite, Deny::All, [&](SharedFile& file) {
-    const auto at = static_cast<std::uint64_t>(usage);
-    if (file.Length() == at + UsageRecord::kLength) return file.Truncate(at);
-    UsageRecord blank;
-    blank.Put(usage::PrevLink, kNoLink);
-    WriteRecord(file, usage, blank);
-  });
-  environment_.files.FlushFile(std::string(kUsageFile));
 }
 
 }  // namespace lantos

@@ -53,13 +53,13 @@ class StockRepair {
   Chain WalkChain(const JournaledPart& part, FileLink usage, FileLink head) const;
   UsageRecord UsageAt(FileLink link) const;
   void SetPrevLink(FileLink usage, FileLink previous);
-  void RemoveUsage(FileLink usage);
   void Unlink(const Found& found);
   void Store(const Found& found);
 
   Environment& environment_;
   ui::Desktop& desktop_;
   Inventory& inventory_;
+  UsageHistory& usageHistory_;
   std::int32_t workorder_;
   const FileIO::SteadyNames names_;
   UpdateTurns turns_;

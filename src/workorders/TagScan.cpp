@@ -1,5 +1,7 @@
 #include "workorders/TagScan.h"
 
+#include "records/Contention.h"
+#include "records/GivenUp.h"
 #include "records/OpenedFile.h"
 
 namespace lantos {
@@ -48,6 +50,20 @@ std::vector<Record<Length>> Find(OpenedFile& file, Workorders& workorders, const
 }
 
 }  // namespace
+
+SharedFile OpenNeededTags(Environment& environment, ui::Desktop& desktop, std::string_view name) {
+  SharedFile tags;
+  Contention contention(contention::kConversionFile, desktop, environment, name);
+  const bool isDone = contention.Run([&] {
+    try {
+      tags = SharedFile(environment.files.PathOf(name), Access::Read, Deny::None, Absent::Fail);
+    } catch (const FileError& error) {
+      if (error.Number() != FileErrorNumber::FileNotFound) throw;
+    }
+  });
+  if (!isDone) throw GivenUp("The work orders in " + std::string(name) + " could not be looked at.");
+  return tags;
+}
 
 std::uint64_t SettledLength(const SharedFile& file, std::size_t unit, Clock& clock) {
   constexpr int kLooks = 3;

@@ -16,6 +16,10 @@ namespace lantos {
 // at again for a moment. A damaged file keeps its own.
 std::uint64_t SettledLength(const SharedFile& file, std::size_t unit, Clock& clock);
 
+// A tag file for whoever can't do without it, open for reading: held for two seconds or failing, it is asked about, and
+// GivenUp when the person doesn't wait. Not open when there is no such file.
+SharedFile OpenNeededTags(Environment& environment, ui::Desktop& desktop, std::string_view name);
+
 // The one walk over tags of work orders: every whole tag of an open file, from the last to the first, a block a read.
 // What lies ahead of the first whole one, in a file that isn't a row of tags, is left out; what is appended behind the
 // length that it begins with isn't met. The file stays open for as long as the walk goes on.

@@ -1,67 +1,65 @@
 #include "workorders/WorkorderNumbers.h"
 
-#include <string>
+#include <algorithm>
 
-#include "frame/SharedFile.h"
-#include "records/Contention.h"
+#include "records/modSystem.h"
+#include "workorders/JournalsOnDisk.h"
 #include "workorders/TagScan.h"
 #include "workorders/WorkorderTags.h"
 #include "workorders/Workorders.h"
 
 namespace lantos {
 
-namespace {
-
-SharedFile OpenTags(Environment& environment, std::string_view name) {
-  SharedFile file;
-  Contention contention(contention::kMomentsPatience, environment);
-  contention.Run([&] { file = SharedFile(environment.files.PathOf(name), Access::Read, Deny::None, Absent::Fail); });
-  return file;
+WorkorderNumbers::WorkorderNumbers(Environment& environment, ui::Desktop& desktop)
+    : environment_(environment), desktop_(desktop) {
+  AddAllOf<ActiveWoTag>(OpenNeededTags(environment, desktop, kActiveTagFile));
+  AddPending();
+  AddArchived();
 }
 
-}  // namespace
-
-bool WorkorderNumbers::IsTaken(std::int32_t number) {
-  if (environment_.files.IsThere(Workorders::FileNameOf(number))) return true;
-  if (!all_ && MayBeInTags(number)) {
-    all_.emplace();
-    AddAllOf<ActiveWoTag>(kActiveTagFile);
-    AddAllOf<ArchivedWoTag>(kArchivedTagFile);
-  }
-  return all_ && all_->contains(number);
+bool WorkorderNumbers::IsTaken(std::int32_t number) const {
+  if (lacksArchived_ && number <= highest_) return true;
+  return std::find(numbers_.begin(), numbers_.end(), number) != numbers_.end() ||
+         environment_.files.IsThere(Workorders::FileNameOf(number));
 }
 
-bool WorkorderNumbers::MayBeInTags(std::int32_t number) {
-  return LastIn<ActiveWoTag>(kActiveTagFile).value_or(number - 1) >= number ||
-         LastIn<ArchivedWoTag>(kArchivedTagFile).value_or(number - 1) >= number;
+std::int32_t WorkorderNumbers::Highest() {
+  if (lacksArchived_) AddAllOf<ArchivedWoTag>(OpenNeededTags(environment_, desktop_, kArchivedTagFile));
+  lacksArchived_ = false;
+  return highest_;
 }
 
-template <class Tag>
-std::optional<std::int32_t> WorkorderNumbers::LastIn(std::string_view file) {
+void WorkorderNumbers::AddArchived() {
   try {
-    const SharedFile tags = OpenTags(environment_, file);
-    const std::uint64_t count = tags.Length() / Tag::kLength;
-    if (count == 0) return std::nullopt;
-    Tag last;
-    tags.ReadAt((count - 1) * Tag::kLength, last.Bytes());
-    return last.Get(wotag::WorkorderNumber);
+    AddAllOf<ArchivedWoTag>(
+        SharedFile(environment_.files.PathOf(kArchivedTagFile), Access::Read, Deny::None, Absent::Fail));
   } catch (const FileError& error) {
+    if (error.Number() == FileErrorNumber::FileNotFound) return;
+    lacksArchived_ = true;
     environment_.log.Write(error.what());
-    return std::nullopt;
+    if (error.Number() != FileErrorNumber::PermissionDenied) Highest();
   }
 }
 
 template <class Tag>
-void WorkorderNumbers::AddAllOf(std::string_view file) {
-  try {
-    const SharedFile tags = OpenTags(environment_, file);
-    TagsBackwards<Tag::kLength> walk(tags, tags.Length());
-    while (walk.HasMore()) {
-      for (const Tag& tag : walk.NextBlock()) all_->insert(tag.Get(wotag::WorkorderNumber));
-    }
-  } catch (const FileError& error) {
-    environment_.log.Write(error.what());
+void WorkorderNumbers::AddAllOf(const SharedFile& tags) {
+  if (!tags.IsOpen()) return;
+  TagsBackwards<Tag::kLength> walk(tags, tags.Length());
+  while (walk.HasMore()) {
+    for (const Tag& tag : walk.NextBlock()) Add(tag.Get(wotag::WorkorderNumber));
   }
+}
+
+// Whose counter may have come back from a backup since.
+void WorkorderNumbers::AddPending() {
+  for (const JournalOnDisk& journal : LookAtJournals(environment_)) {
+    if (journal.begun && journal.begun->hasNumber && !journal.begun->isUndone) Add(journal.begun->workorder);
+  }
+}
+
+void WorkorderNumbers::Add(std::int32_t number) {
+  numbers_.push_back(number);
+  if (number <= kHighestNumber) highest_ = std::max(highest_, number);
 }
 
 }  // namespace lantos

@@ -9,27 +9,22 @@
 #include "records/RecordArray.h"
 #include "records/Vehicles.h"
 #include "workorders/TagOfWorkorder.h"
+#include "workorders/TagScan.h"
 
 namespace lantos {
 
 namespace {
 
 constexpr std::size_t kNumberDigits = 6;
-constexpr std::size_t kTagsABlock = 256;
 
-// Whether one of the tags of an open file, which is closed then, bears the number. GivenUp when it couldn't be opened.
+// Whether one of the tags of a file bears the number. GivenUp when it can't be opened.
 template <class Tag>
-bool HasTag(OpenFiles& openFiles, FileHandle handle, std::int32_t number) {
-  if (handle == kNoHandle) throw GivenUp("The tags of the work orders could not be read.");
-  OpenedFile file(openFiles);
-  file.TakeOver(handle);
-  std::vector<Tag> block(kTagsABlock);
-  for (std::uint64_t end = file->Length() / Tag::kLength; end > 0;) {
-    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(end, kTagsABlock));
-    end -= count;
-    const std::span<Tag> tags = std::span(block).first(count);
-    ReadRecords(*file, end * Tag::kLength, tags);
-    const auto hasNumber = [number](const Tag& tag) { return tag.Get(wotag::WorkorderNumber) == number; };
+bool HasTag(Environment& environment, ui::Desktop& desktop, std::string_view name, std::int32_t number) {
+  const SharedFile file = OpenNeededTags(environment, desktop, name);
+  if (!file.IsOpen()) return false;
+  const auto hasNumber = [number](const Tag& tag) { return tag.Get(wotag::WorkorderNumber) == number; };
+  TagsBackwards<Tag::kLength> walk(file, file.Length() / Tag::kLength * Tag::kLength);
+  for (auto tags = walk.NextBlock(); !tags.empty(); tags = walk.NextBlock()) {
     if (std::any_of(tags.begin(), tags.end(), hasNumber)) return true;
   }
   return false;
@@ -203,14 +198,15 @@ void Workorders::PrepareTag() { PutIntoTag(Current, CurrentActiveTag); }
 
 void Workorders::WriteActiveWoTag() {
   PrepareTag();
-  Contention contention(contention::kWriteWorkorder, desktop_, environment_, kActiveTagFile);
-  contention.Run([&] {
-    OpenedFile file(environment_.openFiles, kActiveTagFile, Access::Write, Deny::None);
-    if (!AppendInTurn(*file, kActiveTagFile, CurrentActiveTag.Bytes(), ActiveWoTag::kLength)) {
-      throw GivenUp("The tag of the work order was not written to " + std::string(kActiveTagFile) + ".");
-    }
+  const std::string name(kActiveTagFile);
+  Contention contention(contention::kConversionFile, desktop_, environment_, name);
+  bool isInTurn = true;
+  const bool isWritten = contention.Run([&] {
+    OpenedFile file(environment_.openFiles, name, Access::Write, Deny::None);
+    isInTurn = AppendInTurn(*file, name, CurrentActiveTag.Bytes(), ActiveWoTag::kLength);
     file.Close();
   });
+  if (!isWritten || !isInTurn) throw GivenUp("The tag of the work order was not written to " + name + ".");
   environment_.files.FlushFile(std::string(kActiveTagFile));
 }
 
@@ -236,29 +232,33 @@ bool Workorders::WriteArchivedWoTag() {
 
 Workorders::FilesWritten Workorders::FilesOf(std::int32_t workorderNumber) {
   FilesWritten written;
-  OpenFiles& files = environment_.openFiles;
-  written.activeTag = HasTag<ActiveWoTag>(files, OpenActiveWOForReading(), workorderNumber);
-  written.archivedTag = HasTag<ArchivedWoTag>(files, OpenArchWOForReading("Workorders.FilesOf"), workorderNumber);
+  written.activeTag = HasTag<ActiveWoTag>(environment_, desktop_, kActiveTagFile, workorderNumber);
+  written.archivedTag = HasTag<ArchivedWoTag>(environment_, desktop_, kArchivedTagFile, workorderNumber);
   const std::string name = FileNameOf(workorderNumber);
   if (!environment_.files.IsThere(name)) return written;
-  OpenedFile text(environment_.openFiles, name, Access::Read, Deny::None);
-  const std::uint64_t length = text->Length();
-  std::byte last{1};
-  if (length > 0) text->ReadAt(length - 1, std::span(&last, 1));
-  written.text = last == std::byte{0};
+  Contention contention(contention::kConversionFile, desktop_, environment_, name);
+  const bool isRead = contention.Run([&] {
+    OpenedFile text(environment_.openFiles, name, Access::Read, Deny::None);
+    const std::uint64_t length = text->Length();
+    std::byte last{1};
+    if (length > 0) text->ReadAt(length - 1, std::span(&last, 1));
+    written.text = last == std::byte{0};
+  });
+  if (!isRead) throw GivenUp("The work order in " + name + " could not be looked at.");
   return written;
 }
 
 void Workorders::WriteWorkorderFile() {
   const std::string text = WorkorderText(Current, Around()) + '\0';
   const std::string name = FileNameOf(Current.WorkorderNumber);
-  Contention contention(contention::kWriteWorkorder, desktop_, environment_, name);
-  contention.Run([&] {
+  Contention contention(contention::kConversionFile, desktop_, environment_, name);
+  const bool isWritten = contention.Run([&] {
     OpenedFile file(environment_.openFiles, name, Access::Write, Deny::All);
     file->WriteAt(0, std::as_bytes(std::span(text)));
     file->Truncate(text.size());
     file.Close();
   });
+  if (!isWritten) throw GivenUp("The work order was not written to " + name + ".");
 }
 
 }  // namespace lantos

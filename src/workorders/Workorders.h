@@ -39,9 +39,9 @@ class Workorders {
   bool ReadActiveWO(FileHandle file, std::int64_t position, ActiveWoTag& tag);
   bool ReadArchWO(FileHandle file, std::int64_t position, ArchivedWoTag& tag);
 
-  // The three files of a new work order, from Current and in this order. What can't be written is asked about;
-  // first tag and text throw what the person gave up, and FileError when another copy keeps one for two seconds. The
-  // second tag is false when the person gave it up: there is no such tag then.
+  // The three files of a new work order, from Current and in this order. What can't be written is asked about, a file
+  // that somebody else has after two seconds; first tag and text throw GivenUp then. The second tag is false when the
+  // person gave it up: there is no such tag then.
   void WriteActiveWoTag();
   bool WriteArchivedWoTag();
   void WriteWorkorderFile();
@@ -52,6 +52,7 @@ class Workorders {
     bool activeTag = false, archivedTag = false, text = false;  // the text to its end
     bool Any() const { return activeTag || archivedTag || text; }
   };
+  // What can't be looked at is asked about; GivenUp then.
   FilesWritten FilesOf(std::int32_t workorderNumber);
   static std::string FileNameOf(std::int32_t workorderNumber);  // "W0001234.tqa"
 

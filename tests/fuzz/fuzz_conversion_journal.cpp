@@ -13,7 +13,7 @@ void Look(QuietShop& shop, std::string_view bytes) {
   shop.Put(kJournal, bytes);
   std::string content;
   {
-    const ConversionJournal journal(shop.environment, std::string(kJournal));
+    const ConversionJournal journal(shop.environment, shop.desktop, std::string(kJournal));
     content = journal.Content();
   }
   Require(shop.Content(kJournal) == bytes);
@@ -30,7 +30,7 @@ void Try(std::string_view bytes) {
   Look(shop, bytes);
   std::string sound;
   {
-    ConversionJournal journal(shop.environment, 1001, 5001);
+    ConversionJournal journal(shop.environment, shop.desktop, 1001, 5001);
     journal.TakesNumber();
     journal.WillWrite(std::string(bytes.substr(0, bytes.find_first_of("\r\n"))));
     sound = journal.Content();

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "contents/conversion/ReadAfresh.h"
-#include "contents/labor/LaborRows.h"
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Numbers.h"
@@ -11,11 +10,13 @@
 #include "masters/vehicles/frmVehEdit.h"
 #include "records/CheckList.h"
 #include "records/Customers.h"
+#include "records/GivenUp.h"
 #include "records/VehicleMatch.h"
 #include "records/Vehicles.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
 #include "screens/CheckPassword.h"
+#include "workorders/JournalsOnDisk.h"
 #include "workorders/StockMovement.h"
 #include "workorders/WorkorderNumbers.h"
 
@@ -24,11 +25,6 @@ namespace lantos {
 namespace {
 
 constexpr const char* kTitle = "Convert to WO";
-
-de::Extra ReadExtra(const Recordset& row) {
-  return {row.Text("VendorName"), row.Text("VendorInvoice"), row.Long("Cost"),  row.Long("Price"),  row.Text("Desc1"),
-          row.Text("Desc2"),      row.Text("Desc3"),         row.Text("Desc4"), row.Text("Taxable")};
-}
 
 // A paragraph behind the last message; empty when there is nothing to name.
 std::string Named(const std::string& what, const std::vector<std::string>& parts) {
@@ -57,12 +53,6 @@ void WriteUntyped(Vehicles& vehicles) {
   if (!vehicles.Update(vehicles.CurrentVehicleOffset, [](VehicleRecord&) {})) vehicles.CurrentVehicleOffset = kNoLink;
 }
 
-WoNote ReadNote(const Recordset& row) {
-  WoNote note;
-  for (std::size_t line = 0; line < note.size(); ++line) note[line] = row.Text("Desc" + std::to_string(line + 1));
-  return note;
-}
-
 }  // namespace
 
 Conversion::Conversion(const Workbench& bench, Workorders& workorders)
@@ -76,6 +66,9 @@ void Conversion::Run() {
   try {
     if (!AskAll()) return;
     TakeNumber();
+    rows_.emplace(bench_.Data(), bench_.Number());
+    journal_->Holds(rows_->Contents(Current()));
+    journal_->Force();
     TakeLinesAndWrite({});
   } catch (const std::exception& error) {
     done_.Rethrow(error);
@@ -102,11 +95,13 @@ void Conversion::BeginOrder() {
   filling_.TakeCustomer(bench_.shop.records.customers.CurrentCustomer);
 }
 
-void Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal) {
+Finishing Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal) {
   begun_ = &begun;
   journal_ = &journal;
+  if (!FindCustomer()) return Finishing::NotPossible;
   const Workorders::FilesWritten written = workorders_.FilesOf(begun.workorder);
-  if (!FindCustomer() || (!written.Any() && !HasBegunParts())) return;
+  rows_.emplace(bench_.Data(), bench_.Number());
+  if (!SellsWhatItBegan(written)) return Finishing::Ended;
   BeginOrder();
   FindVehicle();
   Order().WorkorderNumber = begun.workorder;
@@ -116,29 +111,37 @@ void Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal
   } catch (const std::exception& error) {
     done_.Rethrow(error);
   }
+  return Finishing::Ended;
 }
 
-// What left the stock for parts that aren't on the estimate any more would be used by no work order.
-bool Conversion::HasBegunParts() {
-  std::vector<JournaledPart> missing = begun_->parts;
-  Recordset rows = bench_.Data().PartsTable(bench_.Number());
-  for (; !rows.Eof(); rows.MoveNext()) {
-    const PartLine line = ReadPartLine(rows);
-    std::erase_if(missing, [&](const JournaledPart& part) {
-      return part.number == line.partNumber && part.quantity == line.quantity;
-    });
+// Of lines that were changed since a conversion without files is undone, and one with a tag asked about. The text tells
+// what was sold, once it is there.
+bool Conversion::SellsWhatItBegan(const Workorders::FilesWritten& written) {
+  ui::Desktop& desktop = bench_.shop.desktop;
+  const std::vector<std::string> lacking = rows_->Lacking(begun_->parts);
+  const std::string undo = "\rUndo the conversion, and convert it anew.";
+  if (!written.Any() && !lacking.empty()) {
+    desktop.Tell("The parts of this estimate were changed since: " + lacking.front() +
+                     " was taken out of stock as it was then." + undo,
+                 kTitle, ui::Icon::Exclamation);
+    return false;
   }
-  if (missing.empty()) return true;
-  bench_.shop.desktop.Tell("The parts of this estimate were changed since: " + missing.front().number +
-                               " was taken out of stock as it was then.\rUndo the conversion, and convert it anew.",
-                           kTitle, ui::Icon::Exclamation);
-  return false;
+  isAsBegun_ = !begun_->contents || *begun_->contents == rows_->Contents(Current());
+  if (isAsBegun_ || written.text) return true;
+  const std::string text = "The estimate was changed since its conversion was begun, and would be sold as it is now.";
+  if (!written.Any()) {
+    desktop.Tell(text + undo, kTitle, ui::Icon::Exclamation);
+    return false;
+  }
+  notDone_ += Named("The stock of these parts was changed as the estimate had them before:", lacking);
+  return desktop.Ask(text + "\rIt can not be undone, since its tag is there.\r\rDo you wish to finish it so?", kTitle,
+                     ui::Buttons::YesNo, ui::Icon::Exclamation) == ui::Answer::Yes;
 }
 
 void Conversion::TakeLinesAndWrite(const Workorders::FilesWritten& written) {
   filling_.TakeHeader(Current().SchedDate, bench_.System());
-  TakeParts();
-  TakeOtherLines();
+  TakeParts(written);
+  rows_->TakeOthers(filling_);
   WriteFiles(written);
   TellOfReorders();
   MarkEstimate();
@@ -242,13 +245,20 @@ void Conversion::StoreVehicleIfChanged() {
 
 // From here on the number is used up, whatever follows.
 void Conversion::TakeNumber() {
-  WorkorderNumbers numbers(bench_.shop.environment);
+  Environment& environment = bench_.shop.environment;
+  WorkorderNumbers numbers(environment, bench_.shop.desktop);
+  // Nobody else takes a number meanwhile: of two that convert the estimate at once the second finds the first one's
+  // journal.
+  const auto begin = [&](std::int32_t number) {
+    if (ownJournal_) ownJournal_->Remove();
+    const std::vector<JournalOnDisk> journals = LookAtJournals(environment);
+    const JournalOnDisk* const other = FindConversionOf(journals, bench_.Number());
+    if (other != nullptr) throw GivenUp(BeingConverted(*other->begun));
+    ownJournal_.emplace(environment, bench_.shop.desktop, bench_.Number(), number);
+  };
   const std::optional<std::int32_t> taken = bench_.shop.records.system.TakeFreeNumber(
       sysrec::last_workorder_number, [&](std::int32_t number) { return numbers.IsTaken(number); },
-      {.found = {}, .beforehand = [this](std::int32_t number) {
-         if (ownJournal_) ownJournal_->Remove();
-         ownJournal_.emplace(bench_.shop.environment, bench_.Number(), number);
-       }});
+      {.found = {}, .beforehand = begin, .highest = [&] { return numbers.Highest(); }});
   if (!taken) throw std::runtime_error("The work order was given no number.");
   Order().WorkorderNumber = *taken;
   hasTakenNumber_ = true;
@@ -257,17 +267,17 @@ void Conversion::TakeNumber() {
   journal_->TakesNumber();
 }
 
-void Conversion::TakeParts() {
+void Conversion::TakeParts(const Workorders::FilesWritten& written) {
   FinishStock();
   StockMovement stock(bench_.shop.environment, bench_.shop.desktop, bench_.shop.records,
                       [this](std::string step) { done_.Add(std::move(step)); },
                       {.part = [this](const JournaledPart& part) { journal_->WillMove(part); },
                        .stock = [this](const std::string& part, FileLink usage) { journal_->HasNoted(part, usage); }});
-  Recordset rows = bench_.Data().PartsTable(bench_.Number());
-  for (; !rows.Eof(); rows.MoveNext()) {
+  const bool isSold = written.text && !isAsBegun_;  // whatever the lines are by now
+  for (Recordset rows = rows_->Parts(); !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
     const WoPartLine line = filling_.TakePart(RowOf(part));
-    if (IsMoved(part.partNumber)) continue;
+    if (isSold || IsMoved(part.partNumber)) continue;
     const auto left = stock.TakeOut({part.partNumber, line.Quantity, line.Cost, line.Price}, Order());
     if (left && *left < 1)
       reorderList_ += "\r" + part.partNumber + " quantity in stock is now " + std::to_string(*left);
@@ -275,7 +285,11 @@ void Conversion::TakeParts() {
   const StockMovement::GivenUpParts& notDone = stock.NotDone();
   notDone_ += Named("The stock of these parts could not be read and was not changed:", notDone.notRead) +
               Named("The stock of these parts could not be written and was not changed:", notDone.notWritten) +
-              Named("The use of these parts could not be noted in the usage history:", notDone.notNoted);
+              Named("The use of these parts could not be noted in the usage history:", notDone.notNoted) +
+              Named("The stock of these parts was changed in " + std::string(kInventoryTagFile) + ", but not in " +
+                        std::string(kInventoryFile) + ":",
+                    notDone.inTagAlone) +
+              Named("The usage history tells a use of these parts, whose stock was not changed:", notDone.onlyNoted);
 }
 
 // By what ended in the middle: what is missing of it has been done then.
@@ -297,32 +311,23 @@ void Conversion::FinishStock() {
   notDone_ += Named("Count the stock of these parts, which was changed meanwhile:", repair.ToBeCounted());
 }
 
-void Conversion::TakeOtherLines() {
-  Recordset labor = bench_.Data().LaborForEstimate(bench_.Number());
-  for (; !labor.Eof(); labor.MoveNext()) filling_.TakeLabor(ReadLaborLine(labor));
-  Recordset sublets = bench_.Data().SubletsForEstimate(bench_.Number());
-  for (; !sublets.Eof(); sublets.MoveNext()) filling_.TakeSublet(ReadExtra(sublets));
-  Recordset waste = bench_.Data().WasteForEstimate(bench_.Number());
-  for (; !waste.Eof(); waste.MoveNext()) filling_.TakeWaste(ReadExtra(waste));
-  Recordset notes = bench_.Data().NotesForEstimate(bench_.Number());
-  for (; !notes.Eof(); notes.MoveNext()) filling_.TakeNote(ReadNote(notes));
-}
-
 void Conversion::WriteFiles(const Workorders::FilesWritten& written) {
   journal_->WillWrite("tags and text");
+  journal_->Force();
   if (!written.activeTag) {
     workorders_.WriteActiveWoTag();
     done_.Add("the tag in " + std::string(kActiveTagFile) + " was written");
   }
-  if (!written.archivedTag) WriteArchivedTag();
+  if (!written.archivedTag) WriteArchivedTag(written);
   // A text that is there to its end may have been worked on since.
   if (!written.text) workorders_.WriteWorkorderFile();
   done_.AddText("the work order was written to " + Workorders::FileNameOf(Order().WorkorderNumber));
 }
 
-void Conversion::WriteArchivedTag() {
+// Of other lines than the text has it would tell other totals.
+void Conversion::WriteArchivedTag(const Workorders::FilesWritten& written) {
   workorders_.PrepareTag();
-  if (workorders_.WriteArchivedWoTag()) {
+  if ((isAsBegun_ || !written.text) && workorders_.WriteArchivedWoTag()) {
     done_.Add("the tag in " + std::string(kArchivedTagFile) + " was written");
   } else {
     bench_.shop.environment.log.Write("Convert: work order " + OrderNumber() + " has no tag in " +
@@ -356,7 +361,8 @@ void Conversion::ChangeStatus() {
   const char letter = bench_.shop.environment.statusOptions[options[status]];
   if (letter == 'Y' ||
       (letter == 'A' && desktop.Ask("Change status to 'Completed'?", kTitle, ui::Buttons::YesNo) == ui::Answer::Yes)) {
-    bench_.database.estimates.ChangeStatus(kCompleted);
+    StoreUnlessChanged(bench_.shop, bench_.database, kTitle,
+                       [this] { bench_.database.estimates.ChangeStatus(kCompleted); });
   }
   if (Current().Status == kCompleted) return;
   desktop.Tell(

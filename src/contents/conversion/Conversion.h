@@ -4,6 +4,7 @@
 #include <string>
 
 #include "contents/Workbench.h"
+#include "contents/conversion/EstimateRows.h"
 #include "contents/conversion/StepsDone.h"
 #include "records/Vehicles.h"
 #include "workorders/ConversionJournal.h"
@@ -12,6 +13,10 @@
 #include "workorders/Workorders.h"
 
 namespace lantos {
+
+// How the finishing of a conversion ended: whole or with the person told why not, or with something gone that no later
+// try will find either.
+enum class Finishing { Ended, NotPossible };
 
 // Turns the estimate on show into an open work order of the main application, and takes its parts out of stock. There
 // is no transaction around it: what goes wrong halfway stays halfway, and the error then says in words what was done.
@@ -25,7 +30,7 @@ class Conversion {
   void Run();
   // Brings one that ended in the middle to its end, the estimate being on show: with its number, and without what is
   // done already. The journal is the one that was left behind. Throws as Run does.
-  void Finish(const BegunConversion& begun, ConversionJournal& journal);
+  Finishing Finish(const BegunConversion& begun, ConversionJournal& journal);
   // Whether it came so far that the work order has its number, which it keeps whatever follows.
   bool HasTakenNumber() const { return hasTakenNumber_; }
 
@@ -50,13 +55,12 @@ class Conversion {
   // All that stands behind the number, or what is missing of it.
   void TakeLinesAndWrite(const Workorders::FilesWritten& written);
   // The parts leave the stock one by one, ahead of all else.
-  void TakeParts();
+  void TakeParts(const Workorders::FilesWritten& written);
   void FinishStock();
-  bool HasBegunParts();
+  bool SellsWhatItBegan(const Workorders::FilesWritten& written);
   bool IsMoved(const std::string& number);
-  void TakeOtherLines();
   void WriteFiles(const Workorders::FilesWritten& written);
-  void WriteArchivedTag();
+  void WriteArchivedTag(const Workorders::FilesWritten& written);
   void TellOfReorders();
   void MarkEstimate();
   void ChangeStatus();
@@ -72,8 +76,10 @@ class Conversion {
   std::optional<ConversionJournal> ownJournal_;
   ConversionJournal* journal_ = nullptr;
   const BegunConversion* begun_ = nullptr;  // when one is finished
-  std::vector<bool> isNoted_;               // by its parts: their usage was there, or given up
-  bool isVehicleWritten_ = false;           // from its screen, or given up there
+  std::optional<EstimateRows> rows_;
+  bool isAsBegun_ = true;          // the lines of one that is finished
+  std::vector<bool> isNoted_;      // by its parts: their usage was there, or given up
+  bool isVehicleWritten_ = false;  // from its screen, or given up there
   bool hasTakenNumber_ = false;
   std::string reorderList_;
   std::string notDone_;  // what the person gave up of the stock, for the last message

@@ -6,6 +6,7 @@
 #include "frame/Numbers.h"
 #include "records/modSystem.h"
 #include "screens/CheckPassword.h"
+#include "workorders/JournalsOnDisk.h"
 #include "workorders/StockRepair.h"
 
 namespace lantos {
@@ -33,27 +34,45 @@ void HalfDone::Settle(const std::vector<std::string>& journals) {
 
 HalfDone::Settled HalfDone::SettleOf(std::int32_t estimate) {
   onlyOf_ = estimate;
-  std::vector<std::string> journals = shop_.environment.files.List(kJournalPattern);
-  std::erase_if(journals, [&](const std::string& name) { return ConversionJournal::IsOwn(shop_.environment, name); });
-  Settle(journals);
+  std::vector<std::string> names;
+  for (const JournalOnDisk& journal : LookAtJournals(shop_.environment)) {
+    if (journal.unreadable) TellUnreadable(journal.name, *journal.unreadable);
+    if (journal.begun && journal.begun->estimate == estimate) names.push_back(journal.name);
+  }
+  Settle(names);
+  const bool isLeft = FindConversionOf(LookAtJournals(shop_.environment), estimate) != nullptr;
+  if (isLeft && settled_ == Settled::NothingLeft) settled_ = Settled::StaysHalfDone;
   return settled_;
 }
 
 std::optional<ConversionJournal> HalfDone::OpenLeft(const std::string& name) {
   std::optional<ConversionJournal> journal;
   try {
-    journal.emplace(shop_.environment, name);
+    journal.emplace(shop_.environment, shop_.desktop, name);
   } catch (const FileError& error) {
-    // Its copy is at work, or another one has just settled it.
-    if (error.Number() == FileErrorNumber::PermissionDenied || error.Number() == FileErrorNumber::FileNotFound) {
+    // Its copy is at work, or another one is settling it or has just done so.
+    if (error.Number() == FileErrorNumber::PermissionDenied) {
+      if (onlyOf_ != 0) TellIfRunning(name);
       return std::nullopt;
     }
+    if (error.Number() == FileErrorNumber::FileNotFound) return std::nullopt;
     shop_.environment.log.Write(error.what());
-    shop_.desktop.Tell(name + ", the journal of a conversion that was not finished, can not be read: " +
-                           CauseInWords(error.Number()) + ".",
-                       kTitle, ui::Icon::Exclamation);
+    TellUnreadable(name, FileFailure(error));
   }
   return journal;
+}
+
+void HalfDone::TellUnreadable(const std::string& name, const FileFailure& failure) {
+  const std::string what = name + ", the journal of a conversion that was not finished, can not be read";
+  shop_.desktop.Tell(InWords(failure, what), kTitle, ui::Icon::Exclamation);
+}
+
+void HalfDone::TellIfRunning(const std::string& name) {
+  for (const JournalOnDisk& journal : LookAtJournals(shop_.environment)) {
+    if (journal.name == name && journal.begun) {
+      shop_.desktop.Tell(BeingConverted(*journal.begun), kTitle, ui::Icon::Exclamation);
+    }
+  }
 }
 
 void HalfDone::SettleOne(const std::string& name) {
@@ -103,7 +122,26 @@ void HalfDone::SettleBegun(const BegunConversion& begun, ConversionJournal& jour
   if ((answer != ui::Answer::Yes && !undoes) || !MayEnter(shop_, Section::Workorders)) return;
   if (undoes) return Undo(begun, journal);
   settled_ = Settled::Finished;
-  finish_(begun, journal);
+  if (finish_(begun, journal) == Finishing::NotPossible) OfferToLeave(begun, journal);
+}
+
+// Else it would be asked about at each start, for ever.
+void HalfDone::OfferToLeave(const BegunConversion& begun, ConversionJournal& journal) {
+  RunLog& log = shop_.environment.log;
+  const ui::Answer answer = shop_.desktop.Ask(
+      NameOf(begun) +
+          " can not be finished: its estimate or its customer is not on file.\r\rLeave it as it is, and don't ask "
+          "again?\rWhat was done of it goes to the log of this run, " +
+          log.Name() + ".",
+      kTitle, ui::Buttons::YesNo, ui::Icon::Question);
+  if (answer != ui::Answer::Yes) return;
+  log.Write(NameOf(begun) + " was left as it is. " + journal.Name() + " had:");
+  std::string content = journal.Content();
+  for (std::size_t end = content.find("\r\n"); end != std::string::npos; end = content.find("\r\n")) {
+    log.Write(content.substr(0, end));
+    content.erase(0, end + 2);
+  }
+  journal.Remove();
 }
 
 std::string HalfDone::WhatIsDone(const BegunConversion& begun, const Workorders::FilesWritten& written) {

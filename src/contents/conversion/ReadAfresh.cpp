@@ -57,23 +57,50 @@ void SettleComments(Shop& shop, EstimateOnShow& onShow, const std::string& store
 
 }  // namespace
 
+bool StoreUnlessChanged(Shop& shop, EstimateDatabase& database, const std::string& title,
+                        const std::function<void()>& store) {
+  Estimate& current = database.estimates.CurrentEstimate;
+  for (;;) {
+    const Estimate before = current;
+    bool isStored = false;
+    try {
+      database.lantosData.Connection().Together([&] {
+        std::optional<Estimate> now = OnFile(database.lantosData, current);
+        if (!now || !WhatHappened(database.estimates, current, *now).empty()) return;
+        now->Status = current.Status;
+        current = *now;
+        store();
+        isStored = true;
+      });
+    } catch (...) {
+      current = before;
+      throw;
+    }
+    if (isStored) return true;
+    if (ReadAfresh(shop, database, title) == Meanwhile::Stops) return false;
+  }
+}
+
+// What happens while the question is up is asked about as well.
 Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, const std::string& title) {
   Estimate& current = database.estimates.CurrentEstimate;
   const std::string name = "Estimate # " + FormatZeros(current.EstimateNumber, 6);
-  std::optional<Estimate> now = OnFile(database.lantosData, current);
-  if (!now) {
-    shop.desktop.Tell(name + " was deleted by another user.", title, ui::Icon::Exclamation);
-    return Meanwhile::Stops;
+  for (Meanwhile meanwhile = Meanwhile::Nothing;; meanwhile = Meanwhile::GoesOn) {
+    std::optional<Estimate> now = OnFile(database.lantosData, current);
+    if (!now) {
+      shop.desktop.Tell(name + " was deleted by another user.", title, ui::Icon::Exclamation);
+      return Meanwhile::Stops;
+    }
+    const std::string happened = WhatHappened(database.estimates, current, *now);
+    // A No-show may be one in memory alone.
+    if (happened.empty()) now->Status = current.Status;
+    current = *now;
+    if (happened.empty()) return meanwhile;
+    const ui::Answer answer = shop.desktop.Ask(
+        name + " was changed by another user since it was shown here.\r" + happened + "\r\rDo you wish to continue?",
+        title, ui::Buttons::YesNo, ui::Icon::Question);
+    if (answer != ui::Answer::Yes) return Meanwhile::Stops;
   }
-  const std::string happened = WhatHappened(database.estimates, current, *now);
-  // A No-show may be one in memory alone.
-  if (happened.empty()) now->Status = current.Status;
-  current = *now;
-  if (happened.empty()) return Meanwhile::Nothing;
-  const ui::Answer answer = shop.desktop.Ask(
-      name + " was changed by another user since it was shown here.\r" + happened + "\r\rDo you wish to continue?",
-      title, ui::Buttons::YesNo, ui::Icon::Question);
-  return answer == ui::Answer::Yes ? Meanwhile::GoesOn : Meanwhile::Stops;
 }
 
 Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, EstimateOnShow& onShow, const std::string& title) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "contents/Workbench.h"
@@ -19,5 +20,11 @@ Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, const std::string& 
 // The same, and comments that another copy has written go on show. Where the person has typed some that aren't saved
 // yet, a box with both asks which are to be stored.
 Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, EstimateOnShow& onShow, const std::string& title);
+
+// Stores something of the current estimate in one transaction with a look at it: what another copy has made of it
+// meanwhile is told and asked about as above, before anything is written. False when the person doesn't go on, with the
+// current estimate as it stands in the database. Comments that another copy wrote are in it when store is run.
+bool StoreUnlessChanged(Shop& shop, EstimateDatabase& database, const std::string& title,
+                        const std::function<void()>& store);
 
 }  // namespace lantos

@@ -32,6 +32,16 @@ de::Extra RowOf(const ExtraLine& line) {
           line.Desc[1], line.Desc[2], line.Desc[3], line.Taxable};
 }
 
+LineValues ValuesOf(const ExtraLine& line) {
+  LineValues values = {{"Vendor", line.Vendor},
+                       {"Invoice", line.Invoice},
+                       {"Cost", FormatHundredths(line.Cost)},
+                       {"Price", FormatHundredths(line.Price)},
+                       {"Taxable", line.Taxable}};
+  AddTexts(values, "Description", line.Desc);
+  return values;
+}
+
 // The number row, then one row for each text that isn't empty.
 std::vector<std::string> RowsOf(const ExtraLine& line) {
   std::vector<std::string> rows = {line.Vendor + (line.Invoice.empty() ? "" : " (" + line.Invoice + ")") + " " +
@@ -107,13 +117,15 @@ void frmEstExtras::OnKeyDown(ui::KeyPress& key) {
 }
 
 // The editor stays until its line is stored, and is gone before that can be seen.
-void frmEstExtras::EditAndStore(const std::string& caption, const ExtraLine& line, std::optional<std::int32_t> number) {
+void frmEstExtras::EditAndStore(const std::string& caption, const ExtraLine& line, Replaced* replaced) {
   std::optional<std::int32_t> stored;
   ExtraLine edited;
   {
     frmWOExtra editor(bench_.shop, caption, line, table_.DefaultTax(bench_));
-    editor.StoreBy({[&] { stored = Store(number, editor.CurrentExtra); },
-                    [&] { return "The " + ToLower(table_.noun) + " \"" + editor.CurrentExtra.Vendor + "\""; }});
+    const auto store = [&] {
+      stored = replaced != nullptr ? StoreInPlace(editor.CurrentExtra, *replaced) : Store(editor.CurrentExtra);
+    };
+    editor.StoreBy({store, [&] { return NameOf(editor.CurrentExtra); }});
     editor.ShowModal();
     edited = editor.CurrentExtra;
   }
@@ -125,25 +137,45 @@ void frmEstExtras::EditAndStore(const std::string& caption, const ExtraLine& lin
   };
   if (!lines_.IsBehindUnseen(*stored)) return show();
   ShowStored(
-      "The " + ToLower(table_.noun) + " \"" + edited.Vendor + "\"", [this] { LoadLines(); }, show);
+      NameOf(edited), [this] { LoadLines(); }, show);
 }
 
-std::int32_t frmEstExtras::Store(std::optional<std::int32_t> number, const ExtraLine& line) {
+std::string frmEstExtras::NameOf(const ExtraLine& line) const {
+  return "The " + ToLower(table_.noun) + " \"" + line.Vendor + "\"";
+}
+
+std::optional<std::int32_t> frmEstExtras::StoreInPlace(const ExtraLine& line, Replaced& replaced) {
+  const auto store = [&] { Store(line, &replaced); };
+  const bool isStored = replaced.line.Store(bench_.shop.desktop, "Change " + std::string(table_.noun), ValuesOf(line),
+                                            {store, [this] { LoadLines(); }});
+  return isStored ? std::optional(replaced.number) : std::nullopt;
+}
+
+std::int32_t frmEstExtras::Store(const ExtraLine& line, Replaced* replaced) {
   de& data = bench_.Data();
   std::int32_t stored = 0;
   const auto write = [&] {
-    if (number) (data.*table_.remove)(bench_.Number(), *number);
-    stored = number
-                 ? *number
-                 : NumberForNewLine((data.*table_.stored)(bench_.Number()), table_.numberColumn, lines_.NextNumber());
+    if (replaced != nullptr) {
+      stored = replaced->number;
+      replaced->line.Expect(ValuesStored(stored));
+      (data.*table_.remove)(bench_.Number(), stored);
+    } else {
+      stored = NumberForNewLine((data.*table_.stored)(bench_.Number()), table_.numberColumn, lines_.NextNumber());
+    }
     (data.*table_.add)(bench_.Number(), stored, RowOf(line));
   };
   StoreOrReload([&] { TakeNumberAndStore([&] { data.Connection().Together(write); }); }, [this] { LoadLines(); });
   return stored;
 }
 
+std::optional<LineValues> frmEstExtras::ValuesStored(std::int32_t number) {
+  return StoredValues((bench_.Data().*table_.storedLine)(bench_.Number(), number),
+                      [](const Recordset&) { return true; },
+                      [](const Recordset& row) { return ValuesOf(ReadExtra(row)); });
+}
+
 void frmEstExtras::Add() {
-  if (const auto line = table_.newLine(bench_)) EditAndStore(table_.editorCaption, *line, std::nullopt);
+  if (const auto line = table_.newLine(bench_)) EditAndStore(table_.editorCaption, *line);
 }
 
 void frmEstExtras::Change() {
@@ -152,14 +184,19 @@ void frmEstExtras::Change() {
   const std::optional<std::int32_t> number = lines_.Selected();
   if (!number) return desktop.Tell("Must select a " + noun + " to change.", "Change " + noun);
   Recordset& stored = (bench_.Data().*table_.storedLine)(bench_.Number(), *number);
-  if (stored.Eof()) return desktop.Tell(noun + " information not found in database.", "Change " + noun);
+  if (stored.Eof()) {
+    desktop.Tell(noun + " information not found in database.", "Change " + noun);
+    return LoadLines();
+  }
   const ExtraLine line = ReadExtra(stored);
   stored.Close();
+  if (ValuesOf(line) != ValuesOf(lines_[*number])) LoadLines();
   if (line.Vendor == kSurchargeVendor) {
     return desktop.Tell("This is a system-generated value.\rIt can only be removed, not changed.",
                         "Can not edit SURCHARGE.");
   }
-  EditAndStore("Change " + noun, line, number);
+  Replaced replaced{*number, ListedLine(ValuesOf(line))};
+  EditAndStore("Change " + noun, line, &replaced);
 }
 
 void frmEstExtras::Remove() {
@@ -171,7 +208,14 @@ void frmEstExtras::Remove() {
                   ui::Buttons::YesNo) != ui::Answer::Yes) {
     return;
   }
-  StoreOrReload([&] { (bench_.Data().*table_.remove)(bench_.Number(), *number); }, [this] { LoadLines(); });
+  ListedLine listed(ValuesOf(lines_[*number]));
+  const auto remove = [&] {
+    listed.Expect(ValuesStored(*number));
+    (bench_.Data().*table_.remove)(bench_.Number(), *number);
+  };
+  const auto reload = [this] { LoadLines(); };
+  const auto transaction = [&] { StoreOrReload([&] { bench_.Data().Connection().Together(remove); }, reload); };
+  if (!RemoveAsListed(desktop, "Remove " + noun, NameOf(lines_[*number]) + " was", {transaction, reload})) return;
   lines_.Remove(*number);
   listLines.SetFocus();
 }

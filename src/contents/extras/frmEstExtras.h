@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contents/ListedLine.h"
 #include "contents/NumberedList.h"
 #include "contents/extras/ExtrasTable.h"
 #include "screens/OkCancelForm.h"
@@ -31,9 +32,18 @@ class frmEstExtras : public SizedForm {
   void Add();
   void Change();
   void Remove();
-  // Under the number, in place of the line that has it, or under a new one.
-  void EditAndStore(const std::string& caption, const ExtraLine& line, std::optional<std::int32_t> number);
-  std::int32_t Store(std::optional<std::int32_t> number, const ExtraLine& line);
+  // One that is to take the place of the line that has its number.
+  struct Replaced {
+    std::int32_t number;
+    ListedLine line;
+  };
+  // Under a new number, or in place of another.
+  void EditAndStore(const std::string& caption, const ExtraLine& line, Replaced* replaced = nullptr);
+  std::int32_t Store(const ExtraLine& line, Replaced* replaced = nullptr);
+  // Asks where the line that is to be replaced is another by then; nothing when that one is kept.
+  std::optional<std::int32_t> StoreInPlace(const ExtraLine& line, Replaced& replaced);
+  std::optional<LineValues> ValuesStored(std::int32_t number);
+  std::string NameOf(const ExtraLine& line) const;
 
   Workbench& bench_;
   const ExtrasTable& table_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "contents/Changing.h"
+#include "contents/EstimateTotals.h"
 #include "contents/LineNumbers.h"
 #include "contents/labor/LaborRows.h"
 #include "contents/labor/frmLabor.h"
@@ -15,6 +16,9 @@
 namespace lantos {
 
 namespace {
+
+const std::string kChangeLabor = "Change Labor";
+const std::string kRemoveLabor = "Remove Labor";
 
 // What the list shows of it, and no more: followup fields aren't kept, and empty lines have no row.
 WoLaborLine AsListed(const WoLaborLine& stored) {
@@ -34,62 +38,74 @@ std::string FirstText(const WoLaborLine& line) {
   return text == line.Desc.end() ? std::string() : Trim(*text);
 }
 
+std::string NameOf(const WoLaborLine& line) { return "The labor line \"" + FirstText(line) + "\""; }
+
 }  // namespace
 
 std::string LaborLines::EstimateDate() const { return FormatDate(bench_.database.estimates.CurrentEstimate.SchedDate); }
 
-void LaborLines::AddLaborLine(const WoLaborLine& line) { Show(Store(std::nullopt, line)); }
+void LaborLines::AddLaborLine(const WoLaborLine& line) { Show(Store(line)); }
 
 bool LaborLines::EditAndAdd(const WoLaborLine& line) {
-  const std::optional<Stored> stored = EditAndStore(line, std::nullopt);
+  const std::optional<Stored> stored = EditAndStore(line);
   if (stored) Show(*stored);
   return stored.has_value();
 }
 
 // The screen is gone before anything of the line is seen elsewhere.
-std::optional<LaborLines::Stored> LaborLines::EditAndStore(const WoLaborLine& line,
-                                                           std::optional<std::int32_t> number) {
+std::optional<LaborLines::Stored> LaborLines::EditAndStore(const WoLaborLine& line, Replaced* replaced) {
   frmLabor form(bench_, line);
   form.LoadForm();
   if (!form.HasEmployees()) return std::nullopt;
   std::optional<Stored> stored;
-  form.StoreBy({[&] { stored = Store(number, form.CurrentLabor); },
-                [&form] { return "The labor line \"" + FirstText(form.CurrentLabor) + "\""; }});
+  form.StoreBy({[&] {
+                  if (replaced != nullptr) {
+                    stored = StoreInPlace(form.CurrentLabor, *replaced);
+                  } else {
+                    stored = Store(form.CurrentLabor);
+                  }
+                },
+                [&form] { return NameOf(form.CurrentLabor); }});
   form.ShowModal();
   return stored;
 }
 
-LaborLines::Stored LaborLines::Store(std::optional<std::int32_t> number, WoLaborLine line) {
+std::optional<LaborLines::Stored> LaborLines::StoreInPlace(const WoLaborLine& line, Replaced& replaced) {
+  std::optional<Stored> stored;
+  const auto store = [&] { stored = Store(line, &replaced); };
+  const bool isStored =
+      replaced.line.Store(bench_.shop.desktop, kChangeLabor, ValuesOf(line), {store, [this] { FollowDatabase(); }});
+  return isStored ? stored : std::nullopt;
+}
+
+LaborLines::Stored LaborLines::Store(WoLaborLine line, Replaced* replaced) {
   for (std::string& text : line.Desc) text = TrimNull(text);
   Stored stored;
   stored.line = std::move(line);
-  const auto transaction = [&] {
-    stored.refusal = surcharge_.StoreWithSurcharge([&] { return Write(number, stored); });
-  };
+  const auto transaction = [&] { stored.refusal = surcharge_.StoreWithSurcharge([&] { Write(stored, replaced); }); };
   StoreOrReload([&] { TakeNumberAndStore(transaction); }, [this] { FollowDatabase(); });
   return stored;
 }
 
-Surcharge::Sums LaborLines::Write(std::optional<std::int32_t> number, Stored& stored) {
+void LaborLines::Write(Stored& stored, Replaced* replaced) {
   de& data = bench_.Data();
   const WoLaborLine& line = stored.line;
-  if (number) {
-    data.DeleteLabor(bench_.Number(), *number);
-    stored.number = *number;
+  if (replaced != nullptr) {
+    stored.number = replaced->number;
+    replaced->line.Expect(ValuesStored(stored.number));
+    data.DeleteLabor(bench_.Number(), stored.number);
   } else {
     stored.number = NumberForNewLine(data.LaborForEstimate(bench_.Number()), "LaborNumber", list_.NextNumber());
   }
   data.AddLabor(bench_.Number(), stored.number, JoinLaborText(line.Desc), line.Hours, line.Rate, line.Total,
                 line.Mechanic);
-  LaborByNumber lines = list_.Lines();
-  lines.insert_or_assign(stored.number, line);
-  return SumsWith(lines);
 }
 
-Surcharge::Sums LaborLines::SumsWith(const LaborByNumber& labor) const {
-  Surcharge::Sums sums = surcharge_.SumsOnShow();
-  sums.labor = LaborSum(labor);
-  return sums;
+std::optional<LineValues> LaborLines::ValuesStored(std::int32_t number) {
+  return StoredValues(
+      bench_.Data().LaborForEstimate(bench_.Number()),
+      [number](const Recordset& row) { return row.Long("LaborNumber") == number; },
+      [](const Recordset& row) { return ValuesOf(ReadLaborLine(row)); });
 }
 
 void LaborLines::Show(const Stored& stored) {
@@ -104,7 +120,7 @@ void LaborLines::Show(const Stored& stored) {
     if (!isRead) ShowWhatFollows(stored.refusal);
   };
   ShowStored(
-      "The labor line \"" + FirstText(stored.line) + "\"", [this] { GoBack(); }, show);
+      NameOf(stored.line), [this] { GoBack(); }, show);
   surcharge_.ApplySurcharge();
   ShowWhatFollows(nullptr);
 }
@@ -133,6 +149,9 @@ void LaborLines::LoadLaborList() {
   for (const auto& [number, line] : list_.Lines()) hoursOfTheDay_ += line.Hours;
 }
 
+// Where no estimate is on show the lines of the next one follow.
+void LaborLines::ClearLaborList() { bench_.Number() == 0 ? list_.StartAnew() : list_.Clear(); }
+
 // What another workstation has added or taken away is seen from then on, and counts on the day. A list that was emptied
 // on the screen has counted all the time.
 void LaborLines::GoBack() {
@@ -156,14 +175,19 @@ void LaborLines::AddToTheDay(Hundredths hours) {
 }
 
 void LaborLines::RemoveLaborLine(std::int32_t number) {
+  ListedLine listed(ValuesOf(list_[number]));
   Surcharge::Refusal refusal;
   const auto remove = [&] {
+    listed.Expect(ValuesStored(number));
     bench_.Data().DeleteLabor(bench_.Number(), number);
-    LaborByNumber lines = list_.Lines();
-    lines.erase(number);
-    return SumsWith(lines);
   };
-  StoreOrReload([&] { refusal = surcharge_.StoreWithSurcharge(remove); }, [this] { FollowDatabase(); });
+  const auto transaction = [&] {
+    StoreOrReload([&] { refusal = surcharge_.StoreWithSurcharge(remove); }, [this] { FollowDatabase(); });
+  };
+  if (!RemoveAsListed(bench_.shop.desktop, kRemoveLabor, NameOf(list_[number]) + " was",
+                      {transaction, [this] { FollowDatabase(); }})) {
+    return;
+  }
   AddToTheDay(-list_[number].Hours);
   list_.Remove(number);
   ShowWhatFollows(refusal);
@@ -179,22 +203,23 @@ void LaborLines::Add() {
 void LaborLines::Change() {
   const std::optional<std::int32_t> number = list_.Selected();
   if (!number) {
-    bench_.shop.desktop.Tell("Must select a labor item in order to change it.", "Change Labor");
+    bench_.shop.desktop.Tell("Must select a labor item in order to change it.", kChangeLabor);
     return;
   }
   WoLaborLine line = AsListed(list_[*number]);
   line.Date = EstimateDate();
-  if (const std::optional<Stored> stored = EditAndStore(line, number)) Show(*stored);
+  Replaced replaced{*number, ListedLine(ValuesOf(list_[*number]))};
+  if (const std::optional<Stored> stored = EditAndStore(line, &replaced)) Show(*stored);
 }
 
 void LaborLines::Remove() {
   const std::optional<std::int32_t> number = list_.Selected();
   ui::Desktop& desktop = bench_.shop.desktop;
   if (!number) {
-    desktop.Tell("Must select a labor item in order to remove it.", "Remove Labor");
+    desktop.Tell("Must select a labor item in order to remove it.", kRemoveLabor);
     return;
   }
-  if (desktop.Ask("Remove\r    " + FirstText(list_[*number]) + "\rfrom this estimate?", "Remove Labor",
+  if (desktop.Ask("Remove\r    " + FirstText(list_[*number]) + "\rfrom this estimate?", kRemoveLabor,
                   ui::Buttons::YesNo) == ui::Answer::No) {
     return;
   }

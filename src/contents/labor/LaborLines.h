@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "contents/EstimateLines.h"
-#include "contents/EstimateTotals.h"
+#include "contents/ListedLine.h"
 #include "contents/Surcharge.h"
 #include "contents/Workbench.h"
 
@@ -24,7 +24,7 @@ class LaborLines {
   // Fills the list from the database.
   void LoadLaborList();
   // On the screen only: the lines stay in the database, and keep their numbers.
-  void ClearLaborList() { list_.Clear(); }
+  void ClearLaborList();
 
   // The commands of the board. Each works on the estimate on show.
   void Add();
@@ -38,16 +38,23 @@ class LaborLines {
     WoLaborLine line;
     Surcharge::Refusal refusal;
   };
-  // Under the number, in place of the line that has it, or under a new one. Where the database refuses it, list, totals
-  // and the day follow what it has.
-  Stored Store(std::optional<std::int32_t> number, WoLaborLine line);
-  Surcharge::Sums Write(std::optional<std::int32_t> number, Stored& stored);
-  std::optional<Stored> EditAndStore(const WoLaborLine& line, std::optional<std::int32_t> number);
+  // One that is to take the place of the line that has its number.
+  struct Replaced {
+    std::int32_t number;
+    ListedLine line;
+  };
+  // Under a new number, or in place of another. Where the database refuses it, list, totals and the day follow what it
+  // has.
+  Stored Store(WoLaborLine line, Replaced* replaced = nullptr);
+  void Write(Stored& stored, Replaced* replaced);
+  // Asks where the line that is to be replaced is another by then; nothing when that one is kept.
+  std::optional<Stored> StoreInPlace(const WoLaborLine& line, Replaced& replaced);
+  std::optional<Stored> EditAndStore(const WoLaborLine& line, Replaced* replaced = nullptr);
+  std::optional<LineValues> ValuesStored(std::int32_t number);
   void Show(const Stored& stored);
   void PutStored(const Stored& stored);
   void ShowWhatFollows(const Surcharge::Refusal& refusal);
   void RemoveLaborLine(std::int32_t number);
-  Surcharge::Sums SumsWith(const LaborByNumber& labor) const;
   void GoBack();
   void FollowDatabase();
   void AddToTheDay(Hundredths hours);

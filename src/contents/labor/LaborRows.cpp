@@ -32,4 +32,13 @@ WoLaborLine ReadLaborLine(const Recordset& row) {
   return line;
 }
 
+LineValues ValuesOf(const WoLaborLine& line) {
+  LineValues values = {{"Technician", FormatZeros(line.Mechanic, 6)},
+                       {"Hours", FormatHundredths(line.Hours)},
+                       {"Rate", FormatHundredths(line.Rate)},
+                       {"Total", FormatHundredths(line.Total)}};
+  AddTexts(values, "Description", SplitLaborText(JoinLaborText(line.Desc)));
+  return values;
+}
+
 }  // namespace lantos

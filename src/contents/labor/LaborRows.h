@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "contents/ListedLine.h"
 #include "estimatedb/engine/Recordset.h"
 #include "workorders/Workorder.h"
 
@@ -13,5 +14,7 @@ namespace lantos {
 std::vector<std::string> LaborRows(const WoLaborLine& line);
 // The line of a row of Labors, its text split.
 WoLaborLine ReadLaborLine(const Recordset& row);
+// What a row of Labors has of the line, whether it was read from there or is to be stored.
+LineValues ValuesOf(const WoLaborLine& line);
 
 }  // namespace lantos

@@ -1,7 +1,9 @@
 #include "contents/notes/EstimateChecklist.h"
 
+#include <algorithm>
+
+#include "contents/notes/ChecklistMerge.h"
 #include "contents/notes/frmWOChklst.h"
-#include "frame/Text.h"
 #include "records/CheckList.h"
 
 // The checklist of an estimate: the ticked entries of the table, a row each, "name,service,miles".
@@ -9,72 +11,53 @@ namespace lantos {
 
 namespace {
 
-std::string OrBlank(const std::string& value) { return value.empty() ? " " : value; }
-
-std::string ChecklistData(const ChecklistItem& item) {
-  return item.Name + "," + OrBlank(item.Service) + "," + OrBlank(item.DueBackMiles);
+StoredChecklist Stored(Workbench& bench) {
+  std::vector<std::string> rows;
+  Recordset& stored = bench.Data().ChecklistForEstimate(bench.Number());
+  for (; !stored.Eof(); stored.MoveNext()) rows.push_back(stored.Text("ChecklistData"));
+  stored.Close();
+  return BesideEntries(bench.shop.records.checkList, rows);
 }
 
-// Quotes nothing: a comma in the service text splits it on the way back.
-ChecklistItem ParseChecklistData(std::string_view data) {
-  ChecklistItem item;
-  if (data.starts_with('[')) {
-    const std::size_t end = data.find(']');
-    item.Name = std::string(data.substr(0, end == std::string_view::npos ? end : end + 1));
-    return item;
+bool AnyTicked(const std::vector<ChecklistItem>& items) {
+  return std::any_of(items.begin(), items.end(), [](const ChecklistItem& item) { return item.Used; });
+}
+
+StoredChecklist Load(Workbench& bench) {
+  CheckListTable& table = bench.shop.records.checkList;
+  table.ClearCheckListValues();
+  StoredChecklist stored = Stored(bench);
+  table.items = stored.items;
+  table.ChecklistLoaded = AnyTicked(stored.items) || !stored.strangers.empty();
+  for (const std::string& name : stored.strangers) {
+    bench.shop.desktop.Tell("Couldn't locate " + name + " in checklist.  Item skipped.", "LoadCheckListValues");
   }
-  if (data.ends_with(',')) data.remove_suffix(1);
-  const auto take = [&data] {
-    const std::size_t comma = data.find(',');
-    const std::string part(data.substr(0, comma));
-    data.remove_prefix(comma == std::string_view::npos ? data.size() : comma + 1);
-    return part;
+  return stored;
+}
+
+void Save(Workbench& bench, const StoredChecklist& loaded, const std::string& title) {
+  CheckListTable& table = bench.shop.records.checkList;
+  ChecklistMerge merge(loaded, table.items);
+  const auto replace = [&] {
+    const std::vector<std::string> rows = merge.Merged(Stored(bench));
+    bench.Data().DeleteChecklist(bench.Number());
+    for (const std::string& row : rows) bench.Data().AddChecklistRow(bench.Number(), row);
   };
-  item.Name = take();
-  item.Service = Trim(take());
-  item.DueBackMiles = Trim(take());
-  return item;
-}
-
-void SaveEstimateChecklist(Workbench& bench) {
-  for (const ChecklistItem& item : bench.shop.records.checkList.items) {
-    if (item.Used) bench.Data().AddChecklistRow(bench.Number(), ChecklistData(item));
-  }
+  merge.Store(bench.shop.desktop, title, [&] { bench.Data().Connection().Together(replace); });
+  if (!merge.HasTakenAny()) return;
+  table.items = merge.Items();
+  table.ChecklistLoaded = std::any_of(table.items.begin(), table.items.end(),
+                                      [](const ChecklistItem& item) { return item.IsCategory() && item.Used; });
 }
 
 }  // namespace
 
-void LoadEstimateChecklist(Workbench& bench) {
-  CheckListTable& table = bench.shop.records.checkList;
-  table.ClearCheckListValues();
-  std::vector<std::string> rows;
-  Recordset& stored = bench.Data().ChecklistForEstimate(bench.Number());
-  for (; !stored.Eof(); stored.MoveNext()) rows.push_back(Trim(stored.Text("ChecklistData")));
-  stored.Close();
-  table.ChecklistLoaded = !rows.empty();
-  for (const std::string& row : rows) {
-    const ChecklistItem value = ParseChecklistData(row);
-    const int index = table.Find(value.Name);
-    if (index < 0) {
-      bench.shop.desktop.Tell("Couldn't locate " + value.Name + " in checklist.  Item skipped.", "LoadCheckListValues");
-      continue;
-    }
-    ChecklistItem& item = table.items[static_cast<std::size_t>(index)];
-    item.Used = true;
-    if (item.IsCategory()) continue;
-    item.Service = value.Service;
-    item.DueBackMiles = value.DueBackMiles;
-  }
-}
+void LoadEstimateChecklist(Workbench& bench) { Load(bench); }
 
 void EstimateChecklist(Workbench& bench) {
-  LoadEstimateChecklist(bench);
+  const StoredChecklist loaded = Load(bench);
   frmWOChklst form(bench.shop);
-  const auto replace = [&] {
-    bench.Data().DeleteChecklist(bench.Number());
-    SaveEstimateChecklist(bench);
-  };
-  form.StoreBy({[&] { bench.Data().Connection().Together(replace); }, [] { return std::string("The checklist"); }});
+  form.StoreBy({[&] { Save(bench, loaded, form.Caption()); }, [] { return std::string("The checklist"); }});
   form.ShowModal();
 }
 

@@ -11,6 +11,8 @@ namespace {
 
 constexpr ui::Twips kWidth = 8700;
 constexpr ui::Twips kHeight = 5400;
+const std::string kChangeNote = "Change Note";
+const std::string kRemoveNote = "Remove Note";
 constexpr std::string_view kFirstRow = "--> ";
 constexpr std::string_view kOtherRows = "    ";
 
@@ -24,6 +26,14 @@ Note ReadNote(const Recordset& row) {
   }
   return note;
 }
+
+LineValues ValuesOf(const Note& note) {
+  LineValues values;
+  AddTexts(values, "Line", note);
+  return values;
+}
+
+std::string NameOf(const Note& note) { return "The note \"" + note[0] + "\""; }
 
 // The first line has its row without a text too, so that the note can be removed.
 std::vector<std::string> RowsOf(const Note& note) {
@@ -44,7 +54,7 @@ frmEstNotes::frmEstNotes(Workbench& bench)
   listNotes.SetFace(ui::FontFace::FixedPitch);
   listNotes.OnDoubleClick = [this] { Change(); };
   UseButtons(cmdClose, cmdClose);
-  cmdAdd.OnClick = [this] { EditAndStore({}, NoteMode::EstimateNote, std::nullopt); };
+  cmdAdd.OnClick = [this] { EditAndStore({}, NoteMode::EstimateNote); };
   cmdCanned.OnClick = [this] { AddCanned(); };
   cmdChange.OnClick = [this] { Change(); };
   cmdRemove.OnClick = [this] { Remove(); };
@@ -78,7 +88,7 @@ void frmEstNotes::LoadNotes() {
 void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
   if (key.Is("Insert")) {
     key.Clear();
-    EditAndStore({}, NoteMode::EstimateNote, std::nullopt);
+    EditAndStore({}, NoteMode::EstimateNote);
   } else if (key.Is("Delete")) {
     key.Clear();
     Remove();
@@ -88,13 +98,15 @@ void frmEstNotes::OnKeyDown(ui::KeyPress& key) {
 }
 
 // The editor stays until its note is stored, and is gone before that can be seen.
-void frmEstNotes::EditAndStore(const Note& note, NoteMode mode, std::optional<std::int32_t> number) {
+void frmEstNotes::EditAndStore(const Note& note, NoteMode mode, Replaced* replaced) {
   std::optional<std::int32_t> stored;
   Note edited;
   {
     frmNotes editor(bench_.shop, mode, note);
-    editor.StoreBy({[&] { stored = Store(number, editor.CurrentNote); },
-                    [&] { return "The note \"" + editor.CurrentNote[0] + "\""; }});
+    const auto store = [&] {
+      stored = replaced != nullptr ? StoreInPlace(editor.CurrentNote, *replaced) : Store(editor.CurrentNote);
+    };
+    editor.StoreBy({store, [&] { return NameOf(editor.CurrentNote); }});
     editor.ShowModal();
     edited = editor.CurrentNote;
   }
@@ -106,46 +118,73 @@ void frmEstNotes::EditAndStore(const Note& note, NoteMode mode, std::optional<st
   };
   if (!notes_.IsBehindUnseen(*stored)) return show();
   ShowStored(
-      "The note \"" + edited[0] + "\"", [this] { LoadNotes(); }, show);
+      NameOf(edited), [this] { LoadNotes(); }, show);
 }
 
-std::int32_t frmEstNotes::Store(std::optional<std::int32_t> number, const Note& note) {
+std::optional<std::int32_t> frmEstNotes::StoreInPlace(const Note& note, Replaced& replaced) {
+  const auto store = [&] { Store(note, &replaced); };
+  const bool isStored =
+      replaced.note.Store(bench_.shop.desktop, kChangeNote, ValuesOf(note), {store, [this] { LoadNotes(); }});
+  return isStored ? std::optional(replaced.number) : std::nullopt;
+}
+
+std::int32_t frmEstNotes::Store(const Note& note, Replaced* replaced) {
   de& data = bench_.Data();
   std::int32_t stored = 0;
   const auto write = [&] {
-    if (number) data.DeleteNote(bench_.Number(), *number);
-    stored =
-        number ? *number : NumberForNewLine(data.NotesForEstimate(bench_.Number()), "NoteNumber", notes_.NextNumber());
+    if (replaced != nullptr) {
+      stored = replaced->number;
+      replaced->note.Expect(ValuesStored(stored));
+      data.DeleteNote(bench_.Number(), stored);
+    } else {
+      stored = NumberForNewLine(data.NotesForEstimate(bench_.Number()), "NoteNumber", notes_.NextNumber());
+    }
     data.AddNote(bench_.Number(), stored, std::vector<std::string>(note.begin(), note.end()));
   };
   StoreOrReload([&] { TakeNumberAndStore([&] { data.Connection().Together(write); }); }, [this] { LoadNotes(); });
   return stored;
 }
 
+std::optional<LineValues> frmEstNotes::ValuesStored(std::int32_t number) {
+  return StoredValues(
+      bench_.Data().NotesForEstimate(bench_.Number()),
+      [number](const Recordset& row) { return row.Long("NoteNumber") == number; },
+      [](const Recordset& row) { return ValuesOf(ReadNote(row)); });
+}
+
 void frmEstNotes::AddCanned() {
   frmCanNoteList list(bench_.shop);
   list.ShowModal();
-  if (list.Picked()) EditAndStore(list.CurrentNote, NoteMode::OnItsWay, std::nullopt);
+  if (list.Picked()) EditAndStore(list.CurrentNote, NoteMode::OnItsWay);
 }
 
 void frmEstNotes::Change() {
   const std::optional<std::int32_t> number = notes_.Selected();
   if (!number) {
-    bench_.shop.desktop.Tell("Must select a note to change.", "Change Note");
+    bench_.shop.desktop.Tell("Must select a note to change.", kChangeNote);
     return;
   }
-  EditAndStore(Note(notes_[*number]), NoteMode::EstimateNote, number);
+  Replaced replaced{*number, ListedLine(ValuesOf(notes_[*number]))};
+  EditAndStore(Note(notes_[*number]), NoteMode::EstimateNote, &replaced);
 }
 
 void frmEstNotes::Remove() {
   const std::optional<std::int32_t> number = notes_.Selected();
   if (!number) {
-    bench_.shop.desktop.Tell("You must select a note in order to remove it.", "Remove Note");
+    bench_.shop.desktop.Tell("You must select a note in order to remove it.", kRemoveNote);
     return;
   }
   const std::string question = "Remove\r    " + notes_[*number][0] + "\rfrom this estimate?";
-  if (bench_.shop.desktop.Ask(question, "Remove Note", ui::Buttons::YesNo) != ui::Answer::Yes) return;
-  StoreOrReload([&] { bench_.Data().DeleteNote(bench_.Number(), *number); }, [this] { LoadNotes(); });
+  if (bench_.shop.desktop.Ask(question, kRemoveNote, ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  ListedLine listed(ValuesOf(notes_[*number]));
+  const auto remove = [&] {
+    listed.Expect(ValuesStored(*number));
+    bench_.Data().DeleteNote(bench_.Number(), *number);
+  };
+  const auto reload = [this] { LoadNotes(); };
+  const auto transaction = [&] { StoreOrReload([&] { bench_.Data().Connection().Together(remove); }, reload); };
+  if (!RemoveAsListed(bench_.shop.desktop, kRemoveNote, NameOf(notes_[*number]) + " was", {transaction, reload}))
+    return;
   notes_.Remove(*number);
   listNotes.SetFocus();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contents/ListedLine.h"
 #include "contents/NumberedList.h"
 #include "contents/Workbench.h"
 #include "contents/notes/NoteText.h"
@@ -29,9 +30,17 @@ class frmEstNotes : public SizedForm {
   void AddCanned();
   void Change();
   void Remove();
-  // Under the number, in place of the note that has it, or under a new one.
-  void EditAndStore(const Note& note, NoteMode mode, std::optional<std::int32_t> number);
-  std::int32_t Store(std::optional<std::int32_t> number, const Note& note);
+  // One that is to take the place of the note that has its number.
+  struct Replaced {
+    std::int32_t number;
+    ListedLine note;
+  };
+  // Under a new number, or in place of another.
+  void EditAndStore(const Note& note, NoteMode mode, Replaced* replaced = nullptr);
+  std::int32_t Store(const Note& note, Replaced* replaced = nullptr);
+  // Asks where the note that is to be replaced is another by then; nothing when that one is kept.
+  std::optional<std::int32_t> StoreInPlace(const Note& note, Replaced& replaced);
+  std::optional<LineValues> ValuesStored(std::int32_t number);
 
   Workbench& bench_;
   NumberedList<Note> notes_;

@@ -31,33 +31,37 @@ void PartLines::Add() {
     }
     const std::string number = Stock().CurrentInv.Get(inventory::StockNumber);
     const bool hasCore = Stock().CurrentInv.Get(inventory::HasACore) == 1;
-    if (AddStockPart(hasCore ? SurchargeComes::Later : SurchargeComes::WithIt) && hasCore) AddCoreOf(number);
+    if (AddStockPart(hasCore ? Comes::WithItsCore : Comes::Alone) && hasCore) AddCoreOf(number);
   }
 }
 
-bool PartLines::EditAndStore(frmWOPart& form, const std::function<void()>& change, SurchargeComes surcharge) {
+bool PartLines::EditAndStore(frmWOPart& form, const Storing& store, Comes comes) {
   std::optional<Stored> stored;
-  form.StoreBy({[&] { stored = Store(change, surcharge); },
-                [&form] { return "The part \"" + Trim(form.PartNumber.Text()) + "\""; }});
+  form.StoreBy({[&] { stored = store(); }, [&form] { return "The part \"" + Trim(form.PartNumber.Text()) + "\""; }});
   form.ShowModal();
   if (!stored) return false;
   const std::string number = Trim(form.PartNumber.Text());
   form.Unload();
+  if (comes == Comes::WithItsCore) stored->refusal = nullptr;
   Show(std::move(*stored), number);
   return true;
 }
 
-// The part in the working records, and the fee that comes with it.
-bool PartLines::AddStockPart(SurchargeComes surcharge) {
+// The part in the working records, and the fee that comes with it. The fees of a part and its core have the numbers in
+// front of the surcharge's own: a surcharge that came with the part makes room for the core's.
+bool PartLines::AddStockPart(Comes comes) {
+  const bool makesRoom = comes == Comes::AsTheCore && surcharge_.HasMadeItsLine();
   frmWOPart form(bench_, "Add Part to Estimate", frmWOPart::Task::Add, frmWOPart::Kind::Stocked);
-  const auto store = [&] {
+  const auto change = [&] {
     StorePart(form.Line());
-    if (Stock().CurrentInv.Get(inventory::HasWaste) == 1) AddDisposalFee();
+    if (Stock().CurrentInv.Get(inventory::HasWaste) != 1) return;
+    if (makesRoom) surcharge_.MakeRoomInWaste();
+    AddDisposalFee();
   };
-  return EditAndStore(form, store, surcharge);
+  return EditAndStore(
+      form, [&] { return Store(change); }, comes);
 }
 
-// The surcharge of a part with a core comes behind both: the fees of both have the numbers in front of its own.
 void PartLines::AddCoreOf(const std::string& partNumber) {
   const auto applySurcharge = [this] {
     surcharge_.ApplySurcharge();
@@ -72,7 +76,7 @@ bool PartLines::AddCorePart(const std::string& partNumber) {
   Stock().FinishLoading();
   const Inventory::PartIndex index = Stock().FindPart(partNumber + "/C");
   FileLink offset = kNoLink;
-  return index != Inventory::kNoPart && Stock().ReadInventory(offset, index) && AddStockPart(SurchargeComes::WithIt);
+  return index != Inventory::kNoPart && Stock().ReadInventory(offset, index) && AddStockPart(Comes::AsTheCore);
 }
 
 // Once a line, whatever its quantity, and from the inventory's record. It has no tie to the part, and stays when the
@@ -91,20 +95,22 @@ void PartLines::AddDisposalFee() {
 void PartLines::AddNonStock() {
   UsePriceLevelOfCustomer();
   frmWOPart form(bench_, "Add Non-Stocked Part", frmWOPart::Task::Add, frmWOPart::Kind::NonStock);
-  EditAndStore(form, [&] {
+  const auto change = [&] {
     PartLine line = form.Line();
     line.partNumber = ToUpper(line.partNumber);
     line.description = ToUpper(line.description);
     StorePart(line);
-  });
+  };
+  EditAndStore(form, [&] { return Store(change); });
 }
 
 void PartLines::Change() {
   const std::vector<int> rows = SelectedRows();
   ui::Desktop& desktop = bench_.shop.desktop;
-  if (rows.empty()) return desktop.Tell("You must select a part in order to change it.", "Change Part");
-  if (rows.size() > 1) return desktop.Tell("You must select a single part to change.", "Change Part");
+  if (rows.empty()) return desktop.Tell("You must select a part in order to change it.", kChangeTitle);
+  if (rows.size() > 1) return desktop.Tell("You must select a single part to change.", kChangeTitle);
   PartLine line = lines_.at(static_cast<std::size_t>(rows.front()));
+  ListedLine listed(ValuesOf(line));
   line.description = Trim(Left(line.description, kPartDescriptionColumn));  // the row shows no more, and so it stays
   UsePriceLevelOfCustomer();
   Stock().FinishLoading();
@@ -114,21 +120,34 @@ void PartLines::Change() {
   frmWOPart form(bench_, "Change Part for Estimate", frmWOPart::Task::Change,
                  inStock ? frmWOPart::Kind::Stocked : frmWOPart::Kind::NonStock);
   form.SetLine(line);
-  // Removed and added anew: the quantity is replaced.
-  EditAndStore(form, [&] {
-    bench_.Data().DeletePart(bench_.Number(), line.partNumber);
-    StorePart(form.Line());
-  });
+  EditAndStore(form, [&] { return StoreInPlace(line.partNumber, listed, form.Line()); });
+}
+
+// Removed and added anew: the quantity is replaced.
+std::optional<PartLines::Stored> PartLines::StoreInPlace(const std::string& number, ListedLine& listed,
+                                                         const PartLine& entry) {
+  PartLine ours = entry;
+  ours.total = Product(ours.quantity, ours.price);
+  const auto change = [&] {
+    listed.Expect(ValuesStored(number));
+    bench_.Data().DeletePart(bench_.Number(), number);
+    StorePart(ours);
+  };
+  std::optional<Stored> stored;
+  const auto transaction = [&] { stored = Store(change); };
+  const bool isStored =
+      listed.Store(bench_.shop.desktop, kChangeTitle, ValuesOf(ours), {transaction, [this] { FollowDatabase(); }});
+  return isStored ? std::move(stored) : std::nullopt;
 }
 
 void PartLines::Remove() {
   const std::vector<int> rows = SelectedRows();
   ui::Desktop& desktop = bench_.shop.desktop;
-  if (rows.empty()) return desktop.Tell("You must select a part in order to remove it.", "Remove Part");
+  if (rows.empty()) return desktop.Tell("You must select a part in order to remove it.", kRemoveTitle);
   std::string question = "Are you sure wish to remove";
   for (const int row : rows) question += "\r    " + bench_.estimate.PartList().List(row);
   question += "\rfrom this estimate?";
-  if (desktop.Ask(question, "Remove Part", ui::Buttons::YesNo) != ui::Answer::Yes) return;
+  if (desktop.Ask(question, kRemoveTitle, ui::Buttons::YesNo) != ui::Answer::Yes) return;
   RemovePartLines(rows);
 }
 

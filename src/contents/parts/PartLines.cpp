@@ -22,32 +22,30 @@ std::vector<PartLine> PartLines::ReadLines() {
 }
 
 void PartLines::ShowLines(std::vector<PartLine> lines) {
-  ClearPartList();
   lines_ = std::move(lines);
+  offScreen_.clear();
+  bench_.estimate.PartList().Clear();
   for (const PartLine& line : lines_) bench_.estimate.PartList().AddItem(PartRow(line), line.cost);
 }
 
+// Where no estimate is on show the lines of the next one follow.
 void PartLines::ClearPartList() {
-  lines_.clear();
-  bench_.estimate.PartList().Clear();
+  std::set<std::string> offScreen;
+  if (bench_.Number() != 0) {
+    offScreen = offScreen_;
+    for (const PartLine& line : lines_) offScreen.insert(line.partNumber);
+  }
+  ShowLines({});
+  offScreen_ = std::move(offScreen);
 }
 
-PartLines::Stored PartLines::Store(const std::function<void()>& change, SurchargeComes surcharge) {
+PartLines::Stored PartLines::Store(const std::function<void()>& change) {
   Stored stored;
   const auto write = [&] {
     change();
     stored.lines = ReadLines();
-    Surcharge::Sums sums = surcharge_.SumsOnShow();
-    sums.parts = PartsSum(stored.lines);
-    return sums;
   };
-  const auto store = [&] {
-    if (surcharge == SurchargeComes::WithIt) {
-      stored.refusal = surcharge_.StoreWithSurcharge(write);
-    } else {
-      bench_.Data().Connection().Together(write);
-    }
-  };
+  const auto store = [&] { stored.refusal = surcharge_.StoreWithSurcharge(write, Surcharge::PartsCounted::All); };
   StoreOrReload(store, [this] { FollowDatabase(); });
   return stored;
 }
@@ -99,21 +97,32 @@ void PartLines::AddPartLine(const PartLine& entry, Choosing choosing) {
   Show(Store([&] { StorePart(entry); }), choosing == Choosing::ItsRow ? Trim(entry.partNumber) : std::string());
 }
 
-// All of them or none. The surcharge counts what is left of the list.
+std::optional<LineValues> PartLines::ValuesStored(const std::string& number) {
+  return StoredValues(
+      bench_.Data().PartsTable(bench_.Number()),
+      [&number](const Recordset& row) { return Trim(row.Text("PartNumber")) == number; },
+      [](const Recordset& row) { return ValuesOf(ReadPartLine(row)); });
+}
+
+// All of them or none.
 void PartLines::RemovePartLines(const std::vector<int>& rowsInOrder) {
   std::vector<PartLine> left = lines_;
+  std::string what = rowsInOrder.size() == 1 ? "The part" : "The parts";
+  for (const int row : rowsInOrder) what += " \"" + lines_.at(static_cast<std::size_t>(row)).partNumber + "\"";
   const auto remove = [&] {
+    left = lines_;
     for (auto row = rowsInOrder.rbegin(); row != rowsInOrder.rend(); ++row) {
       const auto place = left.begin() + *row;
+      ListedLine(ValuesOf(*place)).Expect(ValuesStored(place->partNumber));
       bench_.Data().DeletePart(bench_.Number(), place->partNumber);
       left.erase(place);
     }
-    Surcharge::Sums sums = surcharge_.SumsOnShow();
-    sums.parts = PartsSum(left);
-    return sums;
   };
   Surcharge::Refusal refusal;
-  StoreOrReload([&] { refusal = surcharge_.StoreWithSurcharge(remove); }, [this] { FollowDatabase(); });
+  const auto reload = [this] { FollowDatabase(); };
+  const auto transaction = [&] { StoreOrReload([&] { refusal = surcharge_.StoreWithSurcharge(remove); }, reload); };
+  what += rowsInOrder.size() == 1 ? " was" : " were";
+  if (!RemoveAsListed(bench_.shop.desktop, kRemoveTitle, what, {transaction, reload})) return;
   lines_ = std::move(left);
   for (auto row = rowsInOrder.rbegin(); row != rowsInOrder.rend(); ++row) bench_.estimate.PartList().RemoveItem(*row);
   ShowWhatFollows(refusal);

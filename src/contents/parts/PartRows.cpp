@@ -21,6 +21,12 @@ de::Part RowOf(const PartLine& part) {
   return {part.partNumber, part.description, part.quantity, part.price, part.total, part.cost, part.list};
 }
 
+LineValues ValuesOf(const PartLine& part) {
+  return {{"Description", part.description},           {"Quantity", std::to_string(part.quantity)},
+          {"Cost", FormatHundredths(part.cost)},       {"Sale Price", FormatHundredths(part.price)},
+          {"List Price", FormatHundredths(part.list)}, {"Total", FormatHundredths(part.total)}};
+}
+
 std::string PartRow(const PartLine& part) {
   return LeftJustify(part.partNumber, 21) + " " + LeftJustify(part.description, kPartDescriptionColumn) + " " +
          RightJustify(std::to_string(part.quantity), 5) + " " + RightJustify(FormatHundredths(part.price), 7) + " " +

@@ -25,7 +25,7 @@ constexpr MergedField kFields[] = {
     {"Extension", customer::WorkExt},
     {"Other phone", customer::OtherPhone},
     {"Tax ID", customer::tax_id_number},
-    {"Pricing level", customer::pricing_level},
+    {"Pricing level", customer::pricing_level, kPriceLevelNames},
     {"Salesperson", customer::salesperson},
     {"Comment", customer::Comment},
 };

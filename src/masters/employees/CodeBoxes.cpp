@@ -1,7 +1,5 @@
 #include "masters/employees/CodeBoxes.h"
 
-#include "records/PayPeriods.h"
-
 namespace lantos {
 
 void CodeBoxes::Add(ui::ComboBox& box, ByteField field, std::initializer_list<Choice> choices) {
@@ -9,10 +7,10 @@ void CodeBoxes::Add(ui::ComboBox& box, ByteField field, std::initializer_list<Ch
   for (const Choice& choice : choices) box.AddItem(choice.text, choice.code);
 }
 
-void CodeBoxes::AddPayPeriods(ui::ComboBox& box, ByteField field) {
+void CodeBoxes::Add(ui::ComboBox& box, ByteField field, std::span<const std::string_view> names) {
   Bind(box, field);
   std::int32_t code = 0;
-  for (const std::string_view name : kPayPeriodNames) box.AddItem(std::string(name), code++);
+  for (const std::string_view name : names) box.AddItem(std::string(name), code++);
 }
 
 void CodeBoxes::Bind(ui::ComboBox& box, ByteField field) {

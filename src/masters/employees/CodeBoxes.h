@@ -4,7 +4,9 @@
 #include <deque>
 #include <functional>
 #include <initializer_list>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "records/modEmployees.h"
 #include "ui/Controls.h"
@@ -25,7 +27,8 @@ class CodeBoxes {
   CodeBoxes(const CodeBoxes&) = delete;
 
   void Add(ui::ComboBox& box, ByteField field, std::initializer_list<Choice> choices);
-  void AddPayPeriods(ui::ComboBox& box, ByteField field);
+  // Each by its place as its code.
+  void Add(ui::ComboBox& box, ByteField field, std::span<const std::string_view> names);
 
   void Show(const EmployeeRecord& record);
   void ShowNone();

@@ -12,6 +12,7 @@ namespace lantos {
 namespace {
 
 constexpr FileDate kNoDate = -1;
+constexpr std::string_view kMaritalStatusNames[] = {"Single", "Married"};  // by their code
 constexpr MergedField kNameField[] = {{"Name", employee::Name}};
 constexpr MergedField kFields[] = {
     {"Social security number", employee::SocSecNum},
@@ -20,7 +21,7 @@ constexpr MergedField kFields[] = {
     {"State", employee::EmpState},
     {"Zip", employee::EmpZip},
     {"Phone", employee::EmpPhone},
-    {"Marital status", employee::MaritalStatus, MergedField::Reads::Whole},
+    {"Marital status", employee::MaritalStatus, kMaritalStatusNames},
     {"Exemptions", employee::NumExemptions, MergedField::Reads::Whole},
     {"FICA exempt", employee::FICAExempt, MergedField::Reads::YesNo},
     {"Date hired", employee::DateHired, MergedField::Reads::Day},
@@ -44,7 +45,7 @@ void frmEmpMaint::BindFields() {
   Bind(EmpState, employee::EmpState);
   Bind(EmpZip, employee::EmpZip);
   Bind(EmpPhone, employee::EmpPhone);
-  codes_.Add(MaritalStatus, employee::MaritalStatus, {{"Single", 0}, {"Married", 1}});
+  codes_.Add(MaritalStatus, employee::MaritalStatus, kMaritalStatusNames);
   Watch(NumExemptions);
   amounts_.AddCount(NumExemptions, employee::NumExemptions, "Exemptions");
   codes_.Add(FICAExempt, employee::FICAExempt, {{"Yes", 1}, {"No", 0}});

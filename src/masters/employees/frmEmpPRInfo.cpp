@@ -2,6 +2,7 @@
 
 #include "masters/employees/StoredEmployee.h"
 #include "masters/employees/frmEmpPRHist.h"
+#include "records/PayPeriods.h"
 
 namespace lantos {
 
@@ -9,12 +10,12 @@ namespace {
 
 constexpr MergedField kFields[] = {
     {"Wage", employee::Wage, MergedField::Reads::Cents},
-    {"Wage period", employee::WagePeriod, MergedField::Reads::Whole},
+    {"Wage period", employee::WagePeriod, kPayPeriodNames},
     {"Overtime exempt", employee::OvertimeExempt, MergedField::Reads::YesNo},
     {"Salary", employee::Salary, MergedField::Reads::Cents},
-    {"Salary period", employee::SalaryPeriod, MergedField::Reads::Whole},
+    {"Salary period", employee::SalaryPeriod, kPayPeriodNames},
     {"Commission rate", employee::Commission, MergedField::Reads::TenThousandths},
-    {"Commission period", employee::CommissionPeriod, MergedField::Reads::Whole},
+    {"Commission period", employee::CommissionPeriod, kPayPeriodNames},
     {"Insurance deduction", employee::Insurance, MergedField::Reads::Cents},
     {"Savings deduction", employee::Savings, MergedField::Reads::Cents},
     {"Uniform deduction", employee::Uniform, MergedField::Reads::Cents},
@@ -46,12 +47,12 @@ void frmEmpPRInfo::BindFields() {
   for (ui::TextBox* box : {&SocSecNum, &EmpAddr, &EmpCityStateZip}) ShowOnly(*box);
   for (ui::TextBox* box : {&Wage, &Salary, &Commission, &Insurance, &Savings, &Uniform}) Watch(*box);
   amounts_.AddMoney(Wage, employee::Wage, "Wage ($/hour)");
-  codes_.AddPayPeriods(WagePeriod, employee::WagePeriod);
+  codes_.Add(WagePeriod, employee::WagePeriod, kPayPeriodNames);
   codes_.Add(OvertimeExempt, employee::OvertimeExempt, {{"Yes", 1}, {"No", 0}});
   amounts_.AddMoney(Salary, employee::Salary, "Salary ($/period)");
-  codes_.AddPayPeriods(SalaryPeriod, employee::SalaryPeriod);
+  codes_.Add(SalaryPeriod, employee::SalaryPeriod, kPayPeriodNames);
   amounts_.AddRate(Commission, employee::Commission, "Commission rate (%)");
-  codes_.AddPayPeriods(CommissionPeriod, employee::CommissionPeriod);
+  codes_.Add(CommissionPeriod, employee::CommissionPeriod, kPayPeriodNames);
   amounts_.AddMoney(Insurance, employee::Insurance, "Insurance Deduction");
   amounts_.AddMoney(Savings, employee::Savings, "Savings Deduction");
   amounts_.AddMoney(Uniform, employee::Uniform, "Uniform Deduction");

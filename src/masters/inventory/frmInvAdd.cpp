@@ -25,7 +25,7 @@ void frmInvAdd::Accept() {
   if (inventory.FindPart(number) != Inventory::kNoPart) return TellExists(number);
   Msg.SetCaption("Adding " + number + " to Inventory files.");
   Inventory::PartIndex index = Inventory::kNoPart;
-  if (AddNewPart(inventory, shop_.environment, shop_.desktop, number, index) == NewPart::Exists) {
+  if (AddNewPart(inventory, number, index) == NewPart::Exists) {
     return TellExists(number);
   }
   Msg.SetCaption(number + " added.");

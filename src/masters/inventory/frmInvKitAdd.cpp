@@ -126,8 +126,7 @@ void frmInvKitAdd::Accept() {
   const std::string complaint = WhyNoKitLine(typed);
   if (!complaint.empty()) return shop_.desktop.Tell(complaint, Caption(), ui::Icon::Exclamation);
   component_ = typed;
-  saved_ = true;
-  Hide();
+  SaveAndHide();
 }
 
 }  // namespace lantos

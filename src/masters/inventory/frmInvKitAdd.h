@@ -26,7 +26,6 @@ class frmInvKitAdd : public OkCancelForm {
   ui::Button cmdSave{*this, "cmdSave", "&Save"};
   ui::Button cmdCancel{*this, "cmdCancel", "Close"};
 
-  bool Saved() const { return saved_; }
   // As it was saved; the quantity is a whole number without anything about it.
   KitLineTexts Component() const { return component_; }
 
@@ -43,7 +42,6 @@ class frmInvKitAdd : public OkCancelForm {
   Shop& shop_;
   KitLineTexts component_;
   NumberFields numbers_{*this};
-  bool saved_ = false;
 };
 
 }  // namespace lantos

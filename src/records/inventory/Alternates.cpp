@@ -9,8 +9,12 @@ namespace lantos {
 void Inventory::CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate,
                                         std::string_view newAlternate) {
   const std::string number = Trim(part);
-  if (const PartIndex from = FindPart(oldAlternate); from != kNoPart) ForgetAlternate(number, from);
-  if (const PartIndex to = FindPart(newAlternate); to != kNoPart) AddAlternate(number, to, Trim(newAlternate));
+  if (const PartIndex from = FindPart(oldAlternate); from != kNoPart) {
+    UntilNotOvertaken([&] { ForgetAlternate(number, from); });
+  }
+  if (const PartIndex to = FindPart(newAlternate); to != kNoPart) {
+    UntilNotOvertaken([&] { AddAlternate(number, to, Trim(newAlternate)); });
+  }
 }
 
 void Inventory::ForgetAlternate(std::string_view part, PartIndex from) {
@@ -35,6 +39,7 @@ void Inventory::AddAlternate(std::string_view part, PartIndex to, std::string_vi
   if (find(part) != std::end(inventory::AltNumber)) return;
   const auto* free = find("");
   if (free == std::end(inventory::AltNumber)) {
+    update_.LetGo();
     desktop_.Tell("Too many alternate parts on record for " + std::string(named), "Cross Reference Alternate Parts");
     return;
   }

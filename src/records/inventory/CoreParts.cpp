@@ -21,27 +21,7 @@ Cents WithMarkup(Cents cost, Millionths markup) {
       std::clamp<std::int64_t>(price, std::numeric_limits<Cents>::min(), std::numeric_limits<Cents>::max()));
 }
 
-}  // namespace
-
-bool HasRoomForCore(std::string_view stockNumber) {
-  return stockNumber.size() + kCoreSuffix.size() <= inventory::StockNumber.width;
-}
-
-bool Inventory::IsCore(std::string_view stockNumber) { return stockNumber.ends_with(kCoreSuffix); }
-
-void Inventory::UpdateCorePart(const InventoryRecord& part) {
-  // Cut to the field it would be another part's number.
-  if (!HasRoomForCore(part.View(inventory::StockNumber))) return;
-  const std::string number = part.Get(inventory::StockNumber) + std::string(kCoreSuffix);
-  PartIndex index = FindPart(number);
-  if (index == kNoPart) AddPart(number, index);
-  std::optional<Part> core = Read(index);
-  if (!core) return;
-  FillCore(*core, part);
-  Write(*core, index, Core::Stays, Broadcast::Yes);
-}
-
-void Inventory::FillCore(Part& core, const InventoryRecord& part) {
+void FillCore(Inventory::Part& core, const InventoryRecord& part) {
   const std::string description = std::string(kCorePrefix) + part.Get(inventory::Description);
   core.master.Put(inventory::Description, description);
   core.tag.Put(inventorytag::Description, description);
@@ -53,6 +33,28 @@ void Inventory::FillCore(Part& core, const InventoryRecord& part) {
   }
   core.master.Put(inventory::Department, kCoreDepartment);
   core.master.Put(inventory::Manufacturer, part.View(inventory::Manufacturer));
+}
+
+}  // namespace
+
+bool HasRoomForCore(std::string_view stockNumber) {
+  return stockNumber.size() + kCoreSuffix.size() <= inventory::StockNumber.width;
+}
+
+bool IsCore(std::string_view stockNumber) { return stockNumber.ends_with(kCoreSuffix); }
+
+void Inventory::UpdateCorePart(const InventoryRecord& part) {
+  // Cut to the field it would be another part's number.
+  if (!HasRoomForCore(part.View(inventory::StockNumber))) return;
+  const std::string number = part.Get(inventory::StockNumber) + std::string(kCoreSuffix);
+  UntilNotOvertaken([&] {
+    PartIndex index = FindPart(number);
+    if (index == kNoPart) AddPart(number, PlaceOfNew(number), index);
+    std::optional<Part> core = Read(index);
+    if (!core) return;
+    FillCore(*core, part);
+    Write(*core, index, Core::Stays, Broadcast::Yes);
+  });
 }
 
 }  // namespace lantos

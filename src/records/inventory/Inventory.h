@@ -8,6 +8,7 @@
 #include "records/AskedTurn.h"
 #include "records/inventory/InventoryLayout.h"
 #include "records/inventory/InventoryList.h"
+#include "records/inventory/UpdateUnderWay.h"
 #include "records/modSystem.h"
 #include "ui/Desktop.h"
 
@@ -33,7 +34,7 @@ class Inventory : public InventoryList {
   // The two files opened for a write, with no sharing. Another copy's hold is waited out without end; of another
   // failure that the person gives up, GivenUp.
   FileHandle OpenInventoryTagForWrite();
-  FileHandle OpenInventoryForWrite();
+  FileHandle OpenInventoryForWrite(const std::function<void()>& beforeAsking = nullptr);
 
   // Byte offset of the part's tag, sought from the end of the file; kNoLink when it isn't there. The file is waited
   // for without end.
@@ -58,24 +59,30 @@ class Inventory : public InventoryList {
   // Stores a part: the tag at its place (at the end for an index past the list, which then grows up to it), the master
   // at its offset. A blank description becomes the stock number, unless the part is deleted. The files are waited for
   // without end while another copy has them; what else is in the way is asked about, and Cancel throws GivenUp. When
-  // the master could not be written the tag is as it was, or gone again where it was new; GivenUp names the part whose
-  // tag could not even be put back. A negative offset throws FileError.
+  // the master could not be written the tag is as it was, or gone again where it was new, already while the person is
+  // asked about it; GivenUp names the part whose tag could not even be put back. A negative offset throws FileError.
+  // Within an update, Overtaken.
   void Write(Part& part, PartIndex index, Core core, Broadcast broadcast);
   // The same for the working records.
   void WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast);
-  // A new part of that number, read into the working records and written. The list is told, unless it is a core.
-  void NewInventoryPart(std::string_view stockNumber, PartIndex& index);
+  // A new part of that number, read into the working records and written. The list is told, unless it is a core. False,
+  // and nothing written, when a tag on file has the number already.
+  bool NewInventoryPart(std::string_view stockNumber, PartIndex& index);
   // From the reading of a part to its last writing: other copies of this program wait for their turn meanwhile, and
   // the names of the files are looked up once. Doesn't nest; a new part has its own. GivenUp when the turn doesn't come
-  // and the person waits no longer.
+  // and the person waits no longer. While the person is asked about a file the turn is let go, with nothing half
+  // written.
   class OneUpdate {
    public:
     explicit OneUpdate(Inventory& inventory);
+    ~OneUpdate() { inventory_.update_.End(); }
+    OneUpdate(const OneUpdate&) = delete;
 
    private:
+    Inventory& inventory_;
     const FileIO::SteadyNames names_;
     UpdateTurns turns_;
-    const AskedTurn turn_;
+    AskedTurn turn_;
   };
   // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);
@@ -94,32 +101,40 @@ class Inventory : public InventoryList {
   std::function<void()> onFinishLoading;
 
  private:
-  FileHandle OpenWithoutEnd(std::string_view name, Access access, Deny deny);
+  FileHandle OpenWithoutEnd(std::string_view name, Access access, Deny deny,
+                            const std::function<void()>& beforeAsking = nullptr);
   FileLink KnownLocation(PartIndex index);
   std::optional<Part> ReadAt(FileLink offset, PartIndex index);
+  bool ReadMaster(Part& part, PartIndex index);
   bool ReadTag(const ContentionRule& rule, PartIndex index, InventoryTag& tag);
   // What stood there before; nothing where the file ended. The place of the tag is in the list then.
   std::optional<InventoryTag> WriteTag(Part& part, PartIndex index);
-  void WriteMaster(const Part& part);
   enum class Listed { Yes, No };  // whether the part was in the list before its tag was written
+  // False when the person was asked about the master's file and wants another try; the tag is as it was then.
+  bool WriteBoth(Part& part, PartIndex index, Listed listed);
   void UndoTag(const std::optional<InventoryTag>& before, const InventoryTag& tag, PartIndex index, Listed listed);
-  void PutTagBack(const InventoryTag& before, PartIndex index);
+  void PutTagBack(const InventoryTag& before, const InventoryTag& written, PartIndex index);
   void TakeTagAway(const InventoryTag& tag, PartIndex index, Listed listed);
-  FileLink PlaceOfNewMaster();
+  struct NewPlace {
+    FileLink master = kNoLink;
+    bool isTaken = false;  // a tag has the number
+  };
+  NewPlace PlaceOfNew(std::string_view stockNumber);
   void KeepInList(const InventoryTag& tag, PartIndex index, FileLink location);
-  Part AddPart(std::string_view stockNumber, PartIndex& index);
+  Part AddPart(std::string_view stockNumber, const NewPlace& place, PartIndex& index);
   void UpdateCorePart(const InventoryRecord& part);
-  static void FillCore(Part& core, const InventoryRecord& part);
-  static bool IsCore(std::string_view stockNumber);
   void ForgetAlternate(std::string_view part, PartIndex from);
   void AddAlternate(std::string_view part, PartIndex to, std::string_view named);
 
   Environment& environment_;
   ui::Desktop& desktop_;
   modSystem& system_;
+  UpdateUnderWay update_;
 };
 
 // Whether the number of the part's core still fits the field; without room the part has no core.
 bool HasRoomForCore(std::string_view stockNumber);
+// Whether the number is that of a core.
+bool IsCore(std::string_view stockNumber);
 
 }  // namespace lantos

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "records/Contention.h"
 #include "records/GivenUp.h"
@@ -39,6 +40,13 @@ bool IsAnothers(const InventoryRecord& master, const InventoryTag& tag) {
   return !number.empty() && !wanted.empty() && number != wanted;
 }
 
+// The person may have been asked since it was written.
+bool IsStillThere(const SharedFile& file, FileLink location, const InventoryTag& tag) {
+  InventoryTag onFile;
+  ReadRecord(file, location, onFile);
+  return onFile == tag;
+}
+
 void TellOfAnothers(ui::Desktop& desktop, const Inventory::Part& part) {
   desktop.Tell("Part " + part.tag.Get(inventorytag::StockNumber) + " can't be shown: its tag in " +
                    std::string(kInventoryTagFile) + " leads to the record of part " +
@@ -50,15 +58,21 @@ void TellOfAnothers(ui::Desktop& desktop, const Inventory::Part& part) {
 }  // namespace
 
 Inventory::OneUpdate::OneUpdate(Inventory& inventory)
-    : names_(inventory.environment_.files),
+    : inventory_(inventory),
+      names_(inventory.environment_.files),
       turns_(inventory.environment_.files.PathOf(kInventoryTagFile), inventory.environment_.clock),
-      turn_(turns_, inventory.desktop_, kInventoryTagFile) {}
+      turn_(turns_, inventory.desktop_, kInventoryTagFile) {
+  inventory_.update_.Begin(turn_);
+}
 
 void Inventory::SizeArrays() { Clear(environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength); }
 
-FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny) {
+FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny deny,
+                                     const std::function<void()>& beforeAsking) {
   FileHandle file = kNoHandle;
   Contention contention(contention::kOpenInventory, desktop_, environment_, name);
+  update_.LetGoWhileAsked(contention);
+  contention.BeforeAsking(beforeAsking);
   if (!contention.Run([&] { file = environment_.openFiles.Open(name, access, deny); })) {
     throw GivenUp(std::string(name) + " could not be opened.");
   }
@@ -68,7 +82,9 @@ FileHandle Inventory::OpenWithoutEnd(std::string_view name, Access access, Deny 
 FileHandle Inventory::OpenInventoryTagForWrite() {
   return OpenWithoutEnd(kInventoryTagFile, Access::ReadWrite, Deny::All);
 }
-FileHandle Inventory::OpenInventoryForWrite() { return OpenWithoutEnd(kInventoryFile, Access::Write, Deny::All); }
+FileHandle Inventory::OpenInventoryForWrite(const std::function<void()>& beforeAsking) {
+  return OpenWithoutEnd(kInventoryFile, Access::Write, Deny::All, beforeAsking);
+}
 
 // From the end: parts whose place isn't known are the ones added last. The steps are counted from the very end, even
 // of a damaged file that isn't a row of whole tags.
@@ -103,6 +119,7 @@ bool Inventory::ReadTag(const ContentionRule& rule, PartIndex index, InventoryTa
   KnownLocation(index);
   OpenedFile file(environment_.openFiles);
   Contention contention(rule, desktop_, environment_, number);
+  update_.LetGoWhileAsked(contention);
   return contention.Run([&] { file.Open(kInventoryTagFile, Access::Read, Deny::None); }) && contention.Run([&] {
     const FileLink location = KnownLocation(index);
     RequireLink(location, "tag of " + number);
@@ -114,26 +131,36 @@ bool Inventory::ReadInventoryTag(PartIndex index, InventoryTag& tag) {
   return ReadTag(contention::kReadInventoryTag, index, tag);
 }
 
+// Tag and master are those of one turn.
 std::optional<Inventory::Part> Inventory::ReadAt(FileLink offset, PartIndex index) {
   Part part;
-  if (!ReadTag(contention::kReadInventory, index, part.tag)) return std::nullopt;
-  part.offset = offset == kNoLink ? part.tag.Get(inventorytag::Tag) : offset;
+  if (!update_.Have()) return std::nullopt;
+  do {
+    update_.NoteReading();
+    if (!ReadTag(contention::kReadInventory, index, part.tag)) return std::nullopt;
+    part.offset = offset == kNoLink ? part.tag.Get(inventorytag::Tag) : offset;
+    if (!ReadMaster(part, index)) return std::nullopt;
+  } while (update_.IsOvertaken());
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
-  OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kReadInventory, desktop_, environment_, number);
-  const bool isRead =
-      contention.Run([&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) && contention.Run([&] {
-        RequireLink(part.offset, "master of " + number);
-        ReadRecord(*file, part.offset, part.master);
-      });
-  if (!isRead) return std::nullopt;
   // Of a part that another copy has renumbered meanwhile the caller tells.
   const bool isListed = part.tag.View(inventorytag::StockNumber) == number;
   if (isListed && part.offset == part.tag.Get(inventorytag::Tag) && IsAnothers(part.master, part.tag)) {
+    update_.LetGo();
     TellOfAnothers(desktop_, part);
     return std::nullopt;
   }
   return part;
+}
+
+bool Inventory::ReadMaster(Part& part, PartIndex index) {
+  const std::string number = Tag(index).Get(inventorytag::StockNumber);
+  OpenedFile file(environment_.openFiles);
+  Contention contention(contention::kReadInventory, desktop_, environment_, number);
+  update_.LetGoWhileAsked(contention);
+  return contention.Run([&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) && contention.Run([&] {
+    RequireLink(part.offset, "master of " + number);
+    ReadRecord(*file, part.offset, part.master);
+  });
 }
 
 bool Inventory::ReadInventory(FileLink& offset, PartIndex index) {
@@ -152,13 +179,7 @@ void Inventory::Write(Part& part, PartIndex index, Core core, Broadcast broadcas
     NameUnnamed(part.tag, inventorytag::Description, inventorytag::StockNumber);
   }
   const bool isListed = index < Count();
-  const std::optional<InventoryTag> before = WriteTag(part, index);
-  try {
-    WriteMaster(part);
-  } catch (const std::exception& error) {
-    environment_.log.Write(error.what());
-    UndoTag(before, part.tag, index, isListed ? Listed::Yes : Listed::No);
-    throw;
+  while (!WriteBoth(part, index, isListed ? Listed::Yes : Listed::No)) {
   }
   if (broadcast == Broadcast::Yes && onBroadcast) onBroadcast(part.tag);
   if (isListed && onPartChanged) onPartChanged(part.offset, index);
@@ -175,11 +196,30 @@ void Inventory::WriteInventory(FileLink offset, PartIndex index, Core core, Broa
   CurrentInv = part.master;
 }
 
+bool Inventory::WriteBoth(Part& part, PartIndex index, Listed listed) {
+  const std::optional<InventoryTag> before = WriteTag(part, index);
+  bool isUndone = false;
+  const auto undo = [&] {
+    if (!std::exchange(isUndone, true)) UndoTag(before, part.tag, index, listed);
+  };
+  try {
+    OpenedFile file(environment_.openFiles);
+    file.TakeOver(OpenInventoryForWrite(undo));
+    if (!isUndone) WriteRecord(*file, part.offset, part.master);
+  } catch (const std::exception& error) {
+    environment_.log.Write(error.what());
+    undo();
+    throw;
+  }
+  return !isUndone;
+}
+
 std::optional<InventoryTag> Inventory::WriteTag(Part& part, PartIndex index) {
   // Sought before the file is held: the search opens it as well, and would wait for us for ever.
   FileLink location = index < Count() ? KnownLocation(index) : kNoLink;
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryTagForWrite());
+  if (update_.IsOvertaken()) throw Overtaken{};
   // A part that the list has and the file has not goes to the end too, as nothing else can be its place.
   if (location == kNoLink) location = LinkAtEnd(file->Length(), kInventoryTagFile);
   TrimField(part.master, inventory::StockNumber);
@@ -199,7 +239,7 @@ std::optional<InventoryTag> Inventory::WriteTag(Part& part, PartIndex index) {
 void Inventory::UndoTag(const std::optional<InventoryTag>& before, const InventoryTag& tag, PartIndex index,
                         Listed listed) {
   try {
-    before ? PutTagBack(*before, index) : TakeTagAway(tag, index, listed);
+    before ? PutTagBack(*before, tag, index) : TakeTagAway(tag, index, listed);
   } catch (const std::exception& error) {
     environment_.log.Write(error.what());
     throw GivenUp("Part " + tag.Get(inventorytag::StockNumber) + " was stored in " + std::string(kInventoryTagFile) +
@@ -208,9 +248,10 @@ void Inventory::UndoTag(const std::optional<InventoryTag>& before, const Invento
   }
 }
 
-void Inventory::PutTagBack(const InventoryTag& before, PartIndex index) {
+void Inventory::PutTagBack(const InventoryTag& before, const InventoryTag& written, PartIndex index) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryTagForWrite());
+  if (!IsStillThere(*file, Location(index), written)) return;
   WriteRecord(*file, Location(index), before);
   file.Close();
   KeepInList(before, index, Location(index));
@@ -221,6 +262,7 @@ void Inventory::TakeTagAway(const InventoryTag& tag, PartIndex index, Listed lis
   const auto location = static_cast<std::uint64_t>(Location(index));
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenInventoryTagForWrite());
+  if (!IsStillThere(*file, Location(index), tag)) return;
   if (file->Length() == location + InventoryTag::kLength) {
     file->Truncate(location);
   } else {
@@ -246,26 +288,25 @@ void Inventory::KeepInList(const InventoryTag& tag, PartIndex index, FileLink lo
   if (isNew && onCountChanged) onCountChanged();
 }
 
-void Inventory::WriteMaster(const Part& part) {
-  OpenedFile file(environment_.openFiles);
-  file.TakeOver(OpenInventoryForWrite());
-  WriteRecord(*file, part.offset, part.master);
-}
-
-void Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index) {
+bool Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index) {
   // Its master's place is the end of the file, which another copy may want as well.
   const OneUpdate update(*this);
-  const Part part = AddPart(stockNumber, index);
-  CurrentInvTag = part.tag;
-  CurrentInv = part.master;
+  return UntilNotOvertaken([&] {
+    const NewPlace place = PlaceOfNew(TrimView(stockNumber));
+    if (place.isTaken) return false;
+    const Part part = AddPart(stockNumber, place, index);
+    CurrentInvTag = part.tag;
+    CurrentInv = part.master;
+    return true;
+  });
 }
 
-Inventory::Part Inventory::AddPart(std::string_view stockNumber, PartIndex& index) {
+Inventory::Part Inventory::AddPart(std::string_view stockNumber, const NewPlace& place, PartIndex& index) {
   Part part;
   const std::string_view number = TrimView(stockNumber);
   part.tag.Put(inventorytag::StockNumber, number);
   part.master.Put(inventory::StockNumber, number);
-  part.offset = PlaceOfNewMaster();
+  part.offset = place.master;
   part.tag.Put(inventorytag::Tag, part.offset);
   for (std::size_t level = 0; level < kPriceLevelNames.size(); ++level) {
     part.master.Put(inventory::MarkupPercent[level], system_.SysRec.Get(sysrec::markups[level]));
@@ -280,9 +321,12 @@ Inventory::Part Inventory::AddPart(std::string_view stockNumber, PartIndex& inde
 
 // The end of the file, or behind the places there that tags already lead to: a program that ended between the two
 // writings leaves such a tag, and one that is there in this moment will fill the place.
-FileLink Inventory::PlaceOfNewMaster() {
+Inventory::NewPlace Inventory::PlaceOfNew(std::string_view stockNumber) {
   OpenedFile file(environment_.openFiles);
+  if (!update_.Have()) throw GivenUp("Part " + std::string(stockNumber) + " was not added.");
   file.TakeOver(OpenWithoutEnd(kInventoryTagFile, Access::Read, Deny::None));
+  update_.NoteReading();
+  bool isTaken = false;
   std::uint64_t place = environment_.files.Length(kInventoryFile);
   std::set<std::uint64_t> taken;
   std::vector<InventoryTag> block(kScanBlock);
@@ -293,12 +337,13 @@ FileLink Inventory::PlaceOfNewMaster() {
     for (const InventoryTag& tag : tags) {
       const auto link = static_cast<std::uint64_t>(std::max(tag.Get(inventorytag::Tag), 0));
       if (link >= place) taken.insert(link);
+      isTaken = isTaken || tag.View(inventorytag::StockNumber) == stockNumber;
     }
   }
   for (const std::uint64_t each : taken) {
     if (each < place + InventoryRecord::kLength) place = each + InventoryRecord::kLength;
   }
-  return LinkAtEnd(place, kInventoryFile);
+  return {LinkAtEnd(place, kInventoryFile), isTaken};
 }
 
 }  // namespace lantos

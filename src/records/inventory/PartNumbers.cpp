@@ -16,27 +16,31 @@ bool IsAnother(const Inventory& inventory, Inventory::PartIndex index) {
 
 PartUpdated DeletePart(Inventory& inventory, Inventory::PartIndex index) {
   const Inventory::OneUpdate update(inventory);
-  FileLink offset = kNoLink;
-  if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
-  if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
-  inventory.CurrentInv.Put(inventory::Deleted, 1);
-  inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
-  inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::No);
-  return PartUpdated::Yes;
+  return UntilNotOvertaken([&] {
+    FileLink offset = kNoLink;
+    if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
+    if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
+    inventory.CurrentInv.Put(inventory::Deleted, 1);
+    inventory.CurrentInvTag.Put(inventorytag::StockNumber, "");
+    inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::No);
+    return PartUpdated::Yes;
+  });
 }
 
 PartUpdated ChangePartNumber(Inventory& inventory, Inventory::PartIndex index, std::string_view newNumber) {
   const Inventory::OneUpdate update(inventory);
-  FileLink offset = kNoLink;
-  if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
-  if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
-  const std::string_view number = TrimView(newNumber);
-  inventory.CurrentInv.Put(inventory::StockNumber, number);
-  inventory.CurrentInvTag.Put(inventorytag::StockNumber, number);
-  inventory.CurrentInv.Put(inventory::UsageLink, kNoLink);
-  inventory.CurrentInv.Put(inventory::ReceivingLink, kNoLink);
-  inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
-  return PartUpdated::Yes;
+  return UntilNotOvertaken([&] {
+    FileLink offset = kNoLink;
+    if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
+    if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
+    const std::string_view number = TrimView(newNumber);
+    inventory.CurrentInv.Put(inventory::StockNumber, number);
+    inventory.CurrentInvTag.Put(inventorytag::StockNumber, number);
+    inventory.CurrentInv.Put(inventory::UsageLink, kNoLink);
+    inventory.CurrentInv.Put(inventory::ReceivingLink, kNoLink);
+    inventory.WriteInventory(offset, index, Inventory::Core::Stays, Inventory::Broadcast::Yes);
+    return PartUpdated::Yes;
+  });
 }
 
 }  // namespace lantos

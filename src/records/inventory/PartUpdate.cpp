@@ -36,24 +36,32 @@ void CrossReference(Inventory& inventory, const InventoryRecord& before, const I
   }
 }
 
-}  // namespace
-
-PartUpdated UpdatePart(Inventory& inventory, Inventory::PartIndex index,
-                       const std::function<void(InventoryRecord& master)>& change) {
-  inventory.FinishLoading();  // its alternates and its core must not be taken for unknown
-  const Inventory::OneUpdate update(inventory);
+// before is what the part was.
+PartUpdated UpdateInTurn(Inventory& inventory, Inventory::PartIndex index,
+                         const std::function<void(InventoryRecord& master)>& change, InventoryRecord& before) {
   std::optional<Inventory::Part> part = inventory.Read(index);
   if (!part) return PartUpdated::GivenUp;
   if (part->master.Get(inventory::Deleted) == 1) return PartUpdated::WasDeleted;
-  const InventoryRecord before = part->master;
+  before = part->master;
   change(part->master);
   FollowMaster(part->tag, part->master);
   const bool hadCore = before.Get(inventory::HasACore) == 1;
   inventory.Write(*part, index, hadCore ? Inventory::Core::Stays : Inventory::Core::Follows, Inventory::Broadcast::Yes);
   inventory.CurrentInvTag = part->tag;
   inventory.CurrentInv = part->master;
-  CrossReference(inventory, before, part->master);
   return PartUpdated::Yes;
+}
+
+}  // namespace
+
+PartUpdated UpdatePart(Inventory& inventory, Inventory::PartIndex index,
+                       const std::function<void(InventoryRecord& master)>& change) {
+  inventory.FinishLoading();  // its alternates and its core must not be taken for unknown
+  const Inventory::OneUpdate update(inventory);
+  InventoryRecord before;
+  const PartUpdated updated = UntilNotOvertaken([&] { return UpdateInTurn(inventory, index, change, before); });
+  if (updated == PartUpdated::Yes) CrossReference(inventory, before, InventoryRecord(inventory.CurrentInv));
+  return updated;
 }
 
 }  // namespace lantos

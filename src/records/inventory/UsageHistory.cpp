@@ -24,6 +24,25 @@ FileLink UsageHistory::UpdateUsage(const Use& use, Cents price, Cents cost, std:
   return offset;
 }
 
+bool UsageHistory::TakeBack(FileLink link) {
+  const std::string name(kUsageFile);
+  Contention contention(contention::kConversionFile, desktop_, environment_, name);
+  const bool isTaken = contention.Run([&] {
+    OpenedFile file(environment_.openFiles, name, Access::ReadWrite, Deny::All);
+    const auto at = static_cast<std::uint64_t>(link);
+    if (file->Length() == at + UsageRecord::kLength) {
+      file->Truncate(at);
+    } else {
+      UsageRecord blank;
+      blank.Put(usage::PrevLink, kNoLink);
+      WriteRecord(*file, link, blank);
+    }
+    file.Close();
+  });
+  if (isTaken) environment_.files.FlushFile(name);
+  return isTaken;
+}
+
 UsageRecord UsageHistory::RecordOf(const Use& use, std::string_view stockNumber, Cents price, Cents cost,
                                    std::int16_t quantity, FileLink prevLink) {
   UsageRecord record;

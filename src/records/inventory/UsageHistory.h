@@ -38,6 +38,10 @@ class UsageHistory {
   // into the part's master. A file that somebody holds is waited for, with a box after each three tries; kNoLink when
   // something else keeps it from being written and the person goes on without it.
   FileLink UpdateUsage(const Use& use, Cents price, Cents cost, std::int16_t quantity);
+  // Takes a record from the history that nothing leads to any more: cut off where it is the last one. Another one's
+  // place must stay what links say it is: it is blanked, and is nobody's. A file that can't be had is asked about;
+  // false when the person gives it up.
+  bool TakeBack(FileLink link);
   // The record that it adds; the part's newest one until then is at prevLink.
   static UsageRecord RecordOf(const Use& use, std::string_view stockNumber, Cents price, Cents cost,
                               std::int16_t quantity, FileLink prevLink);

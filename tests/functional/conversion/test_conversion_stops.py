@@ -10,7 +10,7 @@ from boardlines import elsewhere, row_of
 from conversionsteps import (AS_ON_FILE, FIRST, PARTS, TITLE, USAGE_HELD, answer_status, begin, convert, convert_whole,
                              estimate, expect_converted, is_untouched, shop, show, snapshot, stored_comments,
                              to_vehicle, vehicle_in_text, vehicle_shop)
-from faults import HELD, Faults
+from faults import DISK_FULL, HELD, Faults
 from inventoryfiles import read_tags
 from locks import denied_to_all, deny_to_all
 from screens import shared_files
@@ -142,10 +142,10 @@ def test_a_held_archived_tag_file_asks_and_cancel_goes_on_without_that_tag(start
 def test_retry_at_the_archived_tag_file_writes_it_once(start, shop):
     estimate(shop)
     copy = begin(start, shop)
-    held = deny_to_all(shop.path(ARCHIVED_FILE))
+    denied = deny_to_all(shop.path(ARCHIVED_FILE))
     convert(copy)
     copy.expect_box(title="WriteArchivedWoTag(TQINCTAG.DAT)")
-    os.close(held)
+    os.close(denied)
     copy.press("Retry")
     expect_converted(copy, FIRST)
     assert len(active_tags(shop)) == len(archived_tags(shop)) == 1
@@ -163,20 +163,56 @@ def test_an_archived_tag_file_of_an_odd_length_is_told_of_and_still_written(star
     assert (len(data), data[:7], long_at(data, 7)) == (7 + 290, b"damaged", FIRST)
 
 
-def test_a_held_active_tag_file_stops_it_and_the_box_says_how_far_it_came(start, shop):
+def held(name):
+    return f"{name} is locked by another user.\nClick Retry to try again, or Cancel to stop here."
+
+
+def test_a_held_active_tag_file_is_asked_about_ahead_of_the_number(start, shop):
+    """Any number may be in it."""
+    estimate(shop)
+    copy = begin(start, shop)
+    with denied_to_all(shop.path(ACTIVE_FILE)):
+        for _ in range(2):
+            convert(copy)
+            copy.expect_box(held(ACTIVE_FILE), ACTIVE_FILE, "exclamation", ["Retry", "Cancel"])
+            copy.press("Cancel")
+            copy.expect_box(f"The work orders in {ACTIVE_FILE} could not be looked at.", icon="critical")
+            copy.press("OK")
+            copy.expect_form("frmMain")
+    assert shop.read_system()["last_workorder_number"] == FIRST and not shop.names("AJ*")
+    convert_whole(copy, FIRST)
+
+
+def test_a_full_disk_at_the_first_tag_stops_it_and_the_next_try_finishes_it(start, shop, tmp_path):
     estimate(shop)
     shop.add_part(900, "PAD-9", "BRAKE PADS", 2, 3500)
-    copy = begin(start, shop, PARTS)
-    with denied_to_all(shop.path(ACTIVE_FILE)):
-        convert(copy)
-        box = copy.expect_box(icon="critical", buttons=["OK"])
-        assert box["text"].endswith("stopped here. What was done before stays:\n- the number was taken\n"
-                                    "- the usage of PAD-9 was noted\n- the stock of PAD-9 is now 4\n"
-                                    "The next step was not finished.")
-        copy.press("OK")
-        copy.expect_form("frmMain")
+    faults = Faults(shop.directory, tmp_path)
+    copy = begin(lambda shop: start(shop, faults=faults), shop, PARTS)
+    faults.fail(ACTIVE_FILE, fault=DISK_FULL, call="write")
+    convert(copy)
+    copy.expect_box(f"{ACTIVE_FILE} can not be used: the disk is full.\n"
+                    "Click Retry to try again, or Cancel to stop here.")
+    copy.press("Cancel")
+    box = copy.expect_box(icon="critical", buttons=["OK"])
+    assert box["text"].endswith("stopped here. What was done before stays:\n- the number was taken\n"
+                                "- the usage of PAD-9 was noted\n- the stock of PAD-9 is now 4\n"
+                                "The next step was not finished.")
+    copy.press("OK")
+    copy.expect_form("frmMain")
     assert active_tags(shop) == archived_tags(shop) == [] and not shop.names("W*.tqa")
-    convert_whole(copy, FIRST + 1)
+    faults.mend()
+    copy.click("cmdConvert")
+    box = copy.expect_box(title=TITLE, icon="question", buttons=["Yes", "No", "Cancel"])
+    assert "to work order # 005001 was not finished." in box["text"]
+    copy.press("Cancel")
+    copy.expect_form("frmMain")
+    copy.click("cmdConvert")
+    copy.expect_box(title=TITLE)
+    copy.press("Yes")
+    expect_converted(copy, FIRST)
+    answer_status(copy)
+    assert read_tags(shop.directory)[0]["InStock"] == 4 and len(usage_records(shop)) == 1
+    assert [tag["WorkorderNumber"] for tag in active_tags(shop)] == [FIRST] and not shop.names("AJ*")
 
 
 def test_a_held_text_leaves_both_tags(start, shop, tmp_path):
@@ -185,6 +221,8 @@ def test_a_held_text_leaves_both_tags(start, shop, tmp_path):
     copy = begin(lambda shop: start(shop, faults=faults), shop)
     faults.fail(file_name(FIRST), fault=HELD)
     convert(copy)
+    copy.expect_box(held(file_name(FIRST)), file_name(FIRST), "exclamation", ["Retry", "Cancel"])
+    copy.press("Cancel")
     box = copy.expect_box(icon="critical")
     assert box["text"].endswith("- the number was taken\n- the tag in TQOPENWO.DAT was written\n"
                                 "- the tag in TQINCTAG.DAT was written\nThe next step was not finished.")

@@ -2,7 +2,7 @@
 
 import pytest
 
-from boardlines import TODAY
+from boardlines import TODAY, elsewhere
 from conversionsteps import (FIRST, PARTS, TITLE, answer_status, convert, estimate, expect_converted, question, shop, show,
                              stored_comments)
 from driver import DriverError
@@ -114,3 +114,35 @@ def test_who_decides_later_is_asked_by_the_next_start_and_ahead_of_the_same_esti
     expect_converted(copy, FIRST)
     answer_status(copy)
     assert {tag["WorkorderNumber"] for tag in active_tags(shop)} == {FIRST, FIRST + 1} and left(shop) == []
+
+
+def test_one_that_another_copy_is_at_is_told_and_nothing_is_done(start, shop, tmp_path):
+    first = show(start(stocked(shop)))
+    second = show(start(shop, computer="BENCH2", settings=tmp_path / "other"))
+    convert(first)
+    first.expect_box(f"Estimate # 000900 is now Workorder # {FIRST:06}")
+    second.click("cmdConvert")
+    second.expect_box(f"Estimate # 000900 is being converted to work order # {FIRST:06} by another copy of the program. "
+                      "It was begun on BENCH1 at 2003-09-30T08:15:00.\nNothing was done here.", TITLE, "exclamation")
+    second.press("OK")
+    second.expect_form("frmMain")
+    first.press("OK")
+    answer_status(first)
+    expect_whole(shop)
+
+
+def test_one_of_a_deleted_estimate_is_left_as_it_is(start, shop, tmp_path):
+    kill_at_write_of(start, stocked(shop), tmp_path, ARCHIVED_FILE)
+    elsewhere(shop, "DELETE FROM Estimates")
+    copy = start(shop)
+    copy.expect_box(title=TITLE, buttons=["Yes", "No"])
+    copy.press("Yes")
+    copy.expect_box("Estimate 000900 is no longer there.", TITLE)
+    copy.press("OK")
+    box = copy.expect_box(title=TITLE, icon="question", buttons=["Yes", "No"])
+    assert box["text"].startswith(f"The conversion of estimate # 000900 to work order # {FIRST:06} can not be finished: "
+                                  "its estimate or its customer is not on file.")
+    copy.press("Yes")
+    copy.expect_form("frmMain")
+    assert left(shop) == []
+    assert any("part 2 6 6 -1 PAD-9" in line for line in copy.log_lines())

@@ -131,6 +131,45 @@ def test_a_core_comes_through_the_same_screen(board, shop):
                             "ALT-1/C": ("CORE: ALTERNATOR", 1, 1800, 1800, 1500, 1800)}
 
 
+def test_the_surcharge_of_a_part_and_its_core_comes_behind_the_fees_of_both(start, shop):
+    one_estimate(shop)
+    shop.system["parts_surcharge_percent"] = 100000
+    shop.system["surcharge_description"] = "SUPPLIES"
+    shop.write()
+    fee = {"HasWaste": 1, "DisposalFee": 25}
+    make_inventory(shop.directory, [part("BAT", "BATTERY", (6000,) * 4, HasACore=1),
+                                    part("BAT/C", "CORE", (1500,) * 4, **fee)])
+    board = show(start(shop))
+    board.click("cmdPartAdd")
+    pick(board, "BAT")
+    board.key("F10")
+    board.expect_form("frmWOPart")
+    board.key("F10")
+    assert board.expect_box()["text"].startswith("The surcharge could not be stored: it needs the first place")
+    board.press("OK")
+    board.key("Esc")
+    board.expect_form("frmMain")
+    assert waste(shop) == [(1, "Waste Disposal Fee", 25, 25, "Disposal Fee for: BAT/C", "No")]
+    assert sorted(stored(shop)) == ["BAT", "BAT/C"]
+
+
+def test_a_surcharge_of_a_part_whose_core_isnt_wanted_stays(start, shop):
+    one_estimate(shop)
+    shop.system["parts_surcharge_percent"] = 100000
+    shop.system["surcharge_description"] = "SUPPLIES"
+    shop.write()
+    make_inventory(shop.directory, [part("BAT", "BATTERY", (6000,) * 4, HasACore=1), part("BAT/C", "CORE")])
+    board = show(start(shop))
+    board.click("cmdPartAdd")
+    pick(board, "BAT")
+    board.key("F10")
+    board.expect_form("frmWOPart")
+    board.key("Esc")
+    board.key("Esc")
+    board.expect_form("frmMain")
+    assert waste(shop) == [(1, "SURCHARGE", 600, 600, "SUPPLIES", "No")]
+
+
 def test_a_part_the_shop_doesnt_stock(board, shop):
     board.click("cmdPartAddNonStock")
     board.expect_form("frmWOPart")

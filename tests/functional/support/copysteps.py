@@ -1,5 +1,7 @@
 """Several copies of the program on one directory, what they ask of files that are held, and kills in the middle."""
 
+import contextlib
+import sqlite3
 import threading
 import time
 
@@ -94,6 +96,13 @@ def kill_within(victim, lines, seconds):
     victim.process.stdin.flush()
     time.sleep(seconds)
     victim.kill()
+
+
+def undo_half_written(shop):
+    """What a killed copy was writing into the database is undone by the next that may write there: a look that may only
+    read is refused until then."""
+    with contextlib.closing(sqlite3.connect(shop.directory / "Lantos.mdb")) as database:
+        database.execute("SELECT count(*) FROM Estimates").fetchall()
 
 
 USED = {"P-1": 1, "P-2": 3}  # by each conversion

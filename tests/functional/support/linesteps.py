@@ -21,6 +21,7 @@ class Kind:
     change: str
     remove: str
     list: str
+    noun: str  # of the titles of boxes
     opened_by: str = ""  # the board's button, where the list has a screen of its own
     screen: str = "frmMain"
 
@@ -49,25 +50,25 @@ LABOR = Kind(
     {"Description": lambda word, _: f"{word}\t{word} AGAIN" + "\t" * 6, "LaborHours": cents,
      "LaborRate": cents, "LaborTotal": lambda _, count: count * count * 100},
     {"Hours": dollars, "ShopRate": dollars, "txtDesc": lambda word, _: f"{word}\n{word} AGAIN"},
-    "frmLabor", "cmdLaborAdd", "cmdLaborChange", "cmdLaborRemove", "listLabor")
+    "frmLabor", "cmdLaborAdd", "cmdLaborChange", "cmdLaborRemove", "listLabor", "Labor")
 PARTS = Kind(
     "Parts", "PartNumber",
     {"PartDesc": again, "Quantity": lambda _, count: count, "PartPrice": cents,
      "PartTotal": lambda _, count: count * count * 100, "PartCost": cents, "PartList": cents},
     {"PartNumber": itself, "Description": again, "QuantityUsed": lambda _, count: str(count), "CostPrice": dollars,
      "SalePrice": dollars, "ListPrice": dollars},
-    "frmWOPart", "cmdPartAddNonStock", "cmdPartChange", "cmdPartRemove", "listParts")
+    "frmWOPart", "cmdPartAddNonStock", "cmdPartChange", "cmdPartRemove", "listParts", "Part")
 EXTRA_COLUMNS = {"VendorName": itself, "VendorInvoice": lambda word, _: f"I-{word}", "Cost": cents, "Price": cents,
                  "Desc1": again}
 EXTRA_FIELDS = {"Vendor": itself, "VendorInvoice": lambda word, _: f"I-{word}", "Cost": dollars, "Price": dollars,
                 "Desc(1)": again}
 SUBLETS = Kind("Sublets", "SubletNumber", EXTRA_COLUMNS, EXTRA_FIELDS, "frmWOExtra", "cmdAdd", "cmdChange", "cmdRemove",
-               "listSublets", "cmdEstimateSublets", "frmEstSublets")
+               "listSublets", "Sublet", "cmdEstimateSublets", "frmEstSublets")
 WASTE = Kind("Waste", "WasteNumber", EXTRA_COLUMNS, EXTRA_FIELDS, "frmWOExtra", "cmdAdd", "cmdChange", "cmdRemove",
-             "listWaste", "cmdEstimateWaste", "frmEstWaste")
+             "listWaste", "Waste", "cmdEstimateWaste", "frmEstWaste")
 NOTES = Kind("Notes", "NoteNumber", {"Desc1": itself, "Desc2": again},
              {"txtDesc": lambda word, _: f"{word}\n{word} AGAIN"}, "frmNotes", "cmdAdd", "cmdChange", "cmdRemove",
-             "listNotes", "cmdEstimateNotes", "frmEstNotes")
+             "listNotes", "Note", "cmdEstimateNotes", "frmEstNotes")
 KINDS = (LABOR, PARTS, SUBLETS, WASTE, NOTES)
 
 
@@ -146,10 +147,14 @@ def save(copy, kind):
     copy.expect_form(kind.screen)
 
 
-def remove(copy, kind, word):
+def begin_to_remove(copy, kind, word):
     choose(copy, kind, word)
     copy.click(kind.remove)
     copy.press("Yes")
+
+
+def remove(copy, kind, word):
+    begin_to_remove(copy, kind, word)
     copy.expect_form(kind.screen)
 
 

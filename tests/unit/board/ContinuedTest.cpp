@@ -104,10 +104,39 @@ TEST(ContinuedEstimate, WhoseLastStepIsRefusedHasItsCopyOnTheBoard) {
       "begin select raise(abort, 'no'); end");
   bench.desktop.WillChoose("mnuPopupStatus(5)");
   bench.WillApplyAnHour();
+  bench.WillLeave();
   bench.RightClick(bench.board.week.List1[Continued::kTuesday], 0);
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kTuesday]).at(0), "000900 Arrived");
   EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kWednesday]).at(0), "001001 Arrived");
+}
+
+// Whichever step is refused, the next try goes on with the copy of the first, with the hours of the second.
+TEST(ContinuedEstimate, ThatIsTriedAgainIsCopiedOnce) {
+  for (const char* refused :
+       {"insert on Labors when new.EstimateNumber = 1001", "insert on Labors when new.Description like 'HOURS%'",
+        "update of Status on Estimates when old.EstimateNumber = 1001 and old.CustomerNumber = 7",
+        "update of Status on Estimates when old.EstimateNumber = 900"}) {
+    Continued bench;
+    bench.desktop.failuresExpected = true;
+    bench.Do(std::string("create trigger Refuse before ") + refused + " begin select raise(abort, 'no'); end");
+    bench.desktop.WillChoose("mnuPopupStatus(5)");
+    bench.WillApplyAnHour();
+    bench.desktop.WillUse([&](ui::Form& form) {
+      EXPECT_EQ(dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).Text(), "1.00");
+      dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).DoType("2");
+      bench.Do("drop trigger Refuse");
+      form.PressKey(ui::ParseKey("F10"));
+    });
+    bench.WillEnd();
+    bench.RightClick(bench.board.week.List1[Continued::kTuesday], 0);
+    ASSERT_EQ(bench.desktop.failures.size(), 1U) << refused;
+    EXPECT_EQ(bench.desktop.failures[0].rfind("Estimate # 001001 was made on Wed 10/01/2003 as a copy", 0), 0U);
+    EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kTuesday]).at(0), "000900 Continued");
+    EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kWednesday]), (Texts{"001001 Arrived", "  Adams,Beth"}));
+    EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "2") << refused;
+    EXPECT_EQ(bench.Ask("select sum(LaborHours) from Labors where EstimateNumber = 1001"), "200") << refused;
+  }
 }
 
 }  // namespace

@@ -264,6 +264,7 @@ TEST(NewEstimate, WhoseCustomerCannotBeWrittenHoldsNothingOfTheOneBefore) {
   bench.desktop.failuresExpected = true;
   bench.desktop.WillAnswer(Answer::No);
   bench.WillPickCustomer(8);
+  bench.desktop.WillAnswer(Answer::Cancel);
   test::Click(bench.board.commands.cmdNewEstimate);
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   test::Click(bench.board.commands.cmdDetailView);

@@ -185,7 +185,7 @@ TEST(RefusedReschedule, TellsOfACopyWithoutAllOfItsLines) {
   });
   test::Click(board.commands.cmdReschedule);
   EXPECT_TRUE(bench.desktop.failures.at(0).starts_with(
-      "Estimate # 001001 was made on Tue 09/30/2003 as a copy of this one, without all of its lines, and stays there."))
+      "Estimate # 001001 was made on Tue 09/30/2003 as a copy of this one, without its lines, and stays there."))
       << bench.desktop.failures[0];
 }
 
@@ -207,6 +207,7 @@ TEST(RefusedContinuation, ShowsAndNamesTheCopyThatStays) {
   frmMain& board = bench.Begin(kArrived);
   bench.Refuse("Status");
   bench.desktop.WillUse([](ui::Form& form) { form.PressKey(ui::ParseKey("F10")); });
+  bench.WillLeave();
   bench.desktop.WillChoose("mnuPopupStatus(5)");
   bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
   EXPECT_TRUE(bench.desktop.failures.at(0).starts_with("Estimate # 001001 was made on Wed 10/01/2003 as a copy"))
@@ -225,6 +226,7 @@ TEST(RefusedContinuation, WithoutANumberForItsLineMakesNoCopy) {
     dynamic_cast<ui::TextBox&>(*form.Find("txtHours")).DoType("1");
     form.PressKey(ui::ParseKey("F10"));
   });
+  bench.WillLeave();
   bench.desktop.WillChoose("mnuPopupStatus(5)");
   bench.RightClick(board.week.List1[Refusing::kTuesday], 0);
   EXPECT_EQ(bench.desktop.failures.at(0), "Overflow: 2147483648 is too large.");
@@ -238,8 +240,9 @@ TEST(RefusedCustomer, LeavesTheOneOfBeforeOnTheScreen) {
   test::Click(board.commands.cmdDetailView);
   bench.Refuse("CustomerNumber");
   bench.WillPickCustomer(8);
+  bench.desktop.WillAnswer({Answer::Retry, Answer::Cancel});
   test::Click(board.detail.cmdCustomerEdit);
-  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(bench.desktop.failures, (Texts{"The customer of the estimate was not stored."}));
   EXPECT_EQ(board.detail.lblCustName.Caption(), "Beth Adams");
   EXPECT_EQ(bench.Current().CustomerNumber, 7);
   EXPECT_EQ(board.detail.Customer().Get(customer::Number), 7);
@@ -261,10 +264,31 @@ TEST(RefusedVehicle, LeavesTheOneOfBeforeOnTheScreen) {
     list.DataGrid1.DoSelect(0);
     list.cmdSelect.DoClick();
   });
+  bench.desktop.WillAnswer({Answer::Retry, Answer::Cancel});
   test::Click(board.detail.cmdVehicleEdit);
-  EXPECT_EQ(bench.desktop.failures.size(), 1U);
+  EXPECT_EQ(bench.desktop.failures, (Texts{"The vehicle of the estimate was not stored."}));
   EXPECT_EQ(board.detail.lblVehYMM.Caption(), "  ");
   EXPECT_EQ(bench.Current().VehMake, "");
+}
+
+TEST(RefusedCustomer, IsKeptForAnotherTry) {
+  Refusing bench;
+  frmMain& board = bench.Begin(kArrived);
+  test::Click(board.commands.cmdDetailView);
+  bench.Refuse("CustomerNumber");
+  bench.WillPickCustomer(8);
+  bench.desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.text,
+              "The database refused the change. Nothing was stored; the run log has the reason.\r\r"
+              "Click Retry to store the customer that you chose, or Cancel to leave the estimate as it was.");
+    bench.Allow();
+    return Answer::Retry;
+  });
+  bench.WillLeave();  // the vehicles
+  test::Click(board.detail.cmdCustomerEdit);
+  EXPECT_TRUE(bench.desktop.failures.empty());
+  EXPECT_EQ(bench.Stored("CustomerNumber", 900), "8");
+  EXPECT_EQ(bench.Current().CustomerNumber, 8);
 }
 
 TEST(RefusedBooking, IsOnTheBoardAsFarAsItStandsInTheDatabase) {
@@ -273,6 +297,7 @@ TEST(RefusedBooking, IsOnTheBoardAsFarAsItStandsInTheDatabase) {
   bench.Refuse("CustomerNumber", 1001);
   bench.desktop.WillAnswer(Answer::No);
   bench.WillPickCustomer(8);
+  bench.desktop.WillAnswer(Answer::Cancel);
   test::Click(board.commands.cmdNewEstimate);
   EXPECT_EQ(bench.desktop.failures.size(), 1U);
   EXPECT_EQ(TextsOf(board.week.List1[Refusing::kTuesday]), (Texts{"001001 ", "  CUSTOMER,UNKNOWN"}));

@@ -24,10 +24,7 @@ struct SurchargeBench : ContentsBench {
     system.Put(sysrec::surcharge_is_sublet, 'Y');
   }
   void PutLabor(std::int32_t number, Cents total) {
-    WoLaborLine line;
-    line.Total = total;
-    line.Desc[0] = "NOT THIS 50.00";
-    contents.lines.labor.Put(number, line);
+    database.lantosData.AddLabor(1001, number, "NOT THIS 50.00", 0, 0, total, 0);
   }
   std::string Line(std::string_view column, std::string_view table = "Sublets") {
     return Ask("select " + std::string(column) + " from " + std::string(table) + " where VendorName = 'SURCHARGE'");

@@ -18,7 +18,7 @@ class Commands : public DatabaseTest {
 };
 
 TEST_F(Commands, TheTablesHaveEveryCommandWithAsManyKindsAsPlaceholders) {
-  EXPECT_EQ(kLantosCommands.size(), 82U);
+  EXPECT_EQ(kLantosCommands.size(), 83U);
   EXPECT_EQ(kKorvelCommands.size(), 8U);
   for (const auto commands : {kLantosCommands, kKorvelCommands}) {
     for (const Command& command : commands) {

@@ -102,20 +102,20 @@ TEST_F(Estimates, ANumberIsSpentEvenWhenTheRowFails) {
 }
 
 TEST_F(Estimates, ANumberThatAnEstimateHasIsNotGivenAgain) {
-  for (const char* number : {"1200", "1201", "1205"}) {
+  for (const char* number : {"1200", "1201", "1205", "2000000000"}) {
     Plain(std::string("insert into Estimates (EstimateNumber, Comments) values (") + number + ", 'old')");
   }
   desktop.WillAnswer({ui::Answer::Cancel, ui::Answer::Ok});
   EXPECT_THROW(estimates.CreateEstimate(kToday, kScheduled), std::runtime_error);
-  EXPECT_EQ(PlainValue("select count(*) from Estimates"), "3");
+  EXPECT_EQ(PlainValue("select count(*) from Estimates"), "4");
   EXPECT_EQ(desktop.boxes.at(0).title, "Next Number");
   EXPECT_EQ(desktop.boxes.at(0).text,
             "001200, the running number of the estimates in TQSYSTEM.DAT, is in use already.\r"
             "The file was emptied, or is older than the others.\r\r"
-            "The next free number is 001202.\rClick OK to go on from there, or CANCEL to stop.");
-  EXPECT_EQ(estimates.CreateEstimate(kToday, kScheduled), 1202);
-  EXPECT_EQ(NextNumber(), 1203);
-  EXPECT_EQ(PlainValue("select count(*) from Estimates where Comments = 'old'"), "3");
+            "The next free number is 001206.\rClick OK to go on from there, or CANCEL to stop.");
+  EXPECT_EQ(estimates.CreateEstimate(kToday, kScheduled), 1206);
+  EXPECT_EQ(NextNumber(), 1207);
+  EXPECT_EQ(PlainValue("select count(*) from Estimates where Comments = 'old'"), "4");
 }
 
 class ClonedEstimates : public Estimates {

@@ -117,7 +117,7 @@ TEST_F(Profiles, AWriteThatBreaksOffLeavesTheFileAsItIs) {
   test::FaultyCalls calls(directory.Path());
   calls.When([](const test::FileCall& call, std::size_t) { return call.kind == test::CallKind::Write ? EIO : 0; });
   EXPECT_FALSE(profile.Put("Print Options", "PreviewEstimate", "False"));
-  EXPECT_EQ(profile.Failure(), FileErrorNumber::DeviceIo);
+  EXPECT_EQ(profile.Failure().number, FileErrorNumber::DeviceIo);
   // The room is taken, and then the write fails.
   calls.When([writes = 0](const test::FileCall& call, std::size_t) mutable {
     return call.kind == test::CallKind::Write && ++writes == 2 ? EIO : 0;

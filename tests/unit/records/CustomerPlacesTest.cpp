@@ -227,6 +227,31 @@ TEST_F(CustomerPlaces, NothingIsHeldOpenWhileThePersonIsAskedAboutTheTurn) {
   ::close(others);
 }
 
+// The person gives up between the record and the chain, and tries it again.
+TEST_F(CustomerPlaces, AVehicleThatNoChainLedToIsNotWrittenTwice) {
+  PutCustomers(1);
+  ASSERT_TRUE(customers.MakeCurrent(1));
+  Put(kVehicleFile, "");
+  Vehicles& vehicles = records.vehicles;
+  VehicleRecord car = vehicles.NewVehicle();
+  car.Put(vehicle::Make, "Ford");
+  for (const bool isHeld : {true, false}) {
+    std::optional<SharedFile> other;
+    if (isHeld) {
+      other = HeldByAnother(kCustomerFile);
+      desktop.WillAnswer(Answer::Cancel);
+    }
+    vehicles.MakeCurrent(car, kNoLink);
+    vehicles.WriteVehicle();
+    EXPECT_EQ(vehicles.CurrentVehicleOffset, isHeld ? kNoLink : 0);
+    EXPECT_EQ(BytesOf(kVehicleFile).size(), 397U);
+  }
+  EXPECT_EQ(LongAt(BytesOf(kCustomerFile), 313), 0);
+  vehicles.MakeCurrent(car, kNoLink);
+  vehicles.WriteVehicle();
+  EXPECT_EQ(vehicles.CurrentVehicleOffset, 397) << "another one that looks alike";
+}
+
 TEST_F(CustomerPlaces, AVehicleIsUpdatedAsItLiesOnFile) {
   Put(kVehicleFile, VehicleImage(1, "Ford", -1));
   Vehicles& vehicles = records.vehicles;
@@ -257,6 +282,23 @@ TEST_F(CustomerPlaces, ANumberThatSomebodyHasIsNotGivenAgain) {
             Buttons::OkCancel, Icon::Exclamation);
   EXPECT_EQ(customers.CurrentCustomer.Get(customer::Number), 4);
   EXPECT_EQ(LongAt(BytesOf(kSystemFile), 12), 5);
+}
+
+// A gap may be the number of somebody who is gone from the files, but not from paper.
+TEST_F(CustomerPlaces, TheNumberThatIsOfferedLiesBehindTheHighest) {
+  PutCustomers(3);
+  CustomerTag tag;
+  std::string tags = BytesOf(kCustomerTagFile);
+  for (const std::int32_t number : {40, 2000000000}) {
+    tag.Put(customertag::Number, number);
+    tags += std::string(reinterpret_cast<const char*>(tag.Bytes().data()), CustomerTag::kLength);
+  }
+  Put(kCustomerTagFile, tags);
+  Put(kSystemFile, Image(1038).Long(12, 2));
+  customers.LoadCustomerTags();
+  desktop.WillAnswer(Answer::Ok);
+  EXPECT_TRUE(customers.NewCustomer());
+  EXPECT_EQ(customers.CurrentCustomer.Get(customer::Number), 41);
 }
 
 TEST_F(CustomerPlaces, ANumberThatOnlyTheFileKnowsIsFoundWhenItIsWritten) {

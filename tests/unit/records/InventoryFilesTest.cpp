@@ -340,19 +340,18 @@ TEST_F(InventoryFiles, ATagThatCanNotBePutBackIsNamed) {
   PutParts({{"A", "AXLE"}, {"B", "BELT"}});
   const FileLink offset = Read("B");
   inventory.CurrentInvTag.Put(inventorytag::InStock, 3);
-  const std::filesystem::path away = PathOf("AWAY");
   const auto block = [&](std::string_view file) {
-    std::filesystem::rename(PathOf(file), away);
+    std::filesystem::rename(PathOf(file), PathOf(std::string(file) + ".AWAY"));
     std::filesystem::create_directory(PathOf(file));
   };
   block(kInventoryFile);
-  desktop.WillAnswer([&](const ui::Box&) {
-    std::filesystem::remove(PathOf(kInventoryFile));
-    std::filesystem::rename(away, PathOf(kInventoryFile));
-    block(kInventoryTagFile);
+  patience.onWait = [&] {
+    if (patience.waits.size() == 1) block(kInventoryTagFile);
+  };
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, kInventoryTagFile);
     return ui::Answer::Cancel;
   });
-  desktop.WillAnswer(ui::Answer::Cancel);
   try {
     inventory.WriteInventory(offset, 1, Inventory::Core::Stays, Inventory::Broadcast::No);
     ADD_FAILURE() << "nothing was said";

@@ -65,6 +65,28 @@ TEST_F(RecordMergeTest, EachKeepsWhatOnlyTheyHaveChanged) {
   EXPECT_EQ(stored, wanted);
 }
 
+TEST_F(RecordMergeTest, ACodeReadsAsTheWordThatItStandsFor) {
+  static constexpr std::string_view kWords[] = {"Single", "Married"};
+  static constexpr MergedField kCodes[] = {{"Status", kFlag, kWords}, {"Level", IntegerField{0}, kWords}};
+  const auto textOf = [&](std::uint8_t theirs, std::uint8_t mine) {
+    Sample stored;
+    Sample typed;
+    Sample before;
+    before.Put(kFlag, 9);
+    stored.Put(kFlag, theirs);
+    typed.Put(kFlag, mine);
+    RecordMerge merge(kCodes, before, typed);
+    desktop.WillAnswer(Answer::Cancel);
+    EXPECT_FALSE(merge.Run(desktop, "Edit", [&] {
+      Sample record = stored;
+      merge.Into(record);
+    }));
+    return desktop.boxes.back().text;
+  };
+  EXPECT_THAT(textOf(0, 1), testing::HasSubstr("Status: \"Single\" is stored, \"Married\" is yours"));
+  EXPECT_THAT(textOf(1, 7), testing::HasSubstr("Status: \"Married\" is stored, \"7\" is yours"));
+}
+
 TEST_F(RecordMergeTest, TheSameFieldChangedByBothAsksOnceForAllSuchFieldsWithBothValues) {
   ours.Put(kName, "Mine");
   ours.Put(kPrice, 250);

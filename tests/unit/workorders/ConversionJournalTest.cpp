@@ -11,7 +11,7 @@ class ConversionJournalTest : public WorkordersTest {
   // As a conversion of one part leaves it, and whoever is killed.
   std::string Left() {
     environment.computerName = "FRONT DESK";
-    ConversionJournal journal(environment, 1001, 5001);
+    ConversionJournal journal(environment, desktop, 1001, 5001);
     name = journal.Name();
     journal.TakesNumber();
     journal.WillMove({"PAD %\t9", 2, 6, 5, 76});
@@ -37,11 +37,8 @@ TEST_F(ConversionJournalTest, IsATextWithALineAStep) {
 TEST_F(ConversionJournalTest, IsNamedAsTheLogAndHasThePlaceBehindOneThatWasLeft) {
   Left();
   EXPECT_EQ(name, "AJ" + environment.log.Name().substr(2, 6) + ".JNL");
-  EXPECT_TRUE(ConversionJournal::IsOwn(environment, name));
-  EXPECT_FALSE(ConversionJournal::IsOwn(environment, "AJ130999.JNL"));
-  const ConversionJournal second(environment, 1002, 5002);
+  const ConversionJournal second(environment, desktop, 1002, 5002);
   EXPECT_EQ(second.Name(), name.substr(0, 9) + "J01");
-  EXPECT_TRUE(ConversionJournal::IsOwn(environment, second.Name()));
 }
 
 TEST_F(ConversionJournalTest, ReadsWhatItWrote) {
@@ -62,16 +59,16 @@ TEST_F(ConversionJournalTest, ReadsWhatItWrote) {
 }
 
 TEST_F(ConversionJournalTest, IsOpenToNobodyWhileItsConversionRuns) {
-  std::optional<ConversionJournal> running(std::in_place, environment, 1001, 5001);
+  std::optional<ConversionJournal> running(std::in_place, environment, desktop, 1001, 5001);
   const std::string running1 = running->Name();
-  EXPECT_THROW(ConversionJournal(environment, running1), FileError);
+  EXPECT_THROW(ConversionJournal(environment, desktop, running1), FileError);
   running.reset();
-  ConversionJournal left(environment, running1);
+  ConversionJournal left(environment, desktop, running1);
   left.IsUndone();
   EXPECT_TRUE(ReadJournal(left.Content())->isUndone);
   left.Remove();
   EXPECT_TRUE(environment.files.List(kJournalPattern).empty());
-  EXPECT_THROW(ConversionJournal(environment, running1), FileError);
+  EXPECT_THROW(ConversionJournal(environment, desktop, running1), FileError);
 }
 
 // A kill in the middle of a line, or a full disk.
@@ -79,7 +76,7 @@ TEST_F(ConversionJournalTest, GoesOnBehindItsLastWholeLine) {
   const std::string content = Left();
   for (std::size_t length = 0; length <= content.size(); ++length) {
     Put(name, content.substr(0, length));
-    ConversionJournal journal(environment, name);
+    ConversionJournal journal(environment, desktop, name);
     const std::string whole = journal.Content();
     EXPECT_EQ(whole, content.substr(0, whole.size()));
     EXPECT_TRUE(ReadJournal(whole)) << length;
@@ -102,7 +99,7 @@ TEST_F(ConversionJournalTest, WithAnyBitFlippedIsDamaged) {
 TEST_F(ConversionJournalTest, OfAMegabyteAndMoreIsReadNoFurther) {
   const std::string content = Left();
   Put(name, content + std::string(3 << 20, 'x'));
-  EXPECT_EQ(ConversionJournal(environment, name).Content(), content);
+  EXPECT_EQ(ConversionJournal(environment, desktop, name).Content(), content);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The three files that a new work order makes.
 #include "WorkordersBench.h"
 #include "records/Customers.h"
+#include "records/GivenUp.h"
 #include "records/Vehicles.h"
 
 namespace lantos::test {
@@ -108,9 +109,12 @@ TEST_F(TagWriting, AnActiveTagGoesBehindTheLastWholeOne) {
   EXPECT_EQ(LongAt(bytes, 604), 4711);
 }
 
-TEST_F(TagWriting, AnActiveTagFileHeldByAnotherIsAnError) {
+TEST_F(TagWriting, AnActiveTagFileHeldByAnotherIsAskedAboutUntilThePersonGivesItUp) {
   const SharedFile held = HeldByAnother(kActiveTagFile);
-  EXPECT_THROW(workorders.WriteActiveWoTag(), FileError);
+  desktop.WillAnswer({ui::Answer::Retry, ui::Answer::Cancel});
+  EXPECT_THROW(workorders.WriteActiveWoTag(), GivenUp);
+  EXPECT_EQ(desktop.boxes.at(1).text,
+            "TQOPENWO.DAT is locked by another user.\rClick Retry to try again, or Cancel to stop here.");
 }
 
 TEST_F(TagWriting, AnArchivedTagIsTheActiveOneWithoutAPlaceInTheArchive) {
@@ -191,11 +195,28 @@ TEST_F(TagWriting, ALongerTextOfTheSameNameIsGone) {
   EXPECT_EQ(BytesOf(kFile), Crlf(Written(sample)) + '\0');
 }
 
-TEST_F(TagWriting, ATextThatSomebodyReadsIsAnErrorAndStaysAsItWas) {
+TEST_F(TagWriting, ATextThatSomebodyReadsIsAskedAboutAndStaysAsItWas) {
   Put(kFile, "before");
   const SharedFile held = HeldByAnother(kFile, Access::Read, Deny::None);
-  EXPECT_THROW(workorders.WriteWorkorderFile(), FileError);
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_THROW(workorders.WriteWorkorderFile(), GivenUp);
+  EXPECT_EQ(desktop.boxes.at(0).title, kFile);
   EXPECT_EQ(BytesOf(kFile), "before");
+}
+
+// What ended in the middle is looked at.
+TEST_F(TagWriting, AHeldTextThatIsLookedAtIsAskedAbout) {
+  Put("W0005001.tqa", std::string("whole\0", 6));
+  std::optional<SharedFile> held = HeldByAnother("W0005001.tqa");
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.text, "W0005001.tqa is locked by another user.\rClick Retry to try again, or Cancel to stop here.");
+    held.reset();
+    return ui::Answer::Retry;
+  });
+  EXPECT_TRUE(workorders.FilesOf(5001).text);
+  const SharedFile again = HeldByAnother("W0005001.tqa");
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_THROW(workorders.FilesOf(5001), GivenUp);
 }
 
 }  // namespace

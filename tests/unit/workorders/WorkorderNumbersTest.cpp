@@ -1,4 +1,6 @@
 #include "records/Fixture.h"
+#include "records/GivenUp.h"
+#include "workorders/ConversionJournal.h"
 #include "workorders/WorkorderNumbers.h"
 #include "workorders/WorkorderTags.h"
 
@@ -18,7 +20,8 @@ class WorkorderNumbersTest : public ShopTest {
     }
     Put(file, bytes);
   }
-  bool IsTaken(std::int32_t number) { return WorkorderNumbers(environment).IsTaken(number); }
+  bool IsTaken(std::int32_t number) { return WorkorderNumbers(environment, desktop).IsTaken(number); }
+  std::int32_t Highest() { return WorkorderNumbers(environment, desktop).Highest(); }
 };
 
 TEST_F(WorkorderNumbersTest, AShopWithoutWorkOrdersHasAllNumbersFree) {
@@ -39,17 +42,90 @@ TEST_F(WorkorderNumbersTest, ANumberOfEitherTagFileIsTaken) {
   for (const std::int32_t number : {6, 8, 13}) EXPECT_FALSE(IsTaken(number)) << number;
 }
 
-TEST_F(WorkorderNumbersTest, ACounterAheadOfTheLastTagsLooksAtNoOthers) {
+TEST_F(WorkorderNumbersTest, ANumberAheadOfTheLastTagsIsTakenAsWell) {
   PutTags<ActiveWoTag>(kActiveTagFile, {30, 12});
-  EXPECT_FALSE(IsTaken(30)) << "which no counter comes to while it hands out numbers in their order";
-  EXPECT_TRUE(IsTaken(12));
+  EXPECT_TRUE(IsTaken(30));
+  EXPECT_FALSE(IsTaken(31));
 }
 
-TEST_F(WorkorderNumbersTest, FilesThatCanNotBeReadKnowNoNumber) {
+TEST_F(WorkorderNumbersTest, TheHighestIsThatOfBothFilesAndNoDamagedTags) {
+  EXPECT_EQ(Highest(), 0);
+  PutTags<ActiveWoTag>(kActiveTagFile, {30, 12});
+  PutTags<ArchivedWoTag>(kArchivedTagFile, {7, 2000000000, 41, -5, 11});
+  EXPECT_EQ(Highest(), 41);
+  EXPECT_TRUE(IsTaken(2000000000));
+}
+
+TEST_F(WorkorderNumbersTest, ManyTagsAreReadToTheFirst) {
+  std::string bytes;
+  for (std::int32_t number = 1; number <= 1000; ++number) {
+    ArchivedWoTag tag;
+    tag.Put(wotag::WorkorderNumber, number);
+    bytes += std::string(reinterpret_cast<const char*>(tag.Bytes().data()), ArchivedWoTag::kLength);
+  }
+  Put(kArchivedTagFile, bytes);
+  const WorkorderNumbers numbers(environment, desktop);
+  for (const std::int32_t number : {1, 2, 500, 999, 1000}) EXPECT_TRUE(numbers.IsTaken(number)) << number;
+  EXPECT_FALSE(numbers.IsTaken(1001));
+}
+
+TEST_F(WorkorderNumbersTest, ThatOfAConversionThatIsHalfDoneIsTaken) {
+  ConversionJournal pending(environment, desktop, 1001, 5001);
+  EXPECT_FALSE(IsTaken(5001)) << "not before it is the conversion's own";
+  pending.TakesNumber();
+  EXPECT_TRUE(IsTaken(5001));
+  EXPECT_EQ(Highest(), 5001);
+  pending.IsUndone();
+  EXPECT_FALSE(IsTaken(5001));
+}
+
+// Any number may be in it.
+TEST_F(WorkorderNumbersTest, AHeldFileIsWaitedForAndAskedAbout) {
   PutTags<ActiveWoTag>(kActiveTagFile, {12});
-  const SharedFile held = HeldByAnother(kActiveTagFile);
-  EXPECT_FALSE(IsTaken(12));
-  EXPECT_NE(Log().find("TQOPENWO.DAT"), std::string::npos);
+  std::optional<SharedFile> held = HeldByAnother(kActiveTagFile);
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, kActiveTagFile);
+    EXPECT_EQ(box.text, "TQOPENWO.DAT is locked by another user.\rClick Retry to try again, or Cancel to stop here.");
+    EXPECT_EQ(box.buttons, ui::Buttons::RetryCancel);
+    held.reset();
+    return ui::Answer::Retry;
+  });
+  EXPECT_TRUE(IsTaken(12));
+  const SharedFile again = HeldByAnother(kActiveTagFile);
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_THROW(IsTaken(12), GivenUp);
+}
+
+// Ahead of the highest open work order the counter is behind anyway.
+TEST_F(WorkorderNumbersTest, HeldArchivedTagsLeaveOnlyNumbersBehindAllOthersAndAreAskedAboutForTheHighest) {
+  PutTags<ActiveWoTag>(kActiveTagFile, {12});
+  PutTags<ArchivedWoTag>(kArchivedTagFile, {7, 15});
+  std::optional<SharedFile> held = HeldByAnother(kArchivedTagFile);
+  WorkorderNumbers numbers(environment, desktop);
+  EXPECT_FALSE(numbers.IsTaken(13));
+  EXPECT_TRUE(numbers.IsTaken(11));
+  desktop.WillAnswer(ui::Answer::Cancel);
+  EXPECT_THROW(numbers.Highest(), GivenUp);
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, kArchivedTagFile);
+    held.reset();
+    return ui::Answer::Retry;
+  });
+  EXPECT_EQ(numbers.Highest(), 15);
+  EXPECT_FALSE(numbers.IsTaken(11));
+  EXPECT_TRUE(numbers.IsTaken(15));
+}
+
+TEST_F(WorkorderNumbersTest, AFileThatCanNotBeReadIsAskedAboutWithItsCause) {
+  for (const std::string_view file : {kActiveTagFile, kArchivedTagFile}) {
+    std::filesystem::create_directory(PathOf(file));
+    desktop.WillAnswer(ui::Answer::Cancel);
+    EXPECT_THROW(IsTaken(12), GivenUp);
+    EXPECT_EQ(desktop.boxes.back().buttons, ui::Buttons::RetryCancel);
+    EXPECT_EQ(desktop.boxes.back().text.find("locked by another user"), std::string::npos);
+    EXPECT_NE(desktop.boxes.back().text.find(file), std::string::npos);
+    std::filesystem::remove(PathOf(file));
+  }
 }
 
 }  // namespace

@@ -48,6 +48,19 @@ struct HalfDoneBench : ConversionBench {
         << name;
   }
 
+  // In front of the box that names its number.
+  void EndConversionBehindItsText() {
+    EXPECT_EQ(InChild([&] {
+                desktop.otherwise = [](const ui::Box& box) {
+                  if (box.text.starts_with("Estimate # ")) ::kill(::getpid(), SIGKILL);
+                  return Agrees(box);
+                };
+                Convert();
+                return 0;
+              }),
+              -SIGKILL);
+  }
+
   // Yes to all, and OK where there is nothing else; the new status is left alone.
   static ui::Answer Agrees(const ui::Box& box) {
     if (box.text.starts_with("Change status")) return ui::Answer::No;
@@ -57,13 +70,16 @@ struct HalfDoneBench : ConversionBench {
   }
 
   std::vector<std::string> Journals() const { return environment.files.List(kJournalPattern); }
-  void Settle() {
-    HalfDone(shop, workorders, [this](const BegunConversion& begun, ConversionJournal& journal) {
-      database.estimates.LoadEstimate(begun.estimate);
-      board.ShowComments(database.estimates.CurrentEstimate.Comments);
-      Conversion(bench, workorders).Finish(begun, journal);
-    }).Settle(Journals());
+  HalfDone Unfinished() {
+    return {shop, workorders, [this](const BegunConversion& begun, ConversionJournal& journal) {
+              if (Ask("select count(*) from Estimates") == "0") return Finishing::NotPossible;
+              database.estimates.LoadEstimate(begun.estimate);
+              board.ShowComments(database.estimates.CurrentEstimate.Comments);
+              return Conversion(bench, workorders).Finish(begun, journal);
+            }};
   }
+  void Settle() { Unfinished().Settle(Journals()); }
+  HalfDone::Settled SettleOf(std::int32_t estimate) { return Unfinished().SettleOf(estimate); }
   void Finish() {
     desktop.otherwise = Agrees;
     Settle();
@@ -99,7 +115,7 @@ struct HalfDoneBench : ConversionBench {
     EXPECT_EQ(Tags("TQINCTAG.DAT", ArchivedWoTag::kLength), 1u);
     const std::string text = directory.Content("W0005001.tqa");
     EXPECT_THAT(text, testing::StartsWith("[Workorder]\r\nWorkorderNumber=005001\r\n"));
-    EXPECT_EQ(text.back(), '\0');
+    EXPECT_THAT(text, testing::EndsWith(std::string(1, '\0')));
     ExpectStock(4, 35);
     EXPECT_EQ(Usages(), 2u);
     EXPECT_EQ(StoredComments(), "Workorder # 005001 Call first");

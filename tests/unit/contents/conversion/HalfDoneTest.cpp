@@ -41,7 +41,7 @@ TEST(HalfDone, WithATagIsOnlyFinished) {
 
 TEST(HalfDone, OfACopyThatRunsIsLeftAlone) {
   HalfDoneBench bench;
-  const ConversionJournal running(bench.environment, 1001, 5001);
+  const ConversionJournal running(bench.environment, bench.desktop, 1001, 5001);
   bench.Settle();
   EXPECT_THAT(bench.desktop.boxes, IsEmpty());
   EXPECT_THAT(bench.Journals(), SizeIs(1));
@@ -155,9 +155,12 @@ TEST(HalfDone, StaysWhereAnErrorStoppedIt) {
 void GiveUpUsageAndTag(HalfDoneBench& bench) {
   bench.WillConfirm();
   test::FaultyCalls calls(bench.directory.Path());
-  calls.FailOn("TQUSEHST.DAT", test::CallKind::Open, test::Fault::ReadOnly);
-  bench.desktop.WillAnswer({Answer::Cancel, Answer::Cancel});
-  const SharedFile held(bench.directory / "TQOPENWO.DAT", Access::ReadWrite, Deny::All);
+  calls.When([](const test::FileCall& call, std::size_t) {
+    if (call.name == "TQOPENWO.DAT" && call.forWriting) return test::ErrnoOf(call, test::Fault::ReadOnly);
+    const bool opensUsage = call.name == "TQUSEHST.DAT" && call.kind == test::CallKind::Open;
+    return opensUsage ? test::ErrnoOf(call, test::Fault::ReadOnly) : 0;
+  });
+  bench.desktop.WillAnswer({Answer::Cancel, Answer::Cancel, Answer::Cancel});
   EXPECT_THAT(bench.Failure(), HasSubstr("the stock of PAD-9 is now 4"));
   bench.ExpectStock(4, 35);
 }

@@ -20,7 +20,11 @@ TEST(StoppedConversion, ByAHeldActiveTagFileHasMovedTheStock) {
   ConversionBench bench;
   bench.AddPart("PAD-9", 6, 2);
   bench.WillConfirm();
-  const SharedFile held(bench.directory / "TQOPENWO.DAT", Access::ReadWrite, Deny::All);
+  FaultyCalls calls(bench.directory.Path());
+  calls.When([](const test::FileCall& call, std::size_t) {
+    return call.name == "TQOPENWO.DAT" && call.forWriting ? test::ErrnoOf(call, Fault::Held) : 0;
+  });
+  bench.desktop.WillAnswer(Answer::Cancel);
   EXPECT_THAT(bench.Failure(), EndsWith(kStopped +
                                         "\r- the number was taken\r- the usage of PAD-9 was noted"
                                         "\r- the stock of PAD-9 is now 4" +
@@ -37,6 +41,10 @@ TEST(StoppedConversion, ByAHeldTextHasBothTags) {
   bench.WillConfirm();
   FaultyCalls calls(bench.directory.Path());
   calls.FailOn("W0005001.tqa", Fault::Held);
+  bench.desktop.WillAnswer([](const ui::Box& box) {
+    EXPECT_EQ(box.text, "W0005001.tqa is locked by another user.\rClick Retry to try again, or Cancel to stop here.");
+    return Answer::Cancel;
+  });
   EXPECT_THAT(bench.Failure(), EndsWith("\r- the tag in TQOPENWO.DAT was written"
                                         "\r- the tag in TQINCTAG.DAT was written" +
                                         kUnfinished));
@@ -44,7 +52,7 @@ TEST(StoppedConversion, ByAHeldTextHasBothTags) {
   EXPECT_EQ(bench.directory.Content("TQINCTAG.DAT").size(), ArchivedWoTag::kLength);
 }
 
-// Of the journal's lines the first three are the heading, the estimate and the number.
+// Of the journal's lines the first four are the heading, the estimate, the number and what the estimate holds.
 void FailJournalFrom(FaultyCalls& calls, std::size_t line) {
   calls.When([line, lines = std::size_t{0}](const test::FileCall& call, std::size_t) mutable {
     if (call.kind != test::CallKind::Write || !call.name.starts_with("AJ") || ++lines < line) return 0;
@@ -57,10 +65,67 @@ TEST(StoppedConversion, NotByTheLinesThatTheJournalHasForItsReaders) {
   bench.WillConfirm();
   bench.WillEndQuietly();
   FaultyCalls calls(bench.directory.Path());
-  FailJournalFrom(calls, 4);
+  FailJournalFrom(calls, 5);
   bench.Convert();
   EXPECT_EQ(bench.StoredComments(), "Workorder # 005001 Call first");
   EXPECT_TRUE(bench.IsThere("W0005001.tqa"));
+}
+
+TEST(StoppedConversion, ALineOfTheJournalIsAskedAboutWithItsCauseAndTriedAgain) {
+  for (const std::size_t line : {3, 4, 5, 6}) {
+    ConversionBench bench;
+    bench.AddPart("PAD-9", 6, 2);
+    bench.WillConfirm();
+    FaultyCalls calls(bench.directory.Path());
+    FailJournalFrom(calls, line);
+    bench.desktop.WillAnswer([&calls](const ui::Box& box) {
+      EXPECT_THAT(box.title, testing::StartsWith("AJ"));
+      EXPECT_EQ(box.text,
+                box.title + " can not be used: the disk is full.\rClick Retry to try again, or Cancel to stop here.");
+      calls.Mend();
+      return Answer::Retry;
+    });
+    bench.WillEndQuietly();
+    bench.Convert();
+    EXPECT_EQ(bench.InStock("PAD-9"), 4);
+    EXPECT_TRUE(bench.IsThere("W0005001.tqa"));
+  }
+}
+
+// Not as a part that is given up, which the conversion would do without.
+TEST(StoppedConversion, ByTheJournalInFrontOfAPartLeavesItsStock) {
+  ConversionBench bench;
+  bench.AddPart("PAD-9", 6, 2);
+  bench.WillConfirm();
+  FaultyCalls calls(bench.directory.Path());
+  FailJournalFrom(calls, 5);
+  bench.desktop.WillAnswer(Answer::Cancel);
+  EXPECT_EQ(bench.Failure(),
+            "The journal of the conversion was not written." + kStopped + "\r- the number was taken" + kUnfinished);
+  EXPECT_EQ(bench.InStock("PAD-9"), 6);
+  EXPECT_FALSE(bench.IsThere("TQUSEHST.DAT"));
+}
+
+TEST(StoppedConversion, ByHundredJournalsThatWereLeftSaysSo) {
+  ConversionBench bench;
+  const std::string name = "AJ" + bench.environment.log.Name().substr(2, 6);
+  bench.directory.Put(name + ".JNL", "");
+  for (int n = 1; n < 100; ++n) bench.directory.Put(name + ".J" + std::to_string(100 + n).substr(1), "");
+  bench.WillConfirm();
+  EXPECT_EQ(bench.Failure(), "This copy has left 100 conversions half done, " + name +
+                                 ".JNL and those behind it.\rFinish or undo some of them. Nothing was converted.");
+  EXPECT_EQ(bench.NextNumber(), 5001);
+}
+
+TEST(StoppedConversion, ByHeldTagsAheadOfTheNumberHasDoneNothing) {
+  ConversionBench bench;
+  bench.AddPart("PAD-9", 6, 2);
+  bench.WillConfirm();
+  bench.desktop.WillAnswer(Answer::Cancel);
+  const SharedFile held(bench.directory / "TQOPENWO.DAT", Access::ReadWrite, Deny::All);
+  EXPECT_EQ(bench.Failure(), "The work orders in TQOPENWO.DAT could not be looked at.");
+  EXPECT_EQ(bench.NextNumber(), 5001);
+  EXPECT_EQ(bench.InStock("PAD-9"), 6);
 }
 
 TEST(StoppedConversion, RightBehindTheNumberTellsThatItIsTaken) {
@@ -68,6 +133,7 @@ TEST(StoppedConversion, RightBehindTheNumberTellsThatItIsTaken) {
   bench.WillConfirm();
   FaultyCalls calls(bench.directory.Path());
   FailJournalFrom(calls, 3);
+  bench.desktop.WillAnswer(Answer::Cancel);
   EXPECT_THAT(bench.Failure(), EndsWith(kStopped + "\r- the number was taken" + kUnfinished));
   EXPECT_EQ(bench.NextNumber(), 5002);
 }

@@ -81,7 +81,51 @@ TEST(WaitingConversion, CancelAtTheStockIsNamedAtTheEndWithTagAndMasterAlike) {
         bench.WasTold("is now Workorder # 005001\r\rThe stock of these parts could not be written and was not "
                       "changed:\r\rOIL-1\rPAD-9"));
     bench.ExpectStock(6, 40);
+    EXPECT_EQ(bench.Usages(), 0u) << "of a stock that didn't move";
   }
+}
+
+// The history is there for the note, and gone when it is to be taken back.
+TEST(WaitingConversion, ANoteThatCanNotBeTakenBackIsNamed) {
+  Waiting bench;
+  FaultyCalls calls(bench.directory.Path());
+  calls.When([opens = 0](const test::FileCall& call, std::size_t) mutable {
+    if (call.kind != CallKind::Open) return 0;
+    if (call.name == "TQINVTAG.DAT" && call.forWriting) return test::ErrnoOf(call, Fault::ReadOnly);
+    // The note and its flush go well.
+    if (call.name == "TQUSEHST.DAT" && ++opens > 2) return test::ErrnoOf(call, Fault::ReadOnly);
+    return 0;
+  });
+  bench.desktop.WillAnswer(Answer::Cancel);  // the tag
+  bench.desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, "TQUSEHST.DAT");
+    calls.Mend();
+    return Answer::Cancel;
+  });
+  bench.WillEndQuietly();
+  bench.Convert();
+  EXPECT_TRUE(
+      bench.WasTold("not changed:\r\rOIL-1\r\rThe usage history tells a use of these parts, whose stock was "
+                    "not changed:\r\rOIL-1"));
+  EXPECT_EQ(bench.Usages(), 2u);
+}
+
+// Of the usage alone the person must not hear that nothing was changed.
+TEST(WaitingConversion, CancelAtATurnOfAnUndoingSaysThatItStaysHalfDone) {
+  HalfDoneBench bench;
+  bench.KillConversionAtWriteOf("TQOPENWO.DAT");
+  UpdateTurns other(bench.directory / "TQINVTAG.DAT", bench.clock);
+  const UpdateTurns::Turn held(other);
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillAnswer(Answer::No);
+  bench.desktop.WillAnswer([](const ui::Box& box) {
+    EXPECT_THAT(box.text, testing::EndsWith("\rClick Retry to wait for it, or Cancel to stop here."));
+    return Answer::Cancel;
+  });
+  bench.Settle();
+  ASSERT_EQ(bench.desktop.failures.size(), 1u);
+  EXPECT_THAT(bench.desktop.failures[0],
+              testing::EndsWith("Another copy is changing TQINVTAG.DAT. The conversion stays half done."));
 }
 
 TEST(WaitingConversion, CancelAtTheUsageMovesTheStockAndSaysSo) {

@@ -182,6 +182,23 @@ TEST(frmEstExtras, ALineThatAnotherWorkstationHasRemovedIsTold) {
   bench.desktop.WillAnswer(Answer::Ok);
   form.cmdChange.DoClick();
   EXPECT_EQ(bench.desktop.boxes.at(0).text, "Waste information not found in database.");
+  EXPECT_THAT(ExtrasBench::Rows(form), IsEmpty());
+}
+
+TEST(frmEstExtras, ALineThatAnotherWorkstationHasChangedIsSeenAsItIsWhenItIsToBeChanged) {
+  ExtrasBench bench;
+  bench.database.lantosData.AddWaste(1001, 1, {"OIL", "", 0, 100, "", "", "", "", "No"});
+  frmEstExtras form(bench.bench, kWasteExtras);
+  form.LoadForm();
+  form.Show();
+  bench.database.lantosData.DeleteWaste(1001, 1);
+  bench.database.lantosData.AddWaste(1001, 1, {"GLASS", "", 0, 300, "", "", "", "", "No"});
+  bench.desktop.WillUse([&](ui::Form& editor) {
+    EXPECT_EQ(dynamic_cast<frmWOExtra&>(editor).Vendor.Text(), "GLASS");
+    EXPECT_THAT(ExtrasBench::Rows(form), ElementsAre("1 GLASS 0.00 3.00"));
+    test::Press(editor, "Esc");
+  });
+  form.cmdChange.DoClick();
 }
 
 TEST(frmEstExtras, ALineToWorkOnMustBeSelected) {

@@ -135,6 +135,42 @@ TEST(LaborLines, AClearedListCountsForNothingAndItsNumbersStayGiven) {
   EXPECT_EQ(bench.Ask("select Price from Waste"), "100") << "of what is seen, not of what is stored";
 }
 
+TEST(LaborLines, TheSurchargeOfAClearedListCountsWhatOthersHaveAddedSince) {
+  TwoLines bench;
+  SystemRecord& system = bench.records.system.SysRec;
+  system.Put(sysrec::labor_surcharge_percent, 100000);
+  system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  bench.labor.ClearLaborList();
+  bench.Store(4, 100, 6500, "OF ANOTHER WORKSTATION\t\t\t\t\t\t\t");
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Ask("select Price from Waste"), "650");
+}
+
+// With no estimate on show, as between one and the next, nothing is left out.
+TEST(LaborLines, AListThatIsClearedForTheNextEstimateLeavesNoneOfItsLinesOut) {
+  TwoLines bench;
+  SystemRecord& system = bench.records.system.SysRec;
+  system.Put(sysrec::labor_surcharge_percent, 100000);
+  system.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  bench.board.number = 0;
+  bench.labor.ClearLaborList();
+  bench.board.number = 1001;
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(bench.Ask("select Price from Waste"), "975");
+}
+
+TEST(LaborLines, ALineThatOthersHaveChangedCountsOnTheDayAsTheyChangedIt) {
+  TwoLines bench;
+  bench.database.lantosData.DeleteLabor(1001, 3);
+  bench.Store(3, 250, 6500, "TOWING\t\t\t\t\t\t\t");
+  bench.board.listLabor.DoSelect(3);
+  bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
+  bench.labor.Remove();
+  EXPECT_EQ(bench.board.scheduledHours, 200);
+  EXPECT_EQ(bench.Rows().back(), "0        TOWING");
+  EXPECT_EQ(bench.Stored().size(), 2U);
+}
+
 TEST(LaborLines, ANumberThatAnotherWorkstationHasTakenIsPassedOverAndItsLineSeen) {
   TwoLines bench;
   SystemRecord& system = bench.records.system.SysRec;

@@ -157,6 +157,36 @@ TEST(PartLines, AClearedListCountsForNothingAndComesBackWithTheNextPart) {
   EXPECT_EQ(bench.contents.lines.parts.size(), 2U);
 }
 
+TEST(PartLines, AClearedListIsLeftOutOfTheSurchargeUntilItIsSeenAgain) {
+  PartsBench bench;
+  bench.records.system.SysRec.Put(sysrec::parts_surcharge_percent, 100000);
+  bench.records.system.SysRec.Put(sysrec::surcharge_description, "SHOP SUPPLIES");
+  const auto surcharge = [&] { return bench.Ask("select Price from Waste where VendorName = 'SURCHARGE'"); };
+  bench.contents.parts.AddPartLine(Line("A-1", 1, 1000), PartLines::Choosing::ItsRow);
+  bench.contents.parts.ClearPartList();
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(surcharge(), "0");
+  bench.database.lantosData.AddPartRow(1001, {"THEIRS", "PART", 1, 400, 400, 0, 0});
+  bench.contents.surcharge.ApplySurcharge();
+  EXPECT_EQ(surcharge(), "40");
+  bench.contents.parts.AddPartLine(Line("B-2", 1, 500), PartLines::Choosing::ItsRow);
+  EXPECT_EQ(surcharge(), "190");
+}
+
+TEST(PartLines, OfSeveralPartsNoneIsRemovedWhereOneIsAnotherByThen) {
+  PartsBench bench;
+  for (const char* number : {"A-1", "B-2"}) {
+    bench.contents.parts.AddPartLine(Line(number, 1, 1000), PartLines::Choosing::NoRow);
+  }
+  bench.database.lantosData.DeletePart(1001, "A-1");
+  bench.board.listParts.DoSelectRows({0, 1});
+  bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
+  bench.contents.parts.Remove();
+  EXPECT_THAT(bench.desktop.boxes.back().text, testing::StartsWith("The parts \"A-1\" \"B-2\" were not removed:"));
+  EXPECT_EQ(bench.board.listParts.ListCount(), 1);
+  EXPECT_EQ(bench.Stored(), "1000");
+}
+
 TEST(PartLines, ANonStockedPartIsStoredInCapitalsWithTheSurchargeAndTheTotalsBehindIt) {
   PartsBench bench;
   bench.records.system.SysRec.Put(sysrec::parts_surcharge_percent, 100000);

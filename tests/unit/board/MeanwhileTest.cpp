@@ -1,0 +1,89 @@
+#include "board/BookingBench.h"
+
+// What another copy makes of an estimate while this one's person has the screen of a move up.
+namespace lantos {
+namespace {
+
+using test::BookingBench;
+using ui::Answer;
+
+// Scheduled for today, chosen in the week.
+struct Moved : BookingBench {
+  Moved() {
+    directory.Put("TQEMPLOY.DAT", "");
+    AddEstimate(900, Today(), kArrived);
+    AddLabor(900, 1, 400, 26000);
+    Start();
+    environment.statusOptions.letters[static_cast<std::size_t>(StatusOption::ContinuedAutoSchedule)] = 'Y';
+    Choose(board.week.List1[kTuesday], 0);
+  }
+  void TheySet(Status status) {
+    Do("update Estimates set Status = " + std::to_string(status) + " where EstimateNumber = 900");
+  }
+  // The box, while which they set another one.
+  void WillSetWhileAsked(Status status, Answer answer) {
+    desktop.WillAnswer([this, status, answer](const ui::Box&) {
+      TheySet(status);
+      return answer;
+    });
+  }
+  void ExpectAsked(std::size_t box, const std::string& status, const std::string& before) {
+    EXPECT_EQ(desktop.boxes.at(box).text,
+              "Estimate # 000900 was changed by another user since it was shown here.\r\rIts status is '" + status +
+                  "', not '" + before + "'.\r\rDo you wish to continue?");
+  }
+  std::size_t Estimates() { return std::stoul(Ask("select count(*) from Estimates")); }
+};
+
+TEST(MovedMeanwhile, AStatusThatIsSetWhileTheQuestionIsUpIsAskedAboutAgain) {
+  Moved bench;
+  bench.WillSetWhileAsked(kCancelled, Answer::Yes);
+  bench.desktop.WillAnswer(Answer::No);
+  bench.desktop.WillUse([&](ui::Form& form) {
+    bench.TheySet(kInProgress);
+    form.PressKey(ui::ParseKey("F10"));
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(bench.board.commands.cmdReschedule);
+  bench.ExpectAsked(0, "In Progress", "Arrived");
+  bench.ExpectAsked(1, "Cancelled", "In Progress");
+  EXPECT_EQ(bench.Estimates(), 1u);
+  EXPECT_EQ(bench.StoredStatus(900), "6");
+}
+
+// The copy needs a number, which can take as long as another copy has the system record.
+TEST(MovedMeanwhile, AStatusThatIsSetWhileTheCopyIsMadeIsKept) {
+  Moved bench;
+  bench.desktop.failuresExpected = true;
+  bench.directory.Put("TQSYSTEM.DAT", std::string(1038, '\0'));
+  bench.WillSetWhileAsked(kCancelled, Answer::Ok);  // a number that is lost
+  bench.desktop.WillAnswer(Answer::No);
+  bench.desktop.WillUse([&](ui::Form& form) {
+    form.PressKey(ui::ParseKey("F10"));
+    form.PressKey(ui::ParseKey("Esc"));
+  });
+  test::Click(bench.board.commands.cmdReschedule);
+  EXPECT_EQ(bench.desktop.boxes.at(0).title, "Next Number");
+  bench.ExpectAsked(1, "Cancelled", "Arrived");
+  EXPECT_EQ(bench.StoredStatus(900), "6");
+  ASSERT_EQ(bench.desktop.failures.size(), 1u);
+  EXPECT_NE(bench.desktop.failures[0].find(" as a copy of this one, and stays there."), std::string::npos);
+}
+
+TEST(MovedMeanwhile, AStatusThatIsSetWhileTheHoursAreTypedIsAskedAbout) {
+  Moved bench;
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.desktop.WillUse([&](ui::Form& form) {
+    bench.TheySet(kCancelled);
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillLeave();
+  bench.RightClick(bench.board.week.List1[Moved::kTuesday], 0);
+  bench.ExpectAsked(0, "Cancelled", "Arrived");
+  EXPECT_EQ(bench.Estimates(), 1u);
+  EXPECT_EQ(bench.StoredStatus(900), "6");
+}
+
+}  // namespace
+}  // namespace lantos
