@@ -17,8 +17,8 @@ MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory
          "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions", "mnuSystemCompanyInfo", "mnuSystemParameters",
          "mnuEstimateChecklist", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuFind", "mnuTechHours",
          "mnuReschedule", "mnuChangeStatus", "mnuPrintEstimate", "mnuPrintWorksheet", "mnuWOHistory")
-OPENED = ("cmdCustEdit", "cmdVehicleEdit", "cmdVehicleChange", "cmdCustChange", "cmdLaborAdd", "cmdLaborChange",
-          "cmdLaborFollowup", "cmdPartAdd", "cmdPartChange", "cmdPrintDay", "cmdCustomerEdit")
+OPENED = ("cmdCustomerEdit", "cmdVehicleEdit", "cmdLaborAdd", "cmdLaborChange", "cmdLaborFollowup", "cmdPartAdd",
+          "cmdPartAddNonStock", "cmdPartChange")
 # Each step is a control that is clicked, a row that is selected, a key, or a text that goes into a box.
 EMPLOYEE = ("mnuMaintEmployees", ("EmpList", 1))
 PART = ("mnuMaintInventory", ("SearchPart", "OIL-1"), "Enter")
@@ -142,11 +142,14 @@ def walk(start, shop, desktop):
     copy.double_click("List1(4)", row=row_of(copy, "List1(4)", 900))
     leave(copy, seen)
     look(copy, seen)
-    controls = copy.get("form")["controls"]
     for name in OPENED:
-        if name in controls and controls[name]["enabled"] and controls[name]["visible"]:
-            copy.click(name)
-            leave(copy, seen)
+        copy.click(name)
+        leave(copy, seen)
+    copy.click("cmdDayView")
+    copy.click("cmdPrintDay")
+    leave(copy, seen)
+    copy.click("cmdDetailView")
+    leave(copy, seen)
     for road in (*((menu,) for menu in MENUS), *ROADS):
         go(copy, seen, road)
     convert(copy, seen)

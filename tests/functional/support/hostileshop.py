@@ -4,7 +4,7 @@ import contextlib
 import datetime
 import sqlite3
 
-from historyfiles import History, labor_line, order_text
+from historyfiles import History, order_text
 from inventoryfiles import kit_part, make_inventory, make_kits, make_names, part
 from payfiles import EMP_PR_HIST, EMP_PR_INFO, korvel, write_chain
 from shopfiles import (CUSTOMER, CUSTOMER_LENGTH, EMPLOYEE, EMPLOYEE_LENGTH, MAKE, MAKE_LENGTH, SYSTEM, VEHICLE,
@@ -135,7 +135,8 @@ def hostile_shop(shop, text):
     make_history(shop, text)
     make_texts(shop, text)
     fill_databases(shop, text)
-    shop.write_profile({"Options": {"RepairCodeOption": "True"}, "Lantos Defaults": {"BackupCmdWait": "True", "Note": flat(text)[:60]}})
+    shop.write_profile({"Options": {"RepairCodeOption": "True"},
+                        "Lantos Defaults": {"BackupCmdWait": "True", "Note": flat(text)[:60]}})
 
 
 def left(shop):
@@ -145,7 +146,8 @@ def left(shop):
         if path.suffix == ".mdb":
             with contextlib.closing(sqlite3.connect(path)) as database:
                 tables = [name for (name,) in database.execute("SELECT name FROM sqlite_master WHERE type = 'table'")]
-                files.update({f"{path.name}:{name}": database.execute(f"SELECT * FROM {name}").fetchall() for name in tables})
+                files.update({f"{path.name}:{name}": database.execute(f"SELECT * FROM {name}").fetchall()
+                              for name in tables})
         elif path.is_file() and not path.name.startswith(("LN", "AU")):
             files[path.name] = path.read_bytes()
     return files

@@ -87,6 +87,15 @@ void LookUp(Met& met) {
   bench.form.reset();
 }
 
+// The number that comes next is an estimate's already.
+void BookBehindTheCounter(Met& met) {
+  FindBench bench;
+  bench.AddEstimate(FindBench::kNextEstimate, bench.Today(), kScheduled);
+  met.Look(bench.database, bench.environment);
+  bench.desktop.otherwise = [](const ui::Box& box) { return ui::ButtonsOf(box).front(); };
+  bench.database.estimates.CreateEstimate(bench.Today(), kScheduled);
+}
+
 // Once with the table that is kept for it, once where that can't be made.
 void LookAtHours(Met& met) {
   for (const char* inTheWay : {"", "create view LaborDaysNow as select 1"}) {
@@ -130,6 +139,7 @@ TEST(Commands, AreAllMetByTheProgramAndNoOtherStatementIs) {
   Surcharge(met);
   LookUp(met);
   LookAtHours(met);
+  BookBehindTheCounter(met);
   Older().Start(met);
   EXPECT_THAT(met.strangers, IsEmpty());
   std::set<std::string> expected;
