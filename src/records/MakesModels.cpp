@@ -132,7 +132,8 @@ bool MakesModels::HasModels(std::string_view make) const {
 void MakesModels::AddMake(std::string_view name) {
   const std::string trimmed = Trim(name);
   MakeModelFile file(environment_, "AddMake");
-  file.Write(file.End(), NewRecord(trimmed, kNoLink, kNoLink));
+  // The list in memory is as old as the start: another copy may have added it since.
+  if (file.Find(trimmed) == kNoLink) file.Write(file.End(), NewRecord(trimmed, kNoLink, kNoLink));
   file.Close();
   makes_.push_back({trimmed, kNoLink, kNoLink});
 }
@@ -140,7 +141,12 @@ void MakesModels::AddMake(std::string_view name) {
 void MakesModels::AddModel(std::string_view make, std::string_view model) {
   MakeModelFile file(environment_, "AddModel");
   const FileLink makeLink = file.Find(TrimView(make));
-  if (makeLink == kNoLink) return;  // somebody else has deleted the make
+  if (makeLink == kNoLink) return;                                        // somebody else has deleted the make
+  if (file.FindModel(TrimView(make), TrimView(model)).link != kNoLink) {  // or has added the model
+    file.Close();
+    models_.push_back({Trim(make), Trim(model)});
+    return;
+  }
   MakeModelRecord makeRecord = file.Read(makeLink);
   const FileLink oldHead = makeRecord.Get(makemodel::Next);
   const FileLink end = file.End();

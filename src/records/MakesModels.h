@@ -43,6 +43,7 @@ class MakesModels {
   bool HasModel(std::string_view make, std::string_view model) const;
   bool HasModels(std::string_view make) const;
 
+  // What another copy has added meanwhile isn't added again; it is known from then on.
   void AddMake(std::string_view name);
   void AddModel(std::string_view make, std::string_view model);
   void DeleteModel(std::string_view make, std::string_view model);

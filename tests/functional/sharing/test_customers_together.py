@@ -65,7 +65,7 @@ def test_four_copies_that_add_customers_at_once_lose_none(copies, shop):
     assert sorted(found) == [7, 8, *range(301, 301 + count * each)]
 
 
-def test_a_wait_at_a_box_overwrites_nobody(copies, shop):
+def test_a_wait_at_a_box_keeps_nobody_waiting_and_overwrites_nobody(copies, shop):
     shop.write()
     first, second = workstations(copies, shop, 2)
     open_search(first)
@@ -79,11 +79,9 @@ def test_a_wait_at_a_box_overwrites_nobody(copies, shop):
     second.key("Insert")
     patiently(second)
     second.key("F10")
-    second.expect_box(title="TQCSTTAG.DAT", icon="exclamation", buttons=["Retry", "Cancel"])
+    second.expect_form("frmCustEdit")
     first.press("OK")
     first.expect_form("frmCustEdit")
-    second.press("Retry")
-    second.expect_form("frmCustEdit")
     assert {number: master["Lastname"] for number, master in pairs(shop).items()} == {
         7: "Smith", 8: "Walker", 301: "Late", 302: "Early"}
 

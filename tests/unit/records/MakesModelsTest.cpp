@@ -71,6 +71,19 @@ TEST_F(MakesModelsTest, EachUpdateLogsItsOpening) {
   EXPECT_EQ(Log(), expected);
 }
 
+// Its lists are as old as its start.
+TEST_F(MakesModelsTest, WhatAnotherCopyHasAddedIsntAddedAgain) {
+  MakesModels other(environment);
+  other.LoadMakes();
+  makes.AddMake("Ford");
+  makes.AddModel("Ford", "Pinto");
+  const std::string before = File();
+  other.AddMake("Ford");
+  other.AddModel("Ford", "Pinto");
+  EXPECT_EQ(File(), before);
+  EXPECT_TRUE(other.HasModel("Ford", "Pinto"));
+}
+
 TEST_F(MakesModelsTest, DeletingAModelInTheMiddleJoinsItsNeighbours) {
   Image file;
   file.Append(MakeModelImage("Ford", -1, 29)).Append(MakeModelImage("A", 0, 58)).Append(MakeModelImage("B", 0, 87));
