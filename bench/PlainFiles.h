@@ -61,6 +61,30 @@ class PlainFiles {
    private:
     int file_;
   };
+  // The journal of a work under way: a file that is there for as long as the work, with a line ahead of each step.
+  class Journal {
+   public:
+    Journal(const PlainFiles& files, std::string_view name)
+        : path_(files.directory_ / name), file_(::open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0644)) {
+      Claim(file_, kReadMark, F_WRLCK);
+    }
+    ~Journal() {
+      ::close(file_);
+      ::unlink(path_.c_str());
+    }
+    Journal(const Journal&) = delete;
+    void Line() {
+      if (::pwrite(file_, kText.data(), kText.size(), end_) < 0) throw std::runtime_error("journal");
+      end_ += static_cast<off_t>(kText.size());
+    }
+    void Force() { ::fsync(file_); }
+
+   private:
+    static constexpr std::string_view kText = "part 1 -14 -14 148200 AX-01102 0123abcd\r\n";
+    std::filesystem::path path_;
+    int file_;
+    off_t end_ = 0;
+  };
 
  private:
   int Open(std::string_view name, int flags) {
