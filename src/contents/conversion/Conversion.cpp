@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "contents/CustomerOfEstimate.h"
 #include "contents/conversion/ReadAfresh.h"
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
@@ -79,7 +80,7 @@ void Conversion::Run() {
 // another customer or vehicle they are asked anew.
 bool Conversion::AskAll() {
   for (;;) {
-    if (!MayConvert() || !FindCustomer() || !Confirm()) return false;
+    if (!MayConvert() || !HasCustomer(bench_.shop, Current().CustomerNumber, kTitle) || !Confirm()) return false;
     BeginOrder();
     if (!TakeVehicle()) return false;
     const Estimate asked = Current();
@@ -98,7 +99,14 @@ void Conversion::BeginOrder() {
 Finishing Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal) {
   begun_ = &begun;
   journal_ = &journal;
-  if (!FindCustomer()) return Finishing::NotPossible;
+  const CustomerFound customer = FindCustomer(bench_.shop, Current().CustomerNumber);
+  if (customer == CustomerFound::NotRead) {
+    throw GivenUp("The customer of this estimate could not be read. The conversion stays half done.");
+  }
+  if (customer == CustomerFound::NotOnFile) {
+    TellNotFound(bench_.shop, customer, kTitle);
+    return Finishing::NotPossible;
+  }
   const Workorders::FilesWritten written = workorders_.FilesOf(begun.workorder);
   rows_.emplace(bench_.Data(), bench_.Number());
   if (!SellsWhatItBegan(written)) return Finishing::Ended;
@@ -167,13 +175,6 @@ bool Conversion::MayConvert() {
   }
   if (!text.empty()) bench_.shop.desktop.Tell(text, kTitle, ui::Icon::Exclamation);
   return text.empty();
-}
-
-bool Conversion::FindCustomer() {
-  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber, Customers::From::File)) return true;
-  bench_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", kTitle,
-                           ui::Icon::Information);
-  return false;
 }
 
 bool Conversion::Confirm() {

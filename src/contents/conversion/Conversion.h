@@ -42,7 +42,6 @@ class Conversion {
   void BeginOrder();
   bool MayConvert();
   bool Confirm();
-  bool FindCustomer();
   // The vehicle as the files know it, or as the estimate tells of it, into the work order. False when the person
   // ends the conversion.
   bool TakeVehicle();

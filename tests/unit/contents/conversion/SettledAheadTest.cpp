@@ -153,5 +153,35 @@ TEST(SettledAhead, OneOfACustomerWhoIsGoneIsLeftAsWell) {
   EXPECT_THAT(bench.Journals(), IsEmpty());
 }
 
+// Its customer may be read the next time.
+TEST(SettledAhead, OneOfACustomerWhoCanNotBeReadStaysHalfDone) {
+  for (const char* held : {"TQCSTTAG.DAT", "TQCSTDAT.DAT"}) {
+    SCOPED_TRACE(held);
+    HalfDoneBench bench;
+    bench.KillConversionAtWriteOf("TQINCTAG.DAT");
+    const SharedFile other(bench.directory.Path() / held, Access::ReadWrite, Deny::All);
+    bench.desktop.failuresExpected = true;
+    bench.desktop.WillAnswer({Answer::Yes, Answer::Cancel});
+    bench.Settle();
+    EXPECT_FALSE(bench.WasTold("Leave it as it is"));
+    EXPECT_FALSE(bench.WasTold("not on file"));
+    EXPECT_THAT(bench.Journals(), SizeIs(1));
+  }
+}
+
+TEST(SettledAhead, OneWhoseCustomersTagLeadsToAnotherStaysHalfDone) {
+  HalfDoneBench bench;
+  bench.KillConversionAtWriteOf("TQINCTAG.DAT");
+  CustomerRecord another;
+  another.Put(customer::Number, 8);
+  bench.PutRecord("TQCSTDAT.DAT", another);
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
+  bench.Settle();
+  EXPECT_TRUE(bench.WasTold("leads to the record of customer 000008"));
+  EXPECT_FALSE(bench.WasTold("not on file"));
+  EXPECT_THAT(bench.Journals(), SizeIs(1));
+}
+
 }  // namespace
 }  // namespace lantos
