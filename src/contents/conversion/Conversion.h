@@ -56,6 +56,7 @@ class Conversion {
   // The parts leave the stock one by one, ahead of all else.
   void TakeParts(const Workorders::FilesWritten& written);
   void FinishStock();
+  void FinishEstimate();
   bool SellsWhatItBegan(const Workorders::FilesWritten& written);
   bool IsMoved(const std::string& number);
   void WriteFiles(const Workorders::FilesWritten& written);

@@ -106,6 +106,20 @@ TEST(HalfDone, OfAnEstimateThatHasOtherPartsByNowIsOnlyUndone) {
   bench.ExpectUntouched();
 }
 
+// The journal is ahead of the stock: this part stands in it, and never left.
+TEST(HalfDone, DoesNotSayThatAPartWasTakenWhichNeverLeftTheStock) {
+  HalfDoneBench bench;
+  bench.KillConversionAtWriteOf("TQUSEHST.DAT");
+  bench.ExpectStock(6, 40);
+  bench.Do("delete from Parts");
+  bench.Finish();
+  EXPECT_FALSE(bench.WasTold("was taken out of stock as it was then"));
+  EXPECT_TRUE(
+      bench.WasTold("The estimate was changed since its conversion was begun, and would be sold as it is now."));
+  bench.Undo();
+  bench.ExpectUntouched();
+}
+
 TEST(HalfDone, WhoseTextWasWorkedOnKeepsIt) {
   HalfDoneBench bench;
   bench.KillConversionAtWriteOf("TQINCTAG.DAT");
