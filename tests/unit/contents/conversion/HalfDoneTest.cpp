@@ -240,5 +240,22 @@ TEST(HalfDone, WithoutAPlaceForItsJournalBeginsNothing) {
   bench.ExpectUntouched();
 }
 
+TEST(HalfDone, WhoseJournalCanNotBeLockedSaysSo) {
+  HalfDoneBench bench;
+  bench.desktop.otherwise = HalfDoneBench::Agrees;
+  test::FaultyCalls calls(bench.directory.Path());
+  calls.When([](const test::FileCall& call, std::size_t) {
+    return call.kind == test::CallKind::Lock && call.name.starts_with(kJournalPrefix) ? ENOLCK : 0;
+  });
+  try {
+    bench.Convert();
+    ADD_FAILURE() << "converted without a journal";
+  } catch (const std::exception& error) {
+    EXPECT_THAT(WordsFor(error), HasSubstr("lies where files can't be locked"));
+    EXPECT_THAT(WordsFor(error), testing::EndsWith("\rNothing was converted."));
+  }
+  bench.ExpectUntouched();
+}
+
 }  // namespace
 }  // namespace lantos
