@@ -1,6 +1,7 @@
 #include "board/Booking.h"
 
 #include "contents/Changing.h"
+#include "contents/CustomerOfEstimate.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
@@ -160,11 +161,7 @@ void Booking::EditVehicle() {
     }
   }
   // The vehicles to choose from are those of the current customer.
-  if (!parts_.shop.records.customers.MakeCurrent(Current().CustomerNumber, Customers::From::File)) {
-    parts_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", "Vehicle Edit",
-                             ui::Icon::Information);
-    return;
-  }
+  if (!HasCustomer(parts_.shop, Current().CustomerNumber, "Vehicle Edit")) return;
   AttachVehicle();
   board_.RefreshLines();
 }

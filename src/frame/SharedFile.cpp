@@ -13,6 +13,7 @@
 
 #include "frame/GuardedOpen.h"
 #include "frame/SharingClaim.h"
+#include "frame/UnfitFile.h"
 #include "frame/Uninterrupted.h"
 
 #ifndef F_OFD_SETLK
@@ -116,10 +117,7 @@ void SharedFile::TakeClaim(const Claim& claim) const {
     }
     if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &range); }) == 0) return;
     if (errno != EAGAIN && errno != EACCES) {
-      throw FileError(
-          FileErrorNumber::PathFileAccess,
-          "opening " + path_.string() + ": its file system grants no locks, and without them nothing is shared here",
-          std::strerror(errno));
+      throw UnfitFile(path_, UnfitFile::Why::NoLocks, std::strerror(errno));
     }
   }
   throw FileError(FileErrorNumber::PermissionDenied, "opening " + path_.string() + ": in use");

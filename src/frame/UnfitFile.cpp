@@ -19,6 +19,9 @@ std::string_view CauseOf(UnfitFile::Why why) {
     case UnfitFile::Why::LongLine:
       return " has a line that is longer than a line of text can be, so it isn't read.\r"
              "Put a copy from your backup in its place.";
+    case UnfitFile::Why::NoLocks:
+      return " lies where files can't be locked, so it isn't opened: without locks nothing is shared safely.\r"
+             "Have locking turned on for that drive, or put the data directory on another one.";
   }
   return " isn't opened.";
 }
@@ -35,8 +38,8 @@ std::string DetailOf(const std::filesystem::path& path, UnfitFile::Why why) {
 
 }  // namespace
 
-UnfitFile::UnfitFile(const std::filesystem::path& path, Why why)
-    : FileError(FileErrorNumber::PathFileAccess, DetailOf(path, why)), words_(WordsOf(path, why)) {}
+UnfitFile::UnfitFile(const std::filesystem::path& path, Why why, const std::string& detail)
+    : FileError(FileErrorNumber::PathFileAccess, DetailOf(path, why), detail), words_(WordsOf(path, why)) {}
 
 void RefuseTooLong(const std::filesystem::path& path, std::uint64_t length, std::uint64_t limit) {
   if (length > limit) throw UnfitFile(path, UnfitFile::Why::TooLong);

@@ -9,13 +9,14 @@
 
 namespace lantos {
 
-// A file that is refused for what lies under its name, be it there by mistake or on purpose. Number 75; its words name
-// the file, the cause and what helps.
+// A file that is refused for what lies under its name, be it there by mistake or on purpose, or for where it lies.
+// Number 75; its words name the file, the cause and what helps.
 class UnfitFile : public FileError {
  public:
-  enum class Why { LeadsAway, NotRegular, TooLong, LongLine };
+  enum class Why { LeadsAway, NotRegular, TooLong, LongLine, NoLocks };
 
-  UnfitFile(const std::filesystem::path& path, Why why);
+  // detail is what the system says of it, for the run log.
+  UnfitFile(const std::filesystem::path& path, Why why, const std::string& detail = {});
   std::string Words() const override { return words_; }
 
  private:

@@ -15,6 +15,9 @@ namespace lantos {
 
 namespace {
 
+// The journal's words for what is done to the estimate, which stands behind all files of the work order.
+constexpr std::string_view kComments = "the comments of the estimate";
+constexpr std::string_view kStatus = "the status of the estimate";
 constexpr std::string_view kHeading = "Lantos conversion 1";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::uint64_t kMostBytes = 1 << 20;
@@ -123,7 +126,10 @@ bool ReadLine(std::string_view line, BegunConversion& begun) {
   if (begun.estimate == 0) return false;
   if (kind == "number") return begun.hasNumber = true;
   if (kind == "undone") return begun.isUndone = true;
-  if (kind == "writes") return true;
+  if (kind == "writes") {
+    begun.hasFiles = begun.hasFiles || line == kComments || line == kStatus;
+    return true;
+  }
   if (!begun.hasNumber) return false;
   if (kind == "holds") return ReadContents(line, begun);
   if (kind == "part") return ReadPart(line, begun);
@@ -148,8 +154,8 @@ ConversionJournal::ConversionJournal(Environment& environment, ui::Desktop& desk
                       InOneLine(environment.computerName)));
   } catch (const FileError& error) {
     if (!name_.empty()) Remove();
-    const std::string what = "The journal of the conversion can not be written: ";
-    throw WordedError(what + error.what(), what + CauseInWords(error.Number()) + ".\rNothing was converted.");
+    const std::string what = "The journal of the conversion can not be written";
+    throw WordedError(what + ": " + error.what(), InWords(FileFailure(error), what) + "\rNothing was converted.");
   }
 }
 
@@ -202,6 +208,13 @@ void ConversionJournal::WillWrite(std::string_view what) {
     environment_.log.Write(error.what());
   }
 }
+
+void ConversionJournal::WillWriteComments() {
+  WillWrite(kComments);
+  Force();
+}
+
+void ConversionJournal::WillWriteStatus() { WillWrite(kStatus); }
 
 void ConversionJournal::IsUndone() { WriteOrAsk("undone"); }
 

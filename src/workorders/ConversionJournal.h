@@ -33,6 +33,7 @@ struct BegunConversion {
   std::string when, where;  // "2003-09-30T08:15:00"; the computer's name
   bool hasNumber = false;   // it is this work order's own, and nobody else's
   bool isUndone = false;    // but for its number
+  bool hasFiles = false;    // tags and text were written; the shop may have closed the work order since
   // What the estimate held when its lines were read (EstimateRows); none where that wasn't reached.
   std::optional<std::uint64_t> contents = {};
   std::vector<JournaledPart> parts;
@@ -58,6 +59,9 @@ class ConversionJournal {
   void HasNoted(const std::string& part, FileLink usage);  // kNoLink: the stock moves without a note
   // Of the other steps, for who reads the file. A failure goes to the run log.
   void WillWrite(std::string_view what);
+  // Behind these lines all files of the work order are written; so whoever finishes it writes none of them anew.
+  void WillWriteComments();
+  void WillWriteStatus();
   // What was written so far survives a power cut from here on, as far as the disk keeps its word.
   void Force();
   void IsUndone();

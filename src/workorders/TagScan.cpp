@@ -51,18 +51,17 @@ std::vector<Record<Length>> Find(OpenedFile& file, Workorders& workorders, const
 
 }  // namespace
 
-SharedFile OpenNeededTags(Environment& environment, ui::Desktop& desktop, std::string_view name) {
-  SharedFile tags;
+void LookAtNeededTags(Environment& environment, ui::Desktop& desktop, std::string_view name,
+                      const std::function<void(const SharedFile& tags)>& look) {
   Contention contention(contention::kConversionFile, desktop, environment, name);
   const bool isDone = contention.Run([&] {
     try {
-      tags = SharedFile(environment.files.PathOf(name), Access::Read, Deny::None, Absent::Fail);
+      look(SharedFile(environment.files.PathOf(name), Access::Read, Deny::None, Absent::Fail));
     } catch (const FileError& error) {
       if (error.Number() != FileErrorNumber::FileNotFound) throw;
     }
   });
   if (!isDone) throw GivenUp("The work orders in " + std::string(name) + " could not be looked at.");
-  return tags;
 }
 
 std::uint64_t SettledLength(const SharedFile& file, std::size_t unit, Clock& clock) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -16,9 +17,11 @@ namespace lantos {
 // at again for a moment. A damaged file keeps its own.
 std::uint64_t SettledLength(const SharedFile& file, std::size_t unit, Clock& clock);
 
-// A tag file for whoever can't do without it, open for reading: held for two seconds or failing, it is asked about, and
-// GivenUp when the person doesn't wait. Not open when there is no such file.
-SharedFile OpenNeededTags(Environment& environment, ui::Desktop& desktop, std::string_view name);
+// A tag file for whoever can't do without it, open for reading while look is run: held for two seconds, or failing in
+// the open or within look, it is asked about, and look is run anew. GivenUp when the person doesn't wait. No such file:
+// look isn't run.
+void LookAtNeededTags(Environment& environment, ui::Desktop& desktop, std::string_view name,
+                      const std::function<void(const SharedFile& tags)>& look);
 
 // The one walk over tags of work orders: every whole tag of an open file, from the last to the first, a block a read.
 // What lies ahead of the first whole one, in a file that isn't a row of tags, is left out; what is appended behind the
@@ -50,6 +53,32 @@ class TagsBackwards {
   std::uint64_t ahead_;
   std::vector<Record<Length>> block_;
 };
+
+// What half of one and half of another hardly does.
+template <std::size_t Length>
+bool LooksLikeATag(const Record<Length>& tag) {
+  const std::string_view name = tag.View(wotag::CustomerName);
+  return name.find(',') != std::string_view::npos && tag.Get(wotag::Status) < kWoStatusTexts.size() &&
+         tag.Get(wotag::Type) < kWoTypeTexts.size() && tag.Get(wotag::TaxExempt) <= 1;
+}
+
+// Each tag of a file that may have half a tag somewhere: whoever appends by whole tags goes on from the beginning,
+// whoever appends at the true end counts from there, so it is read both ways then. What was found as tags may be none.
+enum class TagRow { Straight, Askew };
+template <class Tag, class Look>
+void LookAtTagsBothWays(const SharedFile& file, Look look) {
+  const std::uint64_t length = file.Length();
+  const std::uint64_t whole = length - length % Tag::kLength;
+  const TagRow row = whole == length ? TagRow::Straight : TagRow::Askew;
+  const auto walkFrom = [&](std::uint64_t end) {
+    TagsBackwards<Tag::kLength> walk(file, end);
+    for (auto tags = walk.NextBlock(); !tags.empty(); tags = walk.NextBlock()) {
+      for (const Tag& tag : tags) look(tag, row);
+    }
+  };
+  walkFrom(whole);
+  if (row == TagRow::Askew) walkFrom(length);
+}
 
 // The day that counts for a work order (see DateOf); an old tag has the bare serial. 0 for a tag without its day.
 template <std::size_t Length>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "records/Contention.h"
 #include "records/modSystem.h"
 #include "workorders/JournalsOnDisk.h"
 #include "workorders/TagScan.h"
@@ -12,7 +13,8 @@ namespace lantos {
 
 WorkorderNumbers::WorkorderNumbers(Environment& environment, ui::Desktop& desktop)
     : environment_(environment), desktop_(desktop) {
-  AddAllOf<ActiveWoTag>(OpenNeededTags(environment, desktop, kActiveTagFile));
+  LookAtNeededTags(environment, desktop, kActiveTagFile,
+                   [this](const SharedFile& tags) { AddAllOf<ActiveWoTag>(tags); });
   AddPending();
   AddArchived();
 }
@@ -24,15 +26,21 @@ bool WorkorderNumbers::IsTaken(std::int32_t number) const {
 }
 
 std::int32_t WorkorderNumbers::Highest() {
-  if (lacksArchived_) AddAllOf<ArchivedWoTag>(OpenNeededTags(environment_, desktop_, kArchivedTagFile));
+  if (lacksArchived_) {
+    LookAtNeededTags(environment_, desktop_, kArchivedTagFile,
+                     [this](const SharedFile& tags) { AddAllOf<ArchivedWoTag>(tags); });
+  }
   lacksArchived_ = false;
   return highest_;
 }
 
 void WorkorderNumbers::AddArchived() {
+  Contention moment(contention::kMomentsPatience, environment_);
   try {
-    AddAllOf<ArchivedWoTag>(
-        SharedFile(environment_.files.PathOf(kArchivedTagFile), Access::Read, Deny::None, Absent::Fail));
+    moment.Run([&] {
+      AddAllOf<ArchivedWoTag>(
+          SharedFile(environment_.files.PathOf(kArchivedTagFile), Access::Read, Deny::None, Absent::Fail));
+    });
   } catch (const FileError& error) {
     if (error.Number() == FileErrorNumber::FileNotFound) return;
     lacksArchived_ = true;
@@ -41,13 +49,13 @@ void WorkorderNumbers::AddArchived() {
   }
 }
 
+// Any number may be a tag's; the highest one, which the counter goes on from, is of what looks like a tag.
 template <class Tag>
 void WorkorderNumbers::AddAllOf(const SharedFile& tags) {
-  if (!tags.IsOpen()) return;
-  TagsBackwards<Tag::kLength> walk(tags, tags.Length());
-  while (walk.HasMore()) {
-    for (const Tag& tag : walk.NextBlock()) Add(tag.Get(wotag::WorkorderNumber));
-  }
+  LookAtTagsBothWays<Tag>(tags, [this](const Tag& tag, TagRow row) {
+    const std::int32_t number = tag.Get(wotag::WorkorderNumber);
+    row == TagRow::Straight || LooksLikeATag(tag) ? Add(number) : numbers_.push_back(number);
+  });
 }
 
 // Whose counter may have come back from a backup since.

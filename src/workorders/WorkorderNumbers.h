@@ -15,7 +15,7 @@ namespace lantos {
 class WorkorderNumbers {
  public:
   // Reads the tags. A file that is held or can't be read is asked about: any number may be in it. GivenUp when the
-  // person doesn't wait. One that isn't there has no numbers. The archived tags, if they are held at this moment, are
+  // person doesn't wait. One that isn't there has no numbers. The archived tags, if they are held for two seconds, are
   // left for when they are needed: a work order's own tag asks about them later on.
   WorkorderNumbers(Environment& environment, ui::Desktop& desktop);
 

@@ -17,17 +17,16 @@ namespace {
 
 constexpr std::size_t kNumberDigits = 6;
 
-// Whether one of the tags of a file bears the number. GivenUp when it can't be opened.
+// Whether one of the tags of a file bears the number. GivenUp when it can't be read.
 template <class Tag>
 bool HasTag(Environment& environment, ui::Desktop& desktop, std::string_view name, std::int32_t number) {
-  const SharedFile file = OpenNeededTags(environment, desktop, name);
-  if (!file.IsOpen()) return false;
-  const auto hasNumber = [number](const Tag& tag) { return tag.Get(wotag::WorkorderNumber) == number; };
-  TagsBackwards<Tag::kLength> walk(file, file.Length() / Tag::kLength * Tag::kLength);
-  for (auto tags = walk.NextBlock(); !tags.empty(); tags = walk.NextBlock()) {
-    if (std::any_of(tags.begin(), tags.end(), hasNumber)) return true;
-  }
-  return false;
+  bool hasTag = false;
+  LookAtNeededTags(environment, desktop, name, [&](const SharedFile& file) {
+    LookAtTagsBothWays<Tag>(file, [&](const Tag& tag, TagRow row) {
+      hasTag = hasTag || (tag.Get(wotag::WorkorderNumber) == number && (row == TagRow::Straight || LooksLikeATag(tag)));
+    });
+  });
+  return hasTag;
 }
 
 template <std::size_t Length>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "contents/CustomerOfEstimate.h"
 #include "contents/conversion/ReadAfresh.h"
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
@@ -79,7 +80,7 @@ void Conversion::Run() {
 // another customer or vehicle they are asked anew.
 bool Conversion::AskAll() {
   for (;;) {
-    if (!MayConvert() || !FindCustomer() || !Confirm()) return false;
+    if (!MayConvert() || !HasCustomer(bench_.shop, Current().CustomerNumber, kTitle) || !Confirm()) return false;
     BeginOrder();
     if (!TakeVehicle()) return false;
     const Estimate asked = Current();
@@ -98,7 +99,18 @@ void Conversion::BeginOrder() {
 Finishing Conversion::Finish(const BegunConversion& begun, ConversionJournal& journal) {
   begun_ = &begun;
   journal_ = &journal;
-  if (!FindCustomer()) return Finishing::NotPossible;
+  if (begun.hasFiles) {
+    FinishEstimate();
+    return Finishing::Ended;
+  }
+  const CustomerFound customer = FindCustomer(bench_.shop, Current().CustomerNumber);
+  if (customer == CustomerFound::NotRead) {
+    throw GivenUp("The customer of this estimate could not be read. The conversion stays half done.");
+  }
+  if (customer == CustomerFound::NotOnFile) {
+    TellNotFound(bench_.shop, customer, kTitle);
+    return Finishing::NotPossible;
+  }
   const Workorders::FilesWritten written = workorders_.FilesOf(begun.workorder);
   rows_.emplace(bench_.Data(), bench_.Number());
   if (!SellsWhatItBegan(written)) return Finishing::Ended;
@@ -114,11 +126,27 @@ Finishing Conversion::Finish(const BegunConversion& begun, ConversionJournal& jo
   return Finishing::Ended;
 }
 
+// The main application may have closed and archived the work order by then: none of its files is touched.
+void Conversion::FinishEstimate() {
+  Order().WorkorderNumber = begun_->workorder;
+  hasTakenNumber_ = true;
+  try {
+    MarkEstimate();
+    ChangeStatus();
+    journal_->Remove();
+  } catch (const std::exception& error) {
+    done_.Rethrow(error);
+  }
+}
+
 // Of lines that were changed since a conversion without files is undone, and one with a tag asked about. The text tells
 // what was sold, once it is there.
 bool Conversion::SellsWhatItBegan(const Workorders::FilesWritten& written) {
   ui::Desktop& desktop = bench_.shop.desktop;
-  const std::vector<std::string> lacking = rows_->Lacking(begun_->parts);
+  const StockRepair stock(bench_.shop.environment, desktop, bench_.shop.records, begun_->workorder);
+  std::vector<JournaledPart> moved = begun_->parts;
+  std::erase_if(moved, [&](const JournaledPart& part) { return stock.UseOf(part) == StockRepair::Use::NotNoted; });
+  const std::vector<std::string> lacking = rows_->Lacking(moved);
   const std::string undo = "\rUndo the conversion, and convert it anew.";
   if (!written.Any() && !lacking.empty()) {
     desktop.Tell("The parts of this estimate were changed since: " + lacking.front() +
@@ -167,13 +195,6 @@ bool Conversion::MayConvert() {
   }
   if (!text.empty()) bench_.shop.desktop.Tell(text, kTitle, ui::Icon::Exclamation);
   return text.empty();
-}
-
-bool Conversion::FindCustomer() {
-  if (bench_.shop.records.customers.MakeCurrent(Current().CustomerNumber, Customers::From::File)) return true;
-  bench_.shop.desktop.Tell("The customer of this estimate isn't on file. Choose a customer first.", kTitle,
-                           ui::Icon::Information);
-  return false;
 }
 
 bool Conversion::Confirm() {
@@ -342,7 +363,7 @@ void Conversion::TellOfReorders() {
 }
 
 void Conversion::MarkEstimate() {
-  journal_->WillWrite("the comments of the estimate");
+  journal_->WillWriteComments();
   const std::string mark = "Workorder # " + OrderNumber() + " ";
   const std::string comments = Trim(bench_.estimate.CommentsOnShow());
   if (begun_ == nullptr || !comments.starts_with(Trim(mark))) bench_.estimate.StoreComments(mark + comments);
@@ -352,7 +373,7 @@ void Conversion::MarkEstimate() {
 }
 
 void Conversion::ChangeStatus() {
-  journal_->WillWrite("the status of the estimate");
+  journal_->WillWriteStatus();
   constexpr StatusOption options[] = {StatusOption::ScheduledToComplete, StatusOption::ArrivedToComplete,
                                       StatusOption::InProgressToComplete};
   if (begun_ != nullptr && (Current().Status < kScheduled || Current().Status >= kCompleted)) return;

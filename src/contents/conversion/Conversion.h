@@ -42,7 +42,6 @@ class Conversion {
   void BeginOrder();
   bool MayConvert();
   bool Confirm();
-  bool FindCustomer();
   // The vehicle as the files know it, or as the estimate tells of it, into the work order. False when the person
   // ends the conversion.
   bool TakeVehicle();
@@ -57,6 +56,7 @@ class Conversion {
   // The parts leave the stock one by one, ahead of all else.
   void TakeParts(const Workorders::FilesWritten& written);
   void FinishStock();
+  void FinishEstimate();
   bool SellsWhatItBegan(const Workorders::FilesWritten& written);
   bool IsMoved(const std::string& number);
   void WriteFiles(const Workorders::FilesWritten& written);

@@ -111,7 +111,7 @@ void HalfDone::TellOfNumber(const BegunConversion& begun) {
 void HalfDone::SettleBegun(const BegunConversion& begun, ConversionJournal& journal) {
   const Workorders::FilesWritten written = workorders_.FilesOf(begun.workorder);
   // Who reads tags may have made the work order a paper already: from there on the only way is ahead.
-  const bool canUndo = !written.Any();
+  const bool canUndo = !written.Any() && !begun.hasFiles;
   const std::string text = NameOf(begun) + " was not finished." + WhatIsDone(begun, written) +
                            (canUndo ? "\r\rClick Yes to finish it, No to undo it, or Cancel to decide later."
                                     : "\r\rClick Yes to finish it, or No to decide later.");
@@ -155,6 +155,7 @@ std::string HalfDone::WhatIsDone(const BegunConversion& begun, const Workorders:
   if (written.activeTag) text += "\r- the tag in " + std::string(kActiveTagFile) + " was written";
   if (written.archivedTag) text += "\r- the tag in " + std::string(kArchivedTagFile) + " was written";
   if (written.text) text += "\r- the work order was written to " + Workorders::FileNameOf(begun.workorder);
+  if (begun.hasFiles && !written.text) text += "\r- the work order was written; it may have been closed since";
   return text;
 }
 

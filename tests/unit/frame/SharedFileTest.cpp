@@ -9,9 +9,12 @@
 
 #include <array>
 #include <csignal>
+#include <cstring>
 #include <optional>
 
+#include "frame/FileCause.h"
 #include "frame/ScratchDirectory.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos {
 namespace {
@@ -285,6 +288,24 @@ TEST(SharedFile, AWriteThatMendsADamagedEndIsCutBackToTheLengthFound) {
             }),
             61);
   EXPECT_EQ(shop.Content("A.DAT").size(), 100u);
+}
+
+// Its permissions are no cause.
+TEST(SharedFile, WhereNoLocksAreGrantedItSaysSo) {
+  const ScratchDirectory shop;
+  shop.Put("A.DAT", "a");
+  test::FaultyCalls calls(shop.Path());
+  calls.When([](const test::FileCall& call, std::size_t) { return call.kind == test::CallKind::Lock ? ENOLCK : 0; });
+  try {
+    const SharedFile file(shop.Path() / "A.DAT", Access::ReadWrite, Deny::None);
+    ADD_FAILURE() << "opened without a lock";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.Number(), FileErrorNumber::PathFileAccess);
+    EXPECT_EQ(InWords(FileFailure(error), "A.DAT can not be used"),
+              "A.DAT lies where files can't be locked, so it isn't opened: without locks nothing is shared safely.\r"
+              "Have locking turned on for that drive, or put the data directory on another one.");
+    EXPECT_NE(std::string(error.what()).find(std::strerror(ENOLCK)), std::string::npos) << "for the run log";
+  }
 }
 
 TEST(FileError, SystemErrorsBecomeTheNumbersTheOperatorsKnow) {

@@ -219,5 +219,15 @@ TEST_F(TagWriting, AHeldTextThatIsLookedAtIsAskedAbout) {
   EXPECT_THROW(workorders.FilesOf(5001), GivenUp);
 }
 
+// The newest one stands at the true end, behind half a tag that somebody has left.
+TEST_F(TagWriting, ATagBehindHalfATagIsFound) {
+  Put(kArchivedTagFile, std::string(290, 'a') + std::string(13, 'b'));
+  workorders.WriteActiveWoTag();
+  desktop.WillAnswer(Answer::Ok);
+  EXPECT_TRUE(workorders.WriteArchivedWoTag());
+  EXPECT_TRUE(workorders.FilesOf(4711).archivedTag);
+  EXPECT_FALSE(workorders.FilesOf(4712).archivedTag);
+}
+
 }  // namespace
 }  // namespace lantos::test

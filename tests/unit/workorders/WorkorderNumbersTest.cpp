@@ -1,5 +1,6 @@
-#include "records/Fixture.h"
 #include "records/GivenUp.h"
+#include "records/InventoryFixture.h"
+#include "support/FaultyCalls.h"
 #include "workorders/ConversionJournal.h"
 #include "workorders/WorkorderNumbers.h"
 #include "workorders/WorkorderTags.h"
@@ -16,6 +17,7 @@ class WorkorderNumbersTest : public ShopTest {
     for (const std::int32_t number : numbers) {
       Tag tag;
       tag.Put(wotag::WorkorderNumber, number);
+      tag.Put(wotag::CustomerName, "Adams,Beth");
       bytes += std::string(reinterpret_cast<const char*>(tag.Bytes().data()), Tag::kLength);
     }
     Put(file, bytes);
@@ -126,6 +128,44 @@ TEST_F(WorkorderNumbersTest, AFileThatCanNotBeReadIsAskedAboutWithItsCause) {
     EXPECT_NE(desktop.boxes.back().text.find(file), std::string::npos);
     std::filesystem::remove(PathOf(file));
   }
+}
+
+// A number that only they have would be given twice.
+TEST_F(WorkorderNumbersTest, ArchivedTagsThatAreHeldForAMomentAreWaitedFor) {
+  PutTags<ActiveWoTag>(kActiveTagFile, {12});
+  PutTags<ArchivedWoTag>(kArchivedTagFile, {7, 15});
+  std::optional<SharedFile> held = HeldByAnother(kArchivedTagFile);
+  PatientClock patient(clock.Now());
+  patient.onWait = [&] { held.reset(); };
+  Environment world(patient, settings);
+  world.files.SetDataDir(environment.files.DataDir());
+  EXPECT_TRUE(WorkorderNumbers(world, desktop).IsTaken(15));
+}
+
+// Behind half a tag the others stand as they did from the beginning, and new ones as they lie at the end.
+TEST_F(WorkorderNumbersTest, HalfATagHidesNoNumber) {
+  PutTags<ActiveWoTag>(kActiveTagFile, {30, 12});
+  PutTags<ArchivedWoTag>(kArchivedTagFile, {7, 41});
+  const std::string active = BytesOf(kActiveTagFile), archived = BytesOf(kArchivedTagFile);
+  for (const std::size_t half : {1, 100, 151, 289}) {
+    SCOPED_TRACE(half);
+    Put(kActiveTagFile, active + std::string(half, 'x'));
+    Put(kArchivedTagFile, archived.substr(0, 290) + std::string(half, 'x') + archived.substr(290));
+    for (const std::int32_t number : {7, 12, 30, 41}) EXPECT_TRUE(IsTaken(number)) << number;
+    EXPECT_EQ(Highest(), 41);
+  }
+}
+
+TEST_F(WorkorderNumbersTest, ATagFileThatFailsWhileItIsReadIsAskedAbout) {
+  PutTags<ActiveWoTag>(kActiveTagFile, {12});
+  FaultyCalls calls(PathOf(""));
+  calls.FailOn(std::string(kActiveTagFile), CallKind::Read, Fault::DeviceIo);
+  desktop.WillAnswer([&](const ui::Box& box) {
+    EXPECT_EQ(box.title, kActiveTagFile);
+    calls.Mend();
+    return ui::Answer::Retry;
+  });
+  EXPECT_TRUE(IsTaken(12));
 }
 
 }  // namespace

@@ -137,6 +137,15 @@ TEST(Conversion, WantsACustomerThatIsOnFile) {
   bench.ExpectNothingDone();
 }
 
+TEST(Conversion, OfACustomerWhoseFileIsHeldDoesNotSayThatNobodyIsOnFile) {
+  ConversionBench bench;
+  const SharedFile other(bench.directory.Path() / "TQCSTDAT.DAT", Access::ReadWrite, Deny::All);
+  bench.desktop.WillAnswer({Answer::Cancel, Answer::Ok});
+  bench.Convert();
+  EXPECT_EQ(bench.desktop.boxes.back().text, "The customer of this estimate could not be read. Nothing was changed.");
+  bench.ExpectNothingDone();
+}
+
 // The vehicle.
 
 TEST(Conversion, AVehicleThatIsCancelledAsksAndNoEndsItWithNothingDone) {

@@ -106,6 +106,20 @@ TEST(HalfDone, OfAnEstimateThatHasOtherPartsByNowIsOnlyUndone) {
   bench.ExpectUntouched();
 }
 
+// The journal is ahead of the stock: this part stands in it, and never left.
+TEST(HalfDone, DoesNotSayThatAPartWasTakenWhichNeverLeftTheStock) {
+  HalfDoneBench bench;
+  bench.KillConversionAtWriteOf("TQUSEHST.DAT");
+  bench.ExpectStock(6, 40);
+  bench.Do("delete from Parts");
+  bench.Finish();
+  EXPECT_FALSE(bench.WasTold("was taken out of stock as it was then"));
+  EXPECT_TRUE(
+      bench.WasTold("The estimate was changed since its conversion was begun, and would be sold as it is now."));
+  bench.Undo();
+  bench.ExpectUntouched();
+}
+
 TEST(HalfDone, WhoseTextWasWorkedOnKeepsIt) {
   HalfDoneBench bench;
   bench.KillConversionAtWriteOf("TQINCTAG.DAT");
@@ -223,6 +237,23 @@ TEST(HalfDone, WithoutAPlaceForItsJournalBeginsNothing) {
   EXPECT_THROW(bench.Convert(), WordedError);
   calls.Mend();
   EXPECT_EQ(bench.NextNumber(), 5001);
+  bench.ExpectUntouched();
+}
+
+TEST(HalfDone, WhoseJournalCanNotBeLockedSaysSo) {
+  HalfDoneBench bench;
+  bench.desktop.otherwise = HalfDoneBench::Agrees;
+  test::FaultyCalls calls(bench.directory.Path());
+  calls.When([](const test::FileCall& call, std::size_t) {
+    return call.kind == test::CallKind::Lock && call.name.starts_with(kJournalPrefix) ? ENOLCK : 0;
+  });
+  try {
+    bench.Convert();
+    ADD_FAILURE() << "converted without a journal";
+  } catch (const std::exception& error) {
+    EXPECT_THAT(WordsFor(error), HasSubstr("lies where files can't be locked"));
+    EXPECT_THAT(WordsFor(error), testing::EndsWith("\rNothing was converted."));
+  }
   bench.ExpectUntouched();
 }
 

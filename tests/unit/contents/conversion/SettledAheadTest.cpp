@@ -119,6 +119,32 @@ TEST(SettledAhead, APartThatCameBehindTheTextStaysInStock) {
   EXPECT_THAT(bench.Journals(), IsEmpty());
 }
 
+// The main application has closed it, and archived it perhaps, since somebody put it off.
+TEST(SettledAhead, OneWhoseWorkOrderIsClosedByNowWritesNoneOfItsFilesAnew) {
+  for (const bool isArchived : {true, false}) {
+    SCOPED_TRACE(isArchived);
+    HalfDoneBench bench;
+    bench.EndConversionBehindItsText();
+    bench.directory.Put("TQOPENWO.DAT", "");
+    if (!isArchived) bench.directory.Put("TQINCTAG.DAT", "");
+    std::filesystem::remove(bench.directory.Path() / "W0005001.tqa");
+    const std::string archived = bench.directory.Content("TQINCTAG.DAT");
+    bench.desktop.WillAnswer(Answer::No);
+    bench.Settle();
+    EXPECT_EQ(bench.desktop.boxes.back().buttons, ui::Buttons::YesNo) << "no way back";
+    EXPECT_TRUE(bench.WasTold("\r- the work order was written; it may have been closed since"));
+    EXPECT_THAT(bench.Journals(), SizeIs(1));
+    bench.Finish();
+    EXPECT_EQ(bench.directory.Content("TQOPENWO.DAT"), "");
+    EXPECT_EQ(bench.directory.Content("TQINCTAG.DAT"), archived);
+    EXPECT_FALSE(bench.IsThere("W0005001.tqa"));
+    bench.ExpectStock(4, 35);
+    EXPECT_EQ(bench.Usages(), 2u);
+    EXPECT_EQ(bench.StoredComments(), "Workorder # 005001 Call first");
+    EXPECT_THAT(bench.Journals(), IsEmpty());
+  }
+}
+
 // --- what can't be finished
 
 TEST(SettledAhead, OneOfADeletedEstimateIsLeftAsItIsOnceThePersonWantsIt) {
@@ -151,6 +177,36 @@ TEST(SettledAhead, OneOfACustomerWhoIsGoneIsLeftAsWell) {
   bench.Settle();
   EXPECT_THAT(bench.desktop.boxes.back().text, HasSubstr("Leave it as it is, and don't ask again?"));
   EXPECT_THAT(bench.Journals(), IsEmpty());
+}
+
+// Its customer may be read the next time.
+TEST(SettledAhead, OneOfACustomerWhoCanNotBeReadStaysHalfDone) {
+  for (const char* held : {"TQCSTTAG.DAT", "TQCSTDAT.DAT"}) {
+    SCOPED_TRACE(held);
+    HalfDoneBench bench;
+    bench.KillConversionAtWriteOf("TQINCTAG.DAT");
+    const SharedFile other(bench.directory.Path() / held, Access::ReadWrite, Deny::All);
+    bench.desktop.failuresExpected = true;
+    bench.desktop.WillAnswer({Answer::Yes, Answer::Cancel});
+    bench.Settle();
+    EXPECT_FALSE(bench.WasTold("Leave it as it is"));
+    EXPECT_FALSE(bench.WasTold("not on file"));
+    EXPECT_THAT(bench.Journals(), SizeIs(1));
+  }
+}
+
+TEST(SettledAhead, OneWhoseCustomersTagLeadsToAnotherStaysHalfDone) {
+  HalfDoneBench bench;
+  bench.KillConversionAtWriteOf("TQINCTAG.DAT");
+  CustomerRecord another;
+  another.Put(customer::Number, 8);
+  bench.PutRecord("TQCSTDAT.DAT", another);
+  bench.desktop.failuresExpected = true;
+  bench.desktop.WillAnswer({Answer::Yes, Answer::Ok});
+  bench.Settle();
+  EXPECT_TRUE(bench.WasTold("leads to the record of customer 000008"));
+  EXPECT_FALSE(bench.WasTold("not on file"));
+  EXPECT_THAT(bench.Journals(), SizeIs(1));
 }
 
 }  // namespace
