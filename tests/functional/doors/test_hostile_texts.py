@@ -32,6 +32,11 @@ ROADS = (
     (*EMPLOYEE, "F6", "cmdPrint"),
     VENDOR,
     (*PART, "F10"),
+    (*PART, "F10", "cmdUsage"),
+    (*PART, "F10", "cmdRecv"),
+    ("mnuMaintInventory", "cmdAdd"),
+    ("mnuMaintVendors", "Insert"),
+    ("mnuMaintEmployees", "Insert"),
     (*PART, "cmdView"),
     (*PART, "cmdChange"),
     (*PART, "cmdDelete"),
@@ -56,12 +61,12 @@ FORMS = set("""
     frmFind frmInvEdit frmInvKit frmInvList frmInvPartChange frmInvPartDelete frmInvView frmLabor frmMain
     frmNotes frmPrintOptions frmRepairCode frmReschedule frmSpecialDays frmStatusOptions frmStdHours
     frmSubList frmSystemParameters frmTechHours frmVehEdit frmVehList frmVendorEdit frmVendorList frmWOChklst
-    frmWOExtra frmWOHist frmWOKit frmWOPart
+    frmWOExtra frmWOHist frmWOKit frmWOPart frmEmpNew frmInvAdd frmRecvList frmUsageList frmVendorAdd
 """.split())
 # Not walked: what comes up ahead of the board, before a text of the shop is read, and what no road leads to.
 WITHOUT_TEXTS = {"frmSplash", "frmEnterDir"}
 WITHOUT_A_ROAD = set("""
-    frmContinue frmDept frmEmpNew frmEnterPwd frmInvAdd frmInvKitAdd frmMakeModel frmRecvList frmUsageList frmVendorAdd
+    frmContinue frmDept frmEnterPwd frmInvKitAdd frmMakeModel
 """.split())
 SOURCES = pathlib.Path(__file__).resolve().parents[3] / "src"
 
