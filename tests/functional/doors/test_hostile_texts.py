@@ -1,5 +1,6 @@
 """A shop whose every text is meant to do harm, walked through its screens and papers on both desktops."""
 
+import pathlib
 import shutil
 
 import pytest
@@ -31,6 +32,11 @@ ROADS = (
     (*EMPLOYEE, "F6", "cmdPrint"),
     VENDOR,
     (*PART, "F10"),
+    (*PART, "F10", "cmdUsage"),
+    (*PART, "F10", "cmdRecv"),
+    ("mnuMaintInventory", "cmdAdd"),
+    ("mnuMaintVendors", "Insert"),
+    ("mnuMaintEmployees", "Insert"),
     (*PART, "cmdView"),
     (*PART, "cmdChange"),
     (*PART, "cmdDelete"),
@@ -55,8 +61,14 @@ FORMS = set("""
     frmFind frmInvEdit frmInvKit frmInvList frmInvPartChange frmInvPartDelete frmInvView frmLabor frmMain
     frmNotes frmPrintOptions frmRepairCode frmReschedule frmSpecialDays frmStatusOptions frmStdHours
     frmSubList frmSystemParameters frmTechHours frmVehEdit frmVehList frmVendorEdit frmVendorList frmWOChklst
-    frmWOExtra frmWOHist frmWOKit frmWOPart
+    frmWOExtra frmWOHist frmWOKit frmWOPart frmEmpNew frmInvAdd frmRecvList frmUsageList frmVendorAdd
 """.split())
+# Not walked: what comes up ahead of the board, before a text of the shop is read, and what no road leads to.
+WITHOUT_TEXTS = {"frmSplash", "frmEnterDir"}
+WITHOUT_A_ROAD = set("""
+    frmContinue frmDept frmEnterPwd frmInvKitAdd frmMakeModel
+""".split())
+SOURCES = pathlib.Path(__file__).resolve().parents[3] / "src"
 
 
 def look(copy, seen):
@@ -172,6 +184,13 @@ def all_texts(shown):
     if isinstance(shown, list):
         return "\n".join(all_texts(each) for each in shown)
     return shown if isinstance(shown, str) else ""
+
+
+def test_every_form_is_walked_or_named():
+    """A new screen gets a road, or a reason why it has none."""
+    known = (FORMS, WITHOUT_TEXTS, WITHOUT_A_ROAD)
+    assert sum(map(len, known)) == len(set.union(*known)), "each form is in one of them"
+    assert set.union(*known) == {design.stem for design in SOURCES.rglob("*.ui")}
 
 
 @pytest.mark.parametrize("kind", HOSTILE)
