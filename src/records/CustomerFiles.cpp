@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "frame/Numbers.h"
+#include "records/GivenUp.h"
 #include "records/RecordArray.h"
 
 namespace lantos {
@@ -122,16 +124,53 @@ CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const Customer
   const auto writeTag = [&] {
     if (!isOvertaken()) tagFile_->WriteAt(places.tag, tag.Bytes());
   };
+  const std::optional<CustomerTag> before = TagBefore(places.tag);
   if (!tagContention_.Run(writeTag)) return Outcome::Ended;
   if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Tag;
+  masterContention_.BeforeAsking([&] {
+    if (written == Written::Tag && PutTagBack(places.tag, tag, before)) written = Written::Nothing;
+  });
   const auto writeMaster = [&] {
     if (!isOvertaken()) WriteRecord(*masterFile_, places.master, master);
   };
-  if (!masterContention_.Run(writeMaster)) return Outcome::Ended;
+  const bool isOver = masterContention_.Run(writeMaster);
+  masterContention_.BeforeAsking(nullptr);
+  if (!isOver && written == Written::Tag) {
+    throw GivenUp("Customer " + FormatZeros(tag.Get(customertag::Number), 6) + " was stored in " +
+                  std::string(kCustomerTagFile) + ", but not in " + std::string(kCustomerFile) + ", and " +
+                  std::string(kCustomerTagFile) +
+                  " could not be put back.\rSave the customer again once both files can be written.");
+  }
+  if (!isOver) return Outcome::Ended;
   if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Both;
   return Outcome::Ended;
+}
+
+std::optional<CustomerTag> CustomerFiles::TagBefore(std::uint64_t offset) const {
+  CustomerTag tag;
+  if (tags_->ReadAt(offset, tag.Bytes()) == kTagLength) return tag;
+  return std::nullopt;
+}
+
+// Nothing is cut off that other programs have put behind it.
+bool CustomerFiles::PutTagBack(std::uint64_t offset, const CustomerTag& written,
+                               const std::optional<CustomerTag>& before) {
+  try {
+    if (TagBefore(offset) != written) return false;
+    if (before) {
+      tagFile_->WriteAt(offset, before->Bytes());
+    } else if (tags_->Length() == offset + kTagLength) {
+      tagFile_->Truncate(offset);
+    } else {
+      return false;
+    }
+    return true;
+  } catch (const FileError& error) {
+    environment_.log.Write(error.what());
+    return false;
+  }
 }
 
 void CustomerFiles::Close() {

@@ -42,6 +42,8 @@ class CustomerFiles {
 
   // How far a writing came: the person may give up after each failure.
   enum class Written { Nothing, Tag, Both };
+  // A tag whose master could not be written is put back, or gone again where it was new, already while the person is
+  // asked about it; GivenUp names the customer whose tag could not even be put back.
   // written says how far it came when it throws, too. The turn isn't had while the person is asked. LookAgain: it was
   // taken again since, and others may have written meanwhile; nothing was written behind that, and the places have to
   // be looked at anew.
@@ -61,6 +63,10 @@ class CustomerFiles {
   bool MayLieAt(FileLink offset, std::int32_t number) const;
   std::uint64_t EndOfTags() const;
   FileLink EndOfMasters() const;
+  // Nothing where the file ended.
+  std::optional<CustomerTag> TagBefore(std::uint64_t offset) const;
+  // False when it could not be done.
+  bool PutTagBack(std::uint64_t offset, const CustomerTag& written, const std::optional<CustomerTag>& before);
 
   Environment& environment_;
   ui::Desktop& desktop_;

@@ -95,8 +95,9 @@ class Customers {
   // unknown number reloads the tags once.
   bool MakeCurrent(std::int32_t number, From from = From::Memory);
   // CurrentCustomer and its tag; never over another one's. False, and nothing more written, when the person gave up;
-  // array and CurrentTag are as before then, unless the tag had been written. A new customer beyond the limit throws
-  // std::length_error. A new one whose number turns out to be somebody's is given another, if the person wants that.
+  // array and CurrentTag are as before then. A tag that can't be put back is told by GivenUp, and is in both. A new
+  // customer beyond the limit throws std::length_error. A new one whose number turns out to be somebody's is given
+  // another, if the person wants that.
   bool WriteCustomer();
   // The same, but CurrentCustomer becomes the record as it lies on file, with what change puts into it: what others
   // have stored meanwhile stays. No other copy of this program writes a customer between the two. What change throws

@@ -31,9 +31,10 @@ std::optional<VehicleRecord> Vehicles::Read(FileLink offset, FileHandle handle) 
     if (!contention.Run([&] { ReadRecord(environment_.openFiles[handle], offset, record); })) return std::nullopt;
     return record;
   }
-  OpenedFile file(environment_.openFiles);
-  const bool isRead = contention.Run([&] { file.Open(kVehicleFile, Access::Read, Deny::All); }) &&
-                      contention.Run([&] { ReadRecord(*file, offset, record); });
+  const bool isRead = contention.Run([&] {
+    OpenedFile file(environment_.openFiles, kVehicleFile, Access::Read, Deny::All);
+    ReadRecord(*file, offset, record);
+  });
   if (!isRead) return std::nullopt;
   return record;
 }
@@ -68,11 +69,13 @@ std::optional<VehicleRecord> Vehicles::Update(FileLink offset, const Change& cha
 }
 
 bool Vehicles::InHeldFile(Access access, const Step& step) {
-  OpenedFile file(environment_.openFiles);
   Contention contention(contention::kWriteVehicle, desktop_, environment_);
-  const bool isDone =
-      contention.Run([&] { file.Open(kVehicleFile, access, Deny::All); }) && contention.Run([&] { step(*file); });
-  file.Close();
+  // Nobody else is kept from the file while the person is asked about it.
+  const bool isDone = contention.Run([&] {
+    OpenedFile file(environment_.openFiles, kVehicleFile, access, Deny::All);
+    step(*file);
+    file.Close();
+  });
   if (isDone) environment_.files.FlushFile(kVehicleFile);
   return isDone;
 }

@@ -33,8 +33,11 @@ void frmInvPartChange::Accept() {
   if (number.empty()) return Refuse("You must supply a new part number, or [Cancel].");
   Inventory& inventory = shop_.records.inventory;
   inventory.FinishLoading();
-  if (inventory.FindPart(number) != Inventory::kNoPart) return Refuse("Part\r" + number + "\ralready exists.");
-  LeaveWith(ChangePartNumber(inventory, index_, number));
+  const std::string alreadyExists = "Part\r" + number + "\ralready exists.";
+  if (inventory.FindPart(number) != Inventory::kNoPart) return Refuse(alreadyExists);
+  const PartUpdated done = ChangePartNumber(inventory, index_, number);
+  if (done == PartUpdated::NumberIsTaken) return Refuse(alreadyExists);
+  LeaveWith(done);
 }
 
 void frmInvPartChange::Refuse(const std::string& why) {

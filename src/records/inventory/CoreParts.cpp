@@ -49,7 +49,16 @@ void Inventory::UpdateCorePart(const InventoryRecord& part) {
   const std::string number = part.Get(inventory::StockNumber) + std::string(kCoreSuffix);
   UntilNotOvertaken([&] {
     PartIndex index = FindPart(number);
-    if (index == kNoPart) AddPart(number, PlaceOfNew(number), index);
+    if (index == kNoPart) {
+      const NewPlace place = PlaceOfNew(number);
+      index = Count();
+      // Another copy may have made it a moment ago.
+      if (place.taken == kNoLink) {
+        AddPart(number, place, index);
+      } else {
+        KeepInList(place.tag, index, place.taken);
+      }
+    }
     std::optional<Part> core = Read(index);
     if (!core) return;
     FillCore(*core, part);

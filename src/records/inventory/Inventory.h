@@ -39,6 +39,8 @@ class Inventory : public InventoryList {
   // Byte offset of the part's tag, sought from the end of the file; kNoLink when it isn't there. The file is waited
   // for without end.
   FileLink FindTagLocation(PartIndex index);
+  // The same of a number that the list may not have; master tells the tags without a number apart.
+  FileLink FindTagOf(std::string_view stockNumber, FileLink master = kNoLink);
 
   struct Part {
     InventoryTag tag;
@@ -117,7 +119,8 @@ class Inventory : public InventoryList {
   void TakeTagAway(const InventoryTag& tag, PartIndex index, Listed listed);
   struct NewPlace {
     FileLink master = kNoLink;
-    bool isTaken = false;  // a tag has the number
+    FileLink taken = kNoLink;  // where a tag lies that has the number already
+    InventoryTag tag;          // that one
   };
   NewPlace PlaceOfNew(std::string_view stockNumber);
   void KeepInList(const InventoryTag& tag, PartIndex index, FileLink location);

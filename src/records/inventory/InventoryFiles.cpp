@@ -90,7 +90,10 @@ FileHandle Inventory::OpenInventoryForWrite(const std::function<void()>& beforeA
 // of a damaged file that isn't a row of whole tags.
 FileLink Inventory::FindTagLocation(PartIndex index) {
   const std::string number = Tag(index).Get(inventorytag::StockNumber);
-  const FileLink master = Tag(index).Get(inventorytag::Tag);
+  return FindTagOf(number, Tag(index).Get(inventorytag::Tag));
+}
+
+FileLink Inventory::FindTagOf(std::string_view stockNumber, FileLink master) {
   OpenedFile file(environment_.openFiles);
   file.TakeOver(OpenWithoutEnd(kInventoryTagFile, Access::Read, Deny::None));
   std::vector<InventoryTag> block(kScanBlock);
@@ -100,9 +103,9 @@ FileLink Inventory::FindTagLocation(PartIndex index) {
     end -= count * InventoryTag::kLength;
     file->ReadAt(end, std::as_writable_bytes(std::span(block).first(count)));
     for (std::size_t i = count; i-- > 0;) {
-      if (block[i].View(inventorytag::StockNumber) != number) continue;
+      if (block[i].View(inventorytag::StockNumber) != stockNumber) continue;
       // Deleted parts have no number either.
-      if (number.empty() && block[i].Get(inventorytag::Tag) != master) continue;
+      if (stockNumber.empty() && block[i].Get(inventorytag::Tag) != master) continue;
       return LinkAtEnd(end + i * InventoryTag::kLength, kInventoryTagFile);
     }
   }
@@ -293,7 +296,7 @@ bool Inventory::NewInventoryPart(std::string_view stockNumber, PartIndex& index)
   const OneUpdate update(*this);
   return UntilNotOvertaken([&] {
     const NewPlace place = PlaceOfNew(TrimView(stockNumber));
-    if (place.isTaken) return false;
+    if (place.taken != kNoLink) return false;
     const Part part = AddPart(stockNumber, place, index);
     CurrentInvTag = part.tag;
     CurrentInv = part.master;
@@ -326,7 +329,7 @@ Inventory::NewPlace Inventory::PlaceOfNew(std::string_view stockNumber) {
   if (!update_.Have()) throw GivenUp("Part " + std::string(stockNumber) + " was not added.");
   file.TakeOver(OpenWithoutEnd(kInventoryTagFile, Access::Read, Deny::None));
   update_.NoteReading();
-  bool isTaken = false;
+  NewPlace found;
   std::uint64_t place = environment_.files.Length(kInventoryFile);
   std::set<std::uint64_t> taken;
   std::vector<InventoryTag> block(kScanBlock);
@@ -334,16 +337,20 @@ Inventory::NewPlace Inventory::PlaceOfNew(std::string_view stockNumber) {
   for (std::uint64_t first = 0; first < count; first += kScanBlock) {
     const auto tags = std::span(block).first(std::min<std::uint64_t>(count - first, kScanBlock));
     file->ReadAt(first * InventoryTag::kLength, std::as_writable_bytes(tags));
-    for (const InventoryTag& tag : tags) {
+    for (std::size_t i = 0; i < tags.size(); ++i) {
+      const InventoryTag& tag = tags[i];
       const auto link = static_cast<std::uint64_t>(std::max(tag.Get(inventorytag::Tag), 0));
       if (link >= place) taken.insert(link);
-      isTaken = isTaken || tag.View(inventorytag::StockNumber) == stockNumber;
+      if (tag.View(inventorytag::StockNumber) != stockNumber) continue;
+      found.taken = LinkAtEnd((first + i) * InventoryTag::kLength, kInventoryTagFile);
+      found.tag = tag;
     }
   }
   for (const std::uint64_t each : taken) {
     if (each < place + InventoryRecord::kLength) place = each + InventoryRecord::kLength;
   }
-  return {LinkAtEnd(place, kInventoryFile), isTaken};
+  found.master = LinkAtEnd(place, kInventoryFile);
+  return found;
 }
 
 }  // namespace lantos

@@ -34,6 +34,8 @@ PartUpdated ChangePartNumber(Inventory& inventory, Inventory::PartIndex index, s
     if (!inventory.ReadInventory(offset, index)) return PartUpdated::GivenUp;
     if (IsAnother(inventory, index)) return PartUpdated::WasDeleted;
     const std::string_view number = TrimView(newNumber);
+    // Another copy may have given it to a part since the list was looked at.
+    if (inventory.FindTagOf(number) != kNoLink) return PartUpdated::NumberIsTaken;
     inventory.CurrentInv.Put(inventory::StockNumber, number);
     inventory.CurrentInvTag.Put(inventorytag::StockNumber, number);
     inventory.CurrentInv.Put(inventory::UsageLink, kNoLink);

@@ -16,7 +16,8 @@ namespace lantos {
 PartUpdated DeletePart(Inventory& inventory, Inventory::PartIndex index);
 
 // Reads the part and gives it another number, in place, with no usage and no receiving behind it. The other copies are
-// told of the new number. The caller sees to it that no part has the number. The same answers.
+// told of the new number. The caller sees to it that no part of the list has the number; of one
+// that the tag file has it is NumberIsTaken, with nothing changed. Otherwise the same answers.
 PartUpdated ChangePartNumber(Inventory& inventory, Inventory::PartIndex index, std::string_view newNumber);
 
 }  // namespace lantos

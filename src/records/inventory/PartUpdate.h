@@ -6,7 +6,7 @@
 
 namespace lantos {
 
-enum class PartUpdated { Yes, GivenUp, WasDeleted };
+enum class PartUpdated { Yes, GivenUp, WasDeleted, NumberIsTaken };  // the last by a new number alone
 
 // Saves what a person changed of a part. The part is read anew, change puts what the person changed into its master,
 // and all else stays as other copies have stored it meanwhile: stock that was sold, alternates that came from other

@@ -233,7 +233,7 @@ TEST_F(InvPart, ANewNumberIsWrittenInPlaceAndTheRowGoesWhereItPutsIt) {
 
 TEST_F(InvPart, ANumberIsWantedAndNoneThatAnotherPartHas) {
   const std::string masters = Masters();
-  desktop.WillAnswer({Answer::Ok, Answer::Ok, Answer::Ok});
+  desktop.WillAnswer({Answer::Ok, Answer::Ok, Answer::Ok, Answer::Ok});
   OnList("PAD-9", [&] {
     desktop.WillUse([&](ui::Form& form) {
       auto& change = As<frmInvPartChange>(form);
@@ -246,6 +246,11 @@ TEST_F(InvPart, ANumberIsWantedAndNoneThatAnotherPartHas) {
       test::Type(change.txtNewPart, "PAD-9");
       test::Press(change, "F10");
       EXPECT_EQ(desktop.boxes.back().text, "Part\rPAD-9\ralready exists.") << "its history isn't lost for nothing";
+      // Another copy has given the number a moment ago.
+      directory.Put("TQINVTAG.DAT", Tags() + RawRecord(kTag).Text(0, "NEW-1").Bytes());
+      test::Type(change.txtNewPart, "NEW-1");
+      test::Press(change, "F10");
+      EXPECT_EQ(desktop.boxes.back().text, "Part\rNEW-1\ralready exists.");
       EXPECT_TRUE(change.Visible());
       test::Click(change.cmdCancel);
     });

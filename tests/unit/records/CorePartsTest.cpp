@@ -66,6 +66,21 @@ TEST_F(CoreParts, ACoreThatIsThereFollowsThePartWithItsOwnMarkupsAndKeepsTheRest
   EXPECT_EQ(inventory.PartDescription("STARTER/C"), "CORE: STARTER MOTOR");
 }
 
+TEST_F(CoreParts, ACoreThatAnotherCopyHasMadeAMomentAgoIsTakenUpAndNotMadeTwice) {
+  PutParts({Starter()});
+  PartImage core = {"STARTER/C", "CORE: STARTER MOTOR", {1, 2, 3, 4}, 7};
+  Put(kInventoryTagFile, BytesOf(kInventoryTagFile) + std::string(TagImage(core, kMasterBytes)));
+  Put(kInventoryFile, BytesOf(kInventoryFile) + std::string(MasterImage(core)));
+  WriteStarter();
+  core.prices = {1525, 1525, 1525, 1525};
+  core.manufacturer = "BOSCH";
+  EXPECT_EQ(BytesOf(kInventoryTagFile).size(), 2U * kTagBytes);
+  EXPECT_EQ(TagBytes(1), std::string(TagImage(core, kMasterBytes)));
+  EXPECT_EQ(MasterBytes(1), std::string(MasterImage(core).Text(144, "CORES")));
+  EXPECT_EQ(inventory.FindPart("STARTER/C"), 1);
+  EXPECT_EQ(inventory.Location(1), kTagBytes);
+}
+
 TEST_F(CoreParts, TheOthersAreToldOfTheCoreAndTheListOnlyOfTheCount) {
   PutParts({Starter()});
   std::vector<std::string> told;

@@ -59,6 +59,17 @@ TEST_F(PartNumbers, APartWhosePlaceIsNotKnownIsSoughtUnderItsOldNumber) {
   EXPECT_EQ(BytesOf(kInventoryTagFile).size(), 3U * kTagBytes);
 }
 
+TEST_F(PartNumbers, ANumberThatAnotherCopyHasGivenAMomentAgoIsNotGivenTwice) {
+  Put(kInventoryTagFile, BytesOf(kInventoryTagFile) + std::string(TagImage({"SHAFT"}, 3 * kMasterBytes)));
+  Put(kInventoryFile, BytesOf(kInventoryFile) + std::string(MasterImage({"SHAFT"})));
+  const std::string masters = BytesOf(kInventoryFile);
+  const std::string tags = BytesOf(kInventoryTagFile);
+  EXPECT_EQ(ChangePartNumber(inventory, 0, " SHAFT "), PartUpdated::NumberIsTaken);
+  EXPECT_EQ(BytesOf(kInventoryFile), masters);
+  EXPECT_EQ(BytesOf(kInventoryTagFile), tags);
+  EXPECT_TRUE(told.empty());
+}
+
 TEST_F(PartNumbers, APartThatCanNotBeReadStays) {
   const std::string masters = BytesOf(kInventoryFile);
   const std::string tags = BytesOf(kInventoryTagFile);

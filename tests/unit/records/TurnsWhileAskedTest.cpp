@@ -98,6 +98,63 @@ TEST_F(CustomersWhileAsked, AChangeIsMadeToTheRecordAsItIsBehindTheBox) {
   EXPECT_EQ(BytesOf(kCustomerFile).substr(317 + 145, 5), "45385");
 }
 
+TEST_F(CustomersWhileAsked, CancelAtTheRecordLeavesTheTagsAsTheyWere) {
+  customers.LoadCustomerTags();
+  const std::string tags = BytesOf(kCustomerTagFile);
+  const std::string masters = BytesOf(kCustomerFile);
+  for (const std::int32_t number : {2, 50}) {
+    MakeCurrentCustomer(number, "Changed", "");
+    FaultyCalls calls(PathOf(""));
+    calls.FailOn("TQCSTDAT.DAT", CallKind::Write, Fault::ReadOnly);
+    desktop.WillAnswer([&](const ui::Box& box) {
+      EXPECT_THAT(box.text, testing::HasSubstr("Cancel to leave the customer unsaved."));
+      EXPECT_EQ(BytesOf(kCustomerTagFile), tags) << "nor has another copy read it meanwhile";
+      return Answer::Cancel;
+    });
+    EXPECT_FALSE(customers.WriteCustomer());
+    EXPECT_EQ(BytesOf(kCustomerTagFile), tags) << number;
+    EXPECT_EQ(BytesOf(kCustomerFile), masters) << number;
+    EXPECT_EQ(customers.Count(), 2U);
+    EXPECT_EQ(customers.Tag(1).Get(customertag::NameKey), "Name2,");
+  }
+}
+
+TEST_F(CustomersWhileAsked, ATagThatCanNotEvenBePutBackIsTold) {
+  customers.LoadCustomerTags();
+  MakeCurrentCustomer(50, "New", "");
+  FaultyCalls calls(PathOf(""));
+  calls.When([](const FileCall& call, std::size_t) {
+    const bool isMaster = call.name == kCustomerFile && call.kind == CallKind::Write;
+    return isMaster || call.kind == CallKind::Cut ? ErrnoOf(call, Fault::ReadOnly) : 0;
+  });
+  desktop.WillAnswer(Answer::Cancel);
+  try {
+    customers.WriteCustomer();
+    ADD_FAILURE() << "it was not told";
+  } catch (const GivenUp& given) {
+    EXPECT_STREQ(given.what(),
+                 "Customer 000050 was stored in TQCSTTAG.DAT, but not in TQCSTDAT.DAT, and TQCSTTAG.DAT could not be "
+                 "put back.\rSave the customer again once both files can be written.");
+  }
+  EXPECT_EQ(customers.IndexOf(50), 2U) << "the next writing is over this tag";
+}
+
+TEST_F(CustomersWhileAsked, AVehicleThatCanNotBeWrittenIsHeldByNobodyAtTheBox) {
+  Put(kVehicleFile, VehicleImage(1, "Ford", -1));
+  FaultyCalls calls(PathOf(""));
+  calls.FailOn("TQVEHICL.DAT", CallKind::Write, Fault::ReadOnly);
+  desktop.WillAnswer([&](const ui::Box&) {
+    EXPECT_NO_THROW(HeldByAnother(kVehicleFile));
+    calls.Mend();
+    Put(kVehicleFile, VehicleImage(1, "Ford", 794));
+    return Answer::Retry;
+  });
+  const auto change = [](VehicleRecord& record) { record.Put(vehicle::Model, "Focus"); };
+  EXPECT_TRUE(records.vehicles.Update(0, change));
+  EXPECT_EQ(BytesOf(kVehicleFile), VehicleImage(1, "Ford", 794).Text(29, "Focus").Bytes())
+      << "what another copy has stored meanwhile stays";
+}
+
 TEST_F(CustomersWhileAsked, ATurnThatDoesNotComeBackIsAskedAboutAndCanBeGivenUp) {
   ASSERT_TRUE(customers.MakeCurrent(2));
   const std::string before = BytesOf(kCustomerFile);
