@@ -191,12 +191,13 @@ std::string DetailPane::CommentsOnFile() {
   return comments;
 }
 
-// Of plain comments the later writer's stay, on purpose.
+// Of plain comments the later writer's stay, on purpose. Both the field and the current estimate must have had the
+// mark: either may have been read afresh without the other.
 bool DetailPane::WouldWipeMark(const std::string& stored, const std::string& ours) {
   const std::string_view mark = MarkIn(stored);
   if (mark.empty() || (ours.starts_with(mark) && ours != savedComment_)) return false;
   const bool isCurrent = Current().EstimateNumber == displayedEstimate_;
-  return !(isCurrent ? Trim(Current().Comments) : savedComment_).starts_with(mark);
+  return !savedComment_.starts_with(mark) || (isCurrent && !Trim(Current().Comments).starts_with(mark));
 }
 
 bool DetailPane::WantsOurs(const std::string& stored, const std::string& ours) {

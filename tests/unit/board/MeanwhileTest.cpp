@@ -85,5 +85,37 @@ TEST(MovedMeanwhile, AStatusThatIsSetWhileTheHoursAreTypedIsAskedAbout) {
   EXPECT_EQ(bench.StoredStatus(900), "6");
 }
 
+// Who doesn't go on has read the estimate afresh, while the field still shows what was there before.
+TEST(MovedMeanwhile, TheMarkOfAWorkOrderStaysWhereWhoWentBackMerelyLeavesTheComments) {
+  const std::string theirs = "Workorder # 000123 Old";
+  const auto theyConvert = [&](Moved& bench) { bench.database.lantosData.SetComments(theirs, 900); };
+  for (const bool isContinued : {false, true}) {
+    Moved bench;
+    bench.database.lantosData.SetComments("Old", 900);
+    bench.database.estimates.LoadEstimate(900);
+    bench.Show(900);
+    ASSERT_EQ(bench.board.detail.txtComments.Text(), "Old");
+    if (isContinued) bench.desktop.WillChoose("mnuPopupStatus(5)");
+    bench.desktop.WillUse([&](ui::Form& form) {
+      theyConvert(bench);
+      form.PressKey(ui::ParseKey("F10"));
+      if (!isContinued) form.PressKey(ui::ParseKey("Esc"));
+    });
+    bench.desktop.WillAnswer(Answer::No);
+    if (isContinued) bench.WillLeave();
+    if (isContinued) {
+      bench.board.detail.frameDetailView.DoMouseUp(ui::MouseButton::Right);
+    } else {
+      test::Click(bench.board.commands.cmdReschedule);
+    }
+    ASSERT_EQ(bench.desktop.boxes.size(), 1u) << isContinued;
+    EXPECT_NE(bench.desktop.boxes[0].text.find("\rIt is Workorder # 000123."), std::string::npos);
+    bench.board.MoveFocus(&bench.board.detail.txtComments);
+    bench.board.MoveFocus(&bench.board.commands.cmdWeekView);
+    EXPECT_EQ(bench.StoredComments(), theirs) << isContinued;
+    EXPECT_EQ(bench.board.detail.txtComments.Text(), theirs) << isContinued;
+  }
+}
+
 }  // namespace
 }  // namespace lantos
