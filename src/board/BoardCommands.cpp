@@ -252,8 +252,12 @@ HalfDone BoardCommands::Unfinished() {
 Finishing BoardCommands::FinishConversion(const BegunConversion& begun, ConversionJournal& journal) {
   DetailPane& detail = parts_.detail;
   if (!ShowEstimate(parts_, board_, begun.estimate, "Convert to WO")) return Finishing::NotPossible;
-  const ui::Hourglass hourglass(parts_.shop.desktop);
-  const Finishing finishing = Conversion(detail.contents.bench, detail.contents.workorders).Finish(begun, journal);
+  Finishing finishing = Finishing::Ended;
+  detail.frameDetailView.Owner().Run([&] {
+    const ui::Hourglass hourglass(parts_.shop.desktop);
+    finishing = Conversion(detail.contents.bench, detail.contents.workorders).Finish(begun, journal);
+  });
+  // What it has changed is shown however it ended.
   board_.LoadWeek(parts_.database.estimates.CurrentEstimate.SchedDate);
   detail.ShowEstimateDetail();
   return finishing;

@@ -58,12 +58,17 @@ bool RemoveAsListed(ui::Desktop& desktop, const std::string& title, const std::s
     writing.transaction();
     return true;
   } catch (const IsAnother&) {
-    desktop.Tell(what +
-                     " not removed: somebody else has removed or changed it meanwhile, or has stored another line in "
-                     "its place.\r\rThe list shows what is stored.",
-                 title, ui::Icon::Exclamation);
   }
-  writing.reload();
+  const std::string told =
+      what +
+      " not removed: somebody else has removed or changed it meanwhile, or has stored another line in its place.";
+  try {
+    writing.reload();
+  } catch (...) {
+    desktop.Tell(told, title, ui::Icon::Exclamation);
+    throw;
+  }
+  desktop.Tell(told + "\r\rThe list shows what is stored.", title, ui::Icon::Exclamation);
   return false;
 }
 

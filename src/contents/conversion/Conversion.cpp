@@ -35,19 +35,6 @@ std::string Named(const std::string& what, const std::vector<std::string>& parts
   return text;
 }
 
-// As the columns hold them: a text that is longer is cut there.
-bool HasVehicleOf(const Estimate& one, const Estimate& other) {
-  constexpr std::string Estimate::*kTexts[] = {&Estimate::VehYear,    &Estimate::VehMake, &Estimate::VehModel,
-                                               &Estimate::VehVIN,     &Estimate::VehLic,  &Estimate::VehDate,
-                                               &Estimate::VehMileage, &Estimate::VehEng,  &Estimate::VehTrans};
-  static_assert(std::size(kTexts) == std::size(kSnapshotColumns));
-  for (std::size_t i = 0; i < std::size(kTexts); ++i) {
-    const std::size_t width = kSnapshotColumns[i].width;
-    if (Trim(Left(one.*kTexts[i], width)) != Trim(Left(other.*kTexts[i], width))) return false;
-  }
-  return true;
-}
-
 // Nothing was typed: one that is on file is written as it lies there.
 void WriteUntyped(Vehicles& vehicles) {
   if (vehicles.CurrentVehicleOffset == kNoLink) return vehicles.WriteVehicle();
@@ -85,8 +72,7 @@ bool Conversion::AskAll() {
     if (!TakeVehicle()) return false;
     const Estimate asked = Current();
     if (!IsStillMeant()) return false;
-    const bool isSame = Current().CustomerNumber == asked.CustomerNumber && HasVehicleOf(Current(), asked);
-    if (isSame) return Current().Status == asked.Status || MayConvert();
+    if (HasCustomerAndVehicleOf(Current(), asked)) return Current().Status == asked.Status || MayConvert();
   }
 }
 
@@ -248,20 +234,33 @@ bool Conversion::StoreEdited(const VehicleRecord& read, VehicleRecord& ours) {
   return true;
 }
 
+// An estimate that another copy has given another customer or vehicle keeps them, and so does the vehicles' file: the
+// look behind the questions takes them over.
 void Conversion::StoreVehicleIfChanged() {
   Vehicles& vehicles = bench_.shop.records.vehicles;
   if (!isVehicleWritten_ && IsSnapshotOf(SnapshotIn(Current()), vehicles.CurrentVehicle)) return;
+  if (!HasItsVehicleStill()) return;
   if (!isVehicleWritten_) WriteUntyped(vehicles);
   const FileLink written = vehicles.CurrentVehicleOffset;
   if (written != kNoLink) done_.Add("the vehicle was written");
   filling_.TakeVehicle(vehicles.CurrentVehicle);
   const FileLink link = written != kNoLink ? written : Current().VehicleLink;
   const auto snapshot = SnapshotOf(vehicles.CurrentVehicle);
-  // The record in memory last: while it differs, the next conversion stores it once more.
-  bench_.Data().SetVehicleNew(link, snapshot, bench_.Number());
+  bool isStored = false;
+  bench_.Data().Connection().Together([&] {
+    isStored = HasItsVehicleStill();
+    // The record in memory last: while it differs, the next conversion stores it once more.
+    if (isStored) bench_.Data().SetVehicleNew(link, snapshot, bench_.Number());
+  });
+  if (!isStored) return;
   done_.Add("the estimate has its vehicle as it is now");
   PutSnapshot(Current(), snapshot);
   Current().VehicleLink = link;
+}
+
+bool Conversion::HasItsVehicleStill() {
+  const std::optional<Estimate> now = OnFile(bench_.Data(), Current());
+  return now && HasCustomerAndVehicleOf(*now, Current());
 }
 
 // From here on the number is used up, whatever follows.

@@ -49,6 +49,7 @@ class Conversion {
   bool EditVehicle();
   bool StoreEdited(const VehicleRecord& read, VehicleRecord& ours);
   void StoreVehicleIfChanged();
+  bool HasItsVehicleStill();
 
   void TakeNumber();
   // All that stands behind the number, or what is missing of it.

@@ -1,7 +1,6 @@
 #include "contents/conversion/ReadAfresh.h"
 
-#include <optional>
-
+#include "estimatedb/VehicleSnapshots.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
@@ -12,15 +11,6 @@ namespace {
 
 // As a conversion begins the comments.
 constexpr std::string_view kConvertedMark = "Workorder # ";
-
-// What a row doesn't have stays as it was shown.
-std::optional<Estimate> OnFile(de& data, const Estimate& shown) {
-  Recordset& row = data.EstimateByNumber(shown.EstimateNumber);
-  std::optional<Estimate> found;
-  if (!row.Eof()) modEstimates::ReadRow(row, found.emplace(shown));
-  row.Close();
-  return found;
-}
 
 // The mark with its number and the blank behind it; empty where the comments name no work order.
 std::string WorkorderIn(const std::string& comments) {
@@ -55,7 +45,32 @@ void SettleComments(Shop& shop, EstimateOnShow& onShow, const std::string& store
   answer == ui::Answer::Yes ? onShow.StoreComments(ours) : onShow.ShowComments(stored);
 }
 
+// As the columns hold them: a text that is longer is cut there.
+bool HasVehicleOf(const Estimate& one, const Estimate& other) {
+  constexpr std::string Estimate::*kTexts[] = {&Estimate::VehYear,    &Estimate::VehMake, &Estimate::VehModel,
+                                               &Estimate::VehVIN,     &Estimate::VehLic,  &Estimate::VehDate,
+                                               &Estimate::VehMileage, &Estimate::VehEng,  &Estimate::VehTrans};
+  static_assert(std::size(kTexts) == std::size(kSnapshotColumns));
+  for (std::size_t i = 0; i < std::size(kTexts); ++i) {
+    const std::size_t width = kSnapshotColumns[i].width;
+    if (Trim(Left(one.*kTexts[i], width)) != Trim(Left(other.*kTexts[i], width))) return false;
+  }
+  return true;
+}
+
 }  // namespace
+
+bool HasCustomerAndVehicleOf(const Estimate& one, const Estimate& other) {
+  return one.CustomerNumber == other.CustomerNumber && HasVehicleOf(one, other);
+}
+
+std::optional<Estimate> OnFile(de& data, const Estimate& shown) {
+  Recordset& row = data.EstimateByNumber(shown.EstimateNumber);
+  std::optional<Estimate> found;
+  if (!row.Eof()) modEstimates::ReadRow(row, found.emplace(shown));
+  row.Close();
+  return found;
+}
 
 bool StoreUnlessChanged(Shop& shop, EstimateDatabase& database, const std::string& title,
                         const std::function<void()>& store) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "contents/Workbench.h"
@@ -20,6 +21,12 @@ Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, const std::string& 
 // The same, and comments that another copy has written go on show. Where the person has typed some that aren't saved
 // yet, a box with both asks which are to be stored.
 Meanwhile ReadAfresh(Shop& shop, EstimateDatabase& database, EstimateOnShow& onShow, const std::string& title);
+
+// The estimate as it stands in the database; what its row doesn't have stays as it was shown. Nothing for one that is
+// gone. Throws DatabaseError.
+std::optional<Estimate> OnFile(de& data, const Estimate& shown);
+// Whether two estimates name the same customer and the same vehicle, in all that the database has of it.
+bool HasCustomerAndVehicleOf(const Estimate& one, const Estimate& other);
 
 // Stores something of the current estimate in one transaction with a look at it: what another copy has made of it
 // meanwhile is told and asked about as above, before anything is written. False when the person doesn't go on, with the

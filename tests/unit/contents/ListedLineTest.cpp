@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "contents/ListedLine.h"
 
 #include <gmock/gmock.h>
@@ -49,6 +51,25 @@ TEST(ListedLine, IsReplacedAndRemovedWithoutAQuestionAsLongAsItIsStoredAsListed)
   EXPECT_TRUE(another.Remove());
   EXPECT_FALSE(another.stored.has_value());
   EXPECT_EQ(bench.reloads + another.reloads, 0);
+}
+
+TEST(ListedLine, ThatIsntRemovedIsToldOnceTheListIsReadAgain) {
+  for (const bool fails : {false, true}) {
+    ListedBench bench;
+    const auto transaction = [&] { bench.listed.Expect(std::nullopt); };
+    const auto reload = [&] {
+      EXPECT_TRUE(bench.desktop.boxes.empty());
+      if (fails) throw std::runtime_error("can't be read");
+    };
+    const auto remove = [&] { RemoveAsListed(bench.desktop, "Remove Line", "It was", {transaction, reload}); };
+    if (fails) {
+      EXPECT_THROW(remove(), std::runtime_error);
+      EXPECT_THAT(bench.LastBox(), Not(HasSubstr("The list shows what is stored.")));
+    } else {
+      remove();
+      EXPECT_THAT(bench.LastBox(), HasSubstr("The list shows what is stored."));
+    }
+  }
 }
 
 TEST(ListedLine, IsAskedAboutWithTheValuesThatDifferAndOnlyThose) {

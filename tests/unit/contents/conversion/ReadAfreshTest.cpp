@@ -130,6 +130,31 @@ TEST(ReadAfresh, AsksForTheOtherCustomerWhomAnotherCopyHasSetMeanwhile) {
   EXPECT_THAT(bench.directory.Content("W0005001.tqa"), testing::HasSubstr("CustomerNumber=8\r\n"));
 }
 
+// What was typed isn't stored over theirs, not even where it is a vehicle that no file knows.
+TEST(ReadAfresh, TheVehicleThatAnotherCopySetWhileOneIsTypedStays) {
+  ConversionBench bench;
+  bench.GiveVehicle();
+  bench.WillConfirm();
+  bench.desktop.WillUse([&](ui::Form& form) {
+    bench.Do("update Estimates set VehMake = 'Saab', VehModel = '900' where EstimateNumber = 1001");
+    dynamic_cast<frmVehEdit&>(form).Mileage.DoType("12345");
+    test::Press(form, "F10");
+  });
+  bench.desktop.WillAnswer([&](const ui::Box&) {
+    EXPECT_EQ(bench.directory.Content("TQVEHICL.DAT"), "");
+    EXPECT_EQ(bench.Ask("select VehMileage from Estimates where EstimateNumber = 1001"), "100");
+    return Answer::Yes;
+  });
+  bench.desktop.WillUse([](ui::Form& form) {
+    EXPECT_EQ(dynamic_cast<frmVehEdit&>(form).Make.Text(), "Saab");
+    test::Press(form, "F10");
+  });
+  bench.WillEndQuietly();
+  bench.Convert();
+  EXPECT_EQ(bench.Ask("select VehMake from Estimates where EstimateNumber = 1001"), "Saab");
+  EXPECT_THAT(bench.directory.Content("W0005001.tqa"), testing::HasSubstr("Saab"));
+}
+
 TEST(ReadAfresh, NamesWorkOrderDayAndStatus) {
   ConversionBench bench;
   bench.Do(
