@@ -1,8 +1,8 @@
-#include <stdexcept>
-
 #include "contents/ListedLine.h"
 
 #include <gmock/gmock.h>
+
+#include <stdexcept>
 
 #include "TestDesktop.h"
 #include "screens/OkCancelForm.h"
@@ -56,12 +56,15 @@ TEST(ListedLine, IsReplacedAndRemovedWithoutAQuestionAsLongAsItIsStoredAsListed)
 TEST(ListedLine, ThatIsntRemovedIsToldOnceTheListIsReadAgain) {
   for (const bool fails : {false, true}) {
     ListedBench bench;
+    bench.desktop.WillAnswer(Answer::Ok);
     const auto transaction = [&] { bench.listed.Expect(std::nullopt); };
     const auto reload = [&] {
       EXPECT_TRUE(bench.desktop.boxes.empty());
       if (fails) throw std::runtime_error("can't be read");
     };
-    const auto remove = [&] { RemoveAsListed(bench.desktop, "Remove Line", "It was", {transaction, reload}); };
+    const auto remove = [&] {
+      EXPECT_FALSE(RemoveAsListed(bench.desktop, "Remove Line", "It was", {transaction, reload}));
+    };
     if (fails) {
       EXPECT_THROW(remove(), std::runtime_error);
       EXPECT_THAT(bench.LastBox(), Not(HasSubstr("The list shows what is stored.")));
