@@ -57,15 +57,15 @@ bool CustomerFiles::HasTagFrom(std::size_t place, std::int32_t number) const {
 }
 
 // The place in the array serves as the place in the file, and is, as long as no empty slot lies ahead of it in the file
-// and no other copy has put its own there. Empty slots are made by other programs alone. A tag behind one is written
-// into it all the same, as the other programs do it: on purpose. Where another's tag lies ahead the tag stays where it
-// is.
+// and no other copy has put its own there. Empty slots are made by other programs alone. A tag behind them is written
+// that much further ahead all the same, as the other programs do it: on purpose.
 CustomerFiles::Places CustomerFiles::PlacesOf(const CustomerTag& tag, std::size_t place) const {
   const std::int32_t number = tag.Get(customertag::Number);
   Places places{place * kTagLength, tag.Get(customertag::Offset)};
   const std::int32_t there = NumberOfTagAt(places.tag);
   if (there != 0 && there != number) {
-    places.tag = OffsetOfTag(number);
+    const FoundTag found = FindTag(number);
+    if (!found.isThere || found.emptyAhead != found.offset - places.tag) places.tag = found.offset;
   }
   if (places.master < 0 || !MayLieAt(places.master, number)) {
     CustomerTag onFile;
@@ -96,11 +96,15 @@ std::int32_t CustomerFiles::NumberOfTagAt(std::uint64_t offset) const {
   return tag.Get(customertag::Number);
 }
 
-std::uint64_t CustomerFiles::OffsetOfTag(std::int32_t number) const {
-  std::uint64_t offset = 0;
-  const std::uint64_t end = EndOfTags();
-  while (offset < end && NumberOfTagAt(offset) != number) offset += kTagLength;
-  return offset;
+CustomerFiles::FoundTag CustomerFiles::FindTag(std::int32_t number) const {
+  FoundTag found;
+  for (const std::uint64_t end = EndOfTags(); found.offset < end; found.offset += kTagLength) {
+    const std::int32_t there = NumberOfTagAt(found.offset);
+    found.isThere = there == number;
+    if (found.isThere) break;
+    if (there == 0) found.emptyAhead += kTagLength;
+  }
+  return found;
 }
 
 // A record of zeros, as past the end of the file, is nobody's.

@@ -54,8 +54,12 @@ class CustomerFiles {
 
  private:
   std::int32_t NumberOfTagAt(std::uint64_t offset) const;
-  // The end of the file when it isn't there.
-  std::uint64_t OffsetOfTag(std::int32_t number) const;
+  struct FoundTag {
+    bool isThere = false;
+    std::uint64_t offset = 0;      // the end of the file when it isn't there
+    std::uint64_t emptyAhead = 0;  // bytes of the empty slots ahead of it
+  };
+  FoundTag FindTag(std::int32_t number) const;
   bool MayLieAt(FileLink offset, std::int32_t number) const;
   std::uint64_t EndOfTags() const;
   FileLink EndOfMasters() const;

@@ -70,23 +70,6 @@ TEST_F(CustomerPlaces, ATagWhosePlaceHasBecomeAnothersIsWrittenWhereItStands) {
   ExpectPairs({1, 2, 7});
 }
 
-TEST_F(CustomerPlaces, ATagFurtherBehindAnEmptySlotIsWrittenOverNobody) {
-  Image tags = CustomerTagImage(1, "Adams,", 0);
-  tags.Append(CustomerTagImage(0, "", 0)).Append(CustomerTagImage(2, "Brown,", 317));
-  tags.Append(CustomerTagImage(3, "Clark,", 634));
-  Put(kCustomerTagFile, tags);
-  Put(kCustomerFile,
-      Image(CustomerImage(1, "Adams")).Append(CustomerImage(2, "Brown")).Append(CustomerImage(3, "Clark")));
-  ASSERT_TRUE(customers.MakeCurrent(3));
-  customers.CurrentCustomer.Put(customer::Lastname, "Clarke");
-  EXPECT_TRUE(customers.WriteCustomer());
-  const std::string after = BytesOf(kCustomerTagFile);
-  EXPECT_EQ(after.size(), 4U * 96);
-  EXPECT_EQ(after.substr(0, 3 * 96), tags.Bytes().substr(0, 3 * 96)) << "Brown's is still there";
-  EXPECT_EQ(LongAt(after, 3 * 96), 3);
-  EXPECT_EQ(after.substr(3 * 96 + 4, 7), "Clarke,");
-}
-
 TEST_F(CustomerPlaces, ANewCustomerBehindAnEmptySlotCostsNobodyTheirTag) {
   const Image slot = CustomerTagImage(0, "", 0);
   Image tags = slot;
