@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/Numbers.h"
+#include "records/Contention.h"
 
 namespace lantos {
 
@@ -11,9 +12,13 @@ std::vector<JournalOnDisk> LookAtJournals(Environment& environment) {
   for (std::string& name : environment.files.List(kJournalPattern)) {
     JournalOnDisk journal;
     journal.name = std::move(name);
+    // Who makes or deletes one has it alone for that moment.
+    Contention contention(contention::kMomentsPatience, environment);
     try {
-      const SharedFile file(environment.files.PathOf(journal.name), Access::Read, Deny::None, Absent::Fail);
-      journal.begun = ReadJournal(JournalContent(file));
+      contention.Run([&] {
+        const SharedFile file(environment.files.PathOf(journal.name), Access::Read, Deny::None, Absent::Fail);
+        journal.begun = ReadJournal(JournalContent(file));
+      });
     } catch (const FileError& error) {
       if (error.Number() == FileErrorNumber::FileNotFound) continue;  // its conversion has just come to its end
       environment.log.Write(error.what());
