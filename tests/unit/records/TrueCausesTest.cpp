@@ -5,6 +5,8 @@
 #include "frame/FileCause.h"
 #include "frame/ProfileFile.h"
 #include "frame/UnfitFile.h"
+#include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
 #include "records/Contention.h"
 #include "records/Customers.h"
 #include "records/GivenUp.h"
@@ -166,6 +168,29 @@ TEST_F(TrueCauses, TheRoutinesSayThatTheirFileCanNotBeLocked) {
                                    "shared safely.\rHave locking turned on for that drive, or put the data directory "
                                    "on another one.\rClick Retry to try again, or Cancel to "));
   }
+}
+
+TEST_F(TrueCauses, ATurnWithoutLocksBlamesNobodyAndCanBeTriedAgain) {
+  Put("TQINVTAG.DAT", "tag");
+  FaultyCalls calls(PathOf(""));
+  calls.When([](const FileCall& call, std::size_t) { return call.kind == CallKind::Lock ? ENOLCK : 0; });
+  UpdateTurns turns(PathOf("TQINVTAG.DAT"), clock);
+  desktop.WillAnswer(ui::Answer::Cancel);
+  try {
+    AskedTurn turn(turns, desktop, "TQINVTAG.DAT");
+    ADD_FAILURE() << "it was had";
+  } catch (const GivenUp& given) {
+    EXPECT_STREQ(given.what(), "TQINVTAG.DAT can not be locked. Nothing was changed.");
+  }
+  EXPECT_EQ(desktop.boxes.at(0).text,
+            "TQINVTAG.DAT lies where files can't be locked, so it isn't opened: without locks nothing is shared "
+            "safely.\rHave locking turned on for that drive, or put the data directory on another one.\rClick Retry to "
+            "try again, or Cancel to change nothing.");
+  desktop.WillAnswer([&](const ui::Box&) {
+    calls.Mend();
+    return ui::Answer::Retry;
+  });
+  EXPECT_TRUE(AskedTurn(turns, desktop, "TQINVTAG.DAT").IsHad());
 }
 
 TEST_F(TrueCauses, OptionsThatAreALinkAFolderOrEndlessSaySo) {
