@@ -149,9 +149,9 @@ void frmMain::OnUnload(bool&) {
   database_.lantosData.CloseRecordsets();
   database_.korvelData.CloseRecordsets();
   Run([this] { startAndStop_.sendWaitingChanges(); });
-  Run([this] { doubtfulFiles_.Tell(); });
   shop_.environment.settings.Save("ShowStatus", menus_.ShownStatuses());
   UnloadOtherForms();
+  Run([this] { doubtfulFiles_.Tell(); });
   SaveSettings();
   ProfileFile profile = shop_.environment.Profile();
   WorkstationProfile(profile, shop_.environment.profileSection).WriteFontFactor(shop_.environment.fontFactor);

@@ -242,13 +242,18 @@ bool FaultRun::IsStored(const ShopState& state, const Deed& deed) const {
 void FaultRun::TrySettling(Deed& run, Ending& ending) const {
   const ShopState left = StateOf(run.Shop().directory);
   if (ending.kind != Ending::Kind::InTurn || !HasJournal(left)) return;
+  const auto isOfNoRecord = [&](const std::string& name) {
+    return IsJournal(name) || std::ranges::find(run.gaps, name) != run.gaps.end();
+  };
+  const bool isBegun = !std::ranges::all_of(Differences(left, before_), isOfNoRecord);
   for (const Deed::Settling how : {Deed::Settling::Finish, Deed::Settling::Undo}) {
     const std::unique_ptr<Deed> next = deed_.make();
     CopyFiles(run.Shop().directory, *next);
     next->Shop().desktop.failuresExpected = true;
     next->Settle(how);
     const Ending settled = Judge(StateOf(next->Shop().directory), *next);
-    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart) continue;
+    const bool isLost = run.isJournaledWhenKilled && isBegun && settled.kind != Ending::Kind::Stored;
+    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart && !isLost) continue;
     ending.kind = Ending::Kind::Apart;
     ending.apart = settled.apart;
     ending.said += how == Deed::Settling::Finish ? " // finished afterwards" : " // undone afterwards";
@@ -258,6 +263,11 @@ void FaultRun::TrySettling(Deed& run, Ending& ending) const {
   const std::vector<std::string> apart = Differences(left, after_);
   const bool isWhole = std::all_of(apart.begin(), apart.end(), IsJournal);
   if (isWhole && ending.kind == Ending::Kind::InTurn) ending.kind = Ending::Kind::Stored;
+  if (run.isJournaledWhenKilled && !isBegun && ending.kind == Ending::Kind::InTurn) {
+    ending.kind = run.gaps.empty() || std::ranges::all_of(Differences(left, before_), IsJournal)
+                      ? Ending::Kind::AsBefore
+                      : Ending::Kind::Gap;
+  }
 }
 
 Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
