@@ -63,6 +63,15 @@ void DataEnvironment::CloseRecordsets() {
   for (auto& [name, recordset] : recordsets_) recordset.Close();
 }
 
+void DataEnvironment::Foresee(const std::vector<Foreseen>& commands) {
+  std::vector<Question> questions;
+  for (const Foreseen& each : commands) {
+    const Command& entry = FindCommand(commands_, each.command);
+    questions.push_back({entry.statement, Checked(entry, each.values)});
+  }
+  Connection().Foresee(questions);
+}
+
 Recordset& DataEnvironment::Run(std::string_view command, const std::vector<Value>& values) {
   Recordset& recordset = Rs(command);
   recordset.Close();

@@ -10,9 +10,9 @@
 // The one place that knows which engines there are: everything else works with an Engine.
 namespace lantos {
 
-// Opens the engine that a database file is for, told from the file's first bytes. A file that no engine of this program
-// is for is refused untouched, with a text that says what it is; so is one that isn't there. "now" inside the database
-// is the clock's. The clock outlives the engine. Throws DatabaseError.
+// Opens the engine that a database file is for, told from the file's first bytes: the file itself, or the server that
+// it names. A file that no engine of this program is for is refused untouched, with a text that says what it is; so is
+// one that isn't there. "now" inside the database is the clock's. The clock outlives the engine. Throws DatabaseError.
 std::unique_ptr<Engine> OpenDatabase(const std::filesystem::path& path, const Clock& clock,
                                      std::chrono::milliseconds busyTimeout = kBusyTimeout);
 

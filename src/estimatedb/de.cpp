@@ -227,6 +227,25 @@ void de::SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view des
 
 void de::DeleteSpecialDay(DaySerial date) { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); }
 
+void de::ForeseeDays(DaySerial first, std::size_t count) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands{{"GetStdHours", {}}};
+  for (std::size_t i = 0; i < count; ++i) {
+    const DaySerial day = first + static_cast<DaySerial>(i);
+    commands.push_back({"SpecialDaysByDate", {Day(day)}});
+    commands.push_back({"GetEstimatesByDate", {Day(day)}});
+  }
+  Foresee(commands);
+}
+
+void de::ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands;
+  for (const std::int32_t estimate : totalsOf) commands.push_back({"TotalsForEstimate", {Long(estimate)}});
+  for (const std::int32_t estimate : laborOf) commands.push_back({"LaborForEstimate", {Long(estimate)}});
+  Foresee(commands);
+}
+
 Recordset& de2::SelectQuery() { return Run("SelectQuery", {}); }
 
 void de2::UpdateQuery() { Run("UpdateQuery", {}); }

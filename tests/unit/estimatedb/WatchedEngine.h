@@ -56,6 +56,8 @@ class WatchedEngine : public Engine {
   void Together(const std::function<void()>& work) override { engine_->Together(work); }
   void Apart(const std::function<void()>& work) override { engine_->Apart(work); }
   void ReadTogether(const std::function<void()>& work) override { engine_->ReadTogether(work); }
+  bool IsFar() const override { return engine_->IsFar(); }
+  void Foresee(const std::vector<Question>& questions) override { engine_->Foresee(questions); }
 
  private:
   std::unique_ptr<Engine> engine_;
