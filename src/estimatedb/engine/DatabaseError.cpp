@@ -41,4 +41,12 @@ std::string WordsOfLock(std::string_view file, std::chrono::milliseconds wait) {
       file, std::chrono::duration<double>(wait).count());
 }
 
+std::string WordsOfMove(std::string_view file) {
+  return fmt::format(
+      "The estimates have been moved to another database while this program ran: \"{}\" isn't the one that it has "
+      "open. "
+      "Nothing was stored.\n\nEnd the program and start it again.",
+      file);
+}
+
 }  // namespace lantos

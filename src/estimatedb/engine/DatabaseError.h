@@ -24,6 +24,8 @@ enum class DatabaseErrorKind {
 // What a person is told of it. A lock has its own words, since they name the wait.
 std::string_view WordsOf(DatabaseErrorKind kind);
 std::string WordsOfLock(std::string_view file, std::chrono::milliseconds wait);
+// Of a file that another one has taken the place of.
+std::string WordsOfMove(std::string_view file);
 // With the database's file behind them, where its place is worth knowing.
 std::string WordsOf(DatabaseErrorKind kind, std::string_view file);
 

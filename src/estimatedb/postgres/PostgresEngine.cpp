@@ -105,6 +105,14 @@ void PostgresEngine::Foresee(const std::vector<Question>& questions) {
   }
 }
 
+std::vector<PostgresResult> PostgresEngine::AskPlainly(const std::vector<PostgresRequest>& requests) {
+  try {
+    return AskInTransaction(requests);
+  } catch (const PostgresFailure& failure) {
+    Rethrow(failure, FromUtf8(requests.front().text), {}, Fate::NotStored);
+  }
+}
+
 // What makes or changes tables, and what misses one, shows that the keys must be asked for again.
 void PostgresEngine::Forget(std::string_view statement, DatabaseErrorKind kind) {
   const std::vector<Word> words = MeaningfulWords(statement);

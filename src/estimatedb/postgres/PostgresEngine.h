@@ -39,6 +39,8 @@ class PostgresEngine : public Engine {
   bool IsFar() const override { return true; }
   void Foresee(const std::vector<Question>& questions) override;
 
+  // Within Together, in the server's own words; one round trip.
+  std::vector<PostgresResult> AskPlainly(const std::vector<PostgresRequest>& requests);
   // How often the server was asked and waited for.
   std::size_t RoundTrips() const { return roundTripsBefore_ + (connection_ ? connection_->Exchanges() : 0); }
 

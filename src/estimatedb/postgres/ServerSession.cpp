@@ -70,9 +70,17 @@ PostgresRequest TellToday(DaySerial today) {
   return {fmt::format("SELECT pg_catalog.set_config('{}', $1, false)", kTodaySetting), {FormatIsoDate(today)}, {kText}};
 }
 
+std::unique_ptr<PostgresConnection> ConnectTo(const ServerPlace& place) {
+  try {
+    return std::make_unique<PostgresConnection>(place.server, kPatience);
+  } catch (const PostgresFailure& failure) {
+    Refuse(failure, place);
+  }
+}
+
 ServerSession OpenSession(const ServerPlace& place, DaySerial today, std::chrono::milliseconds lockTimeout) {
   try {
-    ServerSession session{std::make_unique<PostgresConnection>(place.server, kPatience), {}};
+    ServerSession session{ConnectTo(place), {}};
     const std::vector<PostgresResult> set = session.connection->Exchange(
         {{std::string(kSetUp),
           {place.schema, fmt::format("{}ms", std::max<std::int64_t>(lockTimeout.count(), 1))},

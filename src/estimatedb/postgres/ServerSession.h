@@ -20,7 +20,8 @@ struct ServerSession {
   std::map<std::string, std::vector<std::string>> keys;  // the columns that rows are told apart by, for each table
 };
 
-// Throws DatabaseError, whose words say which server and what can be done.
+// A connection that nothing is set up in. Both throw DatabaseError, whose words say which server and what can be done.
+std::unique_ptr<PostgresConnection> ConnectTo(const ServerPlace& place);
 ServerSession OpenSession(const ServerPlace& place, DaySerial today, std::chrono::milliseconds lockTimeout);
 
 PostgresRequest TellToday(DaySerial today);

@@ -97,6 +97,13 @@ std::string WordsOfClosedSchema(const ServerPlace& place) {
       Server(place), FromUtf8(place.schema), File(place));
 }
 
+std::string WordsOfSchemaNotMade(const ServerPlace& place) {
+  return fmt::format(
+      "{} doesn't let this login make the schema \"{}\" in the database \"{}\". Nothing was changed.\n\nAsk whoever "
+      "looks after the server to make it and to give it to this login.",
+      Server(place), FromUtf8(place.schema), place.database);
+}
+
 std::string WordsOfEncoding(const ServerPlace& place, std::string_view encoding) {
   return fmt::format(
       "The database \"{}\" on the server \"{}\" keeps its texts in {}, which can't hold all that is typed here.\n\nThe "

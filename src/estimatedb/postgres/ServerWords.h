@@ -22,6 +22,7 @@ std::string WordsOfLostConnection(const ServerPlace& place, Fate fate);
 
 std::string WordsOfMissingSchema(const ServerPlace& place);
 std::string WordsOfClosedSchema(const ServerPlace& place);
+std::string WordsOfSchemaNotMade(const ServerPlace& place);
 std::string WordsOfEncoding(const ServerPlace& place, std::string_view encoding);
 
 }  // namespace lantos

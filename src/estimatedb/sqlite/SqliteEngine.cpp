@@ -41,7 +41,7 @@ DatabaseErrorKind KindOf(int code, int extendedCode, std::string_view descriptio
     case SQLITE_LOCKED:
       return DatabaseErrorKind::Locked;
     case SQLITE_READONLY:
-      return DatabaseErrorKind::ReadOnly;
+      return extendedCode == SQLITE_READONLY_DBMOVED ? DatabaseErrorKind::Unreachable : DatabaseErrorKind::ReadOnly;
     case SQLITE_FULL:
       return DatabaseErrorKind::Full;
     case SQLITE_CANTOPEN:
@@ -258,10 +258,13 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
     const int code = error.getErrorCode() & 0xFF;
     const std::string description = FromUtf8(error.what());
     const DatabaseErrorKind kind = KindOf(code, error.getExtendedErrorCode(), description);
+    const std::string file = TextOfPath(path_);
     if (kind != DatabaseErrorKind::Locked) {
-      throw DatabaseError(fmt::format("{}\n\n{}", description, details), kind, code, WordsOf(kind, TextOfPath(path_)));
+      const bool isMoved = error.getExtendedErrorCode() == SQLITE_READONLY_DBMOVED;
+      throw DatabaseError(fmt::format("{}\n\n{}", description, details), kind, code,
+                          isMoved ? WordsOfMove(file) : WordsOf(kind, file));
     }
-    const std::string words = WordsOfLock(TextOfPath(path_), busyTimeout_);
+    const std::string words = WordsOfLock(file, busyTimeout_);
     throw DatabaseError(fmt::format("{}\n\n{}", words, details), kind, code, words);
   }
 }

@@ -42,6 +42,8 @@ class SqliteEngine : public Engine {
   void ReadTogether(const std::function<void()>& work) override;
 
   std::size_t StatementsPrepared() const { return statementsPrepared_; }
+  // The file as the engine's own library has it, for work within Together that knows what it does.
+  SQLite::Database& Plainly() { return *database_; }
 
  private:
   struct TextHash {
