@@ -17,6 +17,7 @@ class TestServer {
 
   // As whom a connection is made: the shop's user may do nothing but make schemas and what is in them.
   std::string Address(const std::string& user = "shop", const std::string& database = "test") const;
+  const std::string& Directory() const { return directory_; }
   // The text of a file that stands in a database's place.
   std::string File(const std::string& schema) const;
   // Its name.

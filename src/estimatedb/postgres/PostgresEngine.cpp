@@ -8,6 +8,7 @@
 #include "estimatedb/engine/SqlWords.h"
 #include "estimatedb/engine/StatementText.h"
 #include "estimatedb/postgres/PostgresDialect.h"
+#include "estimatedb/postgres/PostgresRequests.h"
 #include "estimatedb/postgres/PostgresRows.h"
 #include "estimatedb/postgres/PostgresValues.h"
 #include "estimatedb/postgres/ServerLibrary.h"
@@ -30,18 +31,6 @@ const PostgresRequest kUndoStatement{"ROLLBACK TO SAVEPOINT lantos_statement"};
 const PostgresRequest kBeginPart{"SAVEPOINT lantos_part"};
 const PostgresRequest kEndPart{"RELEASE SAVEPOINT lantos_part"};
 const PostgresRequest kUndoPart{"ROLLBACK TO SAVEPOINT lantos_part"};
-
-std::vector<PostgresRequest> RequestsOf(const std::vector<std::string>& texts, const std::vector<Value>& parameters) {
-  std::vector<PostgresRequest> requests;
-  const auto use = parameters.empty() ? PostgresRequest::Use::Once : PostgresRequest::Use::Planned;
-  for (const std::string& text : texts) requests.push_back({.text = ToUtf8(text), .use = use});
-  for (const Value& value : parameters) AddValue(requests.back(), value);
-  return requests;
-}
-
-void Append(std::vector<PostgresRequest>& all, const std::vector<PostgresRequest>& more) {
-  all.insert(all.end(), more.begin(), more.end());
-}
 
 }  // namespace
 
@@ -70,11 +59,7 @@ Recordset PostgresEngine::Run(std::string_view statement, const std::vector<Valu
   if (std::optional<Recordset> known = foreseen_.Take(statement, parameters)) return std::move(*known);
   Fate fate = Fate::NotStored;
   try {
-    const Statement& turned = StatementOf(statement);
-    if (parameters.size() != turned.places) {
-      throw DatabaseError("The number of values isn't that of the statement's parameters.\n\n" +
-                          StatementForLog(statement, parameters));
-    }
+    const Statement& turned = StatementFor(statement, parameters);
     const Purpose purpose = turned.isWriting ? Purpose::Write : Purpose::Read;
     if (turned.isWriting) foreseen_.Forget();
     if (transaction_ == Transaction::None && turned.isWriting) fate = Fate::Unknown;
@@ -87,22 +72,17 @@ Recordset PostgresEngine::Run(std::string_view statement, const std::vector<Valu
   }
 }
 
-// One round trip; where one of them fails, they are asked one by one, and the one that fails fails then.
-void PostgresEngine::Foresee(const std::vector<Question>& questions) {
-  if (questions.empty() || transaction_ == Transaction::None || transaction_ == Transaction::Lost) return;
-  try {
-    std::vector<PostgresRequest> requests;
-    for (const Question& question : questions) {
-      Append(requests, RequestsOf(StatementOf(question.statement).texts, question.values));
-    }
-    const std::vector<PostgresResult> results = AskInTransaction(requests);
-    for (std::size_t i = 0; i < questions.size(); ++i) {
-      foreseen_.Keep(questions[i].statement, questions[i].values, RowsOf(*results[i]));
-    }
-  } catch (const PostgresFailure& failure) {
-    Forget(questions.front().statement, KindOfState(failure.State()));
-    if (transaction_ == Transaction::Lost) Rethrow(failure, questions.front().statement, {}, Fate::NotStored);
+// Without a plan: one that the server has lost could be asked for again, what went before it couldn't.
+void PostgresEngine::Post(std::string_view statement, const std::vector<Value>& parameters) {
+  const bool isAlone = transaction_ == Transaction::None || transaction_ == Transaction::Lost || parts_ != 0;
+  const Statement* const turned = isAlone ? nullptr : &StatementFor(statement, parameters);
+  if (turned == nullptr || turned->texts.size() != 1) {
+    Run(statement, parameters);
+    return;
   }
+  foreseen_.Forget();
+  posted_.push_back({std::string(statement), parameters, pending_.size()});
+  Append(pending_, RequestsOf(turned->texts, parameters, PostgresRequest::Use::Once));
 }
 
 std::vector<PostgresResult> PostgresEngine::AskPlainly(const std::vector<PostgresRequest>& requests) {
@@ -120,6 +100,14 @@ void PostgresEngine::Forget(std::string_view statement, DatabaseErrorKind kind) 
   if (kind != DatabaseErrorKind::NotThere && !begins("CREATE") && !begins("ALTER") && !begins("DROP")) return;
   keys_.reset();
   statements_.clear();
+}
+
+const PostgresEngine::Statement& PostgresEngine::StatementFor(std::string_view statement,
+                                                              const std::vector<Value>& parameters) {
+  const Statement& turned = StatementOf(statement);
+  if (parameters.size() == turned.places) return turned;
+  throw DatabaseError("The number of values isn't that of the statement's parameters.\n\n" +
+                      StatementForLog(statement, parameters));
 }
 
 const PostgresEngine::Statement& PostgresEngine::StatementOf(std::string_view statement) {
@@ -175,19 +163,6 @@ std::string PostgresEngine::FirstRowWhere(std::string_view table, std::string_vi
   return fmt::format("({0}) = (SELECT {0} FROM {1} WHERE {2} = ? ORDER BY {0} LIMIT 1)", key, table, column);
 }
 
-// Somebody else has changed a table that a plan speaks of, or something between here and the server has lost the plans:
-// what was asked for hasn't been done, and is asked for once more.
-template <class Asking>
-auto PostgresEngine::OrWithNewPlans(Asking ask) {
-  try {
-    return ask();
-  } catch (const PostgresFailure& failure) {
-    if (failure.State() != "0A000" && failure.State() != "26000") throw;
-    connection_->ForgetPlans();
-  }
-  return ask();
-}
-
 // Without a transaction, what is sent together is one.
 PostgresResult PostgresEngine::Ask(const std::vector<PostgresRequest>& requests, Purpose purpose) {
   if (transaction_ != Transaction::None) return std::move(AskInTransaction(requests).back());
@@ -214,13 +189,16 @@ std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<Postgres
   transaction_ = Transaction::Begun;
   try {
     std::vector<PostgresResult> results = Exchange(all);
+    posted_.clear();
     results.erase(results.begin(), results.begin() + static_cast<std::ptrdiff_t>(ahead + 1));
     results.pop_back();
     return results;
   } catch (const PostgresFailure& failure) {
     if (failure.IsLost() || failure.Place() < ahead) {
       transaction_ = Transaction::Lost;
+      RethrowPosted(failure, ahead);
     } else {
+      posted_.clear();
       pending_ = {kUndoStatement, kEndStatement};
     }
     throw;
@@ -256,12 +234,15 @@ void PostgresEngine::ReadTogether(const std::function<void()>& work) { InTransac
 void PostgresEngine::Apart(const std::function<void()>& work) {
   if (transaction_ == Transaction::None) return Together(work);
   pending_.push_back(kBeginPart);
+  ++parts_;
   try {
     work();
   } catch (...) {
+    --parts_;
     Append(pending_, {kUndoPart, kEndPart});
     throw;
   }
+  --parts_;
   pending_.push_back(kEndPart);
 }
 
@@ -270,7 +251,7 @@ void PostgresEngine::InTransaction(Purpose purpose, const std::function<void()>&
   if (transaction_ != Transaction::None) return work();
   transaction_ = Transaction::Asked;
   allUndone_ = nullptr;
-  pending_ = {{purpose == Purpose::Write ? "BEGIN" : "BEGIN ISOLATION LEVEL REPEATABLE READ"}};
+  pending_ = {{purpose == Purpose::Write ? "BEGIN" : std::string(kBeginReading)}};
   Append(pending_, Opening(purpose));
   try {
     work();
@@ -285,13 +266,17 @@ void PostgresEngine::InTransaction(Purpose purpose, const std::function<void()>&
 void PostgresEngine::Commit(Purpose purpose) {
   foreseen_.Forget();
   std::vector<PostgresRequest> all = std::exchange(pending_, {});
-  if (std::exchange(transaction_, Transaction::None) != Transaction::Begun) return;
+  const bool isBegun = std::exchange(transaction_, Transaction::None) == Transaction::Begun;
+  if (!isBegun && posted_.empty()) return;
+  if (!isBegun && (!connection_ || !connection_->Stands())) Connect();
   all.push_back({"COMMIT"});
   try {
     const std::vector<PostgresResult> results = Exchange(all);
+    posted_.clear();
     const std::string_view done = Pq().cmdStatus(results.back().get());
     if (done != "COMMIT") throw DatabaseError(fmt::format("The server ended several changes together by {}.", done));
   } catch (const PostgresFailure& failure) {
+    if (!failure.IsLost()) RethrowPosted(failure, all.size());
     Rethrow(failure, "several changes together", {}, purpose == Purpose::Write ? Fate::Unknown : Fate::NotStored);
   }
 }
@@ -299,6 +284,7 @@ void PostgresEngine::Commit(Purpose purpose) {
 void PostgresEngine::Undo() noexcept {
   foreseen_.Forget();
   pending_.clear();
+  posted_.clear();
   transaction_ = Transaction::None;
   try {
     statements_.clear();
@@ -307,6 +293,14 @@ void PostgresEngine::Undo() noexcept {
     if (connection_) Exchange({{"ROLLBACK"}});
   } catch (...) {
     connection_.reset();  // the server undoes what has lost its connection
+  }
+}
+
+// As its own failure, where it is that of a posted statement.
+void PostgresEngine::RethrowPosted(const PostgresFailure& failure, std::size_t ahead) {
+  for (const Posted& each : std::exchange(posted_, {})) {
+    if (each.place != failure.Place() || failure.Place() >= ahead || failure.IsLost()) continue;
+    Rethrow(failure, each.statement, each.parameters, Fate::NotStored);
   }
 }
 

@@ -36,8 +36,10 @@ class PostgresEngine : public Engine {
   void Together(const std::function<void()>& work) override;
   void Apart(const std::function<void()>& work) override;
   void ReadTogether(const std::function<void()>& work) override;
+  void Post(std::string_view statement, const std::vector<Value>& parameters) override;
   bool IsFar() const override { return true; }
   void Foresee(const std::vector<Question>& questions) override;
+  void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) override;
 
   // Within Together, in the server's own words; one round trip.
   std::vector<PostgresResult> AskPlainly(const std::vector<PostgresRequest>& requests);
@@ -59,21 +61,44 @@ class PostgresEngine : public Engine {
   // Asked: it begins with its first statement. Lost: the server has undone it, with its connection or by itself.
   enum class Transaction { None, Asked, Begun, Lost };
 
+  // A statement that was posted, and its place among what is pending.
+  struct Posted {
+    std::string statement;
+    std::vector<Value> parameters;
+    std::size_t place = 0;
+  };
+
   void Connect();
   void Drop();
   const std::vector<std::string>& KeyOf(std::string_view table);
   std::string FirstRowWhere(std::string_view table, std::string_view column);
   const Statement& StatementOf(std::string_view statement);
+  const Statement& StatementFor(std::string_view statement, const std::vector<Value>& parameters);
+  std::vector<PostgresRequest> RequestsFor(const std::vector<Question>& questions);
+  void Keep(const std::vector<Question>& questions, const std::vector<PostgresResult>& results, std::size_t from);
   void Forget(std::string_view statement, DatabaseErrorKind kind);
   PostgresResult Ask(const std::vector<PostgresRequest>& requests, Purpose purpose);
   std::vector<PostgresResult> AskInTransaction(const std::vector<PostgresRequest>& requests);
   std::vector<PostgresResult> AskWithin(const std::vector<PostgresRequest>& requests);
+  // Somebody else has changed a table that a plan speaks of, or something between here and the server has lost the
+  // plans: what was asked for hasn't been done, and is asked for once more.
   template <class Asking>
-  auto OrWithNewPlans(Asking ask);
+  auto OrWithNewPlans(Asking ask) {
+    try {
+      return ask();
+    } catch (const PostgresFailure& failure) {
+      if (failure.State() != "0A000" && failure.State() != "26000") throw;
+      connection_->ForgetPlans();
+    }
+    return ask();
+  }
   std::vector<PostgresResult> Exchange(const std::vector<PostgresRequest>& requests);
   std::vector<PostgresRequest> Opening(Purpose purpose);
   void InTransaction(Purpose purpose, const std::function<void()>& work);
   void Commit(Purpose purpose);
+  void AskAhead(const std::vector<Question>& questions);
+  void EndReadingAhead();
+  void RethrowPosted(const PostgresFailure& failure, std::size_t ahead);
   void Undo() noexcept;
   [[noreturn]] void Rethrow(const PostgresFailure& failure, std::string_view statement,
                             const std::vector<Value>& parameters, Fate fate);
@@ -88,8 +113,11 @@ class PostgresEngine : public Engine {
   std::optional<DaySerial> today_;                                       // that the server was told
   Transaction transaction_ = Transaction::None;
   std::vector<PostgresRequest> pending_;  // what the transaction sends ahead of its next statement
-  std::exception_ptr allUndone_;          // why nothing of the running transaction is left
+  std::vector<Posted> posted_;
+  int parts_ = 0;                 // of the transaction, one within the other
+  std::exception_ptr allUndone_;  // why nothing of the running transaction is left
   ForeseenAnswers foreseen_;
+  bool isReadingAhead_ = false;
 };
 
 }  // namespace lantos

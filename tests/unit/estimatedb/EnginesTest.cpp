@@ -192,6 +192,70 @@ TEST_P(EitherEngine, WhatFailsApartIsUndoneAndTheRestOfTheWorkStands) {
   EXPECT_THAT(Days(), ElementsAre("1", "3"));
 }
 
+TEST_P(EitherEngine, WhatIsPostedIsStoredInItsPlaceAndSeenByWhatComesNext) {
+  const auto post = [this](std::int64_t hours) {
+    engine->Post("insert into SpecialDays (SpecialHours) values (?)", {hours});
+  };
+  post(1);
+  EXPECT_THAT(Days(), ElementsAre("1")) << "outside of a transaction it is run";
+  engine->Together([&] {
+    post(2);
+    EXPECT_EQ(Value("select count(*) from SpecialDays"), "2");
+    engine->Run("delete from SpecialDays", {});
+    post(3);
+    engine->Apart([&] { post(4); });
+    post(5);
+  });
+  EXPECT_THAT(Days(), ElementsAre("3", "4", "5"));
+  engine->Together([&] { post(6); });
+  EXPECT_EQ(PlainValue("select count(*) from SpecialDays"), "4");
+}
+
+TEST_P(EitherEngine, APostedChangeThatFailsTakesAllOfItsWorkAlong) {
+  const auto post = [this] { engine->Post("insert into Estimates (EstimateNumber) values (?)", {std::int64_t{1}}); };
+  AddEstimate(1);
+  const std::function<void()> kBehind[] = {[] {}, [&] { Value("select count(*) from Estimates"); },
+                                           [&] { engine->Apart([&] { AddDay(2); }); }};
+  for (const auto& behind : kBehind) {
+    EXPECT_EQ(KindOf([&] {
+                engine->Together([&] {
+                  AddDay(1);
+                  post();
+                  behind();
+                });
+              }),
+              DatabaseErrorKind::Duplicate);
+    EXPECT_THAT(Days(), testing::IsEmpty());
+  }
+  EXPECT_THAT(ErrorOf([&] { engine->Together(post); }), HasSubstr("insert into Estimates (EstimateNumber) values"));
+  engine->Together([&] {
+    EXPECT_NE(ErrorOf([&] { engine->Apart(post); }), "") << "but for one that is apart";
+    AddDay(3);
+  });
+  EXPECT_THAT(Days(), ElementsAre("3"));
+}
+
+TEST_P(EitherEngine, WorkThatReadsAheadGetsTheSameAnswers) {
+  AddDay(1);
+  const Question days{"select * from SpecialDays", {}};
+  std::size_t count = 0;
+  engine->ReadAhead({days, {"select * from Estimates where EstimateNumber = ?", {std::int64_t{7}}}}, [&] {
+    count = Ask("select * from SpecialDays").Count();
+    EXPECT_TRUE(engine->Run("select * from Estimates where EstimateNumber = ?", {std::int64_t{7}}).Eof());
+    engine->ReadAhead({days}, [&] { AddDay(2); });
+    count += Ask("select * from SpecialDays").Count();
+  });
+  EXPECT_EQ(count, 1U + 2U);
+  EXPECT_EQ(KindOf([&] {
+              engine->ReadAhead({days, {"select * from Nowhere", {}}}, [&] {
+                EXPECT_EQ(Ask("select * from SpecialDays").Count(), 2U);
+                Ask("select * from Nowhere");
+              });
+            }),
+            DatabaseErrorKind::NotThere);
+  EXPECT_EQ(Ask("select * from SpecialDays").Count(), 2U);
+}
+
 TEST_P(EitherEngine, WorkApartOfNothingIsWorkTogether) {
   EXPECT_NE(ErrorOf([&] {
               engine->Apart([&] {

@@ -234,6 +234,62 @@ TEST_F(Servers, AreAskedOnceForAStatementAndThriceForAReadAndAChangeTogether) {
             }),
             3U);
   EXPECT_EQ(tripsOf([&] { engine->Together([] {}); }), 0U);
+  EXPECT_EQ(tripsOf([&] {
+              engine->Together([&] {
+                engine->Run("select * from SpecialDays", {});
+                engine->Post("insert into SpecialDays (SpecialHours) values (?)", {std::int64_t{3}});
+              });
+            }),
+            2U)
+      << "the change goes with the commit";
+  const Question days{"select * from SpecialDays where SpecialHours = ?", {std::int64_t{3}}};
+  EXPECT_EQ(tripsOf([&] {
+              engine->ReadAhead({days, {"select * from Estimates", {}}}, [&] {
+                engine->ReadAhead({days}, [&] {
+                  EXPECT_EQ(engine->Run(days.statement, days.values).Count(), 1U);
+                  engine->Run("select * from Estimates", {});
+                });
+              });
+            }),
+            1U);
+}
+
+TEST_F(Servers, APostedChangeWhoseConnectionIsLostIsNotSaidToBeStored) {
+  HangUpOnADay("");
+  const auto post = [this] { engine->Post("insert into SpecialDays (SpecialHours) values (1)", {}); };
+  EXPECT_THAT(WordsOfFailure([&] { engine->Together(post); }), HasSubstr("isn't known"));
+  EXPECT_THAT(WordsOfFailure([&] {
+                engine->Together([&] {
+                  post();
+                  engine->Run("select * from Estimates", {});
+                });
+              }),
+              HasSubstr("Nothing of what was being done was stored"));
+  HangUpNoMore();
+  EXPECT_EQ(Count(), "0");
+  engine->Together(post);
+  EXPECT_EQ(Count(), "1");
+  EndAllConnections();
+  engine->Together(post);
+  EXPECT_EQ(Count(), "2") << "nothing was on its way";
+}
+
+TEST_F(Servers, ReadingAheadGoesOnWithNewPlansAndANewConnection) {
+  const Question labor{"select * from Labors where EstimateNumber = ?", {std::int64_t{5}}};
+  const auto read = [&] {
+    std::size_t count = 9;
+    engine->ReadAhead({labor}, [&] { count = engine->Run(labor.statement, labor.values).Count(); });
+    return count;
+  };
+  EXPECT_EQ(read(), 0U);
+  engine->Run("deallocate all", {});
+  EXPECT_EQ(read(), 0U);
+  EndAllConnections();
+  EXPECT_EQ(read(), 0U);
+  server.Stop();
+  EXPECT_THAT(WordsOfFailure(read), HasSubstr("can't be reached"));
+  server.Start();
+  EXPECT_EQ(read(), 0U);
 }
 
 TEST_F(Servers, PlansThatNoLongerHoldAreMadeAnew) {
