@@ -149,6 +149,7 @@ void frmMain::OnUnload(bool&) {
   database_.lantosData.CloseRecordsets();
   database_.korvelData.CloseRecordsets();
   Run([this] { startAndStop_.sendWaitingChanges(); });
+  Run([this] { doubtfulFiles_.Tell(); });
   shop_.environment.settings.Save("ShowStatus", menus_.ShownStatuses());
   UnloadOtherForms();
   SaveSettings();

@@ -125,6 +125,8 @@ CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const Customer
     if (!isOvertaken()) tagFile_->WriteAt(places.tag, tag.Bytes());
   };
   const std::optional<CustomerTag> before = TagBefore(places.tag);
+  WriteAhead ahead(environment_);
+  NoteAhead(ahead, places, tag, before, master);
   if (!tagContention_.Run(writeTag)) return Outcome::Ended;
   if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Tag;
@@ -146,6 +148,18 @@ CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const Customer
   if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Both;
   return Outcome::Ended;
+}
+
+// Where one of the two stays as it is, nothing can be half done.
+void CustomerFiles::NoteAhead(WriteAhead& ahead, const Places& places, const CustomerTag& tag,
+                              const std::optional<CustomerTag>& tagBefore, const CustomerRecord& master) const {
+  const auto offset = static_cast<std::uint64_t>(places.master);
+  CustomerRecord masterBefore;
+  const std::size_t read = masters_->ReadAt(offset, masterBefore.Bytes());
+  if (tagBefore == tag || (read == CustomerRecord::kLength && masterBefore == master)) return;
+  ahead.Note("Customer " + FormatZeros(tag.Get(customertag::Number), 6),
+             {{std::string(kCustomerTagFile), places.tag, tagBefore ? TextOf(*tagBefore) : "", TextOf(tag)},
+              {std::string(kCustomerFile), offset, TextOf(masterBefore).substr(0, read), TextOf(master)}});
 }
 
 std::optional<CustomerTag> CustomerFiles::TagBefore(std::uint64_t offset) const {

@@ -9,6 +9,7 @@
 #include "records/Contention.h"
 #include "records/Customers.h"
 #include "records/OpenedFile.h"
+#include "records/WriteAhead.h"
 
 namespace lantos {
 
@@ -65,6 +66,8 @@ class CustomerFiles {
   FileLink EndOfMasters() const;
   // Nothing where the file ended.
   std::optional<CustomerTag> TagBefore(std::uint64_t offset) const;
+  void NoteAhead(WriteAhead& ahead, const Places& places, const CustomerTag& tag,
+                 const std::optional<CustomerTag>& tagBefore, const CustomerRecord& master) const;
   // False when it could not be done.
   bool PutTagBack(std::uint64_t offset, const CustomerTag& written, const std::optional<CustomerTag>& before);
 

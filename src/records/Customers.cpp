@@ -7,6 +7,7 @@
 #include "frame/Numbers.h"
 #include "records/Contention.h"
 #include "records/OpenedFile.h"
+#include "records/WriteAhead.h"
 
 namespace lantos {
 
@@ -73,10 +74,11 @@ bool Chain(Customers& customers, Vehicles& vehicles, FileLink place, VehicleReco
   ThrowOfChain();
 }
 
-bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRecord& record, FileLink& place) {
+bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRecord& record, FileLink& place,
+                     const std::function<void(FileLink)>& beforehand) {
   record.Put(vehicle::VLink, owner.Get(customer::VLink));
   if (place == kNoLink) {
-    place = vehicles.Append(record);
+    place = vehicles.Append(record, beforehand);
     return place != kNoLink;
   }
   const std::optional<VehicleRecord> earlier = vehicles.Read(place);
@@ -84,6 +86,22 @@ bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRec
   // The chain may lead there already.
   record.Put(vehicle::VLink, earlier->Get(vehicle::VLink));
   return vehicles.Write(place, record);
+}
+
+// The new vehicle, and the link of its owner that will lead to it.
+void NoteAhead(WriteAhead& ahead, Customers& customers, FileLink offset, const VehicleRecord& record) {
+  const std::size_t index = customers.IndexOf(customers.CurrentCustomer.Get(customer::Number));
+  if (index == customers.Count()) return;
+  const FileLink master = customers.Tag(index).Get(customertag::Offset);
+  if (master < 0) return;
+  CustomerRecord owner = customers.CurrentCustomer;
+  const auto linkOf = [&] { return TextOf(owner).substr(customer::VLink.offset, sizeof(FileLink)); };
+  const std::string before = linkOf();
+  owner.Put(customer::VLink, offset);
+  ahead.Note(
+      "A vehicle of customer " + FormatZeros(owner.Get(customer::Number), 6),
+      {{std::string(kVehicleFile), static_cast<std::uint64_t>(offset), "", TextOf(record)},
+       {std::string(kCustomerFile), static_cast<std::uint64_t>(master) + customer::VLink.offset, before, linkOf()}});
 }
 
 }  // namespace
@@ -223,7 +241,9 @@ FileLink Customers::AppendVehicle(VehicleRecord& record, FileLink* earlier) {
   FileLink first = kNoLink;
   FileLink& place = earlier != nullptr ? *earlier : first;
   // Not chained when it isn't written: a chain that began at "none" would lose all vehicles of the customer.
-  if (!WriteNewVehicle(vehicles_, CurrentCustomer, record, place)) return kNoLink;
+  WriteAhead ahead(environment_);
+  const auto beforehand = [&](FileLink offset) { NoteAhead(ahead, *this, offset, record); };
+  if (!WriteNewVehicle(vehicles_, CurrentCustomer, record, place, beforehand)) return kNoLink;
   try {
     if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
   } catch (const FileError& error) {

@@ -9,6 +9,7 @@
 #include "records/inventory/NameList.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
+#include "shop/HalfStored.h"
 #include "start/DataDirectory.h"
 #include "start/frmSplash.h"
 
@@ -32,7 +33,7 @@ std::string ProfileSectionOf(const std::string& computerName) {
   return name.empty() ? std::string(kDefaultsSection) : name;
 }
 
-std::vector<std::string> MakeUpdateFile(Shop& shop) {
+LeftJournals MakeUpdateFile(Shop& shop) {
   Environment& environment = shop.environment;
   const DaySerial today = environment.Today();
   try {
@@ -102,7 +103,9 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
   UpgradeDatabase(database, environment, shop.records);
   WarnOfNetworkMount(shop, database.lantosData);
-  journals = MakeUpdateFile(shop);
+  LeftJournals left = MakeUpdateFile(shop);
+  SettleRecords(environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory
+  journals = std::move(left.ofConversions);
   ProfileFile profile = environment.Profile();
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
   SetMainWindowFont(shop);

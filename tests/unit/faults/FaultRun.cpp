@@ -36,7 +36,7 @@ FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>
   };
 }
 
-bool IsJournal(const std::string& name) { return name.starts_with("AJ"); }
+bool IsJournal(const std::string& name) { return name.starts_with("AJ") || name.starts_with("AR"); }
 bool HasJournal(const ShopState& state) {
   return std::any_of(state.begin(), state.end(),
                      [](const auto& file) { return IsJournal(file.first) && !file.second.empty(); });
@@ -62,8 +62,10 @@ std::string Renumbered(std::string rows, std::int32_t from, std::int32_t to) {
 // In place of what the deed's own shop has, which nobody has begun to use.
 void CopyFiles(const ScratchDirectory& from, Deed& deed) {
   namespace fs = std::filesystem;
-  deed.Database()->lantosData.Disconnect();
-  deed.Database()->korvelData.Disconnect();
+  if (deed.Database() != nullptr) {
+    deed.Database()->lantosData.Disconnect();
+    deed.Database()->korvelData.Disconnect();
+  }
   const fs::path to = deed.Shop().directory.Path();
   const auto isOfShop = [](const fs::directory_entry& entry) {
     return entry.is_regular_file() && entry.path().extension() != ".LOG";
@@ -183,7 +185,8 @@ Ending FaultRun::Kill(std::size_t call) const {
   Ending ending = Judge(StateOf(run->Shop().directory), *run);
   // Nobody is there to be told, and nobody has given anything up.
   ending.told = true;
-  const bool hasNoJournal = run->HasJournal() && !HasJournal(StateOf(run->Shop().directory));
+  const bool hasNoJournal =
+      (run->HasJournal() || run->isJournaledWhenKilled) && !HasJournal(StateOf(run->Shop().directory));
   if (ending.kind == Ending::Kind::InTurn && (run->isWholeWhenKilled || hasNoJournal)) {
     ending.kind = Ending::Kind::Apart;
   }
@@ -263,6 +266,12 @@ Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
   };
   Ending ending;
   if (IsStored(state, deed)) return ending;
+  const bool mayHaveJournal = deed.HasJournal() || deed.isJournaledWhenKilled;
+  // Whole, but for a journal that couldn't be deleted.
+  if (ending.apart = Differences(state, after_); mayHaveJournal && std::ranges::all_of(ending.apart, IsJournal)) {
+    ending.kind = Ending::Kind::InTurn;
+    return ending;
+  }
   ending.apart = Differences(state, before_);
   if (ending.apart.empty()) {
     ending.kind = Ending::Kind::AsBefore;
@@ -271,7 +280,7 @@ Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
   } else {
     std::erase_if(ending.apart, isAmong(deed.gaps));
     const bool isInTurn = std::all_of(ending.apart.begin(), ending.apart.end(), [&](const std::string& name) {
-      return isAmong(deed.inTurn)(name) || (deed.HasJournal() && IsJournal(name));
+      return isAmong(deed.inTurn)(name) || (mayHaveJournal && IsJournal(name));
     });
     const bool mayBe = !deed.HasJournal() || HasJournal(state) || deed.IsWholeButForGivenUp(state, before_, after_);
     ending.kind = isInTurn && mayBe ? Ending::Kind::InTurn : Ending::Kind::Apart;
