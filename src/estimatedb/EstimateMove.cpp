@@ -84,6 +84,15 @@ class InTheMaking {
   fs::path path_;
 };
 
+// A move that was broken off in its last step has given the shop's database a second name. Looked at by name alone.
+void TakeAwaySecondNames(const FileIO& files, const fs::path& place) {
+  for (const std::string& name : files.List("Lantos-until-*.mdb")) {
+    std::error_code ignored;
+    const fs::path path = files.PathOf(name);
+    if (fs::equivalent(path, place, ignored)) fs::remove(path, ignored);
+  }
+}
+
 fs::path FreeNameFor(const FileIO& files) {
   const std::string day = FormatIsoDate(files.GetClock().Today());
   std::string name = fmt::format("Lantos-until-{}.mdb", day);
@@ -173,6 +182,7 @@ EstimateMove MoveToServer(const FileIO& files, const std::string& server, const 
   if (NamesServer(place)) Refuse(fmt::format("\"{}\" names a server already.", TextOfPath(place)));
   const std::string text = ServerFileText(server, schema, place);
   RefuseWhereSomebodyWorks(files);
+  TakeAwaySecondNames(files, place);
   EstimateMove move;
   OpenedTables from = OpenTables(place, files.GetClock());
   from.engine->Together([&] {

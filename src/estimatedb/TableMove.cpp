@@ -32,9 +32,12 @@ bool Contains(const std::vector<std::string>& names, std::string_view name) {
 
 // A table that the program makes when it misses it has a command of its name, and others for its indexes.
 void MakeByItsCommands(Engine& engine, const std::string& table) {
+  const auto makes = [&](const Command& command) { return EqualsIgnoringCase(command.name, "Create" + table); };
+  const auto making = std::find_if(kLantosCommands.begin(), kLantosCommands.end(), makes);
+  if (making == kLantosCommands.end()) return;
+  engine.Run(making->statement, {});
   for (const Command& command : kLantosCommands) {
-    const bool makes = EqualsIgnoringCase(command.name, "Create" + table);
-    if (makes || ToLower(command.name).starts_with(ToLower("Index" + table))) engine.Run(command.statement, {});
+    if (ToLower(command.name).starts_with(ToLower("Index" + table))) engine.Run(command.statement, {});
   }
 }
 
@@ -188,7 +191,7 @@ MovedTables MoveTables(OpenedTables& from, OpenedTables& to, const TellProgress&
   MakeLantosTables(*to.engine);
   const std::vector<std::string> here = from.tables->Tables();
   for (const std::string& table : here) {
-    if (table == ToLower(kMadeAnew) || table == kMadeAnew) continue;
+    if (EqualsIgnoringCase(table, kMadeAnew)) continue;
     if (!Contains(to.tables->Tables(), table)) MakeByItsCommands(*to.engine, table);
   }
   const std::vector<std::string> there = to.tables->Tables();

@@ -57,6 +57,23 @@ def test_a_start_without_the_server_says_which_and_why(start, shop, changes, wor
     copy.expect_end(START_FAILED)
 
 
+def loaded_libraries(copy):
+    with open(f"/proc/{copy.process.pid}/maps", encoding="utf-8") as maps:
+        return maps.read()
+
+
+def test_the_servers_library_is_loaded_where_there_is_a_server_and_nowhere_else(start, shop, tmp_path):
+    shop.write()
+    on_server = start(shop)
+    on_server.expect_form("frmMain")
+    assert "libpq.so" in loaded_libraries(on_server)
+    other = Shop(tmp_path / "other")
+    other.write()
+    in_file = start(other)
+    in_file.expect_form("frmMain")
+    assert "libpq.so" not in loaded_libraries(in_file)
+
+
 def test_a_server_that_goes_away_is_told_of_and_asked_again(start, shop, server):
     one_estimate(shop)
     shop.write()

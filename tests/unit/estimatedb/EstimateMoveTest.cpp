@@ -139,6 +139,19 @@ TEST_F(EstimateMoves, SayWhatTheyLeaveBehind) {
   EXPECT_EQ(move.moved.datesDropped, 1);
 }
 
+TEST_F(EstimateMoves, TakeAwayASecondNameThatABrokenOffOneHasGiven) {
+  const std::filesystem::path second = PathOf("Lantos-until-2003-09-28.mdb");
+  std::filesystem::create_hard_link(Path(), second);
+  Put("Lantos-until-2003-09-27.mdb", "of an earlier move");
+  const std::string kept = ToServer(Fresh()).kept;
+  EXPECT_THAT(FilesOf("Lantos*"), testing::UnorderedElementsAre("Lantos.mdb", kept, "Lantos-until-2003-09-27.mdb"));
+}
+
+TEST_F(EstimateMoves, LeaveATableBehindWhoseNameOnlyBeginsLikeOneOfTheirOwn) {
+  Plain("create table Labor (Id integer)");
+  EXPECT_THAT(ToServer(Fresh()).moved.leftBehind, ElementsAre("Labor")) << "which isn't LaborDays";
+}
+
 TEST_F(EstimateMoves, TellHowFarTheyAre) {
   std::vector<std::string> told;
   MoveToServer(environment.files, server.Address(), Fresh(), [&](const MoveProgress& progress) {
