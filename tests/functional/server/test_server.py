@@ -67,6 +67,8 @@ def test_the_servers_library_is_loaded_where_there_is_a_server_and_nowhere_else(
     on_server = start(shop)
     on_server.expect_form("frmMain")
     assert "libpq.so" in loaded_libraries(on_server)
+    on_server.close()
+    on_server.expect_end()
     other = Shop(tmp_path / "other")
     other.write()
     in_file = start(other)
