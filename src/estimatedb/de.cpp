@@ -49,8 +49,8 @@ Recordset& de::LaborForEstimate(std::int32_t estimate) { return Run("LaborForEst
 
 void de::AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
                   Cents rate, Cents total, std::int32_t employee) {
-  Run("AddLabor",
-      {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total), Long(employee)});
+  Post("AddLabor",
+       {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total), Long(employee)});
 }
 
 void de::DeleteLabor(std::int32_t estimate, std::int32_t laborNumber) {
@@ -94,7 +94,7 @@ Recordset& de::NotesForEstimate(std::int32_t estimate) { return Run("NotesForEst
 void de::AddNote(std::int32_t estimate, std::int32_t note, const std::vector<std::string>& eightLines) {
   std::vector<Value> values{Long(estimate), Long(note)};
   values.insert(values.end(), eightLines.begin(), eightLines.end());
-  Run("AddNote", values);
+  Post("AddNote", values);
 }
 
 void de::DeleteNote(std::int32_t estimate, std::int32_t note) { Run("DeleteNote", {Long(estimate), Long(note)}); }
@@ -106,7 +106,7 @@ void de::CloneNotes(std::int32_t newEstimate, std::int32_t oldEstimate) {
 Recordset& de::SubletsForEstimate(std::int32_t estimate) { return Run("SubletsForEstimate", {Long(estimate)}); }
 
 void de::AddSublet(std::int32_t estimate, std::int32_t sublet, const Extra& line) {
-  Run("AddSublet", LineValues(estimate, sublet, line));
+  Post("AddSublet", LineValues(estimate, sublet, line));
 }
 
 void de::DeleteSublet(std::int32_t estimate, std::int32_t sublet) {
@@ -139,7 +139,7 @@ void de::SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std
 Recordset& de::WasteForEstimate(std::int32_t estimate) { return Run("WasteForEstimate", {Long(estimate)}); }
 
 void de::AddWaste(std::int32_t estimate, std::int32_t waste, const Extra& line) {
-  Run("AddWaste", LineValues(estimate, waste, line));
+  Post("AddWaste", LineValues(estimate, waste, line));
 }
 
 void de::DeleteWaste(std::int32_t estimate, std::int32_t waste) { Run("DeleteWaste", {Long(estimate), Long(waste)}); }
@@ -226,6 +226,38 @@ void de::SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view des
 }
 
 void de::DeleteSpecialDay(DaySerial date) { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); }
+
+void de::ForeseeDays(DaySerial first, std::size_t count) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands{{"GetStdHours", {}}};
+  for (std::size_t i = 0; i < count; ++i) {
+    const DaySerial day = first + static_cast<DaySerial>(i);
+    commands.push_back({"SpecialDaysByDate", {Day(day)}});
+    commands.push_back({"GetEstimatesByDate", {Day(day)}});
+  }
+  Foresee(commands);
+}
+
+void de::ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands;
+  for (const std::int32_t estimate : totalsOf) commands.push_back({"TotalsForEstimate", {Long(estimate)}});
+  for (const std::int32_t estimate : laborOf) commands.push_back({"LaborForEstimate", {Long(estimate)}});
+  Foresee(commands);
+}
+
+void de::ReadLinesAhead(std::int32_t estimate, const std::function<void()>& work) {
+  std::vector<Foreseen> commands;
+  for (const std::string_view command : {"PartsTable", "LaborForEstimate", "SubletsForEstimate", "WasteForEstimate",
+                                         "ChecklistForEstimate", "NotesForEstimate"}) {
+    commands.push_back({command, {Long(estimate)}});
+  }
+  ReadAhead(commands, work);
+}
+
+void de::ReadChargesAhead(std::int32_t estimate, const std::function<void()>& work) {
+  ReadAhead({{"SubletsForEstimate", {Long(estimate)}}, {"WasteForEstimate", {Long(estimate)}}}, work);
+}
 
 Recordset& de2::SelectQuery() { return Run("SelectQuery", {}); }
 

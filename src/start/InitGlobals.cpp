@@ -78,8 +78,8 @@ void LoadSharedTables(Records& records, Clock& clock) {
   LoadPatiently(clock, [&] { records.checkList.LoadChecklistFile(); });
 }
 
-void WarnOfNetworkMount(Shop& shop) {
-  if (!IsOnNetworkMount(shop.environment.files.PathOf("Lantos.mdb"))) return;
+void WarnOfNetworkMount(Shop& shop, de& database) {
+  if (!IsOnNetworkMount(shop.environment.files.PathOf("Lantos.mdb")) || database.Connection().IsFar()) return;
   constexpr const char* advice =
       "The data directory is on a network mount: for several workstations a database server is the safe choice.";
   shop.environment.log.Write(advice);
@@ -102,7 +102,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   Connect(database, environment);
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
   UpgradeDatabase(database, environment, shop.records);
-  WarnOfNetworkMount(shop);
+  WarnOfNetworkMount(shop, database.lantosData);
   LeftJournals left = MakeUpdateFile(shop);
   SettleRecords(environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory
   journals = std::move(left.ofConversions);

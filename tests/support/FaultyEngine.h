@@ -106,6 +106,15 @@ class FaultyEngine : public Engine {
     Take("begin to read");
     engine_->ReadTogether(work);
   }
+  void Post(std::string_view statement, const std::vector<Value>& parameters) override {
+    faults_.Take(statement);
+    engine_->Post(statement, parameters);
+  }
+  bool IsFar() const override { return engine_->IsFar(); }
+  void Foresee(const std::vector<Question>& questions) override { engine_->Foresee(questions); }
+  void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) override {
+    engine_->ReadAhead(questions, work);
+  }
 
  private:
   void Take(std::string_view statement) {
