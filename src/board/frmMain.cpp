@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "board/ListKeys.h"
+#include "board/ShowTrail.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 #include "records/modSystem.h"
@@ -47,6 +48,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
                                             if (onShow) detail.ShowEstimateDetail();
                                           },
                                       .systemChanged = [this] { FollowSystem(); },
+                                      .showTrail = [this] { ShowTrail(Parts(), board_); },
                                       .changeStatus = [this](std::int16_t status) { status_.ChangeTo(status); }});
 }
 
