@@ -176,6 +176,9 @@ void frmMain::UnloadOtherForms() {
 void frmMain::OnKeyDown(ui::KeyPress& key) {
   if (shop_.keys.HandleGlobalKeys(key, *this)) return;
   if (calendarKeys_.Press(key)) key.Clear();
+  if (!key.IsControl("T")) return;
+  key.Clear();
+  ShowTrail(Parts(), board_);
 }
 
 void frmMain::OnResize() { ui::FitMinimumSize(*this, 0, 0); }

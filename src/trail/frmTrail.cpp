@@ -51,7 +51,7 @@ frmTrail::frmTrail(Shop& shop, de& database, std::int32_t estimate, TakeBack tak
   DTPicker1.SetToolTip("The day of the changes");
   cmdUndo.SetToolTip("Take back your own last move, status or removal");
   cmdExport.SetToolTip("Save the list for a spreadsheet");
-  cmdClose.SetToolTip("Close <F10>, <Esc>");
+  cmdClose.SetToolTip("Done <F10>, close <Esc>");
   UseButtons(cmdClose, cmdClose);
 
   cboKind.OnClick = [this] { ShowDeeds(); };
