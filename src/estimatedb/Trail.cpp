@@ -174,19 +174,17 @@ void Trail::TakeBack(std::int32_t number, const std::function<void()>& work) {
   undoes_ = 0;
 }
 
-// What keeps the table from being made would keep the change from being made too, or is a matter of this database: then
-// the change goes on without.
+// What would keep the change from being made too is its error. What is a matter of this table alone leaves the change
+// to be made without.
 bool Trail::HasTable() {
   if (hasTable_ || isOff_) return hasTable_;
   try {
     MakeTable();
     return true;
   } catch (const DatabaseError& error) {
-    const DatabaseErrorKind kind = error.Kind();
-    if (kind == DatabaseErrorKind::Locked || kind == DatabaseErrorKind::Full ||
-        kind == DatabaseErrorKind::Unreachable || kind == DatabaseErrorKind::Damaged) {
-      throw;
-    }
+    constexpr DatabaseErrorKind kOfTheTable[] = {DatabaseErrorKind::Other, DatabaseErrorKind::NotThere,
+                                                 DatabaseErrorKind::Duplicate, DatabaseErrorKind::Refused};
+    if (std::find(std::begin(kOfTheTable), std::end(kOfTheTable), error.Kind()) == std::end(kOfTheTable)) throw;
     isOff_ = true;
     if (note_) note_(std::string("No trail is kept of the changes of this run: ") + error.what());
     return false;
