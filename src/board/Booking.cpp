@@ -45,7 +45,23 @@ std::optional<std::int32_t> Booking::Create(DaySerial day, Status status) {
                                     "New Estimate on " + FormatDateWithWeekday(day))) {
     return std::nullopt;
   }
-  return parts_.database.estimates.CreateEstimate(day, status);
+  modEstimates& estimates = parts_.database.estimates;
+  const std::int32_t number = estimates.TakeNumber();
+  Data().Connection().Together([&] {
+    estimates.AddRow(number, day, status);
+    TrySetCustomer(number);
+  });
+  return number;
+}
+
+// With its row, so that a process that ends here leaves no estimate of nobody. What is refused is tried again, and
+// asked about, when the estimate is on show.
+void Booking::TrySetCustomer(std::int32_t number) {
+  try {
+    Data().SetCustomer(parts_.shop.records.customers.CurrentCustomer.Get(customer::Number), number);
+  } catch (const DatabaseError& error) {
+    parts_.shop.environment.log.Write(error.what());
+  }
 }
 
 void Booking::ShowPrevious() {
@@ -59,7 +75,12 @@ void Booking::Book(std::int32_t number) {
   parts_.database.estimates.LoadEstimate(number);
   parts_.detail.BeginNew(number);
   try {
-    AttachCustomer();
+    const CustomerRecord& chosen = parts_.shop.records.customers.CurrentCustomer;
+    if (Current().CustomerNumber == chosen.Get(customer::Number)) {
+      parts_.detail.ShowCustomer(chosen);
+    } else {
+      AttachCustomer();
+    }
     AttachVehicle();
   } catch (const std::exception&) {
     ShowBooked(number);

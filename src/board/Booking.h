@@ -24,6 +24,7 @@ class Booking {
   bool AskForPastDate(DaySerial day);
   // The number of an estimate for the customer that the person chooses; nothing when none is chosen.
   std::optional<std::int32_t> Create(DaySerial day, Status status);
+  void TrySetCustomer(std::int32_t number);
   void ShowPrevious();
   void Book(std::int32_t number);
   void PrepareWorkorder(std::int32_t number, DaySerial day);

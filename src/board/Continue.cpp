@@ -1,7 +1,5 @@
 #include "board/Continue.h"
 
-#include <utility>
-
 #include "board/DayCapacity.h"
 #include "board/EstimateCopy.h"
 #include "board/frmContinue.h"
@@ -10,7 +8,6 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "records/GivenUp.h"
 #include "records/modSystem.h"
 #include "screens/EmployeeList.h"
 
@@ -29,11 +26,19 @@ Cents TotalAtShopRate(const Shop& shop, Hundredths hours) {
   return LongOrOverflow(DivideHalfEven(hours * rate, 100));
 }
 
+// A line that brings the copy's hours down by what was done.
 struct HoursApplied {
   Hundredths taken = 0;  // below zero for hours that were worked
   std::int32_t mechanic = 0;
 
   bool operator==(const HoursApplied&) const = default;
+};
+
+// As it stands in a copy.
+struct LineOfHours {
+  std::int32_t copy = 0;  // none: 0
+  std::int32_t number = 0;
+  HoursApplied applied;
 };
 
 // A continuation that may be refused at any of its steps, and tried again from there.
@@ -44,7 +49,7 @@ class Continuation {
         database_(database),
         old_(database.estimates.CurrentEstimate),
         next_(NextBusinessDay(database.lantosData, old_.SchedDate)),
-        copy_(database.estimates) {}
+        copy_(shop, database, kTitle) {}
 
   const Estimate& Old() const { return old_; }
   DaySerial Next() const { return next_; }
@@ -55,16 +60,14 @@ class Continuation {
   void CarryOn(const frmContinue& form);
 
  private:
-  void TakeOff(const HoursApplied& applied);
+  LineOfHours TakenOff(const HoursApplied& applied, const LineOfHours& before);
 
   Shop& shop_;
   EstimateDatabase& database_;
   Estimate old_;
   DaySerial next_;
   EstimateCopy copy_;
-  std::int32_t shortened_ = 0;  // the copy that hours were taken off, and by which line
-  HoursApplied takenOff_;
-  std::int32_t lineOfHours_ = 0;
+  LineOfHours line_;
 };
 
 void Continuation::CarryOn(const frmContinue& form) {
@@ -74,15 +77,13 @@ void Continuation::CarryOn(const frmContinue& form) {
                              .mechanic = EmployeeNumberOf(form.EmpList.Text())};
   TotalAtShopRate(shop_, applied.taken);
   if (applied.taken != 0) NextLaborNumber(data, old_.EstimateNumber);
-  copy_.Run([&] {
-    copy_.Make(next_, old_.Status);
+  LineOfHours line = line_;
+  const auto rest = [&] {
     data.SetStatus(old_.Status, copy_.Number());
-    if (std::exchange(shortened_, copy_.Number()) != copy_.Number()) takenOff_ = {};
-    if (applied != takenOff_) TakeOff(applied);
-    const bool isStored =
-        StoreUnlessChanged(shop_, database_, kTitle, [&] { data.SetStatus(kContinued, old_.EstimateNumber); });
-    if (!isStored) throw GivenUp("This estimate was left as it is.");
-  });
+    line = TakenOff(applied, line_);
+    data.SetStatus(kContinued, old_.EstimateNumber);
+  };
+  copy_.Make(next_, old_.Status, rest, [&] { line_ = line; });
 }
 
 bool Continuation::IsStillMeant() {
@@ -92,21 +93,22 @@ bool Continuation::IsStillMeant() {
   return true;
 }
 
-// A line that brings the copy's hours down by what was done, in the place of the one of an earlier try.
-void Continuation::TakeOff(const HoursApplied& applied) {
+// In the place of the line of an earlier try.
+LineOfHours Continuation::TakenOff(const HoursApplied& applied, const LineOfHours& before) {
   de& data = database_.lantosData;
+  const LineOfHours old = before.copy == copy_.Number() ? before : LineOfHours{.copy = copy_.Number()};
+  if (applied == old.applied) return old;
   // Taking the number has read the system record anew, and the rate with it.
   const Cents rate = shop_.records.system.SysRec.Get(sysrec::shop_rate);
-  std::int32_t line = lineOfHours_;
-  data.Connection().Together([&] {
-    if (takenOff_.taken != 0) data.DeleteLabor(copy_.Number(), lineOfHours_);
+  LineOfHours line{.copy = old.copy, .applied = applied};
+  data.Connection().Apart([&] {
+    if (old.applied.taken != 0) data.DeleteLabor(old.copy, old.number);
     if (applied.taken == 0) return;
-    line = NextLaborNumber(data, copy_.Number());
-    data.AddLabor(copy_.Number(), line, "HOURS APPLIED ON " + FormatDate(old_.SchedDate), applied.taken, rate,
+    line.number = NextLaborNumber(data, line.copy);
+    data.AddLabor(line.copy, line.number, "HOURS APPLIED ON " + FormatDate(old_.SchedDate), applied.taken, rate,
                   TotalAtShopRate(shop_, applied.taken), applied.mechanic);
   });
-  lineOfHours_ = line;
-  takenOff_ = applied;
+  return line;
 }
 
 }  // namespace

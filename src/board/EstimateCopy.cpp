@@ -1,35 +1,66 @@
 #include "board/EstimateCopy.h"
 
+#include <exception>
+
+#include "contents/conversion/ReadAfresh.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/PlainWords.h"
+#include "records/GivenUp.h"
 
 namespace lantos {
 
-void EstimateCopy::Run(const std::function<void()>& steps) const {
+void EstimateCopy::Make(DaySerial date, std::int16_t status, const std::function<void()>& rest,
+                        const std::function<void()>& stored) {
   try {
-    steps();
+    MakeAllTogether(date, status, rest, stored);
   } catch (const std::exception& error) {
-    if (number_ == 0) throw;
+    if (made_.number == 0) throw;
     throw WordedError(WhatStays() + error.what(), WhatStays() + WordsFor(error));
   }
 }
 
-void EstimateCopy::Make(DaySerial date, std::int16_t status) {
-  if (number_ == 0 || date_ != date) {
-    // One that was made for another day before stays too, and is the one to name while there is no other.
-    number_ = estimates_.CreateEstimate(date, status);
-    date_ = date;
-    isWhole_ = false;
+// An error behind the row is kept until the transaction has ended with what stood before it.
+void EstimateCopy::MakeAllTogether(DaySerial date, std::int16_t status, const std::function<void()>& rest,
+                                   const std::function<void()>& stored) {
+  const std::int32_t number = IsMadeOn(date) ? made_.number : database_.estimates.TakeNumber();
+  const Made before = made_;
+  std::exception_ptr refused;
+  bool isStored = false;
+  try {
+    isStored = StoreUnlessChanged(shop_, database_, title_, [&] {
+      try {
+        MakeRowAndLines(number, date, status);
+        rest();
+      } catch (const std::exception&) {
+        if (!IsMadeOn(date)) throw;
+        refused = std::current_exception();
+      }
+    });
+  } catch (...) {
+    made_ = before;
+    throw;
   }
-  if (isWhole_) return;
-  estimates_.CloneEstimateContents(estimates_.CurrentEstimate.EstimateNumber, number_);
-  isWhole_ = true;
+  if (!isStored) throw GivenUp("This estimate was left as it is.");
+  stored();
+  if (refused) std::rethrow_exception(refused);
+}
+
+// A copy that was made for another day before stays too, and is the one to name while there is no other.
+void EstimateCopy::MakeRowAndLines(std::int32_t number, DaySerial date, std::int16_t status) {
+  modEstimates& estimates = database_.estimates;
+  if (!IsMadeOn(date)) {
+    estimates.AddRow(number, date, status);
+    made_ = {.number = number, .date = date};
+  }
+  if (made_.isWhole) return;
+  estimates.CloneEstimateContents(estimates.CurrentEstimate.EstimateNumber, number);
+  made_.isWhole = true;
 }
 
 std::string EstimateCopy::WhatStays() const {
-  return "Estimate # " + FormatZeros(number_, 6) + " was made on " + FormatDateWithWeekday(date_) +
-         (isWhole_ ? " as a copy of this one" : " as a copy of this one, without its lines") +
+  return "Estimate # " + FormatZeros(made_.number, 6) + " was made on " + FormatDateWithWeekday(made_.date) +
+         (made_.isWhole ? " as a copy of this one" : " as a copy of this one, without its lines") +
          ", and stays there. The next step was not finished:\r\r";
 }
 

@@ -1,32 +1,51 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <utility>
 
 #include "estimatedb/EstimateDatabase.h"
+#include "shop/Shop.h"
 
 namespace lantos {
 
-// The copy of the current estimate on another day, for a move or a continuation. Nothing of it is undone: what is made
-// stays, whatever fails behind it, and the person is told which estimate that is.
+// The copy of the current estimate on another day, for a move or a continuation. Row, lines, and what becomes of the
+// estimate that it was made of are one transaction: a process that ends in the midst leaves nothing of them. What the
+// database refuses ends the transaction there, and nothing is undone: what was made by then stays, and the person is
+// told which estimate that is.
 class EstimateCopy {
  public:
-  explicit EstimateCopy(modEstimates& estimates) : estimates_(estimates) {}
+  EstimateCopy(Shop& shop, EstimateDatabase& database, std::string title)
+      : shop_(shop), database_(database), title_(std::move(title)) {}
 
-  // Makes the copy and what belongs to it. What fails before its row stands is thrown as it is, what fails behind that
-  // as a WordedError that names the copy first.
-  void Run(const std::function<void()>& steps) const;
-  // Its row and its lines, as a step of Run; what stands on that day from an earlier try isn't made again.
-  void Make(DaySerial date, std::int16_t status);
+  // Takes a number; makes the row and the lines, and then the rest; calls stored when they, or those before the one
+  // that was refused, are in the database. What an earlier try made on that day isn't made again. What another
+  // workstation has made of the estimate meanwhile is asked about before anything is made; GivenUp when the person
+  // doesn't go on. What fails before a row stands is thrown as it is, what fails behind that as a WordedError that
+  // names the copy first.
+  void Make(
+      DaySerial date, std::int16_t status, const std::function<void()>& rest,
+      const std::function<void()>& stored = [] {});
 
-  std::int32_t Number() const { return number_; }  // 0: no row has been made
+  std::int32_t Number() const { return made_.number; }  // 0: no row has been made
 
  private:
+  struct Made {
+    std::int32_t number = 0;
+    DaySerial date = 0;
+    bool isWhole = false;
+  };
+
+  void MakeAllTogether(DaySerial date, std::int16_t status, const std::function<void()>& rest,
+                       const std::function<void()>& stored);
+  void MakeRowAndLines(std::int32_t number, DaySerial date, std::int16_t status);
+  bool IsMadeOn(DaySerial date) const { return made_.number != 0 && made_.date == date; }
   std::string WhatStays() const;
 
-  modEstimates& estimates_;
-  std::int32_t number_ = 0;
-  DaySerial date_ = 0;
-  bool isWhole_ = false;
+  Shop& shop_;
+  EstimateDatabase& database_;
+  std::string title_;
+  Made made_;
 };
 
 }  // namespace lantos

@@ -4,7 +4,6 @@
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"
-#include "records/GivenUp.h"
 
 namespace lantos {
 
@@ -19,7 +18,7 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
     : OkCancelForm(shop.desktop, shop.keys, "frmReschedule", "Reschedule"),
       shop_(shop),
       database_(database),
-      copy_(database.estimates) {
+      copy_(shop, database, kTitle) {
   SetSize(6000, 2400);
   SetCaption("Reschedule - Est. # " + FormatZeros(database.estimates.CurrentEstimate.EstimateNumber, 6));
   const bool wasSet = proposed >= ToSerial({2003, 1, 1});
@@ -31,19 +30,17 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
 
 void frmReschedule::Accept() {
   if (ReadAfresh(shop_, database_, kTitle) == Meanwhile::Stops) return;
-  copy_.Run([this] { Move(DTPicker1.Value()); });
+  const DaySerial date = DTPicker1.Value();
+  copy_.Make(date, kScheduled, [&] { Mark(date); });
   ok = true;
-  newDate = DTPicker1.Value();
+  newDate = date;
   Hide();
 }
 
-// Once for a day: when the database refuses what comes behind the copy, the next try goes on from there. The copy keeps
-// the old comments: it is made before they are changed.
-void frmReschedule::Move(DaySerial date) {
+// The copy keeps the old comments: it is made before they are changed.
+void frmReschedule::Mark(DaySerial date) {
   Estimate& current = database_.estimates.CurrentEstimate;
-  copy_.Make(date, kScheduled);
-  const bool isStored = StoreUnlessChanged(shop_, database_, kTitle, [this] { MarkStatus(); });
-  if (!isStored) throw GivenUp("This estimate was left as it is.");
+  MarkStatus();
   const std::string mark = current.Status == kEstimateOnly ? "Scheduled for " : "Rescheduled for ";
   const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(current.Comments), kCommentsWidth));
   database_.lantosData.SetComments(comments, current.EstimateNumber);

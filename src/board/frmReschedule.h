@@ -27,7 +27,7 @@ class frmReschedule : public OkCancelForm {
  private:
   void OnActivate() override { DTPicker1.SetFocus(); }
   void Accept() override;
-  void Move(DaySerial date);
+  void Mark(DaySerial date);
   void MarkStatus();
 
   Shop& shop_;

@@ -73,16 +73,24 @@ void modEstimates::ReadRow(const Recordset& row, Estimate& estimate) {
 }
 
 std::int32_t modEstimates::CreateEstimate(DaySerial date, std::int16_t status) {
+  const std::int32_t number = TakeNumber();
+  AddRow(number, date, status);
+  return number;
+}
+
+std::int32_t modEstimates::TakeNumber() {
   const std::optional<std::int32_t> taken =
       system_.TakeFreeNumber(sysrec::last_estimate_number, [this](std::int32_t each) { return IsOnFile(each); },
                              {.found = {}, .beforehand = {}, .highest = [this] { return Highest(); }});
   if (!taken) throw std::runtime_error("The estimate was given no number. No estimate was made.");
-  const std::int32_t number = *taken;
+  return *taken;
+}
+
+void modEstimates::AddRow(std::int32_t number, DaySerial date, std::int16_t status) {
   Recordset& table = de_.Rs("EstimatesTable");
   if (!table.IsOpen()) de_.EstimatesTable(date);
   de_.AddEstimateRow(number, date, status);
   table.Close();
-  return number;
 }
 
 bool modEstimates::IsOnFile(std::int32_t number) {
@@ -100,7 +108,7 @@ std::int32_t modEstimates::Highest() {
 }
 
 void modEstimates::CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber) {
-  de_.Connection().Together([&] {
+  de_.Connection().Apart([&] {
     de_.CloneEstimate(oldNumber, newNumber);
     de_.CloneParts(newNumber, oldNumber);
     de_.CloneLabors(newNumber, oldNumber);

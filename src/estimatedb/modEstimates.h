@@ -52,11 +52,14 @@ class modEstimates {
   // The columns of the recordset's current row into the record.
   static void ReadRow(const Recordset& row, Estimate& estimate);
 
-  // Takes a number and adds the row. The number is spent even when the row fails. A number that an estimate has already
-  // is never taken: the next free one is, if the person wants it (see modSystem::TakeFreeNumber), or nothing is made
-  // and std::runtime_error says so.
+  // Takes a number and adds the row. The number is spent even when the row fails.
   std::int32_t CreateEstimate(DaySerial date, std::int16_t status);
-  // All of it or nothing: of a copy that stayed empty it can be tried again.
+  // Its two halves, for a row that is added together with more: the person may be asked for the number, so it is taken
+  // ahead of the transaction. A number that an estimate has already is never taken: the next free one is, if the person
+  // wants it (see modSystem::TakeFreeNumber), or none is and std::runtime_error says so.
+  std::int32_t TakeNumber();
+  void AddRow(std::int32_t number, DaySerial date, std::int16_t status);
+  // All of it or nothing, within a transaction too: of a copy that stayed empty it can be tried again.
   void CloneEstimateContents(std::int32_t oldNumber, std::int32_t newNumber);
   void SaveStatus();
   // The status in memory and in the database. When the database refuses, memory has the old one.

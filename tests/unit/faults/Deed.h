@@ -51,6 +51,8 @@ class Deed {
   // What lies in several files is written one after the other: files of which the first may have been written when the
   // next can't be. The person is told.
   std::vector<std::string> inTurn;
+  // What is refused leaves what was written before it, a process that ends leaves all or nothing.
+  bool isWholeWhenKilled = false;
 };
 
 struct NamedDeed {

@@ -37,7 +37,8 @@ struct Book : OnEstimate<BookingBench> {
     forms["frmVehList"] = [](ui::Form& form) { Press(form, "Esc"); };
     gaps = {"TQSYSTEM.DAT"};
     firstNumber = kNextEstimate;
-    inTurn = {"Lantos.mdb:Estimates"};  // the estimate, then its customer; it is on the board
+    inTurn = {"Lantos.mdb:Estimates"};  // the estimate stays where its customer is refused; it is on the board
+    isWholeWhenKilled = true;
   }
   void Do() override { test::Click(board.commands.cmdNewEstimate); }
 };
@@ -85,11 +86,12 @@ struct SetStatus : OnBoard {
   void Do() override { test::Click(board.commands.cmdChangeStatus); }
 };
 
-// The copy, line by line, which is shown and named; then what becomes of the estimate that it was made of.
+// The copy, which is shown and named where what becomes of the estimate that it was made of is refused.
 struct CopyEstimate : OnBoard {
   CopyEstimate() {
     gaps = {"TQSYSTEM.DAT"};
     firstNumber = kNextEstimate;
+    isWholeWhenKilled = true;
     for (const char* table : {"Estimates", "Labors", "LaborDays", "Parts", "Sublets", "Waste", "Notes", "Checklist"}) {
       inTurn.push_back(std::string("Lantos.mdb:") + table);
     }

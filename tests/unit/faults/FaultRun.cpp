@@ -208,7 +208,8 @@ Ending FaultRun::Kill(std::size_t call) const {
   Ending ending = Judge(StateOf(run->Shop().directory), *run);
   // Nobody is there to be told, and nobody has given anything up.
   ending.told = true;
-  if (run->HasJournal() && ending.kind == Ending::Kind::InTurn && !HasJournal(StateOf(run->Shop().directory))) {
+  const bool hasNoJournal = run->HasJournal() && !HasJournal(StateOf(run->Shop().directory));
+  if (ending.kind == Ending::Kind::InTurn && (run->isWholeWhenKilled || hasNoJournal)) {
     ending.kind = Ending::Kind::Apart;
   }
   TrySettling(*run, ending);
