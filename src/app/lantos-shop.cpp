@@ -1,4 +1,5 @@
-// Makes shops: an empty one for a new installation, or a lively one to look at and to measure with.
+// Makes shops: an empty one for a new installation, or a lively one to look at and to measure with. And looks after
+// what grows in one: the trail of who changed what.
 
 #include <fmt/format.h>
 
@@ -14,10 +15,11 @@
 #include "records/MakesModels.h"
 #include "shopmaker/EmptyShop.h"
 #include "shopmaker/SampleShop.h"
+#include "shopmaker/ShopTrail.h"
 
 namespace {
 
-constexpr int kFailed = 1;  // no shop was made
+constexpr int kFailed = 1;  // no shop was made, nothing pruned
 
 struct Arguments {
   std::string directory;
@@ -51,6 +53,12 @@ void AddSample(CLI::App& app, Arguments& arguments) {
   command->add_option("--seed", arguments.sample.seed, "Another seed, another shop")->capture_default_str();
 }
 
+void AddPruneTrail(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("prune-trail", "Take old changes off the trail of the shop in DIR");
+  command->add_option("DIR", arguments.directory, "The data directory")->required();
+  command->add_option("DATE", arguments.date, "The first day whose changes stay, as 2003-09-30")->required();
+}
+
 // The arguments come in the terminal's page; records are kept in the program's.
 lantos::ShopIdentity InThePage(lantos::ShopIdentity identity) {
   for (std::string* text :
@@ -67,8 +75,15 @@ lantos::DaySerial DateOf(const std::string& text, lantos::Clock& clock) {
   return *date;
 }
 
-void MakeShop(const CLI::App& app, Arguments& arguments) {
+void Run(const CLI::App& app, Arguments& arguments) {
   lantos::SystemClock clock;
+  if (app.got_subcommand("prune-trail")) {
+    const lantos::DaySerial date = DateOf(arguments.date, clock);
+    const std::int64_t count = lantos::PruneShopTrail(arguments.directory, date, clock);
+    fmt::print("Took {} off the trail that {} before {}.\n", count == 1 ? "1 change" : fmt::format("{} changes", count),
+               count == 1 ? "was made" : "were made", lantos::FormatIsoDate(date));
+    return;
+  }
   if (app.got_subcommand("new")) {
     lantos::MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock, arguments.group);
     fmt::print("Made an empty shop in {}.\n", arguments.directory);
@@ -85,21 +100,22 @@ void MakeShop(const CLI::App& app, Arguments& arguments) {
 
 int main(int argc, char** argv) {
   lantos::TakeFileSizeLimitAsError();
-  CLI::App app("Makes the data directory of a shop.", "lantos-shop");
+  CLI::App app("Makes the data directory of a shop, and looks after its trail.", "lantos-shop");
   app.set_version_flag("--version", "lantos-shop " + lantos::ProgramVersion(), "Print the version and exit");
   app.require_subcommand(0, 1);  // asked for below, so that a wrong word is named rather than the lack of a right one
   Arguments arguments;
   AddNew(app, arguments);
   AddSample(app, arguments);
+  AddPruneTrail(app, arguments);
   try {
     app.parse(argc, argv);
-    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new and sample");
+    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new, sample and prune-trail");
   } catch (const CLI::ParseError& error) {
     const int code = app.exit(error);  // prints what was asked for, or what is wrong
     return code == 0 ? lantos::kEndedInOrder : lantos::kWrongOptions;
   }
   try {
-    MakeShop(app, arguments);
+    Run(app, arguments);
     return 0;
   } catch (const std::exception& error) {
     fmt::print(stderr, "lantos-shop: {}\n", error.what());

@@ -151,7 +151,8 @@ void Trail::Follow(std::string_view command, const std::vector<Value>& values, c
   TrailEntry entry;
   entry.command = command;
   entry.estimate = rule->estimate < 0 ? 0 : NumberOf(values.at(static_cast<std::size_t>(rule->estimate)));
-  database_.Connection().Together([&] {
+  // Within a transaction whose owner goes on behind an error, the change goes back with its row.
+  database_.Connection().Apart([&] {
     using Effect = TrailRule::Effect;
     if (rule->effect != Effect::Adds) entry.before = Look(*rule, values);
     change();

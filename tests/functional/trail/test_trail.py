@@ -1,10 +1,12 @@
 """Who changed what: the list, one's own last move taken back, and the file for a spreadsheet."""
 
 import csv
+import subprocess
 
 import pytest
 
 from boardlines import TODAY
+from driver import program_path
 from linesteps import LABOR, begin_to_add, fill, remove, save, set_status, stored
 from movesteps import NEW, THURSDAY, choose, full_shop, reschedule
 from workfiles import one_estimate, show
@@ -181,3 +183,23 @@ def test_a_file_that_cant_be_written_is_told_and_asked_for_again(start, shop, tm
     assert copy.answer["focus"] == "txtFile"
     copy.key("Esc")
     copy.expect_form("frmTrail")
+
+
+def prune(shop, date):
+    return subprocess.run([program_path().with_name("lantos-shop"), "prune-trail", shop.directory, date],
+                          capture_output=True, text=True, timeout=60)
+
+
+def test_old_changes_are_taken_off_and_counted_and_a_date_that_is_none_is_refused(start, shop):
+    one_estimate(shop).write()
+    copy = show(start(shop, now=NOW))
+    set_status(copy, "Arrived")
+    copy.close_window()
+    for date, why in (("yesterday", '"yesterday" is no date of the form 2003-09-30.'),
+                      ("2003-02-30", '"2003-02-30" is no date of the form 2003-09-30.'),
+                      ("9998-01-01", "9998-01-01 is still to come; nothing was taken off the trail.")):
+        refused = prune(shop, date)
+        assert (refused.returncode, refused.stdout, refused.stderr) == (1, "", f"lantos-shop: {why}\n")
+    assert prune(shop, TODAY).stdout == f"Took 0 changes off the trail that were made before {TODAY}.\n"
+    assert prune(shop, "2003-10-01").stdout == "Took 1 change off the trail that was made before 2003-10-01.\n"
+    assert shop.query("SELECT * FROM Trail") == []

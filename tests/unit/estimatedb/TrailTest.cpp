@@ -109,6 +109,13 @@ TEST_F(TrailTest, AChangeWhoseRowCantBeWrittenIsNotMade) {
   EXPECT_EQ(PlainValue("select Status from Estimates where EstimateNumber = 7"), "1");
 }
 
+TEST_F(TrailTest, AChangeGoesBackWithItsRowWhereTheTransactionGoesOnWithout) {
+  db.SetStatus(1, 7);
+  Plain("create trigger Closed before insert on Trail begin select raise(abort, 'closed'); end");
+  db.Connection().Together([&] { EXPECT_NE(ErrorOf([&] { db.SetStatus(3, 7); }), ""); });
+  EXPECT_EQ(PlainValue("select Status from Estimates where EstimateNumber = 7"), "1");
+}
+
 TEST_F(TrailTest, SeveralChangesTogetherStandOrFallWithTheirRows) {
   EXPECT_NE(ErrorOf([&] {
               db.Connection().Together([&] {
