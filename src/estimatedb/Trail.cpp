@@ -3,8 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cctype>
+#include <map>
 #include <optional>
 
+#include "estimatedb/Schema.h"
 #include "estimatedb/TrailRules.h"
 #include "estimatedb/TrailText.h"
 #include "estimatedb/de.h"
@@ -44,11 +47,32 @@ const Value* FindCell(const TrailRow& row, std::string_view column) {
   return nullptr;
 }
 
+// As the tables spell it: a server tells all in small letters.
+std::string_view SpellingOf(std::string_view column) {
+  static const std::map<std::string, std::string, std::less<>> spellings = [] {
+    std::map<std::string, std::string, std::less<>> words;
+    const auto take = [&](std::string_view statement) {
+      const auto isOfWord = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; };
+      for (auto at = statement.begin(); at != statement.end();) {
+        const auto end = std::find_if_not(at, statement.end(), isOfWord);
+        if (end != at) words.emplace(ToLower(std::string(at, end)), std::string(at, end));
+        at = end == statement.end() ? end : end + 1;
+      }
+    };
+    for (const std::string_view statement : kLantosSchema) take(statement);
+    take(kCreateWaste);
+    take(kCreateChecklist);
+    return words;
+  }();
+  const auto known = spellings.find(ToLower(column));
+  return known == spellings.end() ? column : std::string_view(known->second);
+}
+
 TrailRow CurrentRow(const Recordset& rows) {
   TrailRow row;
   for (const std::string& column : rows.Columns()) {
     if (EqualsIgnoringCase(column, kEstimateNumber) || rows.IsNull(column)) continue;
-    row.columns.emplace_back(column, rows[column]);
+    row.columns.emplace_back(SpellingOf(column), rows[column]);
   }
   return row;
 }

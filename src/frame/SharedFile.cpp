@@ -154,7 +154,6 @@ std::size_t SharedFile::ReadAt(std::uint64_t offset, std::span<std::byte> into) 
     });
     if (count < 0) ThrowFileError(errno, "reading " + path_.string() + " at " + std::to_string(offset));
     if (count == 0) break;
-    wasWritten_ = true;
     done += static_cast<std::size_t>(count);
   }
   std::fill(into.begin() + static_cast<std::ptrdiff_t>(done), into.end(), std::byte{0});
@@ -177,6 +176,7 @@ void SharedFile::WriteAt(std::uint64_t offset, std::span<const std::byte> bytes)
       CutBack(lengthBefore, offset + done);
       ThrowFileError(errorNumber, what());
     }
+    wasWritten_ = true;
     done += static_cast<std::size_t>(count);
   }
   aloneLength_ = static_cast<std::int64_t>(std::max(lengthBefore, offset + bytes.size()));

@@ -152,7 +152,7 @@ CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const Customer
 
 // Where one of the two stays as it is, nothing can be half done.
 void CustomerFiles::NoteAhead(const Places& places, const CustomerTag& tag, const std::optional<CustomerTag>& tagBefore,
-                              const CustomerRecord& master) const {
+                              const CustomerRecord& master) {
   const auto offset = static_cast<std::uint64_t>(places.master);
   CustomerRecord masterBefore;
   const std::size_t read = masters_->ReadAt(offset, masterBefore.Bytes());

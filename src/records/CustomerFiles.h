@@ -67,7 +67,7 @@ class CustomerFiles {
   // Nothing where the file ended.
   std::optional<CustomerTag> TagBefore(std::uint64_t offset) const;
   void NoteAhead(const Places& places, const CustomerTag& tag, const std::optional<CustomerTag>& tagBefore,
-                 const CustomerRecord& master) const;
+                 const CustomerRecord& master);
   // False when it could not be done.
   bool PutTagBack(std::uint64_t offset, const CustomerTag& written, const std::optional<CustomerTag>& before);
 

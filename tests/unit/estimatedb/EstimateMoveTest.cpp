@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "DatabaseFixture.h"
+#include "estimatedb/Trail.h"
 #include "support/FaultyCalls.h"
 #include "support/TestServer.h"
 
@@ -121,6 +122,23 @@ TEST_F(EstimateMoves, TheLastNumberOfACounterIsNotGivenAgainBehindTheWayBack) {
   MoveToFile(environment.files, kUntold);
   OpenDatabase(Path(), clock)->Insert("Checklist", {"EstimateNumber"}, {std::int64_t{900}});
   EXPECT_EQ(PlainValue("select RecId from Checklist"), "4");
+}
+
+TEST_F(EstimateMoves, TakeTheTrailAlongWhichGoesOnThere) {
+  const auto change = [this](std::int16_t status) {
+    Connect(database, environment);
+    db.KeepTrail(clock, {"FRONTDESK", "beth"});
+    db.SetStatus(status, 900);
+    std::vector<std::int32_t> numbers;
+    for (const TrailEntry& entry : TrailOfEstimate(db, 900)) numbers.push_back(entry.number);
+    database.lantosData.Disconnect();
+    return numbers;
+  };
+  change(3);
+  EXPECT_EQ(ToServer(Fresh()).moved.tables.size(), 10U);
+  EXPECT_THAT(change(4), ElementsAre(2, 1));
+  MoveToFile(environment.files, kUntold);
+  EXPECT_THAT(change(2), ElementsAre(3, 2, 1));
 }
 
 TEST_F(EstimateMoves, LeaveTheHoursOfTheTechniciansToBeMadeAnew) {
