@@ -1,4 +1,4 @@
-"""Fails when a source includes a room that src/floors.txt doesn't let it use, Qt or SQLite outside of their rooms, or
+"""Fails when a source includes a room that src/floors.txt doesn't let it use, a library outside of its rooms, or
 says something that only one place may say: an engine's name, a statement of its own."""
 
 import pathlib
@@ -11,10 +11,12 @@ INCLUDE = re.compile(r'^\s*#include\s+([<"])([^>"]+)[>"]', re.M)
 RESERVED = {
     re.compile(r"<Q"): {"ui/qt", "app"},
     re.compile(r"<(SQLiteCpp|sqlite)"): {"estimatedb/sqlite"},
+    re.compile(r"<(libpq|pg_|postgres)"): {"estimatedb/postgres"},
 }
 # What may be said in some places only: what it is, how it looks, and where it may stand, by the path's beginning.
 KEPT = [
     ("names the engine", re.compile(r"sqlite", re.I), ("estimatedb/sqlite/", "estimatedb/EngineChoice.")),
+    ("names the engine", re.compile(r"postgres", re.I), ("estimatedb/postgres/", "estimatedb/EngineChoice.", "app/lantos-shop.")),
     ("runs a statement or a command by its text", re.compile(r'Connection\(\)\s*\.\s*Run\b|\bRun\(\s*(?:"|fmt::)'),
      ("estimatedb/",)),
 ]

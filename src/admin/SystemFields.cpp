@@ -154,7 +154,7 @@ std::vector<MergedField> SystemFields::Table() const {
   for (const Text& text : texts_) table.emplace_back(text.name, text.field);
   for (const Number& number : amounts_) {
     const Reads reads = number.dollars != nullptr   ? Reads::PercentOrDollars
-                        : number.decimals == kMoney ? Reads::Cents
+                        : number.decimals == kMoney ? Reads::Money
                                                     : Reads::TenThousandths;
     table.emplace_back(number.name, number.field, reads);
   }

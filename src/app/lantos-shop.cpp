@@ -1,15 +1,20 @@
-// Makes shops: an empty one for a new installation, or a lively one to look at and to measure with. And looks after
-// what grows in one: the trail of who changed what.
+// Makes shops: an empty one for a new installation, or a lively one to look at and to measure with. Moves the estimates
+// of one to a database server and back. And looks after what grows in one: the trail of who changed what.
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <string>
 
+#include "estimatedb/EstimateMove.h"
 #include "frame/Dates.h"
 #include "frame/ExitCodes.h"
 #include "frame/FileSizeLimit.h"
+#include "frame/PathText.h"
 #include "frame/Text.h"
 #include "frame/Version.h"
 #include "records/MakesModels.h"
@@ -19,7 +24,7 @@
 
 namespace {
 
-constexpr int kFailed = 1;  // no shop was made, nothing pruned
+constexpr int kFailed = 1;  // nothing was made, moved or pruned
 
 struct Arguments {
   std::string directory;
@@ -27,6 +32,9 @@ struct Arguments {
   lantos::SampleOptions sample;
   std::string date;
   std::string group;
+  std::string server;
+  std::string schema = "lantos";
+  bool toFile = false;
 };
 
 void AddNew(CLI::App& app, Arguments& arguments) {
@@ -53,6 +61,18 @@ void AddSample(CLI::App& app, Arguments& arguments) {
   command->add_option("--seed", arguments.sample.seed, "Another seed, another shop")->capture_default_str();
 }
 
+void AddMove(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand(
+      "move", "Move the estimates of the shop in DIR to a PostgreSQL server, or back with --to-file");
+  command->add_option("DIR", arguments.directory, "The data directory")->required();
+  CLI::Option* server = command->add_option("SERVER", arguments.server,
+                                            "postgresql://host:port/database; a password stands in libpq's own places");
+  CLI::Option* schema =
+      command->add_option("--schema", arguments.schema, "The shop's own schema there; made when it isn't there")
+          ->capture_default_str();
+  command->add_flag("--to-file", arguments.toFile, "Back into a file")->excludes(server)->excludes(schema);
+}
+
 void AddPruneTrail(CLI::App& app, Arguments& arguments) {
   CLI::App* command = app.add_subcommand("prune-trail", "Take old changes off the trail of the shop in DIR");
   command->add_option("DIR", arguments.directory, "The data directory")->required();
@@ -75,15 +95,8 @@ lantos::DaySerial DateOf(const std::string& text, lantos::Clock& clock) {
   return *date;
 }
 
-void Run(const CLI::App& app, Arguments& arguments) {
+void MakeShop(const CLI::App& app, Arguments& arguments) {
   lantos::SystemClock clock;
-  if (app.got_subcommand("prune-trail")) {
-    const lantos::DaySerial date = DateOf(arguments.date, clock);
-    const std::int64_t count = lantos::PruneShopTrail(arguments.directory, date, clock);
-    fmt::print("Took {} off the trail that {} before {}.\n", count == 1 ? "1 change" : fmt::format("{} changes", count),
-               count == 1 ? "was made" : "were made", lantos::FormatIsoDate(date));
-    return;
-  }
   if (app.got_subcommand("new")) {
     lantos::MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock, arguments.group);
     fmt::print("Made an empty shop in {}.\n", arguments.directory);
@@ -96,20 +109,84 @@ void Run(const CLI::App& app, Arguments& arguments) {
              lantos::FormatIsoDate(arguments.sample.date), arguments.directory);
 }
 
+// One line for each table; where somebody looks on, it counts as it goes.
+void TellProgress(const lantos::MoveProgress& progress) {
+  using lantos::MoveStep;
+  if (progress.step == MoveStep::Placing) return;
+  const bool isDone = progress.step == MoveStep::Comparing && progress.done == progress.of;
+  const bool isWatched = ::isatty(STDOUT_FILENO) == 1;
+  if (!isWatched && !isDone) return;
+  const char* const what = progress.step == MoveStep::Copying ? "copied" : "compared";
+  fmt::print("{}{}: {} of {} rows {}{}", isWatched ? "\r\033[K" : "", progress.table, progress.done, progress.of, what,
+             isDone ? "\n" : "");
+  std::fflush(stdout);
+}
+
+void TellResult(const lantos::EstimateMove& move, bool toFile) {
+  std::int64_t rows = 0;
+  for (const lantos::MovedTable& table : move.moved.tables) rows += table.rows;
+  fmt::print("Moved {} rows of {} tables; all were counted and compared.\n", rows, move.moved.tables.size());
+  if (move.moved.datesDropped != 0) {
+    fmt::print("{} texts in the place of a date were none, and are empty now.\n", move.moved.datesDropped);
+  }
+  for (const std::string& table : move.moved.leftBehind) {
+    fmt::print("The table \"{}\" isn't the program's; it stays in the old database.\n", lantos::ToUtf8(table));
+  }
+  if (move.kept.empty()) {
+    fmt::print("The old database is still there under its name: the server didn't let it be changed.\n");
+  } else {
+    fmt::print("The old {} is \"{}\" from here on.\n", toFile ? "schema" : "database", lantos::ToUtf8(move.kept));
+  }
+}
+
+void Move(const Arguments& arguments) {
+  lantos::SystemClock clock;
+  lantos::FileIO files(clock);
+  files.SetDataDir(lantos::TextOfPath(std::filesystem::absolute(arguments.directory)) + "/");
+  TellResult(arguments.toFile ? lantos::MoveToFile(files, TellProgress)
+                              : lantos::MoveToServer(files, arguments.server, arguments.schema, TellProgress),
+             arguments.toFile);
+}
+
+void PruneTrail(const Arguments& arguments) {
+  lantos::SystemClock clock;
+  const lantos::DaySerial date = DateOf(arguments.date, clock);
+  const std::int64_t count = lantos::PruneShopTrail(arguments.directory, date, clock);
+  fmt::print("Took {} off the trail that {} before {}.\n", count == 1 ? "1 change" : fmt::format("{} changes", count),
+             count == 1 ? "was made" : "were made", lantos::FormatIsoDate(date));
+}
+
+void Run(const CLI::App& app, Arguments& arguments) {
+  if (app.got_subcommand("move")) return Move(arguments);
+  if (app.got_subcommand("prune-trail")) return PruneTrail(arguments);
+  MakeShop(app, arguments);
+}
+
+// The words, and the reason of whoever refused it, without what it was asked.
+void TellFailure(const lantos::WordedError& error) {
+  const std::string text = error.what();
+  fmt::print(stderr, "lantos-shop: {}\n", lantos::ToUtf8(error.Words()));
+  if (text != error.Words()) fmt::print(stderr, "({})\n", lantos::ToUtf8(text.substr(0, text.find("\n\n"))));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   lantos::TakeFileSizeLimitAsError();
-  CLI::App app("Makes the data directory of a shop, and looks after its trail.", "lantos-shop");
+  CLI::App app("Makes the data directory of a shop, moves its estimates, and looks after its trail.", "lantos-shop");
   app.set_version_flag("--version", "lantos-shop " + lantos::ProgramVersion(), "Print the version and exit");
   app.require_subcommand(0, 1);  // asked for below, so that a wrong word is named rather than the lack of a right one
   Arguments arguments;
   AddNew(app, arguments);
   AddSample(app, arguments);
+  AddMove(app, arguments);
   AddPruneTrail(app, arguments);
   try {
     app.parse(argc, argv);
-    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new, sample and prune-trail");
+    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new, sample, move and prune-trail");
+    const bool isToServer = !arguments.server.empty();
+    if (app.got_subcommand("move") && isToServer == arguments.toFile)
+      throw CLI::RequiredError("One of SERVER and --to-file");
   } catch (const CLI::ParseError& error) {
     const int code = app.exit(error);  // prints what was asked for, or what is wrong
     return code == 0 ? lantos::kEndedInOrder : lantos::kWrongOptions;
@@ -117,6 +194,9 @@ int main(int argc, char** argv) {
   try {
     Run(app, arguments);
     return 0;
+  } catch (const lantos::WordedError& error) {
+    TellFailure(error);
+    return kFailed;
   } catch (const std::exception& error) {
     fmt::print(stderr, "lantos-shop: {}\n", error.what());
     return kFailed;

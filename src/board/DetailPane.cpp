@@ -88,12 +88,14 @@ void DetailPane::ShowEstimateDetail() {
   RefreshDetailCaption("");
   ShowCustomerOnFile();
   ShowVehicle();
-  contents.parts.LoadPartList();
-  contents.labor.LoadLaborList();
-  if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
-  RefreshTotals();
-  LoadEstimateChecklist(contents.bench);
-  ShowNotesMark();
+  Data().ReadLinesAhead(displayedEstimate_, [this] {
+    contents.parts.LoadPartList();
+    contents.labor.LoadLaborList();
+    if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
+    RefreshTotals();
+    LoadEstimateChecklist(contents.bench);
+    ShowNotesMark();
+  });
 }
 
 void DetailPane::ShowCustomerOnFile() {
@@ -146,6 +148,10 @@ void DetailPane::ShowVehicle() {
 }
 
 void DetailPane::RefreshTotals() {
+  Data().ReadChargesAhead(displayedEstimate_, [this] { ShowTotals(); });
+}
+
+void DetailPane::ShowTotals() {
   const std::vector<Charge> sublets = ReadCharges(Data().SubletsForEstimate(displayedEstimate_));
   CommandPane::Mark(commands_.cmdEstimateSublets, !sublets.empty());
   const std::vector<Charge> waste = ReadCharges(Data().WasteForEstimate(displayedEstimate_));

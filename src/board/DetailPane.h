@@ -85,6 +85,7 @@ class DetailPane : private EstimateOnShow {
   void ReadCustomerAgain();
   void ShowVehicle();
   void RefreshTotals() override;
+  void ShowTotals();
   void ShowNotesMark();
   // Written every time the field is left, changed or not, but over the mark that another copy has put there since they
   // were shown: then theirs are shown, or the person is asked who has typed others.

@@ -1,5 +1,6 @@
 #include "board/StatusChange.h"
 
+#include "contents/conversion/ReadAfresh.h"
 #include "frame/Dates.h"
 
 namespace lantos {
@@ -62,9 +63,14 @@ ChangeResult ChangeStatusByHand(Shop& shop, EstimateDatabase& database, const Co
   if (warns && !ConfirmReschedule(shop)) return ChangeResult::Refused;
   const bool continues = newStatus == kContinued && Continues(options);
   if (continues && !ContinueToNextDay(shop, estimate, continueEstimate)) return ChangeResult::Refused;
-  // Who carried the work on has stored the status already.
-  if (continues) estimate.Status = kContinued;
-  database.estimates.ChangeStatus(newStatus);
+  const auto store = [&] { database.estimates.ChangeStatus(newStatus); };
+  if (!continues) {
+    store();
+    return ChangeResult::Changed;
+  }
+  // Who carried the work on has stored the status already; another copy may have set one while the message was read.
+  estimate.Status = kContinued;
+  StoreUnlessChanged(shop, database, "Continue", store);
   return ChangeResult::Changed;
 }
 

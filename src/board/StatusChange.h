@@ -44,7 +44,7 @@ bool PopupOffers(const StatusOptions& options, std::int16_t current, std::int16_
 enum class ChangeResult {
   Unchanged,  // it has that status already; nothing at all happened
   Refused,    // the person, or an option, ended the operation
-  Changed,    // in memory and in the database
+  Changed,    // in memory and in the database; or left as another copy has set it meanwhile
 };
 // A change of the current estimate's status by the person's hand, with the questions that belong to it.
 ChangeResult ChangeStatusByHand(Shop& shop, EstimateDatabase& database, const ContinueEstimate& continueEstimate,

@@ -1,5 +1,7 @@
 #include "board/WeekData.h"
 
+#include <optional>
+
 #include "board/DayLines.h"
 #include "frame/Text.h"
 
@@ -7,7 +9,7 @@ namespace lantos {
 
 namespace {
 
-std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view order, bool withLabor) {
+std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view order) {
   std::vector<BoardRow> rows;
   Recordset& estimates = database.GetEstimatesByDate(date);
   estimates.Sort(order);
@@ -15,11 +17,28 @@ std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view or
     BoardRow& row = rows.emplace_back();
     modEstimates::ReadRow(estimates, row.estimate);
     row.estimate.Comments = Trim(row.estimate.Comments);
-    ReadTotals(database, row.estimate);
-    if (withLabor) row.laborLines = FetchLaborLines(database, row.estimate.EstimateNumber);
   }
   estimates.Close();
   return rows;
+}
+
+// Of the whole week at once: a server is asked for all of it in one go.
+void FetchLines(de& database, WeekData& week, std::optional<std::size_t> withLabor) {
+  std::vector<std::int32_t> totalsOf;
+  std::vector<std::int32_t> laborOf;
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    for (const BoardRow& row : week.days[i]) {
+      totalsOf.push_back(row.estimate.EstimateNumber);
+      if (i == withLabor) laborOf.push_back(row.estimate.EstimateNumber);
+    }
+  }
+  database.ForeseeLines(totalsOf, laborOf);
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    for (BoardRow& row : week.days[i]) {
+      ReadTotals(database, row.estimate);
+      if (i == withLabor) row.laborLines = FetchLaborLines(database, row.estimate.EstimateNumber);
+    }
+  }
 }
 
 }  // namespace
@@ -27,12 +46,16 @@ std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view or
 WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf) {
   WeekData week;
   database.Connection().ReadTogether([&] {
+    database.ForeseeDays(sunday, kWeekdays);
     week.capacity.LoadStandardHours(database);
+    std::optional<std::size_t> withLabor;
     for (std::size_t i = 0; i < kWeekdays; ++i) {
       const DaySerial day = sunday + static_cast<DaySerial>(i);
       week.capacity.LoadSpecialDay(database, day, i);
-      week.days[i] = FetchDay(database, day, order, day == laborOf);
+      week.days[i] = FetchDay(database, day, order);
+      if (day == laborOf) withLabor = i;
     }
+    FetchLines(database, week, withLabor);
   });
   return week;
 }

@@ -153,6 +153,7 @@ void frmMain::OnUnload(bool&) {
   Run([this] { startAndStop_.sendWaitingChanges(); });
   shop_.environment.settings.Save("ShowStatus", menus_.ShownStatuses());
   UnloadOtherForms();
+  Run([this] { doubtfulFiles_.Tell(); });
   SaveSettings();
   ProfileFile profile = shop_.environment.Profile();
   WorkstationProfile(profile, shop_.environment.profileSection).WriteFontFactor(shop_.environment.fontFactor);

@@ -7,6 +7,7 @@
 #include "board/BoardMenus.h"
 #include "board/Booking.h"
 #include "board/CalendarKeys.h"
+#include "board/DoubtfulFiles.h"
 #include "board/Papers.h"
 
 namespace lantos {
@@ -37,6 +38,7 @@ class frmMain : public ui::Form {
   // The order is the tab order.
   ui::MonthView MonthView1{*this, "MonthView1"};
   ui::Timer CalendarTimer{*this, "CalendarTimer"};
+  ui::Timer DoubtTimer{*this, "DoubtTimer"};
   HoursPane hours{*this};
   CommandPane commands{*this};
   WeekPane week{*this};
@@ -64,6 +66,7 @@ class frmMain : public ui::Form {
 
   BoardMenus menus_;
   Board board_{Parts()};
+  DoubtfulFiles doubtfulFiles_{shop_, DoubtTimer};
   CalendarKeys calendarKeys_{Parts(), board_, CalendarTimer};
   StatusByHand status_{Parts(), board_, menus_};
   Booking booking_;

@@ -194,8 +194,8 @@ constexpr Command kLantosTable[] = {
      "Desc4, Taxable) values (?,1,'SURCHARGE','',?,?,?,'','','',?)",
      {kLong, kLong, kLong, kText, kText}},
 
-    // TechHours again, from the table that the database keeps for it; what makes that table, in this order; and what
-    // follows each change of a line or an estimate in it.
+    // TechHours again, from the table that the database keeps for it; what makes that table; and what follows each change
+    // of a line or an estimate in it.
     {"KeptTechHours",
      "SELECT Mechanic, SchedDate, Sum(LaborHours) AS SumHours FROM LaborDays GROUP BY SchedDate, Mechanic",
      {}},

@@ -63,6 +63,26 @@ void DataEnvironment::CloseRecordsets() {
   for (auto& [name, recordset] : recordsets_) recordset.Close();
 }
 
+std::vector<Question> DataEnvironment::QuestionsOf(const std::vector<Foreseen>& commands) const {
+  std::vector<Question> questions;
+  for (const Foreseen& each : commands) {
+    const Command& entry = FindCommand(commands_, each.command);
+    questions.push_back({entry.statement, Checked(entry, each.values)});
+  }
+  return questions;
+}
+
+void DataEnvironment::Foresee(const std::vector<Foreseen>& commands) { Connection().Foresee(QuestionsOf(commands)); }
+
+void DataEnvironment::ReadAhead(const std::vector<Foreseen>& commands, const std::function<void()>& work) {
+  Connection().ReadAhead(QuestionsOf(commands), work);
+}
+
+void DataEnvironment::Post(std::string_view command, const std::vector<Value>& values) {
+  const Command& entry = FindCommand(commands_, command);
+  Connection().Post(entry.statement, Checked(entry, values));
+}
+
 Recordset& DataEnvironment::Run(std::string_view command, const std::vector<Value>& values) {
   Recordset& recordset = Rs(command);
   recordset.Close();

@@ -19,6 +19,12 @@ DataEnvironment::Opener OpenerOf(std::string_view name, Environment& environment
   };
 }
 
+void MakeTables(Engine& engine, std::span<const std::string_view> statements) {
+  engine.Together([&] {
+    for (const std::string_view statement : statements) engine.Run(statement, {});
+  });
+}
+
 // One transaction: a crash on the way leaves an empty file, which is refused as such, and never half of the tables.
 void CreateDatabase(const std::filesystem::path& path, const Clock& clock,
                     std::span<const std::string_view> statements) {
@@ -26,10 +32,7 @@ void CreateDatabase(const std::filesystem::path& path, const Clock& clock,
     throw DatabaseError(fmt::format("\"{}\" is there already and has been left as it is.", TextOfPath(path)));
   }
   try {
-    const std::unique_ptr<Engine> engine = CreateDatabaseFile(path, clock);
-    engine->Together([&] {
-      for (const std::string_view statement : statements) engine->Run(statement, {});
-    });
+    MakeTables(*CreateDatabaseFile(path, clock), statements);
   } catch (...) {
     std::error_code ignored;
     std::filesystem::remove(path, ignored);
@@ -47,6 +50,8 @@ void Connect(EstimateDatabase& database, Environment& environment) {
 void CreateLantosDatabase(const std::filesystem::path& path, Clock& clock) {
   CreateDatabase(path, clock, kLantosSchema);
 }
+
+void MakeLantosTables(Engine& engine) { MakeTables(engine, kLantosSchema); }
 
 void CreateKorvelDatabase(const std::filesystem::path& path, Clock& clock) {
   CreateDatabase(path, clock, kKorvelSchema);

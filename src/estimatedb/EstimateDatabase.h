@@ -31,5 +31,7 @@ void UpgradeDatabase(EstimateDatabase& database, Environment& environment, Recor
 // The installation's empty databases, at paths that don't exist yet. Throws DatabaseError; nothing is left then.
 void CreateLantosDatabase(const std::filesystem::path& path, Clock& clock);
 void CreateKorvelDatabase(const std::filesystem::path& path, Clock& clock);
+// The tables of an empty Lantos.mdb, in a database that has none of them: all or none. Throws DatabaseError.
+void MakeLantosTables(Engine& engine);
 
 }  // namespace lantos

@@ -6,10 +6,11 @@ namespace {
 
 constexpr std::string_view kKept = "KeptTechHours";
 
-constexpr std::string_view kMaking[] = {"CreateLaborDays",       "CreateLaborDaysNow",       "FillLaborDays",
-                                        "IndexLaborDays",        "IndexLaborDaysByEstimate", "FollowAddedLabor",
-                                        "FollowChangedLabor",    "FollowRemovedLabor",       "FollowAddedEstimate",
-                                        "FollowChangedEstimate", "FollowRemovedEstimate"};
+// The triggers wait for whoever writes, where several may: what these have written is filled in behind them.
+constexpr std::string_view kMaking[] = {"CreateLaborDays",       "CreateLaborDaysNow",      "FollowAddedLabor",
+                                        "FollowChangedLabor",    "FollowRemovedLabor",      "FollowAddedEstimate",
+                                        "FollowChangedEstimate", "FollowRemovedEstimate",   "FillLaborDays",
+                                        "IndexLaborDays",        "IndexLaborDaysByEstimate"};
 
 // All of it or nothing: a table without the triggers would fall behind.
 void Make(de& database) {

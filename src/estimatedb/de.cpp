@@ -37,6 +37,10 @@ void de::Change(std::string_view command, const std::vector<Value>& values) {
   Follow(command, values, [&] { Run(command, values); });
 }
 
+void de::PostChange(std::string_view command, const std::vector<Value>& values) {
+  Follow(command, values, [&] { Post(command, values); });
+}
+
 void de::Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change) {
   if (trail_) {
     trail_->Follow(command, values, change);
@@ -65,8 +69,8 @@ Recordset& de::LaborForEstimate(std::int32_t estimate) { return Run("LaborForEst
 
 void de::AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
                   Cents rate, Cents total, std::int32_t employee) {
-  Change("AddLabor",
-         {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total), Long(employee)});
+  PostChange("AddLabor", {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total),
+                          Long(employee)});
 }
 
 void de::DeleteLabor(std::int32_t estimate, std::int32_t laborNumber) {
@@ -112,7 +116,7 @@ Recordset& de::NotesForEstimate(std::int32_t estimate) { return Run("NotesForEst
 void de::AddNote(std::int32_t estimate, std::int32_t note, const std::vector<std::string>& eightLines) {
   std::vector<Value> values{Long(estimate), Long(note)};
   values.insert(values.end(), eightLines.begin(), eightLines.end());
-  Change("AddNote", values);
+  PostChange("AddNote", values);
 }
 
 void de::DeleteNote(std::int32_t estimate, std::int32_t note) { Change("DeleteNote", {Long(estimate), Long(note)}); }
@@ -124,7 +128,7 @@ void de::CloneNotes(std::int32_t newEstimate, std::int32_t oldEstimate) {
 Recordset& de::SubletsForEstimate(std::int32_t estimate) { return Run("SubletsForEstimate", {Long(estimate)}); }
 
 void de::AddSublet(std::int32_t estimate, std::int32_t sublet, const Extra& line) {
-  Change("AddSublet", LineValues(estimate, sublet, line));
+  PostChange("AddSublet", LineValues(estimate, sublet, line));
 }
 
 void de::DeleteSublet(std::int32_t estimate, std::int32_t sublet) {
@@ -157,7 +161,7 @@ void de::SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std
 Recordset& de::WasteForEstimate(std::int32_t estimate) { return Run("WasteForEstimate", {Long(estimate)}); }
 
 void de::AddWaste(std::int32_t estimate, std::int32_t waste, const Extra& line) {
-  Change("AddWaste", LineValues(estimate, waste, line));
+  PostChange("AddWaste", LineValues(estimate, waste, line));
 }
 
 void de::DeleteWaste(std::int32_t estimate, std::int32_t waste) {
@@ -261,6 +265,38 @@ void de::SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view des
 
 void de::DeleteSpecialDay(DaySerial date) {
   Follow("DeleteSpecialDay", {Day(date)}, [&] { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); });
+}
+
+void de::ForeseeDays(DaySerial first, std::size_t count) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands{{"GetStdHours", {}}};
+  for (std::size_t i = 0; i < count; ++i) {
+    const DaySerial day = first + static_cast<DaySerial>(i);
+    commands.push_back({"SpecialDaysByDate", {Day(day)}});
+    commands.push_back({"GetEstimatesByDate", {Day(day)}});
+  }
+  Foresee(commands);
+}
+
+void de::ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands;
+  for (const std::int32_t estimate : totalsOf) commands.push_back({"TotalsForEstimate", {Long(estimate)}});
+  for (const std::int32_t estimate : laborOf) commands.push_back({"LaborForEstimate", {Long(estimate)}});
+  Foresee(commands);
+}
+
+void de::ReadLinesAhead(std::int32_t estimate, const std::function<void()>& work) {
+  std::vector<Foreseen> commands;
+  for (const std::string_view command : {"PartsTable", "LaborForEstimate", "SubletsForEstimate", "WasteForEstimate",
+                                         "ChecklistForEstimate", "NotesForEstimate"}) {
+    commands.push_back({command, {Long(estimate)}});
+  }
+  ReadAhead(commands, work);
+}
+
+void de::ReadChargesAhead(std::int32_t estimate, const std::function<void()>& work) {
+  ReadAhead({{"SubletsForEstimate", {Long(estimate)}}, {"WasteForEstimate", {Long(estimate)}}}, work);
 }
 
 Recordset& de2::SelectQuery() { return Run("SelectQuery", {}); }

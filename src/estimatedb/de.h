@@ -41,8 +41,21 @@ class DataEnvironment {
   explicit DataEnvironment(std::span<const Command> commands) : commands_(commands) {}
   // Runs a command of the table with values in its order.
   Recordset& Run(std::string_view command, const std::vector<Value>& values);
+  // A command and its values, as Run is given them.
+  struct Foreseen {
+    std::string_view command;
+    std::vector<Value> values;
+  };
+  // Tells the connection what will be asked next, within its ReadTogether.
+  void Foresee(const std::vector<Foreseen>& commands);
+  // Work that begins with these, outside of any transaction.
+  void ReadAhead(const std::vector<Foreseen>& commands, const std::function<void()>& work);
+  // A command without rows, of which nothing is asked before the end of the transaction.
+  void Post(std::string_view command, const std::vector<Value>& values);
 
  private:
+  std::vector<Question> QuestionsOf(const std::vector<Foreseen>& commands) const;
+
   std::span<const Command> commands_;
   Opener open_;
   std::unique_ptr<Engine> engine_;
@@ -132,6 +145,15 @@ class de : public DataEnvironment {
   void SetWasteSurcharge(Cents amount, std::int32_t estimate, std::int32_t waste);
   void AddWasteSurcharge(std::int32_t estimate, const SurchargeLine& line);
 
+  // Within the connection's ReadTogether, what is asked next: hours, special days and estimates of so many days; totals
+  // and labor of estimates. It spares a connection that is far away the waiting for each answer.
+  void ForeseeDays(DaySerial first, std::size_t count);
+  void ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf);
+
+  // Outside of any transaction, work that begins by asking for all lines of the estimate, or for sublets and waste.
+  void ReadLinesAhead(std::int32_t estimate, const std::function<void()>& work);
+  void ReadChargesAhead(std::int32_t estimate, const std::function<void()>& work);
+
   // The recordset's editing: a new row of ChecklistTable or EstimatesTable, the one row of GetStdHours, a row of
   // PartsTable or SpecialDaysByDate.
   void AddPartRow(std::int32_t estimate, const Part& part);
@@ -145,6 +167,8 @@ class de : public DataEnvironment {
  private:
   // Runs a command of the table that changes something.
   void Change(std::string_view command, const std::vector<Value>& values);
+  // The same, sent with the next statement where the database is far away.
+  void PostChange(std::string_view command, const std::vector<Value>& values);
   // The same by other means than a statement of the table, with the values that its rule of the trail speaks of.
   void Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change);
 

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <span>
 #include <thread>
+#include <utility>
 
 #include "frame/ReplaceContent.h"
 #include "frame/UnfitFile.h"
@@ -144,6 +145,8 @@ bool LockedText::Replace(std::string_view text) {
   DescribedFile file(descriptor_, path_);
   try {
     ReplaceContent(file, std::as_bytes(std::span(text)));
+    if (::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR)
+      ThrowFileError(errno, "closing " + path_.string());
     return true;
   } catch (const FileError& error) {
     failure_ = FileFailure(error);

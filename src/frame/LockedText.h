@@ -24,7 +24,8 @@ class LockedText {
   // Empty when there is no file, or none that can be read: a link out of its directory, or longer than any text. NULs
   // at its end, room that was taken for a text that never came, are none of it.
   std::optional<std::string> Read() const;
-  // False when it can't be written; it stays as it was then, as far as the disk lets it.
+  // The last that is done with it: the text is closed then, since some systems tell at the close alone that nothing was
+  // stored. False when it can't be written; it stays as it was then, as far as the disk lets it.
   bool Replace(std::string_view text);
   // Of what has failed last, from the opening on.
   const FileFailure& Failure() const { return failure_; }

@@ -4,7 +4,7 @@ namespace lantos {
 
 FileHandle OpenFiles::FreeFile() const {
   FileHandle handle = log_.IsOpen() ? 2 : 1;  // the log has the first
-  for (const auto& [used, file] : open_) {
+  for (const auto& [used, numbered] : open_) {
     if (used != handle) break;
     ++handle;
   }
@@ -13,16 +13,19 @@ FileHandle OpenFiles::FreeFile() const {
 
 FileHandle OpenFiles::Open(std::string_view name, Access access, Deny deny, Absent absent) {
   const FileHandle handle = FreeFile();
-  open_.emplace(handle, SharedFile(files_.PathOf(name), access, deny, absent));
+  open_.emplace(handle, Numbered{std::string(name), SharedFile(files_.PathOf(name), access, deny, absent)});
   return handle;
 }
 
-SharedFile& OpenFiles::operator[](FileHandle handle) { return open_.at(handle); }
+SharedFile& OpenFiles::operator[](FileHandle handle) { return open_.at(handle).file; }
 
 void OpenFiles::CloseFile(FileHandle& handle) {
   if (handle == kNoHandle) return;
   const std::string number = std::to_string(handle);
-  open_.erase(handle);
+  if (const auto numbered = open_.find(handle); numbered != open_.end()) {
+    Close(numbered->second);
+    open_.erase(numbered);
+  }
   if (handle == archivedTagFile_) {
     archivedTagFile_ = kNoHandle;
     log_.Write("Archived Wo Tag File pointer = " + number + " Closed.");
@@ -33,6 +36,16 @@ void OpenFiles::CloseFile(FileHandle& handle) {
     log_.Write("CloseFile: Closed file with pointer = " + number);
   }
   handle = kNoHandle;
+}
+
+// On the way out of routines: nothing can be tried again here, nor thrown.
+void OpenFiles::Close(Numbered& numbered) {
+  try {
+    numbered.file.Close();
+  } catch (const FileError& error) {
+    log_.Write(error.what());
+    if (numbered.file.WasWritten() && whenDoubtful) whenDoubtful(numbered.name, FileFailure(error));
+  }
 }
 
 FileHandle OpenFiles::OpenArchivedTagFile(std::string_view caller, Access access) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <map>
+#include <string>
 #include <string_view>
 
+#include "frame/FileCause.h"
 #include "frame/RunLog.h"
 #include "frame/SharedFile.h"
 
@@ -20,6 +23,9 @@ class OpenFiles {
   SharedFile& operator[](FileHandle handle);
   // Closes, logs, and sets the caller's variable to kNoHandle. kNoHandle does nothing at all.
   void CloseFile(FileHandle& handle);
+  // Called while a file is closed that was written to, when the system tells at the close alone that something of that
+  // is lost, as a mount over the network does. It must neither throw nor ask anybody. The log has the error.
+  std::function<void(const std::string& name, const FileFailure& failure)> whenDoubtful;
 
   // The archived work-order tag file: a number in use already is logged and closed first. Throws FileError.
   FileHandle OpenArchivedTagFile(std::string_view caller, Access access = Access::Read);
@@ -31,11 +37,16 @@ class OpenFiles {
   RunLog& Log() { return log_; }
 
  private:
+  struct Numbered {
+    std::string name;
+    SharedFile file;
+  };
   FileHandle FreeFile() const;
+  void Close(Numbered& numbered);
 
   FileIO& files_;
   RunLog& log_;
-  std::map<FileHandle, SharedFile> open_;
+  std::map<FileHandle, Numbered> open_;
   FileHandle archivedTagFile_ = kNoHandle;
   FileHandle receivingFile_ = kNoHandle;
 };

@@ -100,13 +100,15 @@ std::string TakeUpdateFile(const FileIO& files, DaySerial day) {
       [](const std::string&) { return true; });
 }
 
-std::vector<std::string> DeleteOldUpdateFiles(const FileIO& files, DaySerial day) {
+LeftJournals DeleteOldUpdateFiles(const FileIO& files, DaySerial day) {
   constexpr std::string_view updateFile = "AU", ending = ".$$$";
   const std::string prefix = UpdateFilePrefix(day);
-  std::vector<std::string> journals;
+  LeftJournals journals;
   for (const std::string& name : files.List("A*.???")) {
     const auto begins = [&name](std::string_view with) { return EqualsIgnoringCase(Left(name, with.size()), with); };
-    if (begins(kJournalPrefix) && ToUpper(name).find(".J") != std::string::npos) journals.push_back(name);
+    const bool isJournal = ToUpper(name).find(".J") != std::string::npos;
+    if (isJournal && begins(kJournalPrefix)) journals.ofConversions.push_back(name);
+    if (isJournal && begins(kRecordsJournalPrefix)) journals.ofRecords.push_back(name);
     if (begins(updateFile) && name.ends_with(ending) && !begins(prefix)) files.Delete(name);
   }
   return journals;

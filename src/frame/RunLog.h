@@ -46,13 +46,19 @@ std::string UpdateFilePrefix(DaySerial day);
 // Makes an empty file under the first free name prefix + n + ".$$$", n from 0 to 999, which no other copy gets. Empty
 // when all are taken; throws FileError when it can't be made.
 std::string TakeUpdateFile(const FileIO& files, DaySerial day);
-// Deletes update files of other days, going on past errors. Returns the names of journals (kJournalPattern) that it has
-// come by, so that a start reads the directory once for both.
-std::vector<std::string> DeleteOldUpdateFiles(const FileIO& files, DaySerial day);
+// Names of journals in DataDir.
+struct LeftJournals {
+  std::vector<std::string> ofConversions, ofRecords;
+};
+// Deletes update files of other days, going on past errors. Returns the journals that it has come by, so that a start
+// reads the directory once for all.
+LeftJournals DeleteOldUpdateFiles(const FileIO& files, DaySerial day);
 
 // What a conversion that is at work, or ended in the middle, has in DataDir: "AJ", the mark and number of the copy's
 // log, ".JNL".
 inline constexpr std::string_view kJournalPrefix = "AJ";
 inline constexpr std::string_view kJournalPattern = "AJ*.J??";
+// The same of a customer, a vehicle or a part that is being stored.
+inline constexpr std::string_view kRecordsJournalPrefix = "AR";
 
 }  // namespace lantos

@@ -65,6 +65,9 @@ struct flock RangeOf(const Claim& claim) {
   return range;
 }
 
+// Any other error of the lock call means that there are no locks.
+bool IsTaken(int errorNumber) { return errorNumber == EAGAIN || errorNumber == EACCES; }
+
 off_t RandomSlot(const Claim& claim) {
   return static_cast<off_t>(claim.first + ::arc4random_uniform(static_cast<std::uint32_t>(claim.count)));
 }
@@ -91,6 +94,7 @@ SharedFile::~SharedFile() { Release(); }
 SharedFile::SharedFile(SharedFile&& other) noexcept
     : descriptor_(std::exchange(other.descriptor_, -1)),
       access_(other.access_),
+      wasWritten_(other.wasWritten_),
       alone_(other.alone_),
       aloneLength_(other.aloneLength_),
       path_(std::move(other.path_)) {}
@@ -100,6 +104,7 @@ SharedFile& SharedFile::operator=(SharedFile&& other) noexcept {
     Release();
     descriptor_ = std::exchange(other.descriptor_, -1);
     access_ = other.access_;
+    wasWritten_ = other.wasWritten_;
     alone_ = other.alone_;
     aloneLength_ = other.aloneLength_;
     path_ = std::move(other.path_);
@@ -116,7 +121,7 @@ void SharedFile::TakeClaim(const Claim& claim) const {
       range.l_len = 1;
     }
     if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &range); }) == 0) return;
-    if (errno != EAGAIN && errno != EACCES) {
+    if (!IsTaken(errno)) {
       throw UnfitFile(path_, UnfitFile::Why::NoLocks, std::strerror(errno));
     }
   }
@@ -149,6 +154,7 @@ std::size_t SharedFile::ReadAt(std::uint64_t offset, std::span<std::byte> into) 
     });
     if (count < 0) ThrowFileError(errno, "reading " + path_.string() + " at " + std::to_string(offset));
     if (count == 0) break;
+    wasWritten_ = true;
     done += static_cast<std::size_t>(count);
   }
   std::fill(into.begin() + static_cast<std::ptrdiff_t>(done), into.end(), std::byte{0});
@@ -184,7 +190,8 @@ std::uint64_t SharedFile::Append(std::span<const std::byte> bytes, std::uint64_t
   turn.l_start = static_cast<off_t>(kAppendTurn);
   turn.l_len = 1;
   if (Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &turn); }) != 0) {
-    ThrowFileError(errno == EACCES ? EAGAIN : errno, "waiting to append to " + path_.string());
+    if (!IsTaken(errno)) throw UnfitFile(path_, UnfitFile::Why::NoLocks, std::strerror(errno));
+    ThrowFileError(EAGAIN, "waiting to append to " + path_.string());
   }
   const auto release = [&] {
     turn.l_type = F_UNLCK;
@@ -217,6 +224,7 @@ void SharedFile::Truncate(std::uint64_t length) {
   // A length beyond the system's offsets turns negative here, and is refused by the call.
   const int result = Uninterrupted([&] { return ::ftruncate(descriptor_, static_cast<off_t>(length)); });
   if (result != 0) ThrowFileError(errno, "cutting " + path_.string() + " to " + std::to_string(length));
+  wasWritten_ = true;
 }
 
 void SharedFile::RequireWritable() const {

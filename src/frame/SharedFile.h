@@ -51,6 +51,8 @@ class SharedFile {
   void Flush();
   // Also throws what the system has kept back from earlier writes; the claim is freed all the same.
   void Close();
+  // Since the opening, or tried to.
+  bool WasWritten() const { return wasWritten_; }
 
  private:
   void TakeClaim(const Claim& claim) const;
@@ -61,6 +63,7 @@ class SharedFile {
 
   int descriptor_ = -1;
   Access access_ = Access::Read;
+  bool wasWritten_ = false;
   bool alone_ = false;             // nobody else changes the length
   std::int64_t aloneLength_ = -1;  // then, as far as it is known
   std::filesystem::path path_;

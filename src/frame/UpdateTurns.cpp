@@ -3,8 +3,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 #include "frame/GuardedOpen.h"
 #include "frame/SharingClaim.h"
+#include "frame/Uninterrupted.h"
 
 namespace lantos {
 
@@ -28,13 +31,16 @@ bool UpdateTurns::Lock(short type) {
   turn.l_whence = SEEK_SET;
   turn.l_start = static_cast<off_t>(kUpdateTurn);
   turn.l_len = 1;
-  return ::fcntl(descriptor_, F_OFD_SETLK, &turn) == 0;
+  return Uninterrupted([&] { return ::fcntl(descriptor_, F_OFD_SETLK, &turn); }) == 0;
 }
 
 bool UpdateTurns::Begin() {
   if (descriptor_ < 0) return true;
   for (int i = 0; i < kTries; ++i) {
-    if (Lock(F_WRLCK)) return true;
+    const bool isLocked = Lock(F_WRLCK);
+    lacksLocks_ = !isLocked && errno != EAGAIN && errno != EACCES;
+    if (isLocked) return true;
+    if (lacksLocks_) return false;
     clock_.Wait(kPause);
   }
   return false;

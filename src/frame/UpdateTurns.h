@@ -9,8 +9,8 @@ namespace lantos {
 // Turns at changing a shared file: what is read, changed and written back within one isn't overtaken by another copy of
 // this program that does the same. They claim nothing that an open of the file looks at, so that the routines inside
 // open the file as they always do, and other programs see none of it. A turn that doesn't come within five seconds,
-// because the copy that has it waits for its person, isn't had: AskedTurn asks then. Without the file, and where it is
-// read-only, there are no turns to wait for.
+// because the copy that has it waits for its person, isn't had: AskedTurn asks then, as it does where the file system
+// grants no locks, which is no wait. Without the file, and where it is read-only, there are no turns to wait for.
 class UpdateTurns {
  public:
   UpdateTurns(const std::filesystem::path& path, Clock& clock);
@@ -26,6 +26,8 @@ class UpdateTurns {
     Turn(const Turn&) = delete;
 
     bool IsHad() const { return isHad_; }
+    // Why it isn't had: by no other copy.
+    bool LacksLocks() const { return turns_.lacksLocks_; }
     void WaitAgain() { isHad_ = turns_.Begin(); }
     void LetGo() {
       if (isHad_) turns_.End();
@@ -44,6 +46,7 @@ class UpdateTurns {
 
   Clock& clock_;
   int descriptor_ = -1;
+  bool lacksLocks_ = false;  // by the last try
 };
 
 }  // namespace lantos

@@ -9,7 +9,6 @@
 #include "records/FileNumber.h"
 #include "records/LaborText.h"
 #include "records/OpenedFile.h"
-#include "records/TextLines.h"
 
 namespace lantos {
 
@@ -54,18 +53,10 @@ std::string CannedLaborLine(const CannedLabor& entry) {
          RightJustify(std::to_string(entry.Total), kAmountWidth) + JoinLines(entry.Desc);
 }
 
-std::vector<CannedLabor> LoadCannedLabor(Environment& environment) {
-  return CannedLaborIn(ReadTextLines(environment, kCannedLaborFile).value_or(std::vector<std::string>()));
-}
-
 std::vector<CannedLabor> CannedLaborIn(const std::vector<std::string>& lines) {
   std::vector<CannedLabor> entries;
   for (const std::string& line : lines) entries.push_back(ParseCannedLabor(line));
   return entries;
-}
-
-void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& entries) {
-  WriteTextLines(environment, kCannedLaborFile, LinesOf(entries));
 }
 
 std::vector<std::string> LinesOf(const std::vector<CannedLabor>& entries) {
@@ -138,18 +129,10 @@ std::string CannedNoteLine(const CannedNote& note) {
   return JoinLines(trimmed);
 }
 
-std::vector<CannedNote> LoadCannedNotes(Environment& environment) {
-  return CannedNotesIn(ReadTextLines(environment, kCannedNoteFile).value_or(std::vector<std::string>()));
-}
-
 std::vector<CannedNote> CannedNotesIn(const std::vector<std::string>& lines) {
   std::vector<CannedNote> notes;
   for (const std::string& line : lines) notes.push_back(SplitLaborText(line));
   return notes;
-}
-
-void SaveCannedNotes(Environment& environment, const std::vector<CannedNote>& notes) {
-  WriteTextLines(environment, kCannedNoteFile, LinesOf(notes));
 }
 
 std::vector<std::string> LinesOf(const std::vector<CannedNote>& notes) {

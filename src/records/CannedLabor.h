@@ -30,11 +30,9 @@ struct CannedLabor {
 CannedLabor ParseCannedLabor(std::string_view line);
 std::string CannedLaborLine(const CannedLabor& entry);
 
-// In file order. No file is an empty list. FileError when it can't be read or written.
-std::vector<CannedLabor> LoadCannedLabor(Environment& environment);
+// In file order.
 std::vector<CannedLabor> CannedLaborIn(const std::vector<std::string>& lines);
 // The whole file, without the deleted entries.
-void SaveCannedLabor(Environment& environment, const std::vector<CannedLabor>& entries);
 std::vector<std::string> LinesOf(const std::vector<CannedLabor>& entries);
 
 // TQLABKIT.DAT: which inventory kit goes with which code.
@@ -77,9 +75,7 @@ inline constexpr std::string_view kCannedNoteFile = "TQCANNOT.DAT";
 using CannedNote = std::array<std::string, kCannedLines>;
 bool IsDeleted(const CannedNote& note);
 std::string CannedNoteLine(const CannedNote& note);
-std::vector<CannedNote> LoadCannedNotes(Environment& environment);
 std::vector<CannedNote> CannedNotesIn(const std::vector<std::string>& lines);
-void SaveCannedNotes(Environment& environment, const std::vector<CannedNote>& notes);
 std::vector<std::string> LinesOf(const std::vector<CannedNote>& notes);
 
 }  // namespace lantos

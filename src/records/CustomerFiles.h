@@ -9,6 +9,7 @@
 #include "records/Contention.h"
 #include "records/Customers.h"
 #include "records/OpenedFile.h"
+#include "records/WriteAhead.h"
 
 namespace lantos {
 
@@ -65,6 +66,8 @@ class CustomerFiles {
   FileLink EndOfMasters() const;
   // Nothing where the file ended.
   std::optional<CustomerTag> TagBefore(std::uint64_t offset) const;
+  void NoteAhead(const Places& places, const CustomerTag& tag, const std::optional<CustomerTag>& tagBefore,
+                 const CustomerRecord& master) const;
   // False when it could not be done.
   bool PutTagBack(std::uint64_t offset, const CustomerTag& written, const std::optional<CustomerTag>& before);
 
@@ -74,6 +77,7 @@ class CustomerFiles {
   OpenedFile masterFile_;
   Contention tagContention_;
   Contention masterContention_;
+  WriteAhead ahead_;  // until both are closed and on the disk
   std::optional<UpdateTurns> turns_;
   std::optional<AskedTurn> turn_;
   std::optional<SharedFile> tags_;  // for reading, as the next

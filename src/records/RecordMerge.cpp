@@ -34,7 +34,7 @@ std::string TextOf(Bytes bytes, const MergedField& field) {
       const std::string all = AsString(bytes);
       return Trim(all.substr(0, all.find('\0')));
     }
-    case Reads::Cents:
+    case Reads::Money:
       return FormatHundredths(number);
     case Reads::TenThousandths:
       return FormatTenThousandths(number);

@@ -14,7 +14,7 @@ namespace lantos {
 
 // One field of a record as a screen shows it: what it is called there, where it lies, and how its value reads.
 struct MergedField {
-  enum class Reads { Text, Cents, TenThousandths, PercentOrDollars, Whole, Day, YesNo, Word };
+  enum class Reads { Text, Money, TenThousandths, PercentOrDollars, Whole, Day, YesNo, Word };
   using Words = std::span<const std::string_view>;
 
   constexpr MergedField(std::string_view fieldName, TextField field)

@@ -38,11 +38,6 @@ std::vector<std::string> TextLinesIn(Environment& environment, const SharedFile&
   return lines;
 }
 
-void WriteTextLines(Environment& environment, std::string_view name, const std::vector<std::string>& lines) {
-  OpenedFile file(environment.openFiles, name, Access::ReadWrite, Deny::All);
-  PutTextLines(*file, lines);
-}
-
 void PutTextLines(SharedFile& file, const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";

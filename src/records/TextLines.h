@@ -16,11 +16,9 @@ namespace lantos {
 // Nothing when there is no such file. FileError when it can't be read.
 std::optional<std::vector<std::string>> ReadTextLines(Environment& environment, std::string_view name,
                                                       Deny deny = Deny::All);
-// The whole file anew, each line ended by CR LF. FileError when it can't be written; it is as it was then.
-void WriteTextLines(Environment& environment, std::string_view name, const std::vector<std::string>& lines);
-
 // The same of a file that is open already.
 std::vector<std::string> TextLinesIn(Environment& environment, const SharedFile& file, std::string_view name);
+// The whole file anew, each line ended by CR LF. FileError when it can't be written; it is as it was then.
 void PutTextLines(SharedFile& file, const std::vector<std::string>& lines);
 
 }  // namespace lantos

@@ -45,10 +45,11 @@ bool Vehicles::Write(FileLink offset, const VehicleRecord& record) {
   return true;
 }
 
-FileLink Vehicles::Append(const VehicleRecord& record) {
+FileLink Vehicles::Append(const VehicleRecord& record, const std::function<void(FileLink)>& beforehand) {
   FileLink offset = kNoLink;
   const bool isWritten = InHeldFile(Access::Write, [&](SharedFile& file) {
     offset = LinkAtEnd(file.Length(), kVehicleFile);
+    beforehand(offset);
     WriteRecord(file, offset, record);
   });
   if (!isWritten) return kNoLink;

@@ -63,7 +63,9 @@ class Vehicles {
   // after a failure, which has been shown.
   bool Write(FileLink offset, const VehicleRecord& record);
   // The same at the end of the file, as it is once nobody else can write to it. The offset; kNoLink after a failure.
-  FileLink Append(const VehicleRecord& record);
+  // beforehand runs ahead of the writing, with that offset.
+  FileLink Append(
+      const VehicleRecord& record, const std::function<void(FileLink)>& beforehand = [](FileLink) {});
   // The same with the vehicle as it lies on file, into which change puts what is new: what others have stored meanwhile
   // stays. What change throws leaves it as it was. Nothing after a failure.
   using Change = std::function<void(VehicleRecord& record)>;

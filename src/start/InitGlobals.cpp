@@ -9,6 +9,7 @@
 #include "records/inventory/NameList.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
+#include "shop/HalfStored.h"
 #include "start/DataDirectory.h"
 #include "start/frmSplash.h"
 
@@ -32,7 +33,7 @@ std::string ProfileSectionOf(const std::string& computerName) {
   return name.empty() ? std::string(kDefaultsSection) : name;
 }
 
-std::vector<std::string> MakeUpdateFile(Shop& shop) {
+LeftJournals MakeUpdateFile(Shop& shop) {
   Environment& environment = shop.environment;
   const DaySerial today = environment.Today();
   try {
@@ -77,8 +78,8 @@ void LoadSharedTables(Records& records, Clock& clock) {
   LoadPatiently(clock, [&] { records.checkList.LoadChecklistFile(); });
 }
 
-void WarnOfNetworkMount(Shop& shop) {
-  if (!IsOnNetworkMount(shop.environment.files.PathOf("Lantos.mdb"))) return;
+void WarnOfNetworkMount(Shop& shop, de& database) {
+  if (!IsOnNetworkMount(shop.environment.files.PathOf("Lantos.mdb")) || database.Connection().IsFar()) return;
   constexpr const char* advice =
       "The data directory is on a network mount: for several workstations a database server is the safe choice.";
   shop.environment.log.Write(advice);
@@ -103,8 +104,10 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   UpgradeDatabase(database, environment, shop.records);
   database.lantosData.KeepTrail(environment.clock, {environment.computerName, environment.userName},
                                 [&environment](const std::string& reason) { environment.log.Write(reason); });
-  WarnOfNetworkMount(shop);
-  journals = MakeUpdateFile(shop);
+  WarnOfNetworkMount(shop, database.lantosData);
+  LeftJournals left = MakeUpdateFile(shop);
+  SettleRecords(environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory
+  journals = std::move(left.ofConversions);
   ProfileFile profile = environment.Profile();
   environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
   SetMainWindowFont(shop);

@@ -7,6 +7,7 @@
 
 #include "frame/Dates.h"
 #include "frame/FileCause.h"
+#include "frame/JournalLines.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
 #include "records/Contention.h"
@@ -19,70 +20,11 @@ namespace {
 constexpr std::string_view kComments = "the comments of the estimate";
 constexpr std::string_view kStatus = "the status of the estimate";
 constexpr std::string_view kHeading = "Lantos conversion 1";
-constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::uint64_t kMostBytes = 1 << 20;
-constexpr int kNamesACopy = 100;
-constexpr std::size_t kCheckDigits = 8;
-constexpr int kLooks = 5;
-constexpr std::int64_t kPause = 10;  // milliseconds
-
-// FNV-1a: a line that was damaged doesn't move any stock.
-std::string CheckOf(std::string_view text) {
-  std::uint32_t hash = 2166136261u;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619u;
-  return fmt::format("{:08x}", hash);
-}
-
-// What tells this copy's log from those of the others: "AJb15003.JNL"; ".J01" and so on behind it, where
-// this copy has left some behind.
-std::string NameOf(const Environment& environment, int n) {
-  const std::string& log = environment.log.Name();
-  const std::string copy = log.size() > 6 ? log.substr(2, log.size() - 6) : DayMark(environment.Today()) + "000";
-  return std::string(kJournalPrefix) + copy + (n == 0 ? ".JNL" : fmt::format(".J{:02}", n));
-}
-
 WordedError TooManyJournals(const Environment& environment) {
-  const std::string text = "This copy has left " + std::to_string(kNamesACopy) + " conversions half done, " +
-                           NameOf(environment, 0) + " and those behind it.\rFinish or undo some of them. Nothing was " +
-                           "converted.";
+  const std::string text = "This copy has left 100 conversions half done, " +
+                           FirstJournalOf(environment, kJournalPrefix) +
+                           " and those behind it.\rFinish or undo some of them. Nothing was converted.";
   return WordedError(text, text);
-}
-
-std::string_view TakeWord(std::string_view& text) {
-  const std::size_t end = std::min(text.find(' '), text.size());
-  const std::string_view word = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  return word;
-}
-
-template <class Number>
-bool TakeNumber(std::string_view& text, Number& number) {
-  const std::string_view word = TakeWord(text);
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-  return error == std::errc() && end == word.data() + word.size() && !word.empty();
-}
-
-// A text in a line of its own: what would end the line, or begins such a mark, stands as "%" and two digits.
-std::string InOneLine(std::string_view text) {
-  std::string line;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    line += byte < ' ' || c == '%' ? fmt::format("%{:02x}", byte) : std::string(1, c);
-  }
-  return line;
-}
-
-std::string FromOneLine(std::string_view line) {
-  std::string text;
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    unsigned byte = 0;
-    const char* const digits = line.data() + i + 1;
-    const bool isMark =
-        line[i] == '%' && i + 2 < line.size() && std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
-    text += isMark ? static_cast<char>(byte) : line[i];
-    if (isMark) i += 2;
-  }
-  return text;
 }
 
 // A part that comes a second time was taken back, and was begun anew.
@@ -142,10 +84,7 @@ ConversionJournal::ConversionJournal(Environment& environment, ui::Desktop& desk
                                      std::int32_t workorder)
     : environment_(environment), desktop_(desktop) {
   try {
-    for (int n = 0; name_.empty() && n < kNamesACopy; ++n) {
-      const std::string name = NameOf(environment, n);
-      if (!environment.files.IsThere(name) && environment.files.MakeNew(name)) name_ = name;
-    }
+    name_ = MakeJournal(environment, kJournalPrefix);
     if (name_.empty()) throw TooManyJournals(environment);
     file_ = SharedFile(environment.files.PathOf(name_), Access::ReadWrite, Deny::Write);
     Write(std::string(kHeading));
@@ -168,7 +107,7 @@ ConversionJournal::ConversionJournal(Environment& environment, ui::Desktop& desk
 }
 
 void ConversionJournal::Write(const std::string& line) {
-  const std::string text = line + ' ' + CheckOf(line) + std::string(kLineEnd);
+  const std::string text = JournalLine(line);
   file_.WriteAt(end_, std::as_bytes(std::span(text)));
   end_ += text.size();
 }
@@ -218,36 +157,14 @@ void ConversionJournal::WillWriteStatus() { WillWrite(kStatus); }
 
 void ConversionJournal::IsUndone() { WriteOrAsk("undone"); }
 
-void ConversionJournal::Remove() {
-  try {
-    if (file_.IsOpen()) {
-      file_.Truncate(0);
-      file_.Close();
-    }
-    // Somebody may be looking at it just now.
-    for (int look = 0; look < kLooks && !environment_.files.Delete(name_); ++look) environment_.clock.Wait(kPause);
-  } catch (const FileError& error) {
-    environment_.log.Write(error.what());
-  }
-}
-
-std::string JournalContent(const SharedFile& file) {
-  std::string content(static_cast<std::size_t>(std::min(file.Length(), kMostBytes)), '\0');
-  content.resize(file.ReadAt(0, std::as_writable_bytes(std::span(content))));
-  const std::size_t end = content.rfind(kLineEnd);
-  content.resize(end == std::string::npos ? 0 : end + kLineEnd.size());
-  return content;
-}
+void ConversionJournal::Remove() { DeleteJournal(environment_, name_, file_); }
 
 std::optional<BegunConversion> ReadJournal(std::string_view content) {
   BegunConversion begun;
   for (bool isFirst = true; !content.empty(); isFirst = false) {
-    const std::size_t end = content.find(kLineEnd);
-    if (end == std::string_view::npos || end < kCheckDigits + 1) return std::nullopt;
-    const std::string_view line = content.substr(0, end - kCheckDigits - 1);
-    if (content.substr(line.size(), kCheckDigits + 1) != ' ' + CheckOf(line)) return std::nullopt;
-    content.remove_prefix(end + kLineEnd.size());
-    if (isFirst ? line != kHeading : !ReadLine(line, begun)) return std::nullopt;
+    const std::optional<std::string_view> line = TakeJournalLine(content);
+    if (!line) return std::nullopt;
+    if (isFirst ? *line != kHeading : !ReadLine(*line, begun)) return std::nullopt;
   }
   return begun;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "frame/Environment.h"
+#include "frame/JournalLines.h"
 #include "frame/SharedFile.h"
 #include "ui/Desktop.h"
 
@@ -22,9 +23,6 @@ struct JournaledPart {
   // Once that is settled, ahead of the stock: the record of its usage, kNoLink where the person went on without one.
   std::optional<FileLink> noted = {};
 };
-
-// Whole lines of an open journal only, in the program's page; what one of a megabyte has behind that is left out.
-std::string JournalContent(const SharedFile& file);
 
 // What a journal says: a conversion that was begun, and how far it came at least.
 struct BegunConversion {

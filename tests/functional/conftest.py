@@ -1,11 +1,15 @@
+import inspect
+import os
 import pathlib
 import subprocess
+import tempfile
 
 import pytest
 
 # Before any of them is imported: their assertions say as much as those of the tests.
 pytest.register_assert_rewrite(*(helper.stem for helper in (pathlib.Path(__file__).parent / "support").glob("*.py")))
 
+from databases import Server
 from driver import DriverError, Lantos, data_option, program_path
 from shopfiles import Shop
 
@@ -24,10 +28,40 @@ def desktop(request):
     return request.param
 
 
+def pytest_addoption(parser):
+    parser.addoption("--database", choices=("file", "server"), default="file",
+                     help="where the estimates of each shop lie")
+
+
+@pytest.fixture(scope="session")
+def server():
+    """A database server, of this process alone."""
+    directory = pathlib.Path(tempfile.gettempdir()) / f"lantos-server-{os.getpid()}"
+    running = Server(str(directory))
+    yield running
+    running.close()
+
+
+def speaks_to_the_file(module, function):
+    """Whether a test takes the database for a file, itself or through procedures of its module."""
+    texts = {name: inspect.getsource(each) for name, each in vars(module).items()
+             if inspect.isfunction(each) and each.__module__ == module.__name__}
+    telling = {'"Lantos.mdb"', "sqlite_master"}
+    found = 0
+    while len(telling) > found:
+        found = len(telling)
+        telling |= {f"{name}(" for name, text in texts.items() if any(each in text.partition("\n")[2] for each in telling)}
+    return any(each in inspect.getsource(function).partition("\n")[2] for each in telling)
+
+
 @pytest.fixture
-def shop(tmp_path):
+def shop(request, tmp_path):
     """A shop's directory, not written yet: tests put their own into it first."""
-    return Shop(tmp_path / "shop")
+    if request.config.getoption("--database") == "file":
+        return Shop(tmp_path / "shop")
+    if speaks_to_the_file(request.module, request.function):
+        pytest.skip("speaks to the file itself")
+    return Shop(tmp_path / "shop", request.getfixturevalue("server"))
 
 
 class Starter:

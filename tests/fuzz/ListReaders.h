@@ -2,6 +2,7 @@
 
 #include "Readers.h"
 #include "records/CannedLabor.h"
+#include "records/EditedLines.h"
 #include "records/Followups.h"
 #include "records/Payroll.h"
 #include "records/PurchaseOrders.h"
@@ -87,8 +88,12 @@ inline void ChangePayroll(QuietShop& shop) {
 
 inline void ReadCanned(QuietShop& shop) {
   Refusable([&] {
-    for (const CannedLabor& entry : LoadCannedLabor(shop.environment)) See(entry.Code() + entry.FirstLine());
-    for (const CannedNote& note : LoadCannedNotes(shop.environment)) See(note[0] + note[7]);
+    for (const CannedLabor& entry : CannedLaborIn(EditedLines(shop.environment, kCannedLaborFile).Read())) {
+      See(entry.Code() + entry.FirstLine());
+    }
+    for (const CannedNote& note : CannedNotesIn(EditedLines(shop.environment, kCannedNoteFile).Read())) {
+      See(note[0] + note[7]);
+    }
     See(LaborKits(shop.environment).KitOf("LOF"));
   });
 }

@@ -1,5 +1,7 @@
 #include "contents/notes/ChecklistMerge.h"
 
+#include <algorithm>
+
 #include "frame/Text.h"
 #include "records/RecordMerge.h"
 #include "screens/OkCancelForm.h"
@@ -63,16 +65,33 @@ ChecklistItem ItemOf(const std::string& row, const std::string& name) {
   return item;
 }
 
+// Behind the last row of its category; its category's row goes with it where it isn't there.
+void Place(const StoredChecklist::Stranger& stranger, std::vector<std::string>& rows) {
+  const auto isHeading = [](const std::string& row) { return TrimView(row).starts_with('['); };
+  auto category = rows.begin();
+  if (!stranger.category.empty()) {
+    const std::string heading = ParseRow(Trim(stranger.category)).Name;
+    category = std::ranges::find_if(rows, [&](const std::string& row) { return ParseRow(Trim(row)).Name == heading; });
+    if (category == rows.end()) category = rows.insert(rows.end(), stranger.category);
+    ++category;
+  }
+  if (!isHeading(stranger.row)) rows.insert(std::find_if(category, rows.end(), isHeading), stranger.row);
+}
+
 }  // namespace
+
+std::string StoredChecklist::Stranger::Name() const { return ParseRow(Trim(row)).Name; }
 
 StoredChecklist BesideEntries(const CheckListTable& table, const std::vector<std::string>& rows) {
   StoredChecklist stored;
   stored.rows.resize(table.items.size());
+  std::string category;
   for (const std::string& row : rows) {
     const std::string name = ParseRow(Trim(row)).Name;
+    if (name.starts_with('[')) category = row;
     const int index = table.Find(name);
     if (index < 0) {
-      stored.strangers.push_back(name);
+      stored.strangers.push_back({row, category});
     } else {
       stored.rows[static_cast<std::size_t>(index)] = row;
     }
@@ -100,7 +119,10 @@ std::vector<std::string> ChecklistMerge::Merged(const StoredChecklist& stored) {
   }
   if (!isDecided) throw Undecided{};
   TickCategories(taken, rows);
+  const std::vector<StoredChecklist::Stranger> strangers = NewStrangers(stored);
+  for (const StoredChecklist::Stranger& stranger : strangers) TickCategoryOf(stranger, rows);
   std::erase(rows, std::string());
+  for (const StoredChecklist::Stranger& stranger : strangers) Place(stranger, rows);
   return rows;
 }
 
@@ -128,6 +150,25 @@ void ChecklistMerge::TickCategories(const std::vector<bool>& taken, std::vector<
     merged_[category].Used = true;
     rows[category] = RowOf(merged_[category]);
   }
+}
+
+// What was loaded without a place in the list was told then, and goes.
+std::vector<StoredChecklist::Stranger> ChecklistMerge::NewStrangers(const StoredChecklist& stored) const {
+  std::vector<StoredChecklist::Stranger> strangers = stored.strangers;
+  std::erase_if(strangers, [this](const StoredChecklist::Stranger& stranger) {
+    return std::ranges::find(loaded_.strangers, stranger.row, &StoredChecklist::Stranger::row) !=
+           loaded_.strangers.end();
+  });
+  return strangers;
+}
+
+void ChecklistMerge::TickCategoryOf(const StoredChecklist::Stranger& stranger, std::vector<std::string>& rows) {
+  const std::string heading = ParseRow(Trim(stranger.category)).Name;
+  const auto category = std::ranges::find(merged_, heading, &ChecklistItem::Name);
+  if (category == merged_.end() || category->Used) return;
+  category->Used = true;
+  hasTakenAny_ = true;
+  rows[static_cast<std::size_t>(category - merged_.begin())] = RowOf(*category);
 }
 
 void ChecklistMerge::Store(ui::Desktop& desktop, const std::string& title, const std::function<void()>& transaction) {

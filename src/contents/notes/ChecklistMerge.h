@@ -13,15 +13,24 @@ namespace lantos {
 
 // What the rows of an estimate say, beside each entry of the shop's list.
 struct StoredChecklist {
+  // Of an entry that the list doesn't have: its row, and that of the category it stands under, empty where there is
+  // none.
+  struct Stranger {
+    std::string row;
+    std::string category;
+    std::string Name() const;
+  };
+
   std::vector<std::string> rows;  // of each entry, as it lies there; empty where it isn't ticked
   std::vector<ChecklistItem> items;
-  std::vector<std::string> strangers;  // names that the list doesn't have
+  std::vector<Stranger> strangers;
 };
 StoredChecklist BesideEntries(const CheckListTable& table, const std::vector<std::string>& rows);
 
 // The save of a checklist that others may have stored since it was loaded. Entry by entry: what only the person changed
 // is stored, what only others changed stays as they stored it, and where both changed one entry the person is asked, in
-// one box for all of them. An entry that is ticked keeps its category ticked.
+// one box for all of them. An entry that is ticked keeps its category ticked. Entries that the list of this run doesn't
+// have stay where others have stored them since; those that were loaded go.
 class ChecklistMerge {
  public:
   ChecklistMerge(const StoredChecklist& loaded, std::vector<ChecklistItem> ours)
@@ -48,6 +57,8 @@ class ChecklistMerge {
   enum class Whose { Ours, Theirs, NotDecided };
   Whose WhoseIs(std::size_t entry, const StoredChecklist& stored);
   void TickCategories(const std::vector<bool>& taken, std::vector<std::string>& rows);
+  std::vector<StoredChecklist::Stranger> NewStrangers(const StoredChecklist& stored) const;
+  void TickCategoryOf(const StoredChecklist::Stranger& stranger, std::vector<std::string>& rows);
   bool Ask(ui::Desktop& desktop, const std::string& title);
 
   const StoredChecklist& loaded_;

@@ -29,8 +29,9 @@ StoredChecklist Load(Workbench& bench) {
   StoredChecklist stored = Stored(bench);
   table.items = stored.items;
   table.ChecklistLoaded = AnyTicked(stored.items) || !stored.strangers.empty();
-  for (const std::string& name : stored.strangers) {
-    bench.shop.desktop.Tell("Couldn't locate " + name + " in checklist.  Item skipped.", "LoadCheckListValues");
+  for (const StoredChecklist::Stranger& stranger : stored.strangers) {
+    bench.shop.desktop.Tell("Couldn't locate " + stranger.Name() + " in checklist.  Item skipped.",
+                            "LoadCheckListValues");
   }
   return stored;
 }

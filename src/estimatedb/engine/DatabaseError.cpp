@@ -1,5 +1,7 @@
 #include "estimatedb/engine/DatabaseError.h"
 
+#include <fmt/format.h>
+
 namespace lantos {
 
 std::string_view WordsOf(DatabaseErrorKind kind) {
@@ -25,6 +27,26 @@ std::string_view WordsOf(DatabaseErrorKind kind) {
       break;
   }
   return "The database couldn't do what it was asked for. The run log has the reason.";
+}
+
+std::string WordsOf(DatabaseErrorKind kind, std::string_view file) {
+  const bool isOfTheRows = kind == DatabaseErrorKind::Duplicate || kind == DatabaseErrorKind::Refused;
+  return isOfTheRows ? std::string(WordsOf(kind)) : fmt::format("{}\n\n{}", WordsOf(kind), file);
+}
+
+std::string WordsOfLock(std::string_view file, std::chrono::milliseconds wait) {
+  return fmt::format(
+      "Another copy of the program has the database \"{}\" locked; it didn't become free within {:g} seconds. What was "
+      "to be done in it was not done.",
+      file, std::chrono::duration<double>(wait).count());
+}
+
+std::string WordsOfMove(std::string_view file) {
+  return fmt::format(
+      "The estimates have been moved to another database while this program ran: \"{}\" isn't the one that it has "
+      "open. "
+      "Nothing was stored.\n\nEnd the program and start it again.",
+      file);
 }
 
 }  // namespace lantos

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,11 @@ enum class DatabaseErrorKind {
 
 // What a person is told of it. A lock has its own words, since they name the wait.
 std::string_view WordsOf(DatabaseErrorKind kind);
+std::string WordsOfLock(std::string_view file, std::chrono::milliseconds wait);
+// Of a file that another one has taken the place of.
+std::string WordsOfMove(std::string_view file);
+// With the database's file behind them, where its place is worth knowing.
+std::string WordsOf(DatabaseErrorKind kind, std::string_view file);
 
 // A statement that the engine refused: the text has the statement and the values that were involved, and is for the run
 // log; the words are for the person. One that the program made up itself says the same to both.

@@ -20,6 +20,12 @@ struct RowKey {
   Value value;
 };
 
+// A statement and its values.
+struct Question {
+  std::string_view statement;
+  std::vector<Value> values;
+};
+
 // A database behind the named commands: opens, runs a statement with parameters, gives rows by column name. Text
 // crosses this border in the program's page and lies as Unicode in the database; dates lie there as ISO text.
 // Every call throws DatabaseError when the engine refuses.
@@ -45,6 +51,21 @@ class Engine {
   // Statements that only read, seeing one state of the database and sharing one lock: many small ones take a third of
   // the time. Nobody can write meanwhile, so nothing in the work may wait for a person.
   virtual void ReadTogether(const std::function<void()>& work) = 0;
+  // Within Together, a change that nothing is asked of: an engine that is far away may send it along with whatever
+  // comes next, the commit at the latest. Where it fails, all of the work does, then. Within Apart, and elsewhere, it
+  // is Run.
+  virtual void Post(std::string_view statement, const std::vector<Value>& parameters) { Run(statement, parameters); }
+  // Whether an answer is far away, so that it pays to say what will be asked next.
+  virtual bool IsFar() const { return false; }
+  // Within ReadTogether: reading statements that Run will be given next. An engine that is far away asks for all of
+  // them in one go and has the answers when they are wanted; to others it is nothing.
+  virtual void Foresee(const std::vector<Question>& questions) { static_cast<void>(questions); }
+  // Outside of any transaction: work that begins with these reading statements, which an engine that is far away asks
+  // in one go, and of one state. Work doesn't change anything, and may wait for a person.
+  virtual void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) {
+    static_cast<void>(questions);
+    work();
+  }
 };
 
 }  // namespace lantos

@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include "estimatedb/engine/ServerMark.h"
 #include "frame/PathText.h"
 
 namespace lantos {
@@ -12,6 +13,9 @@ using namespace std::string_view_literals;
 
 constexpr std::string_view kSqliteMark = "SQLite format 3\0"sv;
 constexpr std::string_view kJetMarks[] = {"\0\1\0\0Standard Jet DB\0"sv, "\0\1\0\0Standard ACE DB\0"sv};
+
+// Put in front by editors that write Unicode.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::string_view kWaysOut =
     "Restore the file from a backup, or make a new shop in an empty directory with \"lantos-shop new\".";
@@ -24,6 +28,8 @@ DatabaseFileKind KindOfDatabaseFile(std::string_view firstBytes) {
   for (const std::string_view mark : kJetMarks) {
     if (firstBytes.starts_with(mark)) return DatabaseFileKind::Jet;
   }
+  if (firstBytes.starts_with(kByteOrderMark)) firstBytes.remove_prefix(kByteOrderMark.size());
+  if (firstBytes.starts_with(kServerMark)) return DatabaseFileKind::Server;
   return DatabaseFileKind::Unknown;
 }
 
@@ -37,6 +43,8 @@ std::string RefusalOf(DatabaseFileKind kind, const std::filesystem::path& path) 
           "and bring them into a new shop, made in an empty directory with \"lantos-shop new\"; or, when the shop has "
           "been moved over already, restore the database from a backup.",
           file);
+    case DatabaseFileKind::Server:
+      return fmt::format("\"{}\" isn't a database itself: it names a server that has one.", file);
     case DatabaseFileKind::Empty:
       return fmt::format("\"{}\" is empty: it holds no database. The file has been left as it is.\n\n{}", file,
                          kWaysOut);

@@ -11,10 +11,10 @@
 #include <array>
 #include <utility>
 
+#include "estimatedb/engine/SqlWords.h"
+#include "estimatedb/engine/StatementText.h"
 #include "estimatedb/sqlite/DatabaseFileKind.h"
-#include "estimatedb/sqlite/Dialect.h"
-#include "estimatedb/sqlite/SqlWords.h"
-#include "frame/Dates.h"
+#include "estimatedb/sqlite/SqliteDialect.h"
 #include "frame/GuardedOpen.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
@@ -25,25 +25,6 @@ namespace {
 
 // More different statements than the program has; texts made up on the way push nothing out that matters.
 constexpr std::size_t kStatementsKept = 128;
-
-std::string ForPeople(const Value& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) return QuotedText(*text);
-  if (const auto* whole = std::get_if<std::int64_t>(&value)) return fmt::format("{}", *whole);
-  if (const auto* number = std::get_if<double>(&value)) return fmt::format("{}", *number);
-  if (const auto* date = std::get_if<DateValue>(&value)) return FormatDate(date->day);
-  return "null";
-}
-
-std::string ForPeople(std::string_view statement, const std::vector<Value>& parameters) {
-  std::string text = fmt::format("Statement: {}", statement);
-  std::string_view joint = "\nValues: ";
-  for (const Value& value : parameters) {
-    text += joint;
-    text += ForPeople(value);
-    joint = ", ";
-  }
-  return text;
-}
 
 // SQLite has one number for all that is wrong with a statement; its words tell more.
 DatabaseErrorKind KindOf(int code, int extendedCode, std::string_view description) {
@@ -60,7 +41,7 @@ DatabaseErrorKind KindOf(int code, int extendedCode, std::string_view descriptio
     case SQLITE_LOCKED:
       return DatabaseErrorKind::Locked;
     case SQLITE_READONLY:
-      return DatabaseErrorKind::ReadOnly;
+      return extendedCode == SQLITE_READONLY_DBMOVED ? DatabaseErrorKind::Unreachable : DatabaseErrorKind::ReadOnly;
     case SQLITE_FULL:
       return DatabaseErrorKind::Full;
     case SQLITE_CANTOPEN:
@@ -73,11 +54,6 @@ DatabaseErrorKind KindOf(int code, int extendedCode, std::string_view descriptio
     default:
       return DatabaseErrorKind::Other;
   }
-}
-
-// Then its place is worth knowing.
-bool IsOfTheFile(DatabaseErrorKind kind) {
-  return kind != DatabaseErrorKind::Duplicate && kind != DatabaseErrorKind::Refused;
 }
 
 // SQLite's own number of a row tells equal ones apart.
@@ -135,7 +111,7 @@ void SqliteEngine::RefuseForeignFile() {
   const int result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(length), 0);
   if (result != SQLITE_OK) throw SQLite::Exception("The file can't be read.", result);
   const DatabaseFileKind kind = KindOfDatabaseFile({bytes.data(), length});
-  if (kind != DatabaseFileKind::Sqlite) throw DatabaseError(RefusalOf(kind, path_));
+  if (kind != DatabaseFileKind::Sqlite) throw ForeignFile(kind, path_);
 }
 
 void SqliteEngine::Configure() {
@@ -275,21 +251,20 @@ void SqliteEngine::ChangeColumnType(const ColumnChange& change) {
 
 // Called while an SQLite::Exception is on its way.
 void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>& parameters) {
-  const std::string details = ForPeople(statement, parameters);
+  const std::string details = StatementForLog(statement, parameters);
   try {
     throw;
   } catch (const SQLite::Exception& error) {
     const int code = error.getErrorCode() & 0xFF;
     const std::string description = FromUtf8(error.what());
     const DatabaseErrorKind kind = KindOf(code, error.getExtendedErrorCode(), description);
+    const std::string file = TextOfPath(path_);
     if (kind != DatabaseErrorKind::Locked) {
-      const std::string words = std::string(WordsOf(kind)) + (IsOfTheFile(kind) ? "\n\n" + TextOfPath(path_) : "");
-      throw DatabaseError(fmt::format("{}\n\n{}", description, details), kind, code, words);
+      const bool isMoved = error.getExtendedErrorCode() == SQLITE_READONLY_DBMOVED;
+      throw DatabaseError(fmt::format("{}\n\n{}", description, details), kind, code,
+                          isMoved ? WordsOfMove(file) : WordsOf(kind, file));
     }
-    const std::string words = fmt::format(
-        "Another copy of the program has the database \"{}\" locked; it didn't become free within {:g} "
-        "seconds. What was to be done in it was not done.",
-        TextOfPath(path_), std::chrono::duration<double>(busyTimeout_).count());
+    const std::string words = WordsOfLock(file, busyTimeout_);
     throw DatabaseError(fmt::format("{}\n\n{}", words, details), kind, code, words);
   }
 }

@@ -9,7 +9,7 @@
 
 #include "estimatedb/engine/Engine.h"
 #include "estimatedb/sqlite/ClockVfs.h"
-#include "estimatedb/sqlite/Dialect.h"
+#include "estimatedb/sqlite/SqliteDialect.h"
 #include "estimatedb/sqlite/SqliteStatement.h"
 
 namespace SQLite {
@@ -25,8 +25,8 @@ class SqliteEngine : public Engine {
  public:
   enum class Mode { Existing, New };
 
-  // Existing: refuses what isn't an SQLite database, told from its first bytes, without touching it. New: refuses a
-  // file that is there already. Throws DatabaseError.
+  // Existing: refuses what isn't an SQLite database, told from its first bytes, without touching it, by ForeignFile.
+  // New: refuses a file that is there already. Throws DatabaseError.
   SqliteEngine(const std::filesystem::path& path, const Clock& clock, Mode mode = Mode::Existing,
                std::chrono::milliseconds busyTimeout = kBusyTimeout);
   ~SqliteEngine() override;
@@ -42,6 +42,8 @@ class SqliteEngine : public Engine {
   void ReadTogether(const std::function<void()>& work) override;
 
   std::size_t StatementsPrepared() const { return statementsPrepared_; }
+  // The file as the engine's own library has it, for work within Together that knows what it does.
+  SQLite::Database& Plainly() { return *database_; }
 
  private:
   struct TextHash {

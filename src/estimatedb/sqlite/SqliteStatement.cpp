@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "estimatedb/sqlite/Dialect.h"
-#include "estimatedb/sqlite/SqlWords.h"
+#include "estimatedb/engine/SqlWords.h"
+#include "estimatedb/sqlite/SqliteDialect.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 

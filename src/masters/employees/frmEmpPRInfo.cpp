@@ -9,16 +9,16 @@ namespace lantos {
 namespace {
 
 constexpr MergedField kFields[] = {
-    {"Wage", employee::Wage, MergedField::Reads::Cents},
+    {"Wage", employee::Wage, MergedField::Reads::Money},
     {"Wage period", employee::WagePeriod, kPayPeriodNames},
     {"Overtime exempt", employee::OvertimeExempt, MergedField::Reads::YesNo},
-    {"Salary", employee::Salary, MergedField::Reads::Cents},
+    {"Salary", employee::Salary, MergedField::Reads::Money},
     {"Salary period", employee::SalaryPeriod, kPayPeriodNames},
     {"Commission rate", employee::Commission, MergedField::Reads::TenThousandths},
     {"Commission period", employee::CommissionPeriod, kPayPeriodNames},
-    {"Insurance deduction", employee::Insurance, MergedField::Reads::Cents},
-    {"Savings deduction", employee::Savings, MergedField::Reads::Cents},
-    {"Uniform deduction", employee::Uniform, MergedField::Reads::Cents},
+    {"Insurance deduction", employee::Insurance, MergedField::Reads::Money},
+    {"Savings deduction", employee::Savings, MergedField::Reads::Money},
+    {"Uniform deduction", employee::Uniform, MergedField::Reads::Money},
 };
 constexpr int kYes = 0;  // rows of PrintSSN
 constexpr int kNo = 1;

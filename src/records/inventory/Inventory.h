@@ -46,6 +46,8 @@ class Inventory : public InventoryList {
     InventoryTag tag;
     InventoryRecord master;
     FileLink offset = kNoLink;  // of the master
+    // As it was read; nothing for a new part.
+    std::optional<InventoryRecord> onFile = {};
   };
   // A part from the files. One that can't be read is the person's to retry; nothing when they gave up, or when the tag
   // leads to the master of another part, which is told.
@@ -85,6 +87,7 @@ class Inventory : public InventoryList {
     const FileIO::SteadyNames names_;
     UpdateTurns turns_;
     AskedTurn turn_;
+    WriteAhead ahead_;
   };
   // Keeps the alternates of two parts symmetrical after the part's alternate changed from old to new.
   void CrossReferenceAlternate(std::string_view part, std::string_view oldAlternate, std::string_view newAlternate);

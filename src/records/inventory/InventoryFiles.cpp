@@ -55,14 +55,25 @@ void TellOfAnothers(ui::Desktop& desktop, const Inventory::Part& part) {
                "ReadInventory", ui::Icon::Exclamation);
 }
 
+// Where one of the two stays as it is, nothing can be half done.
+void NoteAhead(WriteAhead* ahead, const Inventory::Part& part, FileLink location, const std::string& tagBefore) {
+  const std::string tag = TextOf(part.tag);
+  if (ahead == nullptr || tag == tagBefore || part.master == part.onFile) return;
+  ahead->Note("Part " + part.master.Get(inventory::StockNumber),
+              {{std::string(kInventoryTagFile), static_cast<std::uint64_t>(location), tagBefore, tag},
+               {std::string(kInventoryFile), static_cast<std::uint64_t>(part.offset),
+                part.onFile ? TextOf(*part.onFile) : "", TextOf(part.master)}});
+}
+
 }  // namespace
 
 Inventory::OneUpdate::OneUpdate(Inventory& inventory)
     : inventory_(inventory),
       names_(inventory.environment_.files),
       turns_(inventory.environment_.files.PathOf(kInventoryTagFile), inventory.environment_.clock),
-      turn_(turns_, inventory.desktop_, kInventoryTagFile) {
-  inventory_.update_.Begin(turn_);
+      turn_(turns_, inventory.desktop_, kInventoryTagFile),
+      ahead_(inventory.environment_) {
+  inventory_.update_.Begin(turn_, ahead_);
 }
 
 void Inventory::SizeArrays() { Clear(environment_.files.Length(kInventoryTagFile) / InventoryTag::kLength); }
@@ -163,6 +174,7 @@ bool Inventory::ReadMaster(Part& part, PartIndex index) {
   return contention.Run([&] { file.Open(kInventoryFile, Access::Read, Deny::None); }) && contention.Run([&] {
     RequireLink(part.offset, "master of " + number);
     ReadRecord(*file, part.offset, part.master);
+    part.onFile = part.master;
   });
 }
 
@@ -193,7 +205,7 @@ void Inventory::Write(Part& part, PartIndex index, Core core, Broadcast broadcas
 }
 
 void Inventory::WriteInventory(FileLink offset, PartIndex index, Core core, Broadcast broadcast) {
-  Part part{CurrentInvTag, CurrentInv, offset};
+  Part part{CurrentInvTag, CurrentInv, offset, OriginalInv};
   Write(part, index, core, broadcast);
   CurrentInvTag = part.tag;
   CurrentInv = part.master;
@@ -232,6 +244,7 @@ std::optional<InventoryTag> Inventory::WriteTag(Part& part, PartIndex index) {
   part.tag.Put(inventorytag::IsStocked, part.master.Get(inventory::IsStocked));
   InventoryTag before;
   const bool wasThere = file->ReadAt(static_cast<std::uint64_t>(location), before.Bytes()) == InventoryTag::kLength;
+  NoteAhead(update_.Ahead(), part, location, wasThere ? TextOf(before) : "");
   WriteRecord(*file, location, part.tag);
   file.Close();
   KeepInList(part.tag, index, location);

@@ -2,6 +2,7 @@
 
 #include "records/AskedTurn.h"
 #include "records/Contention.h"
+#include "records/WriteAhead.h"
 
 namespace lantos {
 
@@ -9,11 +10,18 @@ namespace lantos {
 // box taken again: what was read before that is to be read anew.
 class UpdateUnderWay {
  public:
-  void Begin(AskedTurn& turn) {
+  void Begin(AskedTurn& turn, WriteAhead& ahead) {
     turn_ = &turn;
+    ahead_ = &ahead;
     readIn_ = 0;
   }
-  void End() { turn_ = nullptr; }
+  void End() {
+    turn_ = nullptr;
+    ahead_ = nullptr;
+  }
+
+  // Null where no change is under way: a conversion's parts stand in its own journal.
+  WriteAhead* Ahead() const { return ahead_; }
 
   // Ahead of a box that only tells; whoever reads the next part takes it again.
   void LetGo() {
@@ -32,6 +40,7 @@ class UpdateUnderWay {
   int Retakes() const { return turn_ == nullptr ? 0 : turn_->Retakes(); }
 
   AskedTurn* turn_ = nullptr;
+  WriteAhead* ahead_ = nullptr;
   int readIn_ = 0;  // the retakes when a part was read last
 };
 

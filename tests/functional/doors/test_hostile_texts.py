@@ -11,8 +11,8 @@ import vendorfiles
 from boardlines import row_of
 from conversionsteps import FIRST
 from copysteps import copies
-from hostileshop import BEGINNING, HOSTILE, WORKORDERS, as_shown, hostile_shop, left
-from workorderfiles import file_name
+from hostileshop import BEGINNING, HALF_DONE, HOSTILE, JOURNAL, WORKORDERS, as_shown, half_done, hostile_shop, left
+from workorderfiles import USAGE_FILE, USAGE_LENGTH, file_name
 
 MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory", "mnuMaintVendors", "mnuPrintOptions",
          "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions", "mnuSystemCompanyInfo", "mnuSystemParameters",
@@ -143,17 +143,19 @@ def convert(copy, seen):
     raise AssertionError(f"no end of the conversion at {copy.answer}")
 
 
-def begin(start, shop, desktop):
-    """A copy with the estimate on show."""
-    copy = start(shop, desktop=desktop)
+def begin(start, shop, text, **how):
+    """A copy with the board on show; what ended in the middle is left for later."""
+    copy = start(shop, **how)
+    copy.expect_box(half_done(text), "Convert to WO", "question", ["Yes", "No", "Cancel"])
+    copy.press("Cancel")
     copy.wait(50)
     return copy
 
 
-def walk(start, shop, desktop):
+def walk(start, shop, text, desktop):
     """Every screen that a person comes to from the board, as it was shown."""
     seen = []
-    copy = begin(start, shop, desktop)
+    copy = begin(start, shop, text, desktop=desktop)
     look(copy, seen)
     copy.click("cmdDayView")
     look(copy, seen)
@@ -204,7 +206,7 @@ def test_texts_are_texts_on_every_screen_and_paper(copies, shop, has_windows, ki
     hostile_shop(shop, HOSTILE[kind])
     kept = shop.directory.with_name("kept")
     shutil.copytree(shop.directory, kept)
-    plain = walk(copies, shop, "driver")
+    plain = walk(copies, shop, HOSTILE[kind], "driver")
     assert {each["form"] for each in plain if "controls" in each} == FORMS
     assert any(each.get("waiting") == "preview" for each in plain)
     assert BEGINNING[kind] in all_texts(shown(plain)), "what is on file is what is on show"
@@ -213,13 +215,44 @@ def test_texts_are_texts_on_every_screen_and_paper(copies, shop, has_windows, ki
     by_plain = left(shop)
     shutil.rmtree(shop.directory)
     kept.rename(shop.directory)
-    windows = walk(copies, shop, "qt")
+    windows = walk(copies, shop, HOSTILE[kind], "qt")
     for one, other in zip(shown(plain), shown(windows)):
         assert one == other
     assert len(plain) == len(windows)
     assert left(shop) == by_plain
     orders = [name for name in by_plain if name.startswith("W") and name.endswith(".tqa")]
     assert orders == [file_name(number) for number in (*WORKORDERS, FIRST)]
+
+
+@pytest.mark.parametrize("kind", HOSTILE)
+def test_what_ended_in_the_middle_is_undone_by_the_names_that_it_has(start, shop, desktop, kind):
+    hostile_shop(shop, HOSTILE[kind])
+    usages = shop.path(USAGE_FILE).read_bytes()
+    copy = start(shop)
+    copy.expect_box(half_done(HOSTILE[kind]), "Convert to WO", "question")
+    copy.press("No")
+    copy.expect_box(f"The conversion of estimate # 000899 to work order # {HALF_DONE:06} was undone.\n"
+                    f"Number {HALF_DONE:06} stays unused.")
+    copy.press("OK")
+    copy.expect_form("frmMain")
+    assert not shop.path(JOURNAL).exists()
+    assert shop.path(USAGE_FILE).read_bytes() == usages[:-USAGE_LENGTH]
+    for file, length, (offset, *_) in (
+            (inventoryfiles.TAG_FILE, inventoryfiles.TAG_LENGTH, inventoryfiles.TAG["InStock"]),
+            (inventoryfiles.MASTER_FILE, inventoryfiles.MASTER_LENGTH, inventoryfiles.MASTER["QtyInStock"])):
+        assert shop.path(file).read_bytes()[2 * length + offset] == 4, file
+
+
+def test_the_name_of_a_damaged_journal_is_a_text(start, shop, desktop):
+    name = "AJ<b>&A<i> {what} %s.JNL"
+    shop.write()
+    shop.path(name).write_bytes(b"nothing that a conversion writes\r\n")
+    copy = start(shop)
+    copy.expect_box(f"{name}, the journal of a conversion that was not finished, is damaged.\nLook at the newest work "
+                    "orders, and at the stock of their parts.\n\nDelete the journal?", "Convert to WO", "exclamation")
+    copy.press("Yes")
+    copy.expect_form("frmMain")
+    assert not shop.path(name).exists()
 
 
 # The road to an editor, what is typed there, and where that goes: the file, the length of its records, and the field.
@@ -268,8 +301,7 @@ def expect_as_stored(copy, layout, record):
 @pytest.mark.parametrize("kind", HOSTILE)
 def test_a_save_changes_nothing_but_what_was_typed(start, shop, desktop, kind):
     hostile_shop(shop, HOSTILE[kind])
-    copy = start(shop)
-    copy.wait(50)
+    copy = begin(start, shop, HOSTILE[kind])
     for screen, (road, typed, file, length, field) in SAVES.items():
         for edits in ((), (typed,)):
             before, seen = left(shop), []

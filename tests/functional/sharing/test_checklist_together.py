@@ -1,6 +1,8 @@
 """Two copies with the checklist of one estimate open."""
 
-from linesteps import pair
+from copysteps import workstations
+from linesteps import pair, two_lines_of_each
+from workfiles import make_checklist, show
 
 ENGINE, BRAKES = 0, 1  # rows of the categories
 
@@ -73,3 +75,20 @@ def test_an_entry_that_is_ticked_in_a_category_that_the_other_unticks_keeps_both
     assert ticked(shop) == []
     save(second)
     assert ticked(shop) == ["[Engine], , ", "Belts, , "]
+
+
+def test_an_entry_that_only_the_others_list_has_stays(start, shop):
+    two_lines_of_each(shop)
+    [first] = workstations(start, shop, 1)
+    show(first).click("cmdEstimateChecklist")
+    tick(first, BRAKES, 0)
+    make_checklist(shop, ["[Engine]", "Oil", "Horn", "[Brakes]", "Pads"])
+    second = show(start(shop, computer="BENCH1", settings=start.home / "settings1"))
+    second.click("cmdEstimateChecklist")
+    tick(second, ENGINE, 1, "weak")
+    save(second)
+    save(first)
+    assert ticked(shop) == ["[Engine], , ", "Horn,weak, ", "[Brakes], , ", "Pads, , "]
+    second.click("cmdEstimateChecklist")
+    second.expect_form("frmWOChklst")
+    assert second.control("List2")["rows"][1]["checked"]

@@ -1,8 +1,6 @@
 """The lines of the board as an operator reads them, and where an estimate stands in its lists."""
 
-import contextlib
 import datetime
-import sqlite3
 
 CLOSED = "#e0e0e0"
 CLOSED_WITH_WORK = "#808080"
@@ -65,9 +63,7 @@ def view_of(copy):
 
 def elsewhere(shop, statement, *values):
     """What another workstation does to the database meanwhile."""
-    with contextlib.closing(sqlite3.connect(shop.path("Lantos.mdb"))) as database:
-        database.execute(statement, values)
-        database.commit()
+    shop.database.execute([(statement, values)])
 
 
 def add_elsewhere(shop, number, date=TODAY, status=0):

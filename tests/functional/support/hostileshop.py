@@ -6,6 +6,7 @@ import sqlite3
 
 from historyfiles import History, order_text
 from inventoryfiles import kit_part, make_inventory, make_kits, make_names, part
+from journalfiles import in_one_line, write_journal
 from payfiles import EMP_PR_HIST, EMP_PR_INFO, korvel, write_chain
 from shopfiles import (CUSTOMER, CUSTOMER_LENGTH, EMPLOYEE, EMPLOYEE_LENGTH, MAKE, MAKE_LENGTH, SYSTEM, VEHICLE,
                        VEHICLE_LENGTH, put)
@@ -13,6 +14,7 @@ from vendorfiles import VENDOR, write_vendors
 from wholeestimate import fill_whole_estimate
 from workfiles import (canned_line, followup, make_canned_labor, make_canned_notes, make_checklist, make_followups,
                        make_orders, order_tag, sublet_line)
+from workorderfiles import USAGE_FILE, USAGE_LENGTH, usage_record
 
 HOSTILE = {
     "signs": "<b>&A</b>%s''\"\x01\x1b[*]`\\' OR '1'='1 {what} <img src=x> && &&B %n%1$n \x07\x7f {0} &amp; &lt;i&gt;",
@@ -27,6 +29,8 @@ HOSTILE = {
 BEGINNING = {"signs": "<b>&A</b>", "statement": "'); DROP TABLE", "paths": "../..\\C:\\x", "controls": "\x01\x02\x03",
              "behind a NUL": "one", "lines": "one", "upper": "\u20ac", "long": "WWWW"}
 WORKORDERS = (4001, 4002)
+HALF_DONE = 4711  # a work order that ended behind the use of its part
+JOURNAL = "AJ929000.JNL"
 
 
 def raw(text):
@@ -40,10 +44,15 @@ def flat(text):
     return line.decode("cp1252", "replace").encode("cp1252", "replace").decode("cp1252")
 
 
+def as_characters(data):
+    """In the program's page, a line end as one character."""
+    characters = "".join(bytes([byte]).decode("cp1252", "ignore") or chr(byte) for byte in data)
+    return characters.replace("\r\n", "\n").replace("\r", "\n")
+
+
 def as_shown(data):
     """A field of a record as the text that it is: up to its first NUL, in the program's page, a line end as one."""
-    characters = "".join(bytes([byte]).decode("cp1252", "ignore") or chr(byte) for byte in data.split(b"\0")[0])
-    return characters.replace("\r\n", "\n").replace("\r", "\n").strip(" ")
+    return as_characters(data.split(b"\0")[0]).strip(" ")
 
 
 def fill(records, length, layout, text):
@@ -83,9 +92,36 @@ def make_stock(shop, text):
     prices = (100, 120, 150, 165)
     make_inventory(shop.directory, [part("OIL-1", raw(text), prices, 40, Location=raw(text), **others),
                                     {**kit_part("TUNEUP", raw(text), prices=prices), **others},
-                                    part(raw(text)[:20], raw(text), prices, 3)])
+                                    part(raw(text)[:20], raw(text), prices, 3, UsageLink=2 * USAGE_LENGTH)])
     make_kits(shop.directory, {"TUNEUP": ["OIL-1(4)", raw(text)[:38], "OIL-1"], raw(text)[:20]: [raw(text)[:38]]})
     make_names(shop.directory, [flat(text)[:20], "KITS"], [flat(text)[:20]])
+
+
+def number_of(text):
+    """Of the part whose number is the text."""
+    return raw(text)[:20].split(b"\0")[0]
+
+
+def make_usage(shop, text):
+    """Of work orders that nobody has any more, and of the one that ended in the middle."""
+    shop.path(USAGE_FILE).write_bytes(b"".join((
+        usage_record(b"OIL-1", 4003, "2003-09-26", raw(text), 2, 100, 165),
+        usage_record(raw(text), 4004, "2003-09-26", raw(text), 2, 100, 165),
+        usage_record(number_of(text), HALF_DONE, "2003-09-29", raw(text), 1, 100, 165))))
+
+
+def make_journal(shop, text):
+    """Of an estimate that is gone, begun on a computer whose name is the text."""
+    write_journal(shop, JOURNAL, b"estimate 899 %d 2003-09-29T08:15:00 " % HALF_DONE + in_one_line(raw(text)),
+                  b"number", b"part 1 4 4 -1 " + in_one_line(number_of(text)))
+
+
+def half_done(text):
+    """What a start asks about it."""
+    return (f"The conversion of estimate # 000899 to work order # {HALF_DONE:06} was not finished.\nIt was begun on "
+            f"{as_characters(raw(text))} at 2003-09-29T08:15:00. What was done:\n- the number was taken\n- the use of "
+            f"{as_characters(number_of(text))} was noted\n\nClick Yes to finish it, No to undo it, or Cancel to decide "
+            "later.")
 
 
 def make_history(shop, text):
@@ -132,6 +168,8 @@ def hostile_shop(shop, text):
     write_chain(shop, 4, [datetime.date(2003, 9, 12)], Hours=4000, Gross=60000)
     write_vendors(shop, {name: raw(text) for name in VENDOR}, {"VendorName": "Plain"})
     make_stock(shop, text)
+    make_usage(shop, text)
+    make_journal(shop, text)
     make_history(shop, text)
     make_texts(shop, text)
     fill_databases(shop, text)

@@ -7,6 +7,8 @@ import sqlite3
 import struct
 from pathlib import Path
 
+from databases import FileDatabase
+
 FILE_DATE_BASE = 693974
 NO_LINK = -1
 DELETED = 86
@@ -151,8 +153,12 @@ def foreign_bytes(length):
 class Shop:
     """What a shop holds. Fill it, write() it, start the program on it, and read it back."""
 
-    def __init__(self, directory):
+    def __init__(self, directory, server=None):
+        """With a database server, estimates lie there, and the shop's file names it."""
         self.directory = Path(directory)
+        self.server = server
+        place = self.directory / "Lantos.mdb"
+        self.database = server.database_for(place) if server else FileDatabase(place)
         self.system = {
             "last_workorder_number": 5001, "last_estimate_number": 1001, "last_customer_number": 301,
             "last_employee_number": 11, "tax_rate": (82500, 0, 0, 0), "shop_rate": 6500,
@@ -271,13 +277,10 @@ class Shop:
     def write_database(self):
         days = [f"{day}Hours" for day in self.standard_hours]
         marks = ", ".join("?" for _ in range(len(days) + 2))
-        with contextlib.closing(sqlite3.connect(self.path("Lantos.mdb"))) as database:
-            database.executescript(TABLES)
-            database.execute(f"INSERT INTO StandardHours (RecNum, {', '.join(days)}, FudgeFactor) VALUES ({marks})",
-                             [1, *self.standard_hours.values(), self.fudge_factor])
-            for statement, values in self.statements:
-                database.execute(statement, values)
-            database.commit()
+        self.database.make(TABLES)
+        hours = (f"INSERT INTO StandardHours (RecNum, {', '.join(days)}, FudgeFactor) VALUES ({marks})",
+                 [1, *self.standard_hours.values(), self.fudge_factor])
+        self.database.execute([hours, *self.statements])
 
     def write_korvel_database(self):
         with contextlib.closing(sqlite3.connect(self.path("Korvel.mdb"))) as database:
@@ -320,10 +323,8 @@ class Shop:
         return self.records("TQMAKMOD.DAT", MAKE_LENGTH, MAKE)
 
     def query(self, statement, *values):
-        """Rows as dictionaries, read without touching the file."""
-        with contextlib.closing(sqlite3.connect(f"file:{self.path('Lantos.mdb')}?mode=ro", uri=True)) as database:
-            database.row_factory = sqlite3.Row
-            return [dict(row) for row in database.execute(statement, values)]
+        """Rows as dictionaries, read without touching anything."""
+        return self.database.rows(statement, values)
 
     def estimate(self, number):
         rows = self.query("SELECT * FROM Estimates WHERE EstimateNumber = ?", number)

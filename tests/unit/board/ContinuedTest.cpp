@@ -111,6 +111,44 @@ TEST(ContinuedEstimate, WhoseLastStepIsRefusedHasItsCopyOnTheBoard) {
   EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kWednesday]).at(0), "001001 Arrived");
 }
 
+// The message stands for as long as nobody clicks it away.
+TEST(ContinuedEstimate, ThatGotAnotherStatusWhileItsMessageWasUpIsAskedAbout) {
+  for (const bool isByForm : {true, false}) {
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+      Continued bench;
+      if (!isByForm) bench.desktop.WillChoose("mnuPopupStatus(5)");
+      if (isByForm) {
+        bench.desktop.WillUse([](ui::Form& form) {
+          dynamic_cast<ui::OptionButton&>(*form.Find("Option1(5)")).DoClick();
+          form.PressKey(ui::ParseKey("F10"));
+        });
+      }
+      bench.WillApplyAnHour();
+      bench.desktop.WillAnswer([&](const ui::Box& box) {
+        EXPECT_EQ(box.title, "Continued...");
+        EXPECT_EQ(bench.StoredStatus(900), "5");
+        bench.Do("update Estimates set Status = 6 where EstimateNumber = 900");
+        return Answer::Ok;
+      });
+      bench.desktop.WillAnswer([&](const ui::Box& box) {
+        EXPECT_EQ(box.text,
+                  "Estimate # 000900 was changed by another user since it was shown here.\r\rIts status is "
+                  "'Cancelled', not 'Continued'.\r\rDo you wish to continue?");
+        return answer;
+      });
+      if (isByForm) {
+        test::Click(bench.board.commands.cmdChangeStatus);
+      } else {
+        bench.RightClick(bench.board.week.List1[Continued::kTuesday], 0);
+      }
+      EXPECT_EQ(bench.StoredStatus(900), answer == Answer::Yes ? "5" : "6");
+      EXPECT_EQ(TextsOf(bench.board.week.List1[Continued::kTuesday]).at(0),
+                answer == Answer::Yes ? "000900 Continued" : "000900 Cancelled");
+      EXPECT_EQ(bench.Ask("select count(*) from Estimates"), "2") << "continued once";
+    }
+  }
+}
+
 // Whichever step is refused, the next try goes on with the copy of the first, with the hours of the second.
 TEST(ContinuedEstimate, ThatIsTriedAgainIsCopiedOnce) {
   for (const char* refused :

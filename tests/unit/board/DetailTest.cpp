@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "board/BookingBench.h"
 #include "masters/vehicles/frmVehList.h"
 #include "records/modSystem.h"
@@ -282,6 +284,45 @@ TEST(AnotherVehicle, OfAnUnknownCustomerIsNotAskedFor) {
   test::Click(bench.board.detail.cmdVehicleEdit);
   EXPECT_EQ(bench.desktop.boxes.at(0).text, "The customer of this estimate isn't on file. Choose a customer first.");
   EXPECT_TRUE(bench.desktop.forms.empty()) << "nobody else's vehicles are shown";
+}
+
+// Who can't be read may be on file all the same.
+TEST(AnotherVehicle, OfACustomerWhoCanNotBeReadIsNotAskedFor) {
+  Booking bench;
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.Show(900);
+  const SharedFile other(bench.directory.Path() / "TQCSTDAT.DAT", Access::ReadWrite, Deny::All);
+  bench.desktop.WillAnswer({Answer::Cancel, Answer::Ok});
+  test::Click(bench.board.detail.cmdVehicleEdit);
+  ASSERT_EQ(bench.desktop.boxes.size(), 2U);
+  const ui::Box& box = bench.desktop.boxes[1];
+  EXPECT_EQ(box.text, "The customer of this estimate could not be read. Nothing was changed.");
+  EXPECT_EQ(box.title, "Vehicle Edit");
+  EXPECT_EQ(box.icon, ui::Icon::Exclamation);
+  EXPECT_TRUE(bench.desktop.forms.empty()) << "nobody else's vehicles are shown";
+}
+
+// The list comes back, and another one can be chosen.
+TEST(AnotherVehicle, ThatCanNotBeReadIsNotTaken) {
+  Booking bench;
+  bench.directory.Put("TQCSTDAT.DAT", test::Image().Append(test::CustomerImage(7, "Adams", 0).Text(25, "Beth")));
+  bench.directory.Put("TQVEHICL.DAT", test::Image().Append(test::VehicleImage(7, "FORD", -1)));
+  bench.AddEstimate(900, bench.Today(), kArrived);
+  bench.Show(900);
+  std::optional<SharedFile> other;
+  bench.desktop.WillUse([&](ui::Form& form) {
+    other.emplace(bench.directory.Path() / "TQVEHICL.DAT", Access::ReadWrite, Deny::All);
+    form.PressKey(ui::ParseKey("F10"));
+  });
+  bench.desktop.WillAnswer(Answer::Ok);
+  bench.WillLeave();
+  test::Click(bench.board.detail.cmdVehicleEdit);
+  ASSERT_EQ(bench.desktop.boxes.size(), 1U);
+  EXPECT_EQ(bench.desktop.boxes[0].text, "Could not open Vehicle file.");
+  EXPECT_EQ(bench.desktop.boxes[0].title, "ReadVehicle");
+  EXPECT_THAT(bench.desktop.forms, testing::ElementsAre("frmVehList", "frmVehList"));
+  EXPECT_EQ(bench.Stored("VehMake", 900), "");
+  EXPECT_EQ(bench.board.detail.lblVehYMM.Caption(), "  ");
 }
 
 }  // namespace

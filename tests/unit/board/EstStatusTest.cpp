@@ -22,10 +22,11 @@ struct World : test::BoardShop {
   std::int16_t InMemory() const { return database.estimates.CurrentEstimate.Status; }
   std::string Stored() { return StoredStatus(kNumber); }
   ChangeResult Change(std::int16_t status) { return ChangeStatusByHand(shop, database, continueEstimate, status); }
-  // Continues to the next day, or stops.
+  // Continues to the next day, which stores the status first, or stops.
   void WillContinue(DaySerial result) {
     continueEstimate = [this, result] {
       ++continued;
+      if (result != kNotContinued) database.lantosData.SetStatus(kContinued, kNumber);
       return result;
     };
   }

@@ -43,6 +43,21 @@ TEST(FaultyEngine, EachStatementOfATransactionFailsAndTakesItBack) {
   EXPECT_EQ(shop.StoredStatus(900), "2");
 }
 
+TEST(FaultyEngine, AChangeThatIsPostedFailsToo) {
+  FaultyShop shop;
+  de& data = shop.database.lantosData;
+  data.AddEstimateRow(900, shop.Today(), kArrived);
+  const auto store = [&] { data.Connection().Together([&] { data.AddLabor(900, 1, "Brakes", 100, 6500, 6500, 4); }); };
+  for (std::size_t i = 0; i < 3; ++i) {  // begin, the statement, commit
+    shop.faults.FailAt(shop.faults.Statements().size() + i, Fault::DiskFull);
+    EXPECT_THROW(store(), DatabaseError) << i;
+    EXPECT_TRUE(data.LaborForEstimate(900).Eof()) << i;
+  }
+  shop.faults.Mend();
+  store();
+  EXPECT_EQ(data.LaborForEstimate(900).Count(), 1U);
+}
+
 // The calls of the database engine on its file go the same way as the program's own.
 TEST(FaultyCalls, OfTheDatabaseFailAsItsOwnErrors) {
   test::BoardShop shop;

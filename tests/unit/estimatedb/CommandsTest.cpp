@@ -1,5 +1,4 @@
-#include "DatabaseFixture.h"
-#include "records/inventory/Inventory.h"
+#include "EitherDatabase.h"
 
 namespace lantos::test {
 namespace {
@@ -9,7 +8,7 @@ using testing::HasSubstr;
 
 constexpr DaySerial kTuesday = 37894;  // 30 September 2003
 
-class Commands : public DatabaseTest {
+class Commands : public EitherDatabase {
  protected:
   static de::Extra Towing() { return {"Ace Towing", "INV-77", 4500, 6000, "Towed in", "from Main St", "", "", "Yes"}; }
   static std::vector<std::string> EightLines(const std::string& first) {
@@ -17,23 +16,14 @@ class Commands : public DatabaseTest {
   }
 };
 
-TEST_F(Commands, TheTablesHaveEveryCommandWithAsManyKindsAsPlaceholders) {
-  EXPECT_EQ(kLantosCommands.size(), 83U);
-  EXPECT_EQ(kKorvelCommands.size(), 8U);
-  for (const auto commands : {kLantosCommands, kKorvelCommands}) {
-    for (const Command& command : commands) {
-      const auto places = static_cast<std::size_t>(std::count(command.statement.begin(), command.statement.end(), '?'));
-      EXPECT_EQ(places, command.parameters.count) << command.name;
-    }
-  }
-}
+ON_EITHER_DATABASE(Commands);
 
-TEST_F(Commands, NewEstimateAddsARowOfItsDay) {
+TEST_P(Commands, NewEstimateAddsARowOfItsDay) {
   db.NewEstimate(12, kTuesday);
   EXPECT_EQ(PlainValue("select EstimateNumber, SchedDate, CustomerNumber, Status from Estimates"), "12|2003-09-30|0|0");
 }
 
-TEST_F(Commands, SetCommandsChangeTheirColumnOfTheirEstimateAlone) {
+TEST_P(Commands, SetCommandsChangeTheirColumnOfTheirEstimateAlone) {
   db.NewEstimate(1, kTuesday);
   db.NewEstimate(2, kTuesday);
   db.SetCustomer(77, 1);
@@ -44,7 +34,7 @@ TEST_F(Commands, SetCommandsChangeTheirColumnOfTheirEstimateAlone) {
               ElementsAre("77|397|waits|3", "0|0|null|0"));
 }
 
-TEST_F(Commands, SetVehicleNewWritesTheSnapshotWithBlanksForWhatIsEmpty) {
+TEST_P(Commands, SetVehicleNewWritesTheSnapshotWithBlanksForWhatIsEmpty) {
   db.NewEstimate(1, kTuesday);
   de::VehicleSnapshot vehicle;
   vehicle.VehYear = "1999";
@@ -55,7 +45,7 @@ TEST_F(Commands, SetVehicleNewWritesTheSnapshotWithBlanksForWhatIsEmpty) {
             "794|1999|Ford| | | | | | | ");
 }
 
-TEST_F(Commands, EstimatesAreFoundByDay) {
+TEST_P(Commands, EstimatesAreFoundByDay) {
   db.NewEstimate(1, kTuesday);
   db.NewEstimate(2, kTuesday + 1);
   db.NewEstimate(3, kTuesday);
@@ -67,7 +57,7 @@ TEST_F(Commands, EstimatesAreFoundByDay) {
   EXPECT_TRUE(db.GetEstimatesByDate(kTuesday + 2).Eof());
 }
 
-TEST_F(Commands, EstimateByNumberAndByCustomer) {
+TEST_P(Commands, EstimateByNumberAndByCustomer) {
   db.NewEstimate(1, kTuesday);
   db.NewEstimate(2, kTuesday - 40);
   db.SetCustomer(9, 1);
@@ -79,7 +69,14 @@ TEST_F(Commands, EstimateByNumberAndByCustomer) {
   EXPECT_EQ(rows.Long("EstimateNumber"), 2) << "in the order of the days";
 }
 
-TEST_F(Commands, LaborLinesAreAddedReadInOrderSummedAndDeleted) {
+TEST_P(Commands, TheHighestEstimateIsTheHighestOfThoseUpToANumber) {
+  EXPECT_EQ(db.HighestEstimate(999999).Long("Highest"), 0) << "of none";
+  for (const std::int32_t number : {7, 41, 1000000}) db.NewEstimate(number, kTuesday);
+  EXPECT_EQ(db.HighestEstimate(999999).Long("Highest"), 41);
+  EXPECT_EQ(db.HighestEstimate(7).Long("Highest"), 7);
+}
+
+TEST_P(Commands, LaborLinesAreAddedReadInOrderSummedAndDeleted) {
   db.AddLabor(5, 2, "Second\r\nline", 150, 6500, 9750, 3);
   db.AddLabor(5, 1, "First", -50, 6500, -3250, 0);
   db.AddLabor(6, 1, "Other", 900, 1, 9, 0);
@@ -92,20 +89,21 @@ TEST_F(Commands, LaborLinesAreAddedReadInOrderSummedAndDeleted) {
   EXPECT_EQ(db.LaborForEstimate(5).Count(), 1U);
 }
 
-TEST_F(Commands, TotalsOfAnEstimateWithoutLinesAreNullAndReadAsZero) {
+TEST_P(Commands, TotalsOfAnEstimateWithoutLinesAreNullAndReadAsZero) {
   Recordset& totals = db.TotalsForEstimate(5);
   ASSERT_FALSE(totals.Eof());
   EXPECT_TRUE(totals.IsNull("TotalHours"));
   EXPECT_EQ(totals.Long("TotalLabor"), 0);
 }
 
-TEST_F(Commands, ALineNumberThatIsTakenIsTheDatabasesError) {
+TEST_P(Commands, ALineNumberThatIsTakenIsTheDatabasesError) {
   db.AddLabor(5, 1, "First", 0, 0, 0, 0);
   EXPECT_THAT(ErrorOf([&] { db.AddLabor(5, 1, "O'Neil", 7, 0, 0, 0); }),
-              testing::AllOf(HasSubstr("UNIQUE"), HasSubstr("insert into Labors"), HasSubstr("5, 1, 'O''Neil', 7")));
+              testing::AllOf(HasSubstr(Either("UNIQUE", "unique")), HasSubstr("insert into Labors"),
+                             HasSubstr("5, 1, 'O''Neil', 7")));
 }
 
-TEST_F(Commands, PartsAreFoundByEstimateAndDeletedByStockNumber) {
+TEST_P(Commands, PartsAreFoundByEstimateAndDeletedByStockNumber) {
   Plain(
       "insert into Parts values (5, '0012', 'Oil filter', 2, 599, 1198, 300, 799), (5, '12', 'Other', 1, 1, 1, 1, 1),"
       "(50, '0012', 'Not this', 1, 1, 1, 1, 1)");
@@ -115,7 +113,7 @@ TEST_F(Commands, PartsAreFoundByEstimateAndDeletedByStockNumber) {
   EXPECT_THAT(Dump(rows), ElementsAre("5|12|Other|1|1|1|1|1"));
 }
 
-TEST_F(Commands, NotesAreAddedReadInOrderAndDeleted) {
+TEST_P(Commands, NotesAreAddedReadInOrderAndDeleted) {
   db.AddNote(5, 10, EightLines("later"));
   db.AddNote(5, 9, EightLines("earlier"));
   Recordset& rows = db.NotesForEstimate(5);
@@ -125,7 +123,7 @@ TEST_F(Commands, NotesAreAddedReadInOrderAndDeleted) {
   EXPECT_THROW(db.AddNote(5, 11, {"one line"}), DatabaseError);
 }
 
-TEST_F(Commands, SubletsAreAddedReadFoundAndDeleted) {
+TEST_P(Commands, SubletsAreAddedReadFoundAndDeleted) {
   db.AddSublet(5, 2, Towing());
   db.AddSublet(5, 1, {"SURCHARGE", "", 0, 1500, "", "", "", "", "No"});
   EXPECT_EQ(db.SubletsForEstimate(5).Text("VendorName"), "SURCHARGE");
@@ -135,7 +133,7 @@ TEST_F(Commands, SubletsAreAddedReadFoundAndDeleted) {
   EXPECT_TRUE(db.GetSublet(5, 2).Eof());
 }
 
-TEST_F(Commands, WasteIsAddedReadFoundAndDeleted) {
+TEST_P(Commands, WasteIsAddedReadFoundAndDeleted) {
   db.AddWaste(5, 2, Towing());
   db.AddWaste(5, 1, Towing());
   EXPECT_EQ(db.WasteForEstimate(5).Long("WasteNumber"), 1);
@@ -145,7 +143,7 @@ TEST_F(Commands, WasteIsAddedReadFoundAndDeleted) {
   EXPECT_TRUE(db.GetWaste(5, 2).Eof());
 }
 
-TEST_F(Commands, TheChecklistIsReadInOrderWholeAndDeletedByEstimate) {
+TEST_P(Commands, TheChecklistIsReadInOrderWholeAndDeletedByEstimate) {
   Plain("insert into Checklist (EstimateNumber, ChecklistData) values (5, 'wipers'), (6, 'tyres'), (5, 'brakes')");
   Recordset& rows = db.ChecklistForEstimate(5);
   EXPECT_THAT(Dump(rows), ElementsAre("5|1|wipers", "5|3|brakes"));
@@ -154,7 +152,7 @@ TEST_F(Commands, TheChecklistIsReadInOrderWholeAndDeletedByEstimate) {
   EXPECT_EQ(db.ChecklistTable().Count(), 1U);
 }
 
-TEST_F(Commands, StandardHoursAreReadAndChanged) {
+TEST_P(Commands, StandardHoursAreReadAndChanged) {
   EXPECT_EQ(db.GetStdHours().Number("MonHours"), 16.0);
   db.UpdateStdHours({0, 1, 2, 3, 4, 5, 6}, 25);
   EXPECT_EQ(PlainValue("select * from StandardHours"), "1|0|1|2|3|4|5|6|25");
@@ -163,20 +161,20 @@ TEST_F(Commands, StandardHoursAreReadAndChanged) {
   EXPECT_THROW(db.GetStdHours().Number("MonHours"), DatabaseError);
 }
 
-TEST_F(Commands, SpecialDaysAreSavedFoundListedAndDeleted) {
+TEST_P(Commands, SpecialDaysAreSavedFoundListedAndDeleted) {
   db.SaveSpecialDay(kTuesday, 0, "Inventory");
   db.SaveSpecialDay(kTuesday - 1, 8, "Half crew");
   db.SaveSpecialDay(kTuesday, 4, "Morning only");
   EXPECT_EQ(db.SpecialDaysByDate(kTuesday).Text("SpecialDesc"), "Morning only");
   EXPECT_TRUE(db.SpecialDaysByDate(kTuesday + 1).Eof());
-  EXPECT_THAT(PlainRows("select * from SpecialDays order by SpecialDate"),
+  EXPECT_THAT(PlainRows("select SpecialDate, SpecialHours, SpecialDesc from SpecialDays order by SpecialDate"),
               ElementsAre("2003-09-29|8|Half crew", "2003-09-30|4|Morning only"));
   db.DeleteSpecialDay(kTuesday);
   db.DeleteSpecialDay(kTuesday);
   EXPECT_EQ(PlainValue("select count(*) from SpecialDays"), "1");
 }
 
-TEST_F(Commands, SpecialDaysFromATextAreComparedAsDates) {
+TEST_P(Commands, SpecialDaysFromATextAreComparedAsDates) {
   for (const DaySerial day : {Day(2002, 12, 31), Day(2003, 2, 1), Day(2003, 10, 1)}) db.SaveSpecialDay(day, 0, "x");
   EXPECT_EQ(db.SpecialDaysTable("02/01/2003").Count(), 2U);
   Recordset& all = db.SpecialDaysTable("11/02/1956");
@@ -185,15 +183,16 @@ TEST_F(Commands, SpecialDaysFromATextAreComparedAsDates) {
   EXPECT_THAT(ErrorOf([&] { db.SpecialDaysTable("soon"); }), HasSubstr("soon"));
 }
 
-TEST_F(Commands, OfTwoRowsOfOneSpecialDayTheFirstIsTheOneThatIsChanged) {
+TEST_P(Commands, OfTwoRowsOfOneSpecialDayTheFirstIsTheOneThatIsChanged) {
   Plain("insert into SpecialDays values ('2003-09-30', 1, 'first'), ('2003-09-30', 2, 'second')");
   db.SaveSpecialDay(kTuesday, 5, "changed");
-  EXPECT_THAT(PlainRows("select SpecialHours, SpecialDesc from SpecialDays"), ElementsAre("5|changed", "2|second"));
+  EXPECT_THAT(PlainRows("select SpecialHours, SpecialDesc from SpecialDays order by SpecialDesc"),
+              ElementsAre("5|changed", "2|second"));
   db.DeleteSpecialDay(kTuesday);
   EXPECT_THAT(PlainRows("select SpecialDesc from SpecialDays"), ElementsAre("second"));
 }
 
-TEST_F(Commands, TheDesignTimeTextsOfTheRunnersWorkToo) {
+TEST_P(Commands, TheDesignTimeTextsOfTheRunnersWorkToo) {
   db.NewEstimate(1, kTuesday);
   Plain("insert into Estimates (EstimateNumber) values (2)");
   EXPECT_EQ(db.SelectQuery().Long("RecCount"), 2);
@@ -202,25 +201,15 @@ TEST_F(Commands, TheDesignTimeTextsOfTheRunnersWorkToo) {
               ElementsAre("2003-09-30", "2003-01-01"));
 }
 
-TEST_F(Commands, NumbersLieInTheFileAsNumbers) {
-  db.NewEstimate(5, kTuesday);
-  db.SetComments("waits", 5);
-  db.AddNote(5, 1, EightLines("first"));
-  db.AddSubletSurcharge(5, {250, "SHOP SUPPLIES", "No"});
-  EXPECT_EQ(PlainValue("select typeof(EstimateNumber) || typeof(NoteNumber) from Notes"), "integerinteger");
-  EXPECT_EQ(PlainValue("select typeof(EstimateNumber) || typeof(SubletNumber) || typeof(Cost) from Sublets"),
-            "integerintegerinteger");
-}
-
-TEST_F(Commands, APartRowIsChangedUnderItsStoredNumber) {
+TEST_P(Commands, APartRowIsChangedUnderItsStoredNumber) {
   db.AddPartRow(5, {"0012", "Oil filter", 2, 599, 1198, 300, 799});
   db.AddPartRow(5, {"12", "Other", 1, 1, 1, 1, 1});
   db.UpdatePartRow(5, "0012", {"", "Air filter", 3, 100, 300, 50, 120});
-  EXPECT_THAT(PlainRows("select * from Parts"),
+  EXPECT_THAT(PlainRows("select * from Parts order by PartNumber"),
               ElementsAre("5|0012|Air filter|3|100|300|50|120", "5|12|Other|1|1|1|1|1"));
 }
 
-TEST_F(Commands, TheSurchargeIsLineOneOfItsTableAndFoundByItsVendor) {
+TEST_P(Commands, TheSurchargeIsLineOneOfItsTableAndFoundByItsVendor) {
   db.AddSublet(5, 2, Towing());
   db.AddSubletSurcharge(5, {250, "MILLER'S ''SUPPLIES''", "Yes"});
   db.AddWasteSurcharge(5, {-10, "SHOP SUPPLIES", "No"});
@@ -230,10 +219,10 @@ TEST_F(Commands, TheSurchargeIsLineOneOfItsTableAndFoundByItsVendor) {
   EXPECT_EQ(db.GetSubletSurcharge(5).Long("SubletNumber"), 1);
   EXPECT_EQ(db.GetWasteSurcharge(5).Long("WasteNumber"), 1);
   EXPECT_TRUE(db.GetWasteSurcharge(6).Eof());
-  EXPECT_THAT(ErrorOf([&] { db.AddSubletSurcharge(5, {}); }), HasSubstr("UNIQUE"));
+  EXPECT_THAT(ErrorOf([&] { db.AddSubletSurcharge(5, {}); }), HasSubstr(Either("UNIQUE", "unique")));
 }
 
-TEST_F(Commands, TheSurchargesAmountIsChangedUnderTheNumberItIsFoundBy) {
+TEST_P(Commands, TheSurchargesAmountIsChangedUnderTheNumberItIsFoundBy) {
   Plain(
       "insert into Sublets (EstimateNumber, SubletNumber, VendorName, Cost, Price) values (5, 3, 'SURCHARGE', 1, 2),"
       "(5, 4, 'Ace', 3, 4);"
@@ -244,7 +233,7 @@ TEST_F(Commands, TheSurchargesAmountIsChangedUnderTheNumberItIsFoundBy) {
   EXPECT_EQ(PlainValue("select Cost, Price from Waste"), "0|0");
 }
 
-TEST_F(Commands, TechHoursSumByTechnicianAndDayWithoutTheThreeStatuses) {
+TEST_P(Commands, TechHoursSumByTechnicianAndDayWithoutTheThreeStatuses) {
   for (int status = 0; status <= 9; ++status) {
     db.AddEstimateRow(status + 1, kTuesday, status);
     db.AddLabor(status + 1, 1, "x", 100, 0, 0, 4);
@@ -255,7 +244,7 @@ TEST_F(Commands, TechHoursSumByTechnicianAndDayWithoutTheThreeStatuses) {
   EXPECT_EQ((rows.MoveFirst(), rows.Date("SchedDate")), kTuesday);
 }
 
-TEST_F(Commands, ClonesCopyTheirColumnsAndNoMore) {
+TEST_P(Commands, ClonesCopyTheirColumnsAndNoMore) {
   db.AddEstimateRow(1, kTuesday, 3);
   db.AddEstimateRow(2, kTuesday + 7, 0);
   Plain(
@@ -268,60 +257,7 @@ TEST_F(Commands, ClonesCopyTheirColumnsAndNoMore) {
   EXPECT_EQ(PlainValue("select SchedDate, Status, VehEng from Estimates where EstimateNumber = 1"), "2003-09-30|3|e");
 }
 
-TEST_F(Commands, KorvelsCommandsOpenTheirTables) {
-  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
-  test::Plain(PathOf("Korvel.mdb"),
-              "insert into EmpPRInfo values (1, 5, 6, 7, 1), (2, 8, 9, 10, 0);"
-              "insert into EmpPRHist values (2, '09/26/2003', 1, 2, 3);"
-              "insert into FollowUps (CustomerNumber, Description) values (77, 'Brakes')");
-  de2& korvel = database.korvelData;
-  EXPECT_EQ(korvel.SelectQuery().Long("rowCount"), 2);
-  EXPECT_EQ(korvel.EmpPRInfo().Long("AdditionalState"), 6);
-  EXPECT_EQ(korvel.EmpPRHist().Text("PayrollDate"), "09/26/2003");
-  EXPECT_EQ(korvel.FollowUps().Text("Description"), "Brakes");
-  korvel.UpdateQuery();
-  Recordset& rows = korvel.EmpPRInfo();
-  EXPECT_THAT(Dump(rows), ElementsAre("1|0|0|0|1", "2|8|9|10|0"));
-}
-
-TEST_F(Commands, ARowOfThePayHistoryGoesByItsEmployeeAndItsDate) {
-  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
-  test::Plain(PathOf("Korvel.mdb"),
-              "insert into EmpPRHist values (2, '09/26/2003', 1, 2, 3), (2, '09/19/2003', 4, 5, 6), "
-              "(3, '09/26/2003', 7, 8, 9)");
-  de2& korvel = database.korvelData;
-  korvel.DeletePRHist(2, "09/26/2003");
-  korvel.DeletePRHist(4, "09/26/2003");
-  Recordset& rows = korvel.EmpPRHist();
-  EXPECT_THAT(Dump(rows), ElementsAre("2|09/19/2003|4|5|6", "3|09/26/2003|7|8|9"));
-}
-
-TEST_F(Commands, TheRowOfAnEmployeesPayIsAddedIfMissingAndKeepsWhatWasNotChanged) {
-  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
-  test::Plain(PathOf("Korvel.mdb"), "insert into EmpPRInfo values (1, 5, 6, 7, 1)");
-  de2& korvel = database.korvelData;
-  EXPECT_EQ(korvel.PRInfoOf(1).AdditionalLocal, 7);
-  EXPECT_TRUE(korvel.PRInfoOf(1).PrintSSN);
-  EXPECT_EQ(korvel.PRInfoOf(2).AdditionalFederal, 0);
-  korvel.SavePRInfo(1, {.AdditionalFederal = {}, .AdditionalState = 60, .AdditionalLocal = {}, .PrintSSN = {}});
-  korvel.SavePRInfo(2, {.AdditionalFederal = 8, .AdditionalState = {}, .AdditionalLocal = {}, .PrintSSN = true});
-  korvel.SavePRInfo(2, {.AdditionalFederal = {}, .AdditionalState = {}, .AdditionalLocal = 3, .PrintSSN = false});
-  korvel.SavePRInfo(3, {});
-  korvel.SavePRInfo(3, {});
-  EXPECT_THAT(Dump(korvel.EmpPRInfo()), ElementsAre("1|5|60|7|1", "2|8|0|3|0", "3|0|0|0|0"));
-}
-
-TEST_F(Commands, RepairCodesAreAddedAsTypedAndReadInOrder) {
-  CreateKorvelDatabase(PathOf("Korvel.mdb"), clock);
-  de2& korvel = database.korvelData;
-  korvel.AddRepairCode("BRAKE", "Driver's side");
-  korvel.AddRepairCode("0012", "''Oil''");
-  Recordset& rows = korvel.RepairCodes();
-  EXPECT_THAT(Dump(rows), ElementsAre("0012|''Oil''", "BRAKE|Driver's side"));
-  EXPECT_THAT(ErrorOf([&] { korvel.AddRepairCode("BRAKE", "again"); }), HasSubstr("UNIQUE"));
-}
-
-TEST_F(Commands, ARecordsetCommandRunWhileItsRecordsetIsOpenClosesItFirst) {
+TEST_P(Commands, ARecordsetCommandRunWhileItsRecordsetIsOpenClosesItFirst) {
   db.NewEstimate(1, kTuesday);
   db.NewEstimate(2, kTuesday);
   Recordset& rows = db.GetEstimatesByDate(kTuesday);
@@ -333,7 +269,7 @@ TEST_F(Commands, ARecordsetCommandRunWhileItsRecordsetIsOpenClosesItFirst) {
   EXPECT_FALSE(rows.IsOpen());
 }
 
-TEST_F(Commands, DifferentCommandsKeepTheirRecordsetsOpenSideBySide) {
+TEST_P(Commands, DifferentCommandsKeepTheirRecordsetsOpenSideBySide) {
   db.NewEstimate(1, kTuesday);
   db.NewEstimate(2, kTuesday);
   Recordset& days = db.GetEstimatesByDate(kTuesday);
@@ -348,15 +284,10 @@ TEST_F(Commands, DifferentCommandsKeepTheirRecordsetsOpenSideBySide) {
   EXPECT_FALSE(days.IsOpen());
 }
 
-TEST_F(Commands, AStatementWithoutRowsOpensNothing) {
+TEST_P(Commands, AStatementWithoutRowsOpensNothing) {
   db.NewEstimate(1, kTuesday);
   EXPECT_FALSE(db.Rs("NewEstimate").IsOpen());
   EXPECT_FALSE(db.Run("UpdateQuery").IsOpen());
-}
-
-TEST_F(Commands, ACommandThatDoesNotExistIsAnError) {
-  EXPECT_THAT(ErrorOf([&] { db.Rs("DropEverything"); }), HasSubstr("DropEverything"));
-  EXPECT_THAT(ErrorOf([&] { db.Run("drop table Estimates"); }), HasSubstr("no command"));
 }
 
 }  // namespace

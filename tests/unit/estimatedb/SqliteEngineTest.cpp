@@ -120,19 +120,6 @@ TEST_F(Engines, ColumnsThatAnotherWorkstationAddsAreSeenByAPreparedStatement) {
   EXPECT_EQ(rows.Long("LaborNumber"), 1);
 }
 
-TEST_F(Engines, TextCrossesTheBorderAsUnicode) {
-  const std::string text = "Caf\xE9 \x80 50";  // e with acute, euro sign
-  engine.Insert("SpecialDays", {"SpecialDesc"}, {text});
-  EXPECT_EQ(PlainValue("select SpecialDesc from SpecialDays"), "Caf\xC3\xA9 \xE2\x82\xAC 50");
-  EXPECT_EQ(engine.Run("select SpecialDesc from SpecialDays", {}).Text("SpecialDesc"), text);
-  EXPECT_EQ(engine.Run("select SpecialDesc from SpecialDays where SpecialDesc = 'Caf\xE9 \x80 50'", {}).Count(), 1U);
-}
-
-TEST_F(Engines, WhatThePageCantHoldReadsAsAQuestionMark) {
-  Plain("insert into SpecialDays (SpecialDesc) values ('\xCE\xA9 ohm')");
-  EXPECT_EQ(engine.Run("select SpecialDesc from SpecialDays", {}).Text("SpecialDesc"), "? ohm");
-}
-
 TEST_F(Engines, TextThatLooksLikeANumberStaysText) {
   engine.Insert("Labors", {"EstimateNumber", "LaborNumber", "Description"},
                 {std::int64_t{1}, std::int64_t{1}, "0012"s});
@@ -153,42 +140,6 @@ TEST_F(Engines, ADateWithATimeIsThatDayAndWhatIsNoDateIsNull) {
       "('2003-02-30', 3), ('', 4), ('09/30/2003', 5), ('\xFF\xFE', 6)");
   Recordset rows = engine.Run("select SpecialDate from SpecialDays order by SpecialHours", {});
   EXPECT_THAT(Dump(rows), ElementsAre("09/30/2003", "09/30/2003", "null", "null", "null", "null"));
-}
-
-TEST_F(Engines, AFailureNamesStatementValuesAndReason) {
-  EXPECT_THAT(ErrorOf([&] { engine.Run("select * from Nowhere where A = ?", {"O'Neil"s}); }),
-              AllOf(HasSubstr("no such table: Nowhere"), HasSubstr("select * from Nowhere where A = ?"),
-                    HasSubstr("'O''Neil'")));
-  EXPECT_THAT(ErrorOf([&] { engine.Run("select ?", {}); }), HasSubstr("number of values"));
-  EXPECT_THAT(ErrorOf([&] { engine.Run("select 1; drop table Estimates", {}); }), HasSubstr("behind the end"));
-  EXPECT_NE(ErrorOf([&] { engine.Run("", {}); }), "");
-}
-
-TEST_F(Engines, AFailureIsOfAKindAndKeepsTheEnginesNumberAndWords) {
-  const auto kindOf = [this](const std::string& statement) {
-    try {
-      engine.Run(statement, {});
-    } catch (const DatabaseError& error) {
-      return error.Kind();
-    }
-    throw std::logic_error("nothing failed");
-  };
-  EXPECT_EQ(kindOf("select * from Nowhere"), DatabaseErrorKind::NotThere);
-  EXPECT_EQ(kindOf("select Nonsense from Estimates"), DatabaseErrorKind::NotThere);
-  EXPECT_EQ(kindOf("select from Estimates"), DatabaseErrorKind::Other);
-  EXPECT_EQ(kindOf("insert into Labors (EstimateNumber) select 'no such table'; x"), DatabaseErrorKind::Other);
-  engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
-  try {
-    engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
-    FAIL() << "the key";
-  } catch (const DatabaseError& error) {
-    EXPECT_EQ(error.Kind(), DatabaseErrorKind::Duplicate);
-    EXPECT_EQ(error.Number(), 19);
-    EXPECT_EQ(error.Words(), WordsOf(DatabaseErrorKind::Duplicate));
-    EXPECT_TRUE(std::string_view(error.what()).starts_with("UNIQUE constraint failed: Estimates.EstimateNumber\n"));
-  }
-  engine.Run("create trigger Closed before delete on Estimates begin select raise(abort, 'not today'); end", {});
-  EXPECT_EQ(kindOf("delete from Estimates"), DatabaseErrorKind::Refused);
 }
 
 TEST_F(Engines, ARefusalOfAnyKindTellsAPersonNeitherStatementNorTheEnginesWords) {
@@ -234,41 +185,6 @@ TEST(DatabaseErrors, HaveWordsOfTheirOwn) {
   }
 }
 
-TEST_F(Engines, AStatementThatFailedCanBeRunAgain) {
-  const std::string_view statement = "insert into Estimates (EstimateNumber) values (?)";
-  engine.Run(statement, {std::int64_t{1}});
-  EXPECT_THROW(engine.Run(statement, {std::int64_t{1}}), DatabaseError);
-  engine.Run(statement, {std::int64_t{2}});
-  EXPECT_EQ(PlainValue("select count(*) from Estimates"), "2");
-}
-
-TEST_F(Engines, WorkThatFailsTogetherLeavesNothing) {
-  EXPECT_THROW(engine.Together([&] {
-    engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
-    engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}});
-  }),
-               DatabaseError);
-  EXPECT_EQ(PlainValue("select count(*) from Estimates"), "0");
-  engine.Together([&] { engine.Insert("Estimates", {"EstimateNumber"}, {std::int64_t{1}}); });
-  EXPECT_EQ(PlainValue("select count(*) from Estimates"), "1");
-}
-
-TEST_F(Engines, WhatFailsApartIsUndoneAndTheRestOfTheWorkStands) {
-  std::string error;
-  engine.Together([&] {
-    AddDay(1);
-    error = ErrorOf([&] {
-      engine.Apart([&] {
-        AddDay(2);
-        engine.Run("insert into Nowhere values (1)", {});
-      });
-    });
-    engine.Apart([&] { AddDay(3); });
-  });
-  EXPECT_THAT(error, HasSubstr("no such table"));
-  EXPECT_THAT(PlainRows("select SpecialHours from SpecialDays order by SpecialHours"), ElementsAre("1", "3"));
-}
-
 // SQLite ends the whole transaction by itself then.
 TEST_F(Engines, WorkThatAFullDiskHasUndoneFailsWhateverIsMadeOfIt) {
   engine.Run("PRAGMA max_page_count = " + Ask("PRAGMA page_count"), {});
@@ -286,17 +202,6 @@ TEST_F(Engines, WorkThatAFullDiskHasUndoneFailsWhateverIsMadeOfIt) {
   EXPECT_EQ(PlainValue("select count(*) from SpecialDays"), "0");
   engine.Together([&] { AddDay(4); });
   EXPECT_EQ(PlainValue("select SpecialHours from SpecialDays"), "4") << "and the next work is its own";
-}
-
-TEST_F(Engines, WorkApartOfNothingIsWorkTogether) {
-  EXPECT_NE(ErrorOf([&] {
-              engine.Apart([&] {
-                AddDay(1);
-                engine.Run("insert into Nowhere values (1)", {});
-              });
-            }),
-            "");
-  EXPECT_EQ(PlainValue("select count(*) from SpecialDays"), "0");
 }
 
 TEST_F(Engines, ReadingTogetherSeesOneStateOfTheDatabase) {

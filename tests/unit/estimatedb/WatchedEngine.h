@@ -33,10 +33,7 @@ class WatchedEngine : public Engine {
         watchTexts_(std::move(watchTexts)) {}
 
   Recordset Run(std::string_view statement, const std::vector<Value>& parameters) override {
-    watch_(statement);
-    for (std::size_t place = 0; place < parameters.size(); ++place) {
-      if (const auto* text = std::get_if<std::string>(&parameters[place])) watchTexts_(statement, place, *text);
-    }
+    Tell(statement, parameters);
     return engine_->Run(statement, parameters);
   }
   void Insert(std::string_view table, const std::vector<std::string>& columns,
@@ -56,8 +53,24 @@ class WatchedEngine : public Engine {
   void Together(const std::function<void()>& work) override { engine_->Together(work); }
   void Apart(const std::function<void()>& work) override { engine_->Apart(work); }
   void ReadTogether(const std::function<void()>& work) override { engine_->ReadTogether(work); }
+  void Post(std::string_view statement, const std::vector<Value>& parameters) override {
+    Tell(statement, parameters);
+    engine_->Post(statement, parameters);
+  }
+  bool IsFar() const override { return engine_->IsFar(); }
+  void Foresee(const std::vector<Question>& questions) override { engine_->Foresee(questions); }
+  void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) override {
+    engine_->ReadAhead(questions, work);
+  }
 
  private:
+  void Tell(std::string_view statement, const std::vector<Value>& parameters) {
+    watch_(statement);
+    for (std::size_t place = 0; place < parameters.size(); ++place) {
+      if (const auto* text = std::get_if<std::string>(&parameters[place])) watchTexts_(statement, place, *text);
+    }
+  }
+
   std::unique_ptr<Engine> engine_;
   Watch watch_;
   WatchEdits watchEdits_;

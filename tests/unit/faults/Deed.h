@@ -11,6 +11,7 @@
 #include "admin/TestShop.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "faults/ShopState.h"
+#include "shop/HalfStored.h"
 
 namespace lantos::test {
 
@@ -53,7 +54,15 @@ class Deed {
   std::vector<std::string> inTurn;
   // What is refused leaves what was written before it, a process that ends leaves all or nothing.
   bool isWholeWhenKilled = false;
+  // The same behind the next start, by a journal.
+  bool isJournaledWhenKilled = false;
 };
+
+// What the next start makes of the journals of records.
+inline void FinishRecords(TestShop& shop) {
+  shop.desktop.otherwise = [](const ui::Box&) { return ui::Answer::Ok; };
+  SettleRecords(shop.environment, shop.desktop, shop.environment.files.List("AR*.J*"));
+}
 
 struct NamedDeed {
   std::string name;

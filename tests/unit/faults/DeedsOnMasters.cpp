@@ -24,7 +24,9 @@ struct OnCustomers : DeedOnTest<MasterShop> {
     MakeCustomerCurrent(5);
     gaps = {"TQSYSTEM.DAT"};
     inTurn = {"TQCSTTAG.DAT", "TQVEHICL.DAT"};  // the vehicle, its owner's tag, the owner
+    isJournaledWhenKilled = true;
   }
+  void Settle(Settling) override { FinishRecords(*this); }
 };
 
 struct EditCustomer : OnCustomers {

@@ -18,7 +18,9 @@ struct OnParts : DeedOnTest<InventoryShop> {
     AddPart("ZINC");
     LoadList();
     inTurn = {"TQINVTAG.DAT"};  // then its master
+    isJournaledWhenKilled = true;
   }
+  void Settle(Settling) override { FinishRecords(*this); }
   // The list as it is open for keeping the stock.
   void OnList(const std::function<void()>& use) {
     forms["frmInvList"] = [this, use](ui::Form& form) {
@@ -63,7 +65,9 @@ struct OnePart : DeedOnTest<PartBench> {
   OnePart() {
     PutParts({Pad(), {"PAD-2", "SHOE", {1, 2, 3, 4}, 5}});
     inTurn = {"TQINVTAG.DAT"};
+    isJournaledWhenKilled = true;
   }
+  void Settle(Settling) override { FinishRecords(*this); }
   void Do() override { EditPart(shop, rows, {kNoLink, 0}); }
 };
 struct EditOnePart : OnePart {

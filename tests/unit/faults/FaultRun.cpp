@@ -37,7 +37,7 @@ FaultyCalls::Decide FromCall(const Trouble& trouble, const std::vector<FileCall>
   };
 }
 
-bool IsJournal(const std::string& name) { return name.starts_with("AJ"); }
+bool IsJournal(const std::string& name) { return name.starts_with("AJ") || name.starts_with("AR"); }
 bool HasJournal(const ShopState& state) {
   return std::any_of(state.begin(), state.end(),
                      [](const auto& file) { return IsJournal(file.first) && !file.second.empty(); });
@@ -63,8 +63,10 @@ std::string Renumbered(std::string rows, std::int32_t from, std::int32_t to) {
 // In place of what the deed's own shop has, which nobody has begun to use.
 void CopyFiles(const ScratchDirectory& from, Deed& deed) {
   namespace fs = std::filesystem;
-  deed.Database()->lantosData.Disconnect();
-  deed.Database()->korvelData.Disconnect();
+  if (deed.Database() != nullptr) {
+    deed.Database()->lantosData.Disconnect();
+    deed.Database()->korvelData.Disconnect();
+  }
   const fs::path to = deed.Shop().directory.Path();
   const auto isOfShop = [](const fs::directory_entry& entry) {
     return entry.is_regular_file() && entry.path().extension() != ".LOG";
@@ -208,7 +210,8 @@ Ending FaultRun::Kill(std::size_t call) const {
   Ending ending = Judge(StateOf(run->Shop().directory), *run);
   // Nobody is there to be told, and nobody has given anything up.
   ending.told = true;
-  const bool hasNoJournal = run->HasJournal() && !HasJournal(StateOf(run->Shop().directory));
+  const bool hasNoJournal =
+      (run->HasJournal() || run->isJournaledWhenKilled) && !HasJournal(StateOf(run->Shop().directory));
   if (ending.kind == Ending::Kind::InTurn && (run->isWholeWhenKilled || hasNoJournal)) {
     ending.kind = Ending::Kind::Apart;
   }
@@ -265,13 +268,18 @@ bool FaultRun::IsStored(const ShopState& state, const Deed& deed) const {
 void FaultRun::TrySettling(Deed& run, Ending& ending) const {
   const ShopState left = StateOf(run.Shop().directory);
   if (ending.kind != Ending::Kind::InTurn || !HasJournal(left)) return;
+  const auto isOfNoRecord = [&](const std::string& name) {
+    return IsJournal(name) || std::ranges::find(run.gaps, name) != run.gaps.end();
+  };
+  const bool isBegun = !std::ranges::all_of(Differences(left, before_), isOfNoRecord);
   for (const Deed::Settling how : {Deed::Settling::Finish, Deed::Settling::Undo}) {
     const std::unique_ptr<Deed> next = Make();
     CopyFiles(run.Shop().directory, *next);
     next->Shop().desktop.failuresExpected = true;
     next->Settle(how);
     const Ending settled = Judge(StateOf(next->Shop().directory), *next);
-    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart) continue;
+    const bool isLost = run.isJournaledWhenKilled && isBegun && settled.kind != Ending::Kind::Stored;
+    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart && !isLost) continue;
     ending.kind = Ending::Kind::Apart;
     ending.apart = settled.apart;
     ending.said += how == Deed::Settling::Finish ? " // finished afterwards" : " // undone afterwards";
@@ -281,6 +289,11 @@ void FaultRun::TrySettling(Deed& run, Ending& ending) const {
   const std::vector<std::string> apart = Differences(left, after_);
   const bool isWhole = std::all_of(apart.begin(), apart.end(), IsJournal);
   if (isWhole && ending.kind == Ending::Kind::InTurn) ending.kind = Ending::Kind::Stored;
+  if (run.isJournaledWhenKilled && !isBegun && ending.kind == Ending::Kind::InTurn) {
+    ending.kind = run.gaps.empty() || std::ranges::all_of(Differences(left, before_), IsJournal)
+                      ? Ending::Kind::AsBefore
+                      : Ending::Kind::Gap;
+  }
 }
 
 Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
@@ -289,6 +302,12 @@ Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
   };
   Ending ending;
   if (IsStored(state, deed)) return ending;
+  const bool mayHaveJournal = deed.HasJournal() || deed.isJournaledWhenKilled;
+  // Whole, but for a journal that couldn't be deleted.
+  if (ending.apart = Differences(state, after_); mayHaveJournal && std::ranges::all_of(ending.apart, IsJournal)) {
+    ending.kind = Ending::Kind::InTurn;
+    return ending;
+  }
   ending.apart = Differences(state, before_);
   if (ending.apart.empty()) {
     ending.kind = Ending::Kind::AsBefore;
@@ -297,7 +316,7 @@ Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {
   } else {
     std::erase_if(ending.apart, isAmong(deed.gaps));
     const bool isInTurn = std::all_of(ending.apart.begin(), ending.apart.end(), [&](const std::string& name) {
-      return isAmong(deed.inTurn)(name) || (deed.HasJournal() && IsJournal(name));
+      return isAmong(deed.inTurn)(name) || (mayHaveJournal && IsJournal(name));
     });
     const bool mayBe = !deed.HasJournal() || HasJournal(state) || deed.IsWholeButForGivenUp(state, before_, after_);
     ending.kind = isInTurn && mayBe ? Ending::Kind::InTurn : Ending::Kind::Apart;

@@ -107,9 +107,10 @@ TEST_F(RunLogs, TheUpdateFileTakesTheFirstFreeNumberOfTheDay) {
   EXPECT_EQ(directory.Content("AUb150.$$$"), "");
   directory.Put("AUb140.$$$", "");
   EXPECT_EQ(TakeUpdateFile(files, today), "AUb151.$$$");
-  for (const char* name : {"AJb14003.JNL", "ajb15000.j01", "AJ.DAT"}) directory.Put(name, "");
-  EXPECT_EQ(DeleteOldUpdateFiles(files, today), (std::vector<std::string>{"AJb14003.JNL", "ajb15000.j01"}))
-      << "journals of conversions, of any day, which stay";
+  for (const char* name : {"AJb14003.JNL", "ajb15000.j01", "AJ.DAT", "ARb14002.JNL"}) directory.Put(name, "");
+  const LeftJournals left = DeleteOldUpdateFiles(files, today);
+  EXPECT_EQ(left.ofConversions, (std::vector<std::string>{"AJb14003.JNL", "ajb15000.j01"})) << "of any day; they stay";
+  EXPECT_EQ(left.ofRecords, (std::vector<std::string>{"ARb14002.JNL"}));
   EXPECT_TRUE(std::filesystem::exists(directory / "AUb150.$$$"));
   EXPECT_FALSE(std::filesystem::exists(directory / "AUb140.$$$"));
 }

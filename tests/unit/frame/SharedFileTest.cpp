@@ -1,7 +1,7 @@
 #include "frame/SharedFile.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -306,6 +306,21 @@ TEST(SharedFile, WhereNoLocksAreGrantedItSaysSo) {
               "Have locking turned on for that drive, or put the data directory on another one.");
     EXPECT_NE(std::string(error.what()).find(std::strerror(ENOLCK)), std::string::npos) << "for the run log";
   }
+}
+
+TEST(SharedFile, AnAppendWhereNoLocksAreGrantedSaysSo) {
+  const ScratchDirectory shop;
+  shop.Put("A.DAT", "a");
+  test::FaultyCalls calls(shop.Path());
+  SharedFile file(shop.Path() / "A.DAT", Access::ReadWrite, Deny::None);
+  calls.When([](const test::FileCall& call, std::size_t) { return call.kind == test::CallKind::Lock ? ENOLCK : 0; });
+  try {
+    file.Append(std::as_bytes(std::span("b", 1)));
+    ADD_FAILURE() << "appended without a lock";
+  } catch (const FileError& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("files can't be locked"));
+  }
+  EXPECT_EQ(shop.Content("A.DAT"), "a");
 }
 
 TEST(FileError, SystemErrorsBecomeTheNumbersTheOperatorsKnow) {

@@ -1,6 +1,7 @@
 #include "records/CheckList.h"
 
 #include "records/Fixture.h"
+#include "records/OpenedFile.h"
 #include "records/TextLines.h"
 
 namespace lantos {
@@ -59,7 +60,7 @@ TEST_F(CheckListTest, ClearingUnticksAndEmptiesEveryItem) {
 
 TEST_F(CheckListTest, TextLinesAreWrittenWholeAndReadBack) {
   Put("LINES.TXT", "a much longer text than what follows\r\nand more\r\n");
-  WriteTextLines(environment, "LINES.TXT", {"one", "", "three"});
+  PutTextLines(*OpenedFile(environment.openFiles, "LINES.TXT", Access::ReadWrite, Deny::All), {"one", "", "three"});
   EXPECT_EQ(BytesOf("LINES.TXT"), "one\r\n\r\nthree\r\n");
   EXPECT_EQ(ReadTextLines(environment, "lines.txt"), (Texts{"one", "", "three"}));
   EXPECT_EQ(ReadTextLines(environment, "absent.txt"), std::nullopt);

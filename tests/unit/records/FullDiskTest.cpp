@@ -7,6 +7,7 @@
 #include "Fixture.h"
 #include "frame/ScratchDirectory.h"
 #include "records/CannedLabor.h"
+#include "records/EditedLines.h"
 #include "records/Statements.h"
 #include "records/TextLines.h"
 #include "records/inventory/InventoryLayout.h"
@@ -46,15 +47,17 @@ CannedLabor Job(const std::string& text) {
 }
 
 TEST_F(FullDisk, CannedLaborIsAsBefore) {
-  SaveCannedLabor(environment, {Job("LOF  OIL AND FILTER")});
-  ExpectAsBefore(kCannedLaborFile, [&] {
-    SaveCannedLabor(environment, {Job("AXLE REAR"), Job("LOF  OIL AND FILTER")});
-  });
+  EditedLines file(environment, kCannedLaborFile);
+  const auto store = [&](const std::vector<CannedLabor>& jobs) { file.Store(desktop, "", LinesOf(jobs)); };
+  store({Job("LOF  OIL AND FILTER")});
+  ExpectAsBefore(kCannedLaborFile, [&] { store({Job("AXLE REAR"), Job("LOF  OIL AND FILTER")}); });
 }
 
 TEST_F(FullDisk, CannedNotesAreAsBefore) {
-  SaveCannedNotes(environment, {{"Keys are in the box"}});
-  ExpectAsBefore(kCannedNoteFile, [&] { SaveCannedNotes(environment, {{"Call first"}, {"Keys are in the box"}}); });
+  EditedLines file(environment, kCannedNoteFile);
+  const auto store = [&](const std::vector<CannedNote>& notes) { file.Store(desktop, "", LinesOf(notes)); };
+  store({{"Keys are in the box"}});
+  ExpectAsBefore(kCannedNoteFile, [&] { store({{"Call first"}, {"Keys are in the box"}}); });
 }
 
 TEST_F(FullDisk, TheDisclaimerIsAsBefore) {

@@ -3,6 +3,7 @@
 #include "GoldenDirectory.h"
 #include "records/CannedLabor.h"
 #include "records/CheckList.h"
+#include "records/EditedLines.h"
 #include "records/Followups.h"
 #include "records/Payroll.h"
 #include "records/PurchaseOrders.h"
@@ -160,7 +161,8 @@ TEST_F(ListGolden, PayRecordsReadAsTheyWereMade) {
 }
 
 TEST_F(ListGolden, CannedLaborLoadedAndSavedIsTheSameFile) {
-  const auto entries = LoadCannedLabor(environment);
+  EditedLines file(environment, kCannedLaborFile);
+  const auto entries = CannedLaborIn(file.Read());
   ASSERT_EQ(entries.size(), 3u);
   EXPECT_EQ(entries[0].Code(), "LOF");
   EXPECT_EQ(entries[0].FirstLine(), "OIL AND FILTER") << "two blanks stand behind a code of three characters";
@@ -168,7 +170,7 @@ TEST_F(ListGolden, CannedLaborLoadedAndSavedIsTheSameFile) {
   EXPECT_EQ(entries[1].Desc[1], "") << "a line without a tab has one line of description";
   EXPECT_EQ(entries[2].Desc[7], "8");
   EXPECT_EQ(entries[2].Total, -650);
-  SaveCannedLabor(environment, entries);
+  EXPECT_TRUE(file.Store(desktop, "", LinesOf(entries)));
   EXPECT_EQ(BytesOf(kCannedLaborFile), GoldenBytes(kCannedLaborFile));
 }
 
@@ -183,24 +185,27 @@ TEST_F(ListGolden, AKitSavedAgainLeavesTheFileAsItWasAndANewOneGoesBehind) {
 }
 
 TEST_F(ListGolden, CannedNotesLoadedAndSavedAreTheSameFile) {
-  const auto notes = LoadCannedNotes(environment);
+  EditedLines file(environment, kCannedNoteFile);
+  const auto notes = CannedNotesIn(file.Read());
   ASSERT_EQ(notes.size(), 4u);
   EXPECT_EQ(notes[1][7], "8");
   EXPECT_EQ(notes[2], CannedNote{}) << "an empty line is an empty note";
   EXPECT_EQ(notes[3][0], "K\xE4se");
-  SaveCannedNotes(environment, notes);
+  EXPECT_TRUE(file.Store(desktop, "", LinesOf(notes)));
   EXPECT_EQ(BytesOf(kCannedNoteFile), GoldenBytes(kCannedNoteFile));
 }
 
 TEST_F(ListGolden, DeletedEntriesAreLeftOut) {
-  auto notes = LoadCannedNotes(environment);
+  EditedLines noteFile(environment, kCannedNoteFile);
+  auto notes = CannedNotesIn(noteFile.Read());
   for (CannedNote& note : notes) note[0] = kDeletedEntry;
-  SaveCannedNotes(environment, notes);
+  EXPECT_TRUE(noteFile.Store(desktop, "", LinesOf(notes)));
   EXPECT_EQ(BytesOf(kCannedNoteFile), "");
-  auto entries = LoadCannedLabor(environment);
+  EditedLines laborFile(environment, kCannedLaborFile);
+  auto entries = CannedLaborIn(laborFile.Read());
   entries[1].Desc[0] = kDeletedEntry;
-  SaveCannedLabor(environment, entries);
-  EXPECT_EQ(LoadCannedLabor(environment).size(), 2u);
+  EXPECT_TRUE(laborFile.Store(desktop, "", LinesOf(entries)));
+  EXPECT_EQ(CannedLaborIn(laborFile.Read()).size(), 2u);
 }
 
 TEST_F(ListGolden, TheChecklistReadsAsItWasMade) {
@@ -217,8 +222,7 @@ TEST_F(ListGolden, LookingWritesNothing) {
   records.orders.GetOpenPOSublets();
   records.vendors.LoadVendors();
   records.vendors.MakeCurrent(0);
-  LoadCannedLabor(environment);
-  LoadCannedNotes(environment);
+  for (const std::string_view name : {kCannedLaborFile, kCannedNoteFile}) EditedLines(environment, name).Read();
   records.laborKits.KitOf("LOF");
   records.checkList.LoadChecklistFile();
   EXPECT_EQ(Everything(), before);

@@ -15,7 +15,7 @@ constexpr LongField kDate{14};
 constexpr ByteField kFlag{18};
 constexpr LongField kLink{19};  // no field of the table
 constexpr MergedField kFields[] = {{"Name", kName},
-                                   {"Price", kPrice, Reads::Cents},
+                                   {"Price", kPrice, Reads::Money},
                                    {"Rate", kRate, Reads::PercentOrDollars},
                                    {"Date", kDate, Reads::Day},
                                    {"Flag", kFlag, Reads::YesNo}};

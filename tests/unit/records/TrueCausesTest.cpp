@@ -1,14 +1,19 @@
 // What a person is told of a file that can't be used: every rule, every cause.
+#include <cerrno>
+
 #include "Fixture.h"
 #include "frame/FileCause.h"
 #include "frame/ProfileFile.h"
 #include "frame/UnfitFile.h"
+#include "frame/UpdateTurns.h"
+#include "records/AskedTurn.h"
 #include "records/Contention.h"
 #include "records/Customers.h"
 #include "records/GivenUp.h"
 #include "records/Vehicles.h"
 #include "records/Vendors.h"
 #include "records/inventory/Inventory.h"
+#include "support/FaultyCalls.h"
 
 namespace lantos::test {
 namespace {
@@ -41,7 +46,8 @@ constexpr FileErrorNumber kCauses[] = {FileErrorNumber::FileNotFound,   FileErro
                                        FileErrorNumber::DiskFull,       FileErrorNumber::TooManyFiles,
                                        FileErrorNumber::PathFileAccess, FileErrorNumber::PathNotFound};
 
-constexpr UnfitFile::Why kUnfits[] = {UnfitFile::Why::LeadsAway, UnfitFile::Why::NotRegular, UnfitFile::Why::TooLong};
+constexpr UnfitFile::Why kUnfits[] = {UnfitFile::Why::LeadsAway, UnfitFile::Why::NotRegular, UnfitFile::Why::TooLong,
+                                      UnfitFile::Why::NoLocks};
 
 std::string FileOf(const ContentionRule& rule) {
   return std::string(rule.file.empty() || rule.file == "{what}" ? kWhat : rule.file);
@@ -86,6 +92,8 @@ TEST_F(TrueCauses, AFileThatIsUnfitSaysSoAtEveryWaitThatAsks) {
     for (const UnfitFile::Why why : kUnfits) {
       const UnfitFile unfit("/shop/" + FileOf(rule), why);
       const ui::Box box = BoxOf(rule, unfit);
+      EXPECT_THAT(box.text, Not(HasSubstr("another user"))) << name;
+      EXPECT_THAT(box.text, Not(HasSubstr("another copy"))) << name;
       if (!isAsked) continue;
       EXPECT_THAT(box.text, testing::StartsWith(unfit.Words())) << name;
       EXPECT_THAT(box.text, HasSubstr(FileOf(rule))) << name;
@@ -133,6 +141,56 @@ TEST_F(TrueCauses, TheRoutinesSayWhatLiesUnderTheNameOfTheirFile) {
     EXPECT_THAT(desktop.boxes.back().text, HasSubstr(" is a link that leads out of its directory"));
   }
   std::filesystem::remove(outside);
+}
+
+// As the whole program meets it: each routine's own open is refused the lock.
+TEST_F(TrueCauses, TheRoutinesSayThatTheirFileCanNotBeLocked) {
+  for (const char* file : {"TQCSTTAG.DAT", "TQVEHICL.DAT", "TQVENDOR.DAT"}) Put(file, "");
+  FaultyCalls calls(PathOf("."));
+  calls.When([](const FileCall& call, std::size_t) { return call.kind == CallKind::Lock ? ENOLCK : 0; });
+  const std::pair<std::string, std::function<void()>> routines[] = {
+      {"TQCSTTAG.DAT", [&] { records.customers.LoadCustomerTags(); }},
+      {"TQVEHICL.DAT", [&] { records.vehicles.OpenVehicleForRead(); }},
+      {"TQVENDOR.DAT", [&] { records.vendors.LoadVendors(); }},
+  };
+  for (const auto& [file, routine] : routines) {
+    SCOPED_TRACE(file);
+    desktop.boxes.clear();
+    desktop.otherwise = [](const ui::Box& box) { return ui::ButtonsOf(box).back(); };
+    try {
+      routine();
+    } catch (const GivenUp&) {
+    }
+    ASSERT_EQ(desktop.boxes.size(), 1U);
+    EXPECT_THAT(
+        desktop.boxes[0].text,
+        testing::StartsWith(file + " lies where files can't be locked, so it isn't opened: without locks nothing is "
+                                   "shared safely.\rHave locking turned on for that drive, or put the data directory "
+                                   "on another one.\rClick Retry to try again, or Cancel to "));
+  }
+}
+
+TEST_F(TrueCauses, ATurnWithoutLocksBlamesNobodyAndCanBeTriedAgain) {
+  Put("TQINVTAG.DAT", "tag");
+  FaultyCalls calls(PathOf(""));
+  calls.When([](const FileCall& call, std::size_t) { return call.kind == CallKind::Lock ? ENOLCK : 0; });
+  UpdateTurns turns(PathOf("TQINVTAG.DAT"), clock);
+  desktop.WillAnswer(ui::Answer::Cancel);
+  try {
+    AskedTurn turn(turns, desktop, "TQINVTAG.DAT");
+    ADD_FAILURE() << "it was had";
+  } catch (const GivenUp& given) {
+    EXPECT_STREQ(given.what(), "TQINVTAG.DAT can not be locked. Nothing was changed.");
+  }
+  EXPECT_EQ(desktop.boxes.at(0).text,
+            "TQINVTAG.DAT lies where files can't be locked, so it isn't opened: without locks nothing is shared "
+            "safely.\rHave locking turned on for that drive, or put the data directory on another one.\rClick Retry to "
+            "try again, or Cancel to change nothing.");
+  desktop.WillAnswer([&](const ui::Box&) {
+    calls.Mend();
+    return ui::Answer::Retry;
+  });
+  EXPECT_TRUE(AskedTurn(turns, desktop, "TQINVTAG.DAT").IsHad());
 }
 
 TEST_F(TrueCauses, OptionsThatAreALinkAFolderOrEndlessSaySo) {

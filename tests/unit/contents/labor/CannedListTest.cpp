@@ -16,11 +16,18 @@ CannedLabor Job(const std::string& text, Hundredths hours) {
   return entry;
 }
 
+// By another workstation.
+void StoreElsewhere(LaborBench& bench, const std::vector<CannedLabor>& jobs) {
+  EditedLines file(bench.environment, kCannedLaborFile);
+  file.Read();
+  EXPECT_TRUE(file.Store(bench.desktop, "", LinesOf(jobs)));
+}
+
 using Amounts = std::vector<std::vector<std::int32_t>>;
 
 struct CannedList : LaborBench {
   explicit CannedList(Hundredths hoursOfTheSecond) {
-    SaveCannedLabor(environment, {Job("LOF  OIL AND FILTER", 50), Job("TIRE ROTATE", hoursOfTheSecond)});
+    StoreElsewhere(*this, {Job("LOF  OIL AND FILTER", 50), Job("TIRE ROTATE", hoursOfTheSecond)});
   }
   // Both are ticked and brought to the shop's rate.
   void Update() {
@@ -34,7 +41,7 @@ struct CannedList : LaborBench {
   // Hours, rate and total of each.
   Amounts Saved() {
     Amounts amounts;
-    for (const CannedLabor& entry : LoadCannedLabor(environment)) {
+    for (const CannedLabor& entry : CannedLaborIn(EditedLines(environment, kCannedLaborFile).Read())) {
       amounts.push_back({entry.Hours, entry.Rate, entry.Total});
     }
     return amounts;
@@ -63,7 +70,7 @@ TEST(frmCanLaborList, WhatAnotherWorkstationHasStoredIsOverwrittenOnlyIfThePerso
     form.DataGrid1.DoSelect(0);
     bench.desktop.WillAnswer({ui::Answer::Yes, answer});
     test::Click(form.cmdDelete);
-    SaveCannedLabor(bench.environment, {Job("AXLE REAR", 75)});
+    StoreElsewhere(bench, {Job("AXLE REAR", 75)});
     test::Press(form, "Esc");
     EXPECT_EQ(bench.desktop.boxes.back().text,
               "Somebody else has changed this list (TQCANLAB.DAT) meanwhile.\r\rDo you want to store yours in its "
@@ -85,10 +92,10 @@ TEST(frmCanLaborList, WhatIsStoredBehindTheQuestionIsAskedAboutToo) {
   form.DataGrid1.DoSelect(0);
   bench.desktop.WillAnswer(ui::Answer::Yes);
   test::Click(form.cmdDelete);
-  SaveCannedLabor(bench.environment, {Job("AXLE REAR", 75)});
+  StoreElsewhere(bench, {Job("AXLE REAR", 75)});
   int asked = 0;
   bench.desktop.otherwise = [&](const ui::Box&) {
-    if (++asked == 1) SaveCannedLabor(bench.environment, {Job("TUNE UP", 80)});
+    if (++asked == 1) StoreElsewhere(bench, {Job("TUNE UP", 80)});
     return ui::Answer::Yes;
   };
   test::Press(form, "Esc");

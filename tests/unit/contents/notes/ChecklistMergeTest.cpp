@@ -143,5 +143,40 @@ TEST(ChecklistMerge, ATickKeepsTheCategoryThatTheOtherHasUnticked) {
   EXPECT_TRUE(bench.records.checkList.ChecklistLoaded);
 }
 
+TEST(ChecklistMerge, AnEntryThatThisListDoesntHaveStaysWhenAnotherHasStoredItMeanwhile) {
+  MergeBench bench({"[Engine], , "});
+  bench.Use([&](frmWOChklst& form) {
+    MergeBench::Tick(form, kBrakes, 0);
+    bench.OthersStore({"First, , ", "[Engine], , ", "Oil, , ", "Horn,Weak, ", "[Lights], , ", "Lamp, , "});
+    test::Press(form, "F10");
+  });
+  EXPECT_THAT(bench.Stored(), ElementsAre("First, , ", "[Engine], , ", "Oil, , ", "Horn,Weak, ", "[Brakes], , ",
+                                          "Pads, , ", "[Lights], , ", "Lamp, , "));
+  EXPECT_TRUE(bench.desktop.boxes.empty());
+}
+
+TEST(ChecklistMerge, OfEntriesThatWereLoadedAndArentInTheListOnlyThoseStayThatOthersHaveChanged) {
+  MergeBench bench({"[Engine], , ", "Horn,Weak, ", "Wipers, , "});
+  bench.desktop.WillAnswer({Answer::Ok, Answer::Ok});
+  bench.Use([&](frmWOChklst& form) {
+    bench.OthersStore({"[Engine], , ", "Horn,Dead, ", "Wipers, , "});
+    test::Press(form, "F10");
+  });
+  EXPECT_THAT(bench.Stored(), ElementsAre("[Engine], , ", "Horn,Dead, "));
+}
+
+TEST(ChecklistMerge, AnEntryThatThisListDoesntHaveKeepsItsCategoryWhetherThatIsKnownOrNot) {
+  MergeBench bench({"[Engine], , ", "Oil, , ", "[Lights], , "});
+  bench.desktop.WillAnswer(Answer::Ok);
+  bench.Use([&](frmWOChklst& form) {
+    form.List1.DoCheck(kEngine, false);
+    bench.OthersStore({"[Engine], , ", "Oil, , ", "Horn, , ", "[Lights], , ", "Lamp, , ", "Bulb, , "});
+    test::Press(form, "F10");
+  });
+  EXPECT_THAT(bench.Stored(), ElementsAre("[Engine], , ", "Horn, , ", "[Lights], , ", "Lamp, , ", "Bulb, , "));
+  EXPECT_TRUE(bench.records.checkList.items.at(0).Used);
+  EXPECT_TRUE(bench.records.checkList.ChecklistLoaded);
+}
+
 }  // namespace
 }  // namespace lantos

@@ -1,8 +1,7 @@
-#include "estimatedb/sqlite/Dialect.h"
+#include "estimatedb/engine/Dialect.h"
 
 #include <algorithm>
 
-#include "estimatedb/sqlite/SqlWords.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 
@@ -10,28 +9,11 @@ namespace lantos {
 
 namespace {
 
-struct TypeName {
-  std::string_view ours;
-  std::string_view sqlite;
-};
-
-// Types whose name would give SQLite's column another character: a text column must keep "0123" as it is, a counter
-// must count by itself.
-constexpr TypeName kTypeNames[] = {
-    {"Counter", "INTEGER PRIMARY KEY AUTOINCREMENT"},
-    {"Memo", "LongText"},
-    {"Long", "INTEGER"},
-    {"Integer", "INTEGER"},
-    {"Short", "SMALLINT"},
-    {"DateTime", "DATE"},
-    {"YesNo", "BOOLEAN"},
-};
-
-std::string_view SqliteType(const Word& word) {
-  for (const TypeName& name : kTypeNames) {
-    if (IsKeyword(word, name.ours)) return name.sqlite;
+const TypeName* FindType(const Word& word, const EngineWords& engine) {
+  for (const TypeName& type : engine.types) {
+    if (IsKeyword(word, type.ours)) return &type;
   }
-  return word.text;
+  return nullptr;
 }
 
 // "01/01/2003" in double quotes is a date, any other text in double quotes a text.
@@ -52,13 +34,28 @@ std::string CopiedWhole(const std::vector<Word>& words) {
   return result;
 }
 
+// Appends the type that begins at a word, which moves to the last word that belongs to it.
+void TakeType(const std::vector<Word>& words, std::size_t& i, const EngineWords& engine, std::string& result) {
+  const TypeName* type = FindType(words[i], engine);
+  result += type == nullptr ? words[i].text : type->engines;
+  if (type == nullptr || type->width == Width::Kept) return;
+  std::size_t bracket = i + 1;
+  while (bracket < words.size() && words[bracket].kind == WordKind::Gap) ++bracket;
+  if (bracket >= words.size() || !IsSign(words[bracket], '(')) return;
+  while (bracket < words.size() && !IsSign(words[bracket], ')')) ++bracket;
+  i = std::min(bracket, words.size() - 1);
+}
+
 // "ALTER TABLE t ADD COLUMN c type".
-std::string AddColumn(const std::vector<Word>& words) {
+std::string AddColumn(const std::vector<Word>& words, const EngineWords& engine) {
   std::string result;
   std::size_t meaningful = 0;
-  for (const Word& word : words) {
-    const bool isType = word.kind != WordKind::Gap && ++meaningful == 7;
-    result += isType ? std::string(SqliteType(word)) : Copied(word);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words[i].kind != WordKind::Gap && ++meaningful == 7) {
+      TakeType(words, i, engine, result);
+    } else {
+      result += Copied(words[i]);
+    }
   }
   return result;
 }
@@ -67,8 +64,12 @@ std::string AddColumn(const std::vector<Word>& words) {
 // the key becomes one of uniqueness. "Date()" as a default is the local day.
 class TableMaker {
  public:
-  explicit TableMaker(const std::vector<Word>& words) : words_(words) {
-    hasCounter_ = std::any_of(words.begin(), words.end(), [](const Word& word) { return IsKeyword(word, "Counter"); });
+  TableMaker(const std::vector<Word>& words, const EngineWords& engine) : words_(words), engine_(engine) {
+    const auto has = [&](std::string_view keyword) {
+      return std::any_of(words.begin(), words.end(), [&](const Word& word) { return IsKeyword(word, keyword); });
+    };
+    hasCounter_ = has("Counter");
+    lacksKey_ = !hasCounter_ && !has("PRIMARY");
   }
 
   std::string Make() {
@@ -88,16 +89,31 @@ class TableMaker {
     }
     if (depth_ == 1 && place_ == 1 && word.kind != WordKind::Gap)
       isConstraint_ = IsKeyword(word, "CONSTRAINT") || IsKeyword(word, "PRIMARY");
-    if (depth_ == 1 && IsKeyword(word, "DEFAULT")) {
+    if (depth_ == 0 && lacksKey_ && IsSign(word, ')')) TakeRowNumber();
+    if (depth_ == 1 && place_ == 1 && IsKeyword(word, "CONSTRAINT") &&
+        engine_.constraintNames == ConstraintNames::Dropped) {
+      SkipToKind(i);
+    } else if (depth_ == 1 && IsKeyword(word, "DEFAULT")) {
       TakeDefault(i);
     } else if (hasCounter_ && isConstraint_ && IsKeyword(word, "PRIMARY")) {
       result_ += "UNIQUE";
       while (i + 1 < words_.size() && !IsKeyword(words_[i], "KEY")) ++i;
     } else if (depth_ == 1 && place_ == 2 && !isConstraint_ && word.kind != WordKind::Gap) {
-      result_ += SqliteType(word);
+      TakeType(words_, i, engine_, result_);
     } else {
       result_ += Copied(word);
     }
+  }
+
+  // From CONSTRAINT to what the constraint is, which comes next.
+  void SkipToKind(std::size_t& i) {
+    for (int meaningful = 0; i + 1 < words_.size(); ++i) {
+      if (words_[i + 1].kind != WordKind::Gap && ++meaningful == 2) return;
+    }
+  }
+
+  void TakeRowNumber() {
+    if (!engine_.rowNumber.empty()) result_ += "," + std::string(engine_.rowNumber);
   }
 
   void TakeDefault(std::size_t& i) {
@@ -105,13 +121,15 @@ class TableMaker {
     std::size_t date = i + 1;
     while (date < words_.size() && words_[date].kind == WordKind::Gap) ++date;
     if (date + 2 >= words_.size() || !IsKeyword(words_[date], "Date") || !IsSign(words_[date + 1], '(')) return;
-    result_ += " (date('now','localtime'))";
+    result_ += " " + std::string(engine_.today);
     i = date + 2;
   }
 
   const std::vector<Word>& words_;
+  const EngineWords& engine_;
   std::string result_;
   bool hasCounter_ = false;
+  bool lacksKey_ = false;
   bool isConstraint_ = false;
   int depth_ = 0;
   int place_ = 0;  // of the word in its part of the bracket
@@ -154,6 +172,8 @@ std::string Update(const std::vector<Word>& words) {
   return CopiedWhole(words);
 }
 
+}  // namespace
+
 bool Begins(const std::vector<Word>& words, std::initializer_list<std::string_view> keywords) {
   if (words.size() < keywords.size()) return false;
   return std::equal(keywords.begin(), keywords.end(), words.begin(), [](std::string_view keyword, const Word& word) {
@@ -161,100 +181,26 @@ bool Begins(const std::vector<Word>& words, std::initializer_list<std::string_vi
   });
 }
 
-}  // namespace
-
-std::optional<ColumnChange> AsColumnChange(std::string_view statement) {
+std::optional<ColumnChange> AsColumnChange(std::string_view statement, const EngineWords& engine) {
   const std::vector<Word> words = MeaningfulWords(statement);
   if (words.size() < 7 || !Begins(words, {"ALTER", "TABLE", "", "ALTER", "COLUMN"})) return std::nullopt;
-  std::string type(SqliteType(words[6]));
-  for (std::size_t i = 7; i < words.size(); ++i) type += words[i].text;
+  std::string type;
+  std::size_t i = 6;
+  TakeType(words, i, engine, type);
+  for (++i; i < words.size(); ++i) type += words[i].text;
   return ColumnChange{Unquoted(words[2].text), Unquoted(words[5].text), type};
 }
 
-std::string ToSqlite(std::string_view statement) {
+std::string Turned(std::string_view statement, const EngineWords& engine) {
   const std::vector<Word> words = CutIntoWords(statement);
   const std::vector<Word> meaningful = MeaningfulWords(statement);
   if (meaningful.size() == 1 && meaningful[0].kind == WordKind::Name) {
     return "select * from " + std::string(meaningful[0].text);
   }
-  if (Begins(meaningful, {"CREATE", "TABLE"})) return TableMaker(words).Make();
-  if (Begins(meaningful, {"ALTER", "TABLE", "", "ADD", "COLUMN"})) return AddColumn(words);
+  if (Begins(meaningful, {"CREATE", "TABLE"})) return TableMaker(words, engine).Make();
+  if (Begins(meaningful, {"ALTER", "TABLE", "", "ADD", "COLUMN"})) return AddColumn(words, engine);
   if (Begins(meaningful, {"UPDATE"})) return Update(words);
   return CopiedWhole(words);
-}
-
-namespace {
-
-// Words that end a column's type.
-constexpr std::string_view kColumnConstraints[] = {
-    "CONSTRAINT", "PRIMARY", "NOT", "NULL", "UNIQUE", "CHECK", "DEFAULT", "COLLATE", "REFERENCES", "GENERATED", "AS"};
-
-bool EndsType(const Word& word) {
-  return std::any_of(std::begin(kColumnConstraints), std::end(kColumnConstraints),
-                     [&](std::string_view keyword) { return IsKeyword(word, keyword); });
-}
-
-bool IsName(const Word& word, std::string_view name) {
-  return (word.kind == WordKind::Name || word.kind == WordKind::DoubleQuoted) &&
-         EqualsIgnoringCase(Unquoted(word.text), name);
-}
-
-// Where the type of a column stands, as places in words; both are 0 when there is no such column.
-std::pair<std::size_t, std::size_t> FindColumnType(const std::vector<Word>& words, std::size_t bracket,
-                                                   std::string_view column) {
-  int depth = 0;
-  bool atStart = false;
-  for (std::size_t i = bracket; i < words.size(); ++i) {
-    if (IsSign(words[i], '(')) ++depth;
-    if (IsSign(words[i], ')')) --depth;
-    if (depth == 1 && (IsSign(words[i], ',') || i == bracket)) {
-      atStart = true;
-      continue;
-    }
-    if (!atStart || words[i].kind == WordKind::Gap) continue;
-    atStart = false;
-    if (!IsName(words[i], column)) continue;
-    std::size_t end = i + 1;
-    for (int inner = 0; end < words.size(); ++end) {
-      if (IsSign(words[end], '(')) ++inner;
-      const bool ends = IsSign(words[end], ',') || IsSign(words[end], ')') || EndsType(words[end]);
-      if (inner == 0 && ends) break;
-      if (IsSign(words[end], ')')) --inner;
-    }
-    return {i + 1, end};
-  }
-  return {0, 0};
-}
-
-}  // namespace
-
-std::optional<std::string> WithColumnType(std::string_view createTable, std::string_view newTable,
-                                          std::string_view column, std::string_view type) {
-  const std::vector<Word> words = CutIntoWords(createTable);
-  std::size_t bracket = 0;
-  while (bracket < words.size() && !IsSign(words[bracket], '(')) ++bracket;
-  const auto [from, to] = FindColumnType(words, bracket, column);
-  if (to == 0) return std::nullopt;
-  std::string result = "CREATE TABLE " + QuotedName(newTable) + " ";
-  for (std::size_t i = bracket; i < words.size(); ++i) {
-    if (i == from) result += " " + std::string(type) + " ";
-    if (i < from || i >= to) result += words[i].text;
-  }
-  return result;
-}
-
-ColumnType TypeFromDeclaration(std::string_view declared) {
-  const std::vector<Word> words = MeaningfulWords(declared);
-  if (words.empty()) return ColumnType::Other;
-  const auto isOneOf = [&](std::initializer_list<std::string_view> names) {
-    return std::any_of(names.begin(), names.end(), [&](std::string_view name) { return IsKeyword(words[0], name); });
-  };
-  if (isOneOf({"Date", "DateTime"})) return ColumnType::Date;
-  if (isOneOf({"Memo", "LongText", "Clob", "Note", "NText"})) return ColumnType::LongText;
-  if (!isOneOf({"Text", "Char", "VarChar", "NChar", "NVarChar", "Character", "String"})) return ColumnType::Other;
-  const bool hasWidth =
-      words.size() > 2 && std::any_of(words.begin(), words.end(), [](const Word& word) { return IsSign(word, '('); });
-  return hasWidth || !isOneOf({"Text"}) ? ColumnType::ShortText : ColumnType::LongText;
 }
 
 }  // namespace lantos

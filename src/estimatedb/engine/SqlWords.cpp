@@ -1,4 +1,4 @@
-#include "estimatedb/sqlite/SqlWords.h"
+#include "estimatedb/engine/SqlWords.h"
 
 #include <algorithm>
 
