@@ -33,13 +33,11 @@ bool Contains(const std::vector<std::string>& names, std::string_view name) {
 // A table that the program makes when it misses it has a command of its name, and others for its indexes.
 void MakeByItsCommands(Engine& engine, const std::string& table) {
   const auto makes = [&](const Command& command) { return EqualsIgnoringCase(command.name, "Create" + table); };
-  for (const auto commands : {kLantosCommands, kTrailCommands}) {
-    const auto making = std::find_if(commands.begin(), commands.end(), makes);
-    if (making == commands.end()) continue;
-    engine.Run(making->statement, {});
-    for (const Command& command : commands) {
-      if (ToLower(command.name).starts_with(ToLower("Index" + table))) engine.Run(command.statement, {});
-    }
+  const auto making = std::find_if(kLantosCommands.begin(), kLantosCommands.end(), makes);
+  if (making == kLantosCommands.end()) return;
+  engine.Run(making->statement, {});
+  for (const Command& command : kLantosCommands) {
+    if (ToLower(command.name).starts_with(ToLower("Index" + table))) engine.Run(command.statement, {});
   }
 }
 
