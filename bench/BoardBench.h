@@ -8,15 +8,19 @@
 
 namespace lantos::bench {
 
+// Whether each change goes on the trail of who changed what.
+enum class Trailing { On, Off };
+
 // The main window, loaded, on a shop.
 struct Board {
-  explicit Board(const std::filesystem::path& shopDirectory)
+  explicit Board(const std::filesystem::path& shopDirectory, Trailing trailing = Trailing::Off)
       : world(shopDirectory),
         database(world.environment, world.records),
         masters(world.shop),
         inventoryList(world.shop),
         workorders(world.environment, world.desktop, world.records) {
     Connect(database, world.environment);
+    if (trailing == Trailing::On) database.lantosData.KeepTrail(world.clock, {"FRONTDESK", "beth"});
     StartAndStop steps;
     steps.processCommandLine = [] {};
     steps.initGlobals = [this] {

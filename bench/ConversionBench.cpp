@@ -58,8 +58,8 @@ void LoadInventory(World& world) {
   }
 }
 
-void Convert(benchmark::State& state) {
-  Board board(FullDayShop());
+void Convert(benchmark::State& state, Trailing trailing) {
+  Board board(FullDayShop(), trailing);
   LoadInventory(board.world);
   FillEstimate(board);
   frmMain& window = *board.window;
@@ -128,8 +128,13 @@ void RunBare(benchmark::State& state) {
   }
 }
 
-BENCHMARK(Convert)->Name("Conversion")->Unit(benchmark::kMillisecond)->UseManualTime();
+void WithTrail(benchmark::State& state) { Convert(state, Trailing::On); }
+void WithoutTrail(benchmark::State& state) { Convert(state, Trailing::Off); }
+
+BENCHMARK(WithoutTrail)->Name("Conversion")->Unit(benchmark::kMillisecond)->UseManualTime();
 BENCHMARK(RunBare)->Name("Conversion/plain")->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(WithTrail)->Name("TrailedConversion")->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(WithoutTrail)->Name("TrailedConversion/plain")->Unit(benchmark::kMillisecond)->UseManualTime();
 
 }  // namespace
 

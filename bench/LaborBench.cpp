@@ -9,7 +9,8 @@
 #include "contents/labor/frmLabor.h"
 
 // A labor line added on a full day of 60 estimates: from the OK of the labor screen until list, totals, hours and
-// colour stand. Plain is the same statements on the engine alone, prepared once.
+// colour stand. Plain is the same statements on the engine alone, prepared once; of a line that goes on the trail it is
+// one that doesn't.
 namespace lantos::bench {
 
 namespace {
@@ -21,8 +22,8 @@ constexpr std::int32_t kNewLine = 6;
 
 double Seconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
 
-void AddLaborLine(benchmark::State& state) {
-  Board board(FullDayShop());
+void AddLaborLine(benchmark::State& state, Trailing trailing) {
+  Board board(FullDayShop(), trailing);
   frmMain& window = *board.window;
   ui::ListBox& day = window.week.List1[static_cast<std::size_t>(2)];
   day.DoSelect(day.FindData(kEstimate));
@@ -67,8 +68,13 @@ void RunStatements(benchmark::State& state) {
   }
 }
 
-BENCHMARK(AddLaborLine)->Unit(benchmark::kMicrosecond)->UseManualTime();
+void WithTrail(benchmark::State& state) { AddLaborLine(state, Trailing::On); }
+void WithoutTrail(benchmark::State& state) { AddLaborLine(state, Trailing::Off); }
+
+BENCHMARK(WithoutTrail)->Name("AddLaborLine")->Unit(benchmark::kMicrosecond)->UseManualTime();
 BENCHMARK(RunStatements)->Name("AddLaborLine/plain")->Unit(benchmark::kMicrosecond)->UseManualTime();
+BENCHMARK(WithTrail)->Name("AddTrailedLine")->Unit(benchmark::kMicrosecond)->UseManualTime();
+BENCHMARK(WithoutTrail)->Name("AddTrailedLine/plain")->Unit(benchmark::kMicrosecond)->UseManualTime();
 
 }  // namespace
 

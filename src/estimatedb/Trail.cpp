@@ -175,8 +175,7 @@ void Trail::Follow(std::string_view command, const std::vector<Value>& values, c
   TrailEntry entry;
   entry.command = command;
   entry.estimate = rule->estimate < 0 ? 0 : NumberOf(values.at(static_cast<std::size_t>(rule->estimate)));
-  // Within a transaction whose owner goes on behind an error, the change goes back with its row.
-  database_.Connection().Apart([&] {
+  const auto work = [&] {
     using Effect = TrailRule::Effect;
     if (rule->effect != Effect::Adds) entry.before = Look(*rule, values);
     change();
@@ -185,7 +184,16 @@ void Trail::Follow(std::string_view command, const std::vector<Value>& values, c
     KeepChanged(entry.before, entry.after, rule->name);
     if (rule->source != TrailRule::kNoSource) NoteSource(entry, values.at(static_cast<std::size_t>(rule->source)));
     if (!entry.before.empty() || !entry.after.empty()) Write(std::move(entry));
-  });
+  };
+  // Within a transaction whose owner goes on behind an error, the change goes back with its row. Where the row is only
+  // posted, all of the transaction does.
+  Engine& engine = database_.Connection();
+  try {
+    engine.IsFar() ? engine.Together(work) : engine.Apart(work);
+  } catch (const DatabaseError& error) {
+    if (error.Kind() == DatabaseErrorKind::NotThere) hasTable_ = false;  // somebody took it away since
+    throw;
+  }
 }
 
 void Trail::TakeBack(std::int32_t number, const std::function<void()>& work) {
@@ -243,7 +251,7 @@ std::vector<TrailRow> Trail::Look(const TrailRule& rule, const std::vector<Value
 
 void Trail::Write(TrailEntry entry) {
   const auto add = [&] {
-    database_.Connection().Run(
+    database_.Connection().Post(
         Statement("AddTrail"),
         {TextValue(FormatMoment(clock_.Now())), TextValue(author_.workstation), TextValue(author_.user),
          TextValue(entry.command), std::int64_t{entry.estimate}, TextValue(TrailText(entry.before)),

@@ -22,6 +22,7 @@ class frmTrailExport : public OkCancelForm {
  private:
   void OnActivate() override { txtFile.SetFocus(); }
   void Accept() override;
+  void AskAnew(const std::string& why);
 
   Shop& shop_;
   std::string content_;

@@ -174,13 +174,14 @@ def test_a_file_that_cant_be_written_is_told_and_asked_for_again(start, shop, tm
     set_status(copy, "Arrived")
     open_trail(copy)
     copy.click("cmdExport")
-    path = tmp_path / "nowhere" / "trail.csv"
-    copy.type("txtFile", str(path))
-    copy.key("F10")
-    copy.expect_box(f'"{path}" can\'t be written: its directory isn\'t there, is read-only or full.')
-    copy.press("OK")
-    copy.expect_form("frmTrailExport")
-    assert copy.answer["focus"] == "txtFile"
+    for path, why in ((tmp_path / "nowhere" / "trail.csv", "can not be saved: its directory is not there."),
+                      (shop.path("Lantos.mdb"), "is in the shop's data directory, which is for its own files.")):
+        copy.type("txtFile", str(path))
+        copy.key("F10")
+        assert " ".join(copy.expect_box()["text"].split()) == f'"{path}" {why} Name another place.'
+        copy.press("OK")
+        copy.expect_form("frmTrailExport")
+        assert copy.answer["focus"] == "txtFile"
     copy.key("Esc")
     copy.expect_form("frmTrail")
 
