@@ -246,6 +246,15 @@ void de::ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vect
   Foresee(commands);
 }
 
+void de::ForeseeSurcharge(std::int32_t estimate) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands;
+  for (const std::string_view command : {"LaborForEstimate", "PartsTable", "GetSubletSurcharge", "GetWasteSurcharge"}) {
+    commands.push_back({command, {Long(estimate)}});
+  }
+  Foresee(commands);
+}
+
 void de::ReadLinesAhead(std::int32_t estimate, const std::function<void()>& work) {
   std::vector<Foreseen> commands;
   for (const std::string_view command : {"PartsTable", "LaborForEstimate", "SubletsForEstimate", "WasteForEstimate",
