@@ -34,6 +34,7 @@ struct DriveOptions {
   std::string desktop = "driver";
   std::string now;
   std::string computer = PlatformComputerName();
+  std::string user = ToUtf8(PlatformUserName());
   std::string settings = UserSettings::PlatformDirectory().string();
   std::string printTo;
   std::int64_t busyTimeout = kBusyTimeout.count();
@@ -73,6 +74,7 @@ int ReadOptions(int count, char** arguments, DriveOptions& options) {
   app.add_option("--desktop", options.desktop, "what stands for the window system: driver or qt")->check(CheckDesktop);
   app.add_option("--now", options.now, "the local time at which the clock stands")->check(CheckTime);
   app.add_option("--computer", options.computer, "the computer's name");
+  app.add_option("--user", options.user, "the person's name at the operating system");
   app.add_option("--settings", options.settings, "where the per-user settings store lives");
   app.add_option("--print-to", options.printTo, "where printed jobs land");
   app.add_option("--busy-timeout", options.busyTimeout,
@@ -116,7 +118,7 @@ int RunProgram(ui::Desktop& desktop, ui::Session& session, Clock& clock, const D
   {
     Program program(desktop, clock, settings,
                     Invocation{options.programArguments, FromUtf8(options.computer),
-                               std::chrono::milliseconds(options.busyTimeout)});
+                               std::chrono::milliseconds(options.busyTimeout), FromUtf8(options.user)});
     session.logPath = [&program] { return ToUtf8(program.LogPath()); };
     code = program.Run();
     session.logPath = nullptr;

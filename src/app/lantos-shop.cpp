@@ -1,5 +1,5 @@
 // Makes shops: an empty one for a new installation, or a lively one to look at and to measure with. Moves the estimates
-// of one to a database server and back.
+// of one to a database server and back. And looks after what grows in one: the trail of who changed what.
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -20,10 +20,11 @@
 #include "records/MakesModels.h"
 #include "shopmaker/EmptyShop.h"
 #include "shopmaker/SampleShop.h"
+#include "shopmaker/ShopTrail.h"
 
 namespace {
 
-constexpr int kFailed = 1;  // nothing was made or moved
+constexpr int kFailed = 1;  // nothing was made, moved or pruned
 
 struct Arguments {
   std::string directory;
@@ -70,6 +71,12 @@ void AddMove(CLI::App& app, Arguments& arguments) {
       command->add_option("--schema", arguments.schema, "The shop's own schema there; made when it isn't there")
           ->capture_default_str();
   command->add_flag("--to-file", arguments.toFile, "Back into a file")->excludes(server)->excludes(schema);
+}
+
+void AddPruneTrail(CLI::App& app, Arguments& arguments) {
+  CLI::App* command = app.add_subcommand("prune-trail", "Take old changes off the trail of the shop in DIR");
+  command->add_option("DIR", arguments.directory, "The data directory")->required();
+  command->add_option("DATE", arguments.date, "The first day whose changes stay, as 2003-09-30")->required();
 }
 
 // The arguments come in the terminal's page; records are kept in the program's.
@@ -141,6 +148,20 @@ void Move(const Arguments& arguments) {
              arguments.toFile);
 }
 
+void PruneTrail(const Arguments& arguments) {
+  lantos::SystemClock clock;
+  const lantos::DaySerial date = DateOf(arguments.date, clock);
+  const std::int64_t count = lantos::PruneShopTrail(arguments.directory, date, clock);
+  fmt::print("Took {} off the trail that {} before {}.\n", count == 1 ? "1 change" : fmt::format("{} changes", count),
+             count == 1 ? "was made" : "were made", lantos::FormatIsoDate(date));
+}
+
+void Run(const CLI::App& app, Arguments& arguments) {
+  if (app.got_subcommand("move")) return Move(arguments);
+  if (app.got_subcommand("prune-trail")) return PruneTrail(arguments);
+  MakeShop(app, arguments);
+}
+
 // The words, and the reason of whoever refused it, without what it was asked.
 void TellFailure(const lantos::WordedError& error) {
   const std::string text = error.what();
@@ -152,16 +173,17 @@ void TellFailure(const lantos::WordedError& error) {
 
 int main(int argc, char** argv) {
   lantos::TakeFileSizeLimitAsError();
-  CLI::App app("Makes the data directory of a shop.", "lantos-shop");
+  CLI::App app("Makes the data directory of a shop, moves its estimates, and looks after its trail.", "lantos-shop");
   app.set_version_flag("--version", "lantos-shop " + lantos::ProgramVersion(), "Print the version and exit");
   app.require_subcommand(0, 1);  // asked for below, so that a wrong word is named rather than the lack of a right one
   Arguments arguments;
   AddNew(app, arguments);
   AddSample(app, arguments);
   AddMove(app, arguments);
+  AddPruneTrail(app, arguments);
   try {
     app.parse(argc, argv);
-    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new, sample and move");
+    if (app.get_subcommands().empty()) throw CLI::RequiredError("One of new, sample, move and prune-trail");
     const bool isToServer = !arguments.server.empty();
     if (app.got_subcommand("move") && isToServer == arguments.toFile)
       throw CLI::RequiredError("One of SERVER and --to-file");
@@ -170,7 +192,7 @@ int main(int argc, char** argv) {
     return code == 0 ? lantos::kEndedInOrder : lantos::kWrongOptions;
   }
   try {
-    app.got_subcommand("move") ? Move(arguments) : MakeShop(app, arguments);
+    Run(app, arguments);
     return 0;
   } catch (const lantos::WordedError& error) {
     TellFailure(error);

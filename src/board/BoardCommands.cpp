@@ -76,8 +76,8 @@ std::vector<BoardCommand> BoardCommands::OfTheViews() {
        [this] { board_.ShowWeekView(); }},
       {&pane.cmdDayView, kNoMenu, "All estimates of the selected day", kDaily, Needs::Nothing, kNothingMissing,
        [this] { board_.ShowDayView(Board::DayData::Load); }},
-      {&pane.cmdDetailView, kNoMenu, "The selected estimate in full", kDaily, Needs::Nothing, kNothingMissing,
-       [this] { board_.ShowDetailView(); }},
+      {&pane.cmdDetailView, kNoMenu, "The selected estimate in full, who changed it <Ctrl+T>", kDaily, Needs::Nothing,
+       kNothingMissing, [this] { board_.ShowDetailView(); }},
       {&parts_.day.cmdPrintDay, kNoMenu, "The list below on paper", kDaily, Needs::Nothing, kNothingMissing,
        [this] { papers_.PrintDay(); }},
   };

@@ -60,6 +60,7 @@ void BoardMenus::BuildCommandMenu(const std::vector<BoardCommand>& commands) {
     ui::Button& button = *command.button;
     menu.Add(command.menu.name, command.menu.caption, [&button] { button.OnClick(); }).SetEnabled(button.Enabled());
   }
+  menu.Add("mnuShowTrail", "Show Tra&il", [this] { actions_.showTrail(); });
 }
 
 void BoardMenus::BuildMaintenanceMenu() {

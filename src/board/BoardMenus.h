@@ -22,6 +22,7 @@ class BoardMenus {
     std::function<void()> refreshTotals;
     std::function<void()> customersEdited;
     std::function<void()> systemChanged;
+    std::function<void()> showTrail;
     std::function<void(std::int16_t)> changeStatus;
   };
 

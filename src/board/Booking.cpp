@@ -55,10 +55,11 @@ std::optional<std::int32_t> Booking::Create(DaySerial day, Status status) {
 }
 
 // With its row, so that a process that ends here leaves no estimate of nobody. What is refused is tried again, and
-// asked about, when the estimate is on show.
+// asked about, when the estimate is on show; a full or broken disk takes the row back too.
 void Booking::TrySetCustomer(std::int32_t number) {
+  const std::int32_t customer = parts_.shop.records.customers.CurrentCustomer.Get(customer::Number);
   try {
-    Data().SetCustomer(parts_.shop.records.customers.CurrentCustomer.Get(customer::Number), number);
+    Data().Connection().Apart([&] { Data().SetCustomer(customer, number); });
   } catch (const DatabaseError& error) {
     parts_.shop.environment.log.Write(error.what());
   }

@@ -60,6 +60,11 @@ class Continuation {
   void CarryOn(const frmContinue& form);
 
  private:
+  // The estimate has another status or day than this began with.
+  struct WasChanged {};
+  void TakeUp();
+  void CarryOnOnce(const frmContinue& form);
+  void SetStatus(std::int32_t estimate, std::int16_t status);
   LineOfHours TakenOff(const HoursApplied& applied, const LineOfHours& before);
 
   Shop& shop_;
@@ -71,6 +76,16 @@ class Continuation {
 };
 
 void Continuation::CarryOn(const frmContinue& form) {
+  for (;;) {
+    try {
+      return CarryOnOnce(form);
+    } catch (const WasChanged&) {  // and the person goes on
+      TakeUp();
+    }
+  }
+}
+
+void Continuation::CarryOnOnce(const frmContinue& form) {
   de& data = database_.lantosData;
   // Tried before anything is made: what doesn't fit leaves all as it was.
   const HoursApplied applied{.taken = WholeOrOverflow(-(Val(form.txtHours.Text()) * 100)),
@@ -78,19 +93,32 @@ void Continuation::CarryOn(const frmContinue& form) {
   TotalAtShopRate(shop_, applied.taken);
   if (applied.taken != 0) NextLaborNumber(data, old_.EstimateNumber);
   LineOfHours line = line_;
-  const auto rest = [&] {
-    data.SetStatus(old_.Status, copy_.Number());
-    line = TakenOff(applied, line_);
-    data.SetStatus(kContinued, old_.EstimateNumber);
+  const auto before = [&] {
+    const Estimate& now = database_.estimates.CurrentEstimate;
+    if (now.Status != old_.Status || now.SchedDate != old_.SchedDate) throw WasChanged{};
   };
-  copy_.Make(next_, old_.Status, rest, [&] { line_ = line; });
+  const auto rest = [&] {
+    SetStatus(copy_.Number(), old_.Status);
+    line = TakenOff(applied, line_);
+    SetStatus(old_.EstimateNumber, kContinued);
+  };
+  copy_.Make(next_, old_.Status, {.before = before, .rest = rest, .stored = [&] { line_ = line; }});
+}
+
+void Continuation::SetStatus(std::int32_t estimate, std::int16_t status) {
+  de& data = database_.lantosData;
+  data.Connection().Apart([&] { data.SetStatus(status, estimate); });
 }
 
 bool Continuation::IsStillMeant() {
   if (ReadAfresh(shop_, database_, kTitle) == Meanwhile::Stops) return false;
+  TakeUp();
+  return true;
+}
+
+void Continuation::TakeUp() {
   old_ = database_.estimates.CurrentEstimate;
   next_ = NextBusinessDay(database_.lantosData, old_.SchedDate);
-  return true;
 }
 
 // In the place of the line of an earlier try.

@@ -1,8 +1,8 @@
 #include "board/DetailPane.h"
 
-#include "board/CommentMarks.h"
 #include "contents/EstimateTotals.h"
 #include "contents/notes/EstimateChecklist.h"
+#include "estimatedb/CommentMarks.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
 #include "frame/Text.h"

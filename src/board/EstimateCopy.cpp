@@ -10,10 +10,9 @@
 
 namespace lantos {
 
-void EstimateCopy::Make(DaySerial date, std::int16_t status, const std::function<void()>& rest,
-                        const std::function<void()>& stored) {
+void EstimateCopy::Make(DaySerial date, std::int16_t status, const Steps& steps) {
   try {
-    MakeAllTogether(date, status, rest, stored);
+    MakeAllTogether(date, status, steps);
   } catch (const std::exception& error) {
     if (made_.number == 0) throw;
     throw WordedError(WhatStays() + error.what(), WhatStays() + WordsFor(error));
@@ -21,17 +20,17 @@ void EstimateCopy::Make(DaySerial date, std::int16_t status, const std::function
 }
 
 // An error behind the row is kept until the transaction has ended with what stood before it.
-void EstimateCopy::MakeAllTogether(DaySerial date, std::int16_t status, const std::function<void()>& rest,
-                                   const std::function<void()>& stored) {
+void EstimateCopy::MakeAllTogether(DaySerial date, std::int16_t status, const Steps& steps) {
   const std::int32_t number = IsMadeOn(date) ? made_.number : database_.estimates.TakeNumber();
   const Made before = made_;
   std::exception_ptr refused;
   bool isStored = false;
   try {
     isStored = StoreUnlessChanged(shop_, database_, title_, [&] {
+      steps.before();
       try {
         MakeRowAndLines(number, date, status);
-        rest();
+        steps.rest();
       } catch (const std::exception&) {
         if (!IsMadeOn(date)) throw;
         refused = std::current_exception();
@@ -42,7 +41,7 @@ void EstimateCopy::MakeAllTogether(DaySerial date, std::int16_t status, const st
     throw;
   }
   if (!isStored) throw GivenUp("This estimate was left as it is.");
-  stored();
+  steps.stored();
   if (refused) std::rethrow_exception(refused);
 }
 

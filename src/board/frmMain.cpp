@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "board/ListKeys.h"
+#include "board/ShowTrail.h"
 #include "frame/Dates.h"
 #include "frame/Text.h"
 #include "records/modSystem.h"
@@ -47,6 +48,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
                                             if (onShow) detail.ShowEstimateDetail();
                                           },
                                       .systemChanged = [this] { FollowSystem(); },
+                                      .showTrail = [this] { ShowTrail(Parts(), board_); },
                                       .changeStatus = [this](std::int16_t status) { status_.ChangeTo(status); }});
 }
 
@@ -149,9 +151,9 @@ void frmMain::OnUnload(bool&) {
   database_.lantosData.CloseRecordsets();
   database_.korvelData.CloseRecordsets();
   Run([this] { startAndStop_.sendWaitingChanges(); });
-  Run([this] { doubtfulFiles_.Tell(); });
   shop_.environment.settings.Save("ShowStatus", menus_.ShownStatuses());
   UnloadOtherForms();
+  Run([this] { doubtfulFiles_.Tell(); });
   SaveSettings();
   ProfileFile profile = shop_.environment.Profile();
   WorkstationProfile(profile, shop_.environment.profileSection).WriteFontFactor(shop_.environment.fontFactor);
@@ -175,6 +177,9 @@ void frmMain::UnloadOtherForms() {
 void frmMain::OnKeyDown(ui::KeyPress& key) {
   if (shop_.keys.HandleGlobalKeys(key, *this)) return;
   if (calendarKeys_.Press(key)) key.Clear();
+  if (!key.IsControl("T")) return;
+  key.Clear();
+  ShowTrail(Parts(), board_);
 }
 
 void frmMain::OnResize() { ui::FitMinimumSize(*this, 0, 0); }

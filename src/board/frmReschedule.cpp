@@ -31,7 +31,7 @@ frmReschedule::frmReschedule(Shop& shop, EstimateDatabase& database, DaySerial p
 void frmReschedule::Accept() {
   if (ReadAfresh(shop_, database_, kTitle) == Meanwhile::Stops) return;
   const DaySerial date = DTPicker1.Value();
-  copy_.Make(date, kScheduled, [&] { Mark(date); });
+  copy_.Make(date, kScheduled, {.rest = [&] { Mark(date); }});
   ok = true;
   newDate = date;
   Hide();
@@ -40,10 +40,11 @@ void frmReschedule::Accept() {
 // The copy keeps the old comments: it is made before they are changed.
 void frmReschedule::Mark(DaySerial date) {
   Estimate& current = database_.estimates.CurrentEstimate;
-  MarkStatus();
+  Engine& connection = database_.lantosData.Connection();
+  connection.Apart([this] { MarkStatus(); });
   const std::string mark = current.Status == kEstimateOnly ? "Scheduled for " : "Rescheduled for ";
   const std::string comments = Trim(Left(mark + FormatDate(date) + ". " + Trim(current.Comments), kCommentsWidth));
-  database_.lantosData.SetComments(comments, current.EstimateNumber);
+  connection.Apart([&] { database_.lantosData.SetComments(comments, current.EstimateNumber); });
   current.Comments = comments;
 }
 

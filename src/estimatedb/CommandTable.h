@@ -32,6 +32,7 @@ struct Command {
 
 extern const std::span<const Command> kLantosCommands;  // de's, in their defining order
 extern const std::span<const Command> kKorvelCommands;  // de2's
+extern const std::span<const Command> kTrailCommands;   // of the trail, in TrailCommands.cpp
 
 // Throws DatabaseError when there is no such command.
 const Command& FindCommand(std::span<const Command> commands, std::string_view name);

@@ -29,14 +29,34 @@ std::vector<Value> SurchargeValues(std::int32_t estimate, const de::SurchargeLin
 
 }  // namespace
 
-void de::NewEstimate(std::int32_t estimate, DaySerial date) { Run("NewEstimate", {Long(estimate), Day(date)}); }
+void de::KeepTrail(const Clock& clock, TrailAuthor author, Trail::Note note) {
+  trail_ = std::make_unique<Trail>(*this, clock, std::move(author), std::move(note));
+}
+
+void de::Change(std::string_view command, const std::vector<Value>& values) {
+  Follow(command, values, [&] { Run(command, values); });
+}
+
+void de::PostChange(std::string_view command, const std::vector<Value>& values) {
+  Follow(command, values, [&] { Post(command, values); });
+}
+
+void de::Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change) {
+  if (trail_) {
+    trail_->Follow(command, values, change);
+  } else {
+    change();
+  }
+}
+
+void de::NewEstimate(std::int32_t estimate, DaySerial date) { Change("NewEstimate", {Long(estimate), Day(date)}); }
 
 void de::SetCustomer(std::int32_t customer, std::int32_t estimate) {
-  Run("SetCustomer", {Long(customer), Long(estimate)});
+  Change("SetCustomer", {Long(customer), Long(estimate)});
 }
 
 void de::SetVehicle(FileLink vehicleLink, std::int32_t estimate) {
-  Run("SetVehicle", {Long(vehicleLink), Long(estimate)});
+  Change("SetVehicle", {Long(vehicleLink), Long(estimate)});
 }
 
 Recordset& de::GetEstimatesByDate(DaySerial date) { return Run("GetEstimatesByDate", {Day(date)}); }
@@ -49,16 +69,16 @@ Recordset& de::LaborForEstimate(std::int32_t estimate) { return Run("LaborForEst
 
 void de::AddLabor(std::int32_t estimate, std::int32_t laborNumber, std::string_view description, Hundredths hours,
                   Cents rate, Cents total, std::int32_t employee) {
-  Post("AddLabor",
-       {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total), Long(employee)});
+  PostChange("AddLabor", {Long(estimate), Long(laborNumber), Text(description), Long(hours), Long(rate), Long(total),
+                          Long(employee)});
 }
 
 void de::DeleteLabor(std::int32_t estimate, std::int32_t laborNumber) {
-  Run("DeleteLabor", {Long(estimate), Long(laborNumber)});
+  Change("DeleteLabor", {Long(estimate), Long(laborNumber)});
 }
 
 void de::SetComments(std::string_view comments, std::int32_t estimate) {
-  Run("SetComments", {Text(comments), Long(estimate)});
+  Change("SetComments", {Text(comments), Long(estimate)});
 }
 
 Recordset& de::GetStdHours() { return Run("GetStdHours", {}); }
@@ -69,24 +89,26 @@ Recordset& de::EstimatesTable(DaySerial date) { return Run("EstimatesTable", {Da
 
 Recordset& de::PartsTable(std::int32_t estimate) { return Run("PartsTable", {Long(estimate)}); }
 
-void de::DeletePart(std::int32_t estimate, std::string_view part) { Run("DeletePart", {Long(estimate), Text(part)}); }
+void de::DeletePart(std::int32_t estimate, std::string_view part) {
+  Change("DeletePart", {Long(estimate), Text(part)});
+}
 
 Recordset& de::SpecialDaysByDate(DaySerial date) { return Run("SpecialDaysByDate", {Day(date)}); }
 
 Recordset& de::SpecialDaysTable(std::string_view from) { return Run("SpecialDaysTable", {Text(from)}); }
 
-void de::SetStatus(std::int32_t status, std::int32_t estimate) { Run("SetStatus", {Long(status), Long(estimate)}); }
+void de::SetStatus(std::int32_t status, std::int32_t estimate) { Change("SetStatus", {Long(status), Long(estimate)}); }
 
 void de::CloneEstimate(std::int32_t oldEstimate, std::int32_t newEstimate) {
-  Run("CloneEstimate", {Long(oldEstimate), Long(newEstimate)});
+  Change("CloneEstimate", {Long(oldEstimate), Long(newEstimate)});
 }
 
 void de::CloneLabors(std::int32_t newEstimate, std::int32_t oldEstimate) {
-  Run("CloneLabors", {Long(newEstimate), Long(oldEstimate)});
+  Change("CloneLabors", {Long(newEstimate), Long(oldEstimate)});
 }
 
 void de::CloneParts(std::int32_t newEstimate, std::int32_t oldEstimate) {
-  Run("CloneParts", {Long(newEstimate), Long(oldEstimate)});
+  Change("CloneParts", {Long(newEstimate), Long(oldEstimate)});
 }
 
 Recordset& de::NotesForEstimate(std::int32_t estimate) { return Run("NotesForEstimate", {Long(estimate)}); }
@@ -94,27 +116,27 @@ Recordset& de::NotesForEstimate(std::int32_t estimate) { return Run("NotesForEst
 void de::AddNote(std::int32_t estimate, std::int32_t note, const std::vector<std::string>& eightLines) {
   std::vector<Value> values{Long(estimate), Long(note)};
   values.insert(values.end(), eightLines.begin(), eightLines.end());
-  Post("AddNote", values);
+  PostChange("AddNote", values);
 }
 
-void de::DeleteNote(std::int32_t estimate, std::int32_t note) { Run("DeleteNote", {Long(estimate), Long(note)}); }
+void de::DeleteNote(std::int32_t estimate, std::int32_t note) { Change("DeleteNote", {Long(estimate), Long(note)}); }
 
 void de::CloneNotes(std::int32_t newEstimate, std::int32_t oldEstimate) {
-  Run("CloneNotes", {Long(newEstimate), Long(oldEstimate)});
+  Change("CloneNotes", {Long(newEstimate), Long(oldEstimate)});
 }
 
 Recordset& de::SubletsForEstimate(std::int32_t estimate) { return Run("SubletsForEstimate", {Long(estimate)}); }
 
 void de::AddSublet(std::int32_t estimate, std::int32_t sublet, const Extra& line) {
-  Post("AddSublet", LineValues(estimate, sublet, line));
+  PostChange("AddSublet", LineValues(estimate, sublet, line));
 }
 
 void de::DeleteSublet(std::int32_t estimate, std::int32_t sublet) {
-  Run("DeleteSublet", {Long(estimate), Long(sublet)});
+  Change("DeleteSublet", {Long(estimate), Long(sublet)});
 }
 
 void de::CloneSublets(std::int32_t newEstimate, std::int32_t oldEstimate) {
-  Run("CloneSublets", {Long(newEstimate), Long(oldEstimate)});
+  Change("CloneSublets", {Long(newEstimate), Long(oldEstimate)});
 }
 
 Recordset& de::GetSublet(std::int32_t estimate, std::int32_t sublet) {
@@ -125,27 +147,29 @@ Recordset& de::EstimatesByCustomer(std::int32_t customer) { return Run("Estimate
 
 Recordset& de::SelectQuery() { return Run("SelectQuery", {}); }
 
-void de::UpdateQuery() { Run("UpdateQuery", {}); }
+void de::UpdateQuery() { Change("UpdateQuery", {}); }
 
 Recordset& de::TechHours() { return Run("TechHours", {}); }
 
 void de::SetVehicleNew(FileLink vehicleLink, const VehicleSnapshot& vehicle, std::int32_t estimate) {
-  Run("SetVehicleNew",
-      {Long(vehicleLink), BlankIfEmpty(vehicle.VehYear), BlankIfEmpty(vehicle.VehMake), BlankIfEmpty(vehicle.VehModel),
-       BlankIfEmpty(vehicle.VehVIN), BlankIfEmpty(vehicle.VehLic), BlankIfEmpty(vehicle.VehDate),
-       BlankIfEmpty(vehicle.VehMileage), BlankIfEmpty(vehicle.VehEng), BlankIfEmpty(vehicle.VehTrans), Long(estimate)});
+  Change("SetVehicleNew", {Long(vehicleLink), BlankIfEmpty(vehicle.VehYear), BlankIfEmpty(vehicle.VehMake),
+                           BlankIfEmpty(vehicle.VehModel), BlankIfEmpty(vehicle.VehVIN), BlankIfEmpty(vehicle.VehLic),
+                           BlankIfEmpty(vehicle.VehDate), BlankIfEmpty(vehicle.VehMileage),
+                           BlankIfEmpty(vehicle.VehEng), BlankIfEmpty(vehicle.VehTrans), Long(estimate)});
 }
 
 Recordset& de::WasteForEstimate(std::int32_t estimate) { return Run("WasteForEstimate", {Long(estimate)}); }
 
 void de::AddWaste(std::int32_t estimate, std::int32_t waste, const Extra& line) {
-  Post("AddWaste", LineValues(estimate, waste, line));
+  PostChange("AddWaste", LineValues(estimate, waste, line));
 }
 
-void de::DeleteWaste(std::int32_t estimate, std::int32_t waste) { Run("DeleteWaste", {Long(estimate), Long(waste)}); }
+void de::DeleteWaste(std::int32_t estimate, std::int32_t waste) {
+  Change("DeleteWaste", {Long(estimate), Long(waste)});
+}
 
 void de::CloneWaste(std::int32_t newEstimate, std::int32_t oldEstimate) {
-  Run("CloneWaste", {Long(newEstimate), Long(oldEstimate)});
+  Change("CloneWaste", {Long(newEstimate), Long(oldEstimate)});
 }
 
 Recordset& de::GetWaste(std::int32_t estimate, std::int32_t waste) {
@@ -154,49 +178,59 @@ Recordset& de::GetWaste(std::int32_t estimate, std::int32_t waste) {
 
 Recordset& de::ChecklistForEstimate(std::int32_t estimate) { return Run("ChecklistForEstimate", {Long(estimate)}); }
 
-void de::DeleteChecklist(std::int32_t estimate) { Run("DeleteChecklist", {Long(estimate)}); }
+void de::DeleteChecklist(std::int32_t estimate) { Change("DeleteChecklist", {Long(estimate)}); }
 
 Recordset& de::ChecklistTable() { return Run("ChecklistTable", {}); }
 
 Recordset& de::GetSubletSurcharge(std::int32_t estimate) { return Run("GetSubletSurcharge", {Long(estimate)}); }
 
 void de::SetSubletSurcharge(Cents amount, std::int32_t estimate, std::int32_t sublet) {
-  Run("SetSubletSurcharge", {Long(amount), Long(amount), Long(estimate), Long(sublet)});
+  Change("SetSubletSurcharge", {Long(amount), Long(amount), Long(estimate), Long(sublet)});
 }
 
 void de::AddSubletSurcharge(std::int32_t estimate, const SurchargeLine& line) {
-  Run("AddSubletSurcharge", SurchargeValues(estimate, line));
+  Change("AddSubletSurcharge", SurchargeValues(estimate, line));
 }
 
 Recordset& de::GetWasteSurcharge(std::int32_t estimate) { return Run("GetWasteSurcharge", {Long(estimate)}); }
 
 void de::SetWasteSurcharge(Cents amount, std::int32_t estimate, std::int32_t waste) {
-  Run("SetWasteSurcharge", {Long(amount), Long(amount), Long(estimate), Long(waste)});
+  Change("SetWasteSurcharge", {Long(amount), Long(amount), Long(estimate), Long(waste)});
 }
 
 void de::AddWasteSurcharge(std::int32_t estimate, const SurchargeLine& line) {
-  Run("AddWasteSurcharge", SurchargeValues(estimate, line));
+  Change("AddWasteSurcharge", SurchargeValues(estimate, line));
 }
 
 void de::AddPartRow(std::int32_t estimate, const Part& part) {
-  Connection().Insert(
-      kParts,
-      {"EstimateNumber", "PartNumber", "PartDesc", "Quantity", "PartPrice", "PartTotal", "PartCost", "PartList"},
-      {Long(estimate), Text(part.PartNumber), Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice),
-       Long(part.PartTotal), Long(part.PartCost), Long(part.PartList)});
+  const std::vector<Value> values = {Long(estimate),      Text(part.PartNumber), Text(part.PartDesc),
+                                     Long(part.Quantity), Long(part.PartPrice),  Long(part.PartTotal),
+                                     Long(part.PartCost), Long(part.PartList)};
+  Follow("AddPartRow", values, [&] {
+    Connection().Insert(
+        kParts,
+        {"EstimateNumber", "PartNumber", "PartDesc", "Quantity", "PartPrice", "PartTotal", "PartCost", "PartList"},
+        values);
+  });
 }
 
 void de::UpdatePartRow(std::int32_t estimate, std::string_view storedNumber, const Part& part) {
-  Run("UpdatePartRow", {Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice), Long(part.PartTotal),
-                        Long(part.PartCost), Long(part.PartList), Long(estimate), Text(storedNumber)});
+  Change("UpdatePartRow", {Text(part.PartDesc), Long(part.Quantity), Long(part.PartPrice), Long(part.PartTotal),
+                           Long(part.PartCost), Long(part.PartList), Long(estimate), Text(storedNumber)});
 }
 
 void de::AddChecklistRow(std::int32_t estimate, std::string_view data) {
-  Connection().Insert(kChecklist, {"EstimateNumber", "ChecklistData"}, {Long(estimate), Text(data)});
+  const std::vector<Value> values = {Long(estimate), Text(data)};
+  Follow("AddChecklistRow", values, [&] {
+    Connection().Insert(kChecklist, {"EstimateNumber", "ChecklistData"}, values);
+  });
 }
 
 void de::AddEstimateRow(std::int32_t estimate, DaySerial date, std::int32_t status) {
-  Connection().Insert(kEstimates, {"EstimateNumber", "SchedDate", "Status"}, {Long(estimate), Day(date), Long(status)});
+  const std::vector<Value> values = {Long(estimate), Day(date), Long(status)};
+  Follow("AddEstimateRow", values, [&] {
+    Connection().Insert(kEstimates, {"EstimateNumber", "SchedDate", "Status"}, values);
+  });
 }
 
 void de::UpdateStdHours(const std::array<std::int32_t, 7>& sundayToSaturday, std::int32_t fudgeFactor) {
@@ -206,26 +240,32 @@ void de::UpdateStdHours(const std::array<std::int32_t, 7>& sundayToSaturday, std
   if (isMissing) throw DatabaseError("StandardHours has no row with RecNum 1 to be changed.");
   std::vector<Value> values(sundayToSaturday.begin(), sundayToSaturday.end());
   values.push_back(Long(fudgeFactor));
-  Connection().UpdateFirst(
-      kStandardHours,
-      {"SunHours", "MonHours", "TueHours", "WedHours", "ThuHours", "FriHours", "SatHours", "FudgeFactor"}, values,
-      {"RecNum", Long(1)});
+  Follow("UpdateStdHours", {}, [&] {
+    Connection().UpdateFirst(
+        kStandardHours,
+        {"SunHours", "MonHours", "TueHours", "WedHours", "ThuHours", "FriHours", "SatHours", "FudgeFactor"}, values,
+        {"RecNum", Long(1)});
+  });
 }
 
 void de::SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view description) {
   Recordset& row = SpecialDaysByDate(date);
   const bool isNew = row.Eof();
   row.Close();
-  if (isNew) {
-    Connection().Insert(kSpecialDays, {"SpecialDate", "SpecialHours", "SpecialDesc"},
-                        {Day(date), Long(hours), Text(description)});
-  } else {
-    Connection().UpdateFirst(kSpecialDays, {"SpecialHours", "SpecialDesc"}, {Long(hours), Text(description)},
-                             {"SpecialDate", Day(date)});
-  }
+  Follow("SaveSpecialDay", {Day(date)}, [&] {
+    if (isNew) {
+      Connection().Insert(kSpecialDays, {"SpecialDate", "SpecialHours", "SpecialDesc"},
+                          {Day(date), Long(hours), Text(description)});
+    } else {
+      Connection().UpdateFirst(kSpecialDays, {"SpecialHours", "SpecialDesc"}, {Long(hours), Text(description)},
+                               {"SpecialDate", Day(date)});
+    }
+  });
 }
 
-void de::DeleteSpecialDay(DaySerial date) { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); }
+void de::DeleteSpecialDay(DaySerial date) {
+  Follow("DeleteSpecialDay", {Day(date)}, [&] { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); });
+}
 
 void de::ForeseeDays(DaySerial first, std::size_t count) {
   if (!Connection().IsFar()) return;

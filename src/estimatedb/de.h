@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "estimatedb/CommandTable.h"
+#include "estimatedb/Trail.h"
 #include "estimatedb/engine/Engine.h"
 #include "frame/Clock.h"
 
@@ -65,6 +66,11 @@ class DataEnvironment {
 class de : public DataEnvironment {
  public:
   de() : DataEnvironment(kLantosCommands) {}
+
+  // From here on each change goes on the trail under that name. The clock outlives this, and so does what the note,
+  // which is given the reason why no trail can be kept, takes it to.
+  void KeepTrail(const Clock& clock, TrailAuthor author, Trail::Note note = {});
+  Trail* KeptTrail() { return trail_.get(); }  // null: none is kept
 
   void NewEstimate(std::int32_t estimate, DaySerial date);
   void SetCustomer(std::int32_t customer, std::int32_t estimate);
@@ -159,6 +165,16 @@ class de : public DataEnvironment {
   void UpdateStdHours(const std::array<std::int32_t, 7>& sundayToSaturday, std::int32_t fudgeFactor);
   void SaveSpecialDay(DaySerial date, std::int32_t hours, std::string_view description);  // updates or adds
   void DeleteSpecialDay(DaySerial date);
+
+ private:
+  // Runs a command of the table that changes something.
+  void Change(std::string_view command, const std::vector<Value>& values);
+  // The same, sent with the next statement where the database is far away.
+  void PostChange(std::string_view command, const std::vector<Value>& values);
+  // The same by other means than a statement of the table, with the values that its rule of the trail speaks of.
+  void Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change);
+
+  std::unique_ptr<Trail> trail_;
 };
 
 // Korvel.mdb.

@@ -28,6 +28,7 @@ struct Environment {
   OpenFiles openFiles{files, log};
 
   std::string computerName;    // as the platform gives it; may be empty
+  std::string userName;        // at the operating system; may be empty
   std::string profileSection;  // its first 20 characters, or "Lantos Defaults"
   int fontFactor = 1;
   StatusOptions statusOptions;

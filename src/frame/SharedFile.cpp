@@ -154,6 +154,7 @@ std::size_t SharedFile::ReadAt(std::uint64_t offset, std::span<std::byte> into) 
     });
     if (count < 0) ThrowFileError(errno, "reading " + path_.string() + " at " + std::to_string(offset));
     if (count == 0) break;
+    wasWritten_ = true;
     done += static_cast<std::size_t>(count);
   }
   std::fill(into.begin() + static_cast<std::ptrdiff_t>(done), into.end(), std::byte{0});
@@ -162,7 +163,6 @@ std::size_t SharedFile::ReadAt(std::uint64_t offset, std::span<std::byte> into) 
 
 void SharedFile::WriteAt(std::uint64_t offset, std::span<const std::byte> bytes) {
   RequireWritable();
-  wasWritten_ = true;
   const auto what = [&] { return "writing " + path_.string() + " at " + std::to_string(offset); };
   if (offset > kLargestOffset || bytes.size() > kLargestOffset - offset) ThrowFileError(EINVAL, what());
   const std::uint64_t lengthBefore = alone_ && aloneLength_ >= 0 ? static_cast<std::uint64_t>(aloneLength_) : Length();
@@ -220,11 +220,11 @@ void SharedFile::CutBack(std::uint64_t lengthBefore, std::uint64_t endOfWritten)
 
 void SharedFile::Truncate(std::uint64_t length) {
   RequireWritable();
-  wasWritten_ = true;
   aloneLength_ = -1;
   // A length beyond the system's offsets turns negative here, and is refused by the call.
   const int result = Uninterrupted([&] { return ::ftruncate(descriptor_, static_cast<off_t>(length)); });
   if (result != 0) ThrowFileError(errno, "cutting " + path_.string() + " to " + std::to_string(length));
+  wasWritten_ = true;
 }
 
 void SharedFile::RequireWritable() const {

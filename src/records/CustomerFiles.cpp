@@ -21,7 +21,8 @@ CustomerFiles::CustomerFiles(Environment& environment, ui::Desktop& desktop)
       tagFile_(environment.openFiles),
       masterFile_(environment.openFiles),
       tagContention_(contention::kWriteCustomerTag, desktop, environment),
-      masterContention_(contention::kWriteCustomer, desktop, environment) {}
+      masterContention_(contention::kWriteCustomer, desktop, environment),
+      ahead_(environment) {}
 
 // The turn comes first, so that nothing is held open while the person is asked about it; it needs a tag file.
 bool CustomerFiles::Open() {
@@ -125,8 +126,7 @@ CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const Customer
     if (!isOvertaken()) tagFile_->WriteAt(places.tag, tag.Bytes());
   };
   const std::optional<CustomerTag> before = TagBefore(places.tag);
-  WriteAhead ahead(environment_);
-  NoteAhead(ahead, places, tag, before, master);
+  NoteAhead(places, tag, before, master);
   if (!tagContention_.Run(writeTag)) return Outcome::Ended;
   if (isOvertaken()) return Outcome::LookAgain;
   written = Written::Tag;
@@ -151,15 +151,15 @@ CustomerFiles::Outcome CustomerFiles::Write(const Places& places, const Customer
 }
 
 // Where one of the two stays as it is, nothing can be half done.
-void CustomerFiles::NoteAhead(WriteAhead& ahead, const Places& places, const CustomerTag& tag,
-                              const std::optional<CustomerTag>& tagBefore, const CustomerRecord& master) const {
+void CustomerFiles::NoteAhead(const Places& places, const CustomerTag& tag, const std::optional<CustomerTag>& tagBefore,
+                              const CustomerRecord& master) const {
   const auto offset = static_cast<std::uint64_t>(places.master);
   CustomerRecord masterBefore;
   const std::size_t read = masters_->ReadAt(offset, masterBefore.Bytes());
   if (tagBefore == tag || (read == CustomerRecord::kLength && masterBefore == master)) return;
-  ahead.Note("Customer " + FormatZeros(tag.Get(customertag::Number), 6),
-             {{std::string(kCustomerTagFile), places.tag, tagBefore ? TextOf(*tagBefore) : "", TextOf(tag)},
-              {std::string(kCustomerFile), offset, TextOf(masterBefore).substr(0, read), TextOf(master)}});
+  ahead_.Note("Customer " + FormatZeros(tag.Get(customertag::Number), 6),
+              {{std::string(kCustomerTagFile), places.tag, tagBefore ? TextOf(*tagBefore) : "", TextOf(tag)},
+               {std::string(kCustomerFile), offset, TextOf(masterBefore).substr(0, read), TextOf(master)}});
 }
 
 std::optional<CustomerTag> CustomerFiles::TagBefore(std::uint64_t offset) const {

@@ -66,8 +66,8 @@ class CustomerFiles {
   FileLink EndOfMasters() const;
   // Nothing where the file ended.
   std::optional<CustomerTag> TagBefore(std::uint64_t offset) const;
-  void NoteAhead(WriteAhead& ahead, const Places& places, const CustomerTag& tag,
-                 const std::optional<CustomerTag>& tagBefore, const CustomerRecord& master) const;
+  void NoteAhead(const Places& places, const CustomerTag& tag, const std::optional<CustomerTag>& tagBefore,
+                 const CustomerRecord& master) const;
   // False when it could not be done.
   bool PutTagBack(std::uint64_t offset, const CustomerTag& written, const std::optional<CustomerTag>& before);
 
@@ -77,6 +77,7 @@ class CustomerFiles {
   OpenedFile masterFile_;
   Contention tagContention_;
   Contention masterContention_;
+  WriteAhead ahead_;  // until both are closed and on the disk
   std::optional<UpdateTurns> turns_;
   std::optional<AskedTurn> turn_;
   std::optional<SharedFile> tags_;  // for reading, as the next

@@ -61,47 +61,53 @@ void PutAtHead(CustomerRecord& owner, FileLink offset, const VehicleRecord& reco
                            std::string(kVehicleFile) + ". Add it again.");
 }
 
+// The vehicle, and the link of its owner that will lead to it; before is what lies at the vehicle's place.
+void NoteAhead(WriteAhead& ahead, Customers& customers, FileLink offset, const std::string& before,
+               const VehicleRecord& record) {
+  const std::int32_t owner = customers.CurrentCustomer.Get(customer::Number);
+  const std::size_t index = customers.IndexOf(owner);
+  if (index == customers.Count()) return;
+  const FileLink master = customers.Tag(index).Get(customertag::Offset);
+  if (master < 0) return;
+  const auto bytesOf = [](FileLink link) {
+    VehicleRecord linked;
+    linked.Put(vehicle::VLink, link);
+    return TextOf(linked).substr(vehicle::VLink.offset);
+  };
+  ahead.Note("A vehicle of customer " + FormatZeros(owner, 6),
+             {{std::string(kVehicleFile), static_cast<std::uint64_t>(offset), before, TextOf(record)},
+              {std::string(kCustomerFile), static_cast<std::uint64_t>(master) + customer::VLink.offset,
+               bytesOf(record.Get(vehicle::VLink)), bytesOf(offset)}});
+}
+
 // The vehicle's own link is written while the customers aren't in anybody's turn: its file may have to be asked about.
-bool Chain(Customers& customers, Vehicles& vehicles, FileLink place, VehicleRecord& record) {
+bool Chain(Customers& customers, Vehicles& vehicles, WriteAhead& ahead, FileLink place, VehicleRecord& record) {
   for (int tries = 0; tries < kTries; ++tries) {
     try {
       return customers.UpdateCustomer([&](CustomerRecord& owner) { PutAtHead(owner, place, record); });
     } catch (const ChainHasMoved& moved) {
+      const std::string before = TextOf(record);
       record.Put(vehicle::VLink, moved.first);
+      NoteAhead(ahead, customers, place, before, record);
       if (!vehicles.Write(place, record)) ThrowOfChain();
     }
   }
   ThrowOfChain();
 }
 
-bool WriteNewVehicle(Vehicles& vehicles, const CustomerRecord& owner, VehicleRecord& record, FileLink& place,
-                     const std::function<void(FileLink)>& beforehand) {
-  record.Put(vehicle::VLink, owner.Get(customer::VLink));
+bool WriteNewVehicle(Customers& customers, Vehicles& vehicles, WriteAhead& ahead, VehicleRecord& record,
+                     FileLink& place) {
+  record.Put(vehicle::VLink, customers.CurrentCustomer.Get(customer::VLink));
   if (place == kNoLink) {
-    place = vehicles.Append(record, beforehand);
+    place = vehicles.Append(record, [&](FileLink offset) { NoteAhead(ahead, customers, offset, "", record); });
     return place != kNoLink;
   }
   const std::optional<VehicleRecord> earlier = vehicles.Read(place);
   if (!earlier) return false;
   // The chain may lead there already.
   record.Put(vehicle::VLink, earlier->Get(vehicle::VLink));
+  NoteAhead(ahead, customers, place, TextOf(*earlier), record);
   return vehicles.Write(place, record);
-}
-
-// The new vehicle, and the link of its owner that will lead to it.
-void NoteAhead(WriteAhead& ahead, Customers& customers, FileLink offset, const VehicleRecord& record) {
-  const std::size_t index = customers.IndexOf(customers.CurrentCustomer.Get(customer::Number));
-  if (index == customers.Count()) return;
-  const FileLink master = customers.Tag(index).Get(customertag::Offset);
-  if (master < 0) return;
-  CustomerRecord owner = customers.CurrentCustomer;
-  const auto linkOf = [&] { return TextOf(owner).substr(customer::VLink.offset, sizeof(FileLink)); };
-  const std::string before = linkOf();
-  owner.Put(customer::VLink, offset);
-  ahead.Note(
-      "A vehicle of customer " + FormatZeros(owner.Get(customer::Number), 6),
-      {{std::string(kVehicleFile), static_cast<std::uint64_t>(offset), "", TextOf(record)},
-       {std::string(kCustomerFile), static_cast<std::uint64_t>(master) + customer::VLink.offset, before, linkOf()}});
 }
 
 }  // namespace
@@ -242,15 +248,14 @@ FileLink Customers::AppendVehicle(VehicleRecord& record, FileLink* earlier) {
   FileLink& place = earlier != nullptr ? *earlier : first;
   // Not chained when it isn't written: a chain that began at "none" would lose all vehicles of the customer.
   WriteAhead ahead(environment_);
-  const auto beforehand = [&](FileLink offset) { NoteAhead(ahead, *this, offset, record); };
-  if (!WriteNewVehicle(vehicles_, CurrentCustomer, record, place, beforehand)) return kNoLink;
+  if (!WriteNewVehicle(*this, vehicles_, ahead, record, place)) return kNoLink;
   try {
     if (!vehicles_.Loaded()) vehicles_.LoadVehicles();
   } catch (const FileError& error) {
     // The array stays not loaded until the next search; the vehicle on file must get into its chain all the same.
     environment_.log.Write(std::string("AppendVehicle: ") + error.what());
   }
-  return Chain(*this, vehicles_, place, record) ? place : kNoLink;
+  return Chain(*this, vehicles_, ahead, place, record) ? place : kNoLink;
 }
 
 const CustomerRecord* Customers::LookupCustomer(std::int32_t customerNumber) {

@@ -56,7 +56,10 @@ bool ReadBytes(std::string_view line, WrittenAhead& ahead) {
 }
 
 bool ReadLine(std::string_view line, WrittenAhead& ahead) {
-  if (line == kEnd) return ahead.isWhole = !ahead.records.empty();
+  if (line == kEnd) {
+    ahead.state = WrittenAhead::State::Whole;
+    return !ahead.records.empty();
+  }
   const std::string_view kind = TakeWord(line);
   if (kind == "bytes") return !ahead.when.empty() && ReadBytes(line, ahead);
   if (kind == "of") {
@@ -96,12 +99,13 @@ WriteAhead::~WriteAhead() {
   if (!name_.empty()) DeleteJournal(environment_, name_, file_);
 }
 
-std::optional<WrittenAhead> ReadWriteAhead(std::string_view content) {
+WrittenAhead ReadWriteAhead(std::string_view content) {
+  using State = WrittenAhead::State;
   WrittenAhead ahead;
-  for (bool isFirst = true; !content.empty() && !ahead.isWhole; isFirst = false) {
+  for (bool isFirst = true; !content.empty() && ahead.state == State::Unfinished; isFirst = false) {
     const std::optional<std::string_view> line = TakeJournalLine(content);
-    if (!line) return std::nullopt;
-    if (isFirst ? *line != kHeading : !ReadLine(*line, ahead)) return std::nullopt;
+    const bool isSound = line && (isFirst ? *line == kHeading : ReadLine(*line, ahead));
+    if (!isSound) ahead.state = State::Damaged;
   }
   return ahead;
 }

@@ -50,9 +50,11 @@ struct WrittenAhead {
   std::string what;
   std::string when, where;  // "2003-09-30T08:15:00"; the computer's name
   std::vector<RecordBytes> records;
-  bool isWhole = false;  // where it isn't, its program ended at the journal itself, and nothing else was begun
+  // Unfinished: its program ended at the journal itself, and nothing else was begun. Damaged, or no such journal: the
+  // rest is what stands ahead of the damage.
+  enum class State { Whole, Unfinished, Damaged };
+  State state = State::Unfinished;
 };
-// Nothing for a text that is no such journal, or a damaged one.
-std::optional<WrittenAhead> ReadWriteAhead(std::string_view content);
+WrittenAhead ReadWriteAhead(std::string_view content);
 
 }  // namespace lantos

@@ -55,6 +55,8 @@
 #include "screens/frmEnterPwd.h"
 #include "start/frmEnterDir.h"
 #include "start/frmSplash.h"
+#include "trail/frmTrail.h"
+#include "trail/frmTrailExport.h"
 
 namespace lantos {
 
@@ -143,6 +145,8 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmSystemParameters>(ground.shop); },
     [](FormGround& ground) { return Make<frmReschedule>(ground.shop, ground.database, kSomeDay); },
     [](FormGround& ground) { return Make<frmContinue>(ground.shop); },
+    [](FormGround& ground) { return Make<frmTrail>(ground.shop, ground.database.lantosData, 0, nullptr); },
+    [](FormGround& ground) { return Make<frmTrailExport>(ground.shop, "", "Lantos trail.csv"); },
 };
 
 }  // namespace

@@ -102,6 +102,8 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   Connect(database, environment);
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
   UpgradeDatabase(database, environment, shop.records);
+  database.lantosData.KeepTrail(environment.clock, {environment.computerName, environment.userName},
+                                [&environment](const std::string& reason) { environment.log.Write(reason); });
   WarnOfNetworkMount(shop, database.lantosData);
   LeftJournals left = MakeUpdateFile(shop);
   SettleRecords(environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory

@@ -1,5 +1,6 @@
 #include "start/Program.h"
 
+#include <pwd.h>
 #include <unistd.h>
 
 #include <array>
@@ -7,6 +8,7 @@
 #include "board/frmMain.h"
 #include "frame/PathText.h"
 #include "frame/PlainWords.h"
+#include "frame/Text.h"
 #include "masters/vendors/VendorScreens.h"
 #include "printing/VehicleHistory.h"
 #include "start/CommandLine.h"
@@ -30,6 +32,7 @@ struct Program::State {
         inventoryList(shop),
         workorders(environment, desktop, records) {
     environment.computerName = invocation.computerName;
+    environment.userName = invocation.userName;
     database.busyTimeout = invocation.busyTimeout;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     keys.openVendorList = [this] { ViewVendors(shop); };
@@ -144,6 +147,14 @@ std::string PlatformComputerName() {
   std::array<char, 256> name{};
   if (gethostname(name.data(), name.size() - 1) != 0) return {};
   return name.data();
+}
+
+std::string PlatformUserName() {
+  std::array<char, 4096> texts{};
+  passwd user{};
+  passwd* found = nullptr;
+  if (getpwuid_r(geteuid(), &user, texts.data(), texts.size(), &found) != 0 || found == nullptr) return {};
+  return FromUtf8(found->pw_name);
 }
 
 }  // namespace lantos

@@ -17,6 +17,7 @@ struct Invocation {
   std::string computerName;  // empty when it has none
   // How long a lock that another copy holds on the database is waited for.
   std::chrono::milliseconds busyTimeout = kBusyTimeout;
+  std::string userName = {};  // at the operating system, for the trail; empty when there is none
 };
 
 // One running copy: builds the modules, brings the main window up, serves the person, and goes down in order. Two can
@@ -42,5 +43,7 @@ class Program {
 
 // The computer's name from the platform; empty when it has none.
 std::string PlatformComputerName();
+// The name under which this process runs; empty when the user has none.
+std::string PlatformUserName();
 
 }  // namespace lantos

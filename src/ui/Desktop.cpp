@@ -67,4 +67,14 @@ void Desktop::Remember(Form& form) {
 
 void Desktop::Forget(Form& form) { std::erase(forms_, &form); }
 
+Answer Desktop::Ask(std::string text, std::string title, Buttons buttons, Icon icon) {
+  struct Up {
+    explicit Up(int& boxes) : boxes(boxes) { ++boxes; }
+    ~Up() { --boxes; }
+    int& boxes;
+  };
+  const Up up(asking_);
+  return Show(Box{std::move(text), std::move(title), buttons, icon, 0});
+}
+
 }  // namespace lantos::ui

@@ -101,18 +101,20 @@ class Desktop {
   Form* FindForm(std::string_view name) const;  // the topmost of that name, null when there is none
 
   // A box in one line.
-  Answer Ask(std::string text, std::string title, Buttons buttons, Icon icon = Icon::None) {
-    return Show(Box{std::move(text), std::move(title), buttons, icon, 0});
-  }
+  Answer Ask(std::string text, std::string title, Buttons buttons, Icon icon = Icon::None);
   void Tell(std::string text, std::string title, Icon icon = Icon::None) {
-    Show(Box{std::move(text), std::move(title), Buttons::Ok, icon, 0});
+    Ask(std::move(text), std::move(title), Buttons::Ok, icon);
   }
+
+  // A box is up, in the middle of whatever it belongs to.
+  bool IsAsking() const { return asking_ > 0; }
 
  private:
   friend class Form;
   void Remember(Form& form);  // as the topmost
   void Forget(Form& form);
   std::vector<Form*> forms_;
+  int asking_ = 0;  // boxes that are up
 };
 
 // The hourglass for as long as it lives.

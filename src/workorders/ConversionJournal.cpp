@@ -21,7 +21,7 @@ constexpr std::string_view kComments = "the comments of the estimate";
 constexpr std::string_view kStatus = "the status of the estimate";
 constexpr std::string_view kHeading = "Lantos conversion 1";
 WordedError TooManyJournals(const Environment& environment) {
-  const std::string text = "This copy has left a hundred conversions half done, " +
+  const std::string text = "This copy has left 100 conversions half done, " +
                            FirstJournalOf(environment, kJournalPrefix) +
                            " and those behind it.\rFinish or undo some of them. Nothing was converted.";
   return WordedError(text, text);

@@ -255,6 +255,7 @@ void Workorders::WriteWorkorderFile() {
     OpenedFile file(environment_.openFiles, name, Access::Write, Deny::All);
     file->WriteAt(0, std::as_bytes(std::span(text)));
     file->Truncate(text.size());
+    file->Close();  // what a mount tells at the close alone is asked about too
     file.Close();
   });
   if (!isWritten) throw GivenUp("The work order was not written to " + name + ".");

@@ -19,9 +19,8 @@ void Look(QuietShop& shop, std::string_view bytes) {
   const std::string system = shop.Content("TQSYSTEM.DAT");
   SettleRecords(shop.environment, shop.desktop, {std::string(kJournal)});
   Require(shop.Content("TQSYSTEM.DAT") == system);
-  const auto ahead = ReadWriteAhead(bytes);
-  if (!ahead) return;
-  for (const RecordBytes& record : ahead->records) {
+  const WrittenAhead ahead = ReadWriteAhead(bytes);
+  for (const RecordBytes& record : ahead.records) {
     Require(record.before.size() <= record.after.size());
     Require(record.file.find('/') == std::string::npos);
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -57,42 +58,52 @@ class StatementFaults {
   Decide decide_;
 };
 
-// An engine whose statements fail on purpose, undone; a transaction goes back with them.
+// An engine whose statements fail on purpose, undone. A full or broken disk takes the whole transaction back with them,
+// as the true engine does, whatever is made of the error on the way.
 class FaultyEngine : public Engine {
  public:
   FaultyEngine(std::unique_ptr<Engine> engine, StatementFaults& faults) : engine_(std::move(engine)), faults_(faults) {}
 
   Recordset Run(std::string_view statement, const std::vector<Value>& parameters) override {
-    faults_.Take(statement);
+    Take(statement);
     return engine_->Run(statement, parameters);
   }
   void Insert(std::string_view table, const std::vector<std::string>& columns,
               const std::vector<Value>& values) override {
-    faults_.Take("insert into " + std::string(table));
+    Take("insert into " + std::string(table));
     engine_->Insert(table, columns, values);
   }
   void UpdateFirst(std::string_view table, const std::vector<std::string>& columns, const std::vector<Value>& values,
                    const RowKey& key) override {
-    faults_.Take("update " + std::string(table));
+    Take("update " + std::string(table));
     engine_->UpdateFirst(table, columns, values, key);
   }
   void DeleteFirst(std::string_view table, const RowKey& key) override {
-    faults_.Take("delete from " + std::string(table));
+    Take("delete from " + std::string(table));
     engine_->DeleteFirst(table, key);
   }
   void Together(const std::function<void()>& work) override {
-    faults_.Take("begin");
+    Take("begin");
+    undone_ = nullptr;
     engine_->Together([&] {
-      work();
-      faults_.Take("commit");
+      ++depth_;
+      try {
+        work();
+        if (!undone_) Take("commit");
+      } catch (...) {
+        --depth_;
+        throw;
+      }
+      --depth_;
+      if (undone_) std::rethrow_exception(undone_);
     });
   }
   void Apart(const std::function<void()>& work) override {
-    faults_.Take("savepoint");
+    Take("savepoint");
     engine_->Apart(work);
   }
   void ReadTogether(const std::function<void()>& work) override {
-    faults_.Take("begin to read");
+    Take("begin to read");
     engine_->ReadTogether(work);
   }
   void Post(std::string_view statement, const std::vector<Value>& parameters) override {
@@ -106,8 +117,21 @@ class FaultyEngine : public Engine {
   }
 
  private:
+  void Take(std::string_view statement) {
+    if (depth_ > 0 && undone_) std::rethrow_exception(undone_);
+    try {
+      faults_.Take(statement);
+    } catch (const DatabaseError& error) {
+      const bool isUndone = error.Kind() == DatabaseErrorKind::Full || error.Kind() == DatabaseErrorKind::Unreachable;
+      if (depth_ > 0 && isUndone) undone_ = std::current_exception();
+      throw;
+    }
+  }
+
   std::unique_ptr<Engine> engine_;
   StatementFaults& faults_;
+  int depth_ = 0;  // of transactions
+  std::exception_ptr undone_;
 };
 
 // From its next statement on the shop's database is one whose statements fail as it is told. The faults outlive it.

@@ -27,7 +27,7 @@ MENUS = [
     ("mnuReschedule", "&Reschedule"), ("mnuChangeStatus", "Change &Status"), ("mnuFind", "&Find"),
     ("mnuWOHistory", "WO &History"), ("mnuTechHours", "&Tech Hours"), ("mnuEstimateNotes", "Estimate N&otes"),
     ("mnuEstimateSublets", "Estimate S&ublets"), ("mnuEstimateWaste", "Estimate W&aste"),
-    ("mnuEstimateChecklist", "Estimate Check&list"),
+    ("mnuEstimateChecklist", "Estimate Check&list"), ("mnuShowTrail", "Show Tra&il"),
     ("mnuMaint", "&Maintenance"), ("mnuCustomer", "&Customers"), ("mnuMaintEmployees", "&Employees"),
     ("mnuMaintInventory", "&Inventory"), ("mnuMaintVendors", "&Vendors"), ("mnuRefresh", "&Refresh"),
     ("mnuRefreshCustomer", "&Customers"), ("mnuRefreshTotals", "&Totals"), ("mnuMaintSystemInfo", "&System"),

@@ -2,8 +2,7 @@
 
 from faults import DISK_FULL, Faults
 
-TOLD = ("What was just stored in TQSYSTEM.DAT may be lost: the disk is full.\nLook at it again, and store it once more "
-        "if it isn't there.")
+TOLD = "What was just stored in TQSYSTEM.DAT may be lost: the disk is full.\nLook at it again."
 
 
 def test_a_record_whose_close_fails_is_told_of_once_the_person_goes_on(start, shop, tmp_path):

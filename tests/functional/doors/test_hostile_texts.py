@@ -17,7 +17,7 @@ from workorderfiles import USAGE_FILE, USAGE_LENGTH, file_name
 MENUS = ("mnuCustomer", "mnuDisclaimer", "mnuMaintEmployees", "mnuMaintInventory", "mnuMaintVendors", "mnuPrintOptions",
          "mnuSpecialDays", "mnuStandardHours", "mnuStatusOptions", "mnuSystemCompanyInfo", "mnuSystemParameters",
          "mnuEstimateChecklist", "mnuEstimateNotes", "mnuEstimateSublets", "mnuEstimateWaste", "mnuFind", "mnuTechHours",
-         "mnuReschedule", "mnuChangeStatus", "mnuPrintEstimate", "mnuPrintWorksheet", "mnuWOHistory")
+         "mnuReschedule", "mnuChangeStatus", "mnuPrintEstimate", "mnuPrintWorksheet", "mnuWOHistory", "mnuShowTrail")
 OPENED = ("cmdCustomerEdit", "cmdVehicleEdit", "cmdLaborAdd", "cmdLaborChange", "cmdLaborFollowup", "cmdPartAdd",
           "cmdPartAddNonStock", "cmdPartChange")
 # Each step is a control that is clicked or checked, a row that is selected, a key, or a text that goes into a box.
@@ -58,6 +58,8 @@ ROADS = (
     ("mnuEstimateSublets", "cmdAdd", ("POSubletList", 1)),
     ("mnuEstimateSublets", ("listSublets", 0), "cmdChange"),
     ("mnuEstimateWaste", ("listWaste", 0), "cmdChange"),
+    (("listLabor", 0), "cmdLaborRemove"),
+    ("mnuShowTrail", "cmdExport"),
 )
 FORMS = set("""
     frmCanLabor frmCanLaborList frmCanNoteList frmCompanyInfo frmCustEdit frmCustSearch frmDisclaimer
@@ -66,7 +68,7 @@ FORMS = set("""
     frmNotes frmPrintOptions frmRepairCode frmReschedule frmSpecialDays frmStatusOptions frmStdHours
     frmSubList frmSystemParameters frmTechHours frmVehEdit frmVehList frmVendorEdit frmVendorList frmWOChklst
     frmWOExtra frmWOHist frmWOKit frmWOPart frmEmpNew frmInvAdd frmRecvList frmUsageList frmVendorAdd
-    frmContinue frmDept frmInvKitAdd frmMakeModel
+    frmContinue frmDept frmInvKitAdd frmMakeModel frmTrail frmTrailExport
 """.split())
 # Not walked: what comes up ahead of the board, before a text of the shop is read, and the question for a password, which
 # shows none.

@@ -41,6 +41,7 @@ def test_the_version_is_the_one_of_the_splash(name):
     ("lantos-shop", ("make",), "make"),
     ("lantos-shop", (), "--help"),
     ("lantos-shop", ("new",), "DIR"),
+    ("lantos-shop", ("prune-trail", "/dev/shm/never"), "DATE"),
     ("lantos-shop", ("sample", "/dev/shm/never", "--customers", "many"), "many"),
 ])
 def test_what_is_wrong_is_named_on_the_error_stream(name, arguments, named):

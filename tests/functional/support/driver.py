@@ -44,7 +44,7 @@ class Lantos:
     """Owns the process, its directories and the record of what was said."""
 
     def __init__(self, home, desktop="driver", now=MORNING, computer="BENCH1", arguments=(), cwd=None, runtime=None,
-                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None):
+                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None, user="beth"):
         self.home = Path(home)
         self.settings = Path(settings or self.home / "settings")
         self.print_to = self.home / f"{name}-print"
@@ -60,6 +60,8 @@ class Lantos:
                    "--print-to", str(self.print_to)]
         if computer is not None:
             command += ["--computer", computer]
+        if user is not None:
+            command += ["--user", user]
         if now is not None:
             command += ["--now", now]
         if busy_timeout is not None:

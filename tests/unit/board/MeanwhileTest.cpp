@@ -70,6 +70,25 @@ TEST(MovedMeanwhile, AStatusThatIsSetWhileTheNumberIsTakenIsKept) {
   EXPECT_EQ(bench.Estimates(), 1u);
 }
 
+// The copy is what the estimate is by then, and stands behind its day.
+TEST(MovedMeanwhile, AContinuationIsOfTheStatusAndTheDayThatThePersonGoesOnWith) {
+  Moved bench;
+  bench.directory.Put("TQSYSTEM.DAT", std::string(1038, '\0'));
+  bench.desktop.WillAnswer([&](const ui::Box&) {  // a number that is lost
+    bench.Do("update Estimates set Status = 2, SchedDate = '2003-10-01' where EstimateNumber = 900");
+    return Answer::Ok;
+  });
+  bench.desktop.WillAnswer(Answer::Yes);
+  bench.desktop.otherwise = [](const ui::Box&) { return Answer::Ok; };
+  bench.desktop.WillChoose("mnuPopupStatus(5)");
+  bench.desktop.WillUse([](ui::Form& form) { form.PressKey(ui::ParseKey("F10")); });
+  bench.RightClick(bench.board.week.List1[Moved::kTuesday], 0);
+  EXPECT_EQ(bench.desktop.boxes.at(0).title, "Next Number");
+  EXPECT_EQ(bench.Ask("select Status || ' ' || SchedDate from Estimates where EstimateNumber > 900"), "2 2003-10-02");
+  EXPECT_EQ(bench.Estimates(), 2u);
+  EXPECT_EQ(bench.StoredStatus(900), "5");
+}
+
 TEST(MovedMeanwhile, AStatusThatIsSetWhileTheHoursAreTypedIsAskedAbout) {
   Moved bench;
   bench.desktop.WillChoose("mnuPopupStatus(5)");

@@ -6,6 +6,7 @@
 #include "estimatedb/UpgradeFixture.h"
 #include "faults/Deed.h"
 #include "faults/Person.h"
+#include "trail/frmTrail.h"
 
 // What the databases are asked for stands in the tables of commands, and nothing stands there that is never asked: the
 // commands of a day's work are done with an eye on every statement.
@@ -20,16 +21,21 @@ class Met {
  public:
   void Look(EstimateDatabase& database, Environment& environment) {
     Watch(database.lantosData, kLantosCommands, kLantosDatabase, environment);
+    database.lantosData.KeepTrail(environment.clock, {"FRONTDESK", "beth"});
     if (environment.hasKorvelDatabase) Watch(database.korvelData, kKorvelCommands, kKorvelDatabase, environment);
   }
   WatchedEngine::Watch Of(std::span<const Command> commands) {
-    return [this, commands](std::string_view text) { (IsInTable(commands, text) ? met : strangers).emplace(text); };
+    return [this, commands](std::string_view text) {
+      (IsInTable(commands, text) || IsInTable(kTrailCommands, text) ? met : strangers).emplace(text);
+    };
   }
   // "Command" or "Korvel: Command"
   std::set<std::string> Unmet() const {
     std::set<std::string> names;
-    for (const Command& command : kLantosCommands) {
-      if (!met.contains(std::string(command.statement))) names.emplace(command.name);
+    for (const auto commands : {kLantosCommands, kTrailCommands}) {
+      for (const Command& command : commands) {
+        if (!met.contains(std::string(command.statement))) names.emplace(command.name);
+      }
     }
     for (const Command& command : kKorvelCommands) {
       if (!met.contains(std::string(command.statement))) names.insert("Korvel: " + std::string(command.name));
@@ -109,6 +115,19 @@ void LookAtHours(Met& met) {
   }
 }
 
+void LookAtTrail(Met& met) {
+  FindBench bench;
+  bench.AddEstimate(7, bench.Today(), kScheduled);
+  met.Look(bench.database, bench.environment);
+  de& data = bench.database.lantosData;
+  frmTrail trail(bench.shop, data, 7, nullptr);
+  trail.Show();
+  trail.chkWholeShop.DoClick();
+  trail.Hide();
+  data.SetStatus(kArrived, 7);
+  EXPECT_EQ(PruneTrail(data, bench.Today() + 1), 1);
+}
+
 struct Older : Upgrades {
   void TestBody() override {}
   void Start(Met& met) {
@@ -129,6 +148,7 @@ const std::map<std::string, std::string> kReasons = {
     {"ChecklistTable", "a row is added by the table's name, and nothing of the table is read for it"},
     {"SelectQuery", "nothing counts the estimates"},
     {"UpdateQuery", "nothing sets the date of estimates that have none"},
+    {"UndatedEstimates", "they are looked at for UpdateQuery"},
     {"Korvel: SelectQuery", "nothing counts the rows of EmpPRInfo"},
     {"Korvel: UpdateQuery", "nothing clears the first employee's withholding"},
     {"Korvel: FollowUps", "recommendations are read from their file"}};
@@ -139,6 +159,7 @@ TEST(Commands, AreAllMetByTheProgramAndNoOtherStatementIs) {
   Surcharge(met);
   LookUp(met);
   LookAtHours(met);
+  LookAtTrail(met);
   BookBehindTheCounter(met);
   Older().Start(met);
   EXPECT_THAT(met.strangers, IsEmpty());

@@ -1,5 +1,6 @@
 #include "faults/FaultRun.h"
 
+#include <gmock/gmock.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -78,6 +79,8 @@ void CopyFiles(const ScratchDirectory& from, Deed& deed) {
   }
 }
 
+bool HasEstimates(Deed& deed) { return std::filesystem::exists(deed.Shop().directory / std::string(kLantosDatabase)); }
+
 void MakeStatementsFaulty(Deed& deed, StatementFaults& faults) {
   if (deed.Database() == nullptr) return;
   Environment& environment = deed.Shop().environment;
@@ -88,8 +91,9 @@ void MakeStatementsFaulty(Deed& deed, StatementFaults& faults) {
 }  // namespace
 
 FaultRun::FaultRun(const NamedDeed& deed) : deed_(deed) {
-  const std::unique_ptr<Deed> run = deed_.make();
+  const std::unique_ptr<Deed> run = Make();
   before_ = StateOf(run->Shop().directory);
+  if (HasEstimates(*run)) rowsBefore_ = TrailedTablesOf(run->Shop().directory / std::string(kLantosDatabase));
   StatementFaults faults;
   MakeStatementsFaulty(*run, faults);
   {
@@ -102,6 +106,26 @@ FaultRun::FaultRun(const NamedDeed& deed) : deed_(deed) {
   statements_ = faults.Statements();
   after_ = StateOf(run->Shop().directory);
   EXPECT_FALSE(Differences(before_, after_).empty()) << deed_.name << " changes nothing";
+  Ending ending;
+  CompareTrail(*run, ending);
+  EXPECT_THAT(ending.apart, testing::IsEmpty()) << deed_.name << " without any trouble";
+}
+
+std::unique_ptr<Deed> FaultRun::Make() const {
+  std::unique_ptr<Deed> deed = deed_.make();
+  if (deed->Database() != nullptr) {
+    deed->Database()->lantosData.KeepTrail(deed->Shop().environment.clock, {"FRONTDESK", "beth"});
+  }
+  return deed;
+}
+
+void FaultRun::CompareTrail(Deed& run, Ending& ending) const {
+  if (!HasEstimates(run)) return;
+  const std::vector<std::string> disagreements =
+      TrailDisagreements(rowsBefore_, run.Shop().directory / std::string(kLantosDatabase));
+  if (disagreements.empty()) return;
+  ending.kind = Ending::Kind::Apart;
+  for (const std::string& row : disagreements) ending.apart.push_back("trail: " + row);
 }
 
 std::vector<Trouble> FaultRun::Troubles(std::optional<std::size_t> atMost) const {
@@ -125,7 +149,7 @@ std::vector<Trouble> FaultRun::Troubles(std::optional<std::size_t> atMost) const
 }
 
 Ending FaultRun::Meet(const Trouble& trouble) const {
-  const std::unique_ptr<Deed> run = deed_.make();
+  const std::unique_ptr<Deed> run = Make();
   StatementFaults faults;
   MakeStatementsFaulty(*run, faults);
   bool hung = false;
@@ -163,11 +187,12 @@ Ending FaultRun::Meet(const Trouble& trouble) const {
     ending.again = AreAlikeInSize(StateOf(run->Shop().directory), after_);
     if (!ending.again) ending.said += " // next try: " + person.Heard();
   }
+  CompareTrail(*run, ending);
   return ending;
 }
 
 Ending FaultRun::Kill(std::size_t call) const {
-  const std::unique_ptr<Deed> run = deed_.make();
+  const std::unique_ptr<Deed> run = Make();
   if (run->Database() != nullptr) {
     run->Database()->lantosData.Disconnect();
     run->Database()->korvelData.Disconnect();
@@ -191,6 +216,7 @@ Ending FaultRun::Kill(std::size_t call) const {
     ending.kind = Ending::Kind::Apart;
   }
   TrySettling(*run, ending);
+  CompareTrail(*run, ending);
   return ending;
 }
 
@@ -242,13 +268,18 @@ bool FaultRun::IsStored(const ShopState& state, const Deed& deed) const {
 void FaultRun::TrySettling(Deed& run, Ending& ending) const {
   const ShopState left = StateOf(run.Shop().directory);
   if (ending.kind != Ending::Kind::InTurn || !HasJournal(left)) return;
+  const auto isOfNoRecord = [&](const std::string& name) {
+    return IsJournal(name) || std::ranges::find(run.gaps, name) != run.gaps.end();
+  };
+  const bool isBegun = !std::ranges::all_of(Differences(left, before_), isOfNoRecord);
   for (const Deed::Settling how : {Deed::Settling::Finish, Deed::Settling::Undo}) {
-    const std::unique_ptr<Deed> next = deed_.make();
+    const std::unique_ptr<Deed> next = Make();
     CopyFiles(run.Shop().directory, *next);
     next->Shop().desktop.failuresExpected = true;
     next->Settle(how);
     const Ending settled = Judge(StateOf(next->Shop().directory), *next);
-    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart) continue;
+    const bool isLost = run.isJournaledWhenKilled && isBegun && settled.kind != Ending::Kind::Stored;
+    if (settled.kind != Ending::Kind::InTurn && settled.kind != Ending::Kind::Apart && !isLost) continue;
     ending.kind = Ending::Kind::Apart;
     ending.apart = settled.apart;
     ending.said += how == Deed::Settling::Finish ? " // finished afterwards" : " // undone afterwards";
@@ -258,6 +289,11 @@ void FaultRun::TrySettling(Deed& run, Ending& ending) const {
   const std::vector<std::string> apart = Differences(left, after_);
   const bool isWhole = std::all_of(apart.begin(), apart.end(), IsJournal);
   if (isWhole && ending.kind == Ending::Kind::InTurn) ending.kind = Ending::Kind::Stored;
+  if (run.isJournaledWhenKilled && !isBegun && ending.kind == Ending::Kind::InTurn) {
+    ending.kind = run.gaps.empty() || std::ranges::all_of(Differences(left, before_), IsJournal)
+                      ? Ending::Kind::AsBefore
+                      : Ending::Kind::Gap;
+  }
 }
 
 Ending FaultRun::Judge(const ShopState& state, Deed& deed) const {

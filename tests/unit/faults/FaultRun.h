@@ -6,6 +6,7 @@
 
 #include "faults/Deed.h"
 #include "faults/ShopState.h"
+#include "faults/TrailAgreement.h"
 #include "support/FaultyCalls.h"
 
 namespace lantos::test {
@@ -57,6 +58,10 @@ class FaultRun {
   Ending Kill(std::size_t call) const;
 
  private:
+  // On a shop of its own, whose changes are on the trail.
+  std::unique_ptr<Deed> Make() const;
+  // Rows and trail belong together, whatever became of the command.
+  void CompareTrail(Deed& run, Ending& ending) const;
   Ending Judge(const ShopState& state, Deed& deed) const;
   bool IsStored(const ShopState& state, const Deed& deed) const;
   // Where a journal was left, both ways from there, each on a copy of the run's directory. In turn it is only if both
@@ -68,6 +73,7 @@ class FaultRun {
   std::vector<std::string> statements_;
   ShopState before_;
   ShopState after_;
+  TrailedTables rowsBefore_;
 };
 
 }  // namespace lantos::test

@@ -11,11 +11,13 @@ namespace {
 // Files that are written as a whole, and the kits of standard jobs, of which a blank record is none.
 const std::set<std::string> kTexts = {"Lantos.ini", "TQCANLAB.DAT", "TQCANNOT.DAT", "DISC_EST.TXT", "TQLABKIT.DAT"};
 
-// As another program sees it, which takes back what a killed one has left half done.
+// As another program sees it, which takes back what a killed one has left half done. Of the trail, TrailAgreement tells
+// whether it agrees with the rest.
 void AddRows(const std::filesystem::path& path, ShopState& state) {
   SQLite::Database database(path.string(), SQLite::OPEN_READWRITE, 1000);
   std::vector<std::string> tables;
-  SQLite::Statement names(database, "select name from sqlite_master where type = 'table' and name not like 'sqlite_%'");
+  SQLite::Statement names(
+      database, "select name from sqlite_master where type = 'table' and name not like 'sqlite_%' and name <> 'Trail'");
   while (names.executeStep()) tables.push_back(names.getColumn(0).getString());
   for (const std::string& table : tables) {
     SQLite::Statement rows(database, "select * from \"" + table + "\"");

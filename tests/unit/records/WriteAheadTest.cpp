@@ -6,6 +6,7 @@
 
 #include "admin/TestShop.h"
 #include "frame/JournalLines.h"
+#include "frame/UpdateTurns.h"
 #include "support/FaultyCalls.h"
 
 namespace lantos {
@@ -62,18 +63,17 @@ TEST_F(WriteAheads, StandWhileTheyAreWrittenAndGoWithTheEnd) {
 TEST_F(WriteAheads, AreReadAsTheyWereWritten) {
   const std::vector<RecordBytes> records = {{kTags, 264, "", std::string("\0%\r\n", 4)},
                                             {kMasters, 5, std::string(3, '\xff'), std::string(4096, 'x')}};
-  const auto ahead = ReadWriteAhead(Left(records));
-  ASSERT_TRUE(ahead);
-  EXPECT_TRUE(ahead->isWhole);
-  EXPECT_EQ(ahead->what, "Customer 000007");
-  EXPECT_EQ(ahead->when, "2003-09-30T08:15:00");
-  EXPECT_EQ(ahead->where, "FRONT DESK");
-  ASSERT_EQ(ahead->records.size(), 2u);
+  const WrittenAhead ahead = ReadWriteAhead(Left(records));
+  EXPECT_EQ(ahead.state, WrittenAhead::State::Whole);
+  EXPECT_EQ(ahead.what, "Customer 000007");
+  EXPECT_EQ(ahead.when, "2003-09-30T08:15:00");
+  EXPECT_EQ(ahead.where, "FRONT DESK");
+  ASSERT_EQ(ahead.records.size(), 2u);
   for (std::size_t i = 0; i < 2; ++i) {
-    EXPECT_EQ(ahead->records[i].file, records[i].file);
-    EXPECT_EQ(ahead->records[i].offset, records[i].offset);
-    EXPECT_EQ(ahead->records[i].before, records[i].before);
-    EXPECT_EQ(ahead->records[i].after, records[i].after);
+    EXPECT_EQ(ahead.records[i].file, records[i].file);
+    EXPECT_EQ(ahead.records[i].offset, records[i].offset);
+    EXPECT_EQ(ahead.records[i].before, records[i].before);
+    EXPECT_EQ(ahead.records[i].after, records[i].after);
   }
 }
 
@@ -81,10 +81,10 @@ TEST_F(WriteAheads, OfTheNextRecordTakeThePlaceOfTheOneBefore) {
   WriteAhead ahead(shop.environment);
   ahead.Note("Part LONG", {{kTags, 0, "", std::string(500, 'x')}, {kMasters, 0, "", std::string(500, 'y')}});
   ahead.Note("Part SHORT", Both());
-  const auto read = ReadWriteAhead(shop.directory.Content(Journals().at(0)));
-  ASSERT_TRUE(read);
-  EXPECT_EQ(read->what, "Part SHORT");
-  EXPECT_EQ(read->records.size(), 2u);
+  const WrittenAhead read = ReadWriteAhead(shop.directory.Content(Journals().at(0)));
+  EXPECT_EQ(read.state, WrittenAhead::State::Whole);
+  EXPECT_EQ(read.what, "Part SHORT");
+  EXPECT_EQ(read.records.size(), 2u);
 }
 
 TEST_F(WriteAheads, AreFinishedWhereAPartWasWritten) {
@@ -123,7 +123,14 @@ TEST_F(WriteAheads, LeaveWhatOthersHaveChangedSinceAndSaySo) {
   PutLeft();
   shop.directory.Put(kTags, "tag-2");
   shop.directory.Put(kMasters, "01234theirs-1");
-  Settle();
+  bool isFree = false;
+  shop.desktop.otherwise = [&](const ui::Box&) {
+    const SharedFile theirs(shop.environment.files.PathOf(kTags), Access::ReadWrite, Deny::All);
+    isFree = true;
+    return ui::Answer::Ok;
+  };
+  SettleRecords(shop.environment, shop.desktop, Journals());
+  EXPECT_TRUE(isFree) << "nobody waits for the box";
   EXPECT_EQ(shop.directory.Content(kMasters), "01234theirs-1");
   EXPECT_TRUE(Journals().empty());
   ASSERT_EQ(Told().size(), 1u);
@@ -193,18 +200,59 @@ TEST_F(WriteAheads, ThatAreDamagedAreToldAndWriteNothing) {
     Settle();
     EXPECT_EQ(shop.directory.Content(kMasters), "01234master-1") << content;
     ASSERT_EQ(Told().size(), 1u) << content;
+    const bool isNamed = content.find("Customer") != std::string::npos;
     EXPECT_EQ(Told()[0],
-              "ARb15000.JNL, which tells of records that were being stored when the program ended, is damaged.\r"
-              "Look at the newest customers, vehicles and parts.");
+              isNamed ? "ARb15000.JNL, which tells that Customer 000007 was being stored when the program ended, is "
+                        "damaged.\rLook at it, and store it once more."
+                      : "ARb15000.JNL, which tells that a customer, a vehicle or a part was being stored when the "
+                        "program ended, is damaged.\rLook at those that were stored last.");
   }
 }
 
+TEST_F(WriteAheads, OfAPartWaitForTheNextStartWhileACopyIsAtTheParts) {
+  shop.directory.Put("TQINVTAG.DAT", "tag-2");
+  shop.directory.Put("TQINVENT.DAT", "master-1");
+  PutLeft({{"TQINVTAG.DAT", 0, "tag-1", "tag-2"}, {"TQINVENT.DAT", 0, "master-1", "master-2"}});
+  UpdateTurns turns(shop.environment.files.PathOf("TQINVTAG.DAT"), shop.clock);
+  {
+    const UpdateTurns::Turn theirs(turns);
+    Settle();
+    EXPECT_EQ(shop.directory.Content("TQINVENT.DAT"), "master-1");
+    EXPECT_EQ(Journals().size(), 1u);
+  }
+  Settle();
+  EXPECT_EQ(shop.directory.Content("TQINVENT.DAT"), "master-2");
+}
+
+TEST_F(WriteAheads, WhoseFileIsGoneAreToldAndStay) {
+  PutLeft();
+  shop.directory.Put(kTags, "tag-2");
+  std::filesystem::remove(shop.directory / kMasters);
+  Settle();
+  EXPECT_EQ(Journals().size(), 1u);
+  ASSERT_EQ(Told().size(), 1u);
+  EXPECT_TRUE(Told()[0].starts_with("What ARb15000.JNL tells of can not be finished")) << Told()[0];
+}
+
 TEST_F(WriteAheads, ThatCanNotBeMadeKeepNobodyFromStoring) {
-  test::FaultyCalls calls(shop.directory.Path());
-  calls.FailAt(0, test::Fault::DiskFull);
-  WriteAhead ahead(shop.environment);
-  EXPECT_NO_THROW(ahead.Note("Customer 000007", Both()));
-  EXPECT_TRUE(Told().empty());
+  std::vector<test::FileCall> made;
+  {
+    test::FaultyCalls calls(shop.directory.Path());
+    Left();
+    made = calls.Calls();
+  }
+  std::size_t failed = 0;
+  for (std::size_t call = 0; call < made.size(); ++call) {
+    test::FaultyCalls calls(shop.directory.Path());
+    calls.FailAt(call, test::Fault::DiskFull);
+    {
+      WriteAhead ahead(shop.environment);
+      EXPECT_NO_THROW(ahead.Note("Customer 000007", Both())) << call;
+    }
+    failed += calls.Failed();
+    EXPECT_TRUE(Told().empty()) << call;
+  }
+  EXPECT_GE(failed, 2u) << "the making, and the writing";
 }
 
 }  // namespace

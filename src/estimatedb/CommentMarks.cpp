@@ -1,4 +1,4 @@
-#include "board/CommentMarks.h"
+#include "estimatedb/CommentMarks.h"
 
 #include <cstddef>
 
