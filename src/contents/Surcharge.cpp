@@ -84,6 +84,7 @@ void Surcharge::Write(PartsCounted parts) {
   const SystemRecord& system = bench_.System();
   if (system.Get(sysrec::labor_surcharge_percent) == 0 && system.Get(sysrec::parts_surcharge_percent) == 0) return;
   if (system.View(sysrec::surcharge_description).empty()) return;
+  bench_.Data().ForeseeSurcharge(bench_.Number());
   SetSurchargeLine(IsSublet() ? kSublets : kWaste, Amount(StoredSums(parts)));
 }
 

@@ -168,32 +168,48 @@ std::int32_t TrailRow::Long(std::string_view column) const {
 
 bool TrailRow::Has(std::string_view column) const { return FindCell(*this, column) != nullptr; }
 
+void Trail::Begin() {
+  if (!database_.Connection().IsFar()) return;
+  try {
+    HasTable();
+  } catch (const DatabaseError&) {  // the first change will tell
+  }
+}
+
 void Trail::Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change) {
   const TrailRule* rule = FindTrailRule(command);
   if (rule == nullptr) throw DatabaseError(fmt::format("The trail has no rule for command \"{}\".", command));
   if (!HasTable()) return change();
-  TrailEntry entry;
-  entry.command = command;
-  entry.estimate = rule->estimate < 0 ? 0 : NumberOf(values.at(static_cast<std::size_t>(rule->estimate)));
-  const auto work = [&] {
-    using Effect = TrailRule::Effect;
-    if (rule->effect != Effect::Adds) entry.before = Look(*rule, values);
-    change();
-    if (rule->effect == Effect::Adds) entry.after = {RowOfValues(*rule, values)};
-    if (rule->effect == Effect::Changes) entry.after = Look(*rule, values);
-    KeepChanged(entry.before, entry.after, rule->name);
-    if (rule->source != TrailRule::kNoSource) NoteSource(entry, values.at(static_cast<std::size_t>(rule->source)));
-    if (!entry.before.empty() || !entry.after.empty()) Write(std::move(entry));
-  };
+  const auto work = [&] { ChangeAndWrite(command, *rule, values, change); };
   // Within a transaction whose owner goes on behind an error, the change goes back with its row. Where the row is only
   // posted, all of the transaction does.
   Engine& engine = database_.Connection();
+  if (!engine.IsFar()) return engine.Apart(work);
   try {
-    engine.IsFar() ? engine.Together(work) : engine.Apart(work);
+    engine.Together(work);
   } catch (const DatabaseError& error) {
-    if (error.Kind() == DatabaseErrorKind::NotThere) hasTable_ = false;  // somebody took it away since
-    throw;
+    // Somebody took it away since, or it went with the transaction that it was made in. In a transaction that this is a
+    // part of there is no second try: that one tells its error once more.
+    if (error.Kind() != DatabaseErrorKind::NotThere) throw;
+    hasTable_ = false;
+    if (!HasTable()) return change();
+    engine.Together(work);
   }
+}
+
+void Trail::ChangeAndWrite(std::string_view command, const TrailRule& rule, const std::vector<Value>& values,
+                           const std::function<void()>& change) {
+  using Effect = TrailRule::Effect;
+  TrailEntry entry;
+  entry.command = command;
+  entry.estimate = rule.estimate < 0 ? 0 : NumberOf(values.at(static_cast<std::size_t>(rule.estimate)));
+  if (rule.effect != Effect::Adds) entry.before = Look(rule, values);
+  change();
+  if (rule.effect == Effect::Adds) entry.after = {RowOfValues(rule, values)};
+  if (rule.effect == Effect::Changes) entry.after = Look(rule, values);
+  KeepChanged(entry.before, entry.after, rule.name);
+  if (rule.source != TrailRule::kNoSource) NoteSource(entry, values.at(static_cast<std::size_t>(rule.source)));
+  if (!entry.before.empty() || !entry.after.empty()) Write(std::move(entry));
 }
 
 void Trail::TakeBack(std::int32_t number, const std::function<void()>& work) {

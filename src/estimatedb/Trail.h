@@ -60,6 +60,9 @@ class Trail {
       : database_(database), clock_(clock), author_(std::move(author)), note_(std::move(note)) {}
 
   const TrailAuthor& Author() const { return author_; }
+  // Makes the table already now where the database is far away: the first change is as fast as any, and the table can't
+  // go back with a transaction that it was made in.
+  void Begin();
   // Makes the change of a command, whose values tell which rows it concerns. What changed nothing leaves no row. Throws
   // DatabaseError, and then nothing is changed.
   void Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change);
@@ -67,6 +70,8 @@ class Trail {
   void TakeBack(std::int32_t number, const std::function<void()>& work);
 
  private:
+  void ChangeAndWrite(std::string_view command, const struct TrailRule& rule, const std::vector<Value>& values,
+                      const std::function<void()>& change);
   bool HasTable();
   void MakeTable();
   std::vector<TrailRow> Look(const struct TrailRule& rule, const std::vector<Value>& values);

@@ -31,6 +31,7 @@ std::vector<Value> SurchargeValues(std::int32_t estimate, const de::SurchargeLin
 
 void de::KeepTrail(const Clock& clock, TrailAuthor author, Trail::Note note) {
   trail_ = std::make_unique<Trail>(*this, clock, std::move(author), std::move(note));
+  trail_->Begin();
 }
 
 void de::Change(std::string_view command, const std::vector<Value>& values) {
@@ -283,6 +284,15 @@ void de::ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vect
   std::vector<Foreseen> commands;
   for (const std::int32_t estimate : totalsOf) commands.push_back({"TotalsForEstimate", {Long(estimate)}});
   for (const std::int32_t estimate : laborOf) commands.push_back({"LaborForEstimate", {Long(estimate)}});
+  Foresee(commands);
+}
+
+void de::ForeseeSurcharge(std::int32_t estimate) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands;
+  for (const std::string_view command : {"LaborForEstimate", "PartsTable", "GetSubletSurcharge", "GetWasteSurcharge"}) {
+    commands.push_back({command, {Long(estimate)}});
+  }
   Foresee(commands);
 }
 

@@ -150,6 +150,8 @@ class de : public DataEnvironment {
   void ForeseeDays(DaySerial first, std::size_t count);
   void ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf);
 
+  // Within a transaction, what the surcharge of an estimate is worked out from, and its line.
+  void ForeseeSurcharge(std::int32_t estimate);
   // Outside of any transaction, work that begins by asking for all lines of the estimate, or for sublets and waste.
   void ReadLinesAhead(std::int32_t estimate, const std::function<void()>& work);
   void ReadChargesAhead(std::int32_t estimate, const std::function<void()>& work);

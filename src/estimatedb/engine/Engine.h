@@ -57,7 +57,7 @@ class Engine {
   virtual void Post(std::string_view statement, const std::vector<Value>& parameters) { Run(statement, parameters); }
   // Whether an answer is far away, so that it pays to say what will be asked next.
   virtual bool IsFar() const { return false; }
-  // Within ReadTogether: reading statements that Run will be given next. An engine that is far away asks for all of
+  // Within a transaction: reading statements that Run will be given next. An engine that is far away asks for all of
   // them in one go and has the answers when they are wanted; to others it is nothing.
   virtual void Foresee(const std::vector<Question>& questions) { static_cast<void>(questions); }
   // Outside of any transaction: work that begins with these reading statements, which an engine that is far away asks

@@ -239,6 +239,7 @@ void PostgresEngine::Apart(const std::function<void()>& work) {
     work();
   } catch (...) {
     --parts_;
+    foreseen_.Forget();  // may be of what is undone
     Append(pending_, {kUndoPart, kEndPart});
     throw;
   }

@@ -125,9 +125,12 @@ def test_a_week_of_estimates_is_loaded_in_four_round_trips(start, shop, server, 
     proxy.close()
 
 
-def test_a_labor_line_takes_three_round_trips_with_the_totals_behind_it(start, shop, server, tmp_path):
+@pytest.mark.parametrize("surcharge, most", [(0, 3), (100000, 8)])
+def test_a_labor_line_takes_three_round_trips_with_the_totals_behind_it(start, shop, server, tmp_path, surcharge, most):
     """Behind the first change of a run, which looks for the trail's table and makes it."""
     one_estimate(shop)
+    shop.system["labor_surcharge_percent"] = shop.system["parts_surcharge_percent"] = surcharge
+    shop.system["surcharge_description"] = "SUPPLIES"
     shop.write()
     proxy = CountingProxy(tmp_path / "proxy", server.directory)
     put_pointer(shop, **{server.directory: proxy.directory})
@@ -143,8 +146,9 @@ def test_a_labor_line_takes_three_round_trips_with_the_totals_behind_it(start, s
         board.expect_form("frmMain")
         trips = proxy.trips()
     assert [row["LaborHours"] for row in shop.query("SELECT * FROM Labors")] == [250, 250]
-    assert len(shop.query("SELECT * FROM Trail")) == 2
-    assert 1 <= trips <= 3
+    assert len(shop.query("SELECT * FROM Trail WHERE Command = 'AddLabor'")) == 2
+    assert [row["VendorName"] for row in shop.query("SELECT * FROM Waste")] == ["SURCHARGE"] * bool(surcharge)
+    assert 1 <= trips <= most
     proxy.close()
 
 

@@ -359,6 +359,15 @@ TEST_F(Servers, WhatWasAskedForAheadIsOfItsTransactionAlone) {
     EXPECT_THROW(engine->Run("select * from Nowhere", {}), DatabaseError);
   });
   EXPECT_EQ(Count(), "2");
+  engine->Together([&] {
+    EXPECT_THROW(engine->Apart([&] {
+      AddDay(3);
+      engine->Foresee({{"select * from SpecialDays", {}}});
+      throw std::runtime_error("given up");
+    }),
+                 std::runtime_error);
+    EXPECT_EQ(engine->Run("select * from SpecialDays", {}).Count(), 2U) << "nor of a part that is undone";
+  });
 }
 
 }  // namespace
