@@ -33,13 +33,6 @@ class PlainFiles {
     if (::pread(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("read");
     Close(file);
   }
-  void ReadAll(std::string_view name) {
-    const int file = Open(name, O_RDONLY);
-    ssize_t count = 0;
-    for (off_t offset = 0; (count = ::pread(file, bytes_.data(), bytes_.size(), offset)) > 0;) offset += count;
-    if (count < 0) throw std::runtime_error("read");
-    Close(file);
-  }
   void Write(std::string_view name, off_t offset, std::size_t length) {
     const int file = Open(name, O_RDWR | O_CREAT);
     if (offset == kAtTheEnd) offset = ::lseek(file, 0, SEEK_END);
