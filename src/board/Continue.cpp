@@ -124,7 +124,7 @@ void Continuation::TakeUp() {
 // In the place of the line of an earlier try.
 LineOfHours Continuation::TakenOff(const HoursApplied& applied, const LineOfHours& before) {
   de& data = database_.lantosData;
-  const LineOfHours old = before.copy == copy_.Number() ? before : LineOfHours{.copy = copy_.Number()};
+  const LineOfHours old = before.copy == copy_.Number() ? before : LineOfHours{.copy = copy_.Number(), .applied = {}};
   if (applied == old.applied) return old;
   // Taking the number has read the system record anew, and the rate with it.
   const Cents rate = shop_.records.system.SysRec.Get(sysrec::shop_rate);

@@ -60,8 +60,8 @@ class Trail {
       : database_(database), clock_(clock), author_(std::move(author)), note_(std::move(note)) {}
 
   const TrailAuthor& Author() const { return author_; }
-  // Makes the table already now where the database is far away: the first change is as fast as any, and the table can't
-  // go back with a transaction that it was made in.
+  // At the start of the program: makes the table already now where the database is far away: the first change is as
+  // fast as any, and the table can't go back with a transaction that it was made in.
   void Begin();
   // Makes the change of a command, whose values tell which rows it concerns. What changed nothing leaves no row. Throws
   // DatabaseError, and then nothing is changed.

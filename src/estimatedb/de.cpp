@@ -31,7 +31,6 @@ std::vector<Value> SurchargeValues(std::int32_t estimate, const de::SurchargeLin
 
 void de::KeepTrail(const Clock& clock, TrailAuthor author, Trail::Note note) {
   trail_ = std::make_unique<Trail>(*this, clock, std::move(author), std::move(note));
-  trail_->Begin();
 }
 
 void de::Change(std::string_view command, const std::vector<Value>& values) {

@@ -104,6 +104,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   UpgradeDatabase(database, environment, shop.records);
   database.lantosData.KeepTrail(environment.clock, {environment.computerName, environment.userName},
                                 [&environment](const std::string& reason) { environment.log.Write(reason); });
+  database.lantosData.KeptTrail()->Begin();
   WarnOfNetworkMount(shop, database.lantosData);
   LeftJournals left = MakeUpdateFile(shop);
   SettleRecords(environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory

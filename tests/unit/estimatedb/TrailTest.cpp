@@ -14,6 +14,7 @@ class TrailTest : public EitherDatabase {
   TrailTest() {
     db.NewEstimate(7, kDay);
     db.KeepTrail(clock, {"FRONTDESK", "beth"});
+    db.KeptTrail()->Begin();
   }
 
   std::vector<std::string> Rows() const {
