@@ -51,13 +51,16 @@ ServerLibrary Load() {
   Take(library, "PQgetisnull", calls.getisnull);
   Take(library, "PQgetlength", calls.getlength);
   Take(library, "PQgetvalue", calls.getvalue);
+  Take(library, "PQisBusy", calls.isBusy);
   Take(library, "PQnfields", calls.nfields);
+  Take(library, "PQnotifies", calls.notifies);
   Take(library, "PQntuples", calls.ntuples);
   Take(library, "PQpipelineSync", calls.pipelineSync);
   Take(library, "PQresultErrorField", calls.resultErrorField);
   Take(library, "PQresultErrorMessage", calls.resultErrorMessage);
   Take(library, "PQresultStatus", calls.resultStatus);
   Take(library, "PQsendPrepare", calls.sendPrepare);
+  Take(library, "PQsendQuery", calls.sendQuery);
   Take(library, "PQsendQueryParams", calls.sendQueryParams);
   Take(library, "PQsendQueryPrepared", calls.sendQueryPrepared);
   Take(library, "PQsetErrorVerbosity", calls.setErrorVerbosity);
