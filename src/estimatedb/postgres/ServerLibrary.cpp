@@ -28,21 +28,28 @@ void Take(void* library, const char* name, Function& function) {
   if (function == nullptr) Refuse(::dlerror());
 }
 
-ServerLibrary Load() {
-  void* const library = ::dlopen(kName, RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) Refuse(::dlerror());
-  ServerLibrary calls{};
-  Take(library, "PQclear", calls.clear);
-  Take(library, "PQcmdStatus", calls.cmdStatus);
+// The connection as such.
+void TakeConnecting(void* library, ServerLibrary& calls) {
   Take(library, "PQconnectPoll", calls.connectPoll);
   Take(library, "PQconnectStartParams", calls.connectStartParams);
   Take(library, "PQconnectionNeedsPassword", calls.connectionNeedsPassword);
   Take(library, "PQconninfoFree", calls.conninfoFree);
   Take(library, "PQconninfoParse", calls.conninfoParse);
-  Take(library, "PQconsumeInput", calls.consumeInput);
   Take(library, "PQenterPipelineMode", calls.enterPipelineMode);
   Take(library, "PQerrorMessage", calls.errorMessage);
   Take(library, "PQfinish", calls.finish);
+  Take(library, "PQsetErrorVerbosity", calls.setErrorVerbosity);
+  Take(library, "PQsetNoticeReceiver", calls.setNoticeReceiver);
+  Take(library, "PQsetnonblocking", calls.setnonblocking);
+  Take(library, "PQsocket", calls.socket);
+  Take(library, "PQstatus", calls.status);
+}
+
+// What is asked over it.
+void TakeAsking(void* library, ServerLibrary& calls) {
+  Take(library, "PQclear", calls.clear);
+  Take(library, "PQcmdStatus", calls.cmdStatus);
+  Take(library, "PQconsumeInput", calls.consumeInput);
   Take(library, "PQflush", calls.flush);
   Take(library, "PQfname", calls.fname);
   Take(library, "PQfreemem", calls.freemem);
@@ -63,11 +70,14 @@ ServerLibrary Load() {
   Take(library, "PQsendQuery", calls.sendQuery);
   Take(library, "PQsendQueryParams", calls.sendQueryParams);
   Take(library, "PQsendQueryPrepared", calls.sendQueryPrepared);
-  Take(library, "PQsetErrorVerbosity", calls.setErrorVerbosity);
-  Take(library, "PQsetNoticeReceiver", calls.setNoticeReceiver);
-  Take(library, "PQsetnonblocking", calls.setnonblocking);
-  Take(library, "PQsocket", calls.socket);
-  Take(library, "PQstatus", calls.status);
+}
+
+ServerLibrary Load() {
+  void* const library = ::dlopen(kName, RTLD_NOW | RTLD_LOCAL);
+  if (library == nullptr) Refuse(::dlerror());
+  ServerLibrary calls{};
+  TakeConnecting(library, calls);
+  TakeAsking(library, calls);
   return calls;
 }
 
