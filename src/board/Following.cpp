@@ -64,7 +64,7 @@ void Following::Tick() {
   try {
     Show(waiting_);
     waiting_ = {};
-  } catch (const DatabaseError& error) {  // it is tried again, without a box that nobody has asked for
+  } catch (const std::exception& error) {  // it is tried again, without a box that nobody has asked for
     parts_.shop.environment.log.Write(error.what());
     rest_ = static_cast<int>(kRestBehindFailure / feed_->Pace());
   }

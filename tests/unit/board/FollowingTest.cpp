@@ -185,6 +185,9 @@ TEST(Following, WaitsForBoxesAndMenusAndOtherScreens) {
   bench.desktop.Tell("Somebody else's", "Elsewhere");
   bench.Look();
   EXPECT_EQ(bench.TuesdayList().ListCount(), 8);
+  bench.board.Run(look);  // what brings up a menu or a preview is an event of the board's
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 10);
 }
 
 TEST(Following, IsOffUntilItIsAskedForAndOffAgainWithNoTimerAndNothingAsked) {
