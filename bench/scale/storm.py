@@ -62,7 +62,7 @@ class Workstation:
         self.number = number
         self.random = random.Random(options.seed * 1000 + number)
         self.copy = PatientCopy(home, now=None, computer=f"WS{number:02}", arguments=(data_option(shop.directory),),
-                                name="copy", user=f"person{number:02}", more=("--live",) if options.live else ())
+                                name="copy", user=f"person{number:02}", live=options.live)
         self.options = options
         self.stored = []  # (deed, estimate, word or value), as said to be
         self.times = {}  # of the line that stores, by deed, in seconds
