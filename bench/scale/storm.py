@@ -10,6 +10,7 @@ twice, and every board shows what a board that starts afresh shows. Ends with 1 
 Needs a build whose speed means something: --bin says where, build/release/bin by default."""
 
 import argparse
+import contextlib
 import datetime
 import multiprocessing
 import os
@@ -18,6 +19,7 @@ import random
 import statistics
 import sys
 import tempfile
+import threading
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -173,6 +175,7 @@ class Workstation:
         raise DriverError(f"WS{self.number:02} doesn't come back to the board\n{self.copy.evidence()}")
 
     def work_until(self, end):
+        self.copy.wait(self.random.randrange(int(1 + 4000 * self.options.pause)))  # nobody begins with the others
         steps = iter(())
         while time.time() < end:
             step = next(steps, None)
@@ -232,6 +235,10 @@ def make_shop(directory, options, server):
         shop.add_estimate(100 + i, today + datetime.timedelta(days=i % 7 - 3), customer=1 + i, CreateDate=today, hours=1)
     shop.system["last_estimate_number"] = 1001
     shop.write()
+    # As a shop has them that the program has made.
+    shop.database.execute([(f"CREATE UNIQUE INDEX {table}Key ON {table} (EstimateNumber, {number})", [])
+                           for table, number in (("Labors", "LaborNumber"), ("Parts", "PartNumber"), ("Notes", "NoteNumber"))]
+                          + [("CREATE INDEX EstimatesSchedDate ON Estimates (SchedDate)", [])])
     return shop
 
 
@@ -335,9 +342,10 @@ def run(options, directory):
             people.append(multiprocessing.Process(target=person, daemon=True,
                                                   args=(number, shop, options, home, starting, working, through, done)))
             people[-1].start()
-        working.wait()
-        if options.outages:
-            outages(server, options.outages, options.minutes)
+        with contextlib.suppress(threading.BrokenBarrierError):  # what ended somebody is told below
+            working.wait()
+            if options.outages:
+                outages(server, options.outages, options.minutes)
         results = [done.get() for _ in people]
         failed = [result for result in results if "failed" in result]
         for result in failed:

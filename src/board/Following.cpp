@@ -13,6 +13,8 @@ namespace lantos {
 namespace {
 
 constexpr std::chrono::milliseconds kRestBehindFailure{5000};
+// Of a busy shop's changes those of a second are one reload: many boards would keep a server from its work otherwise.
+constexpr std::chrono::milliseconds kRestBehindReload{1000};
 
 // "0:03", "12:40", "1:05:00".
 std::string FormatAge(std::chrono::milliseconds age) {
@@ -62,13 +64,15 @@ void Following::Tick() {
   if (rest_ > 0) --rest_;
   if (waiting_.IsNone() || rest_ > 0 || !isFree_()) return;
   try {
-    Show(waiting_);
+    if (Show(waiting_)) Rest(kRestBehindReload);
     waiting_ = {};
   } catch (const std::exception& error) {  // it is tried again, without a box that nobody has asked for
     parts_.shop.environment.log.Write(error.what());
-    rest_ = static_cast<int>(kRestBehindFailure / feed_->Pace());
+    Rest(kRestBehindFailure);
   }
 }
+
+void Following::Rest(std::chrono::milliseconds time) { rest_ = static_cast<int>(time / feed_->Pace()); }
 
 void Following::TellContact() {
   const WatchContact contact = feed_->Contact();
@@ -77,13 +81,15 @@ void Following::TellContact() {
   if (told_.Caption() != text) told_.SetCaption(text);
 }
 
-void Following::Show(const ChangeNews& news) {
+bool Following::Show(const ChangeNews& news) {
   const std::int32_t onShow = parts_.detail.DisplayedEstimate();
   const auto isOfIt = [&](const TrailEntry& change) { return change.estimate == onShow; };
   const auto last = std::find_if(news.changes.rbegin(), news.changes.rend(), isOfIt);
   const bool isOnShow = onShow != 0 && (news.isAll || last != news.changes.rend());
-  if (ConcernsWeek(news)) board_.ShowWeekAnew();
+  const bool isOfWeek = ConcernsWeek(news);
+  if (isOfWeek) board_.ShowWeekAnew();
   if (isOnShow) parts_.detail.ShowAnew(last != news.changes.rend() ? ChangedBy(*last) : "");
+  return isOfWeek || isOnShow;
 }
 
 bool Following::ConcernsWeek(const ChangeNews& news) const {

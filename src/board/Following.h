@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,7 +27,9 @@ class Following {
  private:
   void Tick();
   void TellContact();
-  void Show(const ChangeNews& news);
+  // Whether anything had to be read.
+  bool Show(const ChangeNews& news);
+  void Rest(std::chrono::milliseconds time);
   bool ConcernsWeek(const ChangeNews& news) const;
   bool ConcernsWeek(const TrailEntry& change) const;
   bool IsInWeek(const TrailRow& row, std::string_view column) const;
@@ -38,7 +41,7 @@ class Following {
   std::function<bool()> isFree_;
   std::optional<ChangeFeed> feed_;
   ChangeNews waiting_;
-  int rest_ = 0;  // ticks to come without a look at the database, which has failed
+  int rest_ = 0;  // ticks to come without a look at the database, which has failed or was just read
 };
 
 // "Changed at FRONTDESK 10:32", by who has made a change.
