@@ -60,6 +60,9 @@ std::string KeyOf(const PostgresRequest& request) {
   return key;
 }
 
+// The server may begin while the rest is being put together.
+constexpr std::size_t kSentAtOnce = 32;
+
 // What a connection is asked for; of one keyword the later one counts.
 struct Wishes {
   std::vector<const char*> keywords;
@@ -164,14 +167,19 @@ std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<Postg
   ++exchanges_;
   std::vector<Plan> plans;
   std::unordered_map<std::string, std::string> sentAlong;
+  const PostgresRequest* before = nullptr;
   for (const PostgresRequest& request : requests) {
-    Plan plan = PlanOf(request);
+    const bool isAsBefore = before != nullptr && request.use == before->use && request.text == before->text &&
+                            request.types == before->types;
+    before = &request;
+    Plan plan = isAsBefore ? Plan{plans.back().name} : PlanOf(request);
     if (plan.isNew) {
       const auto [known, isFirst] = sentAlong.try_emplace(KeyOf(request), plan.name);
       plan = {known->second, isFirst};
     }
     Send(request, plan);
     plans.push_back(std::move(plan));
+    if (plans.size() % kSentAtOnce == 0) Flush();
   }
   if (Pq().pipelineSync(connection_.get()) != 1) ThrowLost();
   Flush();

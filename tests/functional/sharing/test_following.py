@@ -87,7 +87,7 @@ def test_a_screen_that_is_up_is_left_alone_and_the_board_follows_behind_it(board
 def test_following_is_off_where_it_isnt_asked_for_and_the_menu_turns_it_on(start, shop):
     one_estimate(shop)
     shop.write()
-    copy = start(shop)
+    copy = start(shop, live=False)
     copy.expect_form("frmMain")
     assert not copy.control("lblFollowed")["visible"]
     copy.menu("mnuFollow")
