@@ -35,9 +35,10 @@ FileWatch::FileWatch(SqliteEngine& engine, OwnTrailRows& own, std::chrono::milli
 std::int64_t FileWatch::Version() { return static_cast<std::int64_t>(askVersion_.Run({}).Number("data_version")); }
 
 // The version and the rows that go with it are of one state: a commit between the two would be taken for one that left
-// no row.
+// no row. Within one's own transaction rows that aren't committed would be taken for another's.
 ForeignRows FileWatch::Ask() {
   ForeignRows rows;
+  if (sqlite3_get_autocommit(engine_.Plainly().getHandle()) == 0) return rows;
   try {
     WithoutWaiting([&] {
       if (Version() == version_) return;

@@ -165,6 +165,17 @@ TEST_P(ChangeFeedInAFile, ARowOfTheTrailThatWasUndoneHereIsTheirs) {
   EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
 }
 
+// A person may be asked in the middle of one's own changes, and the look come then.
+TEST_P(ChangeFeedInAFile, ALookInTheMiddleOfOnesOwnChangesIsNone) {
+  Follow();
+  them.SetComments("waits", 7);
+  db.Connection().Together([&] {
+    db.SetStatus(2, 7);
+    EXPECT_TRUE(feed->Ask().IsNone());
+  });
+  EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
+}
+
 TEST_P(ChangeFeedInAFile, AnotherProgramsChangeIsOfAnything) {
   Follow();
   Plain("update Estimates set Status = 3");
