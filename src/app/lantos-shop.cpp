@@ -7,6 +7,7 @@
 #include <string>
 
 #include "caretaker/Command.h"
+#include "caretaker/check/Commands.h"
 #include "frame/FileSizeLimit.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
@@ -15,10 +16,7 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew,
-    lantos::AddSample,
-    lantos::AddMove,
-    lantos::AddPruneTrail,
+    lantos::AddNew, lantos::AddSample, lantos::AddMove, lantos::AddPruneTrail, lantos::AddCheck,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }
