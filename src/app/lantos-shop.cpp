@@ -16,7 +16,7 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew, lantos::AddSample, lantos::AddMove, lantos::AddPruneTrail, lantos::AddCheck,
+    lantos::AddNew, lantos::AddSample, lantos::AddMove, lantos::AddPruneTrail, lantos::AddCheck, lantos::AddRepair,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }

@@ -8,6 +8,7 @@
 #include "caretaker/check/CheckShop.h"
 #include "frame/Dates.h"
 #include "frame/RunLog.h"
+#include "frame/Text.h"
 #include "frame/WorkingCopies.h"
 #include "shopmaker/ShopDirectory.h"
 

@@ -193,10 +193,10 @@ const Spoiling kSpoilings[] = {
     {"AnActiveWorkOrderWithoutItsSecondTag",
      [](CheckedShop& shop) {
        const std::int32_t number = shop.Get<ActiveWoTag>(kActiveTagFile, 0).Get(wotag::WorkorderNumber);
-       for (std::size_t i = 0; i < shop.Count<ArchivedWoTag>(kArchivedTagFile); ++i) {
-         if (shop.Get<ArchivedWoTag>(kArchivedTagFile, i).Get(wotag::WorkorderNumber) != number) continue;
-         shop.Put(kArchivedTagFile, i, shop.Get<ArchivedWoTag>(kArchivedTagFile, 0));
-       }
+       std::size_t i = shop.Count<ArchivedWoTag>(kArchivedTagFile);
+       do --i;
+       while (shop.Get<ArchivedWoTag>(kArchivedTagFile, i).Get(wotag::WorkorderNumber) != number);
+       shop.Put(kArchivedTagFile, i, shop.Get<ArchivedWoTag>(kArchivedTagFile, 0));
      },
      "workorders", "TQINCTAG.DAT has no tag of it"},
     {"ATextWithoutAWorkOrder", [](CheckedShop& shop) { shop.Write("W0900000.tqa", "[Workorder]\r\n"); }, "workorders",
