@@ -297,6 +297,7 @@ void Conversion::TakeParts(const Workorders::FilesWritten& written) {
                       {.part = [this](const JournaledPart& part) { journal_->WillMove(part); },
                        .stock = [this](const std::string& part, FileLink usage) { journal_->HasNoted(part, usage); }});
   const bool isSold = written.text && !isAsBegun_;  // whatever the lines are by now
+  if (!isSold) stock.Foresee(PartNumbers(rows_->Parts()));
   for (Recordset rows = rows_->Parts(); !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
     const WoPartLine line = filling_.TakePart(RowOf(part));
