@@ -70,3 +70,21 @@ def test_what_can_not_be_done_is_said(arguments, code, named):
     refused = caretaker(*arguments)
     assert (refused.returncode, refused.stdout) == (code, "")
     assert named in refused.stderr
+
+
+def test_estimates_on_a_server_are_looked_at_there(start, shop, server, tmp_path):
+    one_estimate(shop).write()
+    moved = caretaker("move", shop.directory, f"postgresql://shop@/test?host={server.directory}", "--schema", tmp_path.name)
+    assert moved.returncode == 0, moved.stderr
+    copy = show(start(shop))
+    checked = caretaker("check", shop.directory)
+    assert (checked.returncode, checked.stdout, checked.stderr) == (0, "Nothing is wrong.\n", "")
+    copy.click("txtComments")
+    copy.type("txtComments", "on the server")
+    copy.leave()
+    copy.close_window()
+    shop.path("TQCSTTAG.DAT").write_bytes(b"")
+    shop.path("TQCSTDAT.DAT").write_bytes(b"")
+    checked = caretaker("check", shop.directory)
+    assert checked.returncode == SHOP_LEFT
+    assert "Lantos.mdb, estimate 000900, CustomerNumber: there is no customer " in checked.stdout
