@@ -16,7 +16,7 @@ RESERVED = {
 # What may be said in some places only: what it is, how it looks, and where it may stand, by the path's beginning.
 KEPT = [
     ("names the engine", re.compile(r"sqlite", re.I), ("estimatedb/sqlite/", "estimatedb/EngineChoice.")),
-    ("names the engine", re.compile(r"postgres", re.I), ("estimatedb/postgres/", "estimatedb/EngineChoice.", "app/lantos-shop.")),
+    ("names the engine", re.compile(r"postgres", re.I), ("estimatedb/postgres/", "estimatedb/EngineChoice.", "caretaker/MoveCommand.")),
     ("runs a statement or a command by its text", re.compile(r'Connection\(\)\s*\.\s*Run\b|\bRun\(\s*(?:"|fmt::)'),
      ("estimatedb/",)),
 ]

@@ -16,6 +16,7 @@ from historyfiles import History, order_text
 from inventoryfiles import make_inventory
 from printsteps import VIN, choose, options
 from screens import book
+from startsteps import SHOP_NOT_RUN
 from workfiles import make_orders, one_estimate, order_tag, show, sublet_line, texts
 from workorderfiles import file_name
 from worksheetsteps import HISTORY, NO_CHANGE, write_history
@@ -143,7 +144,7 @@ def test_a_maker_of_shops_says_that_its_files_may_not_be_so_long(tmp_path):
     program = str(program_path()).replace("lantos-drive", "lantos-shop")
     limited = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (5000, 5000))
     made = subprocess.run([program, "new", tmp_path / "new"], capture_output=True, text=True, preexec_fn=limited)
-    assert made.returncode == 1 and made.stderr.startswith("lantos-shop: ")
+    assert made.returncode == SHOP_NOT_RUN and made.stderr.startswith("lantos-shop: ")
     assert not (tmp_path / "new").exists()
 
 

@@ -7,6 +7,7 @@ import pytest
 
 from driver import program_path
 from shopfiles import Shop
+from startsteps import SHOP_NOT_RUN, SHOP_WRONG_USE
 from workfiles import one_estimate, show
 
 
@@ -42,7 +43,7 @@ def test_estimates_go_to_the_server_are_changed_there_and_come_back(start, shop,
     board = show(start(shop))
     change_comments(board, "on the server")
     refused = move(shop, "--to-file")
-    assert refused.returncode == 1 and "Somebody works with Lantos" in refused.stderr
+    assert refused.returncode == SHOP_NOT_RUN and "Somebody works with Lantos" in refused.stderr
     board.close()
     board.expect_end()
     back = move(shop, "--to-file")
@@ -55,7 +56,7 @@ def test_estimates_go_to_the_server_are_changed_there_and_come_back(start, shop,
 @pytest.mark.parametrize("where", [(), ("--to-file", "postgresql:///test"), ("--to-file", "--schema", "north")])
 def test_one_way_must_be_named(shop, where):
     shop.write()
-    assert move(shop, *where).returncode == 2
+    assert move(shop, *where).returncode == SHOP_WRONG_USE
     assert names(shop) == ["Lantos.mdb"]
 
 
@@ -63,6 +64,6 @@ def test_a_server_that_isnt_there_leaves_the_shop_as_it_is(shop):
     shop.write()
     before = shop.path("Lantos.mdb").read_bytes()
     refused = move(shop, "postgresql://127.0.0.1:1/test")
-    assert refused.returncode == 1 and "can't be reached" in refused.stderr
+    assert refused.returncode == SHOP_NOT_RUN and "can't be reached" in refused.stderr
     assert shop.path("Lantos.mdb").read_bytes() == before
     assert names(shop) == ["Lantos.mdb"]

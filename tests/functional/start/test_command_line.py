@@ -5,7 +5,7 @@ import subprocess
 import pytest
 
 from driver import data_option, program_path
-from startsteps import START_CANCELLED, WRONG_OPTIONS, settings_of
+from startsteps import SHOP_WRONG_USE, START_CANCELLED, WRONG_OPTIONS, settings_of
 
 PROGRAMS = ("lantos", "lantos-drive", "lantos-shop")
 
@@ -43,10 +43,12 @@ def test_the_version_is_the_one_of_the_splash(name):
     ("lantos-shop", ("new",), "DIR"),
     ("lantos-shop", ("prune-trail", "/dev/shm/never"), "DATE"),
     ("lantos-shop", ("sample", "/dev/shm/never", "--customers", "many"), "many"),
+    ("lantos-shop", ("sample", "/dev/shm/never", "--date", "yesterday"), "yesterday"),
 ])
 def test_what_is_wrong_is_named_on_the_error_stream(name, arguments, named):
     answer = run(name, *arguments)
-    assert (answer.returncode, answer.stdout) == (WRONG_OPTIONS, "")
+    code = SHOP_WRONG_USE if name == "lantos-shop" else WRONG_OPTIONS
+    assert (answer.returncode, answer.stdout) == (code, "")
     assert named in answer.stderr
 
 

@@ -9,6 +9,7 @@ from boardlines import TODAY
 from driver import program_path
 from linesteps import LABOR, begin_to_add, fill, remove, save, set_status, stored
 from movesteps import NEW, THURSDAY, choose, full_shop, reschedule
+from startsteps import SHOP_NOT_RUN, SHOP_WRONG_USE
 from workfiles import one_estimate, show
 
 NOW, LATER = "2003-09-30T10:32:00", "2003-09-30T10:40:00"
@@ -196,11 +197,12 @@ def test_old_changes_are_taken_off_and_counted_and_a_date_that_is_none_is_refuse
     copy = show(start(shop, now=NOW))
     set_status(copy, "Arrived")
     copy.close_window()
-    for date, why in (("yesterday", '"yesterday" is no date of the form 2003-09-30.'),
-                      ("2003-02-30", '"2003-02-30" is no date of the form 2003-09-30.'),
-                      ("9998-01-01", "9998-01-01 is still to come; nothing was taken off the trail.")):
+    for date, code, why in (
+            ("yesterday", SHOP_WRONG_USE, '"yesterday" is no date of the form 2003-09-30.'),
+            ("2003-02-30", SHOP_WRONG_USE, '"2003-02-30" is no date of the form 2003-09-30.'),
+            ("9998-01-01", SHOP_NOT_RUN, "9998-01-01 is still to come; nothing was taken off the trail.")):
         refused = prune(shop, date)
-        assert (refused.returncode, refused.stdout, refused.stderr) == (1, "", f"lantos-shop: {why}\n")
+        assert (refused.returncode, refused.stdout, refused.stderr) == (code, "", f"lantos-shop: {why}\n")
     assert prune(shop, TODAY).stdout == f"Took 0 changes off the trail that were made before {TODAY}.\n"
     assert prune(shop, "2003-10-01").stdout == "Took 1 change off the trail that was made before 2003-10-01.\n"
     assert shop.query("SELECT * FROM Trail") == []
