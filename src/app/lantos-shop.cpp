@@ -15,10 +15,8 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew,
-    lantos::AddSample,
-    lantos::AddMove,
-    lantos::AddPruneTrail,
+    lantos::AddNew,    lantos::AddSample,  lantos::AddMove,   lantos::AddPruneTrail,
+    lantos::AddBackup, lantos::AddRestore, lantos::AddVerify,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }

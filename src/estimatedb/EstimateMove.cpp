@@ -15,6 +15,7 @@
 #include "frame/GuardedOpen.h"
 #include "frame/PathText.h"
 #include "frame/SharedFile.h"
+#include "frame/WorkingCopies.h"
 
 namespace lantos {
 
@@ -27,19 +28,13 @@ constexpr std::string_view kInTheMaking = "Lantos-move.tmp";
 
 [[noreturn]] void Refuse(const std::string& words) { throw DatabaseError(words, DatabaseErrorKind::Refused, 0, words); }
 
-// Each copy has its log open for as long as it runs, and lets nobody else in.
 void RefuseWhereSomebodyWorks(const FileIO& files) {
-  for (const std::string& log : files.List("LN*.LOG")) {
-    try {
-      SharedFile(files.PathOf(log), Access::Read, Deny::None, Absent::Fail);
-    } catch (const FileError& error) {
-      if (error.Number() != FileErrorNumber::PermissionDenied) continue;
-      Refuse(fmt::format(
-          "Somebody works with Lantos in this directory: \"{}\" is in use. Nothing was changed.\n\nEnd it on every "
-          "workstation first, since a copy that goes on would look at the old database.",
-          log));
-    }
-  }
+  const std::string log = LogInUse(files);
+  if (log.empty()) return;
+  Refuse(fmt::format(
+      "Somebody works with Lantos in this directory: \"{}\" is in use. Nothing was changed.\n\nEnd it on every "
+      "workstation first, since a copy that goes on would look at the old database.",
+      log));
 }
 
 // The file beside Lantos.mdb, gone again unless it has taken its place.
