@@ -12,10 +12,13 @@
 #include "caretaker/backup/PlainFile.h"
 #include "estimatedb/EngineChoice.h"
 #include "estimatedb/EstimateDatabase.h"
+#include "frame/FileIO.h"
 #include "frame/NetworkMount.h"
 #include "frame/PathText.h"
 #include "frame/SharedFile.h"
 #include "frame/Text.h"
+#include "frame/UpdateTurns.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 
@@ -24,8 +27,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{1} << 20;
-constexpr std::int64_t kPause = 20;                // milliseconds
+constexpr std::int64_t kPause = 5;                 // milliseconds
 constexpr std::int64_t kPatience = 120'000;        // milliseconds, for a shop that doesn't stand still
+constexpr std::int64_t kTurn = 2'000;              // milliseconds
+constexpr std::int64_t kPauseForOthers = 200;      // milliseconds
 constexpr std::int64_t kWaitForWork = 10'000;      // milliseconds, for a conversion that is under way
 constexpr std::int64_t kWaitForFile = 30'000;      // milliseconds
 constexpr std::int64_t kLocalMargin = 20'000'000;  // nanoseconds: more than a tick of the file system's clock
@@ -53,26 +58,42 @@ ShopTaking::ShopTaking(fs::path directory, fs::path into, Clock& clock, Tell tel
       tell_(std::move(tell)),
       stampMargin_(IsOnNetworkMount(directory_) ? kNetworkMargin : kLocalMargin) {}
 
+// Most is copied while all goes on. What has moved by then is little.
 void ShopTaking::Take() {
-  const LocalTime start = clock_.Now();
-  for (;;) {
-    const bool hasMoved = LookAtAll();
-    ++rounds_;
-    const std::int64_t waited = clock_.Now().MillisecondsSince(start);
-    if (!hasMoved && (!isAnybodyAtWork_ || waited > kWaitForWork)) break;
-    if (waited > kPatience) {
+  start_ = clock_.Now();
+  LookAtAll();
+  while (!Settle()) {
+    if (clock_.Now().MillisecondsSince(start_) > kPatience) {
       throw BackupError(
           "The files of the shop are written to all the time: in two minutes there was no moment at which they could "
           "be "
           "taken together. No backup was made. Try it again when less is done in the shop.");
     }
-    if (isAnybodyAtWork_) clock_.Wait(kPause);
+    clock_.Wait(kPauseForOthers);
   }
   List();
 }
 
+// Conversions that are under way come to their end, and none begins: each takes this turn first, and waits for it
+// longer than it is kept here.
+bool ShopTaking::Settle() {
+  FileIO files(clock_);
+  files.SetDataDir(TextOfPath(directory_ / ""));
+  UpdateTurns turns(files.PathOf(kSystemFile), clock_);
+  const UpdateTurns::Turn turn(turns);
+  const LocalTime start = clock_.Now();
+  do {
+    const bool hasMoved = LookAtAll();
+    const bool isQuiet = !isAnybodyAtWork_ || clock_.Now().MillisecondsSince(start_) > kWaitForWork;
+    if (!hasMoved && isQuiet) return true;
+    if (isAnybodyAtWork_) clock_.Wait(kPause);
+  } while (clock_.Now().MillisecondsSince(start) < kTurn);
+  return false;
+}
+
 // True when something was copied, or is gone.
 bool ShopTaking::LookAtAll() {
+  ++rounds_;
   ShopFiles shop = LookAtShop(directory_);
   leftOut_ = std::move(shop.leftOut);
   isAnybodyAtWork_ = !shop.atWork.empty();

@@ -41,6 +41,7 @@ class ShopTaking {
     std::unique_ptr<DatabaseCopy> database;
   };
 
+  bool Settle();
   bool LookAtAll();
   bool ForgetGone(const std::vector<std::string>& names);
   bool LookAt(const std::string& name);
@@ -57,6 +58,7 @@ class ShopTaking {
   std::vector<BackedFile> files_;
   std::vector<std::string> leftOut_;
   std::uint64_t bytes_ = 0;
+  LocalTime start_;
   int rounds_ = 0;
   std::int64_t stampMargin_;  // nanoseconds that a stamp must be older than the reading
   bool isAnybodyAtWork_ = false;

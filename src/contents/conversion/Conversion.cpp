@@ -7,6 +7,7 @@
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Numbers.h"
+#include "frame/UpdateTurns.h"
 #include "masters/vehicles/StoredVehicle.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "records/CheckList.h"
@@ -270,6 +271,9 @@ bool Conversion::HasItsVehicleStill() {
 void Conversion::TakeNumber() {
   Environment& environment = bench_.shop.environment;
   WorkorderNumbers numbers(environment, bench_.shop.desktop);
+  // Whoever copies the shop's files lets none begin for a moment. One that doesn't get its turn goes on without.
+  UpdateTurns turns(environment.files.PathOf(kSystemFile), environment.clock);
+  const UpdateTurns::Turn turn(turns);
   // Nobody else takes a number meanwhile: of two that convert the estimate at once the second finds the first one's
   // journal.
   const auto begin = [&](std::int32_t number) {
