@@ -271,11 +271,10 @@ bool Conversion::HasItsVehicleStill() {
 void Conversion::TakeNumber() {
   Environment& environment = bench_.shop.environment;
   WorkorderNumbers numbers(environment, bench_.shop.desktop);
-  // Whoever copies the shop's files lets none begin for a moment. One that doesn't get its turn goes on without.
+  // Whoever copies the shop's files lets none begin for a moment; without a turn it begins all the same.
   UpdateTurns turns(environment.files.PathOf(kSystemFile), environment.clock);
   const UpdateTurns::Turn turn(turns);
-  // Nobody else takes a number meanwhile: of two that convert the estimate at once the second finds the first one's
-  // journal.
+  // Nobody else takes a number meanwhile: the second of two that convert the estimate finds the first one's journal.
   const auto begin = [&](std::int32_t number) {
     if (ownJournal_) ownJournal_->Remove();
     const std::vector<JournalOnDisk> journals = LookAtJournals(environment);
