@@ -7,6 +7,8 @@
 #include <string>
 
 #include "caretaker/Command.h"
+#include "caretaker/backup/Commands.h"
+#include "caretaker/check/Commands.h"
 #include "frame/FileSizeLimit.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
@@ -15,8 +17,8 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew,    lantos::AddSample,  lantos::AddMove,   lantos::AddPruneTrail,
-    lantos::AddBackup, lantos::AddRestore, lantos::AddVerify,
+    lantos::AddNew,   lantos::AddSample, lantos::AddMove,    lantos::AddPruneTrail,
+    lantos::AddCheck, lantos::AddBackup, lantos::AddRestore, lantos::AddVerify,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }

@@ -34,8 +34,5 @@ void AddNew(CLI::App& app, Asked& asked);
 void AddSample(CLI::App& app, Asked& asked);
 void AddMove(CLI::App& app, Asked& asked);
 void AddPruneTrail(CLI::App& app, Asked& asked);
-void AddBackup(CLI::App& app, Asked& asked);
-void AddRestore(CLI::App& app, Asked& asked);
-void AddVerify(CLI::App& app, Asked& asked);
 
 }  // namespace lantos

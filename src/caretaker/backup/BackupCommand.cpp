@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "caretaker/Command.h"
 #include "caretaker/Telling.h"
 #include "caretaker/backup/Backup.h"
+#include "caretaker/backup/Commands.h"
 #include "frame/PathText.h"
 
 namespace lantos {

@@ -27,15 +27,14 @@ RestoreDone Restore(const std::filesystem::path& archive, const std::filesystem:
 
 struct Verified {
   Manifest manifest;
-  std::vector<std::string> differences;  // in words; none in a sound backup
+  std::vector<std::string> differences;  // from the shop as it was taken, in words; none in a backup to be relied on
+  std::vector<std::string> faults;       // in words, of the shop itself, which the backup has as they were
 };
 
-// Looks a restored shop over once more, and says in words what it finds; as lantos-shop check does.
-using CheckShop = std::function<std::vector<std::string>(const std::filesystem::path& directory)>;
-
 // Restores the backup into a folder of its own beside it, and compares rows, totals and cross-references with what they
-// were when it was taken. Throws BackupError, FileError, DatabaseError.
-Verified Verify(const std::filesystem::path& archive, Clock& clock, const CheckShop& check, const TellBackup& tell);
+// were when it was taken. Then looks for what is wrong there, as lantos-shop check does. Throws BackupError, FileError,
+// DatabaseError.
+Verified Verify(const std::filesystem::path& archive, Clock& clock, const TellBackup& tell);
 
 // Notes in the shop's directory that its backup of this time was restored and compared. False where the directory isn't
 // there, or can't be written.

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "caretaker/Command.h"
 #include "caretaker/Telling.h"
+#include "caretaker/backup/Commands.h"
 #include "caretaker/backup/Restore.h"
 #include "frame/PathText.h"
 
@@ -41,27 +41,34 @@ Outcome RunVerify(const Arguments& arguments) {
   Verified verified;
   {
     ProgressBar bar;
-    verified = Verify(arguments.archive, clock, nullptr,
+    verified = Verify(arguments.archive, clock,
                       [&](const BackupProgress& progress) { bar.Show(progress.step, progress.done, progress.of); });
   }
-  const bool isSound = verified.differences.empty();
-  const bool isNoted = isSound && NoteVerified(verified.manifest, clock);
+  const bool isAlike = verified.differences.empty();
+  const bool isNoted = isAlike && NoteVerified(verified.manifest, clock);
+  const Outcome outcome = isAlike && verified.faults.empty() ? Outcome::Sound : Outcome::Left;
   if (arguments.telling == Telling::Json) {
     TellJson({{"made", verified.manifest.madeAt},
               {"figures", verified.manifest.figures.size()},
               {"differences", verified.differences},
+              {"faults", verified.faults},
               {"noted", isNoted}});
-    return isSound ? Outcome::Sound : Outcome::Left;
+    return outcome;
   }
   for (const std::string& difference : verified.differences) TellLine(difference);
-  TellLine(isSound
+  TellLine(isAlike
                ? fmt::format("The backup of {} was restored and compared: {} files, {} figures, all alike.",
                              verified.manifest.madeAt, verified.manifest.files.size(), verified.manifest.figures.size())
                : fmt::format("The backup of {} isn't what the shop was. Take another one.", verified.manifest.madeAt));
+  for (const std::string& fault : verified.faults) TellLine(fault);
+  if (!verified.faults.empty()) {
+    TellLine(fmt::format("{} of the shop itself, which the backup has as they were: lantos-shop check tells of them.",
+                         verified.faults.size() == 1 ? "That is a fault" : "Those are faults"));
+  }
   if (isNoted) {
     TellLine(fmt::format("Noted in \"{}\".", TextOfPath(std::filesystem::path(verified.manifest.directory))));
   }
-  return isSound ? Outcome::Sound : Outcome::Left;
+  return outcome;
 }
 
 }  // namespace

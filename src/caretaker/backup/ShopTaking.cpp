@@ -79,8 +79,7 @@ void ShopTaking::Take() {
 bool ShopTaking::Settle() {
   FileIO files(clock_);
   files.SetDataDir(TextOfPath(directory_ / ""));
-  UpdateTurns turns(files.PathOf(kSystemFile), clock_);
-  const UpdateTurns::Turn turn(turns);
+  const LoneTurn turn(files.PathOf(kSystemFile), clock_);
   const LocalTime start = clock_.Now();
   do {
     const bool hasMoved = LookAtAll();

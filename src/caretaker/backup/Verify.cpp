@@ -8,6 +8,8 @@
 #include "caretaker/backup/Restore.h"
 #include "caretaker/backup/ShopFigures.h"
 #include "caretaker/backup/ShopFiles.h"
+#include "caretaker/check/CheckShop.h"
+#include "caretaker/check/ShopArgument.h"
 #include "frame/Dates.h"
 #include "frame/FileError.h"
 
@@ -38,14 +40,15 @@ std::vector<std::string> Compare(const std::vector<ShopFigure>& taken, const std
 
 }  // namespace
 
-Verified Verify(const std::filesystem::path& archive, Clock& clock, const CheckShop& check, const TellBackup& tell) {
+Verified Verify(const std::filesystem::path& archive, Clock& clock, const TellBackup& tell) {
   const ScratchFolder scratch(archive.string() + ".verify");
   Verified verified;
   verified.manifest = Restore(archive, scratch.Path(), {}, clock, tell).manifest;
   verified.differences = Compare(verified.manifest.figures, FiguresOf(scratch.Path(), clock));
-  if (check) {
-    for (std::string& finding : check(scratch.Path())) verified.differences.push_back(std::move(finding));
-  }
+  FileIO files(clock);
+  GoToShop(files, scratch.Path().string());
+  ShopView shop(files);
+  for (const Finding& finding : LookOnce(shop, Kinds())) verified.faults.push_back(LineOf(finding));
   return verified;
 }
 

@@ -272,8 +272,7 @@ void Conversion::TakeNumber() {
   Environment& environment = bench_.shop.environment;
   WorkorderNumbers numbers(environment, bench_.shop.desktop);
   // Whoever copies the shop's files lets none begin for a moment; without a turn it begins all the same.
-  UpdateTurns turns(environment.files.PathOf(kSystemFile), environment.clock);
-  const UpdateTurns::Turn turn(turns);
+  const LoneTurn turn(environment.files.PathOf(kSystemFile), environment.clock);
   // Nobody else takes a number meanwhile: the second of two that convert the estimate finds the first one's journal.
   const auto begin = [&](std::int32_t number) {
     if (ownJournal_) ownJournal_->Remove();

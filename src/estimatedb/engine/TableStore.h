@@ -39,6 +39,8 @@ class TableStore {
   // Whether there is anything at all.
   virtual bool IsEmpty() = 0;
   virtual std::vector<std::string> Tables() = 0;
+  // What the engine finds wrong in its own files, in its words; a server's are its keeper's affair.
+  virtual std::vector<std::string> Damage() { return {}; }
   virtual std::vector<StoredColumn> ColumnsOf(const std::string& table) = 0;
   // The columns that the rows are told apart by; none where they have no key.
   virtual std::vector<std::string> KeyOf(const std::string& table) = 0;

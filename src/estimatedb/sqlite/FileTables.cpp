@@ -75,6 +75,15 @@ std::vector<std::string> FileTables::Tables() {
   return tables;
 }
 
+std::vector<std::string> FileTables::Damage() {
+  SQLite::Statement check(Database(), "PRAGMA integrity_check(20)");
+  std::vector<std::string> found;
+  while (check.executeStep()) {
+    if (std::string words = check.getColumn(0).getString(); words != "ok") found.push_back(std::move(words));
+  }
+  return found;
+}
+
 std::vector<StoredColumn> FileTables::ColumnsOf(const std::string& table) {
   SQLite::Statement shape(Database(), "SELECT name, type FROM pragma_table_info(?)");
   shape.bind(1, table);

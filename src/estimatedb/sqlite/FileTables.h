@@ -12,6 +12,7 @@ class FileTables : public TableStore {
 
   bool IsEmpty() override { return Tables().empty(); }
   std::vector<std::string> Tables() override;
+  std::vector<std::string> Damage() override;
   std::vector<StoredColumn> ColumnsOf(const std::string& table) override;
   std::vector<std::string> KeyOf(const std::string& table) override;
   std::int64_t CountOf(const std::string& table) override;

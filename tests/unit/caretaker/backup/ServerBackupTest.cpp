@@ -23,7 +23,7 @@ TEST_F(BackupTest, OfAShopOnAServerHasItsTablesInAFile) {
   EXPECT_FALSE(NamesServer(restored / "Lantos.mdb"));
   EXPECT_EQ(FiguresOf(restored, clock), inFile);
   EXPECT_EQ(place.Content(std::string("restored/") + kServerText), Content("Lantos.mdb"));
-  EXPECT_THAT(Verify(archive, clock, nullptr, TellNobody).differences, IsEmpty());
+  EXPECT_THAT(Verify(archive, clock, TellNobody).differences, IsEmpty());
 }
 
 }  // namespace lantos::test

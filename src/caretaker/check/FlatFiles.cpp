@@ -1,0 +1,85 @@
+#include "caretaker/check/FlatFiles.h"
+
+#include <algorithm>
+
+namespace lantos {
+
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{4} << 20;
+constexpr std::int64_t kPause = 20;  // milliseconds
+constexpr int kTries = 500;
+
+// Somebody who has a file for themselves has it for a moment, as a rule.
+SharedFile OpenShared(const FileIO& files, std::string_view name) {
+  for (int left = kTries;; --left) {
+    try {
+      return {files.PathOf(name), Access::Read, Deny::None, Absent::Fail};
+    } catch (const FileError& error) {
+      if (error.Number() != FileErrorNumber::PermissionDenied || left == 0) throw;
+    }
+    files.GetClock().Wait(kPause);
+  }
+}
+
+}  // namespace
+
+std::size_t FlatFiles::ReadBlock(std::string_view name, std::uint64_t offset, std::span<std::byte> into) {
+  if (const auto held = held_.find(name); held != held_.end()) return held->second.ReadAt(offset, into);
+  return OpenShared(files_, name).ReadAt(offset, into);
+}
+
+std::uint64_t FlatFiles::Length(std::string_view name) {
+  if (const auto held = held_.find(name); held != held_.end()) return held->second.Length();
+  return files_.IsThere(name) ? files_.Length(name) : 0;
+}
+
+// It may grow or shrink meanwhile: what is there at the last reading counts.
+FlatFiles::Content FlatFiles::ReadAll(std::string_view name) {
+  Content content(Length(name));
+  for (std::size_t done = 0; done < content.size();) {
+    const std::size_t wanted = std::min(kBlock, content.size() - done);
+    const std::size_t got = ReadBlock(name, done, std::span(content).subspan(done, wanted));
+    done += got;
+    if (got < wanted) content.resize(done);
+  }
+  return content;
+}
+
+FlatFiles::Bytes FlatFiles::Read(std::string_view name) {
+  auto found = read_.find(name);
+  if (found == read_.end()) found = read_.emplace(name, ReadAll(name)).first;
+  return found->second;
+}
+
+void FlatFiles::ReadThrough(std::string_view name, std::size_t overlap, const Look& look) {
+  const std::uint64_t length = Length(name);
+  Content block(kBlock + overlap);
+  std::size_t kept = 0;
+  for (std::uint64_t offset = 0; offset < length;) {
+    const std::size_t got = ReadBlock(name, offset, std::span(block).subspan(kept, kBlock));
+    if (got == 0) return;
+    const std::string_view text(reinterpret_cast<const char*>(block.data()), kept + got);
+    look(offset - kept, text);
+    offset += got;
+    kept = std::min(overlap, text.size());
+    std::copy(text.end() - static_cast<std::ptrdiff_t>(kept), text.end(), reinterpret_cast<char*>(block.data()));
+  }
+}
+
+void FlatFiles::Hold(std::string_view name) {
+  held_.insert_or_assign(std::string(name),
+                         SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail));
+}
+
+void FlatFiles::Write(std::string_view name, std::uint64_t offset, std::string_view bytes) {
+  held_.find(name)->second.WriteAt(offset, std::as_bytes(std::span(bytes)));
+}
+
+void FlatFiles::Flush() {
+  for (auto& [name, file] : held_) {
+    if (file.WasWritten()) file.Flush();
+  }
+}
+
+}  // namespace lantos
