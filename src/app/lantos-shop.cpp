@@ -9,6 +9,7 @@
 #include "caretaker/Command.h"
 #include "caretaker/backup/Commands.h"
 #include "caretaker/check/Commands.h"
+#include "caretaker/exchange/Commands.h"
 #include "frame/FileSizeLimit.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
@@ -17,8 +18,8 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew,   lantos::AddSample, lantos::AddMove,    lantos::AddPruneTrail,
-    lantos::AddCheck, lantos::AddBackup, lantos::AddRestore, lantos::AddVerify,
+    lantos::AddNew,    lantos::AddSample,  lantos::AddMove,   lantos::AddPruneTrail, lantos::AddCheck,
+    lantos::AddBackup, lantos::AddRestore, lantos::AddVerify, lantos::AddExport,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }
