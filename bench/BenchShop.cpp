@@ -95,6 +95,15 @@ const std::filesystem::path& PartsShop() {
   return path;
 }
 
+const std::filesystem::path& CheckedShop() {
+  static const std::filesystem::path path = [] {
+    SampleOptions options = Sizes(32767, 50000, 120);
+    options.parts = 100'000;
+    return Make("checked", ImagineShop(options));
+  }();
+  return path;
+}
+
 const std::filesystem::path& FullDayShop() {
   static const std::filesystem::path path = Make("day", FullDay());
   return path;

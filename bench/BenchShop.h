@@ -17,6 +17,7 @@ const std::filesystem::path& LargestShop();   // 32,767 customers and 50,000 veh
 const std::filesystem::path& BusyWeekShop();  // 40 estimates of 5 labor lines on each day of the week
 const std::filesystem::path& StartShop();     // 5,000 customers, and parts in the proportion of the sample shop
 const std::filesystem::path& PartsShop();     // 100,000 parts
+const std::filesystem::path& CheckedShop();   // 32,767 customers, 50,000 vehicles, 100,000 parts and 120 estimates
 const std::filesystem::path& FullDayShop();   // 60 estimates of 5 labor lines on one day
 
 // What a screen is handed, on one of the shops.

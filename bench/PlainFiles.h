@@ -33,6 +33,14 @@ class PlainFiles {
     if (::pread(file, bytes_.data(), length, offset) < 0) throw std::runtime_error("read");
     Close(file);
   }
+  void ReadAll(std::string_view name) {
+    const int file = Open(name, O_RDONLY);
+    off_t offset = 0;
+    for (ssize_t length; (length = ::pread(file, bytes_.data(), bytes_.size(), offset)) != 0; offset += length) {
+      if (length < 0) throw std::runtime_error("read");
+    }
+    Close(file);
+  }
   void Write(std::string_view name, off_t offset, std::size_t length) {
     const int file = Open(name, O_RDWR | O_CREAT);
     if (offset == kAtTheEnd) offset = ::lseek(file, 0, SEEK_END);

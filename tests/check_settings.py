@@ -17,7 +17,7 @@ CALLS = (
     (re.compile(r"\bRead\((?=settings)"), 1),
     (re.compile(r"\bplace\((?=\")"), 0),
     (re.compile(r"\b(?:getenv|qEnvironmentVariable|qEnvironmentVariableIsSet)\("), 0),
-    (re.compile(r"\badd_(?:option|flag)\("), 0),
+    (re.compile(r"\badd_(?:option|flag|flag_callback)\("), 0),
 )
 APPLICATIONS = ("kMainApplication", "kOwnApplication")  # in front of them: application and section
 TABLES = (re.compile(r'\{"(\w+)", &PrintOptions::'), re.compile(r'"(\w+To\w+|ContinuedAutoSchedule|RescheduledAllow)"'))

@@ -39,6 +39,7 @@ struct DriveOptions {
   std::string printTo;
   std::int64_t busyTimeout = kBusyTimeout.count();
   bool keys = false;
+  bool live = false;
   std::string programArguments;
 };
 
@@ -80,6 +81,7 @@ int ReadOptions(int count, char** arguments, DriveOptions& options) {
   app.add_option("--busy-timeout", options.busyTimeout,
                  "milliseconds for which a lock that another copy holds on the database is waited for")
       ->check(CLI::Range(kLongestTimeout));
+  app.add_flag("--live", options.live, "what others change is shown by itself, unless the person has set it otherwise");
   app.add_flag("--keys", options.keys, "Print the page of all keys of all screens and exit");
   app.set_version_flag("--version", "lantos-drive " + ProgramVersion(), "Print the version and exit");
   app.footer("What stands behind -- is the program's own command line, as /D=/some/dir.");
@@ -116,9 +118,10 @@ int RunProgram(ui::Desktop& desktop, ui::Session& session, Clock& clock, const D
   UserSettings settings(options.settings);
   int code = 0;
   {
-    Program program(desktop, clock, settings,
-                    Invocation{options.programArguments, FromUtf8(options.computer),
-                               std::chrono::milliseconds(options.busyTimeout), FromUtf8(options.user)});
+    Program program(
+        desktop, clock, settings,
+        Invocation{options.programArguments, FromUtf8(options.computer), std::chrono::milliseconds(options.busyTimeout),
+                   FromUtf8(options.user), options.live ? Invocation::Follow::AsSet : Invocation::Follow::WhenAsked});
     session.logPath = [&program] { return ToUtf8(program.LogPath()); };
     code = program.Run();
     session.logPath = nullptr;

@@ -25,7 +25,8 @@ int RunProgram(const std::string& commandLine) {
   const std::string computerName = PlatformComputerName();
   ui::QtDesktop desktop;
   desktop.JoinRegistry(computerName);
-  return Program(desktop, clock, settings, Invocation{commandLine, computerName, kBusyTimeout, PlatformUserName()})
+  return Program(desktop, clock, settings,
+                 Invocation{commandLine, computerName, kBusyTimeout, PlatformUserName(), Invocation::Follow::AsSet})
       .Run();
 }
 

@@ -1,6 +1,7 @@
 #include "board/Board.h"
 
 #include "board/DayLines.h"
+#include "board/KeptChoice.h"
 #include "frame/Dates.h"
 #include "ui/GlobalKeys.h"
 
@@ -22,12 +23,32 @@ void Board::LoadWeek(DaySerial date) {
   parts_.day.NameDay(date);
   parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
   parts_.detail.ClearDetail();
-  parts_.day.List2.Clear();
-  {
-    const Customers::Reading reading(parts_.shop.records.customers);
-    for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, data.days[i]);
-  }
+  FillPanels(data, date);
   StandOn(date);
+}
+
+// The list holds the day of the last load, whatever day was chosen by a click since.
+void Board::ShowWeekAnew() {
+  BoardState& state = parts_.state;
+  const DaySerial listed = state.currentDate;
+  WeekData data = FetchWeek(parts_.database.lantosData, state.sunday, parts_.day.SortOrder(),
+                            parts_.day.cbShowLabor.Value() ? listed : kNoDay);
+  std::vector<KeptChoice> choices;
+  for (ui::ListBox& list : parts_.week.List1) choices.emplace_back(list);
+  choices.emplace_back(parts_.day.List2);
+  state.capacity = std::move(data.capacity);
+  FillPanels(data, listed);
+  for (KeptChoice& choice : choices) choice.Restore();
+  parts_.week.ShowComments(state.capacity);
+  parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
+  parts_.day.frameDay.SetBackColor(state.ColorOf(static_cast<std::size_t>(WeekdayIndex(state.dayOnShow))));
+  if (const auto weekday = state.PanelOf(parts_.hours.Day())) ShowDayHeader(*weekday);
+}
+
+void Board::FillPanels(WeekData& data, DaySerial listed) {
+  parts_.day.List2.Clear();
+  const Customers::Reading reading(parts_.shop.records.customers);
+  for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, data.days[i], parts_.state.PanelDate(i) == listed);
 }
 
 // New Estimate books on the day of the last load, so calendar, hours and mark tell of that day.
@@ -39,11 +60,11 @@ void Board::StandOn(DaySerial date) {
   ShowDayHeader(static_cast<std::size_t>(WeekdayIndex(date)));
 }
 
-void Board::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows) {
+void Board::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows, bool isListed) {
   parts_.week.List1[weekday].Clear();
   for (BoardRow& row : rows) {
     AddWeekLines(weekday, row.estimate);
-    if (parts_.state.IsOnShow(weekday)) AddDayLines(row.estimate, row.laborLines);
+    if (isListed) AddDayLines(row.estimate, row.laborLines);
   }
   ColorPanel(weekday);
 }

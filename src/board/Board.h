@@ -35,6 +35,9 @@ class Board {
   // Rebuilds week lists, day list, hours and colours around a day, which calendar and mark stand on then. When the
   // database can't be read the board stays as it is, and DatabaseError is thrown. CurrentEstimate isn't touched.
   void LoadWeek(DaySerial date);
+  // The week as others have made it since, and nothing else moved: calendar, days that are meant, what is selected and
+  // the detail view stay. Throws as LoadWeek does.
+  void ShowWeekAnew();
   // The lines of the current estimate, which is new, in the panel of its day, and in the day list when that is of its
   // day; its hours count. The board then stands on that day.
   void AddCurrent();
@@ -73,7 +76,9 @@ class Board {
   const CustomerRecord* FindCustomerOf(const Estimate& estimate);
 
  private:
-  void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows);
+  // What is of that day stands in the day list, too.
+  void FillPanels(WeekData& data, DaySerial listed);
+  void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows, bool isListed);
   void ColorPanel(std::size_t weekday);
   void StandOn(DaySerial date);
   void AddWeekLines(std::size_t weekday, Estimate& estimate);

@@ -61,6 +61,7 @@ void BoardMenus::BuildCommandMenu(const std::vector<BoardCommand>& commands) {
     menu.Add(command.menu.name, command.menu.caption, [&button] { button.OnClick(); }).SetEnabled(button.Enabled());
   }
   menu.Add("mnuShowTrail", "Show Tra&il", [this] { actions_.showTrail(); });
+  follow_ = &menu.Add("mnuFollow", "Follow Other Wor&kstations", [this] { actions_.follow(); });
 }
 
 void BoardMenus::BuildMaintenanceMenu() {

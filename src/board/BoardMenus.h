@@ -22,6 +22,7 @@ class BoardMenus {
     std::function<void()> refreshTotals;
     std::function<void()> customersEdited;
     std::function<void()> systemChanged;
+    std::function<void()> follow;
     std::function<void()> showTrail;
     std::function<void(std::int16_t)> changeStatus;
   };
@@ -35,6 +36,9 @@ class BoardMenus {
   bool IsShown(std::int16_t status) const;
   std::string ShownStatuses() const;
   void ShowStatuses(std::string_view shown);
+
+  // Whether what others change is followed, as the menu says it.
+  void ShowFollowing(bool isOn) { follow_->SetChecked(isOn); }
 
   void PopupRefresh();
   // The entries that an estimate of the current status may go to.
@@ -59,6 +63,7 @@ class BoardMenus {
   MasterScreens& masters_;
   frmInvList& inventoryList_;
   Actions actions_;
+  ui::MenuItem* follow_ = nullptr;
   ui::MenuItem* popupMenu_ = nullptr;
   ui::MenuItem* statusPopup_ = nullptr;
   std::array<ui::MenuItem*, kStatusCount> showStatus_{};

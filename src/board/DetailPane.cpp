@@ -1,5 +1,8 @@
 #include "board/DetailPane.h"
 
+#include <utility>
+
+#include "board/KeptChoice.h"
 #include "contents/EstimateTotals.h"
 #include "contents/notes/EstimateChecklist.h"
 #include "estimatedb/CommentMarks.h"
@@ -52,7 +55,8 @@ void DetailPane::ArrangeBoxes() {
   frameCustomer.Holds(lblCustName, lblCustSpouse, lblCustAddr, lblCustCSZ, lblCustPhoneH, lblCustPhoneW, lblCustPhoneO,
                       cmdCustomerEdit);
   frameVehicle.Holds(lblVehYMM, lblVehVIN, lblVehLic, lblVehDate, lblVehMileage, lblEngTrans, cmdVehicleEdit);
-  frameComments.Holds(txtComments);
+  frameComments.Holds(txtComments, lblChanged);
+  lblChanged.SetVisible(false);
   frameLabor.Holds(listLabor, cmdLaborAdd, cmdLaborAddCanned, cmdLaborChange, cmdLaborRemove, cmdLaborFollowup);
   frameParts.Holds(listParts, cmdPartAdd, cmdPartAddNonStock, cmdPartChange, cmdPartRemove);
   frameTotals.Holds(txtTotalHours, txtTotalLabor, txtTotalParts, txtTotalSublet, txtTotalWaste, txtTotalTax,
@@ -74,6 +78,8 @@ void DetailPane::ClearDetail() {
   for (ui::TextBox* total : Totals()) total->SetText("");
   txtComments.SetText("");
   savedComment_.clear();
+  isTheirsTold_ = false;
+  TellChange("");
   contents.labor.ClearLaborList();
   contents.parts.ClearPartList();
 }
@@ -88,6 +94,10 @@ void DetailPane::ShowEstimateDetail() {
   RefreshDetailCaption("");
   ShowCustomerOnFile();
   ShowVehicle();
+  ShowLines();
+}
+
+void DetailPane::ShowLines() {
   Data().ReadLinesAhead(displayedEstimate_, [this] {
     contents.parts.LoadPartList();
     contents.labor.LoadLaborList();
@@ -96,6 +106,30 @@ void DetailPane::ShowEstimateDetail() {
     LoadEstimateChecklist(contents.bench);
     ShowNotesMark();
   });
+}
+
+void DetailPane::ShowAnew(const std::string& whoChanged) {
+  if (displayedEstimate_ == 0 || Current().EstimateNumber != displayedEstimate_) return;
+  const bool isTyped = Trim(txtComments.Text()) != savedComment_;
+  KeptChoice labor(listLabor);
+  KeptChoice parts(listParts);
+  database_.estimates.LoadEstimate(displayedEstimate_);
+  const std::string theirs = Trim(Current().Comments);
+  if (!isTyped) ShowComments(Current().Comments);
+  RefreshDetailCaption("");
+  ShowCustomerOnFile();
+  ShowVehicle();
+  ShowLines();
+  labor.Restore();
+  parts.Restore();
+  isTheirsTold_ = isTyped && (isTheirsTold_ || theirs != savedComment_);
+  TellChange(isTheirsTold_ ? (whoChanged.empty() ? "Changed elsewhere" : whoChanged) + ": \"" + theirs + "\""
+                           : whoChanged);
+}
+
+void DetailPane::TellChange(const std::string& text) {
+  lblChanged.SetCaption(text);
+  lblChanged.SetVisible(!text.empty());
 }
 
 void DetailPane::ShowCustomerOnFile() {
@@ -178,7 +212,8 @@ void DetailPane::SaveComments() {
   if (displayedEstimate_ == 0) return;
   const std::string comments = Trim(txtComments.Text());
   const std::string stored = CommentsOnFile();
-  if (WouldWipeMark(stored, comments) && !WantsOurs(stored, comments)) {
+  const bool isAsked = std::exchange(isTheirsTold_, false) || WouldWipeMark(stored, comments);
+  if (isAsked && !WantsOurs(stored, comments)) {
     // The current estimate stays as it was shown, so that a conversion or a move still tells of the other copy's.
     txtComments.SetText(stored);
     savedComment_ = stored;

@@ -41,6 +41,7 @@ class DetailPane : private EstimateOnShow {
   ui::Button cmdVehicleEdit{form_, "cmdVehicleEdit", "&Vehicle..."};
   ui::Frame frameComments{form_, "frameComments", "Comments"};
   ui::TextBox txtComments{form_, "txtComments"};
+  ui::Label lblChanged{form_, "lblChanged"};
   // Digits, since the letters are taken by the menu and the commands.
   ui::Frame frameLabor{form_, "frameLabor", "Labor"};
   ui::ListBox listLabor{form_, "listLabor"};
@@ -76,6 +77,10 @@ class DetailPane : private EstimateOnShow {
   void ClearDetail();
   // Shows CurrentEstimate.
   void ShowEstimateDetail();
+  // The estimate on show as somebody else has made it, who is told beside the comments. What is selected stays, and
+  // comments that are being typed do, with the other's beside them; where they are left, the person is asked which to
+  // store. Throws as ShowEstimateDetail does.
+  void ShowAnew(const std::string& whoChanged);
   // Of a new estimate there is nothing but its number, customer and vehicle yet.
   void BeginNew(std::int32_t number);
   // An empty word is found out from the current estimate, which may become a No-show in memory.
@@ -101,6 +106,8 @@ class DetailPane : private EstimateOnShow {
 
  private:
   void ArrangeBoxes();
+  void ShowLines();
+  void TellChange(const std::string& text);
   void ShowCustomerOnFile();
   std::string CommentsOnFile();
   bool WouldWipeMark(const std::string& stored, const std::string& ours);
@@ -122,6 +129,7 @@ class DetailPane : private EstimateOnShow {
   CommandPane& commands_;
   std::int32_t displayedEstimate_ = 0;
   std::string savedComment_;
+  bool isTheirsTold_ = false;        // of comments that another one has stored while others were typed here
   CustomerRecord estimateCustomer_;  // of the displayed estimate
 };
 

@@ -17,6 +17,7 @@ namespace {
 constexpr double kDefaultPlace = 1000;
 constexpr double kDefaultSize = 10000;
 constexpr std::string_view kRunningCaption = "Lantos: ";
+constexpr std::string_view kFollow = "FollowChanges";
 
 std::string Stored(ui::Twips value) { return fmt::format("{}", value); }
 
@@ -48,6 +49,7 @@ frmMain::frmMain(Shop& shop, EstimateDatabase& database, MasterScreens& masters,
                                             if (onShow) detail.ShowEstimateDetail();
                                           },
                                       .systemChanged = [this] { FollowSystem(); },
+                                      .follow = [this] { SwitchFollowing(); },
                                       .showTrail = [this] { ShowTrail(Parts(), board_); },
                                       .changeStatus = [this](std::int16_t status) { status_.ChangeTo(status); }});
 }
@@ -78,6 +80,7 @@ void frmMain::OnLoad() {
     return;
   }
   NameWindow();
+  FollowOthers();  // ahead of the first look at the week
   const DaySerial today = shop_.environment.Today();
   MonthView1.SetValue(today);
   board_.LoadWeek(today);
@@ -92,6 +95,32 @@ void frmMain::SettleHalfDone(const std::vector<std::string>& journals) { boardCo
 void frmMain::NameWindow() {
   SetCaption(std::string(kRunningCaption) + shop_.records.system.SysRec.Get(sysrec::company_name) + " (" +
              shop_.environment.files.DataDir() + ")");
+}
+
+void frmMain::Run(const std::function<void()>& event) {
+  struct Within {
+    int& events;
+    ~Within() { --events; }
+  };
+  ++events_;
+  const Within within{events_};
+  Form::Run(event);
+}
+
+// A timer's own event is one. Boxes, menus, previews and other screens are within the event that has brought them up.
+bool frmMain::IsFree() const { return events_ <= 1 && Visible() && !shop_.desktop.IsAsking(); }
+
+void frmMain::FollowOthers() {
+  if (startAndStop_.follow == StartAndStop::Follow::WhenAsked) return;
+  if (shop_.environment.settings.GetNumber(kFollow, 1) != 0) following_.Begin();
+  menus_.ShowFollowing(following_.IsOn());
+}
+
+void frmMain::SwitchFollowing() {
+  following_.IsOn() ? following_.End() : following_.Begin();
+  menus_.ShowFollowing(following_.IsOn());
+  shop_.environment.settings.Save(kFollow, following_.IsOn() ? "1" : "0");
+  if (following_.IsOn()) board_.ShowWeekAnew();
 }
 
 // What stands on the board of the shop's name and rates.
@@ -147,6 +176,7 @@ void frmMain::SaveSettings() {
 // one, and is stored as such.
 void frmMain::OnUnload(bool&) {
   shop_.desktop.SetPointer(ui::Pointer::Hourglass);
+  following_.End();
   Run([this] { detail.KeepUnsavedComments(); });  // a database that is gone doesn't keep the window open
   database_.lantosData.CloseRecordsets();
   database_.korvelData.CloseRecordsets();

@@ -8,6 +8,7 @@
 #include "board/Booking.h"
 #include "board/CalendarKeys.h"
 #include "board/DoubtfulFiles.h"
+#include "board/Following.h"
 #include "board/Papers.h"
 
 namespace lantos {
@@ -18,6 +19,9 @@ struct StartAndStop {
   std::function<bool()> initGlobals;  // false ends the process silently
   std::function<void()> sendWaitingChanges;
   std::function<void()> deleteUpdateFileAndCloseLog;
+  // Whether what others change is followed: as the person has set it, or not before it is asked for.
+  enum class Follow { WhenAsked, AsSet };
+  Follow follow = Follow::WhenAsked;
 };
 
 // The schedule board: calendar, hours and commands beside three stacked views of the same estimates. Puts its parts
@@ -39,8 +43,10 @@ class frmMain : public ui::Form {
   ui::MonthView MonthView1{*this, "MonthView1"};
   ui::Timer CalendarTimer{*this, "CalendarTimer"};
   ui::Timer DoubtTimer{*this, "DoubtTimer"};
+  ui::Timer FollowTimer{*this, "FollowTimer"};
   HoursPane hours{*this};
   CommandPane commands{*this};
+  ui::Label lblFollowed{*this, "lblFollowed"};
   WeekPane week{*this};
   DayPane day{*this};
   DetailPane detail;
@@ -49,6 +55,7 @@ class frmMain : public ui::Form {
   void LoadWeek(DaySerial date) { board_.LoadWeek(date); }
   // Conversions that ended in the middle, by the names of their journals: the person finishes or undoes them.
   void SettleHalfDone(const std::vector<std::string>& journals);
+  void Run(const std::function<void()>& event) override;
 
  private:
   void OnLoad() override;
@@ -59,14 +66,19 @@ class frmMain : public ui::Form {
   bool StartSecondCopy();
   void NameWindow();
   void FollowSystem();
+  bool IsFree() const;
+  void FollowOthers();
+  void SwitchFollowing();
   void RestoreSettings();
   void SaveSettings();
   void UnloadOtherForms();
   BoardParts Parts();
 
+  int events_ = 0;  // that run just now, one within the other
   BoardMenus menus_;
   Board board_{Parts()};
   DoubtfulFiles doubtfulFiles_{shop_, DoubtTimer};
+  Following following_{Parts(), board_, FollowTimer, lblFollowed, [this] { return IsFree(); }};
   CalendarKeys calendarKeys_{Parts(), board_, CalendarTimer};
   StatusByHand status_{Parts(), board_, menus_};
   Booking booking_;

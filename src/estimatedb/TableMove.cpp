@@ -16,7 +16,12 @@ namespace {
 constexpr std::size_t kRowsAtOnce = 500;
 
 // The database makes it again by itself.
-constexpr std::string_view kMadeAnew = "LaborDays";
+constexpr std::string_view kMadeAnew[] = {"LaborDays", "TrailFeed", "TrailCount"};
+
+bool IsMadeAnew(const std::string& table) {
+  return std::any_of(std::begin(kMadeAnew), std::end(kMadeAnew),
+                     [&](std::string_view name) { return EqualsIgnoringCase(table, name); });
+}
 
 [[noreturn]] void Refuse(const std::string& words) { throw DatabaseError(words, DatabaseErrorKind::Refused, 0, words); }
 
@@ -193,13 +198,13 @@ MovedTables MoveTables(OpenedTables& from, OpenedTables& to, const TellProgress&
   MakeLantosTables(*to.engine);
   const std::vector<std::string> here = from.tables->Tables();
   for (const std::string& table : here) {
-    if (EqualsIgnoringCase(table, kMadeAnew)) continue;
+    if (IsMadeAnew(table)) continue;
     if (!Contains(to.tables->Tables(), table)) MakeByItsCommands(*to.engine, table);
   }
   const std::vector<std::string> there = to.tables->Tables();
   MovedTables moved;
   for (const std::string& table : here) {
-    if (!Contains(there, table) && !EqualsIgnoringCase(table, kMadeAnew)) moved.leftBehind.push_back(FromUtf8(table));
+    if (!Contains(there, table) && !IsMadeAnew(table)) moved.leftBehind.push_back(FromUtf8(table));
   }
   // By the names that a file spells.
   for (const std::string& table : to.engine->IsFar() ? here : there) {

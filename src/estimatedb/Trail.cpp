@@ -129,24 +129,11 @@ void NoteSource(TrailEntry& entry, const Value& source) {
   entry.after.front().columns.emplace_back(kCopiedFrom, source);
 }
 
-TrailEntry EntryOf(const Recordset& row) {
-  TrailEntry entry;
-  entry.number = row.Long("TrailNumber");
-  entry.at = MomentOf(row.Text("ChangedAt"));
-  entry.author = {row.Text("Workstation"), row.Text("UserName")};
-  entry.command = row.Text("Command");
-  entry.estimate = row.Long(kEstimateNumber);
-  entry.before = TrailRows(row.Text("RowsBefore"));
-  entry.after = TrailRows(row.Text("RowsAfter"));
-  entry.undoes = row.Long("Undoes");
-  return entry;
-}
-
 std::vector<TrailEntry> Read(de& database, std::string_view command, const std::vector<Value>& values) {
   std::vector<TrailEntry> entries;
   try {
     Recordset rows = database.Connection().Run(Statement(command), values);
-    for (; !rows.Eof(); rows.MoveNext()) entries.push_back(EntryOf(rows));
+    for (; !rows.Eof(); rows.MoveNext()) entries.push_back(TrailEntryOf(rows));
   } catch (const DatabaseError& error) {
     if (error.Kind() != DatabaseErrorKind::NotThere) throw;
   }
@@ -282,6 +269,19 @@ void Trail::Write(TrailEntry entry) {
     MakeTable();
     add();
   }
+}
+
+TrailEntry TrailEntryOf(const Recordset& row) {
+  TrailEntry entry;
+  entry.number = row.Long("TrailNumber");
+  entry.at = MomentOf(row.Text("ChangedAt"));
+  entry.author = {row.Text("Workstation"), row.Text("UserName")};
+  entry.command = row.Text("Command");
+  entry.estimate = row.Long(kEstimateNumber);
+  entry.before = TrailRows(row.Text("RowsBefore"));
+  entry.after = TrailRows(row.Text("RowsAfter"));
+  entry.undoes = row.Long("Undoes");
+  return entry;
 }
 
 std::vector<TrailEntry> TrailOfEstimate(de& database, std::int32_t estimate) {

@@ -86,6 +86,8 @@ class Trail {
   std::int32_t undoes_ = 0;
 };
 
+// A row of the table Trail, the recordset's current one.
+TrailEntry TrailEntryOf(const Recordset& row);
 // The newest first. A database without a trail has none. Throws DatabaseError.
 std::vector<TrailEntry> TrailOfEstimate(de& database, std::int32_t estimate);
 std::vector<TrailEntry> TrailOfDay(de& database, DaySerial day);

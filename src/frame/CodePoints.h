@@ -17,4 +17,7 @@ void AppendUtf8(std::string& text, char32_t point);
 std::optional<char> InPage(char32_t point);
 char32_t OfPage(char c);
 
+// Such a text is the same in UTF-8 and in the page.
+bool IsAscii(std::string_view text);
+
 }  // namespace lantos

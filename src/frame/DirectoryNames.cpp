@@ -8,6 +8,7 @@
 #include <ctime>
 #include <memory>
 
+#include "frame/CodePoints.h"
 #include "frame/FileError.h"
 #include "frame/Text.h"
 
@@ -28,10 +29,6 @@ std::int64_t KernelNow() {
   timespec now = {};
   ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
   return Nanoseconds(now);
-}
-
-bool IsAscii(std::string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
 // Names lie as UTF-8 on the disk. One that the ANSI page can't hold stays as it lies there.

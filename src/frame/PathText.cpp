@@ -106,6 +106,7 @@ std::string WithReadableEscapes(std::string_view text) {
 }
 
 std::string ToUtf8(std::string_view ansi) {
+  if (IsAscii(ansi)) return std::string(ansi);
   std::string result;
   result.reserve(ansi.size());
   for (std::size_t position = 0; position < ansi.size();) {

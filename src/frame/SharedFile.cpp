@@ -78,7 +78,7 @@ off_t RandomSlot(const Claim& claim) {
 SharedFile::SharedFile(const std::filesystem::path& path, Access access, Deny deny, Absent absent) : SharedFile() {
   path_ = path;
   access_ = access;
-  alone_ = deny == Deny::All;
+  alone_ = deny == Deny::All || (deny == Deny::Write && access != Access::Read);
   const Claim claim = ClaimOf(access, deny);
   for (int i = 0; i < kReplacedTries; ++i) {
     descriptor_ = OpenDescriptor(path_, FlagsOf(access, deny), absent);

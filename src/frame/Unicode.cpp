@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -64,7 +65,12 @@ void AppendUtf8(std::string& text, char32_t point) {
   follow(0);
 }
 
+bool IsAscii(std::string_view text) {
+  return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+}
+
 std::string FromUtf8(std::string_view utf8) {
+  if (IsAscii(utf8)) return std::string(utf8);
   std::string result;
   result.reserve(utf8.size());
   for (std::size_t position = 0; position < utf8.size();) {

@@ -78,6 +78,8 @@ StartAndStop Program::State::Steps() {
   };
   steps.sendWaitingChanges = [this] { inventoryList.FinishUpdates(); };
   steps.deleteUpdateFileAndCloseLog = [this] { DeleteUpdateFileAndCloseLog(); };
+  steps.follow =
+      invocation.follow == Invocation::Follow::AsSet ? StartAndStop::Follow::AsSet : StartAndStop::Follow::WhenAsked;
   return steps;
 }
 

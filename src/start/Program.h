@@ -18,6 +18,9 @@ struct Invocation {
   // How long a lock that another copy holds on the database is waited for.
   std::chrono::milliseconds busyTimeout = kBusyTimeout;
   std::string userName = {};  // at the operating system, for the trail; empty when there is none
+  // Whether the board shows by itself what others change: as the person has set it, or not before it is asked to.
+  enum class Follow { WhenAsked, AsSet };
+  Follow follow = Follow::WhenAsked;
 };
 
 // One running copy: builds the modules, brings the main window up, serves the person, and goes down in order. Two can

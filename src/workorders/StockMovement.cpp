@@ -2,6 +2,7 @@
 
 #include "records/GivenUp.h"
 #include "records/inventory/Inventory.h"
+#include "records/inventory/TagPlaces.h"
 
 namespace lantos {
 
@@ -25,6 +26,16 @@ StockMovement::StockMovement(Environment& environment, ui::Desktop& desktop, Rec
       beforehand_(std::move(beforehand)),
       names_(LoadedFiles(environment, records.inventory)),
       turns_(environment.files.PathOf(kInventoryTagFile), environment.clock) {}
+
+void StockMovement::Foresee(const std::vector<std::string>& numbers) {
+  std::vector<Inventory::PartIndex> parts;
+  for (const std::string& number : numbers) {
+    if (const Inventory::PartIndex index = inventory_.FindPart(number); index != Inventory::kNoPart) {
+      parts.push_back(index);
+    }
+  }
+  TagPlaces(environment_, desktop_, inventory_).FindWhereFree(std::move(parts));
+}
 
 std::optional<std::int16_t> StockMovement::TakeOut(const Taken& part, const Workorder& order) {
   // Other copies that take from stock wait from the reading to the writing: the stock falls by all of them.

@@ -30,6 +30,9 @@ class StockMovement {
   StockMovement(Environment& environment, ui::Desktop& desktop, Records& records,
                 std::function<void(std::string step)> onDone, Beforehand beforehand = {});
 
+  // Seeks the parts of these numbers in the tag file in one walk; sought one by one, each would cost a walk of its own.
+  void Foresee(const std::vector<std::string>& numbers);
+
   struct Taken {
     std::string number;  // trimmed
     std::int16_t quantity = 0;

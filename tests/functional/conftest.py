@@ -31,6 +31,11 @@ def desktop(request):
 def pytest_addoption(parser):
     parser.addoption("--database", choices=("file", "server"), default="file",
                      help="where the estimates of each shop lie")
+    parser.addoption("--live", action="store_true", help="all boards follow what others change")
+
+
+def pytest_configure(config):
+    Starter.live = config.getoption("--live")
 
 
 @pytest.fixture(scope="session")
@@ -67,6 +72,8 @@ def shop(request, tmp_path):
 class Starter:
     """Starts copies of the program, and sees that none outlives its test or leaves something unsaid."""
 
+    live = False  # whether their boards follow what others change, where a test doesn't say
+
     def __init__(self, home, desktop):
         self.home = home
         self.desktop = desktop
@@ -76,6 +83,7 @@ class Starter:
         if shop is not None:
             options.setdefault("arguments", (data_option(shop.directory),))
         options.setdefault("desktop", self.desktop)
+        options.setdefault("live", self.live)
         options.setdefault("name", f"copy{len(self.running) + 1}")
         copy = Lantos(options.pop("home", self.home), **options)
         self.running.append(copy)

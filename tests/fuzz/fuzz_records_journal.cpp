@@ -16,7 +16,8 @@ void Look(QuietShop& shop, std::string_view bytes) {
   shop.Put(kJournal, bytes);
   shop.Put("TQCSTTAG.DAT", "tag-2");
   shop.Put("TQCSTDAT.DAT", "master-1");
-  const std::string system = shop.Content("TQSYSTEM.DAT");
+  const std::string system = "counters";
+  shop.Put("TQSYSTEM.DAT", system);
   SettleRecords(shop.environment, shop.desktop, {std::string(kJournal)});
   Require(shop.Content("TQSYSTEM.DAT") == system);
   const WrittenAhead ahead = ReadWriteAhead(bytes);

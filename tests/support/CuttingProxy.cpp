@@ -70,7 +70,10 @@ void CuttingProxy::Forward(int client) {
   std::array<pollfd, 2> ends{pollfd{client, POLLIN, 0}, pollfd{server, POLLIN, 0}};
   bool isWhole = server >= 0;
   while (isWhole && !isEnding_) {
+    const bool isSilent = isSilent_;
+    for (pollfd& end : ends) end.events = isSilent ? 0 : POLLIN;
     if (::poll(ends.data(), ends.size(), kLookEvery) <= 0) continue;
+    if (isSilent) break;  // somebody has hung up
     if (ends[0].revents != 0) isWhole = Pass(client, server);
     if (isWhole && ends[1].revents != 0) isWhole = Pass(server, client);
   }

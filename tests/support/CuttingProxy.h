@@ -19,6 +19,9 @@ class CuttingProxy {
   // From here on; the line is cut once.
   void CutBehind(std::int64_t bytes) { left_ = bytes; }
   void CutNoMore() { left_ = kWhole; }
+  // The line stands, and nothing comes through it.
+  void FallSilent() { isSilent_ = true; }
+  void SpeakAgain() { isSilent_ = false; }
   // Since the last time that somebody asked.
   std::int64_t TakePassed() { return passed_.exchange(0); }
   const std::string& Directory() const { return directory_; }
@@ -35,6 +38,7 @@ class CuttingProxy {
   int listener_ = -1;
   std::atomic<std::int64_t> left_ = kWhole;
   std::atomic<std::int64_t> passed_ = 0;
+  std::atomic<bool> isSilent_ = false;
   std::atomic<bool> isEnding_ = false;
   std::thread thread_;
 };

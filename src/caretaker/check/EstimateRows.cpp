@@ -1,6 +1,7 @@
 #include "caretaker/check/EstimateRows.h"
 
 #include <algorithm>
+#include <charconv>
 #include <map>
 #include <set>
 
@@ -16,7 +17,12 @@ namespace {
 std::int64_t NumberIn(const Cell& cell, std::int64_t whenNone) {
   if (const auto* whole = std::get_if<std::int64_t>(&cell)) return *whole;
   if (const auto* number = std::get_if<double>(&cell)) return static_cast<std::int64_t>(*number);
-  return whenNone;
+  // A server gives all as text.
+  std::int64_t value = whenNone;
+  if (const auto* text = std::get_if<std::string>(&cell)) {
+    std::from_chars(text->data(), text->data() + text->size(), value);
+  }
+  return value;
 }
 
 bool IsAscii(std::string_view text) {
@@ -56,7 +62,11 @@ class Reading {
     const auto number = placeOf("EstimateNumber"), customer = placeOf("CustomerNumber"),
                vehicle = placeOf("VehicleLink");
     const auto end = static_cast<std::ptrdiff_t>(names.size());
-    const auto rows = opened_.tables->Read(table, names, opened_.tables->KeyOf(table));
+    // On a server a table may be there that the program didn't make, with nothing to tell its rows apart by.
+    std::vector<std::string> order;
+    if (opened_.engine->IsFar()) order = opened_.tables->KeyOf(table);
+    const bool isKeyless = opened_.engine->IsFar() && order.empty();
+    const auto rows = opened_.tables->Read(table, names, isKeyless ? names : order);
     for (CellRow row; rows->Next(row);) {
       LookAtCells(table, row);
       if (number == end) continue;

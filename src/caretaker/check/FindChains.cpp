@@ -33,6 +33,8 @@ class Chains {
   // From a head on, under the name of whose it is: "customer 000007".
   void Walk(LinkPlace place, FileLink link, const std::function<std::string()>& whose, const Owner& owner) {
     ++chain_;
+    // A head that was never set, in a shop whose file of the chains is empty.
+    if (link == 0 && rows_.empty()) return;
     while (link != kNoLink) {
       std::size_t index = 0;
       if (!LeadsTo<RecordType>(link, rows_, index)) {

@@ -1,6 +1,7 @@
 #include "caretaker/check/FlatFiles.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace lantos {
 
@@ -37,11 +38,11 @@ std::uint64_t FlatFiles::Length(std::string_view name) {
 // It may grow or shrink meanwhile: what is there at the last reading counts.
 FlatFiles::Content FlatFiles::ReadAll(std::string_view name) {
   Content content(Length(name));
-  for (std::size_t done = 0; done < content.size();) {
-    const std::size_t wanted = std::min(kBlock, content.size() - done);
-    const std::size_t got = ReadBlock(name, done, std::span(content).subspan(done, wanted));
+  for (std::size_t done = 0; done < content.size;) {
+    const std::size_t wanted = std::min(kBlock, content.size - done);
+    const std::size_t got = ReadBlock(name, done, content.Part(done, wanted));
     done += got;
-    if (got < wanted) content.resize(done);
+    if (got < wanted) content.size = done;
   }
   return content;
 }
@@ -49,21 +50,22 @@ FlatFiles::Content FlatFiles::ReadAll(std::string_view name) {
 FlatFiles::Bytes FlatFiles::Read(std::string_view name) {
   auto found = read_.find(name);
   if (found == read_.end()) found = read_.emplace(name, ReadAll(name)).first;
-  return found->second;
+  return found->second.Part(0, found->second.size);
 }
 
 void FlatFiles::ReadThrough(std::string_view name, std::size_t overlap, const Look& look) {
   const std::uint64_t length = Length(name);
-  Content block(kBlock + overlap);
+  const std::size_t unit = std::min<std::uint64_t>(kBlock, length);
+  const Content block(unit + overlap);
   std::size_t kept = 0;
   for (std::uint64_t offset = 0; offset < length;) {
-    const std::size_t got = ReadBlock(name, offset, std::span(block).subspan(kept, kBlock));
+    const std::size_t got = ReadBlock(name, offset, block.Part(kept, unit));
     if (got == 0) return;
-    const std::string_view text(reinterpret_cast<const char*>(block.data()), kept + got);
+    const std::string_view text(reinterpret_cast<const char*>(block.bytes.get()), kept + got);
     look(offset - kept, text);
     offset += got;
     kept = std::min(overlap, text.size());
-    std::copy(text.end() - static_cast<std::ptrdiff_t>(kept), text.end(), reinterpret_cast<char*>(block.data()));
+    std::memmove(block.bytes.get(), text.data() + text.size() - kept, kept);
   }
 }
 

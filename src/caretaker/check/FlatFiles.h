@@ -2,14 +2,13 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "frame/FileIO.h"
 #include "frame/SharedFile.h"
-#include "records/RecordArray.h"
 
 namespace lantos {
 
@@ -47,7 +46,13 @@ class FlatFiles {
   void Flush();
 
  private:
-  using Content = std::vector<std::byte, UnfilledAllocator<std::byte>>;
+  // As the memory is until a file is read into it.
+  struct Content {
+    explicit Content(std::size_t length) : bytes(new std::byte[length]), size(length) {}
+    std::span<std::byte> Part(std::size_t offset, std::size_t count) const { return {bytes.get() + offset, count}; }
+    std::unique_ptr<std::byte[]> bytes;
+    std::size_t size = 0;
+  };
   std::size_t ReadBlock(std::string_view name, std::uint64_t offset, std::span<std::byte> into);
   std::uint64_t Length(std::string_view name);
   Content ReadAll(std::string_view name);

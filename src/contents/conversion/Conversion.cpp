@@ -271,8 +271,7 @@ bool Conversion::HasItsVehicleStill() {
 void Conversion::TakeNumber() {
   Environment& environment = bench_.shop.environment;
   WorkorderNumbers numbers(environment, bench_.shop.desktop);
-  // Whoever copies the shop's files lets none begin for a moment; without a turn it begins all the same.
-  const LoneTurn turn(environment.files.PathOf(kSystemFile), environment.clock);
+  const LoneTurn turn(environment.files.PathOf(kSystemFile), environment.clock);  // a backup lets none begin
   // Nobody else takes a number meanwhile: the second of two that convert the estimate finds the first one's journal.
   const auto begin = [&](std::int32_t number) {
     if (ownJournal_) ownJournal_->Remove();
@@ -299,6 +298,7 @@ void Conversion::TakeParts(const Workorders::FilesWritten& written) {
                       {.part = [this](const JournaledPart& part) { journal_->WillMove(part); },
                        .stock = [this](const std::string& part, FileLink usage) { journal_->HasNoted(part, usage); }});
   const bool isSold = written.text && !isAsBegun_;  // whatever the lines are by now
+  if (!isSold) stock.Foresee(PartNumbers(rows_->Parts()));
   for (Recordset rows = rows_->Parts(); !rows.Eof(); rows.MoveNext()) {
     const PartLine part = ReadPartLine(rows);
     const WoPartLine line = filling_.TakePart(RowOf(part));

@@ -17,6 +17,12 @@ PartLine ReadPartLine(const Recordset& row) {
   return part;
 }
 
+std::vector<std::string> PartNumbers(Recordset rows) {
+  std::vector<std::string> numbers;
+  for (; !rows.Eof(); rows.MoveNext()) numbers.push_back(ReadPartLine(rows).partNumber);
+  return numbers;
+}
+
 de::Part RowOf(const PartLine& part) {
   return {part.partNumber, part.description, part.quantity, part.price, part.total, part.cost, part.list};
 }

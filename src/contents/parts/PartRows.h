@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "contents/ListedLine.h"
 #include "contents/PartLine.h"
@@ -11,6 +12,8 @@ namespace lantos {
 
 // A row of Parts; what is null there is 0.
 PartLine ReadPartLine(const Recordset& row);
+// Of all rows, from the current one on.
+std::vector<std::string> PartNumbers(Recordset rows);
 de::Part RowOf(const PartLine& part);
 // All of a row but its number.
 LineValues ValuesOf(const PartLine& part);

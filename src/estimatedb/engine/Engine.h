@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "estimatedb/engine/ChangeWatch.h"
 #include "estimatedb/engine/DatabaseError.h"
 #include "estimatedb/engine/Recordset.h"
 
@@ -65,6 +67,11 @@ class Engine {
   virtual void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) {
     static_cast<void>(questions);
     work();
+  }
+  // Follows from here on what others change. The engine outlives it. Null where that can't be.
+  virtual std::unique_ptr<ChangeWatch> Watch(const WatchTimes& times) {
+    static_cast<void>(times);
+    return nullptr;
   }
 };
 

@@ -15,8 +15,10 @@ std::vector<PostgresRequest> PostgresEngine::RequestsFor(const std::vector<Quest
 
 void PostgresEngine::Keep(const std::vector<Question>& questions, const std::vector<PostgresResult>& results,
                           std::size_t from) {
+  std::unordered_map<std::string_view, AnswersOfOne> answers;
   for (std::size_t i = 0; i < questions.size(); ++i) {
-    foreseen_.Keep(questions[i].statement, questions[i].values, RowsOf(*results[from + i]));
+    const Question& question = questions[i];
+    foreseen_.Keep(question.statement, question.values, answers[question.statement].RowsOf(*results[from + i]));
   }
 }
 

@@ -60,6 +60,9 @@ std::string KeyOf(const PostgresRequest& request) {
   return key;
 }
 
+// The server may begin while the rest is being put together.
+constexpr std::size_t kSentAtOnce = 32;
+
 // What a connection is asked for; of one keyword the later one counts.
 struct Wishes {
   std::vector<const char*> keywords;
@@ -74,7 +77,7 @@ struct Wishes {
 }  // namespace
 
 void ClearPostgresResult::operator()(pg_result* result) const { Pq().clear(result); }
-void PostgresConnection::Finish::operator()(pg_conn* connection) const { Pq().finish(connection); }
+void FinishPostgresConnection::operator()(pg_conn* connection) const { Pq().finish(connection); }
 
 PostgresConnection::PostgresConnection(const std::string& server, std::chrono::milliseconds patience) {
   Connect(server, patience);
@@ -87,7 +90,7 @@ PostgresConnection::~PostgresConnection() = default;
 
 // Of the keywords the later ones count: those in front of the connection string give way to it. A line that is dead
 // without saying so is found out within half a minute.
-void PostgresConnection::Connect(const std::string& server, std::chrono::milliseconds patience) {
+PostgresLink BeginConnecting(const std::string& server) {
   Wishes wishes;
   wishes.Add("fallback_application_name", "lantos");
   wishes.Add("keepalives_idle", "10");
@@ -97,9 +100,14 @@ void PostgresConnection::Connect(const std::string& server, std::chrono::millise
   wishes.Add("dbname", server.c_str());
   wishes.Add("client_encoding", "UTF8");
   wishes.Add(nullptr, nullptr);
-  connection_.reset(Pq().connectStartParams(wishes.keywords.data(), wishes.values.data(), 1));
+  PostgresLink link(Pq().connectStartParams(wishes.keywords.data(), wishes.values.data(), 1));
+  if (!link) throw PostgresFailure("out of memory", "", PostgresFailure::Link::Lost);
+  return link;
+}
+
+void PostgresConnection::Connect(const std::string& server, std::chrono::milliseconds patience) {
+  connection_ = BeginConnecting(server);
   PGconn* const connection = connection_.get();
-  if (connection == nullptr) throw PostgresFailure("out of memory", "", PostgresFailure::Link::Lost);
   Pq().setErrorVerbosity(connection, PQERRORS_VERBOSE);
   const auto end = Patience::now() + patience;
   PostgresPollingStatusType status =
@@ -159,14 +167,19 @@ std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<Postg
   ++exchanges_;
   std::vector<Plan> plans;
   std::unordered_map<std::string, std::string> sentAlong;
+  const PostgresRequest* before = nullptr;
   for (const PostgresRequest& request : requests) {
-    Plan plan = PlanOf(request);
+    const bool isAsBefore = before != nullptr && request.use == before->use && request.text == before->text &&
+                            request.types == before->types;
+    before = &request;
+    Plan plan = isAsBefore ? Plan{plans.back().name} : PlanOf(request);
     if (plan.isNew) {
       const auto [known, isFirst] = sentAlong.try_emplace(KeyOf(request), plan.name);
       plan = {known->second, isFirst};
     }
     Send(request, plan);
     plans.push_back(std::move(plan));
+    if (plans.size() % kSentAtOnce == 0) Flush();
   }
   if (Pq().pipelineSync(connection_.get()) != 1) ThrowLost();
   Flush();

@@ -50,10 +50,19 @@ struct ClearPostgresResult {
 };
 using PostgresResult = std::unique_ptr<pg_result, ClearPostgresResult>;
 
+struct FinishPostgresConnection {
+  void operator()(pg_conn* connection) const;
+};
+using PostgresLink = std::unique_ptr<pg_conn, FinishPostgresConnection>;
+
+// Begins to connect, without waiting. Server is a connection string; the program's own wishes give way to what stands
+// in it. Throws PostgresFailure.
+PostgresLink BeginConnecting(const std::string& server);
+
 // One connection. Everything here throws PostgresFailure.
 class PostgresConnection {
  public:
-  // Server is a connection string; the program's own wishes give way to what stands in it.
+  // Server as in BeginConnecting.
   PostgresConnection(const std::string& server, std::chrono::milliseconds patience);
   ~PostgresConnection();
   PostgresConnection(const PostgresConnection&) = delete;
@@ -82,10 +91,7 @@ class PostgresConnection {
   void Flush();
   [[noreturn]] void ThrowLost() const;
 
-  struct Finish {
-    void operator()(pg_conn* connection) const;
-  };
-  std::unique_ptr<pg_conn, Finish> connection_;
+  PostgresLink connection_;
   std::unordered_map<std::string, std::string> plans_;  // names by what they are of
   mutable std::size_t plansNamed_ = 0;
   std::size_t exchanges_ = 0;

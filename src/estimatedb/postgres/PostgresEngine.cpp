@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <random>
 #include <utility>
 
 #include "estimatedb/engine/SqlWords.h"
@@ -13,6 +14,7 @@
 #include "estimatedb/postgres/PostgresValues.h"
 #include "estimatedb/postgres/ServerLibrary.h"
 #include "estimatedb/postgres/ServerSession.h"
+#include "estimatedb/postgres/ServerWatch.h"
 #include "frame/Dates.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
@@ -32,17 +34,22 @@ const PostgresRequest kBeginPart{"SAVEPOINT lantos_part"};
 const PostgresRequest kEndPart{"RELEASE SAVEPOINT lantos_part"};
 const PostgresRequest kUndoPart{"ROLLBACK TO SAVEPOINT lantos_part"};
 
+std::string NewCopyName() {
+  std::random_device random;
+  return fmt::format("{:08x}{:08x}", random(), random());
+}
+
 }  // namespace
 
 PostgresEngine::PostgresEngine(ServerPlace place, const Clock& clock, std::chrono::milliseconds busyTimeout)
-    : place_(std::move(place)), clock_(clock), busyTimeout_(busyTimeout) {
+    : place_(std::move(place)), clock_(clock), busyTimeout_(busyTimeout), copy_(NewCopyName()) {
   Connect();
 }
 
 void PostgresEngine::Connect() {
   Drop();
   const DaySerial today = clock_.Today();
-  ServerSession session = OpenSession(place_, today, busyTimeout_);
+  ServerSession session = OpenSession(place_, today, busyTimeout_, copy_);
   connection_ = std::move(session.connection);
   keys_ = std::move(session.keys);
   statements_.clear();
@@ -83,6 +90,10 @@ void PostgresEngine::Post(std::string_view statement, const std::vector<Value>& 
   foreseen_.Forget();
   posted_.push_back({std::string(statement), parameters, pending_.size()});
   Append(pending_, RequestsOf(turned->texts, parameters, PostgresRequest::Use::Once));
+}
+
+std::unique_ptr<ChangeWatch> PostgresEngine::Watch(const WatchTimes& times) {
+  return std::make_unique<ServerWatch>(place_, copy_, times);
 }
 
 std::vector<PostgresResult> PostgresEngine::AskPlainly(const std::vector<PostgresRequest>& requests) {

@@ -40,6 +40,7 @@ class PostgresEngine : public Engine {
   bool IsFar() const override { return true; }
   void Foresee(const std::vector<Question>& questions) override;
   void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) override;
+  std::unique_ptr<ChangeWatch> Watch(const WatchTimes& times) override;
 
   // Within Together, in the server's own words; one round trip.
   std::vector<PostgresResult> AskPlainly(const std::vector<PostgresRequest>& requests);
@@ -106,6 +107,7 @@ class PostgresEngine : public Engine {
   ServerPlace place_;
   const Clock& clock_;
   std::chrono::milliseconds busyTimeout_;
+  std::string copy_;  // by which others' changes are told from what comes from here
   std::unique_ptr<PostgresConnection> connection_;
   std::size_t roundTripsBefore_ = 0;  // of earlier connections
   std::unordered_map<std::string, Statement, TextHash, std::equal_to<>> statements_;

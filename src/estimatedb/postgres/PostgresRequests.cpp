@@ -1,5 +1,7 @@
 #include "estimatedb/postgres/PostgresRequests.h"
 
+#include <iterator>
+
 #include "estimatedb/postgres/PostgresValues.h"
 #include "frame/Text.h"
 
@@ -14,8 +16,8 @@ std::vector<PostgresRequest> RequestsOf(const std::vector<std::string>& texts, c
   return requests;
 }
 
-void Append(std::vector<PostgresRequest>& all, const std::vector<PostgresRequest>& more) {
-  all.insert(all.end(), more.begin(), more.end());
+void Append(std::vector<PostgresRequest>& all, std::vector<PostgresRequest> more) {
+  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
 
 }  // namespace lantos

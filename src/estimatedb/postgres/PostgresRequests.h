@@ -17,6 +17,6 @@ inline constexpr std::string_view kBeginReading = "BEGIN ISOLATION LEVEL REPEATA
 std::vector<PostgresRequest> RequestsOf(const std::vector<std::string>& texts, const std::vector<Value>& parameters,
                                         PostgresRequest::Use often = PostgresRequest::Use::Planned);
 
-void Append(std::vector<PostgresRequest>& all, const std::vector<PostgresRequest>& more);
+void Append(std::vector<PostgresRequest>& all, std::vector<PostgresRequest> more);
 
 }  // namespace lantos

@@ -7,34 +7,42 @@
 
 namespace lantos {
 
-Recordset RowsOf(const pg_result& result) {
+Recordset RowsOf(const pg_result& result) { return AnswersOfOne().RowsOf(result); }
+
+Recordset AnswersOfOne::RowsOf(const pg_result& result) {
   const int fields = Pq().nfields(&result);
   if (fields == 0) return {};
-  std::vector<int> shown;
-  std::vector<std::string> names;
-  std::vector<ColumnType> types;
-  for (int i = 0; i < fields; ++i) {
-    if (Pq().fname(&result, i) == kRowNumberColumn) continue;
-    shown.push_back(i);
-    names.push_back(FromUtf8(Pq().fname(&result, i)));
-    types.push_back(ColumnTypeOf(Pq().ftype(&result, i)));
-  }
+  if (!columns_) LookAtColumns(result, fields);
   const int count = Pq().ntuples(&result);
   std::vector<Value> cells;
-  cells.reserve(static_cast<std::size_t>(count) * shown.size());
+  cells.reserve(static_cast<std::size_t>(count) * shown_.size());
   for (int row = 0; row < count; ++row) {
-    for (const int field : shown) {
+    for (std::size_t i = 0; i < shown_.size(); ++i) {
+      const int field = shown_[i];
       if (Pq().getisnull(&result, row, field) != 0) {
         cells.emplace_back();
         continue;
       }
       const auto length = static_cast<std::size_t>(Pq().getlength(&result, row, field));
-      cells.push_back(ValueOf(Pq().ftype(&result, field), {Pq().getvalue(&result, row, field), length}));
+      cells.push_back(ValueOf(types_[i], {Pq().getvalue(&result, row, field), length}));
     }
   }
   Recordset rows;
-  rows.Open(std::make_shared<const ColumnList>(std::move(names), std::move(types)), std::move(cells));
+  rows.Open(columns_, std::move(cells));
   return rows;
+}
+
+void AnswersOfOne::LookAtColumns(const pg_result& result, int fields) {
+  std::vector<std::string> names;
+  std::vector<ColumnType> types;
+  for (int i = 0; i < fields; ++i) {
+    if (Pq().fname(&result, i) == kRowNumberColumn) continue;
+    shown_.push_back(i);
+    types_.push_back(Pq().ftype(&result, i));
+    names.push_back(FromUtf8(Pq().fname(&result, i)));
+    types.push_back(ColumnTypeOf(types_.back()));
+  }
+  columns_ = std::make_shared<const ColumnList>(std::move(names), std::move(types));
 }
 
 }  // namespace lantos

@@ -28,21 +28,28 @@ void Take(void* library, const char* name, Function& function) {
   if (function == nullptr) Refuse(::dlerror());
 }
 
-ServerLibrary Load() {
-  void* const library = ::dlopen(kName, RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) Refuse(::dlerror());
-  ServerLibrary calls{};
-  Take(library, "PQclear", calls.clear);
-  Take(library, "PQcmdStatus", calls.cmdStatus);
+// The connection as such.
+void TakeConnecting(void* library, ServerLibrary& calls) {
   Take(library, "PQconnectPoll", calls.connectPoll);
   Take(library, "PQconnectStartParams", calls.connectStartParams);
   Take(library, "PQconnectionNeedsPassword", calls.connectionNeedsPassword);
   Take(library, "PQconninfoFree", calls.conninfoFree);
   Take(library, "PQconninfoParse", calls.conninfoParse);
-  Take(library, "PQconsumeInput", calls.consumeInput);
   Take(library, "PQenterPipelineMode", calls.enterPipelineMode);
   Take(library, "PQerrorMessage", calls.errorMessage);
   Take(library, "PQfinish", calls.finish);
+  Take(library, "PQsetErrorVerbosity", calls.setErrorVerbosity);
+  Take(library, "PQsetNoticeReceiver", calls.setNoticeReceiver);
+  Take(library, "PQsetnonblocking", calls.setnonblocking);
+  Take(library, "PQsocket", calls.socket);
+  Take(library, "PQstatus", calls.status);
+}
+
+// What is asked over it.
+void TakeAsking(void* library, ServerLibrary& calls) {
+  Take(library, "PQclear", calls.clear);
+  Take(library, "PQcmdStatus", calls.cmdStatus);
+  Take(library, "PQconsumeInput", calls.consumeInput);
   Take(library, "PQflush", calls.flush);
   Take(library, "PQfname", calls.fname);
   Take(library, "PQfreemem", calls.freemem);
@@ -51,20 +58,26 @@ ServerLibrary Load() {
   Take(library, "PQgetisnull", calls.getisnull);
   Take(library, "PQgetlength", calls.getlength);
   Take(library, "PQgetvalue", calls.getvalue);
+  Take(library, "PQisBusy", calls.isBusy);
   Take(library, "PQnfields", calls.nfields);
+  Take(library, "PQnotifies", calls.notifies);
   Take(library, "PQntuples", calls.ntuples);
   Take(library, "PQpipelineSync", calls.pipelineSync);
   Take(library, "PQresultErrorField", calls.resultErrorField);
   Take(library, "PQresultErrorMessage", calls.resultErrorMessage);
   Take(library, "PQresultStatus", calls.resultStatus);
   Take(library, "PQsendPrepare", calls.sendPrepare);
+  Take(library, "PQsendQuery", calls.sendQuery);
   Take(library, "PQsendQueryParams", calls.sendQueryParams);
   Take(library, "PQsendQueryPrepared", calls.sendQueryPrepared);
-  Take(library, "PQsetErrorVerbosity", calls.setErrorVerbosity);
-  Take(library, "PQsetNoticeReceiver", calls.setNoticeReceiver);
-  Take(library, "PQsetnonblocking", calls.setnonblocking);
-  Take(library, "PQsocket", calls.socket);
-  Take(library, "PQstatus", calls.status);
+}
+
+ServerLibrary Load() {
+  void* const library = ::dlopen(kName, RTLD_NOW | RTLD_LOCAL);
+  if (library == nullptr) Refuse(::dlerror());
+  ServerLibrary calls{};
+  TakeConnecting(library, calls);
+  TakeAsking(library, calls);
   return calls;
 }
 

@@ -26,13 +26,16 @@ struct ServerLibrary {
   decltype(&PQgetisnull) getisnull;
   decltype(&PQgetlength) getlength;
   decltype(&PQgetvalue) getvalue;
+  decltype(&PQisBusy) isBusy;
   decltype(&PQnfields) nfields;
+  decltype(&PQnotifies) notifies;
   decltype(&PQntuples) ntuples;
   decltype(&PQpipelineSync) pipelineSync;
   decltype(&PQresultErrorField) resultErrorField;
   decltype(&PQresultErrorMessage) resultErrorMessage;
   decltype(&PQresultStatus) resultStatus;
   decltype(&PQsendPrepare) sendPrepare;
+  decltype(&PQsendQuery) sendQuery;
   decltype(&PQsendQueryParams) sendQueryParams;
   decltype(&PQsendQueryPrepared) sendQueryPrepared;
   decltype(&PQsetErrorVerbosity) setErrorVerbosity;

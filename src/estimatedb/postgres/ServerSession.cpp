@@ -28,7 +28,8 @@ constexpr std::string_view kSetUp =
     "pg_catalog.set_config('standard_conforming_strings', 'on', false), "
     "pg_catalog.set_config('default_transaction_isolation', 'read committed', false), "
     "pg_catalog.set_config('synchronous_commit', 'on', false), "
-    "pg_catalog.set_config('client_min_messages', 'warning', false)";
+    "pg_catalog.set_config('client_min_messages', 'warning', false), "
+    "pg_catalog.set_config('lantos.copy', $3, false)";
 
 constexpr unsigned kText = 25;  // the server's number of the type
 
@@ -78,13 +79,14 @@ std::unique_ptr<PostgresConnection> ConnectTo(const ServerPlace& place) {
   }
 }
 
-ServerSession OpenSession(const ServerPlace& place, DaySerial today, std::chrono::milliseconds lockTimeout) {
+ServerSession OpenSession(const ServerPlace& place, DaySerial today, std::chrono::milliseconds lockTimeout,
+                          const std::string& copy) {
   try {
     ServerSession session{ConnectTo(place), {}};
     const std::vector<PostgresResult> set = session.connection->Exchange(
         {{std::string(kSetUp),
-          {place.schema, fmt::format("{}ms", std::max<std::int64_t>(lockTimeout.count(), 1))},
-          {kText, kText}},
+          {place.schema, fmt::format("{}ms", std::max<std::int64_t>(lockTimeout.count(), 1)), copy},
+          {kText, kText, kText}},
          TellToday(today)});
     const std::string_view encoding = Pq().getvalue(set.front().get(), 0, 0);
     const std::string_view schema = Pq().getvalue(set.front().get(), 0, 1);

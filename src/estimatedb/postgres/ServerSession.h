@@ -22,7 +22,9 @@ struct ServerSession {
 
 // A connection that nothing is set up in. Both throw DatabaseError, whose words say which server and what can be done.
 std::unique_ptr<PostgresConnection> ConnectTo(const ServerPlace& place);
-ServerSession OpenSession(const ServerPlace& place, DaySerial today, std::chrono::milliseconds lockTimeout);
+// Copy is the name by which the changes of this connection are told from those of others.
+ServerSession OpenSession(const ServerPlace& place, DaySerial today, std::chrono::milliseconds lockTimeout,
+                          const std::string& copy);
 
 PostgresRequest TellToday(DaySerial today);
 

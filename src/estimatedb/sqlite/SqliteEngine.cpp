@@ -14,6 +14,7 @@
 #include "estimatedb/engine/SqlWords.h"
 #include "estimatedb/engine/StatementText.h"
 #include "estimatedb/sqlite/DatabaseFileKind.h"
+#include "estimatedb/sqlite/FileWatch.h"
 #include "estimatedb/sqlite/SqliteDialect.h"
 #include "frame/GuardedOpen.h"
 #include "frame/PathText.h"
@@ -126,13 +127,17 @@ void SqliteEngine::Configure() {
 Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>& parameters) {
   try {
     const auto known = statements_.find(statement);
-    if (known != statements_.end()) return known->second.Run(parameters);
-    if (const auto change = AsColumnChange(statement)) {
-      ChangeColumnType(*change);
-      return {};
+    if (known == statements_.end()) {
+      if (const auto change = AsColumnChange(statement)) {
+        ChangeColumnType(*change);
+        return {};
+      }
     }
-    return Prepared(statement).Run(parameters);
+    Recordset rows = (known != statements_.end() ? known->second : Prepared(statement)).Run(parameters);
+    if (!IsInTransaction()) ownTrailRows_.Commit();
+    return rows;
   } catch (const SQLite::Exception&) {
+    if (!IsInTransaction()) ownTrailRows_.Undo(0);
     Rethrow(statement, parameters);
   }
 }
@@ -184,10 +189,11 @@ void SqliteEngine::Apart(const std::function<void()>& work) {
   if (!IsInTransaction()) return Together(work);
   try {
     Execute("SAVEPOINT apart");
+    const std::size_t trailRowsBefore = ownTrailRows_.Pending();
     try {
       work();
     } catch (...) {
-      UndoApart();
+      UndoApart(trailRowsBefore);
       throw;
     }
     Execute("RELEASE apart");
@@ -197,7 +203,8 @@ void SqliteEngine::Apart(const std::function<void()>& work) {
 }
 
 // Called while what failed is on its way.
-void SqliteEngine::UndoApart() {
+void SqliteEngine::UndoApart(std::size_t trailRowsBefore) {
+  ownTrailRows_.Undo(trailRowsBefore);
   if (!IsInTransaction()) {
     allUndone_ = std::current_exception();
     return;
@@ -212,9 +219,16 @@ void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& w
   using Behavior = SQLite::TransactionBehavior;
   SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
   allUndone_ = nullptr;
+  ownTrailRows_.Undo(0);
   work();
   if (allUndone_) std::rethrow_exception(std::exchange(allUndone_, nullptr));
   transaction.commit();
+  ownTrailRows_.Commit();
+}
+
+std::unique_ptr<ChangeWatch> SqliteEngine::Watch(const WatchTimes&) {
+  ownTrailRows_.Follow(database_->getHandle());
+  return std::make_unique<FileWatch>(*this, ownTrailRows_, busyTimeout_);
 }
 
 bool SqliteEngine::IsInTransaction() const { return sqlite3_get_autocommit(database_->getHandle()) == 0; }

@@ -9,6 +9,7 @@
 
 #include "estimatedb/engine/Engine.h"
 #include "estimatedb/sqlite/ClockVfs.h"
+#include "estimatedb/sqlite/OwnTrailRows.h"
 #include "estimatedb/sqlite/SqliteDialect.h"
 #include "estimatedb/sqlite/SqliteStatement.h"
 
@@ -40,6 +41,7 @@ class SqliteEngine : public Engine {
   void Together(const std::function<void()>& work) override;
   void Apart(const std::function<void()>& work) override;
   void ReadTogether(const std::function<void()>& work) override;
+  std::unique_ptr<ChangeWatch> Watch(const WatchTimes& times) override;
 
   std::size_t StatementsPrepared() const { return statementsPrepared_; }
   // The file as the engine's own library has it, for work within Together that knows what it does.
@@ -56,7 +58,7 @@ class SqliteEngine : public Engine {
   void RefuseForeignFile();
   void InTransaction(Purpose purpose, const std::function<void()>& work);
   bool IsInTransaction() const;
-  void UndoApart();
+  void UndoApart(std::size_t trailRowsBefore);
   void Configure();
   SqliteStatement& Prepared(std::string_view statement);
   void ChangeColumnType(const ColumnChange& change);
@@ -69,6 +71,7 @@ class SqliteEngine : public Engine {
   std::unique_ptr<SQLite::Database> database_;
   std::unordered_map<std::string, SqliteStatement, TextHash, std::equal_to<>> statements_;
   std::size_t statementsPrepared_ = 0;
+  OwnTrailRows ownTrailRows_;
   std::exception_ptr allUndone_;  // why nothing of the running transaction is left
 };
 

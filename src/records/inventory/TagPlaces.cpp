@@ -22,26 +22,47 @@ void TagPlaces::Begin(const std::vector<Inventory::PartIndex>& wanted) {
   end_ = wanted.empty() ? 0 : environment_.files.Length(kInventoryTagFile);
 }
 
-template <class Look>
-void TagPlaces::LookAtBlock(Look look) {
+void TagPlaces::FindWhereFree(std::vector<Inventory::PartIndex> parts) {
+  std::erase_if(parts, [this](Inventory::PartIndex part) { return inventory_.Location(part) != kNoLink; });
+  std::sort(parts.begin(), parts.end());
+  parts.erase(std::unique(parts.begin(), parts.end()), parts.end());
+  try {
+    Begin(parts);
+    while (IsUnderWay()) {
+      ReadBlock();
+      NotePlaces();
+    }
+  } catch (const FileError& error) {
+    environment_.log.Write(error.what());
+  }
+  wanted_ = 0;
+}
+
+// Not among the numbered files: their closing is logged, and this is done for every block.
+void TagPlaces::ReadBlock() {
   const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(end_ / InventoryTag::kLength, kBlock));
+  const SharedFile file(environment_.files.PathOf(kInventoryTagFile), Access::Read, Deny::None);
   block_.resize(count);
+  ReadRecords(file, end_ - count * InventoryTag::kLength, std::span(block_));
   end_ -= count * InventoryTag::kLength;
-  const std::filesystem::path path = environment_.files.PathOf(kInventoryTagFile);
+}
+
+void TagPlaces::AskForBlock() {
   Contention contention(contention::kOpenInventory, desktop_, environment_, kInventoryTagFile);
-  const bool isRead = contention.Run([&] {
-    // Not among the numbered files: their closing is logged, and this is done for every block.
-    const SharedFile file(path, Access::Read, Deny::None);
-    ReadRecords(file, end_, std::span(block_));
-  });
-  if (!isRead) throw GivenUp(std::string(kInventoryTagFile) + " could not be read.");
-  for (std::size_t i = count; i-- > 0;) {
+  if (!contention.Run([this] { ReadBlock(); })) {
+    throw GivenUp(std::string(kInventoryTagFile) + " could not be read.");
+  }
+}
+
+template <class Look>
+void TagPlaces::LookAtBlock(Look look) const {
+  for (std::size_t i = block_.size(); i-- > 0;) {
     if (look(block_[i], LinkAtEnd(end_ + i * InventoryTag::kLength, kInventoryTagFile))) return;
   }
 }
 
 // Parts that nobody asked for are on the way: their places are noted too, which spares the next walk.
-void TagPlaces::Step() {
+void TagPlaces::NotePlaces() {
   LookAtBlock([this](const InventoryTag& tag, FileLink place) {
     const Inventory::PartIndex index = inventory_.FindPart(tag.View(inventorytag::StockNumber));
     if (index == Inventory::kNoPart || inventory_.Location(index) != kNoLink) return false;
@@ -52,11 +73,17 @@ void TagPlaces::Step() {
   });
 }
 
+void TagPlaces::Step() {
+  AskForBlock();
+  NotePlaces();
+}
+
 FileLink TagPlaces::FindByMaster(FileLink master) {
   FileLink found = kNoLink;
   wanted_ = 1;
   end_ = environment_.files.Length(kInventoryTagFile);
   while (IsUnderWay() && found == kNoLink) {
+    AskForBlock();
     LookAtBlock([&](const InventoryTag& tag, FileLink place) {
       if (tag.Get(inventorytag::Tag) == master) found = place;
       return found != kNoLink;

@@ -21,13 +21,20 @@ class TagPlaces {
   // Notes the places of the parts that this block has. As in every search from the end, of two tags of one number the
   // last counts.
   void Step();
+  // The whole walk at once, for those of these parts whose places aren't known; a part may stand here twice. A file
+  // that is held or can't be read leaves the rest unknown: the search for each asks about it.
+  void FindWhereFree(std::vector<Inventory::PartIndex> parts);
   // The place of the last tag that leads to this master; kNoLink when there is none.
   FileLink FindByMaster(FileLink master);
 
  private:
-  // From the last tag ahead of end_ backwards.
+  // Reads the block ahead of end_, which then is where that begins.
+  void ReadBlock();
+  // From the last tag of the block backwards, until look says that it has seen enough.
   template <class Look>
-  void LookAtBlock(Look look);
+  void LookAtBlock(Look look) const;
+  void AskForBlock();
+  void NotePlaces();
 
   Environment& environment_;
   ui::Desktop& desktop_;

@@ -115,6 +115,8 @@ void RowsPeer::ShowSelected(int row) {
     selection.clear();
     return;
   }
+  // A list that the person has scrolled away from the row stays where it is when other rows change.
+  if (index == view_.currentIndex() && selection.isRowSelected(row)) return;
   selection.setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   view_.scrollTo(index);
 }

@@ -28,6 +28,7 @@ MENUS = [
     ("mnuWOHistory", "WO &History"), ("mnuTechHours", "&Tech Hours"), ("mnuEstimateNotes", "Estimate N&otes"),
     ("mnuEstimateSublets", "Estimate S&ublets"), ("mnuEstimateWaste", "Estimate W&aste"),
     ("mnuEstimateChecklist", "Estimate Check&list"), ("mnuShowTrail", "Show Tra&il"),
+    ("mnuFollow", "Follow Other Wor&kstations"),
     ("mnuMaint", "&Maintenance"), ("mnuCustomer", "&Customers"), ("mnuMaintEmployees", "&Employees"),
     ("mnuMaintInventory", "&Inventory"), ("mnuMaintVendors", "&Vendors"), ("mnuRefresh", "&Refresh"),
     ("mnuRefreshCustomer", "&Customers"), ("mnuRefreshTotals", "&Totals"), ("mnuMaintSystemInfo", "&System"),

@@ -44,7 +44,7 @@ class Lantos:
     """Owns the process, its directories and the record of what was said."""
 
     def __init__(self, home, desktop="driver", now=MORNING, computer="BENCH1", arguments=(), cwd=None, runtime=None,
-                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None, user="beth"):
+                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None, user="beth", live=False):
         self.home = Path(home)
         self.settings = Path(settings or self.home / "settings")
         self.print_to = self.home / f"{name}-print"
@@ -66,6 +66,8 @@ class Lantos:
             command += ["--now", now]
         if busy_timeout is not None:
             command += ["--busy-timeout", str(busy_timeout)]
+        if live:
+            command += ["--live"]
         command += ["--", *[str(argument) for argument in arguments]]
         self._record.write(" ".join(command) + "\n")
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self._errors,

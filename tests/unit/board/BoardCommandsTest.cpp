@@ -58,7 +58,7 @@ TEST(BoardCommands, EveryButtonOfTheBoardStandsInTheTable) {
 TEST(BoardCommands, AMenuEntryIsItsButtonsClickAndGreyWithIt) {
   BoardBench bench;
   frmMain& board = bench.Start();
-  EXPECT_EQ(board.FindMenu("mnuCommand")->Items().size(), 14U);
+  EXPECT_EQ(board.FindMenu("mnuCommand")->Items().size(), 15U);
   for (const char* name : {"mnuFind", "mnuTechHours", "mnuWOHistory"}) EXPECT_TRUE(board.FindMenu(name)->Enabled());
   bench.desktop.WillAnswer(ui::Answer::Ok);
   board.FindMenu("mnuReschedule")->DoClick();

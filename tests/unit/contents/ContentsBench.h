@@ -62,7 +62,7 @@ struct ContentsBench : BoardShop {
 
   // From now on each statement and each edit of a recordset is told of before it is done; what the watch throws is its
   // failure.
-  void Watch(WatchedEngine::Watch watch) {
+  void Watch(WatchedEngine::Tells watch) {
     database.lantosData.Disconnect();
     database.lantosData.SetOpener([this, watch = std::move(watch)] {
       return std::make_unique<WatchedEngine>(

@@ -3,7 +3,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <thread>
+
 #include "DatabaseFixture.h"
+#include "estimatedb/ChangeFeed.h"
 #include "estimatedb/Trail.h"
 #include "support/FaultyCalls.h"
 #include "support/TestServer.h"
@@ -146,6 +149,23 @@ TEST_F(EstimateMoves, LeaveTheHoursOfTheTechniciansToBeMadeAnew) {
   db.Run("CreateLaborDays");
   database.lantosData.Disconnect();
   EXPECT_EQ(ToServer(Fresh()).moved.tables.size(), 9U);
+}
+
+TEST_F(EstimateMoves, LeaveWhatChangesAreFedFromToBeMadeAnew) {
+  Connect(database, environment);
+  db.KeepTrail(clock, {"FRONTDESK", "beth"});
+  db.SetStatus(3, 900);
+  database.lantosData.Disconnect();
+  ToServer(Fresh());
+  {
+    ChangeFeed feed(db);
+    for (int look = 0; look < 2000 && !feed.Ask().isAll; ++look)
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  database.lantosData.Disconnect();
+  const EstimateMove back = MoveToFile(environment.files, kUntold);
+  EXPECT_EQ(back.moved.tables.size(), 10U);
+  EXPECT_TRUE(back.moved.leftBehind.empty());
 }
 
 TEST_F(EstimateMoves, SayWhatTheyLeaveBehind) {

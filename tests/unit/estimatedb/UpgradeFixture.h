@@ -50,7 +50,7 @@ class Upgrades : public DatabaseTest {
         "select VehYear, VehMake, VehModel, VehVIN, VehLic, VehDate, VehMileage, VehEng, VehTrans "
         "from Estimates order by EstimateNumber");
   }
-  void StatementsOf(de& connection, WatchedEngine::Watch watch) {
+  void StatementsOf(de& connection, WatchedEngine::Tells watch) {
     connection.SetOpener([this, watch] { return std::make_unique<WatchedEngine>(OpenDatabase(Path(), clock), watch); });
   }
   std::vector<std::string> Columns(const std::string& table) const {

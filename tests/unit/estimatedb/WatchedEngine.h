@@ -18,13 +18,13 @@ namespace lantos::test {
 // before the true one does it. What the watch throws is its failure.
 class WatchedEngine : public Engine {
  public:
-  using Watch = std::function<void(std::string_view statement)>;
+  using Tells = std::function<void(std::string_view statement)>;
   using WatchEdits = std::function<void(std::string_view table, const std::vector<std::string>& columns)>;
   // The place counts from 0.
   using WatchTexts = std::function<void(std::string_view statement, std::size_t place, const std::string& text)>;
 
   WatchedEngine(
-      std::unique_ptr<Engine> engine, Watch watch,
+      std::unique_ptr<Engine> engine, Tells watch,
       WatchEdits watchEdits = [](std::string_view, const std::vector<std::string>&) {},
       WatchTexts watchTexts = [](std::string_view, std::size_t, const std::string&) {})
       : engine_(std::move(engine)),
@@ -58,6 +58,7 @@ class WatchedEngine : public Engine {
     engine_->Post(statement, parameters);
   }
   bool IsFar() const override { return engine_->IsFar(); }
+  std::unique_ptr<ChangeWatch> Watch(const WatchTimes& times) override { return engine_->Watch(times); }
   void Foresee(const std::vector<Question>& questions) override { engine_->Foresee(questions); }
   void ReadAhead(const std::vector<Question>& questions, const std::function<void()>& work) override {
     engine_->ReadAhead(questions, work);
@@ -72,7 +73,7 @@ class WatchedEngine : public Engine {
   }
 
   std::unique_ptr<Engine> engine_;
-  Watch watch_;
+  Tells watch_;
   WatchEdits watchEdits_;
   WatchTexts watchTexts_;
 };

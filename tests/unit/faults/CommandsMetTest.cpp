@@ -24,7 +24,7 @@ class Met {
     database.lantosData.KeepTrail(environment.clock, {"FRONTDESK", "beth"});
     if (environment.hasKorvelDatabase) Watch(database.korvelData, kKorvelCommands, kKorvelDatabase, environment);
   }
-  WatchedEngine::Watch Of(std::span<const Command> commands) {
+  WatchedEngine::Tells Of(std::span<const Command> commands) {
     return [this, commands](std::string_view text) {
       (IsInTable(commands, text) || IsInTable(kTrailCommands, text) ? met : strangers).emplace(text);
     };

@@ -3,9 +3,11 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTableView>
 
 #include "qt/WindowShop.h"
@@ -198,6 +200,28 @@ TEST(VehicleGrid, AHeadingIsClickedWhereItStands) {
     EXPECT_EQ(clicked, 2);
     list->Hide();
   }
+}
+
+// What others have changed is put in anew under the eyes of a person who has scrolled elsewhere.
+TEST(Board, AListThatIsScrolledAwayFromItsRowStaysWhereOtherRowsChange) {
+  Board board;
+  ui::ListBox& list = board.form.week.List1[2];
+  list.OnClick = nullptr;
+  for (int row = 0; row < 200; ++row) list.AddItem("estimate", row);
+  list.SetListIndex(3);
+  board.windows.Settle();
+  auto& widget = board.WidgetOf<QListWidget>(list);
+  widget.verticalScrollBar()->setValue(150);
+  const int place = widget.verticalScrollBar()->value();
+  ASSERT_GT(place, 100);
+  list.SetList(180, "another's");
+  list.AddItem("one more");
+  board.windows.Settle();
+  EXPECT_EQ(widget.verticalScrollBar()->value(), place);
+  EXPECT_EQ(widget.currentRow(), 3);
+  list.SetListIndex(5);
+  board.windows.Settle();
+  EXPECT_LT(widget.verticalScrollBar()->value(), 100) << "a row that is chosen is shown";
 }
 
 // A caption of two lines is told whole, however narrow its panel.

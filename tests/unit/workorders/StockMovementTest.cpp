@@ -73,6 +73,30 @@ TEST_F(StockMovementTest, MoreThanThereIsLeavesLessThanNothingAndAReturnAddsToIt
   EXPECT_EQ(StockInTag(0), 2);
 }
 
+// One walk from the end of the tag file notes them all, those of parts on the way too, and no later search is needed.
+TEST_F(StockMovementTest, ForeseenPartsAreFoundInOneWalk) {
+  PutParts({{.number = "AIR-3", .inStock = 2}, {.number = "PAD-9", .inStock = 6}, {.number = "OIL-1", .inStock = 40}});
+  StockMovement stock(environment, desktop, records, [](const std::string&) {});
+  stock.Foresee({"OIL-1", "PAD-9", "NONE-5", "OIL-1"});
+  EXPECT_EQ(inventory.Location(inventory.FindPart("OIL-1")), kTagBytes * 2);
+  EXPECT_EQ(inventory.Location(inventory.FindPart("PAD-9")), kTagBytes);
+  EXPECT_EQ(inventory.Location(inventory.FindPart("AIR-3")), kNoLink) << "the walk ends at the last one wanted";
+  EXPECT_EQ(stock.TakeOut({"PAD-9", 1, 250, 433}, order), 5);
+  EXPECT_EQ(StockInTag(1), 5);
+}
+
+TEST_F(StockMovementTest, AHeldTagFileLeavesForeseenPartsToTheirOwnSearchWithoutAWord) {
+  PutParts({{.number = "PAD-9", .inStock = 6}});
+  StockMovement stock(environment, desktop, records, [](const std::string&) {});
+  {
+    const SharedFile held(environment.files.PathOf(kInventoryTagFile), Access::ReadWrite, Deny::All, Absent::Fail);
+    stock.Foresee({"PAD-9"});
+  }
+  EXPECT_EQ(inventory.Location(inventory.FindPart("PAD-9")), kNoLink);
+  EXPECT_TRUE(desktop.boxes.empty());
+  EXPECT_EQ(stock.TakeOut({"PAD-9", 1, 250, 433}, order), 5);
+}
+
 TEST_F(StockMovementTest, NotesTheUseCostAndPriceCrosswise) {
   PutParts({{.number = "PAD-9", .inStock = 6}});
   TakeOut("PAD-9", 2);

@@ -1,0 +1,116 @@
+#include "board/Following.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "frame/Dates.h"
+#include "frame/Text.h"
+
+namespace lantos {
+
+namespace {
+
+constexpr std::chrono::milliseconds kRestBehindFailure{5000};
+
+// "0:03", "12:40", "1:05:00".
+std::string FormatAge(std::chrono::milliseconds age) {
+  const auto seconds = age.count() / 1000;
+  if (seconds < 3600) return fmt::format("{}:{:02}", seconds / 60, seconds % 60);
+  return fmt::format("{}:{:02}:{:02}", seconds / 3600, seconds / 60 % 60, seconds % 60);
+}
+
+}  // namespace
+
+std::string ChangedBy(const TrailEntry& change) {
+  const std::string place = change.author.workstation.empty() ? "elsewhere" : "at " + change.author.workstation;
+  return "Changed " + place + " " + Left(FormatTime(change.at), 5);
+}
+
+Following::Following(const BoardParts& parts, Board& board, ui::Timer& timer, ui::Label& told,
+                     std::function<bool()> isFree)
+    : parts_(parts), board_(board), timer_(timer), told_(told), isFree_(std::move(isFree)) {
+  told_.SetVisible(false);
+  timer_.OnTimer = [this] { Tick(); };
+}
+
+void Following::Begin() {
+  try {
+    feed_.emplace(parts_.database.lantosData);
+  } catch (const DatabaseError& error) {
+    parts_.shop.environment.log.Write(std::string("What others change isn't followed: ") + error.what());
+    return;
+  }
+  timer_.SetInterval(static_cast<int>(feed_->Pace().count()));
+  TellContact();
+  told_.SetVisible(true);
+}
+
+void Following::End() {
+  timer_.SetInterval(0);
+  feed_.reset();
+  waiting_ = {};
+  told_.SetVisible(false);
+  told_.SetCaption("");
+}
+
+void Following::Tick() {
+  if (!feed_) return;
+  waiting_.Add(feed_->Ask());
+  TellContact();
+  if (rest_ > 0) --rest_;
+  if (waiting_.IsNone() || rest_ > 0 || !isFree_()) return;
+  try {
+    Show(waiting_);
+    waiting_ = {};
+  } catch (const std::exception& error) {  // it is tried again, without a box that nobody has asked for
+    parts_.shop.environment.log.Write(error.what());
+    rest_ = static_cast<int>(kRestBehindFailure / feed_->Pace());
+  }
+}
+
+void Following::TellContact() {
+  const WatchContact contact = feed_->Contact();
+  const std::string age = FormatAge(contact.ago);
+  const std::string text = contact.stands ? "Followed " + age + " ago" : "Not followed for " + age;
+  if (told_.Caption() != text) told_.SetCaption(text);
+}
+
+void Following::Show(const ChangeNews& news) {
+  const std::int32_t onShow = parts_.detail.DisplayedEstimate();
+  const auto isOfIt = [&](const TrailEntry& change) { return change.estimate == onShow; };
+  const auto last = std::find_if(news.changes.rbegin(), news.changes.rend(), isOfIt);
+  const bool isOnShow = onShow != 0 && (news.isAll || last != news.changes.rend());
+  if (ConcernsWeek(news)) board_.ShowWeekAnew();
+  if (isOnShow) parts_.detail.ShowAnew(last != news.changes.rend() ? ChangedBy(*last) : "");
+}
+
+bool Following::ConcernsWeek(const ChangeNews& news) const {
+  return news.isAll || std::any_of(news.changes.begin(), news.changes.end(),
+                                   [this](const TrailEntry& change) { return ConcernsWeek(change); });
+}
+
+// Of an estimate that is listed every line counts, of another one its day. What is of no estimate is of a special day,
+// or of every week.
+bool Following::ConcernsWeek(const TrailEntry& change) const {
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    if (change.estimate != 0 && parts_.week.Lists(i, change.estimate)) return true;
+  }
+  const std::string_view day = change.estimate != 0 ? "SchedDate" : "SpecialDate";
+  bool isDated = change.estimate != 0;
+  for (const std::vector<TrailRow>* rows : {&change.before, &change.after}) {
+    for (const TrailRow& row : *rows) {
+      if (IsInWeek(row, day)) return true;
+      isDated = isDated || row.Has(day);
+    }
+  }
+  return !isDated;
+}
+
+bool Following::IsInWeek(const TrailRow& row, std::string_view column) const {
+  const std::optional<DaySerial> day = ParseIsoDate(Left(row.Text(column), 10));
+  return day && parts_.state.PanelOf(*day).has_value();
+}
+
+}  // namespace lantos

@@ -1,0 +1,221 @@
+#include <gmock/gmock.h>
+
+#include "board/BookingBench.h"
+#include "estimatedb/EngineChoice.h"
+#include "estimatedb/WatchedEngine.h"
+
+// What another workstation changes while this one's board is on show.
+namespace lantos {
+namespace {
+
+using test::BookingBench;
+using test::DataOf;
+using test::TextsOf;
+using testing::HasSubstr;
+using ui::Answer;
+
+struct Followed : BookingBench {
+  Followed() {
+    directory.Put("TQEMPLOY.DAT", "");
+    AddEstimate(900, Today(), kArrived);
+    AddEstimate(901, Today(), kArrived);
+    Do("update Estimates set Comments = 'Old' where EstimateNumber = 900");
+    database.lantosData.Disconnect();
+    database.lantosData.SetOpener([this] {
+      return std::make_unique<test::WatchedEngine>(OpenDatabase(directory / "Lantos.mdb", environment.clock),
+                                                   [this](std::string_view) { ++statements; });
+    });
+    Connect(elsewhere, environment);
+    them.KeepTrail(environment.clock, {"FRONTDESK", "beth"});
+    them.SetStatus(kScheduled, 901);  // the trail's table is there
+    Start();
+    board.FindMenu("mnuFollow")->DoClick();
+  }
+  // How many statements a look at what others have changed takes here.
+  int Look() {
+    statements = 0;
+    board.FollowTimer.DoTick();
+    return statements;
+  }
+  ui::ListBox& TuesdayList() { return board.week.List1[kTuesday]; }
+
+  int statements = 0;
+  EstimateDatabase elsewhere{environment, records};
+  de& them = elsewhere.lantosData;
+};
+
+TEST(Following, AnEstimateThatIsBookedElsewhereIsListedAndItsHoursCount) {
+  Followed bench;
+  bench.them.AddEstimateRow(902, bench.Today(), kArrived);
+  bench.them.AddLabor(902, 1, "BRAKES", 150, 8000, 12000, 3);
+  EXPECT_GT(bench.Look(), 0);
+  EXPECT_EQ(DataOf(bench.TuesdayList()), (std::vector<std::int32_t>{900, 900, 901, 901, 902, 902}));
+  EXPECT_EQ(bench.Hours()[2], "1.50");
+  EXPECT_EQ(bench.Look(), 0) << "once";
+}
+
+TEST(Following, WhatIsOfAnotherWeekIsNotReadAndWhatComesIntoTheWeekIs) {
+  Followed bench;
+  bench.them.AddEstimateRow(902, bench.Today() + 7, kArrived);
+  bench.them.SetComments("waits", 902);
+  bench.them.AddLabor(902, 1, "BRAKES", 150, 8000, 12000, 3);
+  EXPECT_EQ(bench.Look(), 0) << "behind the rows of the trail";
+  bench.them.SaveSpecialDay(bench.Today() + 8, 4, "half");
+  EXPECT_EQ(bench.Look(), 0);
+  bench.them.SaveSpecialDay(bench.Today(), 4, "Half a day");
+  EXPECT_GT(bench.Look(), 1);
+  EXPECT_THAT(bench.board.week.lblWeekComment.Caption(), HasSubstr("Half a day"));
+}
+
+TEST(Following, OnesOwnChangesAreReadByNobody) {
+  Followed bench;
+  bench.database.lantosData.SetStatus(kInProgress, 900);
+  EXPECT_EQ(bench.Look(), 0);
+}
+
+TEST(Following, WhatAnotherProgramChangesIsReadToo) {
+  Followed bench;
+  bench.elsewhere.lantosData.Connection().Run("update Estimates set Status = 6 where EstimateNumber = 901", {});
+  EXPECT_GT(bench.Look(), 1);
+  EXPECT_THAT(bench.TuesdayList().List(2), HasSubstr("Cancelled"));
+}
+
+TEST(Following, WhatIsSelectedAndWhichDayIsMeantStays) {
+  Followed bench;
+  bench.board.week.frameWeek[4].DoClick();  // Thursday is meant
+  bench.TuesdayList().DoSelect(3);          // 901, its second line
+  const DaySerial day = bench.board.MonthView1.Value();
+  ui::Control* const focus = bench.board.Focus();
+  bench.them.AddEstimateRow(850, bench.Today(), kArrived);
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 6);
+  EXPECT_EQ(bench.TuesdayList().ItemData(bench.TuesdayList().ListIndex()), 901);
+  EXPECT_EQ(bench.TuesdayList().ListIndex(), 5);
+  EXPECT_EQ(bench.board.MonthView1.Value(), day);
+  EXPECT_EQ(bench.board.Focus(), focus);
+  EXPECT_EQ(bench.Current().EstimateNumber, 901);
+  EXPECT_EQ(bench.board.detail.DisplayedEstimate(), 901);
+  EXPECT_TRUE(bench.board.day.List2.Rows().empty()) << "the day list is still Thursday's";
+}
+
+TEST(Following, TheEstimateOnShowIsShownAsItIsAndWhoHasChangedItIsToldBesideIt) {
+  Followed bench;
+  bench.Show(900);
+  EXPECT_FALSE(bench.board.detail.lblChanged.Visible());
+  bench.them.AddLabor(900, 1, "BRAKES", 150, 8000, 12000, 3);
+  bench.them.SetStatus(kInProgress, 900);
+  bench.Look();
+  EXPECT_THAT(bench.board.detail.frameDetailView.Caption(), HasSubstr("In Progress"));
+  EXPECT_EQ(bench.board.detail.txtTotalHours.Text(), "1.50");
+  EXPECT_EQ(bench.Current().Status, kInProgress);
+  EXPECT_EQ(bench.board.detail.lblChanged.Caption(),
+            "Changed at FRONTDESK " + FormatTime(bench.clock.Now()).substr(0, 5));
+  EXPECT_TRUE(bench.board.detail.lblChanged.Visible());
+  EXPECT_TRUE(bench.board.detail.frameDetailView.Visible());
+  bench.Show(901);
+  EXPECT_FALSE(bench.board.detail.lblChanged.Visible());
+}
+
+TEST(Following, CommentsThatNobodyTypesAreTheOthers) {
+  Followed bench;
+  bench.Show(900);
+  bench.them.SetComments("Theirs", 900);
+  bench.Look();
+  EXPECT_EQ(bench.board.detail.txtComments.Text(), "Theirs");
+  bench.board.MoveFocus(&bench.board.detail.txtComments);
+  bench.board.MoveFocus(&bench.board.commands.cmdWeekView);
+  EXPECT_EQ(bench.StoredComments(), "Theirs");
+}
+
+TEST(Following, CommentsBeingTypedStayAndThePersonChoosesWhereTheyAreLeft) {
+  for (const Answer answer : {Answer::Yes, Answer::No}) {
+    Followed bench;
+    bench.Show(900);
+    bench.board.MoveFocus(&bench.board.detail.txtComments);
+    bench.board.detail.txtComments.DoType("Mine");
+    bench.them.SetComments("Theirs", 900);
+    bench.Look();
+    EXPECT_EQ(bench.board.detail.txtComments.Text(), "Mine");
+    EXPECT_EQ(bench.StoredComments(), "Theirs");
+    EXPECT_THAT(bench.board.detail.lblChanged.Caption(), HasSubstr(": \"Theirs\""));
+    bench.desktop.WillAnswer([answer](const ui::Box& box) {
+      EXPECT_EQ(box.text,
+                "Estimate # 000900 was changed by another user since it was shown here.\rIts comments:\r\r"
+                "\"Theirs\" is stored, \"Mine\" is yours\r\rDo you want to store yours?\rNo keeps what is stored.");
+      return answer;
+    });
+    bench.board.MoveFocus(&bench.board.commands.cmdWeekView);
+    EXPECT_EQ(bench.StoredComments(), answer == Answer::Yes ? "Mine" : "Theirs");
+    EXPECT_EQ(bench.board.detail.txtComments.Text(), answer == Answer::Yes ? "Mine" : "Theirs");
+  }
+}
+
+TEST(Following, CommentsBeingTypedAreNotAskedAboutWhereTheOtherHasLeftThemAlone) {
+  Followed bench;
+  bench.Show(900);
+  bench.board.MoveFocus(&bench.board.detail.txtComments);
+  bench.board.detail.txtComments.DoType("Mine");
+  bench.them.SetStatus(kInProgress, 900);
+  bench.Look();
+  EXPECT_EQ(bench.board.detail.txtComments.Text(), "Mine");
+  bench.board.MoveFocus(&bench.board.commands.cmdWeekView);
+  EXPECT_EQ(bench.StoredComments(), "Mine");
+}
+
+TEST(Following, WaitsForBoxesAndMenusAndOtherScreens) {
+  Followed bench;
+  const auto look = [&] {
+    bench.them.AddEstimateRow(902 + static_cast<std::int32_t>(bench.TuesdayList().ListCount()), bench.Today(),
+                              kArrived);
+    const int before = bench.TuesdayList().ListCount();
+    bench.Look();
+    EXPECT_EQ(bench.TuesdayList().ListCount(), before);
+  };
+  bench.desktop.WillUse([&](ui::Form& form) {
+    look();
+    form.Hide();
+  });
+  bench.board.FindMenu("mnuPrintOptions")->DoClick();
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 6);
+  bench.desktop.WillAnswer([&](const ui::Box&) {
+    look();
+    return Answer::Ok;
+  });
+  bench.desktop.Tell("Somebody else's", "Elsewhere");
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 8);
+  bench.board.Run(look);  // what brings up a menu or a preview is an event of the board's
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 10);
+}
+
+TEST(Following, IsOffUntilItIsAskedForAndOffAgainWithNoTimerAndNothingAsked) {
+  Followed bench;
+  EXPECT_EQ(bench.environment.settings.Get("FollowChanges"), "1");
+  EXPECT_TRUE(bench.board.lblFollowed.Visible());
+  EXPECT_EQ(bench.board.lblFollowed.Caption(), "Followed 0:00 ago");
+  EXPECT_GT(bench.board.FollowTimer.Interval(), 0);
+  EXPECT_TRUE(bench.board.FindMenu("mnuFollow")->Checked());
+  bench.board.FindMenu("mnuFollow")->DoClick();
+  EXPECT_EQ(bench.environment.settings.Get("FollowChanges"), "0");
+  EXPECT_FALSE(bench.board.lblFollowed.Visible());
+  EXPECT_EQ(bench.board.FollowTimer.Interval(), 0);
+  EXPECT_FALSE(bench.board.FindMenu("mnuFollow")->Checked());
+  bench.them.SetStatus(kCancelled, 901);
+  EXPECT_EQ(bench.Look(), 0);
+}
+
+TEST(Following, ADatabaseThatRefusesTheReloadIsAskedAgainWithoutABox) {
+  Followed bench;
+  bench.them.SetStatus(kCancelled, 901);
+  bench.them.Connection().Run("alter table StandardHours rename to Hidden", {});
+  bench.Look();
+  EXPECT_TRUE(bench.desktop.boxes.empty());
+  bench.them.Connection().Run("alter table Hidden rename to StandardHours", {});
+  for (int tick = 0; tick < 6; ++tick) bench.Look();
+  EXPECT_THAT(bench.TuesdayList().List(2), HasSubstr("Cancelled"));
+}
+
+}  // namespace
+}  // namespace lantos
