@@ -7,7 +7,9 @@
 #include <string>
 
 #include "caretaker/Command.h"
+#include "caretaker/backup/Commands.h"
 #include "caretaker/check/Commands.h"
+#include "caretaker/exchange/Commands.h"
 #include "frame/FileSizeLimit.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
@@ -16,7 +18,8 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew, lantos::AddSample, lantos::AddMove, lantos::AddPruneTrail, lantos::AddCheck, lantos::AddRepair,
+    lantos::AddNew,    lantos::AddSample, lantos::AddMove,    lantos::AddPruneTrail, lantos::AddCheck,
+    lantos::AddRepair, lantos::AddBackup, lantos::AddRestore, lantos::AddVerify,     lantos::AddExport,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }

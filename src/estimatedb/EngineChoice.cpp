@@ -11,6 +11,7 @@
 #include "estimatedb/postgres/PostgresEngine.h"
 #include "estimatedb/postgres/ServerTables.h"
 #include "estimatedb/sqlite/DatabaseFileKind.h"
+#include "estimatedb/sqlite/FileCopy.h"
 #include "estimatedb/sqlite/FileTables.h"
 #include "estimatedb/sqlite/SqliteEngine.h"
 #include "frame/Dates.h"
@@ -49,14 +50,30 @@ OpenedTables TablesOf(std::unique_ptr<PostgresEngine> engine) {
 
 }  // namespace
 
-bool NamesServer(const std::filesystem::path& path) {
+namespace {
+
+// Unknown for a file that can't be read.
+DatabaseFileKind KindOf(const std::filesystem::path& path) {
   const int descriptor = OpenExistingFile(path, O_RDONLY);
-  if (descriptor < 0) return false;
+  if (descriptor < 0) return DatabaseFileKind::Unknown;
   std::array<char, kDatabaseMarkLength> bytes{};
   const ssize_t length = ::read(descriptor, bytes.data(), bytes.size());
   ::close(descriptor);
-  if (length <= 0) return false;
-  return KindOfDatabaseFile({bytes.data(), static_cast<std::size_t>(length)}) == DatabaseFileKind::Server;
+  if (length <= 0) return DatabaseFileKind::Unknown;
+  return KindOfDatabaseFile({bytes.data(), static_cast<std::size_t>(length)});
+}
+
+}  // namespace
+
+bool NamesServer(const std::filesystem::path& path) { return KindOf(path) == DatabaseFileKind::Server; }
+
+bool IsDatabase(const std::filesystem::path& path) {
+  const DatabaseFileKind kind = KindOf(path);
+  return kind == DatabaseFileKind::Server || kind == DatabaseFileKind::Sqlite;
+}
+
+std::unique_ptr<FileCopier> CopierOf(const std::filesystem::path& path, const Clock& clock) {
+  return std::make_unique<FileCopy>(path, clock);
 }
 
 OpenedTables OpenTables(const std::filesystem::path& path, const Clock& clock) {

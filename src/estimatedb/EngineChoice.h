@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "estimatedb/engine/Engine.h"
+#include "estimatedb/engine/FileCopier.h"
 #include "estimatedb/engine/TableStore.h"
 #include "frame/Clock.h"
 
@@ -33,6 +34,10 @@ struct OpenedTables {
 
 // Whether a file names a server; told from its first bytes, and false of one that can't be read.
 bool NamesServer(const std::filesystem::path& path);
+// Whether an engine of this program is for it; told likewise.
+bool IsDatabase(const std::filesystem::path& path);
+// Of a file that names no server.
+std::unique_ptr<FileCopier> CopierOf(const std::filesystem::path& path, const Clock& clock);
 // As OpenDatabase and CreateDatabaseFile open them.
 OpenedTables OpenTables(const std::filesystem::path& path, const Clock& clock);
 OpenedTables CreateTablesFile(const std::filesystem::path& path, const Clock& clock);

@@ -132,8 +132,12 @@ void modEstimates::ChangeStatus(std::int16_t status) {
 
 std::string modEstimates::StatusText(std::int16_t& status, DaySerial schedDate) const {
   if (status == kScheduled && schedDate < environment_.Today()) status = kNoShow;
+  return std::string(StatusWord(status));
+}
+
+std::string_view modEstimates::StatusWord(std::int16_t status) {
   const StatusRow* row = FindStatus(status);
-  return std::string(row == nullptr ? "Unknown" : row->word);
+  return row == nullptr ? "Unknown" : row->word;
 }
 
 bool modEstimates::CountsTowardDay(std::int16_t status) {

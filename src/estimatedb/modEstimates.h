@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "estimatedb/de.h"
 #include "records/modSystem.h"
@@ -67,6 +68,9 @@ class modEstimates {
 
   // The word for a status. A Scheduled one of a day before today becomes a No-show in the caller's variable.
   std::string StatusText(std::int16_t& status, DaySerial schedDate) const;
+
+  // The word as it stands; "Unknown" for a code outside the table.
+  static std::string_view StatusWord(std::int16_t status);
 
   // Whether estimates of that status count toward the day's hours; a code outside the table doesn't.
   static bool CountsTowardDay(std::int16_t status);

@@ -49,4 +49,12 @@ class UpdateTurns {
   bool lacksLocks_ = false;  // by the last try
 };
 
+// One turn and no more, for as long as this stands.
+struct LoneTurn {
+  LoneTurn(const std::filesystem::path& path, Clock& clock) : turns(path, clock) {}
+
+  UpdateTurns turns;
+  UpdateTurns::Turn turn{turns};
+};
+
 }  // namespace lantos

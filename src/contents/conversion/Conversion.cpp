@@ -7,6 +7,7 @@
 #include "contents/parts/PartRows.h"
 #include "estimatedb/VehicleSnapshots.h"
 #include "frame/Numbers.h"
+#include "frame/UpdateTurns.h"
 #include "masters/vehicles/StoredVehicle.h"
 #include "masters/vehicles/frmVehEdit.h"
 #include "records/CheckList.h"
@@ -270,8 +271,8 @@ bool Conversion::HasItsVehicleStill() {
 void Conversion::TakeNumber() {
   Environment& environment = bench_.shop.environment;
   WorkorderNumbers numbers(environment, bench_.shop.desktop);
-  // Nobody else takes a number meanwhile: of two that convert the estimate at once the second finds the first one's
-  // journal.
+  const LoneTurn turn(environment.files.PathOf(kSystemFile), environment.clock);  // a backup lets none begin
+  // Nobody else takes a number meanwhile: the second of two that convert the estimate finds the first one's journal.
   const auto begin = [&](std::int32_t number) {
     if (ownJournal_) ownJournal_->Remove();
     const std::vector<JournalOnDisk> journals = LookAtJournals(environment);

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "caretaker/Command.h"
+
+namespace lantos {
+
+void AddExport(CLI::App& app, Asked& asked);
+
+}  // namespace lantos

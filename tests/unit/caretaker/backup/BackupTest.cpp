@@ -1,0 +1,158 @@
+#include "caretaker/backup/Backup.h"
+
+#include <gmock/gmock.h>
+
+#include "caretaker/backup/BackupFixture.h"
+#include "caretaker/backup/ShopFigures.h"
+#include "estimatedb/EngineChoice.h"
+#include "frame/SharedFile.h"
+
+namespace lantos::test {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+TEST_F(BackupTest, RestoredIsTheShopFileByFileAndFigureByFigure) {
+  const BackupDone done = Backup();
+  const RestoreDone back = Restore(archive, restored, {}, clock, TellNobody);
+  EXPECT_EQ(Names(restored), Names(shop));
+  for (const std::string& name : Names(shop)) {
+    if (!name.ends_with(".mdb")) EXPECT_EQ(place.Content("restored/" + name), Content(name)) << name;
+  }
+  EXPECT_EQ(FiguresOf(restored, clock), FiguresOf(shop, clock));
+  EXPECT_EQ(back.manifest, done.manifest);
+  EXPECT_TRUE(back.kept.empty());
+}
+
+TEST_F(BackupTest, FiguresCountRowsTotalsAndLinks) {
+  const std::vector<ShopFigure> figures = FiguresOf(shop, clock);
+  EXPECT_THAT(figures, Contains(ShopFigure{"records of TQCSTTAG.DAT", "12"}));
+  EXPECT_THAT(figures, Contains(ShopFigure{"customer tags that lead to their customer", "12"}));
+  EXPECT_THAT(figures, Contains(ShopFigure{"rows of Estimates in Lantos.mdb", "12"}));
+  EXPECT_THAT(figures, Contains(ShopFigure{"estimates of known customers", "12"}));
+}
+
+TEST_F(BackupTest, LogsMailboxesAndWhatIsInTheMakingStay) {
+  for (const char* name : {"LN930000.LOG", "AU9300.$$$", "Lantos-move.tmp", "Lantos-backup.txt"}) Put(name, "x");
+  Backup();
+  Restore(archive, restored, {}, clock, TellNobody);
+  for (const char* name : {"LN930000.LOG", "AU9300.$$$", "Lantos-move.tmp", "Lantos-backup.txt"}) {
+    EXPECT_THAT(Names(restored), Not(Contains(name)));
+  }
+}
+
+// The first of them is copied long before the last: both are as they were behind the change, or neither.
+TEST_F(BackupTest, WhatChangesWhileOthersAreCopiedIsTakenAgain) {
+  Put("AAFIRST.DAT", "old");
+  Put("ZZLAST.DAT", "old");
+  bool isChanged = false;
+  const BackupDone done = Backup([&](const BackupProgress& progress) {
+    if (progress.step != "copying" || progress.done < 10'000 || isChanged) return;
+    isChanged = true;
+    Put("AAFIRST.DAT", "new");
+    Put("ZZLAST.DAT", "new");
+  });
+  Restore(archive, restored, {}, clock, TellNobody);
+  EXPECT_TRUE(isChanged);
+  EXPECT_EQ(place.Content("restored/AAFIRST.DAT"), "new");
+  EXPECT_EQ(place.Content("restored/ZZLAST.DAT"), "new");
+  EXPECT_GT(done.rounds, 2);
+}
+
+TEST_F(BackupTest, TheDatabaseIsTakenAgainWhenARowChangesMeanwhile) {
+  bool isChanged = false;
+  Backup([&](const BackupProgress& progress) {
+    if (progress.step != "copying" || isChanged) return;
+    isChanged = true;
+    OpenDatabase(shop / "Lantos.mdb", clock)->Run("UPDATE Estimates SET Comments = ?", {std::string("later")});
+  });
+  Restore(archive, restored, {}, clock, TellNobody);
+  Recordset rows = OpenDatabase(restored / "Lantos.mdb", clock)->Run("select * from Estimates", {});
+  EXPECT_EQ(rows.Text("Comments"), "later");
+}
+
+TEST_F(BackupTest, AFileThatIsGoneMeanwhileIsNotMissed) {
+  Put("AAFIRST.DAT", "old");
+  Backup([&](const BackupProgress&) { std::filesystem::remove(shop / "AAFIRST.DAT"); });
+  Restore(archive, restored, {}, clock, TellNobody);
+  EXPECT_THAT(Names(restored), Not(Contains("AAFIRST.DAT")));
+}
+
+TEST_F(BackupTest, AFileThatSomebodyHoldsIsWaitedFor) {
+  SharedFile held(shop / "TQSYSTEM.DAT", Access::ReadWrite, Deny::All);
+  clock.meanwhile = [&] { held.Close(); };
+  Backup();
+  EXPECT_FALSE(held.IsOpen());
+  clock.meanwhile = [&] { clock.MoveOn(5000); };
+  SharedFile again(shop / "TQSYSTEM.DAT", Access::ReadWrite, Deny::All);
+  EXPECT_THAT(Refusal([&] { Backup(); }), HasSubstr("\"TQSYSTEM.DAT\" is in use by another program"));
+}
+
+TEST_F(BackupTest, AConversionThatIsUnderWayIsWaitedFor) {
+  SharedFile journal(shop / "AJ930000.JNL", Access::ReadWrite, Deny::Write);
+  clock.meanwhile = [&] {
+    journal.Close();
+    std::filesystem::remove(shop / "AJ930000.JNL");
+  };
+  EXPECT_EQ(Backup().manifest.Find("AJ930000.JNL"), nullptr);
+}
+
+TEST_F(BackupTest, AConversionThatWasLeftInTheMiddleIsTheShops) {
+  Put("AJ930000.JNL", "left");
+  EXPECT_NE(Backup().manifest.Find("AJ930000.JNL"), nullptr);
+}
+
+TEST_F(BackupTest, AShopThatNeverStandsStillHasNoBackup) {
+  int writes = 0;
+  const auto tell = [&](const BackupProgress&) {
+    Put("AAFIRST.DAT", std::to_string(++writes));
+    clock.MoveOn(1000);
+  };
+  EXPECT_THAT(Refusal([&] { Backup(tell); }), HasSubstr("written to all the time"));
+  EXPECT_EQ(place.Count(), 1u);  // the shop
+}
+
+TEST_F(BackupTest, WhatIsNoFileOfTheDirectoryIsLeftOutAndNamed) {
+  std::filesystem::create_symlink("/etc/hostname", shop / "LINK.DAT");
+  std::filesystem::create_symlink("TQSYSTEM.DAT", shop / "INSIDE.DAT");
+  const BackupDone done = Backup();
+  EXPECT_THAT(done.leftOut, ElementsAre("LINK.DAT"));
+  EXPECT_NE(done.manifest.Find("INSIDE.DAT"), nullptr);
+}
+
+TEST_F(BackupTest, IsRefusedInsideTheShopAndOfNoShop) {
+  EXPECT_THAT(Refusal([&] { MakeBackup(shop, shop / "x.tar.zst", clock, TellNobody); }), HasSubstr("own directory"));
+  EXPECT_THAT(Refusal([&] { MakeBackup(place / "none", archive, clock, TellNobody); }), HasSubstr("no directory"));
+  std::filesystem::create_directory(place / "empty");
+  EXPECT_THAT(Refusal([&] { MakeBackup(place / "empty", archive, clock, TellNobody); }), HasSubstr("There is no shop"));
+  EXPECT_FALSE(std::filesystem::exists(archive));
+}
+
+TEST_F(BackupTest, OfEveryNightKeepsTheNewestOfItsOwnNames) {
+  for (const char* name : {"shop-20030901-020000.tar.zst", "shop-20030902-020000.tar.zst", "shop-of-others.tar.zst",
+                           "shop-20030901-02000x.tar.zst"}) {
+    place.Put(name, "x");
+  }
+  const BackupDone done = MakeNightlyBackup(shop, archive, 2, clock, TellNobody);
+  EXPECT_EQ(done.archive.filename(), "shop-20030930-081500.tar.zst");
+  EXPECT_THAT(Names(place.Path()), ElementsAre("shop-20030901-02000x.tar.zst", "shop-20030902-020000.tar.zst",
+                                               "shop-20030930-081500.tar.zst", "shop-of-others.tar.zst"));
+}
+
+TEST_F(BackupTest, OfANightThatFailsDeletesNothing) {
+  place.Put("shop-20030901-020000.tar.zst", "x");
+  const SharedFile held(shop / "TQSYSTEM.DAT", Access::ReadWrite, Deny::All);
+  clock.meanwhile = [&] { clock.MoveOn(5000); };
+  EXPECT_THAT(Refusal([&] { MakeNightlyBackup(shop, archive, 1, clock, TellNobody); }), Not(IsEmpty()));
+  EXPECT_THAT(Names(place.Path()), ElementsAre("shop-20030901-020000.tar.zst"));
+}
+
+TEST_F(BackupTest, IsNobodyElsesToRead) {
+  Backup();
+  EXPECT_EQ(std::filesystem::status(archive).permissions(), std::filesystem::perms(0600));
+}
+
+}  // namespace lantos::test
