@@ -29,7 +29,7 @@ kill "$program"; wait "$program" || fail "the program doesn't end in order"
 printf '%s\n' '{"do": "key", "key": "Ctrl+Alt+P"}' '{"do": "close"}' |
   lantos-drive --desktop qt --settings /tmp/settings --print-to /tmp/printed -- /D=/tmp/shop >/tmp/answers
 head -c 5 /tmp/printed/*.pdf | grep -q '%PDF-' || { cat /tmp/answers; fail "no PDF was printed"; }
-kill "$screen"
+kill "$screen"; wait "$screen" || true
 
 dpkg --purge lantos >/dev/null
 everything | grep -v '^/root\(/\.\|$\)' >/tmp/after
@@ -43,7 +43,8 @@ in_a_clean_root() {
   printf 'Installed, used and removed in a clean root\n'
   package_life >"$script"
   # What a power cut would lose is of no use afterwards.
-  mmdebstrap --quiet --dpkgopt=force-unsafe-io --variant=minbase --format=null --include=xvfb,x11-utils \
+  mmdebstrap --dpkgopt=force-unsafe-io --variant=minbase --format=null --include=xvfb,x11-utils \
     --customize-hook="copy-in $script /" --customize-hook="upload $package /lantos.deb" \
-    --customize-hook="chroot \"\$1\" bash /$(basename "$script")" bookworm /dev/null
+    --customize-hook="chroot \"\$1\" bash /$(basename "$script")" bookworm /dev/null >"$script.log" 2>&1 || { tail -40 "$script.log"; return 1; }
+  tail -n +1 "$script.log" | grep -v "^[IW]:\|^debconf"
 }
