@@ -5,6 +5,7 @@ window_packages=(qt6-base-dev libqt6opengl6-dev libgl-dev libegl-dev libvulkan-d
 demo_packages=(python3 poppler-utils)
 test_packages=(python3 python3-pytest python3-pytest-xdist poppler-utils libgtest-dev libgmock-dev clang lld libclang-rt-14-dev
   clang-format universal-ctags clang-tidy cppcheck xvfb openbox xdotool postgresql)
+package_packages=(dpkg-dev lintian desktop-file-utils appstream mmdebstrap python3)
 bench_packages=(libbenchmark-dev)
 
 # Installs those of its arguments that aren't there yet; as another user than root through sudo.

@@ -1,5 +1,6 @@
 #include "ui/Shell.h"
 
+#include "frame/Installation.h"
 #include "frame/PathText.h"
 #include "ui/Documents.h"
 
@@ -27,6 +28,11 @@ const char* MessageOf(int code) {
   return "Unknown Error!, Please try again...";
 }
 
+bool OpenInstalled(Desktop& desktop, const std::string& name) {
+  const std::string installed = TextOfPath(InstalledFolder("guide") / name);
+  return LookAtDocument(installed) == kOpened && desktop.OpenDocument(installed) >= kFirstGoodHelpResult;
+}
+
 }  // namespace
 
 void ShellOpen(Desktop& desktop, const std::string& path) {
@@ -44,7 +50,7 @@ void ShowHelpFile(Desktop& desktop, const FileIO& files, std::string directory, 
   if (desktop.OpenDocument(found) >= kFirstGoodHelpResult) return;
   if (const std::string why = WhyNotOpened(found); !why.empty()) {
     desktop.Tell(path + why + ", so it isn't opened.", "Help file");
-  } else {
+  } else if (!inDataDir || !OpenInstalled(desktop, name)) {
     desktop.Tell("Could not locate " + path, "Missing help file");
   }
 }

@@ -35,6 +35,8 @@ QtDesktop::QtDesktop(Person* person) : person_(person), context_(std::make_uniqu
   // The end of the program is the program's own decision.
   QApplication::setQuitOnLastWindowClosed(false);
   if (QApplication::windowIcon().isNull()) QApplication::setWindowIcon(ProgramIcon());
+  // Some take the icon from the menu entry instead, which they find by its name.
+  QApplication::setDesktopFileName(QStringLiteral("lantos"));
   MakeSelectionReadable();
 }
 

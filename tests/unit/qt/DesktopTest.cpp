@@ -31,6 +31,12 @@ TEST(QtDesktop, RowsAreBroughtToTheListInOneGo) {
   EXPECT_EQ(list.count(), 603);
 }
 
+// A window system that takes the icon from the menu entry finds the entry by this name.
+TEST(QtDesktop, WindowsTellTheNameOfTheMenuEntry) {
+  Bench bench;
+  EXPECT_EQ(QGuiApplication::desktopFileName(), "lantos");
+}
+
 TEST(QtDesktop, AMessageBoxHasExactlyItsButtonsAndText) {
   Bench bench;
   bench.person.Will([&] {

@@ -1,6 +1,9 @@
 #include "ui/Shell.h"
 
+#include <fstream>
+
 #include "TestDesktop.h"
+#include "frame/Installation.h"
 #include "frame/ScratchDirectory.h"
 #include "ui/Documents.h"
 
@@ -80,6 +83,24 @@ TEST(HelpFile, ThatIsMissingIsNamedWithTheDirectoryAsItIsWritten) {
   ASSERT_EQ(guide.desktop.boxes.size(), 1U);
   EXPECT_EQ(guide.desktop.boxes[0].text, "Could not locate " + guide.directory.DataDir() + "guide.pdf");
   EXPECT_EQ(guide.desktop.boxes[0].title, "Missing help file");
+}
+
+TEST(HelpFile, ThatIsMissingInTheShopIsTheOneThatIsInstalled) {
+  struct : TestDesktop {
+    int OpenDocument(const std::string& path) override {
+      documents.push_back(path);
+      return LookAtDocument(path);
+    }
+  } desktop;
+  Guide guide;
+  const std::filesystem::path installed = InstalledFolder("guide") / "Installed for a test.pdf";
+  std::filesystem::create_directories(installed.parent_path());
+  std::ofstream(installed) << "%PDF-1.4";
+  ShowHelpFile(desktop, guide.files, "", "Installed for a test.pdf");
+  std::filesystem::remove(installed);
+  ASSERT_EQ(desktop.documents.size(), 2U);
+  EXPECT_EQ(desktop.documents[1], installed.string());
+  EXPECT_TRUE(desktop.boxes.empty());
 }
 
 TEST(HelpFile, ThatIsThereAndIsNotOpenedIsTold) {
