@@ -32,7 +32,7 @@ bool IsJournal(const std::string& capitals) {
 // One that was left behind can be opened for writing.
 bool IsSomebodyAtIt(const fs::path& journal) {
   try {
-    SharedFile(journal, Access::Write, Deny::None, Absent::Fail);
+    const SharedFile opened(journal, Access::Write, Deny::None, Absent::Fail);
     return false;
   } catch (const FileError& error) {
     return error.Number() == FileErrorNumber::PermissionDenied;

@@ -17,7 +17,7 @@ constexpr std::int64_t kPatience = 10 * 60 * 1000;
 
 bool IsInUse(const FileIO& files, const std::string& name) {
   try {
-    SharedFile(files.PathOf(name), Access::Read, Deny::None, Absent::Fail);
+    const SharedFile opened(files.PathOf(name), Access::Read, Deny::None, Absent::Fail);
     return false;
   } catch (const FileError& error) {
     return error.Number() == FileErrorNumber::PermissionDenied;
