@@ -224,6 +224,20 @@ TEST(Following, ADatabaseThatRefusesTheReloadIsAskedAgainWithoutABox) {
   EXPECT_THAT(bench.TuesdayList().List(2), HasSubstr("Cancelled"));
 }
 
+TEST(Following, TheSelectedEstimateThatIsNotOnShowIsReadToo) {
+  Followed bench;
+  bench.Show(900);
+  bench.board.LoadWeek(bench.Today());  // nothing is on show, and 900 is still the current one
+  ASSERT_EQ(bench.board.detail.DisplayedEstimate(), 0);
+  ASSERT_EQ(bench.Current().EstimateNumber, 900);
+  bench.them.SetStatus(kInProgress, 900);
+  bench.them.SetComments("Theirs", 900);
+  bench.Look();
+  bench.board.commands.cmdDetailView.DoClick();
+  EXPECT_THAT(bench.board.detail.frameDetailView.Caption(), HasSubstr("In Progress"));
+  EXPECT_EQ(bench.board.detail.txtComments.Text(), "Theirs");
+}
+
 // Of an unknown customer the tags are read, and the master of one who isn't in memory.
 TEST(Following, CustomersThatSomebodyElseHasAreReadLaterWithoutABoxAndTheListsStayUntilThen) {
   for (const auto& [file, customer] : {std::pair("TQCSTDAT.DAT", 8), std::pair("TQCSTTAG.DAT", 9)}) {
