@@ -23,6 +23,7 @@ void Board::LoadWeek(DaySerial date) {
   parts_.day.NameDay(date);
   parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
   parts_.detail.ClearDetail();
+  const Customers::Reading reading(parts_.shop.records.customers);
   FillPanels(data, date);
   StandOn(date);
 }
@@ -33,6 +34,9 @@ void Board::ShowWeekAnew() {
   const DaySerial listed = state.currentDate;
   WeekData data = FetchWeek(parts_.database.lantosData, state.sunday, parts_.day.SortOrder(),
                             parts_.day.cbShowLabor.Value() ? listed : kNoDay);
+  const Customers::Quietly quietly(parts_.shop.records.customers);
+  const Customers::Reading reading(parts_.shop.records.customers);
+  ReadCustomersOf(data);
   std::vector<KeptChoice> choices;
   for (ui::ListBox& list : parts_.week.List1) choices.emplace_back(list);
   choices.emplace_back(parts_.day.List2);
@@ -45,9 +49,15 @@ void Board::ShowWeekAnew() {
   if (const auto weekday = state.PanelOf(parts_.hours.Day())) ShowDayHeader(*weekday);
 }
 
+// A file that can't be read just then leaves the lists as they are.
+void Board::ReadCustomersOf(const WeekData& data) {
+  for (const std::vector<BoardRow>& rows : data.days) {
+    for (const BoardRow& row : rows) FindCustomerOf(row.estimate);
+  }
+}
+
 void Board::FillPanels(WeekData& data, DaySerial listed) {
   parts_.day.List2.Clear();
-  const Customers::Reading reading(parts_.shop.records.customers);
   for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, data.days[i], parts_.state.PanelDate(i) == listed);
 }
 

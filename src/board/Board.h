@@ -36,7 +36,8 @@ class Board {
   // database can't be read the board stays as it is, and DatabaseError is thrown. CurrentEstimate isn't touched.
   void LoadWeek(DaySerial date);
   // The week as others have made it since, and nothing else moved: calendar, days that are meant, what is selected and
-  // the detail view stay. Throws as LoadWeek does.
+  // the detail view stay. No box comes up: what is the matter with a file or the database is thrown, and the lists
+  // stay.
   void ShowWeekAnew();
   // The lines of the current estimate, which is new, in the panel of its day, and in the day list when that is of its
   // day; its hours count. The board then stands on that day.
@@ -76,6 +77,7 @@ class Board {
   const CustomerRecord* FindCustomerOf(const Estimate& estimate);
 
  private:
+  void ReadCustomersOf(const WeekData& data);
   // What is of that day stands in the day list, too.
   void FillPanels(WeekData& data, DaySerial listed);
   void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows, bool isListed);

@@ -4,7 +4,6 @@
 
 #include "board/KeptChoice.h"
 #include "contents/EstimateTotals.h"
-#include "contents/notes/EstimateChecklist.h"
 #include "estimatedb/CommentMarks.h"
 #include "frame/Dates.h"
 #include "frame/Numbers.h"
@@ -94,16 +93,16 @@ void DetailPane::ShowEstimateDetail() {
   RefreshDetailCaption("");
   ShowCustomerOnFile();
   ShowVehicle();
-  ShowLines();
+  ShowLines(Strangers::Told);
 }
 
-void DetailPane::ShowLines() {
-  Data().ReadLinesAhead(displayedEstimate_, [this] {
+void DetailPane::ShowLines(Strangers strangers) {
+  Data().ReadLinesAhead(displayedEstimate_, [this, strangers] {
     contents.parts.LoadPartList();
     contents.labor.LoadLaborList();
     if (listLabor.ListCount() > 0) listLabor.SetListIndex(0);
     RefreshTotals();
-    LoadEstimateChecklist(contents.bench);
+    LoadEstimateChecklist(contents.bench, strangers);
     ShowNotesMark();
   });
 }
@@ -111,18 +110,20 @@ void DetailPane::ShowLines() {
 void DetailPane::ShowAnew(const std::string& whoChanged) {
   if (displayedEstimate_ == 0 || Current().EstimateNumber != displayedEstimate_) return;
   const bool isTyped = Trim(txtComments.Text()) != savedComment_;
+  const Customers::Quietly quietly(shop_.records.customers);
   KeptChoice labor(listLabor);
   KeptChoice parts(listParts);
   database_.estimates.LoadEstimate(displayedEstimate_);
+  // Before anything that can fail: the person is asked about theirs where the comments are left.
   const std::string theirs = Trim(Current().Comments);
+  isTheirsTold_ = isTyped && (isTheirsTold_ || theirs != savedComment_);
   if (!isTyped) ShowComments(Current().Comments);
   RefreshDetailCaption("");
   ShowCustomerOnFile();
   ShowVehicle();
-  ShowLines();
+  ShowLines(Strangers::Unsaid);
   labor.Restore();
   parts.Restore();
-  isTheirsTold_ = isTyped && (isTheirsTold_ || theirs != savedComment_);
   TellChange(isTheirsTold_ ? (whoChanged.empty() ? "Changed elsewhere" : whoChanged) + ": \"" + theirs + "\""
                            : whoChanged);
 }

@@ -6,6 +6,7 @@
 #include "board/BoardState.h"
 #include "board/CommandPane.h"
 #include "board/Contents.h"
+#include "contents/notes/EstimateChecklist.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "records/Customers.h"
 
@@ -79,7 +80,7 @@ class DetailPane : private EstimateOnShow {
   void ShowEstimateDetail();
   // The estimate on show as somebody else has made it, who is told beside the comments. What is selected stays, and
   // comments that are being typed do, with the other's beside them; where they are left, the person is asked which to
-  // store. Throws as ShowEstimateDetail does.
+  // store. No box comes up: what is the matter with a file or the database is thrown, and it can be tried again.
   void ShowAnew(const std::string& whoChanged);
   // Of a new estimate there is nothing but its number, customer and vehicle yet.
   void BeginNew(std::int32_t number);
@@ -106,7 +107,7 @@ class DetailPane : private EstimateOnShow {
 
  private:
   void ArrangeBoxes();
-  void ShowLines();
+  void ShowLines(Strangers strangers);
   void TellChange(const std::string& text);
   void ShowCustomerOnFile();
   std::string CommentsOnFile();

@@ -23,6 +23,12 @@ std::string FormatAge(std::chrono::milliseconds age) {
   return fmt::format("{}:{:02}:{:02}", seconds / 3600, seconds / 60 % 60, seconds % 60);
 }
 
+// Whether an estimate is among what was changed.
+bool Concerns(const ChangeNews& news, std::int32_t estimate) {
+  return news.isAll || std::any_of(news.changes.begin(), news.changes.end(),
+                                   [estimate](const TrailEntry& change) { return change.estimate == estimate; });
+}
+
 }  // namespace
 
 std::string ChangedBy(const TrailEntry& change) {
@@ -88,8 +94,12 @@ bool Following::Show(const ChangeNews& news) {
   const bool isOnShow = onShow != 0 && (news.isAll || last != news.changes.rend());
   const bool isOfWeek = ConcernsWeek(news);
   if (isOfWeek) board_.ShowWeekAnew();
+  // Selected and not on show: the detail view and the commands go by what is in memory of it.
+  const std::int32_t current = parts_.database.estimates.CurrentEstimate.EstimateNumber;
+  const bool isOfCurrent = current != 0 && current != onShow && Concerns(news, current);
+  if (isOfCurrent) parts_.database.estimates.LoadEstimate(current);
   if (isOnShow) parts_.detail.ShowAnew(last != news.changes.rend() ? ChangedBy(*last) : "");
-  return isOfWeek || isOnShow;
+  return isOfWeek || isOfCurrent || isOnShow;
 }
 
 bool Following::ConcernsWeek(const ChangeNews& news) const {

@@ -56,6 +56,9 @@ using Noted = ContentionRule::Noted;
 using ui::Buttons;
 using ui::Icon;
 
+// What the program reads by itself, and can read later.
+inline constexpr ContentionRule kAskNobody = {.afterRetries = AfterRetries::Surface};
+
 // Customers.
 inline constexpr std::string_view kTagsLocked =
     "Customer tags file locked by another user.\rClick OK to try again, or CANCEL to exit.";

@@ -127,14 +127,22 @@ Customers::Customers(Environment& environment, ui::Desktop& desktop, modSystem& 
 }
 
 bool Customers::LoadCustomerTags() {
+  OpenedFile file(environment_.openFiles);
+  const auto open = [&] {
+    if (!file.IsOpen()) file.Open(kCustomerTagFile, Access::Read, Deny::None);
+  };
+  if (isQuiet_) open();  // throws with the tags as they were
   tags_.clear();
   numbers_.Forget();
-  OpenedFile file(environment_.openFiles);
-  Contention contention(contention::kLoadCustomerTags, desktop_, environment_);
-  const bool done = contention.Run([&] { file.Open(kCustomerTagFile, Access::Read, Deny::None); }) &&
-                    contention.Run([&] { FillTags(*file); });
-  if (!done) tags_.clear();
-  return done;
+  Contention contention(isQuiet_ ? contention::kAskNobody : contention::kLoadCustomerTags, desktop_, environment_);
+  try {
+    const bool done = contention.Run(open) && contention.Run([&] { FillTags(*file); });
+    if (!done) tags_.clear();
+    return done;
+  } catch (const FileError&) {
+    tags_.clear();  // some of them would be taken for all
+    throw;
+  }
 }
 
 // Each block is read right behind the tags that are held, and empty slots are closed up there: no copy, and no tag is
@@ -177,6 +185,7 @@ bool Customers::LeadsNowhere(const CustomerTag& tag) const {
 std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag, From from) {
   const FileLink offset = tag.Get(customertag::Offset);
   if (LeadsNowhere(tag)) {
+    if (isQuiet_) return std::nullopt;
     const std::string number = std::to_string(std::max(offset, kNoLink));
     desktop_.Tell("Invalid file offset supplied to ReadCustomer = " + number, "ReadCustomer()");
     return std::nullopt;
@@ -184,13 +193,14 @@ std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag, From fro
   if (from == From::Memory && InMemory().Get(customer::Number) == NumberOf(tag)) return InMemory();
   OpenedFile own(environment_.openFiles);
   OpenedFile& file = reading_ != nullptr ? *reading_ : own;
-  Contention contention(contention::kReadCustomer, desktop_, environment_);
+  Contention contention(isQuiet_ ? contention::kAskNobody : contention::kReadCustomer, desktop_, environment_);
   const auto open = [&] {
     if (!file.IsOpen()) file.Open(kCustomerFile, Access::Read, Deny::None);
   };
   CustomerRecord master;
   if (!contention.Run(open) || !contention.Run([&] { ReadRecord(*file, offset, master); })) return std::nullopt;
   if (IsAnothers(master, tag)) {
+    if (isQuiet_) return std::nullopt;
     // The board looks the same customers up again and again.
     const bool isFirst = anothers_.insert(NumberOf(tag)).second;
     if (isFirst || from == From::File) TellOfAnothers(desktop_, tag, master);

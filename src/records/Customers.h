@@ -139,6 +139,19 @@ class Customers {
     OpenedFile file_;
   };
 
+  // As long as this lives nobody is asked or told anything: a file that somebody else has just then, or that can't be
+  // read, throws FileError at once, and who can't be had by a bad tag isn't known.
+  // Whoever is there to be told is told at the next look-up of his own.
+  class Quietly {
+   public:
+    explicit Quietly(Customers& customers) : customers_(customers) { customers_.isQuiet_ = true; }
+    ~Quietly() { customers_.isQuiet_ = false; }
+    Quietly(const Quietly&) = delete;
+
+   private:
+    Customers& customers_;
+  };
+
   // Loads every customer anew, with the date of the newest vehicle. False, and an empty index, when the person gave up.
   bool RefreshCustomers();
   // As RefreshCustomers loaded it.
@@ -168,6 +181,7 @@ class Customers {
   static constexpr std::int32_t kNobody = -1;
   std::optional<CustomerRecord> lookedUp_;  // since CurrentCustomer was set
   std::int32_t lookupCustomer_ = kNobody;   // of the last look-up, while it was known
+  bool isQuiet_ = false;
 };
 
 }  // namespace lantos

@@ -23,12 +23,13 @@ bool AnyTicked(const std::vector<ChecklistItem>& items) {
   return std::any_of(items.begin(), items.end(), [](const ChecklistItem& item) { return item.Used; });
 }
 
-StoredChecklist Load(Workbench& bench) {
+StoredChecklist Load(Workbench& bench, Strangers strangers = Strangers::Told) {
   CheckListTable& table = bench.shop.records.checkList;
   table.ClearCheckListValues();
   StoredChecklist stored = Stored(bench);
   table.items = stored.items;
   table.ChecklistLoaded = AnyTicked(stored.items) || !stored.strangers.empty();
+  if (strangers == Strangers::Unsaid) return stored;
   for (const StoredChecklist::Stranger& stranger : stored.strangers) {
     bench.shop.desktop.Tell("Couldn't locate " + stranger.Name() + " in checklist.  Item skipped.",
                             "LoadCheckListValues");
@@ -53,7 +54,7 @@ void Save(Workbench& bench, const StoredChecklist& loaded, const std::string& ti
 
 }  // namespace
 
-void LoadEstimateChecklist(Workbench& bench) { Load(bench); }
+void LoadEstimateChecklist(Workbench& bench, Strangers strangers) { Load(bench, strangers); }
 
 void EstimateChecklist(Workbench& bench) {
   const StoredChecklist loaded = Load(bench);

@@ -6,7 +6,8 @@ namespace lantos {
 
 // The checklist of the estimate on show; there must be one.
 void EstimateChecklist(Workbench& bench);
-// The checklist values of the estimate on show into the table; names that aren't in it are told.
-void LoadEstimateChecklist(Workbench& bench);
+// The checklist values of the estimate on show into the table, with whether names that aren't in it are told.
+enum class Strangers { Told, Unsaid };
+void LoadEstimateChecklist(Workbench& bench, Strangers strangers = Strangers::Told);
 
 }  // namespace lantos

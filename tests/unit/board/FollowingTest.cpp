@@ -3,6 +3,7 @@
 #include "board/BookingBench.h"
 #include "estimatedb/EngineChoice.h"
 #include "estimatedb/WatchedEngine.h"
+#include "frame/SharedFile.h"
 
 // What another workstation changes while this one's board is on show.
 namespace lantos {
@@ -36,6 +37,12 @@ struct Followed : BookingBench {
     statements = 0;
     board.FollowTimer.DoTick();
     return statements;
+  }
+  void BookElsewhere(std::int32_t number, std::int32_t customer) {
+    them.Connection().Run(fmt::format("insert into Estimates (EstimateNumber, SchedDate, Status, CustomerNumber, "
+                                      "CreateDate) values ({}, '{}', {}, {}, '2003-09-22')",
+                                      number, FormatIsoDate(Today()), kArrived, customer),
+                          {});
   }
   ui::ListBox& TuesdayList() { return board.week.List1[kTuesday]; }
 
@@ -215,6 +222,79 @@ TEST(Following, ADatabaseThatRefusesTheReloadIsAskedAgainWithoutABox) {
   bench.them.Connection().Run("alter table Hidden rename to StandardHours", {});
   for (int tick = 0; tick < 6; ++tick) bench.Look();
   EXPECT_THAT(bench.TuesdayList().List(2), HasSubstr("Cancelled"));
+}
+
+TEST(Following, TheSelectedEstimateThatIsNotOnShowIsReadToo) {
+  Followed bench;
+  bench.Show(900);
+  bench.board.LoadWeek(bench.Today());  // nothing is on show, and 900 is still the current one
+  ASSERT_EQ(bench.board.detail.DisplayedEstimate(), 0);
+  ASSERT_EQ(bench.Current().EstimateNumber, 900);
+  bench.them.SetStatus(kInProgress, 900);
+  bench.them.SetComments("Theirs", 900);
+  bench.Look();
+  bench.board.commands.cmdDetailView.DoClick();
+  EXPECT_THAT(bench.board.detail.frameDetailView.Caption(), HasSubstr("In Progress"));
+  EXPECT_EQ(bench.board.detail.txtComments.Text(), "Theirs");
+}
+
+// Of an unknown customer the tags are read, and the master of one who isn't in memory.
+TEST(Following, CustomersThatSomebodyElseHasAreReadLaterWithoutABoxAndTheListsStayUntilThen) {
+  for (const auto& [file, customer] : {std::pair("TQCSTDAT.DAT", 8), std::pair("TQCSTTAG.DAT", 9)}) {
+    Followed bench;
+    bench.BookElsewhere(902, customer);
+    std::optional<SharedFile> held;
+    held.emplace(bench.directory.Path() / file, Access::ReadWrite, Deny::All);
+    bench.Look();
+    EXPECT_TRUE(bench.desktop.boxes.empty()) << file;
+    EXPECT_EQ(DataOf(bench.TuesdayList()), (std::vector<std::int32_t>{900, 900, 901, 901})) << file;
+    EXPECT_THAT(bench.TuesdayList().List(1), HasSubstr("Adams")) << file;
+    held.reset();
+    for (int tick = 0; tick < 6; ++tick) bench.Look();
+    EXPECT_EQ(DataOf(bench.TuesdayList()), (std::vector<std::int32_t>{900, 900, 901, 901, 902, 902})) << file;
+  }
+}
+
+TEST(Following, ACustomerWhoseTagLeadsNowhereIsUnknownWithoutABox) {
+  Followed bench;
+  bench.directory.Put("TQCSTTAG.DAT", test::Image()
+                                          .Append(test::CustomerTagImage(7, "Adams,Beth", 0))
+                                          .Append(test::CustomerTagImage(9, "Gone,Al", 99999)));
+  bench.BookElsewhere(902, 9);
+  bench.Look();
+  EXPECT_TRUE(bench.desktop.boxes.empty());
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 6);
+}
+
+TEST(Following, AStrangerInTheChecklistIsToldWhereThePersonLooksAndNotAgainForTheOthersChange) {
+  Followed bench;
+  bench.them.AddChecklistRow(900, "Ghost,1,0");
+  bench.Look();
+  bench.desktop.WillAnswer({Answer::Ok, Answer::Ok});  // where it is chosen, and where the detail view comes up
+  bench.Show(900);
+  ASSERT_EQ(bench.desktop.boxes.size(), 2U);
+  bench.them.SetStatus(kInProgress, 900);
+  bench.Look();
+  EXPECT_EQ(bench.desktop.boxes.size(), 2U);
+  EXPECT_THAT(bench.board.detail.frameDetailView.Caption(), HasSubstr("In Progress"));
+}
+
+TEST(Following, AReloadThatStopsHalfwayAsksAboutTheOthersCommentsAllTheSame) {
+  Followed bench;
+  bench.Show(900);
+  bench.board.MoveFocus(&bench.board.detail.txtComments);
+  bench.board.detail.txtComments.DoType("Mine");
+  bench.them.SetComments("Theirs", 900);
+  bench.records.customers.LookupCustomer(8);
+  {
+    const SharedFile held(bench.directory.Path() / "TQCSTDAT.DAT", Access::ReadWrite, Deny::All);
+    EXPECT_THROW(bench.board.detail.ShowAnew(""), FileError);
+  }
+  EXPECT_TRUE(bench.desktop.boxes.empty());
+  bench.desktop.WillAnswer({Answer::No});
+  bench.board.MoveFocus(&bench.board.commands.cmdWeekView);
+  EXPECT_EQ(bench.desktop.boxes.size(), 1U);
+  EXPECT_EQ(bench.StoredComments(), "Theirs");
 }
 
 }  // namespace
