@@ -69,9 +69,10 @@ EstimateList ReadEstimateList(const FileIO& files) {
       hours[list.labor.back().estimate] += list.labor.back().hours;
     });
     EachRow(*opened.tables, "Estimates", kOfEstimates, [&](const CellRow& row) {
-      ListedEstimate each{.number = NumberOf(row[0]),
-                          .day = ParseIsoDate(TextOf(row[1])),
-                          .status = static_cast<std::int16_t>(NumberOf(row[2]))};
+      ListedEstimate each;
+      each.number = NumberOf(row[0]);
+      each.day = ParseIsoDate(TextOf(row[1]));
+      each.status = static_cast<std::int16_t>(NumberOf(row[2]));
       each.customer = NumberOf(row[3]);
       const auto name = names.find(each.customer);
       if (name != names.end() && each.customer != 0) each.name = name->second;
