@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Many workstations book, fill, change and move estimates of one shop at once, each a copy of the program on the desktop
 without windows, at a person's pace. Then all of it is counted: what was said to be stored is there, no number is given
 twice, and every board shows what a board that starts afresh shows. Ends with 1 where something isn't so.

@@ -11,7 +11,8 @@ const std::string_view kAskForFeed =
     "JOIN pg_catalog.pg_namespace n ON n.oid = c.relnamespace "
     "WHERE n.nspname = $1 AND c.relname = 'trail' AND t.tgname = 'trailfeed_tells') "
     "AND pg_catalog.to_regclass(pg_catalog.quote_ident($1) || '.trailcount') IS NOT NULL "
-    "AND pg_catalog.to_regclass(pg_catalog.quote_ident($1) || '.trailfeed') IS NOT NULL";
+    "AND pg_catalog.to_regclass(pg_catalog.quote_ident($1) || '.trailfeed') IS NOT NULL, "
+    "pg_catalog.set_config('jit', 'off', false)";
 
 // The trigger is put off to the commit: whoever counts keeps others waiting for no longer than that. It names the
 // schema itself, since whose path is set otherwise writes to the trail too.
@@ -47,7 +48,7 @@ CREATE CONSTRAINT TRIGGER trailfeed_tells AFTER INSERT ON trail DEFERRABLE INITI
 )";
 
 const std::string_view kAskForNews =
-    "SELECT c.counted, f.changenumber, f.writer, t.* FROM trailcount c "
+    "SELECT c.counted, f.changenumber, f.writer, t.* FROM (SELECT counted FROM trailcount LIMIT 1) c "
     "LEFT JOIN trailfeed f ON f.changenumber > $1 AND f.changenumber <= c.counted "
     "LEFT JOIN trail t ON t.trailnumber = f.trailnumber ORDER BY f.changenumber";
 
