@@ -31,7 +31,7 @@ from linesteps import LABOR, NOTES, begin_to_add, close_list, fill, open_list
 from screens import ask_new_estimate, pick_customer
 from shopfiles import Shop
 
-SERVER_SETTINGS = "max_connections = 250\nfsync = on\nfull_page_writes = on\nshared_buffers = 128MB\nmax_wal_size = 1GB\n"
+SERVER_SETTINGS = "max_connections = 250\nautovacuum = on\nfsync = on\nfull_page_writes = on\nshared_buffers = 128MB\nmax_wal_size = 1GB\n"
 ESTIMATES_AT_FIRST = 60
 SETTLING = 2.0  # seconds until every board is right
 OUTAGE = 1.0  # seconds that the server is away

@@ -194,6 +194,12 @@ constexpr Command kLantosTable[] = {
      "Desc4, Taxable) values (?,1,'SURCHARGE','',?,?,?,'','','',?)",
      {kLong, kLong, kLong, kText, kText}},
 
+    // TotalsForEstimate of all estimates of a day that have labor.
+    {"TotalsByDate",
+     "SELECT Labors.EstimateNumber, Sum(Labors.LaborHours) AS TotalHours, Sum(Labors.LaborTotal) AS TotalLabor FROM "
+     "Labors INNER JOIN Estimates ON Labors.EstimateNumber = Estimates.EstimateNumber where Estimates.SchedDate = ? "
+     "GROUP BY Labors.EstimateNumber",
+     {kDay}},
     // TechHours again, from the table that the database keeps for it; what makes that table; and what follows each change
     // of a line or an estimate in it.
     {"KeptTechHours",

@@ -85,6 +85,8 @@ Recordset& de::GetStdHours() { return Run("GetStdHours", {}); }
 
 Recordset& de::TotalsForEstimate(std::int32_t estimate) { return Run("TotalsForEstimate", {Long(estimate)}); }
 
+Recordset& de::TotalsByDate(DaySerial date) { return Run("TotalsByDate", {Day(date)}); }
+
 Recordset& de::EstimatesTable(DaySerial date) { return Run("EstimatesTable", {Day(date)}); }
 
 Recordset& de::PartsTable(std::int32_t estimate) { return Run("PartsTable", {Long(estimate)}); }
@@ -267,13 +269,14 @@ void de::DeleteSpecialDay(DaySerial date) {
   Follow("DeleteSpecialDay", {Day(date)}, [&] { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); });
 }
 
-void de::ForeseeDays(DaySerial first, std::size_t count) {
+void de::ForeseeDays(DaySerial first, std::size_t count, DayTotals totals) {
   if (!Connection().IsFar()) return;
   std::vector<Foreseen> commands{{"GetStdHours", {}}};
   for (std::size_t i = 0; i < count; ++i) {
     const DaySerial day = first + static_cast<DaySerial>(i);
     commands.push_back({"SpecialDaysByDate", {Day(day)}});
     commands.push_back({"GetEstimatesByDate", {Day(day)}});
+    if (totals == DayTotals::Asked) commands.push_back({"TotalsByDate", {Day(day)}});
   }
   Foresee(commands);
 }

@@ -89,6 +89,17 @@ TEST_P(Commands, LaborLinesAreAddedReadInOrderSummedAndDeleted) {
   EXPECT_EQ(db.LaborForEstimate(5).Count(), 1U);
 }
 
+TEST_P(Commands, TotalsOfADayAreThoseOfItsEstimatesThatHaveLabor) {
+  for (const std::int32_t number : {5, 6, 8}) db.NewEstimate(number, kTuesday);
+  db.NewEstimate(9, kTuesday + 1);
+  db.AddLabor(5, 1, "First", 100, 6500, 6500, 3);
+  db.AddLabor(5, 2, "Second", -50, 6500, -3250, 0);
+  db.AddLabor(8, 1, "Other", 25, 4, 1, 0);
+  db.AddLabor(9, 1, "Tomorrow's", 900, 1, 9, 0);
+  db.AddLabor(10, 1, "Of no estimate", 900, 1, 9, 0);
+  EXPECT_THAT(Dump(db.TotalsByDate(kTuesday)), ElementsAre("5|50|3250", "8|25|1"));
+}
+
 TEST_P(Commands, TotalsOfAnEstimateWithoutLinesAreNullAndReadAsZero) {
   Recordset& totals = db.TotalsForEstimate(5);
   ASSERT_FALSE(totals.Eof());

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "board/FindBench.h"
+#include "board/WeekData.h"
 #include "contents/ContentsBench.h"
 #include "contents/labor/frmTechHours.h"
 #include "estimatedb/UpgradeFixture.h"
@@ -128,6 +129,13 @@ void LookAtTrail(Met& met) {
   EXPECT_EQ(PruneTrail(data, bench.Today() + 1), 1);
 }
 
+// As a board does that others have made read its week again.
+void ReadTheWeekAgain(Met& met) {
+  FindBench bench;
+  met.Look(bench.database, bench.environment);
+  FetchWeek(bench.database.lantosData, bench.Today(), "EstimateNumber ASC", kNoDay, TotalsAsked::OfDays);
+}
+
 struct Older : Upgrades {
   void TestBody() override {}
   void Start(Met& met) {
@@ -160,6 +168,7 @@ TEST(Commands, AreAllMetByTheProgramAndNoOtherStatementIs) {
   LookUp(met);
   LookAtHours(met);
   LookAtTrail(met);
+  ReadTheWeekAgain(met);
   BookBehindTheCounter(met);
   Older().Start(met);
   EXPECT_THAT(met.strangers, IsEmpty());
