@@ -125,6 +125,7 @@ void SqliteEngine::Configure() {
 }
 
 Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>& parameters) {
+  const std::size_t trailRowsBefore = ownTrailRows_.Pending();
   try {
     const auto known = statements_.find(statement);
     if (known == statements_.end()) {
@@ -137,7 +138,7 @@ Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>
     if (!IsInTransaction()) ownTrailRows_.Commit();
     return rows;
   } catch (const SQLite::Exception&) {
-    if (!IsInTransaction()) ownTrailRows_.Undo(0);
+    ownTrailRows_.Undo(trailRowsBefore);
     Rethrow(statement, parameters);
   }
 }
@@ -219,7 +220,6 @@ void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& w
   using Behavior = SQLite::TransactionBehavior;
   SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
   allUndone_ = nullptr;
-  ownTrailRows_.Undo(0);
   work();
   if (allUndone_) std::rethrow_exception(std::exchange(allUndone_, nullptr));
   transaction.commit();

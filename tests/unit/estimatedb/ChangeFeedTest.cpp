@@ -165,6 +165,43 @@ TEST_P(ChangeFeedInAFile, ARowOfTheTrailThatWasUndoneHereIsTheirs) {
   EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
 }
 
+// Alone, among others that went well, and where the commit itself was refused; each with a reading behind it.
+TEST_P(ChangeFeedInAFile, WhateverWasUndoneHereLeavesTheirsTheNumber) {
+  Follow();
+  const auto stopsAtTheEnd = [&](const std::function<void()>& last) {
+    EXPECT_ANY_THROW(db.Connection().Together([&] {
+      db.SetStatus(2, 7);
+      last();
+    }));
+    EXPECT_EQ(db.EstimateByNumber(7).Count(), 1u);
+    them.SetComments("waits", 7);
+    EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
+  };
+  stopsAtTheEnd([] { throw std::runtime_error("given up"); });
+  SQLite::Database reader(Path().string(), SQLite::OPEN_READONLY);
+  {
+    SQLite::Statement held(reader, "select * from Estimates");
+    held.executeStep();
+    db.Connection().Run("PRAGMA busy_timeout = 1", {});
+    EXPECT_EQ(KindOf([&] { db.SetStatus(3, 7); }), DatabaseErrorKind::Locked) << "its commit waits for readers";
+  }
+  them.SetComments("goes", 7);
+  EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
+}
+
+TEST_P(ChangeFeedInAFile, AStatementThatFailedAmongOthersLeavesTheirsTheNumber) {
+  Follow();
+  Plain(
+      "create trigger Refusal after insert on Trail when new.Command = 'SetStatus' begin select raise(abort, 'no'); "
+      "end");
+  db.Connection().Together(
+      [&] { EXPECT_ANY_THROW(db.Connection().Run("insert into Trail (Command) values ('SetStatus')", {})); });
+  Plain("drop trigger Refusal");
+  News();
+  them.SetComments("waits", 7);
+  EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
+}
+
 // A person may be asked in the middle of one's own changes, and the look come then.
 TEST_P(ChangeFeedInAFile, ALookInTheMiddleOfOnesOwnChangesIsNone) {
   Follow();
