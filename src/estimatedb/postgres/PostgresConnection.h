@@ -55,14 +55,13 @@ struct FinishPostgresConnection {
 };
 using PostgresLink = std::unique_ptr<pg_conn, FinishPostgresConnection>;
 
-// Begins to connect, without waiting. Server is a connection string; the program's own wishes give way to what stands
-// in it. Throws PostgresFailure.
-PostgresLink BeginConnecting(const std::string& server);
+// What the server says in place of an answer. Place as in PostgresFailure.
+PostgresFailure FailureOf(const pg_result* result, std::size_t place = 0);
 
 // One connection. Everything here throws PostgresFailure.
 class PostgresConnection {
  public:
-  // Server as in BeginConnecting.
+  // Server is a connection string. Patience is with its look-up and its answer together.
   PostgresConnection(const std::string& server, std::chrono::milliseconds patience);
   ~PostgresConnection();
   PostgresConnection(const PostgresConnection&) = delete;
@@ -79,7 +78,6 @@ class PostgresConnection {
   std::size_t Exchanges() const { return exchanges_; }
 
  private:
-  void Connect(const std::string& server, std::chrono::milliseconds patience);
   // The plan of a request and whether it is sent along; no name for a request without one.
   struct Plan {
     std::string name;

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <random>
 #include <utility>
 
 #include "estimatedb/engine/SqlWords.h"
@@ -34,22 +33,17 @@ const PostgresRequest kBeginPart{"SAVEPOINT lantos_part"};
 const PostgresRequest kEndPart{"RELEASE SAVEPOINT lantos_part"};
 const PostgresRequest kUndoPart{"ROLLBACK TO SAVEPOINT lantos_part"};
 
-std::string NewCopyName() {
-  std::random_device random;
-  return fmt::format("{:08x}{:08x}", random(), random());
-}
-
 }  // namespace
 
 PostgresEngine::PostgresEngine(ServerPlace place, const Clock& clock, std::chrono::milliseconds busyTimeout)
-    : place_(std::move(place)), clock_(clock), busyTimeout_(busyTimeout), copy_(NewCopyName()) {
+    : place_(std::move(place)), clock_(clock), busyTimeout_(busyTimeout) {
   Connect();
 }
 
 void PostgresEngine::Connect() {
   Drop();
   const DaySerial today = clock_.Today();
-  ServerSession session = OpenSession(place_, today, busyTimeout_, copy_);
+  ServerSession session = OpenSession(place_, today, busyTimeout_, own_->Name());
   connection_ = std::move(session.connection);
   keys_ = std::move(session.keys);
   statements_.clear();
@@ -93,7 +87,7 @@ void PostgresEngine::Post(std::string_view statement, const std::vector<Value>& 
 }
 
 std::unique_ptr<ChangeWatch> PostgresEngine::Watch(const WatchTimes& times) {
-  return std::make_unique<ServerWatch>(place_, copy_, times);
+  return std::make_unique<ServerWatch>(place_, own_, times);
 }
 
 std::vector<PostgresResult> PostgresEngine::AskPlainly(const std::vector<PostgresRequest>& requests) {
@@ -325,6 +319,7 @@ void PostgresEngine::Rethrow(const PostgresFailure& failure, std::string_view st
       fmt::format("{} {}\n\n{}", failure.State(), FromUtf8(failure.what()), StatementForLog(statement, parameters));
   std::string words = WordsOf(kind, file);
   if (failure.IsLost()) words = WordsOfLostConnection(place_, fate);
+  if (failure.IsLost() && fate == Fate::Unknown) own_->Doubt();
   if (kind == DatabaseErrorKind::Locked) {
     words = WordsOfLock(file, busyTimeout_);
     text = words + "\n\n" + text;

@@ -11,6 +11,7 @@
 
 #include "estimatedb/engine/Engine.h"
 #include "estimatedb/postgres/ForeseenAnswers.h"
+#include "estimatedb/postgres/OwnChanges.h"
 #include "estimatedb/postgres/PostgresConnection.h"
 #include "estimatedb/postgres/ServerFile.h"
 #include "estimatedb/postgres/ServerWords.h"
@@ -107,7 +108,7 @@ class PostgresEngine : public Engine {
   ServerPlace place_;
   const Clock& clock_;
   std::chrono::milliseconds busyTimeout_;
-  std::string copy_;  // by which others' changes are told from what comes from here
+  std::shared_ptr<OwnChanges> own_ = std::make_shared<OwnChanges>();
   std::unique_ptr<PostgresConnection> connection_;
   std::size_t roundTripsBefore_ = 0;  // of earlier connections
   std::unordered_map<std::string, Statement, TextHash, std::equal_to<>> statements_;
