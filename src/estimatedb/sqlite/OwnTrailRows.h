@@ -22,6 +22,7 @@ class OwnTrailRows {
   void Commit();
 
   bool Has(std::int64_t number) const { return committed_.contains(number); }
+  std::int64_t Highest() const { return committed_.empty() ? 0 : *committed_.rbegin(); }
   void ForgetUpTo(std::int64_t number);
 
  private:

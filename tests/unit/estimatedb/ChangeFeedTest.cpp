@@ -1,3 +1,6 @@
+#include <filesystem>
+#include <fstream>
+
 #include "estimatedb/ChangeFeedFixture.h"
 
 namespace lantos::test {
@@ -131,6 +134,82 @@ TEST_P(ChangeFeedInAFile, AnotherProgramsChangeIsOfAnything) {
   Follow();
   Plain("update Estimates set Status = 3");
   EXPECT_EQ(CommandsOf(News()), Commands{"all"});
+}
+
+TEST_P(ChangeFeedInAFile, ALockThatSomebodyHoldsAtTheBeginningIsNotWaitedForEither) {
+  SQLite::Database other(Path().string(), SQLite::OPEN_READWRITE);
+  other.exec("begin exclusive");
+  const auto begin = std::chrono::steady_clock::now();
+  feed.emplace(db, kQuick);
+  EXPECT_TRUE(feed->Ask().IsNone());
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, milliseconds(500));
+  other.exec("commit");
+  EXPECT_EQ(CommandsOf(News()), Commands{"all"}) << "what was changed until then isn't known";
+  them.SetComments("waits", 7);
+  EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
+}
+
+// Restored from a copy, moved to a server, deleted: what is open is nobody's any more.
+TEST_P(ChangeFeedInAFile, AFileThatAnotherOneHasTakenThePlaceOfIsNeitherFollowedNorReadNorWritten) {
+  const auto copy = PathOf("copy.mdb");
+  std::filesystem::copy_file(Path(), copy);
+  Follow();
+  std::filesystem::rename(Path(), PathOf("old.mdb"));
+  const auto expectRefused = [&](const std::function<void()>& command) {
+    try {
+      command();
+      ADD_FAILURE() << "done";
+    } catch (const DatabaseError& error) {
+      EXPECT_THAT(error.Words(),
+                  testing::AllOf(testing::HasSubstr("start it again"), testing::HasSubstr("Lantos.mdb")));
+    }
+  };
+  for (const bool isReplaced : {false, true}) {
+    if (isReplaced) std::filesystem::rename(copy, Path());
+    EXPECT_TRUE(feed->Ask().IsNone());
+    EXPECT_FALSE(feed->Contact().stands);
+    EXPECT_EQ(feed->Contact().trouble, "file moved");
+    EXPECT_THAT(feed->Contact().reason, testing::HasSubstr("start it again"));
+    expectRefused([&] { db.EstimateByNumber(7); });
+    expectRefused([&] { db.SetStatus(5, 7); });
+    expectRefused([&] { db.Connection().ReadTogether([] {}); });
+    expectRefused([&] { db.Connection().Run("update Estimates set Status = 5", {}); });
+  }
+  EXPECT_EQ(PlainValue("select Status from Estimates"), "1");
+  std::filesystem::rename(PathOf("old.mdb"), Path());
+  them.SetComments("waits", 7);
+  EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"}) << "it is back";
+  EXPECT_TRUE(feed->Contact().stands);
+}
+
+TEST_P(ChangeFeedInAFile, WhatIsCommittedToAFileThatHasJustLostItsNameIsNotSaidToBeStored) {
+  const auto copy = PathOf("copy.mdb");
+  std::filesystem::copy_file(Path(), copy);
+  EXPECT_EQ(KindOf([&] {
+              db.Connection().Together([&] {
+                db.SetStatus(5, 7);
+                std::filesystem::rename(copy, Path());
+              });
+            }),
+            DatabaseErrorKind::Unreachable);
+  EXPECT_EQ(PlainValue("select Status from Estimates"), "1");
+}
+
+TEST_P(ChangeFeedInAFile, AnOlderCopyThatWasPutIntoTheFileIsAnotherProgramsChange) {
+  const auto copy = PathOf("copy.mdb");
+  std::filesystem::copy_file(Path(), copy);
+  Follow();
+  them.SetComments("one", 7);
+  News();
+  db.SetComments("two", 7);
+  db.SetComments("three", 7);
+  std::ofstream(Path(), std::ios::binary) << std::ifstream(copy, std::ios::binary).rdbuf();
+  EXPECT_EQ(CommandsOf(News()), Commands{"all"});
+  them.SetComments("four", 7);
+  EXPECT_EQ(CommandsOf(News()), Commands{"SetComments"});
+  them.SetComments("five", 7);
+  them.SetComments("six", 7);
+  EXPECT_EQ(CommandsOf(News(2)), (Commands{"SetComments", "SetComments"}));
 }
 
 TEST_P(ChangeFeedInAFile, ALockThatSomebodyHoldsIsNotWaitedFor) {
