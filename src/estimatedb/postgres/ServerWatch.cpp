@@ -155,7 +155,7 @@ void ServerWatch::TakeNews() {
 
 void ServerWatch::Look() {
   looked_ = steady_clock::now();
-  Send(Step::Looking, std::string(kAskForUntold), {NumberText(trailFrom_)});
+  Send(Step::Looking, std::string(kAskForUntold), {NumberText(trailFrom_.value_or(kNothingBehindIt))});
 }
 
 // Whose they are isn't known: they may be one's own.

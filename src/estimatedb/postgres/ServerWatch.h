@@ -65,9 +65,9 @@ class ServerWatch : public ChangeWatch {
   std::size_t doubtsAsked_ = 0;  // how often one's own changes had been in doubt when it was last read
   std::size_t doubtsTold_ = 0;
   std::optional<Moment> noticed_;
-  Moment looked_{};               // at the trail
-  double trailFrom_ = 0;          // what is behind it is looked at
-  std::optional<double> untold_;  // rows there that the feed doesn't have
+  Moment looked_{};                  // at the trail
+  std::optional<double> trailFrom_;  // what is behind it is looked at
+  std::optional<double> untold_;     // rows there that the feed doesn't have
   Moment heard_ = std::chrono::steady_clock::now();
   Moment lostSince_ = heard_;
   bool stands_ = false;

@@ -22,7 +22,7 @@ FileWatch::FileWatch(SqliteEngine& engine, OwnTrailRows& own, std::chrono::milli
       own_(own),
       busyTimeout_(busyTimeout),
       askVersion_(engine.Plainly().getHandle(), "PRAGMA data_version") {
-  Ask();  // what is there at the beginning is no news
+  FileWatch::Ask();  // what is there at the beginning is no news
 }
 
 std::int64_t FileWatch::Version() { return static_cast<std::int64_t>(askVersion_.Run({}).Number("data_version")); }
