@@ -101,7 +101,8 @@ void PostgresConnection::Flush() {
   if (left < 0) ThrowLost();
 }
 
-std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<PostgresRequest>& requests) {
+std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<PostgresRequest>& requests,
+                                                         const Look& look) {
   ++exchanges_;
   std::vector<Plan> plans;
   std::unordered_map<std::string, std::string> sentAlong;
@@ -121,12 +122,12 @@ std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<Postg
   }
   if (Pq().pipelineSync(connection_.get()) != 1) ThrowLost();
   Flush();
-  return Receive(requests, plans);
+  return Receive(requests, plans, look);
 }
 
 // A plan that went along is answered ahead of its statement.
 std::vector<PostgresResult> PostgresConnection::Receive(const std::vector<PostgresRequest>& requests,
-                                                        const std::vector<Plan>& plans) {
+                                                        const std::vector<Plan>& plans, const Look& look) {
   PGconn* const connection = connection_.get();
   std::vector<PostgresResult> results;
   std::optional<PostgresFailure> failure;
@@ -149,6 +150,7 @@ std::vector<PostgresResult> PostgresConnection::Receive(const std::vector<Postgr
       continue;
     }
     isPlanned = false;
+    if (look && look(place, *result)) result.reset();
     results.push_back(std::move(result));
   }
   if (failure) throw *failure;

@@ -179,11 +179,12 @@ PostgresResult PostgresEngine::Ask(const std::vector<PostgresRequest>& requests,
   });
 }
 
-std::vector<PostgresResult> PostgresEngine::AskInTransaction(const std::vector<PostgresRequest>& requests) {
-  return OrWithNewPlans([&] { return AskWithin(requests); });
+std::vector<PostgresResult> PostgresEngine::AskInTransaction(const std::vector<PostgresRequest>& requests,
+                                                             const Look& look) {
+  return OrWithNewPlans([&] { return AskWithin(requests, look); });
 }
 
-std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<PostgresRequest>& requests) {
+std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<PostgresRequest>& requests, const Look& look) {
   if (transaction_ == Transaction::Lost) std::rethrow_exception(allUndone_);
   if (transaction_ == Transaction::Asked && (!connection_ || !connection_->Stands())) Connect();
   std::vector<PostgresRequest> all = std::exchange(pending_, {});
@@ -193,7 +194,11 @@ std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<Postgres
   all.push_back(kEndStatement);
   transaction_ = Transaction::Begun;
   try {
-    std::vector<PostgresResult> results = Exchange(all);
+    const Look lookAtRequested = [&](std::size_t place, const pg_result& answer) {
+      const bool isRequested = look && place > ahead && place <= ahead + requests.size();
+      return isRequested && look(place - ahead - 1, answer);
+    };
+    std::vector<PostgresResult> results = Exchange(all, lookAtRequested);
     posted_.clear();
     results.erase(results.begin(), results.begin() + static_cast<std::ptrdiff_t>(ahead + 1));
     results.pop_back();
@@ -210,9 +215,9 @@ std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<Postgres
   }
 }
 
-std::vector<PostgresResult> PostgresEngine::Exchange(const std::vector<PostgresRequest>& requests) {
+std::vector<PostgresResult> PostgresEngine::Exchange(const std::vector<PostgresRequest>& requests, const Look& look) {
   try {
-    return connection_->Exchange(requests);
+    return connection_->Exchange(requests, look);
   } catch (const PostgresFailure& failure) {
     today_.reset();  // may be undone with what failed
     if (failure.IsLost()) Drop();
