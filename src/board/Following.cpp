@@ -83,8 +83,12 @@ void Following::Rest(std::chrono::milliseconds time) { rest_ = static_cast<int>(
 void Following::TellContact() {
   const WatchContact contact = feed_->Contact();
   const std::string age = FormatAge(contact.ago);
-  const std::string text = contact.stands ? "Followed " + age + " ago" : "Not followed for " + age;
+  const std::string lost = contact.trouble.empty() ? "Not followed for " + age : "Not followed: " + contact.trouble;
+  const std::string text = contact.stands ? "Followed " + age + " ago" : lost;
   if (told_.Caption() != text) told_.SetCaption(text);
+  const bool isNewReason = !contact.reason.empty() && contact.reason != reason_;
+  if (isNewReason) parts_.shop.environment.log.Write("What others change isn't followed: " + contact.reason);
+  reason_ = contact.reason;
 }
 
 bool Following::Show(const ChangeNews& news) {

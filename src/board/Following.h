@@ -41,7 +41,8 @@ class Following {
   std::function<bool()> isFree_;
   std::optional<ChangeFeed> feed_;
   ChangeNews waiting_;
-  int rest_ = 0;  // ticks to come without a look at the database, which has failed or was just read
+  std::string reason_;  // why nothing is followed, as the run log has it
+  int rest_ = 0;        // ticks to come without a look at the database, which has failed or was just read
 };
 
 // "Changed at FRONTDESK 10:32", by who has made a change.

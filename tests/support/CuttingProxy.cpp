@@ -53,15 +53,15 @@ CuttingProxy::CuttingProxy(std::string directory, const std::string& serverDirec
 CuttingProxy::~CuttingProxy() {
   isEnding_ = true;
   thread_.join();
+  for (std::thread& line : lines_) line.join();
   ::close(listener_);
 }
 
-// One connection at a time, as a program has it.
 void CuttingProxy::Serve() {
   while (!isEnding_) {
     if (!CanBeRead(listener_)) continue;
     const int client = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-    if (client >= 0) Forward(client);
+    if (client >= 0) lines_.emplace_back([this, client] { Forward(client); });
   }
 }
 
@@ -69,7 +69,8 @@ void CuttingProxy::Forward(int client) {
   const int server = OnSocket(server_, ::connect);
   std::array<pollfd, 2> ends{pollfd{client, POLLIN, 0}, pollfd{server, POLLIN, 0}};
   bool isWhole = server >= 0;
-  while (isWhole && !isEnding_) {
+  const int cuts = cuts_;
+  while (isWhole && !isEnding_ && cuts_ == cuts) {
     const bool isSilent = isSilent_;
     for (pollfd& end : ends) end.events = isSilent ? 0 : POLLIN;
     if (::poll(ends.data(), ends.size(), kLookEvery) <= 0) continue;

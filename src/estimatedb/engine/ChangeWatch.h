@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 
 #include "estimatedb/engine/Recordset.h"
 
@@ -13,6 +14,7 @@ struct WatchTimes {
   std::chrono::milliseconds patience{5000};    // with an answer, after which the connection is dead
   std::chrono::milliseconds firstPause{1000};  // before the next try to connect; twice as long after each that failed
   std::chrono::milliseconds longestPause{30000};
+  std::chrono::milliseconds look{30000};  // at the trail, for what nobody was told of
 };
 
 // What others have changed.
@@ -26,6 +28,8 @@ struct ForeignRows {
 struct WatchContact {
   bool stands = false;
   std::chrono::milliseconds ago{0};
+  std::string trouble{};  // where it is one that somebody can end, which, in two or three words
+  std::string reason{};   // why it doesn't stand, for the run log
 };
 
 // Follows what other copies of the program, and other programs, commit to a database: what the own connection commits

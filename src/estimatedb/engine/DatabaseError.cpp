@@ -43,9 +43,8 @@ std::string WordsOfLock(std::string_view file, std::chrono::milliseconds wait) {
 
 std::string WordsOfMove(std::string_view file) {
   return fmt::format(
-      "The estimates have been moved to another database while this program ran: \"{}\" isn't the one that it has "
-      "open. "
-      "Nothing was stored.\n\nEnd the program and start it again.",
+      "The estimates have been moved, or restored from a copy, while this program ran: \"{}\" isn't the file that it "
+      "has open. Nothing was stored.\n\nEnd the program and start it again.",
       file);
 }
 

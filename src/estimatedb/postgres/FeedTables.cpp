@@ -52,4 +52,12 @@ const std::string_view kAskForNews =
     "LEFT JOIN trailfeed f ON f.changenumber > $1 AND f.changenumber <= c.counted "
     "LEFT JOIN trail t ON t.trailnumber = f.trailnumber ORDER BY f.changenumber";
 
+const std::string_view kAskForUntold =
+    "WITH ends AS (SELECT coalesce(max(trailnumber), 0) - 1000 AS next FROM trail), "
+    "untold AS (SELECT t.trailnumber FROM trail t "
+    "WHERE t.trailnumber > (SELECT least($1::bigint, next) FROM ends) "
+    "AND NOT EXISTS (SELECT FROM trailfeed f WHERE f.trailnumber = t.trailnumber)) "
+    "SELECT next, (SELECT count(*) FROM untold WHERE trailnumber > $1::bigint), "
+    "(SELECT count(*) FROM untold WHERE trailnumber > next) FROM ends";
+
 }  // namespace lantos

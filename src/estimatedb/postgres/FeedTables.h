@@ -15,5 +15,9 @@ extern const std::string_view kAskForFeed;
 extern const std::string_view kMakeFeed;
 // Given a number, the highest number and whatever has come behind the given one, with its row of the trail.
 extern const std::string_view kAskForNews;
+// Given a number of the trail, of the rows behind it those that the feed doesn't have, since their trigger wasn't there
+// or failed: from which number to look the next time, how many there are behind the given one, and behind that. The
+// feed has every row of the last thousand numbers that its trigger told of.
+extern const std::string_view kAskForUntold;
 
 }  // namespace lantos

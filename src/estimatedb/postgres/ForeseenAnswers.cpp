@@ -16,15 +16,24 @@ std::size_t ForeseenAnswers::MarkOf(std::string_view statement, const std::vecto
   return mark;
 }
 
-void ForeseenAnswers::Keep(std::string_view statement, const std::vector<Value>& values, Recordset answer) {
-  answers_.emplace(MarkOf(statement, values), Answer{std::string(statement), values, std::move(answer)});
+void ForeseenAnswers::Keep(std::string_view statement, std::vector<Value> values, Recordset answer) {
+  const std::size_t mark = MarkOf(statement, values);
+  const bool isAsBefore = last_ != nullptr && *last_ == statement;
+  if (!isAsBefore) last_ = &*statements_.emplace(statement).first;
+  answers_.emplace(mark, Answer{last_, std::move(values), std::move(answer)});
+}
+
+void ForeseenAnswers::Forget() {
+  answers_.clear();
+  statements_.clear();
+  last_ = nullptr;
 }
 
 std::optional<Recordset> ForeseenAnswers::Take(std::string_view statement, const std::vector<Value>& values) {
   if (answers_.empty()) return std::nullopt;
   const auto [begin, end] = answers_.equal_range(MarkOf(statement, values));
   for (auto at = begin; at != end; ++at) {
-    if (at->second.statement != statement || at->second.values != values) continue;
+    if (*at->second.statement != statement || at->second.values != values) continue;
     std::optional<Recordset> rows(std::move(at->second.rows));
     answers_.erase(at);
     return rows;

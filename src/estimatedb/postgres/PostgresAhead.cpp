@@ -1,9 +1,34 @@
+#include <utility>
+
 #include "estimatedb/postgres/PostgresEngine.h"
 #include "estimatedb/postgres/PostgresRequests.h"
 #include "estimatedb/postgres/PostgresRows.h"
 
 // What is asked for ahead, in one go.
 namespace lantos {
+
+namespace {
+
+// The rows of the answers to several questions, made while the server is at the next one.
+class RowsOfSeveral {
+ public:
+  explicit RowsOfSeveral(const std::vector<Question>& questions) : questions_(questions), rows_(questions.size()) {}
+
+  // The first answer begins anew: whoever asks twice has other columns then.
+  bool Look(std::size_t place, const pg_result& answer) {
+    if (place == 0) answers_.clear();
+    rows_[place] = answers_[questions_[place].statement].RowsOf(answer);
+    return true;
+  }
+  std::vector<Recordset> Take() { return std::move(rows_); }
+
+ private:
+  const std::vector<Question>& questions_;
+  std::unordered_map<std::string_view, AnswersOfOne> answers_;
+  std::vector<Recordset> rows_;
+};
+
+}  // namespace
 
 std::vector<PostgresRequest> PostgresEngine::RequestsFor(const std::vector<Question>& questions) {
   std::vector<PostgresRequest> requests;
@@ -13,12 +38,9 @@ std::vector<PostgresRequest> PostgresEngine::RequestsFor(const std::vector<Quest
   return requests;
 }
 
-void PostgresEngine::Keep(const std::vector<Question>& questions, const std::vector<PostgresResult>& results,
-                          std::size_t from) {
-  std::unordered_map<std::string_view, AnswersOfOne> answers;
+void PostgresEngine::Keep(const std::vector<Question>& questions, std::vector<Recordset> answers) {
   for (std::size_t i = 0; i < questions.size(); ++i) {
-    const Question& question = questions[i];
-    foreseen_.Keep(question.statement, question.values, answers[question.statement].RowsOf(*results[from + i]));
+    foreseen_.Keep(questions[i].statement, questions[i].values, std::move(answers[i]));
   }
 }
 
@@ -46,12 +68,20 @@ void PostgresEngine::AskAhead(const std::vector<Question>& questions) {
     std::vector<PostgresRequest> all{{std::string(kBeginReading)}};
     Append(all, RequestsFor(questions));
     all.push_back({"COMMIT"});
-    const std::vector<PostgresResult> results = OrWithNewPlans([&] {
-      const std::vector<PostgresRequest> each = all;
-      all.insert(all.begin(), PostgresRequest{"ROLLBACK"});  // of what a second try finds begun
-      return Exchange(each);
+    RowsOfSeveral rows(questions);
+    std::size_t ahead = 1;
+    const auto look = [&](std::size_t place, const pg_result& answer) {
+      return place >= ahead && place < ahead + questions.size() && rows.Look(place - ahead, answer);
+    };
+    bool isSecondTry = false;
+    OrWithNewPlans([&] {
+      if (std::exchange(isSecondTry, true)) {
+        all.insert(all.begin(), PostgresRequest{"ROLLBACK"});  // of what the first has begun
+        ++ahead;
+      }
+      return Exchange(all, look);
     });
-    Keep(questions, results, results.size() - 1 - questions.size());
+    Keep(questions, rows.Take());
   } catch (const PostgresFailure& failure) {
     Forget(questions.front().statement, KindOfState(failure.State()));
     Undo();
@@ -62,7 +92,10 @@ void PostgresEngine::AskAhead(const std::vector<Question>& questions) {
 void PostgresEngine::Foresee(const std::vector<Question>& questions) {
   if (questions.empty() || transaction_ == Transaction::None || transaction_ == Transaction::Lost) return;
   try {
-    Keep(questions, AskInTransaction(RequestsFor(questions)), 0);
+    RowsOfSeveral rows(questions);
+    AskInTransaction(RequestsFor(questions),
+                     [&](std::size_t place, const pg_result& answer) { return rows.Look(place, answer); });
+    Keep(questions, rows.Take());
   } catch (const PostgresFailure& failure) {
     Forget(questions.front().statement, KindOfState(failure.State()));
     if (transaction_ == Transaction::Lost) Rethrow(failure, questions.front().statement, {}, Fate::NotStored);

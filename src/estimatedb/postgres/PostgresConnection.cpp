@@ -1,36 +1,20 @@
 #include "estimatedb/postgres/PostgresConnection.h"
-#include "estimatedb/postgres/ServerLibrary.h"
 
 #include <poll.h>
 
 #include <algorithm>
-#include <cctype>
 
-#include "frame/Text.h"
+#include "estimatedb/postgres/ConnectingThread.h"
+#include "estimatedb/postgres/ServerLibrary.h"
 
 namespace lantos {
 
 namespace {
 
-using Patience = std::chrono::steady_clock;
-
 // Until the socket can be read or written, as asked for, or time is up.
 bool WaitFor(PGconn* connection, short events, std::chrono::milliseconds atMost) {
   pollfd each{Pq().socket(connection), events, 0};
   return ::poll(&each, 1, static_cast<int>(std::max<std::int64_t>(atMost.count(), 0))) > 0;
-}
-
-// "FATAL:  28P01: password authentication failed": of a login that fails libpq gives the state in its text alone.
-std::string StateIn(std::string_view message) {
-  for (std::size_t at = message.find(": "); at != std::string_view::npos; at = message.find(": ", at + 1)) {
-    const std::string_view state = TrimView(message.substr(at + 2)).substr(0, 6);
-    const auto isPart = [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z'); };
-    const bool hasDigit = state.find_first_of("0123456789") != std::string_view::npos;  // "FATAL" has none
-    if (hasDigit && state.size() == 6 && state[5] == ':' && std::all_of(state.begin(), state.begin() + 5, isPart)) {
-      return std::string(state.substr(0, 5));
-    }
-  }
-  return {};
 }
 
 std::string FieldOf(const PGresult* result, int field) {
@@ -40,15 +24,6 @@ std::string FieldOf(const PGresult* result, int field) {
 
 // The server ends a connection with an error before it hangs up.
 bool EndsTheConnection(std::string_view state) { return state.starts_with("57P") || state.starts_with("08"); }
-
-PostgresFailure FailureOf(const PGresult* result, std::size_t place) {
-  const std::string state = FieldOf(result, PG_DIAG_SQLSTATE);
-  std::string text = FieldOf(result, PG_DIAG_MESSAGE_PRIMARY);
-  if (const std::string detail = FieldOf(result, PG_DIAG_MESSAGE_DETAIL); !detail.empty()) text += "\n" + detail;
-  if (text.empty()) text = Pq().resultErrorMessage(result);
-  const bool isLost = state.empty() || EndsTheConnection(state);
-  return {text, state, isLost ? PostgresFailure::Link::Lost : PostgresFailure::Link::Stands, place};
-}
 
 // More different statements than the program has.
 constexpr std::size_t kPlansKept = 128;
@@ -63,67 +38,30 @@ std::string KeyOf(const PostgresRequest& request) {
 // The server may begin while the rest is being put together.
 constexpr std::size_t kSentAtOnce = 32;
 
-// What a connection is asked for; of one keyword the later one counts.
-struct Wishes {
-  std::vector<const char*> keywords;
-  std::vector<const char*> values;
-
-  void Add(const char* keyword, const char* value) {
-    keywords.push_back(keyword);
-    values.push_back(value);
-  }
-};
-
 }  // namespace
+
+PostgresFailure FailureOf(const PGresult* result, std::size_t place) {
+  const std::string state = FieldOf(result, PG_DIAG_SQLSTATE);
+  std::string text = FieldOf(result, PG_DIAG_MESSAGE_PRIMARY);
+  if (const std::string detail = FieldOf(result, PG_DIAG_MESSAGE_DETAIL); !detail.empty()) text += "\n" + detail;
+  if (text.empty()) text = Pq().resultErrorMessage(result);
+  const bool isLost = state.empty() || EndsTheConnection(state);
+  return {text, state, isLost ? PostgresFailure::Link::Lost : PostgresFailure::Link::Stands, place};
+}
 
 void ClearPostgresResult::operator()(pg_result* result) const { Pq().clear(result); }
 void FinishPostgresConnection::operator()(pg_conn* connection) const { Pq().finish(connection); }
 
 PostgresConnection::PostgresConnection(const std::string& server, std::chrono::milliseconds patience) {
-  Connect(server, patience);
+  ConnectingThread making(server, patience);
+  connection_ = making.TakeWithin(patience);
+  if (!connection_) throw PostgresFailure("no answer in time", "", PostgresFailure::Link::Lost);
   Pq().setNoticeReceiver(
       connection_.get(), [](void*, const PGresult*) {}, nullptr);
   if (Pq().setnonblocking(connection_.get(), 1) != 0 || Pq().enterPipelineMode(connection_.get()) != 1) ThrowLost();
 }
 
 PostgresConnection::~PostgresConnection() = default;
-
-// Of the keywords the later ones count: those in front of the connection string give way to it. A line that is dead
-// without saying so is found out within half a minute.
-PostgresLink BeginConnecting(const std::string& server) {
-  Wishes wishes;
-  wishes.Add("fallback_application_name", "lantos");
-  wishes.Add("keepalives_idle", "10");
-  wishes.Add("keepalives_interval", "5");
-  wishes.Add("keepalives_count", "3");
-  wishes.Add("tcp_user_timeout", "25000");
-  wishes.Add("dbname", server.c_str());
-  wishes.Add("client_encoding", "UTF8");
-  wishes.Add(nullptr, nullptr);
-  PostgresLink link(Pq().connectStartParams(wishes.keywords.data(), wishes.values.data(), 1));
-  if (!link) throw PostgresFailure("out of memory", "", PostgresFailure::Link::Lost);
-  return link;
-}
-
-void PostgresConnection::Connect(const std::string& server, std::chrono::milliseconds patience) {
-  connection_ = BeginConnecting(server);
-  PGconn* const connection = connection_.get();
-  Pq().setErrorVerbosity(connection, PQERRORS_VERBOSE);
-  const auto end = Patience::now() + patience;
-  PostgresPollingStatusType status =
-      Pq().status(connection) == CONNECTION_BAD ? PGRES_POLLING_FAILED : PGRES_POLLING_WRITING;
-  while (status != PGRES_POLLING_OK && status != PGRES_POLLING_FAILED) {
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Patience::now());
-    if (!WaitFor(connection, status == PGRES_POLLING_READING ? POLLIN : POLLOUT, left)) {
-      throw PostgresFailure("no answer in time", "", PostgresFailure::Link::Lost);
-    }
-    status = Pq().connectPoll(connection);
-  }
-  if (status == PGRES_POLLING_OK) return;
-  const std::string message = Pq().errorMessage(connection);
-  const std::string state = Pq().connectionNeedsPassword(connection) != 0 ? "28P01" : StateIn(message);
-  throw PostgresFailure(message, state, PostgresFailure::Link::Lost);
-}
 
 void PostgresConnection::ThrowLost() const {
   throw PostgresFailure(Pq().errorMessage(connection_.get()), "", PostgresFailure::Link::Lost);
@@ -163,7 +101,8 @@ void PostgresConnection::Flush() {
   if (left < 0) ThrowLost();
 }
 
-std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<PostgresRequest>& requests) {
+std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<PostgresRequest>& requests,
+                                                         const Look& look) {
   ++exchanges_;
   std::vector<Plan> plans;
   std::unordered_map<std::string, std::string> sentAlong;
@@ -183,12 +122,12 @@ std::vector<PostgresResult> PostgresConnection::Exchange(const std::vector<Postg
   }
   if (Pq().pipelineSync(connection_.get()) != 1) ThrowLost();
   Flush();
-  return Receive(requests, plans);
+  return Receive(requests, plans, look);
 }
 
 // A plan that went along is answered ahead of its statement.
 std::vector<PostgresResult> PostgresConnection::Receive(const std::vector<PostgresRequest>& requests,
-                                                        const std::vector<Plan>& plans) {
+                                                        const std::vector<Plan>& plans, const Look& look) {
   PGconn* const connection = connection_.get();
   std::vector<PostgresResult> results;
   std::optional<PostgresFailure> failure;
@@ -211,6 +150,7 @@ std::vector<PostgresResult> PostgresConnection::Receive(const std::vector<Postgr
       continue;
     }
     isPlanned = false;
+    if (look && look(place, *result)) result.reset();
     results.push_back(std::move(result));
   }
   if (failure) throw *failure;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -55,22 +56,24 @@ struct FinishPostgresConnection {
 };
 using PostgresLink = std::unique_ptr<pg_conn, FinishPostgresConnection>;
 
-// Begins to connect, without waiting. Server is a connection string; the program's own wishes give way to what stands
-// in it. Throws PostgresFailure.
-PostgresLink BeginConnecting(const std::string& server);
+// What the server says in place of an answer. Place as in PostgresFailure.
+PostgresFailure FailureOf(const pg_result* result, std::size_t place = 0);
 
 // One connection. Everything here throws PostgresFailure.
 class PostgresConnection {
  public:
-  // Server as in BeginConnecting.
+  // Server is a connection string. Patience is with its look-up and its answer together.
   PostgresConnection(const std::string& server, std::chrono::milliseconds patience);
   ~PostgresConnection();
   PostgresConnection(const PostgresConnection&) = delete;
   PostgresConnection& operator=(const PostgresConnection&) = delete;
 
+  // Told of each answer as it comes, by the place of its request, while the server is at the next. True: it has what it
+  // wants of it, and the answer is left out.
+  using Look = std::function<bool(std::size_t place, const pg_result& answer)>;
   // Sends all in one go and waits for all that comes back: one round trip. Outside of a transaction they are one. The
-  // first that fails keeps the others behind it from being done, and is thrown.
-  std::vector<PostgresResult> Exchange(const std::vector<PostgresRequest>& requests);
+  // first that fails keeps the others behind it from being done, and is thrown. What is left out is null.
+  std::vector<PostgresResult> Exchange(const std::vector<PostgresRequest>& requests, const Look& look = nullptr);
   // What the server has taken in is taken in anew from now on.
   void ForgetPlans() { plans_.clear(); }
   // Whether it stands, as far as can be told without asking the server.
@@ -79,7 +82,6 @@ class PostgresConnection {
   std::size_t Exchanges() const { return exchanges_; }
 
  private:
-  void Connect(const std::string& server, std::chrono::milliseconds patience);
   // The plan of a request and whether it is sent along; no name for a request without one.
   struct Plan {
     std::string name;
@@ -87,7 +89,8 @@ class PostgresConnection {
   };
   Plan PlanOf(const PostgresRequest& request) const;
   void Send(const PostgresRequest& request, const Plan& plan);
-  std::vector<PostgresResult> Receive(const std::vector<PostgresRequest>& requests, const std::vector<Plan>& plans);
+  std::vector<PostgresResult> Receive(const std::vector<PostgresRequest>& requests, const std::vector<Plan>& plans,
+                                      const Look& look);
   void Flush();
   [[noreturn]] void ThrowLost() const;
 

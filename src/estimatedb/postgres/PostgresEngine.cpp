@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <random>
 #include <utility>
 
 #include "estimatedb/engine/SqlWords.h"
@@ -34,22 +33,17 @@ const PostgresRequest kBeginPart{"SAVEPOINT lantos_part"};
 const PostgresRequest kEndPart{"RELEASE SAVEPOINT lantos_part"};
 const PostgresRequest kUndoPart{"ROLLBACK TO SAVEPOINT lantos_part"};
 
-std::string NewCopyName() {
-  std::random_device random;
-  return fmt::format("{:08x}{:08x}", random(), random());
-}
-
 }  // namespace
 
 PostgresEngine::PostgresEngine(ServerPlace place, const Clock& clock, std::chrono::milliseconds busyTimeout)
-    : place_(std::move(place)), clock_(clock), busyTimeout_(busyTimeout), copy_(NewCopyName()) {
+    : place_(std::move(place)), clock_(clock), busyTimeout_(busyTimeout) {
   Connect();
 }
 
 void PostgresEngine::Connect() {
   Drop();
   const DaySerial today = clock_.Today();
-  ServerSession session = OpenSession(place_, today, busyTimeout_, copy_);
+  ServerSession session = OpenSession(place_, today, busyTimeout_, own_->Name());
   connection_ = std::move(session.connection);
   keys_ = std::move(session.keys);
   statements_.clear();
@@ -93,7 +87,7 @@ void PostgresEngine::Post(std::string_view statement, const std::vector<Value>& 
 }
 
 std::unique_ptr<ChangeWatch> PostgresEngine::Watch(const WatchTimes& times) {
-  return std::make_unique<ServerWatch>(place_, copy_, times);
+  return std::make_unique<ServerWatch>(place_, own_, times);
 }
 
 std::vector<PostgresResult> PostgresEngine::AskPlainly(const std::vector<PostgresRequest>& requests) {
@@ -185,11 +179,12 @@ PostgresResult PostgresEngine::Ask(const std::vector<PostgresRequest>& requests,
   });
 }
 
-std::vector<PostgresResult> PostgresEngine::AskInTransaction(const std::vector<PostgresRequest>& requests) {
-  return OrWithNewPlans([&] { return AskWithin(requests); });
+std::vector<PostgresResult> PostgresEngine::AskInTransaction(const std::vector<PostgresRequest>& requests,
+                                                             const Look& look) {
+  return OrWithNewPlans([&] { return AskWithin(requests, look); });
 }
 
-std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<PostgresRequest>& requests) {
+std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<PostgresRequest>& requests, const Look& look) {
   if (transaction_ == Transaction::Lost) std::rethrow_exception(allUndone_);
   if (transaction_ == Transaction::Asked && (!connection_ || !connection_->Stands())) Connect();
   std::vector<PostgresRequest> all = std::exchange(pending_, {});
@@ -199,7 +194,11 @@ std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<Postgres
   all.push_back(kEndStatement);
   transaction_ = Transaction::Begun;
   try {
-    std::vector<PostgresResult> results = Exchange(all);
+    const Look lookAtRequested = [&](std::size_t place, const pg_result& answer) {
+      const bool isRequested = look && place > ahead && place <= ahead + requests.size();
+      return isRequested && look(place - ahead - 1, answer);
+    };
+    std::vector<PostgresResult> results = Exchange(all, lookAtRequested);
     posted_.clear();
     results.erase(results.begin(), results.begin() + static_cast<std::ptrdiff_t>(ahead + 1));
     results.pop_back();
@@ -216,9 +215,9 @@ std::vector<PostgresResult> PostgresEngine::AskWithin(const std::vector<Postgres
   }
 }
 
-std::vector<PostgresResult> PostgresEngine::Exchange(const std::vector<PostgresRequest>& requests) {
+std::vector<PostgresResult> PostgresEngine::Exchange(const std::vector<PostgresRequest>& requests, const Look& look) {
   try {
-    return connection_->Exchange(requests);
+    return connection_->Exchange(requests, look);
   } catch (const PostgresFailure& failure) {
     today_.reset();  // may be undone with what failed
     if (failure.IsLost()) Drop();
@@ -325,6 +324,7 @@ void PostgresEngine::Rethrow(const PostgresFailure& failure, std::string_view st
       fmt::format("{} {}\n\n{}", failure.State(), FromUtf8(failure.what()), StatementForLog(statement, parameters));
   std::string words = WordsOf(kind, file);
   if (failure.IsLost()) words = WordsOfLostConnection(place_, fate);
+  if (failure.IsLost() && fate == Fate::Unknown) own_->Doubt();
   if (kind == DatabaseErrorKind::Locked) {
     words = WordsOfLock(file, busyTimeout_);
     text = words + "\n\n" + text;

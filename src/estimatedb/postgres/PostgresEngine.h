@@ -11,6 +11,7 @@
 
 #include "estimatedb/engine/Engine.h"
 #include "estimatedb/postgres/ForeseenAnswers.h"
+#include "estimatedb/postgres/OwnChanges.h"
 #include "estimatedb/postgres/PostgresConnection.h"
 #include "estimatedb/postgres/ServerFile.h"
 #include "estimatedb/postgres/ServerWords.h"
@@ -76,11 +77,13 @@ class PostgresEngine : public Engine {
   const Statement& StatementOf(std::string_view statement);
   const Statement& StatementFor(std::string_view statement, const std::vector<Value>& parameters);
   std::vector<PostgresRequest> RequestsFor(const std::vector<Question>& questions);
-  void Keep(const std::vector<Question>& questions, const std::vector<PostgresResult>& results, std::size_t from);
+  void Keep(const std::vector<Question>& questions, std::vector<Recordset> answers);
   void Forget(std::string_view statement, DatabaseErrorKind kind);
   PostgresResult Ask(const std::vector<PostgresRequest>& requests, Purpose purpose);
-  std::vector<PostgresResult> AskInTransaction(const std::vector<PostgresRequest>& requests);
-  std::vector<PostgresResult> AskWithin(const std::vector<PostgresRequest>& requests);
+  using Look = PostgresConnection::Look;
+  std::vector<PostgresResult> AskInTransaction(const std::vector<PostgresRequest>& requests,
+                                               const Look& look = nullptr);
+  std::vector<PostgresResult> AskWithin(const std::vector<PostgresRequest>& requests, const Look& look);
   // Somebody else has changed a table that a plan speaks of, or something between here and the server has lost the
   // plans: what was asked for hasn't been done, and is asked for once more.
   template <class Asking>
@@ -93,7 +96,7 @@ class PostgresEngine : public Engine {
     }
     return ask();
   }
-  std::vector<PostgresResult> Exchange(const std::vector<PostgresRequest>& requests);
+  std::vector<PostgresResult> Exchange(const std::vector<PostgresRequest>& requests, const Look& look = nullptr);
   std::vector<PostgresRequest> Opening(Purpose purpose);
   void InTransaction(Purpose purpose, const std::function<void()>& work);
   void Commit(Purpose purpose);
@@ -107,7 +110,7 @@ class PostgresEngine : public Engine {
   ServerPlace place_;
   const Clock& clock_;
   std::chrono::milliseconds busyTimeout_;
-  std::string copy_;  // by which others' changes are told from what comes from here
+  std::shared_ptr<OwnChanges> own_ = std::make_shared<OwnChanges>();
   std::unique_ptr<PostgresConnection> connection_;
   std::size_t roundTripsBefore_ = 0;  // of earlier connections
   std::unordered_map<std::string, Statement, TextHash, std::equal_to<>> statements_;

@@ -1,7 +1,6 @@
 #include "estimatedb/postgres/ServerWatch.h"
 
 #include <fmt/format.h>
-#include <poll.h>
 
 #include <algorithm>
 #include <utility>
@@ -9,6 +8,8 @@
 #include "estimatedb/postgres/FeedTables.h"
 #include "estimatedb/postgres/PostgresRows.h"
 #include "estimatedb/postgres/ServerLibrary.h"
+#include "estimatedb/postgres/ServerWords.h"
+#include "frame/Text.h"
 
 namespace lantos {
 
@@ -22,18 +23,17 @@ std::chrono::milliseconds Since(steady_clock::time_point moment) {
   return std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - moment);
 }
 
-bool IsReady(PGconn* connection, short events) {
-  pollfd each{Pq().socket(connection), events, 0};
-  return ::poll(&each, 1, 0) > 0;
-}
+std::string NumberText(double number) { return fmt::format("{:.0f}", number); }
 
 }  // namespace
 
 ForeignRows ServerWatch::Ask() {
   try {
-    while (GoOn()) continue;
-  } catch (const std::exception&) {  // also one that the client library isn't there
-    Lose();
+    while (!news_.isAll && !news_.trail.IsOpen() && GoOn()) continue;
+  } catch (const PostgresFailure& failure) {
+    Lose(failure.what(), failure.State());
+  } catch (const std::exception& error) {  // also one that the client library isn't there
+    Lose(error.what(), "");
   }
   return std::exchange(news_, {});
 }
@@ -43,10 +43,9 @@ bool ServerWatch::GoOn() {
   switch (step_) {
     case Step::Away:
       if (steady_clock::now() < nextTry_) return false;
-      link_ = BeginConnecting(place_.server);
+      connecting_ = std::make_unique<ConnectingThread>(place_.server, 2 * times_.patience);
       step_ = Step::Connecting;
-      since_ = steady_clock::now();
-      return true;
+      return false;
     case Step::Connecting:
       return GoOnConnecting();
     case Step::Quiet:
@@ -56,17 +55,14 @@ bool ServerWatch::GoOn() {
   }
 }
 
+// A name that is being looked up is waited for as long as that takes: a second look-up would be no faster.
 bool ServerWatch::GoOnConnecting() {
-  PGconn* const connection = link_.get();
-  if (Pq().status(connection) == CONNECTION_BAD) ThrowLost("no connection");
-  if (Since(since_) > 2 * times_.patience) ThrowLost("no connection in time");
-  if (!IsReady(connection, POLLIN | POLLOUT)) return false;
-  const PostgresPollingStatusType status = Pq().connectPoll(connection);
-  if (status == PGRES_POLLING_FAILED) ThrowLost("refused");
-  if (status != PGRES_POLLING_OK) return IsReady(connection, status == PGRES_POLLING_READING ? POLLIN : POLLOUT);
+  link_ = connecting_->TakeWithin(std::chrono::milliseconds(0));
+  if (!link_) return false;
+  connecting_.reset();
   Pq().setNoticeReceiver(
-      connection, [](void*, const PGresult*) {}, nullptr);
-  if (Pq().setnonblocking(connection, 1) != 0) ThrowLost("no connection");
+      link_.get(), [](void*, const PGresult*) {}, nullptr);
+  if (Pq().setnonblocking(link_.get(), 1) != 0) ThrowLost("no connection");
   Send(Step::Finding, std::string(kAskForFeed), {place_.schema});
   return true;
 }
@@ -98,7 +94,7 @@ bool ServerWatch::TakeAnswer() {
       Answered();
       return true;
     }
-    if (Pq().resultStatus(result.get()) == PGRES_FATAL_ERROR) ThrowLost("refused");
+    if (Pq().resultStatus(result.get()) == PGRES_FATAL_ERROR) throw FailureOf(result.get());
     result_ = std::move(result);
   }
   if (Since(since_) > times_.patience) ThrowLost("no answer");
@@ -117,15 +113,25 @@ void ServerWatch::Answered() {
     }
     case Step::Making:
       known_.reset();  // nobody has counted what was changed until then
+      untold_.reset();
+      looked_ = {};
       return listen();
     case Step::Listening:
-      return Send(Step::Reading, std::string(kAskForNews), {fmt::format("{:.0f}", known_.value_or(kNothingBehindIt))});
-    default:
+      return Read();
+    case Step::Reading:
       TakeNews();
-      stands_ = true;
-      pause_ = times_.firstPause;
+      Stand();
+      if (Since(looked_) >= times_.look) Look();
+      return;
+    default:
       step_ = Step::Quiet;
+      if (HasMissed()) Send(Step::Finding, std::string(kAskForFeed), {place_.schema});
   }
+}
+
+void ServerWatch::Read() {
+  doubtsAsked_ = own_->Doubts();
+  Send(Step::Reading, std::string(kAskForNews), {NumberText(known_.value_or(kNothingBehindIt))});
 }
 
 // Numbers that are missing were pruned, or count from the beginning again.
@@ -139,11 +145,35 @@ void ServerWatch::TakeNews() {
     const bool isChange = !row.IsNull("changenumber");
     behind += isChange ? 1 : 0;
     withRow += isChange && !row.IsNull("command") ? 1 : 0;
-    return isChange && !row.IsNull("command") && row.Text("writer") != copy_;
+    return isChange && !row.IsNull("command") && row.Text("writer") != own_->Name();
   });
-  news_.isAll = !known_ || behind != counted - *known_ || withRow != behind;
+  const bool isInDoubt = std::exchange(doubtsTold_, doubtsAsked_) != doubtsAsked_;
+  news_.isAll = !known_ || behind != counted - *known_ || withRow != behind || isInDoubt;
   if (rows.Count() != 0) news_.trail = std::move(rows);
   known_ = counted;
+}
+
+void ServerWatch::Look() {
+  looked_ = steady_clock::now();
+  Send(Step::Looking, std::string(kAskForUntold), {NumberText(trailFrom_.value_or(kNothingBehindIt))});
+}
+
+// Whose they are isn't known: they may be one's own.
+bool ServerWatch::HasMissed() {
+  const auto number = [this](int column) { return std::stod(Pq().getvalue(result_.get(), 0, column)); };
+  const bool hasMissed = untold_ && number(1) != *untold_;
+  news_.isAll = news_.isAll || hasMissed;
+  trailFrom_ = number(0);
+  untold_ = number(2);
+  return hasMissed;
+}
+
+void ServerWatch::Stand() {
+  stands_ = true;
+  trouble_.clear();
+  reason_.clear();
+  pause_ = times_.firstPause;
+  step_ = Step::Quiet;
 }
 
 void ServerWatch::DrainNotices() {
@@ -157,17 +187,21 @@ bool ServerWatch::LookForNotices() {
   TakeInput();
   DrainNotices();
   const bool isNews = noticed_ && Since(*noticed_) >= times_.merge;
-  if (!isNews && Since(heard_) < times_.heartbeat) return false;
+  const bool isInDoubt = own_->Doubts() != doubtsTold_;
+  if (!isNews && !isInDoubt && Since(heard_) < times_.heartbeat) return false;
   noticed_.reset();
-  Send(Step::Reading, std::string(kAskForNews), {fmt::format("{:.0f}", *known_)});
+  Read();
   return true;
 }
 
-void ServerWatch::Lose() {
+void ServerWatch::Lose(const std::string& reason, std::string_view state) {
+  connecting_.reset();
   link_.reset();
   result_.reset();
   noticed_.reset();
   if (std::exchange(stands_, false)) lostSince_ = heard_;
+  trouble_ = TroubleOfFollowing(state);
+  reason_ = trouble_.empty() ? FromUtf8(reason) : WordsOfTroubledFollowing(place_, state);
   step_ = Step::Away;
   nextTry_ = steady_clock::now() + pause_;
   pause_ = std::min(2 * pause_, times_.longestPause);
@@ -175,6 +209,6 @@ void ServerWatch::Lose() {
 
 void ServerWatch::ThrowLost(const char* why) const { throw PostgresFailure(why, "", PostgresFailure::Link::Lost); }
 
-WatchContact ServerWatch::Contact() const { return {stands_, Since(stands_ ? heard_ : lostSince_)}; }
+WatchContact ServerWatch::Contact() const { return {stands_, Since(stands_ ? heard_ : lostSince_), trouble_, reason_}; }
 
 }  // namespace lantos

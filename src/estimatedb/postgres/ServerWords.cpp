@@ -111,4 +111,20 @@ std::string WordsOfEncoding(const ServerPlace& place, std::string_view encoding)
       place.database, place.address, encoding);
 }
 
+std::string TroubleOfFollowing(std::string_view state) {
+  if (state == "42501") return "no rights";
+  if (state == "53300") return "server full";
+  if (state.starts_with("28")) return "login refused";
+  return {};
+}
+
+std::string WordsOfTroubledFollowing(const ServerPlace& place, std::string_view state) {
+  if (state != "42501") return WordsOfRefusedConnection(place, state);
+  return fmt::format(
+      "{} doesn't let this login read, or make, what tells of changes. Whoever looks after the server can give it "
+      "SELECT, "
+      "INSERT, UPDATE and DELETE on the tables TrailCount and TrailFeed of the schema \"{}\".",
+      Server(place), FromUtf8(place.schema));
+}
+
 }  // namespace lantos

@@ -25,4 +25,9 @@ std::string WordsOfClosedSchema(const ServerPlace& place);
 std::string WordsOfSchemaNotMade(const ServerPlace& place);
 std::string WordsOfEncoding(const ServerPlace& place, std::string_view encoding);
 
+// Why changes aren't followed, by the state that the server gave: in a few words for the board, where it is something
+// that whoever looks after the server can mend, otherwise empty; and what that is, for the run log.
+std::string TroubleOfFollowing(std::string_view state);
+std::string WordsOfTroubledFollowing(const ServerPlace& place, std::string_view state);
+
 }  // namespace lantos

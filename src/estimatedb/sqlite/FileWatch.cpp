@@ -22,14 +22,7 @@ FileWatch::FileWatch(SqliteEngine& engine, OwnTrailRows& own, std::chrono::milli
       own_(own),
       busyTimeout_(busyTimeout),
       askVersion_(engine.Plainly().getHandle(), "PRAGMA data_version") {
-  engine_.ReadTogether([this] {
-    version_ = Version();
-    try {
-      lastRow_ = engine_.Run(kLastRow, {}).Long("LastRow");
-    } catch (const DatabaseError& error) {
-      if (error.Kind() != DatabaseErrorKind::NotThere) throw;
-    }
-  });
+  FileWatch::Ask();  // what is there at the beginning is no news
 }
 
 std::int64_t FileWatch::Version() { return static_cast<std::int64_t>(askVersion_.Run({}).Number("data_version")); }
@@ -40,25 +33,38 @@ ForeignRows FileWatch::Ask() {
   ForeignRows rows;
   if (sqlite3_get_autocommit(engine_.Plainly().getHandle()) == 0) return rows;
   try {
-    WithoutWaiting([&] {
-      if (Version() == version_) return;
-      engine_.ReadTogether([&] {
-        const std::int64_t version = Version();
-        rows = ReadTrail();
-        version_ = version;
-      });
-    });
+    if (engine_.HasMoved()) throw engine_.FileHasMoved();
+    WithoutWaiting([&] { Look(rows); });
     heard_ = std::chrono::steady_clock::now();
     lostSince_.reset();
+    trouble_.clear();
+    reason_.clear();
   } catch (const std::exception& error) {
     const auto* ofEngine = dynamic_cast<const SQLite::Exception*>(&error);
     const auto* ofProgram = dynamic_cast<const DatabaseError*>(&error);
     const bool isHeld = ofEngine != nullptr ? (ofEngine->getErrorCode() & 0xFF) == SQLITE_BUSY
                                             : ofProgram != nullptr && ofProgram->Kind() == DatabaseErrorKind::Locked;
-    if (!isHeld && !lostSince_) lostSince_ = heard_;
     rows = {};
+    if (isHeld) return rows;
+    if (!lostSince_) lostSince_ = heard_;
+    trouble_ = engine_.HasMoved() ? "file moved" : "";
+    reason_ = error.what();
   }
   return rows;
+}
+
+void FileWatch::Look(ForeignRows& rows) {
+  if (version_ && Version() == *version_) return;
+  engine_.ReadTogether([&] {
+    const std::int64_t version = Version();
+    if (version_) {
+      rows = ReadTrail();
+    } else {
+      lastRow_ = HighestRow();
+      rows.isAll = true;
+    }
+    version_ = version;
+  });
 }
 
 void FileWatch::WithoutWaiting(const std::function<void()>& look) {
@@ -73,15 +79,26 @@ void FileWatch::WithoutWaiting(const std::function<void()>& look) {
   look();
 }
 
-ForeignRows FileWatch::ReadTrail() {
-  ForeignRows rows;
+std::int64_t FileWatch::HighestRow() {
   try {
-    rows.trail = engine_.Run(kRowsBehind, {Value(lastRow_)});
+    return engine_.Run(kLastRow, {}).Long("LastRow");
   } catch (const DatabaseError& error) {
     if (error.Kind() != DatabaseErrorKind::NotThere) throw;
+    return 0;
+  }
+}
+
+// A trail that ends ahead of what was read of it is that of an older copy, which was put into the file.
+ForeignRows FileWatch::ReadTrail() {
+  ForeignRows rows;
+  const std::int64_t highest = HighestRow();
+  if (highest == 0 || highest < std::max(lastRow_, own_.Highest())) {
+    own_.ForgetUpTo(own_.Highest());
+    lastRow_ = highest;
     rows.isAll = true;
     return rows;
   }
+  rows.trail = engine_.Run(kRowsBehind, {Value(lastRow_)});
   std::int64_t last = lastRow_;
   rows.trail.Filter([&](const Recordset& row) {
     const std::int64_t number = row.Long("TrailNumber");
@@ -96,7 +113,7 @@ ForeignRows FileWatch::ReadTrail() {
 
 WatchContact FileWatch::Contact() const {
   const auto since = std::chrono::steady_clock::now() - lostSince_.value_or(heard_);
-  return {!lostSince_, std::chrono::duration_cast<std::chrono::milliseconds>(since)};
+  return {!lostSince_, std::chrono::duration_cast<std::chrono::milliseconds>(since), trouble_, reason_};
 }
 
 }  // namespace lantos

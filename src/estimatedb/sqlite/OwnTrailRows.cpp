@@ -14,6 +14,8 @@ void OwnTrailRows::Follow(sqlite3* connection) {
     static_cast<OwnTrailRows*>(rows)->pending_.push_back(number);
   };
   sqlite3_update_hook(connection, note, this);
+  const auto undo = [](void* rows) { static_cast<OwnTrailRows*>(rows)->pending_.clear(); };
+  sqlite3_rollback_hook(connection, undo, this);
 }
 
 void OwnTrailRows::Undo(std::size_t to) { pending_.resize(std::min(to, pending_.size())); }

@@ -125,6 +125,10 @@ void SqliteEngine::Configure() {
 }
 
 Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>& parameters) {
+  const std::size_t trailRowsBefore = ownTrailRows_.Pending();
+  const bool isAlone = !IsInTransaction();
+  if (isAlone) RefuseMovedFile();
+  const int changesBefore = sqlite3_total_changes(database_->getHandle());
   try {
     const auto known = statements_.find(statement);
     if (known == statements_.end()) {
@@ -134,10 +138,11 @@ Recordset SqliteEngine::Run(std::string_view statement, const std::vector<Value>
       }
     }
     Recordset rows = (known != statements_.end() ? known->second : Prepared(statement)).Run(parameters);
+    if (isAlone && sqlite3_total_changes(database_->getHandle()) != changesBefore) RefuseMovedFile();
     if (!IsInTransaction()) ownTrailRows_.Commit();
     return rows;
   } catch (const SQLite::Exception&) {
-    if (!IsInTransaction()) ownTrailRows_.Undo(0);
+    ownTrailRows_.Undo(trailRowsBefore);
     Rethrow(statement, parameters);
   }
 }
@@ -216,14 +221,37 @@ void SqliteEngine::UndoApart(std::size_t trailRowsBefore) {
 // Within a transaction the work is part of that one.
 void SqliteEngine::InTransaction(Purpose purpose, const std::function<void()>& work) {
   if (IsInTransaction()) return work();
+  RefuseMovedFile();
+  const int changesBefore = sqlite3_total_changes(database_->getHandle());
   using Behavior = SQLite::TransactionBehavior;
   SQLite::Transaction transaction(*database_, purpose == Purpose::Write ? Behavior::IMMEDIATE : Behavior::DEFERRED);
   allUndone_ = nullptr;
-  ownTrailRows_.Undo(0);
   work();
   if (allUndone_) std::rethrow_exception(std::exchange(allUndone_, nullptr));
   transaction.commit();
+  if (sqlite3_total_changes(database_->getHandle()) != changesBefore) RefuseMovedFile();
   ownTrailRows_.Commit();
+}
+
+// SQLite takes a name that can't be looked at for one that is gone; a share that is away for a while keeps its files.
+bool SqliteEngine::HasMoved() const {
+  int hasMoved = 0;
+  sqlite3_file_control(database_->getHandle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+  if (hasMoved == 0) return false;
+  std::error_code unknown;
+  static_cast<void>(std::filesystem::exists(path_, unknown));
+  return !unknown;
+}
+
+DatabaseError SqliteEngine::FileHasMoved() const {
+  const std::string words = WordsOfMove(TextOfPath(path_));
+  return DatabaseError(words, DatabaseErrorKind::Unreachable, 0, words);
+}
+
+// Ahead of whatever is read, since it is of no use to anybody, and behind each commit: SQLite itself looks as it begins
+// to write, and no later.
+void SqliteEngine::RefuseMovedFile() const {
+  if (HasMoved()) throw FileHasMoved();
 }
 
 std::unique_ptr<ChangeWatch> SqliteEngine::Watch(const WatchTimes&) {

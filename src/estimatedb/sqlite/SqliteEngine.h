@@ -46,6 +46,9 @@ class SqliteEngine : public Engine {
   std::size_t StatementsPrepared() const { return statementsPrepared_; }
   // The file as the engine's own library has it, for work within Together that knows what it does.
   SQLite::Database& Plainly() { return *database_; }
+  // Whether the file that is open has lost its name, to another file or to none.
+  bool HasMoved() const;
+  DatabaseError FileHasMoved() const;
 
  private:
   struct TextHash {
@@ -57,6 +60,7 @@ class SqliteEngine : public Engine {
 
   void RefuseForeignFile();
   void InTransaction(Purpose purpose, const std::function<void()>& work);
+  void RefuseMovedFile() const;
   bool IsInTransaction() const;
   void UndoApart(std::size_t trailRowsBefore);
   void Configure();

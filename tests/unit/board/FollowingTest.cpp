@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <sstream>
+
 #include "board/BookingBench.h"
 #include "estimatedb/EngineChoice.h"
 #include "estimatedb/WatchedEngine.h"
@@ -195,6 +198,22 @@ TEST(Following, WaitsForBoxesAndMenusAndOtherScreens) {
   bench.board.Run(look);  // what brings up a menu or a preview is an event of the board's
   bench.Look();
   EXPECT_EQ(bench.TuesdayList().ListCount(), 10);
+}
+
+TEST(Following, WhatKeepsItFromFollowingStandsBelowTheCommandsAndOnceInTheRunLogAndInNoBox) {
+  Followed bench;
+  bench.environment.log.Open();
+  std::filesystem::rename(bench.directory / "Lantos.mdb", bench.directory / "elsewhere.mdb");
+  for (int look = 0; look < 3; ++look) bench.Look();
+  EXPECT_EQ(bench.board.lblFollowed.Caption(), "Not followed: file moved");
+  std::ostringstream log;
+  log << std::ifstream(bench.environment.log.Path()).rdbuf();
+  const std::string_view told = "What others change isn't followed: The estimates have been moved";
+  EXPECT_THAT(log.str(), HasSubstr(told));
+  EXPECT_EQ(log.str().find(told), log.str().rfind(told)) << "once";
+  std::filesystem::rename(bench.directory / "elsewhere.mdb", bench.directory / "Lantos.mdb");
+  bench.Look();
+  EXPECT_EQ(bench.board.lblFollowed.Caption(), "Followed 0:00 ago");
 }
 
 TEST(Following, IsOffUntilItIsAskedForAndOffAgainWithNoTimerAndNothingAsked) {
