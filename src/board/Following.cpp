@@ -15,6 +15,7 @@ namespace {
 constexpr std::chrono::milliseconds kRestBehindFailure{5000};
 // Of a busy shop's changes those of a second are one reload: many boards would keep a server from its work otherwise.
 constexpr std::chrono::milliseconds kRestBehindReload{1000};
+constexpr std::chrono::milliseconds kRestBehindLookAtNames{1000};
 
 // "0:03", "12:40", "1:05:00".
 std::string FormatAge(std::chrono::milliseconds age) {
@@ -38,7 +39,7 @@ std::string ChangedBy(const TrailEntry& change) {
 
 Following::Following(const BoardParts& parts, Board& board, ui::Timer& timer, ui::Label& told,
                      std::function<bool()> isFree)
-    : parts_(parts), board_(board), timer_(timer), told_(told), isFree_(std::move(isFree)) {
+    : parts_(parts), board_(board), timer_(timer), told_(told), isFree_(std::move(isFree)), names_(parts.shop) {
   told_.SetVisible(false);
   timer_.OnTimer = [this] { Tick(); };
 }
@@ -50,9 +51,18 @@ void Following::Begin() {
     parts_.shop.environment.log.Write(std::string("What others change isn't followed: ") + error.what());
     return;
   }
+  stood_ = feed_->Contact().stands;
+  names_.Begin();
+  rest_ = restOfNames_ = 0;
   timer_.SetInterval(static_cast<int>(feed_->Pace().count()));
   TellContact();
   told_.SetVisible(true);
+}
+
+void Following::ShowAll() {
+  waiting_.isAll = true;
+  names_.MakeStale();
+  Tick();
 }
 
 void Following::End() {
@@ -66,19 +76,41 @@ void Following::End() {
 void Following::Tick() {
   if (!feed_) return;
   waiting_.Add(feed_->Ask());
+  // What was changed while nobody was heard of may be told by nothing.
+  const bool stands = feed_->Contact().stands;
+  if (!std::exchange(stood_, stands) && stands) waiting_.isAll = true;
   TellContact();
   if (rest_ > 0) --rest_;
-  if (waiting_.IsNone() || rest_ > 0 || !isFree_()) return;
+  if (restOfNames_ > 0) --restOfNames_;
+  if (rest_ > 0 || !isFree_()) return;
+  const bool areNames = ReadNames();
+  if (waiting_.IsNone() && !areNames) return;
   try {
-    if (Show(waiting_)) Rest(kRestBehindReload);
+    if (Show(waiting_, areNames)) rest_ = TicksOf(kRestBehindReload);
     waiting_ = {};
+    if (areNames) names_.WereShown();
   } catch (const std::exception& error) {  // it is tried again, without a box that nobody has asked for
     parts_.shop.environment.log.Write(error.what());
-    Rest(kRestBehindFailure);
+    rest_ = TicksOf(kRestBehindFailure);
   }
 }
 
-void Following::Rest(std::chrono::milliseconds time) { rest_ = static_cast<int>(time / feed_->Pace()); }
+// A tag file that can't be read just then doesn't hold up what was changed in the database.
+bool Following::ReadNames() {
+  if (restOfNames_ > 0) return false;
+  restOfNames_ = TicksOf(kRestBehindLookAtNames);
+  if (!names_.AreStale()) return false;
+  try {
+    names_.ReadTags();
+    return true;
+  } catch (const FileError& error) {
+    parts_.shop.environment.log.Write(error.what());
+    restOfNames_ = TicksOf(kRestBehindFailure);
+    return false;
+  }
+}
+
+int Following::TicksOf(std::chrono::milliseconds time) const { return static_cast<int>(time / feed_->Pace()); }
 
 void Following::TellContact() {
   const WatchContact contact = feed_->Contact();
@@ -91,18 +123,23 @@ void Following::TellContact() {
   reason_ = contact.reason;
 }
 
-bool Following::Show(const ChangeNews& news) {
+bool Following::Show(const ChangeNews& news, bool areNames) {
   const std::int32_t onShow = parts_.detail.DisplayedEstimate();
   const auto isOfIt = [&](const TrailEntry& change) { return change.estimate == onShow; };
   const auto last = std::find_if(news.changes.rbegin(), news.changes.rend(), isOfIt);
   const bool isOnShow = onShow != 0 && (news.isAll || last != news.changes.rend());
-  const bool isOfWeek = ConcernsWeek(news);
+  const bool isOfWeek = areNames || ConcernsWeek(news);
   if (isOfWeek) board_.ShowWeekAnew();
   // Selected and not on show: the detail view and the commands go by what is in memory of it.
   const std::int32_t current = parts_.database.estimates.CurrentEstimate.EstimateNumber;
   const bool isOfCurrent = current != 0 && current != onShow && Concerns(news, current);
   if (isOfCurrent) parts_.database.estimates.LoadEstimate(current);
-  if (isOnShow) parts_.detail.ShowAnew(last != news.changes.rend() ? ChangedBy(*last) : "");
+  if (isOnShow) {
+    parts_.detail.ShowAnew(last != news.changes.rend() ? ChangedBy(*last) : "");
+  } else if (areNames) {
+    const Customers::Quietly quietly(parts_.shop.records.customers);
+    parts_.detail.ReadCustomerAgain();
+  }
   return isOfWeek || isOfCurrent || isOnShow;
 }
 

@@ -107,8 +107,11 @@ void frmMain::Run(const std::function<void()>& event) {
   Form::Run(event);
 }
 
-// A timer's own event is one. Boxes, menus, previews and other screens are within the event that has brought them up.
-bool frmMain::IsFree() const { return events_ <= 1 && Visible() && !shop_.desktop.IsAsking(); }
+// A timer's own event is one. Boxes, popup menus, previews and other screens are within the event that has brought them
+// up; the menu bar's menus are the desktop's.
+bool frmMain::IsFree() const {
+  return events_ <= 1 && Visible() && !shop_.desktop.IsAsking() && !shop_.desktop.IsPersonBusy();
+}
 
 void frmMain::FollowOthers() {
   if (startAndStop_.follow == StartAndStop::Follow::WhenAsked) return;
@@ -120,7 +123,7 @@ void frmMain::SwitchFollowing() {
   following_.IsOn() ? following_.End() : following_.Begin();
   menus_.ShowFollowing(following_.IsOn());
   shop_.environment.settings.Save(kFollow, following_.IsOn() ? "1" : "0");
-  if (following_.IsOn()) board_.ShowWeekAnew();
+  if (following_.IsOn()) following_.ShowAll();
 }
 
 // What stands on the board of the shop's name and rates.

@@ -5,31 +5,16 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <ctime>
 #include <memory>
 
 #include "frame/CodePoints.h"
 #include "frame/FileError.h"
+#include "frame/FileStamp.h"
 #include "frame/Text.h"
 
 namespace lantos {
 
 namespace {
-
-constexpr std::int64_t kSecond = 1'000'000'000;
-// Two changes within one tick of the kernel's clock leave the same stamp. A reading that close to the last change is
-// not relied on; file systems that stamp whole seconds get a wider margin.
-constexpr std::int64_t kMargin = 20'000'000;
-constexpr std::int64_t kMarginOfWholeSeconds = 2 * kSecond;
-
-std::int64_t Nanoseconds(const timespec& time) { return time.tv_sec * kSecond + time.tv_nsec; }
-
-// Stamps are the kernel's, so they are compared with the kernel's clock; the program's own may stand.
-std::int64_t KernelNow() {
-  timespec now = {};
-  ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-  return Nanoseconds(now);
-}
 
 // Names lie as UTF-8 on the disk. One that the ANSI page can't hold stays as it lies there.
 std::string AnsiName(std::string_view name) {
@@ -84,10 +69,7 @@ bool IsFile(const std::string& path, unsigned char type) {
 
 }  // namespace
 
-bool DirectoryNames::HasStamp(const struct stat& now) const {
-  return now.st_dev == readAt_.st_dev && now.st_ino == readAt_.st_ino &&
-         Nanoseconds(now.st_mtim) == Nanoseconds(readAt_.st_mtim);
-}
+bool DirectoryNames::HasStamp(const struct stat& now) const { return FileStamp(now) == FileStamp(readAt_); }
 
 // The stamp is taken before the names are read: a change in between shows at the next look.
 void DirectoryNames::Refresh() {
@@ -98,8 +80,7 @@ void DirectoryNames::Refresh() {
     return;
   }
   if (settled_ && HasStamp(now)) return;
-  const std::int64_t margin = now.st_mtim.tv_nsec == 0 ? kMarginOfWholeSeconds : kMargin;
-  settled_ = KernelNow() - Nanoseconds(now.st_mtim) > margin;
+  settled_ = FileStamp(now).IsSettled();
   readAt_ = now;
   names_.clear();
   ForEachEntry(directory_, [this](std::string_view name, unsigned char) {

@@ -126,7 +126,11 @@ Customers::Customers(Environment& environment, ui::Desktop& desktop, modSystem& 
   };
 }
 
-bool Customers::LoadCustomerTags() {
+bool Customers::LoadCustomerTags(From lookUps) {
+  if (lookUps == From::File) {
+    lookupCustomer_ = kNobody;
+    lookedUp_.emplace();  // of nobody, so that the current one isn't taken for the one on file
+  }
   OpenedFile file(environment_.openFiles);
   const auto open = [&] {
     if (!file.IsOpen()) file.Open(kCustomerTagFile, Access::Read, Deny::None);

@@ -61,8 +61,10 @@ class Customers {
   CustomerTag CurrentTag;
   CustomerRecord CurrentCustomer;
 
-  // Fills the array anew, with 32767 tags at most. False, and an empty array, when the person gave up.
-  bool LoadCustomerTags();
+  enum class From { Memory, File };
+  // Fills the array anew, with 32767 tags at most. False, and an empty array, when the person gave up. Whoever is
+  // looked up next comes from the file too, if that is said.
+  bool LoadCustomerTags(From lookUps = From::Memory);
   std::size_t Count() const { return tags_.size(); }
   const CustomerTag& Tag(std::size_t index) const { return tags_[index]; }
   // The place of the first tag with that number; Count() when there is none.
@@ -71,7 +73,6 @@ class Customers {
   // up; from then on that one. So a current customer of an hour ago is never taken for the record on file. A screen
   // that opens a customer reads the file whatever is in memory. Nothing when the tag leads nowhere or to somebody
   // else's record, which is told, and when the person gave up.
-  enum class From { Memory, File };
   std::optional<CustomerRecord> Master(const CustomerTag& tag, From from = From::Memory);
   // Whether a master that was wanted in this run was somebody else's.
   bool LeadsToAnothers(const CustomerTag& tag) const { return anothers_.contains(tag.Get(customertag::Number)); }

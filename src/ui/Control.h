@@ -24,6 +24,10 @@ class ControlPeer {
   // Of a list or grid: the rows that can be seen at once, at least 1.
   virtual int RowsAPage() const { return kRowsAPage; }
   virtual void ScrollSideways(int /*steps*/) {}
+  // Of a list: the row at its upper edge; 0 where nothing tells.
+  virtual int TopRow() const { return 0; }
+  // Once what has changed is shown the list is scrolled to there, whatever row is the current one.
+  virtual void KeepTopRow(int /*row*/) {}
 };
 
 // A plain control: properties and events, no pixels. Constructed as a member of its form under the name that the

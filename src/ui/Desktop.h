@@ -86,6 +86,10 @@ class Desktop {
   // Serves the person until the form is unloaded: the life of the main window.
   virtual void RunUntilUnloaded(Form& form) = 0;
 
+  // The person is in the middle of something that is no event of a form: a menu or a list hangs open, a button of the
+  // mouse is down.
+  virtual bool IsPersonBusy() const { return false; }
+
   // What was copied last, where no window system keeps it. Line ends as "\n".
   std::string clipboard;
 

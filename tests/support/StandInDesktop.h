@@ -46,6 +46,7 @@ class StandInDesktop : public ui::Desktop {
   int documentResult = 33;
   std::function<void(ui::Form&, ui::Button&)> meanwhile;  // what the person does while a form is at work
   std::vector<std::string> windows;                       // captions of other windows
+  bool personIsBusy = false;                              // with an open menu, or a button of the mouse
   std::optional<ui::ControlPlace> movePreviewTo;          // where the person leaves the next previews
 
   ui::Answer Show(const ui::Box& box) override {
@@ -66,6 +67,7 @@ class StandInDesktop : public ui::Desktop {
   void ServeMeanwhile(ui::Form& form, ui::Button& stop) override {
     if (meanwhile) meanwhile(form, stop);
   }
+  bool IsPersonBusy() const override { return personIsBusy; }
   void Beep() override { ++beeps; }
   void SetPointer(ui::Pointer value) override { pointer = value; }
   void ShowStatus(std::string_view text) override { Note(statuses, text); }

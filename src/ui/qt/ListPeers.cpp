@@ -4,8 +4,10 @@
 #include <QListView>
 #include <QListWidget>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "ui/qt/FormWindow.h"
@@ -76,6 +78,13 @@ class ListPeer : public RowsPeer {
     });
   }
 
+  int TopRow() const override { return std::max(0, list_.indexAt(QPoint(0, 0)).row()); }
+
+  void KeepTopRow(int row) override {
+    keptTop_ = row;
+    Refresh(Aspect::Selection);
+  }
+
   void Read(ControlState& state) const override {
     RowsPeer::Read(state);
     state.rows->resize(static_cast<std::size_t>(list_.count()));
@@ -108,7 +117,15 @@ class ListPeer : public RowsPeer {
       list_.doItemsLayout();
     }
     if (Has(aspects, Aspect::Rows)) ShowRows();
-    if (Has(aspects, Aspect::Rows) || Has(aspects, Aspect::Selection)) ShowSelection();
+    if (!Has(aspects, Aspect::Rows) && !Has(aspects, Aspect::Selection)) return;
+    const int sideways = list_.horizontalScrollBar()->value();
+    ShowSelection();
+    if (keptTop_) ScrollBackTo(*std::exchange(keptTop_, std::nullopt), sideways);
+  }
+
+  void ScrollBackTo(int row, int sideways) {
+    if (const QListWidgetItem* top = list_.item(row)) list_.scrollToItem(top, QAbstractItemView::PositionAtTop);
+    list_.horizontalScrollBar()->setValue(sideways);
   }
 
   void ShowRows() {
@@ -138,6 +155,7 @@ class ListPeer : public RowsPeer {
   ListBox& box_;
   QListWidget& list_;
   RowDelegate* delegate_;
+  std::optional<int> keptTop_;
 };
 
 class ComboPeer : public WidgetPeer {

@@ -169,6 +169,10 @@ void QtDesktop::ServeMeanwhile(Form& form, Button& stop) {
   }
 }
 
+bool QtDesktop::IsPersonBusy() const {
+  return QApplication::activePopupWidget() != nullptr || QApplication::mouseButtons() != Qt::NoButton;
+}
+
 void QtDesktop::RunUntilUnloaded(Form& form) {
   const std::function<bool()> over = [&form] { return !form.IsLoaded(); };
   WaitFor(over, [&] { person_->AtForm(form, over); });

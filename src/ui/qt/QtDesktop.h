@@ -62,6 +62,7 @@ class QtDesktop : public Desktop {
   void FormUnloaded(Form& form) override;
   void RunModal(Form& form) override;
   void ServeMeanwhile(Form& form, Button& stop) override;
+  bool IsPersonBusy() const override;
   void RunUntilUnloaded(Form& form) override;
 
   bool IsDriven() const { return person_ != nullptr; }

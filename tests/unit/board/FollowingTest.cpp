@@ -3,56 +3,17 @@
 #include <fstream>
 #include <sstream>
 
-#include "board/BookingBench.h"
-#include "estimatedb/EngineChoice.h"
-#include "estimatedb/WatchedEngine.h"
+#include "board/FollowingBench.h"
 #include "frame/SharedFile.h"
 
 // What another workstation changes while this one's board is on show.
 namespace lantos {
 namespace {
 
-using test::BookingBench;
 using test::DataOf;
-using test::TextsOf;
+using test::Followed;
 using testing::HasSubstr;
 using ui::Answer;
-
-struct Followed : BookingBench {
-  Followed() {
-    directory.Put("TQEMPLOY.DAT", "");
-    AddEstimate(900, Today(), kArrived);
-    AddEstimate(901, Today(), kArrived);
-    Do("update Estimates set Comments = 'Old' where EstimateNumber = 900");
-    database.lantosData.Disconnect();
-    database.lantosData.SetOpener([this] {
-      return std::make_unique<test::WatchedEngine>(OpenDatabase(directory / "Lantos.mdb", environment.clock),
-                                                   [this](std::string_view) { ++statements; });
-    });
-    Connect(elsewhere, environment);
-    them.KeepTrail(environment.clock, {"FRONTDESK", "beth"});
-    them.SetStatus(kScheduled, 901);  // the trail's table is there
-    Start();
-    board.FindMenu("mnuFollow")->DoClick();
-  }
-  // How many statements a look at what others have changed takes here.
-  int Look() {
-    statements = 0;
-    board.FollowTimer.DoTick();
-    return statements;
-  }
-  void BookElsewhere(std::int32_t number, std::int32_t customer) {
-    them.Connection().Run(fmt::format("insert into Estimates (EstimateNumber, SchedDate, Status, CustomerNumber, "
-                                      "CreateDate) values ({}, '{}', {}, {}, '2003-09-22')",
-                                      number, FormatIsoDate(Today()), kArrived, customer),
-                          {});
-  }
-  ui::ListBox& TuesdayList() { return board.week.List1[kTuesday]; }
-
-  int statements = 0;
-  EstimateDatabase elsewhere{environment, records};
-  de& them = elsewhere.lantosData;
-};
 
 TEST(Following, AnEstimateThatIsBookedElsewhereIsListedAndItsHoursCount) {
   Followed bench;
@@ -214,6 +175,17 @@ TEST(Following, WhatKeepsItFromFollowingStandsBelowTheCommandsAndOnceInTheRunLog
   std::filesystem::rename(bench.directory / "elsewhere.mdb", bench.directory / "Lantos.mdb");
   bench.Look();
   EXPECT_EQ(bench.board.lblFollowed.Caption(), "Followed 0:00 ago");
+}
+
+TEST(Following, WaitsForAMenuThatHangsOpenAndForTheMouse) {
+  Followed bench;
+  bench.desktop.personIsBusy = true;
+  bench.them.AddEstimateRow(902, bench.Today(), kArrived);
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 4);
+  bench.desktop.personIsBusy = false;
+  bench.Look();
+  EXPECT_EQ(bench.TuesdayList().ListCount(), 6);
 }
 
 TEST(Following, IsOffUntilItIsAskedForAndOffAgainWithNoTimerAndNothingAsked) {

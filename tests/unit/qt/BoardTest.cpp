@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include "board/KeptChoice.h"
 #include "qt/WindowShop.h"
 #include "records/MakesModels.h"
 #include "ui/qt/FormWindow.h"
@@ -222,6 +223,80 @@ TEST(Board, AListThatIsScrolledAwayFromItsRowStaysWhereOtherRowsChange) {
   list.SetListIndex(5);
   board.windows.Settle();
   EXPECT_LT(widget.verticalScrollBar()->value(), 100) << "a row that is chosen is shown";
+}
+
+// A list as it is filled anew for what others have changed: the rows of an estimate stay under the person's eyes.
+struct ScrolledList : Board {
+  ScrolledList() {
+    list.OnClick = nullptr;
+    Fill(100);
+    list.SetListIndex(6);
+    windows.Settle();
+  }
+  void Fill(int first) {
+    list.Clear();
+    for (int number = first; number < 200; ++number) {
+      list.AddItem(std::to_string(number) + " an estimate of somebody who has a very long name indeed", number);
+      list.AddItem("  its customer", number);
+    }
+    list.SetHorizontalExtent(2000);
+  }
+  // With estimates from this number on.
+  void FillAnew(int first) {
+    KeptChoice choice(list);
+    Fill(first);
+    choice.Restore();
+    windows.Settle();
+  }
+  int TopData() { return list.ItemData(widget.indexAt(QPoint(0, 0)).row()); }
+
+  ui::ListBox& list = form.week.List1[2];
+  QListWidget& widget = WidgetOf<QListWidget>(list);
+  QScrollBar& bar = *widget.verticalScrollBar();
+};
+
+TEST(Board, AListThatIsFilledAnewHasTheSameRowAtItsUpperEdgeAndTheSameOneSelected) {
+  for (const int first : {97, 100, 102}) {
+    ScrolledList scrolled;
+    scrolled.bar.setValue(81);
+    scrolled.widget.horizontalScrollBar()->setValue(30);
+    ASSERT_EQ(scrolled.TopData(), 140);
+    scrolled.FillAnew(first);
+    EXPECT_EQ(scrolled.TopData(), 140) << first;
+    EXPECT_EQ(scrolled.bar.value(), 81 + 2 * (100 - first));
+    EXPECT_EQ(scrolled.widget.horizontalScrollBar()->value(), 30);
+    EXPECT_EQ(scrolled.list.ItemData(scrolled.list.ListIndex()), 103);
+    EXPECT_EQ(scrolled.widget.currentRow(), scrolled.list.ListIndex());
+  }
+}
+
+TEST(Board, AListThatIsNotScrolledShowsWhatComesAtItsTop) {
+  ScrolledList scrolled;
+  ASSERT_EQ(scrolled.bar.value(), 0);
+  scrolled.FillAnew(60);
+  EXPECT_EQ(scrolled.bar.value(), 0);
+  EXPECT_EQ(scrolled.list.ItemData(scrolled.list.ListIndex()), 103);
+}
+
+TEST(Board, AListWhoseUpperRowIsGoneStaysAsFarDown) {
+  ScrolledList scrolled;
+  scrolled.bar.setValue(20);
+  ASSERT_EQ(scrolled.TopData(), 110);
+  scrolled.FillAnew(120);
+  EXPECT_EQ(scrolled.bar.value(), 20);
+  EXPECT_EQ(scrolled.list.ListIndex(), -1);
+}
+
+TEST(Board, AListOfWhichSeveralRowsAreSelectedStaysWhereItIsScrolled) {
+  ScrolledList scrolled;
+  scrolled.list.SetMultiSelect(true);
+  scrolled.list.DoSelectRows({2, 4});
+  scrolled.windows.Settle();
+  scrolled.bar.setValue(81);
+  scrolled.FillAnew(100);
+  EXPECT_EQ(scrolled.TopData(), 140);
+  EXPECT_TRUE(scrolled.list.Selected(2));
+  EXPECT_TRUE(scrolled.list.Selected(4));
 }
 
 // A caption of two lines is told whole, however narrow its panel.

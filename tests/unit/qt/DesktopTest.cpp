@@ -1,7 +1,10 @@
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <QWindow>
@@ -102,6 +105,34 @@ TEST(QtDesktop, TheClickOfAPopupEntryRunsWhenTheMenuIsGone) {
   bench.person.Will([&] { bench.person.chooseEntry(nullptr); });
   bench.windows.PopupMenu(bench.form, menu);
   EXPECT_EQ(clicks, 1);
+}
+
+TEST(QtDesktop, APersonIsBusyWhileAMenuOrAListHangsOpenOrAButtonOfTheMouseIsDown) {
+  Bench bench;
+  bench.form.AddMenu("mnuFile", "&File").Add("mnuEntry", "&Entry");
+  bench.form.Drive1.AddItem("a row");
+  bench.form.Show();
+  bench.windows.Settle();
+  EXPECT_FALSE(bench.windows.IsPersonBusy());
+  QMenu& menu = *bench.Window().menuBar()->actions().front()->menu();
+  menu.popup(QPoint(0, 0));
+  EXPECT_TRUE(bench.windows.IsPersonBusy());
+  menu.close();
+  EXPECT_FALSE(bench.windows.IsPersonBusy());
+  auto& combo = bench.WidgetOf<QComboBox>(bench.form.Drive1);
+  combo.showPopup();
+  EXPECT_TRUE(bench.windows.IsPersonBusy());
+  combo.hidePopup();
+  EXPECT_FALSE(bench.windows.IsPersonBusy());
+  QWidget& list = *bench.WidgetOf<QListWidget>(bench.form.Dir1).viewport();
+  const auto mouse = [&](QEvent::Type type, Qt::MouseButtons held) {
+    QMouseEvent event(type, QPointF(1, 1), list.mapToGlobal(QPointF(1, 1)), Qt::LeftButton, held, {});
+    QApplication::sendEvent(&list, &event);
+  };
+  mouse(QEvent::MouseButtonPress, Qt::LeftButton);
+  EXPECT_TRUE(bench.windows.IsPersonBusy());
+  mouse(QEvent::MouseButtonRelease, Qt::NoButton);
+  EXPECT_FALSE(bench.windows.IsPersonBusy());
 }
 
 TEST(QtDesktop, MenuEntriesFollowTheirMarks) {
