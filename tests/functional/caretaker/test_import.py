@@ -1,7 +1,8 @@
-"""A Jet database of before becomes the shop's own. Nothing on a test machine writes such files, so the commands of mdbtools
-are stood in for by a script that tells tables as they do: mdb-export's heading without quotes, texts and times in them,
-nothing where a value is null."""
+"""A Jet database of before becomes the shop's own: by the commands of mdbtools from files that jetfiles.py writes; and, so
+that they can tell anything, by a script that stands in for them and tells tables as they do: mdb-export's heading without
+quotes, texts and times in them, nothing where a value is null."""
 
+import datetime
 import json
 import os
 import sqlite3
@@ -12,6 +13,7 @@ import pytest
 
 from caretakersteps import caretaker
 from driver import program_path
+from jetfiles import DATE, DOUBLE, INTEGER, LONG, MEMO, TEXT, write_jet
 from startsteps import SHOP_LEFT, SHOP_NOT_RUN, SHOP_WRONG_USE, START_FAILED
 
 JET = b"\0\1\0\0Standard Jet DB\0\1" + bytes(4096)
@@ -223,3 +225,101 @@ def test_the_program_names_the_import(start, shop):
     assert 'brought over by "lantos-shop import"' in copy.expect_box(icon="critical", buttons=["OK"])["text"]
     copy.press("OK")
     copy.expect_end(START_FAILED)
+
+
+# The commands themselves, on a Jet database.
+
+REAL = "/usr/bin"
+DAY = datetime.date(2003, 9, 30)
+
+
+def longs(*names):
+    return [(name, LONG, 4) for name in names]
+
+
+def texts(**widths):
+    return [(name, TEXT, 2 * width) for name, width in widths.items()]
+
+
+def sublets(number):
+    return longs("EstimateNumber", number) + texts(VendorName=32, VendorInvoice=11) + longs("Cost", "Price") + texts(
+        Desc1=65, Desc2=65, Desc3=65, Desc4=65, Taxable=3)
+
+
+def jet_tables(labor_lines):
+    vehicle = ("1999", "Ford", "Focus", " ", "AB \u00e4", " ", " ", " ", " ")
+    return {
+        "Estimates": (longs("EstimateNumber", "CustomerNumber", "VehicleLink") + [
+            ("SchedDate", DATE, 8), ("StartDate", DATE, 8), ("StopDate", DATE, 8), ("Status", INTEGER, 2), ("Mechanic", LONG, 4),
+            ("TotalPrice", DOUBLE, 8), ("Comments", TEXT, 510), ("CreateDate", DATE, 8)] + texts(
+                VehYear=5, VehMake=20, VehModel=20, VehVIN=20, VehLic=10, VehDate=10, VehMileage=7, VehEng=12, VehTrans=12), [
+            (901, 0, -1, None, None, None, 9, 0, 0.0, None, DAY, *vehicle),
+            (900, 7, -1, DAY, datetime.datetime(2003, 9, 30, 17, 45), datetime.date(1899, 12, 30), -1, 0, 97.1,
+             'Says "it" squeaks,\r\nca. 5 \u20ac', DAY, *vehicle)]),
+        "Labors": (longs("EstimateNumber", "LaborNumber") + [("Description", MEMO, 0)] + longs(
+            "LaborHours", "LaborRate", "LaborTotal", "Mechanic"), [
+            (900, line, f"line {line}, " + "\u00fc" * 60, 150, 6500, -2147483648 if line == 1 else 9750, 0)
+            for line in range(labor_lines, 0, -1)]),
+        "Parts": (longs("EstimateNumber") + texts(PartNumber=20, PartDesc=38) + longs(
+            "Quantity", "PartPrice", "PartTotal", "PartCost", "PartList"), [(900, "0012", "", 2, 1250, 2500, None, 1500)]),
+        "Notes": (longs("EstimateNumber", "NoteNumber") + texts(**{f"Desc{i}": 65 for i in range(1, 9)}), []),
+        "Sublets": (sublets("SubletNumber"), []),
+        "Waste": (sublets("WasteNumber"), []),
+        "Checklist": (longs("EstimateNumber", "RecId") + texts(ChecklistData=255), [(900, 17, "Oil")]),
+        "StandardHours": (longs("RecNum") + [(f"{day}Hours", DOUBLE, 8) for day in (
+            "Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat")] + longs("FudgeFactor"), [(1, 0, 16, 16.5, 16, 16, 16, 0, 10)]),
+        "SpecialDays": ([("SpecialDate", DATE, 8), ("SpecialHours", DOUBLE, 8)] + texts(SpecialDesc=50), [
+            (datetime.date(2003, 12, 25), 0, "Christmas")]),
+    }
+
+
+def test_mdbtools_reads_a_jet_database_and_the_shop_is_sound(old):
+    tables = jet_tables(100)
+    write_jet(old.database, tables)
+    jet = old.database.read_bytes()
+    done = old.run(path=REAL)
+    assert (done.returncode, done.stderr) == (0, "")
+    assert "Labors: 100 rows\n" in done.stdout
+    [kept] = old.directory.glob("Lantos-until-*.mdb")
+    assert kept.read_bytes() == jet
+    assert old.rows_of("select EstimateNumber, SchedDate, StartDate, StopDate, Status, TotalPrice, Comments, VehLic "
+                       "from Estimates order by 1") == [
+        (900, "2003-09-30", "2003-09-30", "1899-12-30", -1, 97.1, 'Says "it" squeaks,\r\nca. 5 \u20ac', "AB \u00e4"),
+        (901, None, None, None, 9, 0, None, "AB \u00e4")]
+    assert old.rows_of("select * from Labors order by LaborNumber") == sorted(tables["Labors"][1], key=lambda row: row[1])
+    assert old.rows_of("select * from Parts") == [(900, "0012", None, 2, 1250, 2500, None, 1500)]
+    assert old.rows_of("select TueHours from StandardHours") == [(16.5,)]
+    assert old.rows_of("select * from SpecialDays") == [("2003-12-25", 0, "Christmas")]
+    assert {found["kind"] for found in json.loads(caretaker("check", old.directory, "--json").stdout)["findings"]} <= {
+        "counters", "estimates"}
+
+
+def test_mdbtools_reads_an_older_shape(old):
+    tables = jet_tables(2)
+    for name in ("Waste", "Checklist"):
+        del tables[name]
+    columns, rows = tables["Parts"]
+    tables["Parts"] = (columns[:-2], [row[:-2] for row in rows])
+    columns, rows = tables["Labors"]
+    tables["Labors"] = ([(name, TEXT if kind == MEMO else kind, size or 510) for name, kind, size in columns], rows)
+    write_jet(old.database, tables)
+    done = old.run(path=REAL)
+    assert done.returncode == 0 and "An older program made the database" in done.stdout
+    assert old.rows_of("select PartCost, PartList from Parts") == [(0, 0)]
+    assert old.rows_of("select count(*) from Waste") == [(0,)]
+
+
+def test_a_date_that_mdbtools_can_not_tell_is_refused(old):
+    tables = jet_tables(1)
+    tables["SpecialDays"][1].append((datetime.date(1899, 12, 29), 0, ""))
+    write_jet(old.database, tables)
+    old.expect_refused('its "SpecialDate" holds "1900-01-00 00:00:00", which is no date', path=REAL)
+
+
+def test_a_jet_database_whose_pages_got_lost_is_refused(old):
+    write_jet(old.database, jet_tables(100))
+    jet = bytearray(old.database.read_bytes())
+    lost = jet.index("line 50, ".encode("utf-16-le")) // 4096 * 4096
+    jet[lost:lost + 4096] = bytes(4096)
+    old.database.write_bytes(jet)
+    old.expect_refused('The table "Labors" has 100 rows by its own count, and ', path=REAL)

@@ -276,6 +276,12 @@ TEST_F(JetImportTest, ValuesOfAnotherTypeAreRefusedWithTheirRow) {
   EXPECT_THAT(Refusal(), HasSubstr("isn't a whole number"));
 }
 
+TEST_F(JetImportTest, AFractionIsTheNumberThatWasOnceTyped) {
+  Row("Estimates", 1)[8] = "97.09999999999999";
+  Import();
+  EXPECT_THAT(RowsOf("Estimates").back(), HasSubstr("|97.1|"));
+}
+
 TEST_F(JetImportTest, ADateThatIsNoneIsRefusedRatherThanLost) {
   Row("Estimates", 1)[3] = "09/30/03 00:00:00";
   EXPECT_THAT(Refusal(), HasSubstr("its \"SchedDate\" holds \"09/30/03 00:00:00\", which is no date"));
