@@ -82,7 +82,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.korvel.example/")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# Papers are set in these; a shop whose estimates lie on a server needs its client library.
+# Papers are set in these; a shop whose estimates lie on a server needs its client library, an old shop's are read by mdbtools.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS libpq5)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libpq5, mdbtools")
 include(CPack)

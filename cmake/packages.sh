@@ -4,7 +4,7 @@ build_packages=(g++ cmake ninja-build pkg-config libfmt-dev nlohmann-json3-dev l
 window_packages=(qt6-base-dev libqt6opengl6-dev libgl-dev libegl-dev libvulkan-dev fonts-liberation)
 demo_packages=(python3 poppler-utils)
 test_packages=(python3 python3-pytest python3-pytest-xdist poppler-utils libgtest-dev libgmock-dev clang lld libclang-rt-14-dev
-  clang-format universal-ctags clang-tidy cppcheck xvfb openbox xdotool imagemagick postgresql)
+  clang-format universal-ctags clang-tidy cppcheck xvfb openbox xdotool imagemagick postgresql mdbtools)
 package_packages=(dpkg-dev lintian desktop-file-utils appstream mmdebstrap python3)
 bench_packages=(libbenchmark-dev)
 

@@ -18,8 +18,9 @@
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, lantos::Asked&) = {
-    lantos::AddNew,    lantos::AddSample, lantos::AddMove,    lantos::AddPruneTrail, lantos::AddCheck,
-    lantos::AddRepair, lantos::AddBackup, lantos::AddRestore, lantos::AddVerify,     lantos::AddExport,
+    lantos::AddNew,    lantos::AddSample, lantos::AddMove,   lantos::AddPruneTrail,
+    lantos::AddCheck,  lantos::AddRepair, lantos::AddBackup, lantos::AddRestore,
+    lantos::AddVerify, lantos::AddExport, lantos::AddImport, lantos::AddLogs,
 };
 
 int Code(lantos::Outcome outcome) { return static_cast<int>(outcome); }

@@ -72,6 +72,8 @@ bool IsDatabase(const std::filesystem::path& path) {
   return kind == DatabaseFileKind::Server || kind == DatabaseFileKind::Sqlite;
 }
 
+bool IsJet(const std::filesystem::path& path) { return KindOf(path) == DatabaseFileKind::Jet; }
+
 std::unique_ptr<FileCopier> CopierOf(const std::filesystem::path& path, const Clock& clock) {
   return std::make_unique<FileCopy>(path, clock);
 }

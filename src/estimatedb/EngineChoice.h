@@ -36,6 +36,8 @@ struct OpenedTables {
 bool NamesServer(const std::filesystem::path& path);
 // Whether an engine of this program is for it; told likewise.
 bool IsDatabase(const std::filesystem::path& path);
+// Whether it is a database of the earlier program; told likewise.
+bool IsJet(const std::filesystem::path& path);
 // Of a file that names no server.
 std::unique_ptr<FileCopier> CopierOf(const std::filesystem::path& path, const Clock& clock);
 // As OpenDatabase and CreateDatabaseFile open them.

@@ -1,5 +1,6 @@
 #include "start/InitGlobals.h"
 
+#include "frame/LogOwner.h"
 #include "frame/NetworkMount.h"
 #include "frame/Text.h"
 #include "records/CheckList.h"
@@ -98,6 +99,7 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   environment.log.Write("Korvel Appointment Scheduler Started.");
   frmSplash splash(shop.desktop);
   splash.Show();
+  environment.log.Write(WorkstationLine(environment.computerName, environment.userName));
   environment.profileSection = ProfileSectionOf(environment.computerName);
   Connect(database, environment);
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");

@@ -5,5 +5,6 @@
 namespace lantos {
 
 void AddExport(CLI::App& app, Asked& asked);
+void AddImport(CLI::App& app, Asked& asked);
 
 }  // namespace lantos

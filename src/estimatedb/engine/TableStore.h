@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -21,6 +22,7 @@ enum class CellKind { Short, Long, Number, Date, Text };
 struct StoredColumn {
   std::string name;
   CellKind kind = CellKind::Text;
+  std::size_t width = 0;  // of a text, as the file declares it and nobody enforces; 0 for none
 };
 
 // Rows of one table, one after the other.

@@ -39,9 +39,9 @@ std::string RefusalOf(DatabaseFileKind kind, const std::filesystem::path& path) 
     case DatabaseFileKind::Jet:
       return fmt::format(
           "\"{}\" is a Jet database, made by the earlier program. This program keeps its tables in another form and "
-          "can't work in it. The file has been left as it is.\n\nExport its tables with the earlier program's tools "
-          "and bring them into a new shop, made in an empty directory with \"lantos-shop new\"; or, when the shop has "
-          "been moved over already, restore the database from a backup.",
+          "can't work in it. The file has been left as it is.\n\nA shop's Lantos.mdb is brought over by \"lantos-shop "
+          "import\" and the shop's directory, which keeps the old file under another name. When that was done already, "
+          "restore the database from a backup.",
           file);
     case DatabaseFileKind::Server:
       return fmt::format("\"{}\" isn't a database itself: it names a server that has one.", file);

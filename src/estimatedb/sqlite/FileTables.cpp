@@ -63,6 +63,13 @@ CellKind KindOf(const std::string& declared) {
   return type.find("int") != std::string::npos ? CellKind::Long : CellKind::Number;
 }
 
+// Of "Text(20)".
+std::size_t WidthOf(const std::string& declared) {
+  const std::size_t bracket = declared.find('(');
+  if (KindOf(declared) != CellKind::Text || bracket == std::string::npos) return 0;
+  return static_cast<std::size_t>(Val(declared.substr(bracket + 1)));
+}
+
 }  // namespace
 
 std::vector<std::string> FileTables::Tables() {
@@ -88,8 +95,10 @@ std::vector<StoredColumn> FileTables::ColumnsOf(const std::string& table) {
   SQLite::Statement shape(Database(), "SELECT name, type FROM pragma_table_info(?)");
   shape.bind(1, table);
   std::vector<StoredColumn> columns;
-  while (shape.executeStep())
-    columns.push_back({shape.getColumn(0).getString(), KindOf(shape.getColumn(1).getString())});
+  while (shape.executeStep()) {
+    const std::string declared = shape.getColumn(1).getString();
+    columns.push_back({shape.getColumn(0).getString(), KindOf(declared), WidthOf(declared)});
+  }
   return columns;
 }
 

@@ -36,7 +36,7 @@ TEST_F(Engines, AJetDatabaseIsRefusedUntouchedWithWhatCanBeDone) {
   for (const std::string& mark : {"\0\1\0\0Standard Jet DB\0\1\0\0\0"s, "\0\1\0\0Standard ACE DB\0\2\0\0\0"s}) {
     EXPECT_THAT(RefusalOfFile(mark + std::string(4096, '\7')),
                 AllOf(HasSubstr("Other.mdb"), HasSubstr("Jet database"), HasSubstr("left as it is"),
-                      HasSubstr("Export"), HasSubstr("lantos-shop new"), HasSubstr("backup")));
+                      HasSubstr("lantos-shop import"), HasSubstr("backup")));
   }
 }
 

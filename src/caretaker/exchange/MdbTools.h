@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "estimatedb/OldTables.h"
+
+namespace lantos {
+
+// The tables of a Jet database, by the commands of the package mdbtools, which is asked for when it is wanted.
+class MdbTools : public OldTables {
+ public:
+  explicit MdbTools(std::filesystem::path file) : file_(std::move(file)) {}
+
+  std::vector<std::string> Names() override;
+  std::int64_t CountOf(const std::string& table) override;
+  void Read(const std::string& table, const std::function<void(OldRow&&)>& take) override;
+
+  // What the commands complained of, though they went on: each once, in UTF-8.
+  const std::vector<std::string>& Complaints() const { return complaints_; }
+
+ private:
+  void Run(std::vector<std::string> words, const std::function<void(std::string_view)>& take);
+  std::string OutputOf(std::vector<std::string> words);
+
+  std::filesystem::path file_;
+  std::vector<std::string> complaints_;
+};
+
+}  // namespace lantos
