@@ -2,6 +2,32 @@
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(packed ${CMAKE_BINARY_DIR}/packaging)
 
+# Where the shop's vendor shows the program, as https://host/path. There is none before one is given, and then nothing that
+# is installed leads anywhere; pictures of a program for its shelf in a software centre have to lie on the web.
+set(LANTOS_HOME_PAGE "" CACHE STRING "Address of the program's page, with week.png, detail.png and history.png below it")
+set(LANTOS_CONTACT "The Lantos developers <lantos@korvel.example>" CACHE STRING "Who answers for the package")
+set(LANTOS_LINKS "")
+if(LANTOS_HOME_PAGE)
+  string(REGEX REPLACE "/$" "" page "${LANTOS_HOME_PAGE}")
+  string(CONFIGURE [[
+  <url type="homepage">@page@/</url>
+  <screenshots>
+    <screenshot type="default">
+      <caption>The week on the board</caption>
+      <image>@page@/week.png</image>
+    </screenshot>
+    <screenshot>
+      <caption>An estimate in full</caption>
+      <image>@page@/detail.png</image>
+    </screenshot>
+    <screenshot>
+      <caption>A past work order</caption>
+      <image>@page@/history.png</image>
+    </screenshot>
+  </screenshots>
+]] LANTOS_LINKS @ONLY)
+endif()
+
 # Debian's own file of changes, and the project's.
 configure_file(${packaging}/changelog.in ${packed}/changelog.Debian @ONLY)
 configure_file(${packaging}/example.korvel.Lantos.metainfo.xml.in ${packed}/example.korvel.Lantos.metainfo.xml @ONLY)
@@ -15,9 +41,13 @@ pack_file(${packed}/changelog.Debian ${packed}/changelog.Debian.gz)
 pack_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${packed}/changelog.gz)
 set(made ${packed}/changelog.Debian.gz ${packed}/changelog.gz)
 
-# A sanitized program is slow to ask, and nobody packs it.
+# Of sanitized programs nobody needs them but tests/package, which asks for them.
+set(always ALL)
+if(LANTOS_SANITIZE)
+  set(always "")
+endif()
 find_program(PYTHON NAMES python3 PATHS /usr/bin)
-if(PYTHON AND NOT LANTOS_SANITIZE)
+if(PYTHON)
   foreach(program lantos lantos-drive lantos-shop)
     if(NOT TARGET ${program})
       continue()
@@ -44,7 +74,7 @@ if(PYTHON AND NOT LANTOS_SANITIZE)
     list(APPEND made ${guide})
     install(FILES ${guide} DESTINATION share/lantos/guide)
   endif()
-  add_custom_target(package_files ALL DEPENDS ${made})
+  add_custom_target(package_files ${always} DEPENDS ${made})
   install(FILES ${packed}/changelog.Debian.gz ${packed}/changelog.gz DESTINATION share/doc/lantos)
 endif()
 
@@ -66,7 +96,7 @@ install(FILES ${packaging}/completions/lantos-shop.fish DESTINATION share/fish/v
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME lantos)
 set(CPACK_PACKAGE_VENDOR "The Lantos developers")
-set(CPACK_PACKAGE_CONTACT "The Lantos developers <lantos@korvel.example>")
+set(CPACK_PACKAGE_CONTACT "${LANTOS_CONTACT}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "appointment scheduler of a car repair shop")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "A service writer books estimates on a calendar and sees, for each day,
 how many mechanic hours are available and how many are scheduled already:
@@ -79,10 +109,13 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
-set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.korvel.example/")
+if(LANTOS_HOME_PAGE)
+  set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${LANTOS_HOME_PAGE}")
+endif()
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# Papers are set in these; a shop whose estimates lie on a server needs its client library, an old shop's are read by mdbtools.
+# Papers are set in these; a shop whose estimates lie on a server needs its client library, an old shop's are read by mdbtools,
+# and who checks spelling needs a dictionary.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libpq5, mdbtools")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libpq5, mdbtools, hunspell-en-us | hunspell-dictionary")
 include(CPack)

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "caretaker/Command.h"
+#include "caretaker/Stopping.h"
 #include "estimatedb/EstimateMove.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
@@ -21,9 +22,10 @@ struct Arguments {
   bool toFile = false;
 };
 
-// One line for each table; where somebody looks on, it counts as it goes.
-void TellProgress(const MoveProgress& progress) {
+// One line for each table; where somebody looks on, it counts as it goes. Up to the last step it can be stopped.
+void TellProgress(const MoveProgress& progress, const Stopping& stopping) {
   if (progress.step == MoveStep::Placing) return;
+  stopping.Look();
   const bool isDone = progress.step == MoveStep::Comparing && progress.done == progress.of;
   const bool isWatched = ::isatty(STDOUT_FILENO) == 1;
   if (!isWatched && !isDone) return;
@@ -54,8 +56,9 @@ Outcome Move(const Arguments& arguments) {
   SystemClock clock;
   FileIO files(clock);
   files.SetDataDir(TextOfPath(std::filesystem::absolute(arguments.directory)) + "/");
-  TellResult(arguments.toFile ? MoveToFile(files, TellProgress)
-                              : MoveToServer(files, arguments.server, arguments.schema, TellProgress),
+  const Stopping stopping;
+  const auto tell = [&stopping](const MoveProgress& progress) { TellProgress(progress, stopping); };
+  TellResult(arguments.toFile ? MoveToFile(files, tell) : MoveToServer(files, arguments.server, arguments.schema, tell),
              arguments.toFile);
   return Outcome::Sound;
 }

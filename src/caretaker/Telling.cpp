@@ -28,6 +28,7 @@ ProgressBar::~ProgressBar() {
 }
 
 void ProgressBar::Show(std::string_view what, std::uint64_t done, std::uint64_t of) {
+  stopping_.Look();
   if (!isWatched_) return;
   constexpr std::uint64_t kWidth = 30;
   const double share = of == 0 ? 1 : static_cast<double>(std::min(done, of)) / static_cast<double>(of);

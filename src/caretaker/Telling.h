@@ -5,6 +5,8 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "caretaker/Stopping.h"
+
 namespace lantos {
 
 // How a command tells what it did: in lines for people, or as one JSON text for scripts.
@@ -19,6 +21,7 @@ void TellLine(std::string_view line);
 void TellJson(const nlohmann::ordered_json& value);
 
 // How far long work is, on one line of a terminal that is written anew; nothing where the error stream is none.
+// Wherever it is told, the person can have stopped the work.
 class ProgressBar {
  public:
   ProgressBar();
@@ -26,10 +29,11 @@ class ProgressBar {
   ProgressBar(const ProgressBar&) = delete;
   ProgressBar& operator=(const ProgressBar&) = delete;
 
-  // what in the program's page; done of of, in whatever unit. An of of 0 is all of it.
+  // what in the program's page; done of of, in whatever unit. An of of 0 is all of it. Throws Stopped.
   void Show(std::string_view what, std::uint64_t done, std::uint64_t of);
 
  private:
+  const Stopping stopping_;
   bool isWatched_ = false;
   bool isShown_ = false;
 };

@@ -69,6 +69,7 @@ void ShopTaking::Take() {
           "be "
           "taken together. No backup was made. Try it again when less is done in the shop.");
     }
+    tell_(bytes_);
     clock_.Wait(kPauseForOthers);
   }
   List();
@@ -174,6 +175,7 @@ BackedFile ShopTaking::CopyFile(const std::string& name, const std::string& to) 
         throw BackupError(
             fmt::format("\"{}\" is in use by another program, which lets nobody read it. No backup was made.", name));
       }
+      tell_(bytes_);
       clock_.Wait(kPause);
     }
   }

@@ -21,7 +21,7 @@ namespace lantos {
 // is held for longer than the reading of a block.
 class ShopTaking {
  public:
-  // Hears how many bytes were copied so far.
+  // Hears how many bytes were copied so far, and nothing new while it waits for others.
   using Tell = std::function<void(std::uint64_t)>;
 
   ShopTaking(std::filesystem::path directory, std::filesystem::path into, Clock& clock, Tell tell);

@@ -48,7 +48,10 @@ Verified Verify(const std::filesystem::path& archive, Clock& clock, const TellBa
   FileIO files(clock);
   GoToShop(files, scratch.Path().string());
   ShopView shop(files);
-  for (const Finding& finding : LookOnce(shop, Kinds())) verified.faults.push_back(LineOf(finding));
+  const TellKind tellKind = [&tell](const Kind& kind, std::size_t done, std::size_t of) {
+    tell({kind.looksAt, done, of});
+  };
+  for (const Finding& finding : LookOnce(shop, Kinds(), tellKind)) verified.faults.push_back(LineOf(finding));
   return verified;
 }
 

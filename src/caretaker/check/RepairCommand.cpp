@@ -55,13 +55,19 @@ void TellAsJson(const Arguments& arguments, const Repaired& repaired) {
             {"left", JsonOf(repaired.left)}});
 }
 
+Repaired Repair(ShopView& shop, std::span<const Kind> kinds, Deed deed) {
+  ProgressBar bar;
+  return RepairShop(shop, kinds, deed, nullptr,
+                    [&](const Kind& kind, std::size_t done, std::size_t of) { bar.Show(kind.looksAt, done, of); });
+}
+
 Outcome RunRepair(const Arguments& arguments) {
   const std::vector<Kind> kinds = KindsOf(arguments.kinds);
   SystemClock clock;
   FileIO files(clock);
   GoToShop(files, arguments.directory);
   ShopView shop(files);
-  const Repaired repaired = RepairShop(shop, kinds, arguments.deed);
+  const Repaired repaired = Repair(shop, kinds, arguments.deed);
   arguments.telling == Telling::Json ? TellAsJson(arguments, repaired) : TellPlain(repaired, arguments.deed);
   if (!repaired.left.empty()) return Outcome::Left;
   if (repaired.mended.empty()) return Outcome::Sound;

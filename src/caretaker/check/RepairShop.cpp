@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <set>
 
-#include "caretaker/check/CheckShop.h"
 #include "frame/Dates.h"
 #include "frame/RunLog.h"
 #include "frame/Text.h"
@@ -61,9 +60,9 @@ class Repair {
     }
   }
 
-  Repaired Run(Deed deed) {
+  Repaired Run(Deed deed, const TellKind& tellKind) {
     for (int looks = 0; looks < kLooks; ++looks) {
-      std::vector<Finding> findings = LookOnce(shop_, kinds_);
+      std::vector<Finding> findings = LookOnce(shop_, kinds_, looks == 0 ? tellKind : TellKind());
       const auto firstLeft = std::stable_partition(findings.begin(), findings.end(),
                                                    [](const Finding& finding) { return finding.CanBeMended(); });
       const std::span<const Finding> mendable(findings.begin(), firstLeft);
@@ -114,11 +113,11 @@ class Repair {
 
 }  // namespace
 
-Repaired RepairShop(ShopView& shop, std::span<const Kind> kinds, Deed deed,
-                    const std::function<void()>& beforeWriting) {
+Repaired RepairShop(ShopView& shop, std::span<const Kind> kinds, Deed deed, const std::function<void()>& beforeWriting,
+                    const TellKind& tellKind) {
   Repair repair(shop, kinds, beforeWriting);
   repair.HoldAll();
-  return repair.Run(deed);
+  return repair.Run(deed, tellKind);
 }
 
 }  // namespace lantos

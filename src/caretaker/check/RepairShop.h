@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "caretaker/check/CheckShop.h"
 #include "caretaker/check/Kinds.h"
 
 namespace lantos {
@@ -21,8 +22,8 @@ struct Repaired {
 // changed, where a copy runs, a file is open, or a journal tells of work that ended in the middle. Ahead of the first
 // change of a file a copy of it stands beside it and is on the disk. FileError and DatabaseError: what was changed
 // until then stays, and the copies with it. beforeWriting is run between the copies and the first change that follows
-// them.
+// them, tellKind ahead of each kind of the first look: what it throws leaves all as it was.
 Repaired RepairShop(ShopView& shop, std::span<const Kind> kinds, Deed deed,
-                    const std::function<void()>& beforeWriting = {});
+                    const std::function<void()>& beforeWriting = {}, const TellKind& tellKind = {});
 
 }  // namespace lantos

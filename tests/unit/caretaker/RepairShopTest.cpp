@@ -184,4 +184,16 @@ TEST(RepairShopTest, ADirectoryInUseIsRefusedUnchanged) {
   expectRefusal("\"AR930000.JNL\" tells of work that ended in the middle");
 }
 
+TEST(RepairShopTest, StoppedWhileItLooksIsAsIfItHadNeverBegun) {
+  struct Stop {};
+  CheckedShop shop;
+  shop.Set<SystemRecord>(kSystemFile, 0, sysrec::last_customer_number, 5);
+  const auto spoiled = Contents(shop.Path());
+  ShopView view(shop.files);
+  EXPECT_THROW(RepairShop(view, std::span(KindNamed("counters"), 1), Deed::Mend, nullptr,
+                          [](const Kind&, std::size_t, std::size_t) { throw Stop(); }),
+               Stop);
+  EXPECT_EQ(Contents(shop.Path()), spoiled);
+}
+
 }  // namespace lantos::test
