@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -42,8 +43,10 @@ void SetPictures(QTextDocument& guide, qreal width) {
   }
 }
 
+// The lines that say which screens a heading is about are for the program.
 QString WithWholePaths(QString text, const QString& folder) {
-  return text.replace(QStringLiteral("](../"),
+  static const QRegularExpression forms(QStringLiteral("^<!--.*-->\n"), QRegularExpression::MultilineOption);
+  return text.remove(forms).replace(QStringLiteral("](../"),
                       QStringLiteral("](") + QFileInfo(folder).absolutePath() + QLatin1Char('/'));
 }
 
