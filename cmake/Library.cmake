@@ -37,7 +37,7 @@ function(add_room room)
     set(kind INTERFACE)
   endif()
   # What waits for the person's hand is made small: a start that reads fewer pages of it is the sooner done.
-  if(sources AND room MATCHES "^(ui|screens|admin|contents|board|start|history|payroll|masters|printing|workorders|shop|trail)(/|$)")
+  if(sources AND room MATCHES "^(ui|screens|admin|contents|board|start|history|payroll|masters|printing|workorders|shop|trail|help)(/|$)")
     target_compile_options(${library} PRIVATE $<$<CONFIG:Release>:-Os>)
   endif()
   target_include_directories(${library} ${kind} ${PROJECT_SOURCE_DIR}/src)

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -14,10 +15,17 @@
 
 namespace {
 
-constexpr int kDotsAnInch = 96;        // in which the text is laid out
-constexpr qreal kMargin = 56;          // of those
+constexpr int kDotsAnInch = 96;  // in which the text is laid out
+constexpr qreal kMargin = 56;    // of those
+constexpr qreal kLine = 20;
 constexpr qreal kWidestInTable = 280;  // of a picture beside another
 constexpr QSizeF kLetter(816, 1056);
+
+void BeginPageAt(const QTextBlock& block) {
+  QTextBlockFormat format = block.blockFormat();
+  format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+  QTextCursor(block).setBlockFormat(format);
+}
 
 // A picture fills the line at most, and a heading of the second kind begins a page.
 void SetPictures(QTextDocument& guide, qreal width) {
@@ -36,15 +44,36 @@ void SetPictures(QTextDocument& guide, qreal width) {
       break;
     }
     if (block.blockFormat().headingLevel() != 2 || block.blockNumber() < 4) continue;
-    QTextBlockFormat format = block.blockFormat();
-    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-    QTextCursor(block).setBlockFormat(format);
+    BeginPageAt(block);
   }
 }
 
+// Whether it stands at the foot of a page, away from what it is about.
+bool IsLeftAlone(const QTextBlock& heading, qreal pageHeight) {
+  const QAbstractTextDocumentLayout& layout = *heading.document()->documentLayout();
+  const QRectF text = layout.blockBoundingRect(heading.next());
+  const qreal firstLine = text.top() + std::min<qreal>(text.height(), kLine);
+  return static_cast<int>(layout.blockBoundingRect(heading).top() / pageHeight) !=
+         static_cast<int>(firstLine / pageHeight);
+}
+
+// All of it is laid out anew behind each change: a layout that is mended loses what stands ahead of a table.
+void SetPages(QTextDocument& guide, const QSizeF& body) {
+  guide.setPageSize(body);
+  for (int i = 0; i < guide.blockCount() - 1; ++i) {
+    const QTextBlock block = guide.findBlockByNumber(i);
+    if (block.blockFormat().headingLevel() == 0 || !IsLeftAlone(block, body.height())) continue;
+    BeginPageAt(block);
+    guide.setPageSize(QSizeF());
+    guide.setPageSize(body);
+  }
+}
+
+// The lines that say which screens a heading is about are for the program.
 QString WithWholePaths(QString text, const QString& folder) {
-  return text.replace(QStringLiteral("](../"),
-                      QStringLiteral("](") + QFileInfo(folder).absolutePath() + QLatin1Char('/'));
+  static const QRegularExpression forms(QStringLiteral("^<!--.*-->\n"), QRegularExpression::MultilineOption);
+  return text.remove(forms).replace(QStringLiteral("](../"),
+                                    QStringLiteral("](") + QFileInfo(folder).absolutePath() + QLatin1Char('/'));
 }
 
 bool Draw(QTextDocument& guide, const QString& file) {
@@ -55,7 +84,7 @@ bool Draw(QTextDocument& guide, const QString& file) {
   writer.setResolution(kDotsAnInch);
   guide.documentLayout()->setPaintDevice(&writer);
   const QSizeF body(kLetter.width() - 2 * kMargin, kLetter.height() - 2 * kMargin);
-  guide.setPageSize(body);
+  SetPages(guide, body);
   QPainter painter(&writer);
   for (int page = 0; page < guide.pageCount(); ++page) {
     if (page > 0 && !writer.newPage()) return false;

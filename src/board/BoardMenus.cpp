@@ -8,6 +8,7 @@
 #include "board/frmStatusOptions.h"
 #include "board/frmStdHours.h"
 #include "frame/Text.h"
+#include "help/frmAbout.h"
 #include "masters/employees/EmployeeScreens.h"
 #include "masters/inventory/InventoryMaintenance.h"
 #include "masters/vendors/VendorScreens.h"
@@ -15,6 +16,7 @@
 #include "records/Passwords.h"
 #include "screens/CheckPassword.h"
 #include "screens/SaveOptions.h"
+#include "ui/HelpDesk.h"
 #include "ui/Shell.h"
 
 namespace lantos {
@@ -165,8 +167,13 @@ void BoardMenus::BuildStatusPopup() {
 }
 
 void BoardMenus::BuildHelpMenu() {
-  form_.AddMenu("mnuHelp", "&Help").Add("mnuHQuickStartGuide", "&Quick Start Guide", [this] {
-    ui::ShowHelpFile(shop_.desktop, shop_.environment.files, "", kQuickStartGuide);
+  ui::MenuItem& help = form_.AddMenu("mnuHelp", "&Help");
+  help.Add("mnuHQuickStartGuide", "&Quick Start Guide",
+           [this] { ui::ShowHelpFile(shop_.desktop, shop_.environment.files, "", kQuickStartGuide); });
+  help.Add("mnuHScreen", "&Help on This Screen <F1>", [this] { ui::ShowHelp(form_); });
+  help.Add("mnuHAbout", "&About Lantos", [this] {
+    frmAbout form(shop_, database_);
+    Use(form);
   });
 }
 

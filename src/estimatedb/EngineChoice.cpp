@@ -32,6 +32,12 @@ std::unique_ptr<Engine> OpenDatabase(const std::filesystem::path& path, const Cl
   return std::make_unique<PostgresEngine>(ReadServerFile(std::filesystem::absolute(path)), clock, busyTimeout);
 }
 
+std::string NameOf(const Engine& engine) {
+  if (const auto* file = dynamic_cast<const SqliteEngine*>(&engine)) return file->Name();
+  const auto* server = dynamic_cast<const PostgresEngine*>(&engine);
+  return server == nullptr ? std::string() : server->Name();
+}
+
 std::unique_ptr<Engine> CreateDatabaseFile(const std::filesystem::path& path, const Clock& clock) {
   return std::make_unique<SqliteEngine>(path, clock, SqliteEngine::Mode::New);
 }

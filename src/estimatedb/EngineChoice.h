@@ -20,6 +20,10 @@ namespace lantos {
 std::unique_ptr<Engine> OpenDatabase(const std::filesystem::path& path, const Clock& clock,
                                      std::chrono::milliseconds busyTimeout = kBusyTimeout);
 
+// What an engine is and where its tables lie, for a person: "SQLite 3.40.1 in \"/srv/shop/Lantos.mdb\"". It asks
+// nobody; empty of an engine that isn't one of the program's.
+std::string NameOf(const Engine& engine);
+
 // Makes a database without tables in a file that isn't there yet. Throws DatabaseError; one that is there already stays
 // as it is.
 std::unique_ptr<Engine> CreateDatabaseFile(const std::filesystem::path& path, const Clock& clock);

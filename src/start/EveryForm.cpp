@@ -27,6 +27,8 @@
 #include "contents/notes/frmWOChklst.h"
 #include "contents/parts/frmWOKit.h"
 #include "contents/parts/frmWOPart.h"
+#include "help/frmAbout.h"
+#include "help/frmGuide.h"
 #include "history/frmWOHist.h"
 #include "masters/customers/frmCustEdit.h"
 #include "masters/customers/frmCustSearch.h"
@@ -146,6 +148,10 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmReschedule>(ground.shop, ground.database, kSomeDay); },
     [](FormGround& ground) { return Make<frmContinue>(ground.shop); },
     [](FormGround& ground) { return Make<frmTrail>(ground.shop, ground.database.lantosData, 0, nullptr); },
+    [](FormGround& ground) {
+      return Make<frmGuide>(ground.shop.desktop, ground.shop.keys, ground.shop.environment.settings, "frmGuide");
+    },
+    [](FormGround& ground) { return Make<frmAbout>(ground.shop, ground.database); },
     [](FormGround& ground) { return Make<frmTrailExport>(ground.shop, "", "Lantos trail.csv"); },
 };
 

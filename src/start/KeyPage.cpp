@@ -26,6 +26,7 @@ constexpr std::string_view kEverywhere = R"(# Keys
 | Space | presses the button, ticks the box |
 | Menu, Shift+F10 | what the right button of the mouse opens |
 | Alt+F4 | the close box of the window |
+| F1 | the page of the guide on this screen; in the pay history, the pay stub |
 | Ctrl+Alt+P | prints the screen |
 | Ctrl+Alt+T | to Korvel |
 | Ctrl+Alt+V | the vendors, to look at |
@@ -57,6 +58,14 @@ constexpr std::string_view kEverywhere = R"(# Keys
 | Home, End | to the first page, to the last |
 | Ctrl++, Ctrl+- | larger, smaller |
 | Ctrl+P | prints |
+
+## In the guide
+
+| key | what it does |
+|---|---|
+| Tab, Shift+Tab | to the next link, to the one before |
+| Enter | follows the link |
+| Backspace | to the page before |
 
 ## In texts
 

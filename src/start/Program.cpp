@@ -9,6 +9,7 @@
 #include "frame/PathText.h"
 #include "frame/PlainWords.h"
 #include "frame/Text.h"
+#include "help/frmGuide.h"
 #include "masters/vendors/VendorScreens.h"
 #include "printing/VehicleHistory.h"
 #include "start/CommandLine.h"
@@ -16,6 +17,8 @@
 #include "start/EveryForm.h"
 #include "start/InitGlobals.h"
 #include "start/KeyPage.h"
+#include "start/frmEnterDir.h"
+#include "ui/HelpDesk.h"
 
 namespace lantos {
 
@@ -36,6 +39,7 @@ struct Program::State {
     database.busyTimeout = invocation.busyTimeout;
     environment.files.storedDataDir = [this] { return StoredDataDir(environment); };
     keys.openVendorList = [this] { ViewVendors(shop); };
+    if (help != nullptr) help->showHelp = [this](ui::Form& form) { ShowHelp(form); };
     masters.vehicleHistory = [this](const std::string& vin, const std::string& vehicle) {
       return VehicleHistoryReport(shop, vin, vehicle);
     };
@@ -43,16 +47,19 @@ struct Program::State {
     desktop.onSessionEnd = [this] { EndWithSession(); };
   }
   ~State() {
+    if (help != nullptr) help->showHelp = nullptr;
     desktop.logFailure = nullptr;
     desktop.onSessionEnd = nullptr;
   }
 
   StartAndStop Steps();
+  void ShowHelp(ui::Form& form);
   void EndWithSession();
   void DeleteUpdateFileAndCloseLog();
   void DeleteUpdateFile();
 
   ui::Desktop& desktop;
+  ui::HelpDesk* help = ui::HelpDeskOf(desktop);
   Invocation invocation;
   Environment environment;
   Records records;
@@ -81,6 +88,15 @@ StartAndStop Program::State::Steps() {
   steps.follow =
       invocation.follow == Invocation::Follow::AsSet ? StartAndStop::Follow::AsSet : StartAndStop::Follow::WhenAsked;
   return steps;
+}
+
+// Where the directory is still asked for there is nothing that the keys of all screens could open.
+void Program::State::ShowHelp(ui::Form& form) {
+  if (auto* guide = dynamic_cast<frmGuide*>(&form)) return guide->ShowPageOf(form.Name());
+  ui::GlobalKeys bare(desktop);
+  const bool asksForDirectory = dynamic_cast<frmEnterDir*>(&form) != nullptr;
+  frmGuide guide(desktop, asksForDirectory ? bare : keys, environment.settings, form.Name());
+  guide.ShowModal();
 }
 
 // What waits goes out first, as when the window is closed.

@@ -1,5 +1,6 @@
 #include "ui/Drive.h"
 
+#include "ui/Browser.h"
 #include "ui/SpokenName.h"
 
 namespace lantos::ui {
@@ -13,6 +14,16 @@ void ReadRows(const RowControl& control, ControlState& state) {
   if (list != nullptr && list->MultiSelect()) return;
   for (std::size_t i = 0; i < state.rows->size(); ++i) {
     (*state.rows)[i].selected = static_cast<int>(i) == control.ListIndex();
+  }
+}
+
+void ReadPage(const Browser& page, ControlState& state) {
+  state.text = page.Text();
+  state.selected = page.MarkedLink();
+  state.rows.emplace();
+  for (const Browser::Link& link : page.Links()) {
+    const bool isMarked = static_cast<int>(state.rows->size()) == page.MarkedLink();
+    state.rows->push_back({.text = link.text, .selected = isMarked});
   }
 }
 
@@ -36,6 +47,7 @@ ControlState ReadControl(const Control& control) {
     state.text = combo->Text();
     if (combo->Editable()) state.caret = static_cast<int>(combo->Caret());
   }
+  if (const auto* page = dynamic_cast<const Browser*>(&control)) ReadPage(*page, state);
   if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
     state.cells.emplace();
     for (int row = 0; row < grid->RowCount(); ++row) state.cells->push_back(grid->RowAt(row));

@@ -4,6 +4,7 @@
 
 #include "frame/Text.h"
 #include "ui/Form.h"
+#include "ui/HelpDesk.h"
 #include "ui/Mnemonic.h"
 #include "ui/SpokenName.h"
 
@@ -49,6 +50,7 @@ void FormKeys::PressKey(KeyPress key) {
 
 void FormKeys::PlatformKey(const KeyPress& key) {
   if (key.IsAlt("F4")) return DoClose();
+  if (PressHelpKey(dynamic_cast<Form&>(*this), key)) return;
   if (IsMenuKey(key)) return PressMenuKey();
   if (key.alt && !key.control && key.key.size() == 1) {
     PressMnemonic(key.key[0]);

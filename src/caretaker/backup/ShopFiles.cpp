@@ -9,6 +9,7 @@
 #include "caretaker/backup/BackupError.h"
 #include "frame/FileIO.h"
 #include "frame/GuardedOpen.h"
+#include "frame/LastVerified.h"
 #include "frame/PathText.h"
 #include "frame/RunLog.h"
 #include "frame/SharedFile.h"

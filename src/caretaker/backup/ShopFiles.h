@@ -20,8 +20,6 @@ bool IsOfTheMoment(std::string_view name);
 // By name alone, but for links, pipes and their like. Throws BackupError when the directory can't be read.
 ShopFiles LookAtShop(const std::filesystem::path& directory);
 
-// Where the date of the last backup that was restored and compared is kept, in the data directory.
-inline constexpr char kLastVerified[] = "Lantos-backup.txt";
 // The text that names the server, in a backup whose database lies there.
 inline constexpr char kServerText[] = "Lantos-server.txt";
 

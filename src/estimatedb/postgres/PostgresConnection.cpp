@@ -158,6 +158,8 @@ std::vector<PostgresResult> PostgresConnection::Receive(const std::vector<Postgr
   return results;
 }
 
+int PostgresConnection::ServerVersion() const { return Pq().serverVersion(connection_.get()); }
+
 bool PostgresConnection::Stands() {
   PGconn* const connection = connection_.get();
   while (Pq().status(connection) == CONNECTION_OK && WaitFor(connection, POLLIN, std::chrono::milliseconds(0))) {

@@ -78,6 +78,8 @@ class PostgresConnection {
   void ForgetPlans() { plans_.clear(); }
   // Whether it stands, as far as can be told without asking the server.
   bool Stands();
+  // 150003 is 15.3; 0 where it can't be told.
+  int ServerVersion() const;
   // Round trips so far, the making of the connection left out.
   std::size_t Exchanges() const { return exchanges_; }
 

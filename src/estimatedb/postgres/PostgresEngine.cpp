@@ -86,6 +86,12 @@ void PostgresEngine::Post(std::string_view statement, const std::vector<Value>& 
   Append(pending_, RequestsOf(turned->texts, parameters, PostgresRequest::Use::Once));
 }
 
+std::string PostgresEngine::Name() const {
+  const int version = connection_ ? connection_->ServerVersion() : 0;
+  const std::string number = version == 0 ? "" : fmt::format(" {}.{}", version / 10000, version % 10000);
+  return fmt::format("PostgreSQL{} at {}, database \"{}\"", number, place_.address, place_.database);
+}
+
 std::unique_ptr<ChangeWatch> PostgresEngine::Watch(const WatchTimes& times) {
   return std::make_unique<ServerWatch>(place_, own_, times);
 }

@@ -45,6 +45,8 @@ class PostgresEngine : public Engine {
 
   // Within Together, in the server's own words; one round trip.
   std::vector<PostgresResult> AskPlainly(const std::vector<PostgresRequest>& requests);
+  // What it is and where, for a person; asks nobody.
+  std::string Name() const;
   // How often the server was asked and waited for.
   std::size_t RoundTrips() const { return roundTripsBefore_ + (connection_ ? connection_->Exchanges() : 0); }
 

@@ -38,6 +38,7 @@ void TakeConnecting(void* library, ServerLibrary& calls) {
   Take(library, "PQenterPipelineMode", calls.enterPipelineMode);
   Take(library, "PQerrorMessage", calls.errorMessage);
   Take(library, "PQfinish", calls.finish);
+  Take(library, "PQserverVersion", calls.serverVersion);
   Take(library, "PQsetErrorVerbosity", calls.setErrorVerbosity);
   Take(library, "PQsetNoticeReceiver", calls.setNoticeReceiver);
   Take(library, "PQsetnonblocking", calls.setnonblocking);

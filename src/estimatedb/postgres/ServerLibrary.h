@@ -38,6 +38,7 @@ struct ServerLibrary {
   decltype(&PQsendQuery) sendQuery;
   decltype(&PQsendQueryParams) sendQueryParams;
   decltype(&PQsendQueryPrepared) sendQueryPrepared;
+  decltype(&PQserverVersion) serverVersion;
   decltype(&PQsetErrorVerbosity) setErrorVerbosity;
   decltype(&PQsetNoticeReceiver) setNoticeReceiver;
   decltype(&PQsetnonblocking) setnonblocking;

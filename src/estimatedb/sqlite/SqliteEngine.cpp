@@ -254,6 +254,10 @@ void SqliteEngine::RefuseMovedFile() const {
   if (HasMoved()) throw FileHasMoved();
 }
 
+std::string SqliteEngine::Name() const {
+  return fmt::format("SQLite {} in \"{}\"", SQLite::getLibVersion(), TextOfPath(path_));
+}
+
 std::unique_ptr<ChangeWatch> SqliteEngine::Watch(const WatchTimes&) {
   ownTrailRows_.Follow(database_->getHandle());
   return std::make_unique<FileWatch>(*this, ownTrailRows_, busyTimeout_);

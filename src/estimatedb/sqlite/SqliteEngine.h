@@ -43,6 +43,8 @@ class SqliteEngine : public Engine {
   void ReadTogether(const std::function<void()>& work) override;
   std::unique_ptr<ChangeWatch> Watch(const WatchTimes& times) override;
 
+  // What it is and where, for a person; asks nobody.
+  std::string Name() const;
   std::size_t StatementsPrepared() const { return statementsPrepared_; }
   // The file as the engine's own library has it, for work within Together that knows what it does.
   SQLite::Database& Plainly() { return *database_; }

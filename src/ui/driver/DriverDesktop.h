@@ -6,6 +6,7 @@
 
 #include "ui/Drive.h"
 #include "ui/Form.h"
+#include "ui/HelpDesk.h"
 #include "ui/WindowRegistry.h"
 #include "ui/driver/ControlJson.h"
 #include "ui/driver/ModelHand.h"
@@ -13,7 +14,7 @@
 namespace lantos::ui {
 
 // A desktop without pixels: every wait goes to the person, everything shown is a note.
-class DriverDesktop : public Desktop {
+class DriverDesktop : public Desktop, public HelpDesk {
  public:
   explicit DriverDesktop(Person& person);
 
@@ -30,6 +31,8 @@ class DriverDesktop : public Desktop {
   void Beep() override { person_.NoteBeep(); }
   void SetPointer(Pointer) override {}
   void ShowStatus(std::string_view text) override { person_.NoteStatus(text); }
+  void Copy(const std::string& text) override { clipboard = text; }
+  std::string Library() const override { return {}; }
   int OpenDocument(const std::string& path) override;
   void PrintScreen(Form& form) override;
   void PreviewReport(const Report& report, ControlPlace& place) override;

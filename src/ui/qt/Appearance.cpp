@@ -2,9 +2,10 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
-#include <QPainter>
+#include <QPixmap>
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace lantos::ui {
 
@@ -20,6 +21,18 @@ QColor ReadableOn(Color background) {
 }
 
 namespace {
+
+// The icon that is installed for the desktop, in the sizes that title bars and lists of windows have.
+constexpr unsigned char kIcon16[] = {
+#include "Icon16.inc"
+};
+constexpr unsigned char kIcon32[] = {
+#include "Icon32.inc"
+};
+constexpr unsigned char kIcon48[] = {
+#include "Icon48.inc"
+};
+constexpr std::span<const unsigned char> kPictures[] = {kIcon16, kIcon32, kIcon48};
 
 double BrightnessOf(const QColor& color) {
   const auto linear = [](double channel) {
@@ -100,27 +113,12 @@ void MakeRoomForMnemonic(QLabel& label) {
 }
 
 QIcon ProgramIcon() {
-  constexpr int kSize = 64;
-  QPixmap pixmap(kSize, kSize);
-  pixmap.fill(Qt::transparent);
-  QPainter painter(&pixmap);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0x2f, 0x55, 0x7a));
-  painter.drawRoundedRect(4, 8, 56, 52, 7, 7);
-  painter.setBrush(Qt::white);
-  painter.drawRoundedRect(8, 22, 48, 34, 3, 3);
-  for (int row = 0; row < 3; ++row) {
-    for (int column = 0; column < 4; ++column) {
-      const bool marked = row == 1 && column == 2;
-      painter.setBrush(marked ? QColor(0xd0, 0x6a, 0x1c) : QColor(0xb8, 0xc4, 0xd0));
-      painter.drawRect(13 + column * 10, 26 + row * 10, 7, 6);
-    }
+  QIcon icon;
+  for (const std::span<const unsigned char> picture : kPictures) {
+    QPixmap pixmap;
+    if (pixmap.loadFromData(picture.data(), static_cast<uint>(picture.size()))) icon.addPixmap(pixmap);
   }
-  painter.setBrush(QColor(0x1d, 0x38, 0x54));
-  painter.drawRoundedRect(17, 3, 6, 12, 2, 2);
-  painter.drawRoundedRect(41, 3, 6, 12, 2, 2);
-  return QIcon(pixmap);
+  return icon;
 }
 
 }  // namespace lantos::ui

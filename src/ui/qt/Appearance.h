@@ -29,7 +29,7 @@ QFont FontOf(const Control& control, const QFont& theme);
 // A label with an underlined letter is a pixel or two wider than it says of itself.
 void MakeRoomForMnemonic(QLabel& label);
 
-// The program's icon, drawn: a calendar sheet with one day marked.
+// The program's icon, as the desktop shows it too: packaging/icons.
 QIcon ProgramIcon();
 
 }  // namespace lantos::ui

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
+#include <QTextBrowser>
 #include <map>
 #include <set>
 #include <type_traits>
@@ -50,6 +51,7 @@ constexpr Pairing kPairings[] = {
     {"MonthView", IsA<QCalendarWidget>},
     {"DTPicker", IsA<QDateEdit>},
     {"ProgressBar", IsA<QProgressBar>},
+    {"Browser", IsA<QTextBrowser>},
 };
 
 bool Fits(const Control& control, const QWidget& widget) {

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QWindow>
 
+#include "ui/HelpDesk.h"
 #include "ui/qt/FormWindow.h"
 #include "ui/qt/Keys.h"
 #include "ui/qt/QtDesktop.h"
@@ -82,6 +83,7 @@ bool FormInput::PlatformKey(const KeyPress& key) {
     GetForm().DoClose();
     return true;
   }
+  if (PressHelpKey(GetForm(), key)) return true;
   if (key.alt && !key.control && key.key.size() == 1) {
     PressMnemonic(ToQt(key.key).at(0));
     return true;  // one that nothing bears goes into no text

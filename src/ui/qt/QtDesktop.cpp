@@ -1,6 +1,7 @@
 #include "ui/qt/QtDesktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QEventLoop>
 #include <QLayout>
 #include <QStatusBar>
@@ -255,6 +256,10 @@ void QtDesktop::ShowStatus(std::string_view text) {
   }
   if (IsDriven()) person_->NoteStatus(text);
 }
+
+void QtDesktop::Copy(const std::string& text) { QApplication::clipboard()->setText(ToQt(WithLineFeeds(text))); }
+
+std::string QtDesktop::Library() const { return std::string("Qt ") + qVersion(); }
 
 int QtDesktop::OpenDocument(const std::string& path) {
   if (!IsDriven()) return OpenInPlatform(path);

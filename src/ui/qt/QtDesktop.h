@@ -13,6 +13,7 @@
 
 #include "ui/Drive.h"
 #include "ui/Form.h"
+#include "ui/HelpDesk.h"
 #include "ui/WindowRegistry.h"
 
 class QEventLoop;
@@ -27,7 +28,7 @@ class ReportWindow;
 
 // Real windows. A QApplication must exist. Without a Person whoever sits in front of the screen is served; with one
 // the same windows are shown, and each wait is handed to the Person, who acts on the widgets through a QtHand.
-class QtDesktop : public Desktop {
+class QtDesktop : public Desktop, public HelpDesk {
  public:
   explicit QtDesktop(Person* person = nullptr);
   ~QtDesktop() override;
@@ -47,6 +48,8 @@ class QtDesktop : public Desktop {
   void Beep() override;
   void SetPointer(Pointer pointer) override;
   void ShowStatus(std::string_view text) override;
+  void Copy(const std::string& text) override;
+  std::string Library() const override;
   int OpenDocument(const std::string& path) override;
   void PrintScreen(Form& form) override;
   void PreviewReport(const Report& report, ControlPlace& place) override;

@@ -1,5 +1,6 @@
 #include "ui/qt/WidgetPeer.h"
 
+#include "ui/Browser.h"
 #include "ui/SpokenName.h"
 #include "ui/qt/Appearance.h"
 #include "ui/qt/FormWindow.h"
@@ -102,6 +103,7 @@ std::unique_ptr<WidgetPeer> MakePeer(FormWindow& window, Control& control, QWidg
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) return MakeComboPeer(window, *combo, widget);
   if (auto* grid = dynamic_cast<Grid*>(&control)) return MakeGridPeer(window, *grid, widget);
   if (auto* bar = dynamic_cast<ProgressBar*>(&control)) return MakeProgressPeer(window, *bar, widget);
+  if (auto* browser = dynamic_cast<Browser*>(&control)) return MakeBrowserPeer(window, *browser, widget);
   return MakeDatePeer(window, control, widget);
 }
 

@@ -10,6 +10,7 @@
 
 namespace lantos::ui {
 
+class Browser;
 class FormWindow;
 
 // One control's widget. What the program changes is marked and brought to the widget in one go, before the person can
@@ -78,6 +79,7 @@ std::unique_ptr<WidgetPeer> MakeCaptionPeer(FormWindow& window, Captioned& contr
 std::unique_ptr<WidgetPeer> MakeListPeer(FormWindow& window, ListBox& control, QWidget& widget);
 std::unique_ptr<WidgetPeer> MakeComboPeer(FormWindow& window, ComboBox& control, QWidget& widget);
 std::unique_ptr<WidgetPeer> MakeGridPeer(FormWindow& window, Grid& control, QWidget& widget);
+std::unique_ptr<WidgetPeer> MakeBrowserPeer(FormWindow& window, Browser& control, QWidget& widget);
 std::unique_ptr<WidgetPeer> MakeDatePeer(FormWindow& window, Control& control, QWidget& widget);
 std::unique_ptr<WidgetPeer> MakeProgressPeer(FormWindow& window, ProgressBar& control, QWidget& widget);
 

@@ -23,3 +23,12 @@ target_sources(lantos_ui_qt PRIVATE ${form_headers})
 target_include_directories(lantos_ui_qt PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
 # What Qt's compiler writes is not held to the warnings of our own code.
 set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/FormFile.cpp PROPERTIES COMPILE_OPTIONS "-Wno-shadow;-Wno-conversion")
+
+# The icon is a part of the program, as bytes of its pictures.
+foreach(size 16 32 48)
+  set(picture ${PROJECT_SOURCE_DIR}/packaging/icons/lantos-${size}.png)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${picture})
+  file(READ ${picture} bytes HEX)
+  string(REGEX REPLACE "(..)" "0x\\1," bytes "${bytes}")
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/Icon${size}.inc CONTENT "${bytes}\n" @ONLY)
+endforeach()

@@ -40,6 +40,7 @@ MENUS = [
     ("mnuShowStat(3)", "&3 Completed"), ("mnuShowStat(4)", "&4 Departed"), ("mnuShowStat(5)", "&5 Continued"),
     ("mnuShowStat(6)", "&6 Cancelled"), ("mnuShowStat(7)", "&7 Rescheduled"), ("mnuShowStat(8)", "&8 No-show"),
     ("mnuShowStat(9)", "&9 Estimate Only"), ("mnuHelp", "&Help"), ("mnuHQuickStartGuide", "&Quick Start Guide"),
+    ("mnuHScreen", "&Help on This Screen <F1>"), ("mnuHAbout", "&About Lantos"),
 ]
 
 
