@@ -17,7 +17,8 @@ namespace {
 // How long the server may take to let somebody in.
 constexpr std::chrono::milliseconds kPatience{10000};
 
-// Statements are short: compiling one, as the server does where it takes a table for large, costs more than any of them.
+// Statements are short: compiling one, as the server does where it takes a table for large, costs more than any of
+// them.
 constexpr std::string_view kSetUp =
     "SELECT pg_catalog.current_setting('server_encoding'), CASE "
     "WHEN pg_catalog.to_regnamespace(pg_catalog.quote_ident($1)) IS NULL THEN 'missing' "
