@@ -5,7 +5,8 @@ import time
 
 import pytest
 
-from boardlines import add_elsewhere, listed
+from boardlines import add_elsewhere, elsewhere, listed
+from screens import back_to_board, edit_customer
 from workfiles import one_estimate, show
 
 TICK = 250  # milliseconds of the program's clock
@@ -89,6 +90,29 @@ def test_a_screen_that_is_up_is_left_alone_and_the_board_follows_behind_it(board
     second.key("Esc")
     second.expect_form("frmMain")
     shows(second, lambda: "changed meanwhile" in str(second.get("frmMain.List2")))
+
+
+def test_a_customers_new_name_shows_at_the_other_too(boards, shop):
+    first, second = boards
+    show(second)
+    assert "Adams" in second.caption("lblCustName")
+    edit_customer(first, 7)
+    first.type("Lastname", "Baker")
+    first.key("F10")
+    back_to_board(first)
+    shows(second, lambda: "Baker" in second.caption("lblCustName"))
+    assert second.control("List1(2)")["rows"][1]["text"].strip().startswith("Baker"), "and in the lists"
+
+
+def test_what_was_changed_before_it_is_turned_on_is_shown_then(start, shop):
+    one_estimate(shop, Comments="Old")
+    shop.write()
+    copy = start(shop, live=False)
+    copy.expect_form("frmMain")
+    show(copy)
+    elsewhere(shop, "UPDATE Estimates SET Comments = ? WHERE EstimateNumber = 900", "theirs")
+    copy.menu("mnuFollow")
+    shows(copy, lambda: copy.text("txtComments") == "theirs", within=CONNECTED_WITHIN)
 
 
 def test_following_is_off_where_it_isnt_asked_for_and_the_menu_turns_it_on(start, shop):
