@@ -13,7 +13,7 @@ const std::vector<lantos::bench::Figure> kFigures = {
     {"Conversion", 1.5},       {"Worksheet", 2.0},       {"SavePart", 1.5},       {"SendChanges", 1.5},
     {"TakeChangesIn", 2.0},    {"WorkorderPaper", 2.0},  {"HistorySearch", 1.5},  {"HistoryHit", 1.5},
     {"FindOpened", 1.5},       {"TechHours", 1.5},       {"AddTrailedLine", 1.3}, {"TrailedConversion", 1.3},
-    {"CheckShop", 3.0},
+    {"CheckShop", 3.0},        {"BackupShop", 1.5},
 };
 
 }  // namespace
