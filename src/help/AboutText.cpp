@@ -80,7 +80,7 @@ std::string AboutText(const Shop& shop, EstimateDatabase& database) {
   const std::string orNone = environment.computerName.empty() ? "without a name" : environment.computerName;
   std::string text;
   const auto line = [&](std::string_view what, const std::string& is) { text += fmt::format("{}: {}\r\n", what, is); };
-  line("Version", ProgramVersion());
+  line("Program", "Lantos " + ProgramVersion());
   line("Licence", std::string(kLicence));
   line("Libraries", Libraries(shop.desktop));
   line("System", System());

@@ -113,10 +113,10 @@ std::optional<std::size_t> Guide::Find(std::string_view words, std::size_t behin
 }
 
 std::string_view GuideText() {
-  static constexpr char kText[] =
+  static constexpr std::string_view kTexts[] = {
 #include "GuideText.inc"
-      ;
-  return {kText, sizeof kText - 1};
+  };
+  return kTexts[0];
 }
 
 }  // namespace lantos

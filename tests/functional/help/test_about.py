@@ -12,7 +12,7 @@ def about(copy):
 
 def test_it_tells_version_licence_data_engine_and_log(lantos, shop, desktop):
     told = about(lantos)
-    assert re.fullmatch(r"\d+\.\d+\.\d+", told["Version"])
+    assert re.fullmatch(r"Lantos \d+\.\d+\.\d+", told["Program"])
     assert told["Licence"] == "MIT License"
     assert ("Qt 6." in told["Libraries"]) == (desktop == "qt")
     assert "fmt " in told["Libraries"]
@@ -44,5 +44,5 @@ def test_all_of_it_is_copied(lantos):
     lantos.key("F1")
     lantos.key("Ctrl+F")
     lantos.key("Ctrl+V")
-    assert "Version: " in lantos.text("txtFind")
+    assert "Program: Lantos " in lantos.text("txtFind")
     assert "Data directory: " in lantos.text("txtFind")
