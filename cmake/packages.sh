@@ -1,11 +1,11 @@
 # Debian packages by what they are for, and how to get them. Sourced by ./run and ./test.
 build_packages=(g++ cmake ninja-build pkg-config libfmt-dev nlohmann-json3-dev libcli11-dev libsqlitecpp-dev
   libsqlite3-dev libpq-dev libarchive-dev nettle-dev libhunspell-dev ccache)
-window_packages=(qt6-base-dev libqt6opengl6-dev libgl-dev libegl-dev libvulkan-dev fonts-liberation)
+window_packages=(qt6-base-dev libqt6opengl6-dev libgl-dev libegl-dev libvulkan-dev fonts-liberation hunspell-en-us)
 demo_packages=(python3 poppler-utils)
 test_packages=(python3 python3-pytest python3-pytest-xdist poppler-utils libgtest-dev libgmock-dev clang lld libclang-rt-14-dev
   clang-format universal-ctags clang-tidy cppcheck xvfb openbox xdotool imagemagick postgresql mdbtools
-  hunspell hunspell-en-gb hunspell-en-us)
+  hunspell hunspell-en-gb)
 package_packages=(dpkg-dev lintian desktop-file-utils appstream mmdebstrap python3)
 bench_packages=(libbenchmark-dev)
 

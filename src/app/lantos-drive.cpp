@@ -11,6 +11,7 @@
 #include "frame/PathText.h"
 #include "frame/Text.h"
 #include "frame/Version.h"
+#include "spelling/hunspell/HunspellSpeller.h"
 #include "start/Program.h"
 #include "ui/driver/ControlJson.h"
 #include "ui/driver/DriverDesktop.h"
@@ -37,6 +38,7 @@ struct DriveOptions {
   std::string user = ToUtf8(PlatformUserName());
   std::string settings = UserSettings::PlatformDirectory().string();
   std::string printTo;
+  std::string dictionaries;
   std::int64_t busyTimeout = kBusyTimeout.count();
   bool keys = false;
   bool live = false;
@@ -81,6 +83,8 @@ int ReadOptions(int count, char** arguments, DriveOptions& options) {
   app.add_option("--busy-timeout", options.busyTimeout,
                  "milliseconds for which a lock that another copy holds on the database is waited for")
       ->check(CLI::Range(kLongestTimeout));
+  app.add_option("--dictionaries", options.dictionaries,
+                 "where the spelling's dictionaries lie; without it there is none");
   app.add_flag("--live", options.live, "what others change is shown by itself, unless the person has set it otherwise");
   app.add_flag("--keys", options.keys, "Print the page of all keys of all screens and exit");
   app.set_version_flag("--version", "lantos-drive " + ProgramVersion(), "Print the version and exit");
@@ -114,6 +118,11 @@ std::unique_ptr<Clock> MakeClock(const std::string& now) {
   return std::make_unique<StandingClock>(*ParseLocalTime(now));
 }
 
+OpenSpeller SpellerOf(const DriveOptions& options) {
+  if (options.dictionaries.empty()) return nullptr;
+  return [folder = options.dictionaries] { return OpenDictionary(folder, LanguagesOfUser()); };
+}
+
 int RunProgram(ui::Desktop& desktop, ui::Session& session, Clock& clock, const DriveOptions& options) {
   UserSettings settings(options.settings);
   int code = 0;
@@ -121,7 +130,8 @@ int RunProgram(ui::Desktop& desktop, ui::Session& session, Clock& clock, const D
     Program program(
         desktop, clock, settings,
         Invocation{options.programArguments, FromUtf8(options.computer), std::chrono::milliseconds(options.busyTimeout),
-                   FromUtf8(options.user), options.live ? Invocation::Follow::AsSet : Invocation::Follow::WhenAsked});
+                   FromUtf8(options.user), options.live ? Invocation::Follow::AsSet : Invocation::Follow::WhenAsked,
+                   SpellerOf(options)});
     session.logPath = [&program] { return ToUtf8(program.LogPath()); };
     code = program.Run();
     session.logPath = nullptr;

@@ -10,6 +10,7 @@
 #include "frame/PlainWords.h"
 #include "frame/UserSettings.h"
 #include "frame/Version.h"
+#include "spelling/hunspell/HunspellSpeller.h"
 #include "start/Program.h"
 #include "ui/qt/Platform.h"
 #include "ui/qt/QtDesktop.h"
@@ -26,7 +27,8 @@ int RunProgram(const std::string& commandLine) {
   ui::QtDesktop desktop;
   desktop.JoinRegistry(computerName);
   return Program(desktop, clock, settings,
-                 Invocation{commandLine, computerName, kBusyTimeout, PlatformUserName(), Invocation::Follow::AsSet})
+                 Invocation{commandLine, computerName, kBusyTimeout, PlatformUserName(), Invocation::Follow::AsSet,
+                            [] { return OpenDictionary(kInstalledDictionaries, LanguagesOfUser()); }})
       .Run();
 }
 

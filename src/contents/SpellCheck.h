@@ -1,12 +1,13 @@
 #pragma once
 
-#include "ui/Form.h"
+#include "shop/Shop.h"
+#include "ui/Controls.h"
 
 namespace lantos {
 
-// The spelling is checked by an outside word processor that this platform doesn't have: says so.
-inline void SpellCheckText(ui::Form& form) {
-  form.GetDesktop().Tell("Microsoft Word is required in order to check the spelling.", form.Caption());
-}
+// Goes through the words of a description or note, and asks about each that neither the dictionary nor the shop knows:
+// its makes, models and parts, and what the person has added. What comes out is put into the box, which changes its
+// screen by that. Without a dictionary it says so and does nothing.
+void SpellCheckText(Shop& shop, ui::TextBox& text);
 
 }  // namespace lantos

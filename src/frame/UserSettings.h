@@ -33,6 +33,7 @@ class UserSettings {
   double GetNumber(std::string_view key, double defaultValue) const;
   bool GetBoolean(std::string_view key, bool defaultValue) const;
 
+  const std::filesystem::path& Directory() const { return directory_; }
   // Where an application's values lie, and why the last one that could not be saved was not.
   std::filesystem::path FileOf(std::string_view application) const;
   const FileFailure& Failure() const { return failure_; }

@@ -15,6 +15,7 @@
 #include "contents/extras/frmEstExtras.h"
 #include "contents/extras/frmSubList.h"
 #include "contents/extras/frmWOExtra.h"
+#include "contents/frmSpelling.h"
 #include "contents/labor/frmCanLabor.h"
 #include "contents/labor/frmCanLaborList.h"
 #include "contents/labor/frmEstFollowup.h"
@@ -72,6 +73,18 @@ std::unique_ptr<ui::Form> Make(Arguments&&... arguments) {
 // The only vendor of its list.
 std::unique_ptr<ui::Form> MakeVendorEdit(Shop& shop, frmVendorEdit::Purpose purpose) {
   return Make<frmVendorEdit>(shop, purpose, std::vector<std::size_t>{0}, std::size_t{0});
+}
+
+// Behind a text that has nothing to ask about.
+class NoSpeller : public Speller {
+ public:
+  bool Knows(const std::string& /*word*/) override { return true; }
+  std::vector<std::string> Suggestions(const std::string& /*word*/) override { return {}; }
+};
+
+std::unique_ptr<ui::Form> MakeSpelling(Shop& shop) {
+  static NoSpeller speller;
+  return Make<frmSpelling>(shop, Proofreading("", speller, nullptr));
 }
 
 constexpr DaySerial kSomeDay = 37894;
@@ -141,6 +154,7 @@ const std::vector<MakeForm> kForms = {
     [](FormGround& ground) { return Make<frmNotes>(ground.shop, NoteMode::EstimateNote, Note()); },
     [](FormGround& ground) { return Make<frmCanNoteList>(ground.shop); },
     [](FormGround& ground) { return Make<frmWOChklst>(ground.shop); },
+    [](FormGround& ground) { return MakeSpelling(ground.shop); },
     [](FormGround& ground) { return Make<frmWOHist>(ground.shop, [](const Workorders&) {}); },
     [](FormGround& ground) { return Make<frmDisclaimer>(ground.shop); },
     [](FormGround& ground) { return Make<frmCompanyInfo>(ground.shop); },

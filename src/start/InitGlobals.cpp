@@ -96,10 +96,10 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   if (!ResolveDataDir(environment, shop.desktop)) return false;
   shop.records.system.ReadSystem();
   if (!environment.log.Open()) EndWithTooManyUsers(shop.desktop);
+  SignLog(environment.log.Path(), {environment.computerName, environment.userName});
   environment.log.Write("Korvel Appointment Scheduler Started.");
   frmSplash splash(shop.desktop);
   splash.Show();
-  environment.log.Write(WorkstationLine(environment.computerName, environment.userName));
   environment.profileSection = ProfileSectionOf(environment.computerName);
   Connect(database, environment);
   environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");

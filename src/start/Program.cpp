@@ -29,7 +29,7 @@ struct Program::State {
         environment(clock, settings),
         records(environment, desktop),
         keys(desktop),
-        shop{desktop, environment, records, keys},
+        shop{desktop, environment, records, keys, invocation.openSpeller},
         database(environment, records),
         masters(shop),
         inventoryList(shop),

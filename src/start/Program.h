@@ -7,6 +7,7 @@
 #include "estimatedb/engine/Engine.h"
 #include "frame/Clock.h"
 #include "frame/UserSettings.h"
+#include "spelling/Speller.h"
 #include "ui/Desktop.h"
 
 namespace lantos {
@@ -21,6 +22,7 @@ struct Invocation {
   // Whether the board shows by itself what others change: as the person has set it, or not before it is asked to.
   enum class Follow { WhenAsked, AsSet };
   Follow follow = Follow::WhenAsked;
+  OpenSpeller openSpeller = {};  // of this workstation
 };
 
 // One running copy: builds the modules, brings the main window up, serves the person, and goes down in order. Two can

@@ -73,9 +73,9 @@ std::vector<ToldRun> RunsOf(const FileIO& files, DaySerial day) {
     run.lines = LinesOf(BytesOf(files.PathOf(name)), FormatDate(day));
     if (run.lines.empty()) continue;
     run.isAtWork = IsLogInUse(files, name);
-    for (const LogLine& line : run.lines) {
-      if (ParseWorkstationLine(line.text, run.workstation, run.user)) break;
-    }
+    const LogOwner owner = OwnerOfLog(files.PathOf(name));
+    run.workstation = owner.workstation;
+    run.user = owner.user;
     runs.push_back(std::move(run));
   }
   std::stable_sort(runs.begin(), runs.end(),

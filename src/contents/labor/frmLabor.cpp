@@ -41,7 +41,7 @@ frmLabor::frmLabor(Workbench& bench, const WoLaborLine& line)
   followupNumbers_.Add(Miles, "Miles");
   followupNumbers_.Add(Days, "Days", NumberFields::Read::Whole);
   lovRepairCode.OnClick = [this] { RepairCodePicked(); };
-  cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
+  cmdSpellCheck.OnClick = [this] { SpellCheckText(shop_, txtDesc); };
   OKButton.SetToolTip("OK <F10>");
   CancelButton.SetToolTip("Cancel <Esc>");
   cmdSpellCheck.SetToolTip("Check the spelling of the description");

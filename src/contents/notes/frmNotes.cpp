@@ -32,7 +32,7 @@ frmNotes::frmNotes(Shop& shop, NoteMode mode, const Note& note)
   UseButtons(cmdSave, cmdCancel);
   cmdReset.OnClick = [this] { Reset(); };
   cmdReset.SetCausesValidation(false);
-  cmdSpellCheck.OnClick = [this] { SpellCheckText(*this); };
+  cmdSpellCheck.OnClick = [this] { SpellCheckText(shop_, txtDesc); };
   cmdSave.SetToolTip("Save <F10>");
   cmdReset.SetToolTip("Reset <F2>");
   cmdCancel.SetToolTip("Cancel <Esc>");

@@ -44,7 +44,8 @@ class Lantos:
     """Owns the process, its directories and the record of what was said."""
 
     def __init__(self, home, desktop="driver", now=MORNING, computer="BENCH1", arguments=(), cwd=None, runtime=None,
-                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None, user="beth", live=False):
+                 settings=None, name="lantos", busy_timeout=BUSY_TIMEOUT, faults=None, user="beth", live=False,
+                 dictionaries=None):
         self.home = Path(home)
         self.settings = Path(settings or self.home / "settings")
         self.print_to = self.home / f"{name}-print"
@@ -66,6 +67,8 @@ class Lantos:
             command += ["--now", now]
         if busy_timeout is not None:
             command += ["--busy-timeout", str(busy_timeout)]
+        if dictionaries is not None:
+            command += ["--dictionaries", str(dictionaries)]
         if live:
             command += ["--live"]
         command += ["--", *[str(argument) for argument in arguments]]

@@ -33,15 +33,14 @@ TEST_F(RunLogsTest, ALogIsReadWhileItsCopyWrites) {
   RunLog log(files);
   ASSERT_TRUE(log.Open());
   log.Write("Started.");
-  log.Write(WorkstationLine("FRONT, user: DESK", "joe"));
+  SignLog(log.Path(), {"FRONT DESK", "joe"});
   clock.MoveOn(61'000);
   log.Write("WriteInventory PAD-9 In stock=4");
-  EXPECT_THAT(Told(), ElementsAre("LN930000.LOG FRONT, user: DESK/joe works", "08:15:00|Started.",
-                                  "08:15:00|Workstation: FRONT, user: DESK, user: joe",
+  EXPECT_THAT(Told(), ElementsAre("LN930000.LOG FRONT DESK/joe works", "08:15:00|Started.",
                                   "08:16:01|WriteInventory PAD-9 In stock=4"));
   log.Write("goes on");
   log.Close();
-  EXPECT_EQ(Told().front(), "LN930000.LOG FRONT, user: DESK/joe");
+  EXPECT_EQ(Told().front(), "LN930000.LOG FRONT DESK/joe");
   EXPECT_EQ(Told().back(), "08:16:01|goes on");
 }
 
@@ -65,8 +64,10 @@ TEST_F(RunLogsTest, WhatIsNoWholeLineIsLeftAndAMessageOfSeveralLinesIsOne) {
 }
 
 TEST_F(RunLogsTest, AnOlderProgramsLogIsNobodys) {
-  place.Put("LN930000.LOG", "09/30/2003 07:00:00 Workstation: \r\n");
+  place.Put("LN930000.LOG", "09/30/2003 07:00:00 early\r\n");
   EXPECT_EQ(Told().front(), "LN930000.LOG /");
+  SignLog(place / "LN930000.LOG", {"FRONT\nDESK", ""});
+  EXPECT_EQ(Told().front(), "LN930000.LOG FRONT/");
 }
 
 }  // namespace lantos::test

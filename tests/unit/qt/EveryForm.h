@@ -14,6 +14,7 @@
 #include "contents/extras/frmEstExtras.h"
 #include "contents/extras/frmSubList.h"
 #include "contents/extras/frmWOExtra.h"
+#include "contents/frmSpelling.h"
 #include "contents/labor/frmCanLabor.h"
 #include "contents/labor/frmCanLaborList.h"
 #include "contents/labor/frmEstFollowup.h"

@@ -184,7 +184,6 @@ TEST(InitGlobals, LoadsEmployeesThenPasswordsThenMakes) {
   EXPECT_TRUE(start.records.employees.Loaded());
   EXPECT_EQ(start.Log("LN930000.LOG"),
             "Korvel Appointment Scheduler Started.\n"
-            "Workstation: BENCH1, user: \n"
             "CloseFile: Closed file with pointer = 2\n"
             "CloseFile: Closed file with pointer = 2\n"
             "CloseFile: Closed file with pointer = 2\n");
