@@ -12,6 +12,7 @@
 #include "caretaker/check/ShopArgument.h"
 #include "frame/Dates.h"
 #include "frame/FileError.h"
+#include "frame/LastVerified.h"
 
 namespace lantos {
 
