@@ -14,7 +14,7 @@ void Try(std::string_view bytes) {
   for (auto word = NextWord(bytes, 0); word; word = NextWord(bytes, behind)) {
     Require(word->begin >= behind && word->length > 1 && word->End() <= bytes.size());
     behind = word->End();
-    See(words.Has(word->In(bytes)));
+    See(words.Has(word->In(bytes)) ? "known" : "unknown");
     See(SentenceAround(bytes, *word));
   }
   Require(own.Add({"serpentine"}));

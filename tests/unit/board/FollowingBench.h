@@ -20,7 +20,11 @@ class DeafWatch : public ChangeWatch {
     if (isDeaf_) rows = {};
     return rows;
   }
-  WatchContact Contact() const override { return {!isDeaf_, watch_->Contact().ago}; }
+  WatchContact Contact() const override {
+    WatchContact contact = watch_->Contact();
+    contact.stands = contact.stands && !isDeaf_;
+    return contact;
+  }
   std::chrono::milliseconds Pace() const override { return watch_->Pace(); }
 
  private:
