@@ -43,10 +43,11 @@ class Conversion {
 
   bool IsThere() const { return handle_ != Handle(-1); }
   // Nothing when the other set lacks a character of it.
-  std::optional<std::string> operator()(std::string text) {
+  std::optional<std::string> operator()(std::string_view text) {
+    std::string bytes(text);
     iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    char* in = text.data();
-    std::size_t left = text.size();
+    char* in = bytes.data();
+    std::size_t left = bytes.size();
     std::array<char, 512> room{};
     char* out = room.data();
     std::size_t free = room.size();

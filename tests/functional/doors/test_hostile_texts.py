@@ -70,9 +70,10 @@ FORMS = set("""
     frmWOExtra frmWOHist frmWOKit frmWOPart frmEmpNew frmInvAdd frmRecvList frmUsageList frmVendorAdd
     frmContinue frmDept frmInvKitAdd frmMakeModel frmTrail frmTrailExport
 """.split())
-# Not walked: what comes up ahead of the board, before a text of the shop is read, and the question for a password, which
-# shows none.
-WITHOUT_TEXTS = {"frmSplash", "frmEnterDir", "frmEnterPwd"}
+# Not walked: what comes up ahead of the board, before a text of the shop is read; the question for a password, the guide and
+# About, which show none; and the spell check, which shows the text that a person has just typed and comes up only where there
+# is a dictionary.
+WITHOUT_TEXTS = {"frmSplash", "frmEnterDir", "frmEnterPwd", "frmGuide", "frmAbout", "frmSpelling"}
 SOURCES = pathlib.Path(__file__).resolve().parents[3] / "src"
 
 
