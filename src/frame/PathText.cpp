@@ -12,6 +12,7 @@ namespace {
 constexpr char kOpen = '\x81';
 constexpr char kClose = '\x9D';
 constexpr std::size_t kMostDigits = 6;
+constexpr char32_t kFirstEscaped = 0x80;  // what ASCII has is never written so: neither NUL, a separator nor a dot
 constexpr char32_t kByteBase = 0xDC00;
 constexpr char32_t kFirstByte = kByteBase + 0x80;
 constexpr char32_t kLastByte = kByteBase + 0xFF;
@@ -42,6 +43,24 @@ std::string Replaced(std::string_view text, Take take, Keep keep) {
   return result;
 }
 
+// Bytes of the platform as text of the page; in its form what the page hasn't got and what isn't to stand as it is.
+template <class HasForm>
+std::string InThePage(std::string_view bytes, HasForm hasForm) {
+  std::string text;
+  for (std::size_t position = 0; position < bytes.size();) {
+    const auto byte = static_cast<unsigned char>(bytes[position]);
+    const char32_t point = NextCodePoint(bytes, position);
+    const std::optional<char> known = point == kMalformed ? std::nullopt : InPage(point);
+    if (known && !hasForm(*known)) {
+      text += *known;
+    } else {
+      text += fmt::format("{}{:X}{}", kOpen, static_cast<std::uint32_t>(point == kMalformed ? kByteBase + byte : point),
+                          kClose);
+    }
+  }
+  return text;
+}
+
 void AppendReadable(std::string& text, char32_t point) { AppendUtf8(text, IsByte(point) ? kReplacement : point); }
 
 }  // namespace
@@ -56,25 +75,16 @@ std::optional<char32_t> NextEscape(std::string_view text, std::size_t& position)
     if (!isDigit && (c < 'A' || c > 'F')) return std::nullopt;
     point = point * 16 + static_cast<char32_t>(isDigit ? c - '0' : c - 'A' + 10);
   }
-  if (point > 0x10FFFF || (point >= 0xD800 && point <= 0xDFFF && !IsByte(point))) return std::nullopt;
+  if (point < kFirstEscaped || point > 0x10FFFF || (point >= 0xD800 && point <= 0xDFFF && !IsByte(point)))
+    return std::nullopt;
   position = end + 1;
   return point;
 }
 
 std::string TextOfPath(const std::filesystem::path& path) {
-  const std::string_view bytes = path.native();
-  std::string text;
-  for (std::size_t position = 0; position < bytes.size();) {
-    const auto byte = static_cast<unsigned char>(bytes[position]);
-    const char32_t point = NextCodePoint(bytes, position);
-    const std::optional<char> known = point == kMalformed ? std::nullopt : InPage(point);
-    if (known && *known != kOpen && *known != kClose) {
-      text += *known;
-    } else {
-      text += fmt::format("{}{:X}{}", kOpen, static_cast<std::uint32_t>(point == kMalformed ? kByteBase + byte : point),
-                          kClose);
-    }
-  }
+  std::string text = InThePage(path.native(), [](char c) { return c == kOpen || c == kClose; });
+  // Text of the page that could be taken for UTF-8 can no longer be once all but ASCII has its form.
+  if (IsUtf8(text) && !IsAscii(text)) text = InThePage(path.native(), [](char c) { return !IsAscii({&c, 1}); });
   return text;
 }
 

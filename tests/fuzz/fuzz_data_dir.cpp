@@ -1,4 +1,5 @@
 #include "Target.h"
+#include "frame/PathText.h"
 
 namespace lantos::fuzz {
 
@@ -9,7 +10,7 @@ void Try(std::string_view bytes) {
   files.SetDataDir(std::string(bytes));
   const std::string path = PlatformPath(files.DataDir()).string();
   Require(path.find('\\') == std::string::npos && path.find("//") == std::string::npos);
-  Require(PlatformPath(path) == path);
+  Require(PlatformPath(TextOfPath(path)) == path);
   Refusable([&] {
     See(files.PathOf("Lantos.mdb").string());
     files.IsThere("Lantos.mdb");

@@ -17,8 +17,9 @@ constexpr std::string_view kBroken = "/tmp/\xFF\xC3(\xED\xA0\x80/";
 constexpr std::string_view kClef = "/tmp/\xF0\x9D\x84\x9E/";
 
 TEST(PathText, GivesTheVeryBytesBack) {
-  for (const std::string_view path : {kGreek, kFrench, kBroken, kClef, std::string_view("/tmp/plain/"),
-                                      std::string_view("/tmp/\xC2\x81\x33\x41\xC2\x9D/")}) {
+  for (const std::string_view path :
+       {kGreek, kFrench, kBroken, kClef, std::string_view("/tmp/plain/"), std::string_view("/tmp/\xC3\x83\xC2\xA9/"),
+        std::string_view("/tmp/\xC2\x81\x33\x41\xC2\x9D/")}) {
     EXPECT_EQ(PathOfText(TextOfPath(path)), path);
     EXPECT_EQ(PlatformPath(TextOfPath(path)).native(), path);
   }
@@ -64,7 +65,13 @@ TEST(PathText, TakesNoOtherUseOfItsTwoBytesForTheForm) {
                                  "\x81"
                                  "D800\x9D",
                                  "\x81"
-                                 "3A9"}) {
+                                 "3A9",
+                                 "\x81"
+                                 "0\x9D",
+                                 "\x81"
+                                 "2F\x9D",
+                                 "\x81"
+                                 "7F\x9D"}) {
     std::size_t position = 0;
     EXPECT_FALSE(NextEscape(text, position)) << text;
     EXPECT_EQ(position, 0U);
