@@ -33,7 +33,7 @@ void Board::ShowWeekAnew() {
   BoardState& state = parts_.state;
   const DaySerial listed = state.currentDate;
   WeekData data = FetchWeek(parts_.database.lantosData, state.sunday, parts_.day.SortOrder(),
-                            parts_.day.cbShowLabor.Value() ? listed : kNoDay, TotalsAsked::OfDays);
+                            parts_.day.cbShowLabor.Value() ? listed : kNoDay, WeekAsked::AtOnce);
   const Customers::Quietly quietly(parts_.shop.records.customers);
   const Customers::Reading reading(parts_.shop.records.customers);
   ReadCustomersOf(data);

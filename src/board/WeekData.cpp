@@ -10,17 +10,12 @@ namespace lantos {
 
 namespace {
 
-std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view order) {
-  std::vector<BoardRow> rows;
-  Recordset& estimates = database.GetEstimatesByDate(date);
-  estimates.Sort(order);
-  for (; !estimates.Eof(); estimates.MoveNext()) {
-    BoardRow& row = rows.emplace_back();
-    modEstimates::ReadRow(estimates, row.estimate);
-    row.estimate.Comments = Trim(row.estimate.Comments);
-  }
-  estimates.Close();
-  return rows;
+const std::string kBehindLabor = " ";
+
+void AddRow(const Recordset& estimates, std::vector<BoardRow>& rows) {
+  BoardRow& row = rows.emplace_back();
+  modEstimates::ReadRow(estimates, row.estimate);
+  row.estimate.Comments = Trim(row.estimate.Comments);
 }
 
 void TakeTotals(const Recordset& totals, Estimate& estimate) {
@@ -28,53 +23,91 @@ void TakeTotals(const Recordset& totals, Estimate& estimate) {
   estimate.TotalLabor = totals.Eof() ? 0 : totals.Long("TotalLabor");
 }
 
-void FetchTotals(de& database, DaySerial date, std::vector<BoardRow>& rows) {
-  std::unordered_map<std::int32_t, Estimate*> estimates;
-  for (BoardRow& row : rows) estimates.emplace(row.estimate.EstimateNumber, &row.estimate);
-  Recordset& totals = database.TotalsByDate(date);
+std::vector<BoardRow> FetchDay(de& database, DaySerial date, std::string_view order) {
+  std::vector<BoardRow> rows;
+  Recordset& estimates = database.GetEstimatesByDate(date);
+  estimates.Sort(order);
+  for (; !estimates.Eof(); estimates.MoveNext()) AddRow(estimates, rows);
+  estimates.Close();
+  return rows;
+}
+
+void FetchTotalsOfWeek(de& database, DaySerial sunday, WeekData& week) {
+  std::unordered_multimap<std::int32_t, Estimate*> estimates;
+  for (std::vector<BoardRow>& rows : week.days) {
+    for (BoardRow& row : rows) estimates.emplace(row.estimate.EstimateNumber, &row.estimate);
+  }
+  Recordset& totals = database.TotalsOfWeek(sunday);
   for (; !totals.Eof(); totals.MoveNext()) {
-    const auto estimate = estimates.find(totals.Long("EstimateNumber"));
-    if (estimate != estimates.end()) TakeTotals(totals, *estimate->second);
+    const auto [begin, end] = estimates.equal_range(totals.Long("EstimateNumber"));
+    for (auto at = begin; at != end; ++at) TakeTotals(totals, *at->second);
   }
   totals.Close();
 }
 
-// Of the whole week at once: a server is asked for all of it in one go.
-void FetchLines(de& database, WeekData& week, std::optional<std::size_t> withLabor, TotalsAsked totals) {
-  std::vector<std::int32_t> totalsOf;
-  std::vector<std::int32_t> laborOf;
+// As FetchLaborLines makes them of each.
+void FetchLaborOfDay(de& database, DaySerial date, std::vector<BoardRow>& rows) {
+  std::unordered_map<std::int32_t, std::vector<std::string>> lines;
+  Recordset& labor = database.LaborOfDay(date);
+  for (; !labor.Eof(); labor.MoveNext()) lines[labor.Long("EstimateNumber")].push_back(LaborLine(labor));
+  labor.Close();
+  for (BoardRow& row : rows) {
+    row.laborLines = lines[row.estimate.EstimateNumber];
+    row.laborLines.push_back(kBehindLabor);
+  }
+}
+
+void FetchAtOnce(de& database, DaySerial sunday, std::string_view order, std::optional<DaySerial> laborOf,
+                 WeekData& week) {
+  const auto panelOf = [sunday](DaySerial day) { return static_cast<std::size_t>(day - sunday); };
+  database.ForeseeWeek(sunday, laborOf);
+  week.capacity.LoadStandardHours(database);
   for (std::size_t i = 0; i < kWeekdays; ++i) {
+    week.capacity.LoadSpecialDay(database, sunday + static_cast<DaySerial>(i), i);
+  }
+  Recordset& estimates = database.EstimatesOfWeek(sunday);
+  estimates.Sort(order);
+  for (; !estimates.Eof(); estimates.MoveNext()) AddRow(estimates, week.days.at(panelOf(estimates.Date("SchedDate"))));
+  estimates.Close();
+  FetchTotalsOfWeek(database, sunday, week);
+  if (laborOf) FetchLaborOfDay(database, *laborOf, week.days.at(panelOf(*laborOf)));
+}
+
+void FetchInParts(de& database, DaySerial sunday, std::string_view order, std::optional<DaySerial> laborOf,
+                  WeekData& week) {
+  database.ForeseeDays(sunday);
+  week.capacity.LoadStandardHours(database);
+  std::vector<std::int32_t> totalsWanted;
+  std::vector<std::int32_t> laborWanted;
+  for (std::size_t i = 0; i < kWeekdays; ++i) {
+    const DaySerial day = sunday + static_cast<DaySerial>(i);
+    week.capacity.LoadSpecialDay(database, day, i);
+    week.days[i] = FetchDay(database, day, order);
     for (const BoardRow& row : week.days[i]) {
-      if (totals == TotalsAsked::OfEach) totalsOf.push_back(row.estimate.EstimateNumber);
-      if (i == withLabor) laborOf.push_back(row.estimate.EstimateNumber);
+      totalsWanted.push_back(row.estimate.EstimateNumber);
+      if (day == laborOf) laborWanted.push_back(row.estimate.EstimateNumber);
     }
   }
-  database.ForeseeLines(totalsOf, laborOf);
+  // Of the whole week at once: a server is asked for all of it in one go.
+  database.ForeseeLines(totalsWanted, laborWanted);
   for (std::size_t i = 0; i < kWeekdays; ++i) {
     for (BoardRow& row : week.days[i]) {
-      if (totals == TotalsAsked::OfEach) ReadTotals(database, row.estimate);
-      if (i == withLabor) row.laborLines = FetchLaborLines(database, row.estimate.EstimateNumber);
+      ReadTotals(database, row.estimate);
+      if (sunday + static_cast<DaySerial>(i) != laborOf) continue;
+      row.laborLines = FetchLaborLines(database, row.estimate.EstimateNumber);
     }
   }
 }
 
 }  // namespace
 
-WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf, TotalsAsked totals) {
+WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf, WeekAsked asked) {
   WeekData week;
+  std::optional<DaySerial> ofDay;
+  if (laborOf >= sunday && laborOf < sunday + static_cast<DaySerial>(kWeekdays)) ofDay = laborOf;
   database.Connection().ReadTogether([&] {
-    const bool isByDay = totals == TotalsAsked::OfDays;
-    database.ForeseeDays(sunday, kWeekdays, isByDay ? de::DayTotals::Asked : de::DayTotals::NotAsked);
-    week.capacity.LoadStandardHours(database);
-    std::optional<std::size_t> withLabor;
-    for (std::size_t i = 0; i < kWeekdays; ++i) {
-      const DaySerial day = sunday + static_cast<DaySerial>(i);
-      week.capacity.LoadSpecialDay(database, day, i);
-      week.days[i] = FetchDay(database, day, order);
-      if (isByDay) FetchTotals(database, day, week.days[i]);
-      if (day == laborOf) withLabor = i;
-    }
-    FetchLines(database, week, withLabor, totals);
+    const auto fetch = asked == WeekAsked::InParts ? FetchInParts : FetchAtOnce;
+    fetch(database, sunday, order, ofDay, week);
   });
   return week;
 }
@@ -90,7 +123,7 @@ std::vector<std::string> FetchLaborLines(de& database, std::int32_t estimate) {
   Recordset& labor = database.LaborForEstimate(estimate);
   for (; !labor.Eof(); labor.MoveNext()) lines.push_back(LaborLine(labor));
   labor.Close();
-  lines.push_back(" ");
+  lines.push_back(kBehindLabor);
   return lines;
 }
 

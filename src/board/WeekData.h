@@ -24,14 +24,14 @@ struct WeekData {
 
 inline constexpr DaySerial kNoDay = -1;
 
-// How the totals are asked for: of each estimate, or of all of a day at once. The second is a fraction of the work
-// where a week is read again and again; both give the same.
-enum class TotalsAsked { OfEach, OfDays };
+// How it is asked for: the estimates of each day, the totals and the labor of each estimate, or all of the week at once.
+// The second is a fraction of the work where a week is read again and again; both give the same.
+enum class WeekAsked { InParts, AtOnce };
 
 // One read of the database for all statements. The estimates stand in the order wanted ("EstimateNumber ASC"); those of
 // the day laborOf (kNoDay: none) with their labor. Throws DatabaseError.
 WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf,
-                   TotalsAsked totals = TotalsAsked::OfEach);
+                   WeekAsked asked = WeekAsked::InParts);
 // Hours and labor of an estimate, which are stored nowhere but in its lines.
 void ReadTotals(de& database, Estimate& estimate);
 // The labor of an estimate as the day list shows it, with the blank line that closes it.

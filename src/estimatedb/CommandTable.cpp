@@ -195,10 +195,17 @@ constexpr Command kLantosTable[] = {
      {kLong, kLong, kLong, kText, kText}},
 
     // TotalsForEstimate of all estimates of a day that have labor.
-    {"TotalsByDate",
-     "SELECT Labors.EstimateNumber, Sum(Labors.LaborHours) AS TotalHours, Sum(Labors.LaborTotal) AS TotalLabor FROM "
-     "Labors INNER JOIN Estimates ON Labors.EstimateNumber = Estimates.EstimateNumber where Estimates.SchedDate = ? "
-     "GROUP BY Labors.EstimateNumber",
+    {"EstimatesOfWeek",
+     "SELECT Estimates.* FROM Estimates WHERE (SchedDate IN (?, ?, ?, ?, ?, ?, ?))",
+     {kDay, kDay, kDay, kDay, kDay, kDay, kDay}},
+    {"TotalsOfWeek",
+     "SELECT EstimateNumber, Sum(LaborHours) AS TotalHours, Sum(LaborTotal) AS TotalLabor FROM Labors WHERE "
+     "EstimateNumber IN (SELECT EstimateNumber FROM Estimates WHERE SchedDate IN (?, ?, ?, ?, ?, ?, ?)) "
+     "GROUP BY EstimateNumber",
+     {kDay, kDay, kDay, kDay, kDay, kDay, kDay}},
+    {"LaborOfDay",
+     "select * from Labors where EstimateNumber IN (SELECT EstimateNumber FROM Estimates WHERE SchedDate = ?) order by "
+     "LaborNumber",
      {kDay}},
     // TechHours again, from the table that the database keeps for it; what makes that table; and what follows each change
     // of a line or an estimate in it.

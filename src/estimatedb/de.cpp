@@ -8,6 +8,13 @@ Value Long(std::int32_t value) { return std::int64_t{value}; }
 Value Text(std::string_view value) { return std::string(value); }
 Value Day(DaySerial day) { return DateValue{day}; }
 
+// Of a week, as the commands of a whole week take them.
+std::vector<Value> DaysFrom(DaySerial sunday) {
+  std::vector<Value> days;
+  for (DaySerial day = sunday; day < sunday + 7; ++day) days.push_back(Day(day));
+  return days;
+}
+
 // The snapshot's columns never hold a text of no length.
 Value BlankIfEmpty(const std::string& value) { return value.empty() ? std::string(" ") : value; }
 
@@ -85,7 +92,11 @@ Recordset& de::GetStdHours() { return Run("GetStdHours", {}); }
 
 Recordset& de::TotalsForEstimate(std::int32_t estimate) { return Run("TotalsForEstimate", {Long(estimate)}); }
 
-Recordset& de::TotalsByDate(DaySerial date) { return Run("TotalsByDate", {Day(date)}); }
+Recordset& de::EstimatesOfWeek(DaySerial sunday) { return Run("EstimatesOfWeek", DaysFrom(sunday)); }
+
+Recordset& de::TotalsOfWeek(DaySerial sunday) { return Run("TotalsOfWeek", DaysFrom(sunday)); }
+
+Recordset& de::LaborOfDay(DaySerial date) { return Run("LaborOfDay", {Day(date)}); }
 
 Recordset& de::EstimatesTable(DaySerial date) { return Run("EstimatesTable", {Day(date)}); }
 
@@ -269,15 +280,22 @@ void de::DeleteSpecialDay(DaySerial date) {
   Follow("DeleteSpecialDay", {Day(date)}, [&] { Connection().DeleteFirst(kSpecialDays, {"SpecialDate", Day(date)}); });
 }
 
-void de::ForeseeDays(DaySerial first, std::size_t count, DayTotals totals) {
+void de::ForeseeDays(DaySerial sunday) {
   if (!Connection().IsFar()) return;
   std::vector<Foreseen> commands{{"GetStdHours", {}}};
-  for (std::size_t i = 0; i < count; ++i) {
-    const DaySerial day = first + static_cast<DaySerial>(i);
-    commands.push_back({"SpecialDaysByDate", {Day(day)}});
-    commands.push_back({"GetEstimatesByDate", {Day(day)}});
-    if (totals == DayTotals::Asked) commands.push_back({"TotalsByDate", {Day(day)}});
+  for (const Value& day : DaysFrom(sunday)) {
+    commands.push_back({"SpecialDaysByDate", {day}});
+    commands.push_back({"GetEstimatesByDate", {day}});
   }
+  Foresee(commands);
+}
+
+void de::ForeseeWeek(DaySerial sunday, std::optional<DaySerial> laborOf) {
+  if (!Connection().IsFar()) return;
+  const std::vector<Value> days = DaysFrom(sunday);
+  std::vector<Foreseen> commands{{"GetStdHours", {}}, {"EstimatesOfWeek", days}, {"TotalsOfWeek", days}};
+  for (const Value& day : days) commands.push_back({"SpecialDaysByDate", {day}});
+  if (laborOf) commands.push_back({"LaborOfDay", {Day(*laborOf)}});
   Foresee(commands);
 }
 

@@ -85,8 +85,11 @@ class de : public DataEnvironment {
   void SetComments(std::string_view comments, std::int32_t estimate);
   Recordset& GetStdHours();
   Recordset& TotalsForEstimate(std::int32_t estimate);
-  // Of each estimate of the day that has labor, in the same two columns behind its EstimateNumber.
-  Recordset& TotalsByDate(DaySerial date);
+  // GetEstimatesByDate of seven days at once; TotalsForEstimate of each of them that has labor, in its two columns
+  // behind its EstimateNumber; and LaborForEstimate of all of a day, where those of one estimate are in their order.
+  Recordset& EstimatesOfWeek(DaySerial sunday);
+  Recordset& TotalsOfWeek(DaySerial sunday);
+  Recordset& LaborOfDay(DaySerial date);
   Recordset& EstimatesTable(DaySerial date);
   Recordset& PartsTable(std::int32_t estimate);
   void DeletePart(std::int32_t estimate, std::string_view part);
@@ -147,11 +150,11 @@ class de : public DataEnvironment {
   void SetWasteSurcharge(Cents amount, std::int32_t estimate, std::int32_t waste);
   void AddWasteSurcharge(std::int32_t estimate, const SurchargeLine& line);
 
-  // Within the connection's ReadTogether, what is asked next: hours, special days and estimates of so many days, with
-  // their TotalsByDate or without; totals and labor of estimates. It spares a connection that is far away the waiting
-  // for each answer.
-  enum class DayTotals { NotAsked, Asked };
-  void ForeseeDays(DaySerial first, std::size_t count, DayTotals totals = DayTotals::NotAsked);
+  // Within the connection's ReadTogether, what is asked next: hours and special days of a week with the estimates of
+  // each day, or with those of all days, their totals and the labor of one of them, if any; totals and labor of
+  // estimates. It spares a connection that is far away the waiting for each answer.
+  void ForeseeDays(DaySerial sunday);
+  void ForeseeWeek(DaySerial sunday, std::optional<DaySerial> laborOf);
   void ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf);
 
   // Within a transaction, what the surcharge of an estimate is worked out from, and its line.

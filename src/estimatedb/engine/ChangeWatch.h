@@ -10,6 +10,7 @@ namespace lantos {
 // How long things take where changes are followed; tests make them shorter.
 struct WatchTimes {
   std::chrono::milliseconds merge{200};        // notices that come within it are one
+  std::chrono::milliseconds rest{800};         // behind a reading, until notices are followed by the next one
   std::chrono::milliseconds heartbeat{5000};   // a connection that says nothing is asked after it
   std::chrono::milliseconds patience{5000};    // with an answer, after which the connection is dead
   std::chrono::milliseconds firstPause{1000};  // before the next try to connect; twice as long after each that failed

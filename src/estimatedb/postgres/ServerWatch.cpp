@@ -130,6 +130,7 @@ void ServerWatch::Answered() {
 }
 
 void ServerWatch::Read() {
+  read_ = steady_clock::now();
   doubtsAsked_ = own_->Doubts();
   Send(Step::Reading, std::string(kAskForNews), {NumberText(known_.value_or(kNothingBehindIt))});
 }
@@ -186,7 +187,7 @@ void ServerWatch::DrainNotices() {
 bool ServerWatch::LookForNotices() {
   TakeInput();
   DrainNotices();
-  const bool isNews = noticed_ && Since(*noticed_) >= times_.merge;
+  const bool isNews = noticed_ && Since(*noticed_) >= times_.merge && Since(read_) >= times_.rest;
   const bool isInDoubt = own_->Doubts() != doubtsTold_;
   if (!isNews && !isInDoubt && Since(heard_) < times_.heartbeat) return false;
   noticed_.reset();

@@ -65,6 +65,7 @@ class ServerWatch : public ChangeWatch {
   std::size_t doubtsAsked_ = 0;  // how often one's own changes had been in doubt when it was last read
   std::size_t doubtsTold_ = 0;
   std::optional<Moment> noticed_;
+  Moment read_{};                    // what has come
   Moment looked_{};                  // at the trail
   std::optional<double> trailFrom_;  // what is behind it is looked at
   std::optional<double> untold_;     // rows there that the feed doesn't have

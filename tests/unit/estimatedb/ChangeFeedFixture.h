@@ -11,6 +11,7 @@
 namespace lantos::test {
 
 inline constexpr WatchTimes kQuick{.merge = std::chrono::milliseconds(20),
+                                   .rest = std::chrono::milliseconds(40),
                                    .heartbeat = std::chrono::milliseconds(100),
                                    .patience = std::chrono::milliseconds(300),
                                    .firstPause = std::chrono::milliseconds(20),

@@ -89,15 +89,54 @@ TEST_P(Commands, LaborLinesAreAddedReadInOrderSummedAndDeleted) {
   EXPECT_EQ(db.LaborForEstimate(5).Count(), 1U);
 }
 
-TEST_P(Commands, TotalsOfADayAreThoseOfItsEstimatesThatHaveLabor) {
+TEST_P(Commands, AWeekAtOnceIsItsDaysOneBehindTheOther) {
+  constexpr DaySerial kSunday = kTuesday - 2;
+  for (const std::int32_t number : {8, 5}) db.NewEstimate(number, kTuesday);
+  db.NewEstimate(6, kTuesday + 1);
+  db.NewEstimate(3, kSunday);
+  db.NewEstimate(4, kSunday + 6);
+  db.NewEstimate(9, kSunday + 7);
+  db.NewEstimate(10, kSunday - 1);
+  Recordset& week = db.EstimatesOfWeek(kSunday);
+  EXPECT_EQ(week.Count(), 5U);
+  std::array<std::string, 7> days;
+  for (; !week.Eof(); week.MoveNext()) {
+    days.at(static_cast<std::size_t>(week.Date("SchedDate") - kSunday)) += " " + week.Text("EstimateNumber");
+  }
+  for (DaySerial day = 0; day < 7; ++day) {
+    std::string alone;
+    Recordset& rows = db.GetEstimatesByDate(kSunday + day);
+    for (; !rows.Eof(); rows.MoveNext()) alone += " " + rows.Text("EstimateNumber");
+    EXPECT_EQ(days.at(static_cast<std::size_t>(day)), alone) << day;
+  }
+}
+
+TEST_P(Commands, TotalsOfAWeekAreThoseOfItsEstimatesThatHaveLabor) {
   for (const std::int32_t number : {5, 6, 8}) db.NewEstimate(number, kTuesday);
-  db.NewEstimate(9, kTuesday + 1);
+  db.NewEstimate(9, kTuesday + 5);
   db.AddLabor(5, 1, "First", 100, 6500, 6500, 3);
   db.AddLabor(5, 2, "Second", -50, 6500, -3250, 0);
   db.AddLabor(8, 1, "Other", 25, 4, 1, 0);
-  db.AddLabor(9, 1, "Tomorrow's", 900, 1, 9, 0);
+  db.AddLabor(9, 1, "Next week's", 900, 1, 9, 0);
   db.AddLabor(10, 1, "Of no estimate", 900, 1, 9, 0);
-  EXPECT_THAT(Dump(db.TotalsByDate(kTuesday)), ElementsAre("5|50|3250", "8|25|1"));
+  EXPECT_THAT(Dump(db.TotalsOfWeek(kTuesday - 2)), ElementsAre("5|50|3250", "8|25|1"));
+}
+
+TEST_P(Commands, LaborOfADayIsThatOfItsEstimatesEachInItsOrder) {
+  for (const std::int32_t number : {5, 8}) db.NewEstimate(number, kTuesday);
+  db.NewEstimate(9, kTuesday + 1);
+  for (const std::int32_t number : {8, 5, 9, 10}) {
+    for (const std::int32_t line : {2, 3, 1}) {
+      db.AddLabor(number, line, "Of " + std::to_string(number), 10 * line, 1, number, 0);
+    }
+  }
+  std::map<std::string, std::vector<std::string>> lines;
+  for (Recordset& labor = db.LaborOfDay(kTuesday); !labor.Eof(); labor.MoveNext()) {
+    lines[labor.Text("EstimateNumber")].push_back(labor.Text("LaborNumber") + " " + labor.Text("Description"));
+  }
+  EXPECT_EQ(lines.size(), 2U);
+  EXPECT_THAT(lines["5"], ElementsAre("1 Of 5", "2 Of 5", "3 Of 5"));
+  EXPECT_THAT(lines["8"], ElementsAre("1 Of 8", "2 Of 8", "3 Of 8"));
 }
 
 TEST_P(Commands, TotalsOfAnEstimateWithoutLinesAreNullAndReadAsZero) {

@@ -332,7 +332,7 @@ TEST_F(Servers, AWeeksEstimatesAndTheirLinesAreAskedForInThreeRoundTrips) {
   auto& connection = dynamic_cast<PostgresEngine&>(db.Connection());
   connection.ReadTogether([&] {
     const std::size_t before = connection.RoundTrips();
-    db.ForeseeDays(kSunday, 7);
+    db.ForeseeDays(kSunday);
     std::size_t found = 0;
     for (DaySerial day = kSunday; day < kSunday + 7; ++day) found += db.GetEstimatesByDate(day).Count();
     EXPECT_EQ(found, 280U);

@@ -133,7 +133,7 @@ void LookAtTrail(Met& met) {
 void ReadTheWeekAgain(Met& met) {
   FindBench bench;
   met.Look(bench.database, bench.environment);
-  FetchWeek(bench.database.lantosData, bench.Today(), "EstimateNumber ASC", kNoDay, TotalsAsked::OfDays);
+  FetchWeek(bench.database.lantosData, bench.Today(), "EstimateNumber ASC", bench.Today(), WeekAsked::AtOnce);
 }
 
 struct Older : Upgrades {
