@@ -2,6 +2,8 @@
 
 namespace lantos {
 
+// What is asked here is a few rows by their keys: a trail that has grown since a server last counted it isn't to be read
+// from its beginning for them.
 const std::string_view kAskForFeed =
     "SELECT pg_catalog.set_config('search_path', pg_catalog.quote_ident($1), false), "
     "pg_catalog.set_config('lock_timeout', '5s', false), "
@@ -12,7 +14,8 @@ const std::string_view kAskForFeed =
     "WHERE n.nspname = $1 AND c.relname = 'trail' AND t.tgname = 'trailfeed_tells') "
     "AND pg_catalog.to_regclass(pg_catalog.quote_ident($1) || '.trailcount') IS NOT NULL "
     "AND pg_catalog.to_regclass(pg_catalog.quote_ident($1) || '.trailfeed') IS NOT NULL, "
-    "pg_catalog.set_config('jit', 'off', false)";
+    "pg_catalog.set_config('jit', 'off', false), "
+    "pg_catalog.set_config('enable_seqscan', 'off', false)";
 
 // The trigger is put off to the commit: whoever counts keeps others waiting for no longer than that. It names the
 // schema itself, since whose path is set otherwise writes to the trail too.
