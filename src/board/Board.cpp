@@ -7,6 +7,13 @@
 
 namespace lantos {
 
+namespace {
+
+// What other programs change, without a word on the trail, is found no later than with the next change behind that.
+constexpr std::chrono::seconds kRefreshedFor{30};
+
+}  // namespace
+
 void Board::LoadWeek(DaySerial date) {
   parts_.detail.KeepUnsavedComments();
   const DaySerial sunday = date - WeekdayIndex(date);
@@ -15,7 +22,7 @@ void Board::LoadWeek(DaySerial date) {
   WeekData data = FetchWeek(parts_.database.lantosData, sunday, parts_.day.SortOrder(),
                             parts_.day.cbShowLabor.Value() ? date : kNoDay);
   BoardState& state = parts_.state;
-  state.capacity = std::move(data.capacity);
+  state.capacity = data.capacity;
   state.sunday = sunday;
   state.dayOnShow = date;
   parts_.week.NameDays(state);
@@ -24,29 +31,46 @@ void Board::LoadWeek(DaySerial date) {
   parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
   parts_.detail.ClearDetail();
   const Customers::Reading reading(parts_.shop.records.customers);
-  FillPanels(data, date);
+  KeepRead(std::move(data));
+  FillPanels(date);
   StandOn(date);
 }
 
 // The list holds the day of the last load, whatever day was chosen by a click since.
-void Board::ShowWeekAnew() {
+void Board::ShowWeekAnew(const Stale& stale) {
   BoardState& state = parts_.state;
-  const DaySerial listed = state.currentDate;
-  WeekData data = FetchWeek(parts_.database.lantosData, state.sunday, parts_.day.SortOrder(),
-                            parts_.day.cbShowLabor.Value() ? listed : kNoDay, WeekAsked::AtOnce);
+  ReadAnew(stale);
   const Customers::Quietly quietly(parts_.shop.records.customers);
   const Customers::Reading reading(parts_.shop.records.customers);
-  ReadCustomersOf(data);
+  ReadCustomersOf(read_);
   std::vector<KeptChoice> choices;
   for (ui::ListBox& list : parts_.week.List1) choices.emplace_back(list);
   choices.emplace_back(parts_.day.List2);
-  state.capacity = std::move(data.capacity);
-  FillPanels(data, listed);
+  state.capacity = read_.capacity;
+  FillPanels(state.currentDate);
   for (KeptChoice& choice : choices) choice.Restore();
   parts_.week.ShowComments(state.capacity);
   parts_.day.lblDayComments.SetCaption(state.CommentOnShow());
   parts_.day.frameDay.SetBackColor(state.ColorOf(static_cast<std::size_t>(WeekdayIndex(state.dayOnShow))));
   if (const auto weekday = state.PanelOf(parts_.hours.Day())) ShowDayHeader(*weekday);
+}
+
+void Board::ReadAnew(const Stale& stale) {
+  const BoardState& state = parts_.state;
+  de& database = parts_.database.lantosData;
+  const std::string_view order = parts_.day.SortOrder();
+  const DaySerial laborOf = parts_.day.cbShowLabor.Value() ? state.currentDate : kNoDay;
+  const bool isOfIt = read_.sunday == state.sunday && read_.order == order && read_.laborOf == laborOf;
+  if (isOfIt && !stale.isAll && std::chrono::steady_clock::now() - readAt_ < kRefreshedFor &&
+      IsWorthRefreshing(database, read_, stale.estimates.size())) {
+    return RefreshWeek(database, read_, stale.estimates);
+  }
+  KeepRead(FetchWeek(database, state.sunday, order, laborOf, WeekAsked::AtOnce));
+}
+
+void Board::KeepRead(WeekData week) {
+  read_ = std::move(week);
+  readAt_ = std::chrono::steady_clock::now();
 }
 
 // A file that can't be read just then leaves the lists as they are.
@@ -56,9 +80,9 @@ void Board::ReadCustomersOf(const WeekData& data) {
   }
 }
 
-void Board::FillPanels(WeekData& data, DaySerial listed) {
+void Board::FillPanels(DaySerial listed) {
   parts_.day.List2.Clear();
-  for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, data.days[i], parts_.state.PanelDate(i) == listed);
+  for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, read_.days[i], parts_.state.PanelDate(i) == listed);
 }
 
 // New Estimate books on the day of the last load, so calendar, hours and mark tell of that day.
@@ -70,11 +94,12 @@ void Board::StandOn(DaySerial date) {
   ShowDayHeader(static_cast<std::size_t>(WeekdayIndex(date)));
 }
 
-void Board::FillPanel(std::size_t weekday, std::vector<BoardRow>& rows, bool isListed) {
+void Board::FillPanel(std::size_t weekday, const std::vector<BoardRow>& rows, bool isListed) {
   parts_.week.List1[weekday].Clear();
-  for (BoardRow& row : rows) {
-    AddWeekLines(weekday, row.estimate);
-    if (isListed) AddDayLines(row.estimate, row.laborLines);
+  for (const BoardRow& row : rows) {
+    Estimate estimate = row.estimate;
+    AddWeekLines(weekday, estimate);
+    if (isListed) AddDayLines(estimate, row.laborLines);
   }
   ColorPanel(weekday);
 }

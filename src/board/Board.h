@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,7 +29,14 @@ struct BoardParts {
   std::function<bool(std::int16_t status)> isShown;  // by the status filter
 };
 
-// The three views of the same estimates. Filled by LoadWeek alone, from the database; nothing on it is a cache.
+// What was changed since the board was filled, where it is known which estimates.
+struct Stale {
+  bool isAll = false;
+  std::set<std::int32_t> estimates;
+};
+
+// The three views of the same estimates. LoadWeek fills them from the database; what it has read is kept for
+// ShowWeekAnew alone.
 class Board {
  public:
   explicit Board(const BoardParts& parts) : parts_(parts) {}
@@ -37,8 +46,8 @@ class Board {
   void LoadWeek(DaySerial date);
   // The week as others have made it since, and nothing else moved: calendar, days that are meant, what is selected and
   // the detail view stay. No box comes up: what is the matter with a file or the database is thrown, and the lists
-  // stay.
-  void ShowWeekAnew();
+  // stay. From far away only what is stale is read, but now and then all of it.
+  void ShowWeekAnew(const Stale& stale);
   // The lines of the current estimate, which is new, in the panel of its day, and in the day list when that is of its
   // day; its hours count. The board then stands on that day.
   void AddCurrent();
@@ -77,10 +86,12 @@ class Board {
   const CustomerRecord* FindCustomerOf(const Estimate& estimate);
 
  private:
+  void ReadAnew(const Stale& stale);
+  void KeepRead(WeekData week);
   void ReadCustomersOf(const WeekData& data);
   // What is of that day stands in the day list, too.
-  void FillPanels(WeekData& data, DaySerial listed);
-  void FillPanel(std::size_t weekday, std::vector<BoardRow>& rows, bool isListed);
+  void FillPanels(DaySerial listed);
+  void FillPanel(std::size_t weekday, const std::vector<BoardRow>& rows, bool isListed);
   void ColorPanel(std::size_t weekday);
   void StandOn(DaySerial date);
   void AddWeekLines(std::size_t weekday, Estimate& estimate);
@@ -91,6 +102,8 @@ class Board {
   Estimate& Current() { return parts_.database.estimates.CurrentEstimate; }
 
   BoardParts parts_;
+  WeekData read_;
+  std::chrono::steady_clock::time_point readAt_{};  // all of it
 };
 
 }  // namespace lantos

@@ -16,6 +16,7 @@ constexpr std::chrono::milliseconds kRestBehindFailure{5000};
 // Of a busy shop's changes those of a second are one reload: many boards would keep a server from its work otherwise.
 constexpr std::chrono::milliseconds kRestBehindReload{1000};
 constexpr std::chrono::milliseconds kRestBehindLookAtNames{1000};
+constexpr std::int32_t kOfNoEstimate = 0;  // hours and special days
 
 // "0:03", "12:40", "1:05:00".
 std::string FormatAge(std::chrono::milliseconds age) {
@@ -60,7 +61,7 @@ void Following::Begin() {
 }
 
 void Following::ShowAll() {
-  waiting_.isAll = true;
+  waiting_.isAll = stale_.isAll = true;
   names_.MakeStale();
   Tick();
 }
@@ -69,16 +70,14 @@ void Following::End() {
   timer_.SetInterval(0);
   feed_.reset();
   waiting_ = {};
+  stale_ = {};
   told_.SetVisible(false);
   told_.SetCaption("");
 }
 
 void Following::Tick() {
   if (!feed_) return;
-  waiting_.Add(feed_->Ask());
-  // What was changed while nobody was heard of may be told by nothing.
-  const bool stands = feed_->Contact().stands;
-  if (!std::exchange(stood_, stands) && stands) waiting_.isAll = true;
+  TakeNews();
   TellContact();
   if (rest_ > 0) --rest_;
   if (restOfNames_ > 0) --restOfNames_;
@@ -93,6 +92,22 @@ void Following::Tick() {
     parts_.shop.environment.log.Write(error.what());
     rest_ = TicksOf(kRestBehindFailure);
   }
+}
+
+void Following::TakeNews() {
+  ChangeNews news = feed_->Ask();
+  // What was changed while nobody was heard of may be told by nothing.
+  const bool stands = feed_->Contact().stands;
+  if (!std::exchange(stood_, stands) && stands) news.isAll = true;
+  // One's own are on the board, and not in what was read for it.
+  if (Trail* const trail = parts_.database.lantosData.KeptTrail()) {
+    stale_.estimates.merge(trail->TakeChanged());
+  } else {
+    stale_.isAll = true;
+  }
+  for (const TrailEntry& change : news.changes) stale_.estimates.insert(change.estimate);
+  stale_.isAll = stale_.isAll || news.isAll || stale_.estimates.contains(kOfNoEstimate);
+  waiting_.Add(std::move(news));
 }
 
 // A tag file that can't be read just then doesn't hold up what was changed in the database.
@@ -129,7 +144,10 @@ bool Following::Show(const ChangeNews& news, bool areNames) {
   const auto last = std::find_if(news.changes.rbegin(), news.changes.rend(), isOfIt);
   const bool isOnShow = onShow != 0 && (news.isAll || last != news.changes.rend());
   const bool isOfWeek = areNames || ConcernsWeek(news);
-  if (isOfWeek) board_.ShowWeekAnew();
+  if (isOfWeek) {
+    board_.ShowWeekAnew(stale_);
+    stale_ = {};
+  }
   // Selected and not on show: the detail view and the commands go by what is in memory of it.
   const std::int32_t current = parts_.database.estimates.CurrentEstimate.EstimateNumber;
   const bool isOfCurrent = current != 0 && current != onShow && Concerns(news, current);

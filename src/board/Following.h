@@ -35,6 +35,7 @@ class Following {
   bool ReadNames();
   // Whether anything had to be read.
   bool Show(const ChangeNews& news, bool areNames);
+  void TakeNews();
   int TicksOf(std::chrono::milliseconds time) const;
   bool ConcernsWeek(const ChangeNews& news) const;
   bool ConcernsWeek(const TrailEntry& change) const;
@@ -47,6 +48,7 @@ class Following {
   std::function<bool()> isFree_;
   std::optional<ChangeFeed> feed_;
   ChangeNews waiting_;
+  Stale stale_;         // what was changed since the board was filled, by whomever
   std::string reason_;  // why nothing is followed, as the run log has it
   bool stood_ = false;  // the contact, at the last tick
   int rest_ = 0;        // ticks to come without a look at the database, which has failed or was just read

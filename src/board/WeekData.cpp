@@ -1,5 +1,6 @@
 #include "board/WeekData.h"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_map>
 
@@ -11,6 +12,10 @@ namespace lantos {
 namespace {
 
 const std::string kBehindLabor = " ";
+constexpr std::string_view kByNumber = "EstimateNumber ASC";
+constexpr std::size_t kMostRefreshed = 100;
+
+std::int32_t NumberOf(const BoardRow& row) { return row.estimate.EstimateNumber; }
 
 void AddRow(const Recordset& estimates, std::vector<BoardRow>& rows) {
   BoardRow& row = rows.emplace_back();
@@ -102,7 +107,7 @@ void FetchInParts(de& database, DaySerial sunday, std::string_view order, std::o
 }  // namespace
 
 WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySerial laborOf, WeekAsked asked) {
-  WeekData week;
+  WeekData week{.sunday = sunday, .order = std::string(order), .laborOf = laborOf};
   std::optional<DaySerial> ofDay;
   if (laborOf >= sunday && laborOf < sunday + static_cast<DaySerial>(kWeekdays)) ofDay = laborOf;
   database.Connection().ReadTogether([&] {
@@ -110,6 +115,38 @@ WeekData FetchWeek(de& database, DaySerial sunday, std::string_view order, DaySe
     fetch(database, sunday, order, ofDay, week);
   });
   return week;
+}
+
+bool IsWorthRefreshing(de& database, const WeekData& week, std::size_t changed) {
+  return week.sunday != kNoDay && week.order == kByNumber && changed <= kMostRefreshed && database.Connection().IsFar();
+}
+
+void RefreshWeek(de& database, WeekData& week, const std::set<std::int32_t>& changed) {
+  if (changed.empty()) return;
+  std::vector<BoardRow> rows;
+  database.Connection().ReadTogether([&] {
+    rows.clear();
+    database.ForeseeEstimates({changed.begin(), changed.end()});
+    for (const std::int32_t number : changed) {
+      Recordset& estimates = database.EstimateByNumber(number);
+      const std::size_t first = rows.size();
+      for (; !estimates.Eof(); estimates.MoveNext()) AddRow(estimates, rows);
+      estimates.Close();
+      for (std::size_t i = first; i < rows.size(); ++i) {
+        ReadTotals(database, rows[i].estimate);
+        if (rows[i].estimate.SchedDate == week.laborOf) rows[i].laborLines = FetchLaborLines(database, number);
+      }
+    }
+  });
+  for (std::vector<BoardRow>& day : week.days) {
+    std::erase_if(day, [&](const BoardRow& row) { return changed.contains(NumberOf(row)); });
+  }
+  for (BoardRow& row : rows) {
+    const DaySerial weekday = row.estimate.SchedDate - week.sunday;
+    if (weekday < 0 || weekday >= static_cast<DaySerial>(kWeekdays)) continue;
+    std::vector<BoardRow>& day = week.days[static_cast<std::size_t>(weekday)];
+    day.insert(std::ranges::upper_bound(day, NumberOf(row), {}, NumberOf), std::move(row));
+  }
 }
 
 void ReadTotals(de& database, Estimate& estimate) {

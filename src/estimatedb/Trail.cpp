@@ -111,6 +111,10 @@ std::int32_t NumberOf(const Value& value) {
   return number != nullptr ? static_cast<std::int32_t>(*number) : 0;
 }
 
+std::int32_t EstimateOf(const TrailRule& rule, const std::vector<Value>& values) {
+  return rule.estimate < 0 ? 0 : NumberOf(values.at(static_cast<std::size_t>(rule.estimate)));
+}
+
 // What a command that adds was given: the estimate's number, and a value for each of the columns.
 TrailRow RowOfValues(const TrailRule& rule, const std::vector<Value>& values) {
   TrailRow row;
@@ -166,6 +170,7 @@ void Trail::Begin() {
 void Trail::Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change) {
   const TrailRule* rule = FindTrailRule(command);
   if (rule == nullptr) throw DatabaseError(fmt::format("The trail has no rule for command \"{}\".", command));
+  changed_.insert(EstimateOf(*rule, values));
   if (!HasTable()) return change();
   const auto work = [&] { ChangeAndWrite(command, *rule, values, change); };
   // Within a transaction whose owner goes on behind an error, the change goes back with its row. Where the row is only
@@ -189,7 +194,7 @@ void Trail::ChangeAndWrite(std::string_view command, const TrailRule& rule, cons
   using Effect = TrailRule::Effect;
   TrailEntry entry;
   entry.command = command;
-  entry.estimate = rule.estimate < 0 ? 0 : NumberOf(values.at(static_cast<std::size_t>(rule.estimate)));
+  entry.estimate = EstimateOf(rule, values);
   if (rule.effect != Effect::Adds) entry.before = Look(rule, values);
   change();
   if (rule.effect == Effect::Adds) entry.after = {RowOfValues(rule, values)};

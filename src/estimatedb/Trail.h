@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -66,6 +67,9 @@ class Trail {
   // Makes the change of a command, whose values tell which rows it concerns. What changed nothing leaves no row. Throws
   // DatabaseError, and then nothing is changed.
   void Follow(std::string_view command, const std::vector<Value>& values, const std::function<void()>& change);
+  // The estimates that were changed here since the last time, 0 where it was something else. What went back counts too,
+  // and so does what left no row.
+  std::set<std::int32_t> TakeChanged() { return std::exchange(changed_, {}); }
   // What is changed in the work takes back the change of that number.
   void TakeBack(std::int32_t number, const std::function<void()>& work);
 
@@ -84,6 +88,7 @@ class Trail {
   bool hasTable_ = false;  // as far as is known
   bool isOff_ = false;     // the database is against it
   std::int32_t undoes_ = 0;
+  std::set<std::int32_t> changed_;
 };
 
 // A row of the table Trail, the recordset's current one.

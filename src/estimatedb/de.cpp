@@ -299,6 +299,15 @@ void de::ForeseeWeek(DaySerial sunday, std::optional<DaySerial> laborOf) {
   Foresee(commands);
 }
 
+void de::ForeseeEstimates(const std::vector<std::int32_t>& estimates) {
+  if (!Connection().IsFar()) return;
+  std::vector<Foreseen> commands;
+  for (const std::string_view command : {"EstimateByNumber", "TotalsForEstimate", "LaborForEstimate"}) {
+    for (const std::int32_t estimate : estimates) commands.push_back({command, {Long(estimate)}});
+  }
+  Foresee(commands);
+}
+
 void de::ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf) {
   if (!Connection().IsFar()) return;
   std::vector<Foreseen> commands;

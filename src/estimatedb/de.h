@@ -151,10 +151,11 @@ class de : public DataEnvironment {
   void AddWasteSurcharge(std::int32_t estimate, const SurchargeLine& line);
 
   // Within the connection's ReadTogether, what is asked next: hours and special days of a week with the estimates of
-  // each day, or with those of all days, their totals and the labor of one of them, if any; totals and labor of
-  // estimates. It spares a connection that is far away the waiting for each answer.
+  // each day, or with those of all days, their totals and the labor of one of them, if any; of estimates
+  // their rows, totals and labor, or the last two. It spares a connection that is far away the waiting for each answer.
   void ForeseeDays(DaySerial sunday);
   void ForeseeWeek(DaySerial sunday, std::optional<DaySerial> laborOf);
+  void ForeseeEstimates(const std::vector<std::int32_t>& estimates);
   void ForeseeLines(const std::vector<std::int32_t>& totalsOf, const std::vector<std::int32_t>& laborOf);
 
   // Within a transaction, what the surcharge of an estimate is worked out from, and its line.

@@ -32,17 +32,21 @@ class DeafWatch : public ChangeWatch {
   const bool& isDeaf_;
 };
 
-// Counts the statements.
+// Counts the statements. While it is said to be far away each is an answer to wait for.
 class FollowedEngine : public WatchedEngine {
  public:
-  FollowedEngine(std::unique_ptr<Engine> engine, int& statements, const bool& isDeaf)
-      : WatchedEngine(std::move(engine), [&statements](std::string_view) { ++statements; }), isDeaf_(isDeaf) {}
+  FollowedEngine(std::unique_ptr<Engine> engine, int& statements, const bool& isDeaf, const bool& isFar)
+      : WatchedEngine(std::move(engine), [&statements](std::string_view) { ++statements; }),
+        isDeaf_(isDeaf),
+        isFar_(isFar) {}
+  bool IsFar() const override { return isFar_; }
   std::unique_ptr<ChangeWatch> Watch(const WatchTimes& times) override {
     return std::make_unique<DeafWatch>(WatchedEngine::Watch(times), isDeaf_);
   }
 
  private:
   const bool& isDeaf_;
+  const bool& isFar_;
 };
 
 // A board, and another workstation that it may follow.
@@ -58,7 +62,7 @@ struct Followable : BookingBench {
     database.lantosData.Disconnect();
     database.lantosData.SetOpener([this] {
       return std::make_unique<FollowedEngine>(OpenDatabase(directory / "Lantos.mdb", environment.clock), statements,
-                                              isDeaf);
+                                              isDeaf, isFar);
     });
     Connect(elsewhere, environment);
     them.KeepTrail(environment.clock, {"FRONTDESK", "beth"});
@@ -83,6 +87,7 @@ struct Followable : BookingBench {
 
   int statements = 0;
   bool isDeaf = false;
+  bool isFar = false;
   EstimateDatabase elsewhere{environment, records};
   de& them = elsewhere.lantosData;
 };

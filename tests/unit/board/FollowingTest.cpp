@@ -44,6 +44,33 @@ TEST(Following, OnesOwnChangesAreReadByNobody) {
   EXPECT_EQ(bench.Look(), 0);
 }
 
+TEST(Following, FromFarAwayOnlyWhatWasChangedIsReadAndOnesOwnChangesStayOnTheBoard) {
+  Followed bench;
+  bench.isFar = true;
+  bench.database.lantosData.KeepTrail(bench.environment.clock, {"OFFICE", "ann"});
+  const auto rows = [&] { return DataOf(bench.TuesdayList()); };
+  bench.them.SaveSpecialDay(bench.Today(), 4, "Half a day");
+  const int all = bench.Look();  // hours and special days are of no estimate
+  EXPECT_THAT(bench.board.week.lblWeekComment.Caption(), HasSubstr("Half a day"));
+  bench.them.SetStatus(kInProgress, 901);
+  EXPECT_LT(bench.Look(), all);
+  EXPECT_THAT(bench.TuesdayList().List(2), HasSubstr("In Progress"));
+  // Booked here, and nobody has heard of it yet.
+  bench.WillPickCustomer(7);
+  bench.desktop.WillAnswer(Answer::No);
+  bench.WillLeave();
+  test::Click(bench.board.commands.cmdNewEstimate);
+  const std::int32_t own = bench.Current().EstimateNumber;
+  ASSERT_THAT(rows(), testing::Contains(own));
+  bench.database.lantosData.SetStatus(kCancelled, 900);
+  bench.them.AddEstimateRow(902, bench.Today(), kArrived);
+  bench.them.AddLabor(902, 1, "BRAKES", 150, 8000, 12000, 3);
+  bench.Look();
+  EXPECT_EQ(rows(), (std::vector<std::int32_t>{900, 900, 901, 901, 902, 902, own, own}));
+  EXPECT_THAT(bench.TuesdayList().List(0), HasSubstr("Cancelled"));
+  EXPECT_EQ(bench.Hours()[2], "1.50");
+}
+
 TEST(Following, WhatAnotherProgramChangesIsReadToo) {
   Followed bench;
   bench.elsewhere.lantosData.Connection().Run("update Estimates set Status = 6 where EstimateNumber = 901", {});
