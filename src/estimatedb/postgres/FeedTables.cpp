@@ -2,8 +2,8 @@
 
 namespace lantos {
 
-// What is asked here is a few rows by their keys: a trail that has grown since a server last counted it isn't to be read
-// from its beginning for them.
+// What is asked here is a few rows by their keys: a trail that has grown since a server last counted it isn't to be
+// read from its beginning for them.
 const std::string_view kAskForFeed =
     "SELECT pg_catalog.set_config('search_path', pg_catalog.quote_ident($1), false), "
     "pg_catalog.set_config('lock_timeout', '5s', false), "
