@@ -61,6 +61,7 @@ class OneTable {
   MovedTable Move() {
     count_ = from_.CountOf(name_);
     Copy();
+    to_.LookOver(name_);
     to_.SetCounter(name_, from_.CounterOf(name_));
     if (const std::int64_t arrived = to_.CountOf(name_); arrived != count_) {
       Refuse(

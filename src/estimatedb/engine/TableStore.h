@@ -55,6 +55,8 @@ class TableStore {
   // Values stand in the order of the columns, and each fits its column.
   virtual void Add(const std::string& table, const std::vector<std::string>& columns,
                    const std::vector<CellRow>& rows) = 0;
+  // Behind the last row that was added: a server that hasn't looked at a table plans as if next to nothing stood in it.
+  virtual void LookOver(const std::string& table) { static_cast<void>(table); }
   // The highest number that a counting column has given; 0 where none counts, or hasn't yet.
   virtual std::int64_t CounterOf(const std::string& table) = 0;
   virtual void SetCounter(const std::string& table, std::int64_t highest) = 0;

@@ -165,6 +165,8 @@ void ServerTables::Add(const std::string& table, const std::vector<std::string>&
   if (!requests.empty()) engine_.AskPlainly(requests);
 }
 
+void ServerTables::LookOver(const std::string& table) { Ask("ANALYZE " + Named(table)); }
+
 // Of a column that counts by itself where it isn't told a number; empty where there is none.
 std::string ServerTables::SequenceOf(const std::string& table) {
   const PostgresResult result =

@@ -21,6 +21,7 @@ class ServerTables : public TableStore {
   void Drop(const std::string& table) override;
   void Add(const std::string& table, const std::vector<std::string>& columns,
            const std::vector<CellRow>& rows) override;
+  void LookOver(const std::string& table) override;
   std::int64_t CounterOf(const std::string& table) override;
   void SetCounter(const std::string& table, std::int64_t highest) override;
 

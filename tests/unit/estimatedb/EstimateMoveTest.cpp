@@ -107,6 +107,13 @@ TEST_F(EstimateMoves, TakeEveryRowToTheServerAndBack) {
   EXPECT_EQ(BytesOf(there.kept).substr(0, 6), "SQLite");
 }
 
+// Or it would plan the first statements as for empty tables, until it comes to look by itself.
+TEST_F(EstimateMoves, LeaveAServerThatKnowsHowMuchStandsInItsTables) {
+  const std::string schema = Fresh();
+  ToServer(schema);
+  EXPECT_THAT(OnServer(schema, "select reltuples from pg_class where oid = 'labors'::regclass"), ElementsAre("3"));
+}
+
 TEST_F(EstimateMoves, CountersGoOnWhereTheyWere) {
   ToServer(Fresh());
   const auto next = [this] {
