@@ -5,7 +5,9 @@ set(packed ${CMAKE_BINARY_DIR}/packaging)
 # Where the shop's vendor shows the program, as https://host/path. There is none before one is given, and then nothing that
 # is installed leads anywhere; pictures of a program for its shelf in a software centre have to lie on the web.
 set(LANTOS_HOME_PAGE "" CACHE STRING "Address of the program's page, with week.png, detail.png and history.png below it")
-set(LANTOS_CONTACT "The Lantos developers <lantos@korvel.example>" CACHE STRING "Who answers for the package")
+# Names under "invalid" are reserved: no host has them, so nobody's name is taken and nobody's mailbox written to.
+set(LANTOS_CONTACT "The Lantos developers <lantos@lantos.invalid>" CACHE STRING "Who answers for the package")
+set(LANTOS_ID invalid.lantos.Lantos CACHE STRING "Under which software centres know the program: a host of its vendor's, reversed, and the name")
 set(LANTOS_LINKS "")
 if(LANTOS_HOME_PAGE)
   string(REGEX REPLACE "/$" "" page "${LANTOS_HOME_PAGE}")
@@ -30,7 +32,7 @@ endif()
 
 # Debian's own file of changes, and the project's.
 configure_file(${packaging}/changelog.in ${packed}/changelog.Debian @ONLY)
-configure_file(${packaging}/example.korvel.Lantos.metainfo.xml.in ${packed}/example.korvel.Lantos.metainfo.xml @ONLY)
+configure_file(${packaging}/lantos.metainfo.xml.in ${packed}/${LANTOS_ID}.metainfo.xml @ONLY)
 
 # Packs a file as Debian wants it, without name and time.
 function(pack_file source result)
@@ -77,7 +79,7 @@ endif()
 install(FILES ${packaging}/copyright DESTINATION share/doc/lantos)
 install(FILES ${packaging}/lintian-overrides DESTINATION share/lintian/overrides RENAME lantos)
 install(FILES ${packaging}/lantos.desktop DESTINATION share/applications)
-install(FILES ${packed}/example.korvel.Lantos.metainfo.xml DESTINATION share/metainfo)
+install(FILES ${packed}/${LANTOS_ID}.metainfo.xml DESTINATION share/metainfo)
 install(FILES ${packaging}/lantos.xml DESTINATION share/mime/packages)
 install(FILES ${packaging}/lantos.svg DESTINATION share/icons/hicolor/scalable/apps)
 foreach(size 16 22 24 32 48 64 128 256)

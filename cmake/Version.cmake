@@ -18,3 +18,13 @@ if(GIT AND EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/.git)
     set(LANTOS_CHANGED ${CMAKE_MATCH_2})
   endif()
 endif()
+
+# Told to those few sources alone that ask for it: a new version compiles nothing else anew.
+function(tell_version)
+  string(REGEX MATCHALL "[0-9]+" numbers ${LANTOS_VERSION})
+  list(GET numbers 0 major)
+  list(GET numbers 1 minor)
+  list(GET numbers 2 revision)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS
+    "LANTOS_VERSION_MAJOR=${major};LANTOS_VERSION_MINOR=${minor};LANTOS_VERSION_REVISION=${revision}")
+endfunction()

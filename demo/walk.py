@@ -17,6 +17,7 @@ import tempfile
 SCREEN = (1280, 1024)  # pixels
 WINDOW = (1100, 750)  # pixels, of the board
 TWIPS_A_PIXEL = 15
+DICTIONARIES = "/usr/share/hunspell"
 
 
 class Walk:
@@ -29,7 +30,8 @@ class Walk:
                            XDG_RUNTIME_DIR=self.home.name)
         self.leave_board_size()
         command = [str(bin_dir / "lantos-drive"), "--desktop", "qt", "--settings", self.home.name,
-                   "--computer", "COUNTER", "--print-to", self.home.name, *(["--now", now] if now else []), "--", f"/D={shop}"]
+                   "--computer", "COUNTER", "--print-to", self.home.name,
+                   "--dictionaries", DICTIONARIES, *(["--now", now] if now else []), "--", f"/D={shop}"]
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
                                         env=environment)
         self.answer = self.read()
@@ -145,14 +147,27 @@ def book(road):
     road.picture("booked")
 
 
+def check_spelling(road):
+    """Of the job on the screen, where a dictionary is installed: its first unknown word is changed, any other left."""
+    road.do("click", control="cmdSpellCheck")
+    if road.answer["waiting"] == "form":
+        road.picture("spelling")
+        road.do("type", control="txtWord", text="squeal")
+        road.do("key", key="F10")
+    while road.answer["waiting"] == "form" and road.answer["form"] == "frmSpelling":
+        road.do("click", control="cmdIgnore")
+    road.answer_boxes("OK")
+
+
 def add_labor(road):
     """A line typed, and a standard job with its kit of parts."""
     road.do("click", control="cmdLaborAdd")
     road.do("type", control="Hours", text="1.5")
     road.do("key", key="Enter")
-    road.do("type", control="txtDesc", text="Front brakes squeal\nCheck pads and rotors, advise before repair")
+    road.do("type", control="txtDesc", text="Front brakes squeel\nCheck pads and rotors, advise before repair")
     road.do("select", control="EmpList", row=1)
     road.picture("labor")
+    check_spelling(road)
     road.do("key", key="F10")
     road.do("click", control="cmdLaborAddCanned")
     road.do("select", control="DataGrid1", row=0)
@@ -295,6 +310,16 @@ def look_back(road):
     road.do("key", key="Esc")
 
 
+def look_at_the_rest(road):
+    """Who has changed what today, and what this copy is."""
+    road.do("menu", item="mnuShowTrail")
+    road.picture("trail")
+    road.do("key", key="Esc")
+    road.do("menu", item="mnuHAbout")
+    road.picture("about")
+    road.do("key", key="Esc")
+
+
 def print_day(road):
     road.do("click", control="cmdDayView")
     road.do("click", control="cmdPrintDay")
@@ -315,6 +340,7 @@ def walk(bin_dir, shop, pictures, now):
     convert(road)
     answer_questions(road)
     look_back(road)
+    look_at_the_rest(road)
     print_day(road)
     road.end()
     return road.made, road.papers

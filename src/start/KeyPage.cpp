@@ -130,11 +130,15 @@ std::vector<ToldKey> KeysOf(const ui::Form& form) {
   for (const ui::Control* control : form.Controls()) {
     // A field may come with what is entered elsewhere; a button that the form hides as it is made stays away.
     if (dynamic_cast<const ui::Button*>(control) != nullptr && !control->Visible()) continue;
+    const std::size_t before = keys.size();
     ToldByToolTip(*control, keys);
     const auto* captioned = dynamic_cast<const ui::Captioned*>(control);
     const std::string_view label = ui::DesignedLabelOf(form.Name(), control->FullName());
     const std::string mnemonic = MnemonicIn(captioned != nullptr ? std::string_view(captioned->Caption()) : label);
-    if (!mnemonic.empty()) keys.push_back({mnemonic, ActionOf(*control) + ui::SpokenNameOf(*control)});
+    // A tool tip that tells the underlined letter says more of it than the caption.
+    const bool isTold = std::any_of(keys.begin() + static_cast<std::ptrdiff_t>(before), keys.end(),
+                                    [&](const ToldKey& told) { return told.key == mnemonic; });
+    if (!mnemonic.empty() && !isTold) keys.push_back({mnemonic, ActionOf(*control) + ui::SpokenNameOf(*control)});
   }
   for (const auto& menu : form.Menus()) ToldByMenu(*menu, "", keys);
   return keys;

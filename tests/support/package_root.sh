@@ -26,9 +26,16 @@ for _ in $(seq 100); do xwininfo -root -tree | grep -q '"Lantos: ' && break; sle
 xwininfo -root -tree | grep '"Lantos: .*("lantos" "lantos")' || fail "the board doesn't come up under the name that the menu entry tells"
 kill "$program"; wait "$program" || fail "the program doesn't end in order"
 
-printf '%s\n' '{"do": "key", "key": "Ctrl+Alt+P"}' '{"do": "close"}' |
+# The guide in its window, its PDF by the menu (here is nothing that shows PDFs, but it is found), and a paper.
+printf '%s\n' '{"do": "key", "key": "F1"}' '{"get": "frmGuide.page"}' '{"do": "close"}' \
+    '{"do": "menu", "item": "mnuHQuickStartGuide"}' '{"do": "key", "key": "Ctrl+Alt+P"}' '{"do": "close"}' |
   lantos-drive --desktop qt --settings /tmp/settings --print-to /tmp/printed -- /D=/tmp/shop >/tmp/answers
-head -c 5 /tmp/printed/*.pdf | grep -q '%PDF-' || { cat /tmp/answers; fail "no PDF was printed"; }
+wrong() { cat /tmp/answers; fail "$*"; }
+grep -q '"caption":"Guide - The board"' /tmp/answers || wrong "F1 doesn't open the guide"
+grep -q '"shell":"/usr/share/lantos/guide/Lantos Quick Start Guide.pdf"' /tmp/answers || wrong "the guide's PDF isn't opened"
+head -c 5 "/usr/share/lantos/guide/Lantos Quick Start Guide.pdf" | grep -q '%PDF-' || wrong "the guide is no PDF"
+head -c 5 /tmp/printed/*.pdf | grep -q '%PDF-' || wrong "no PDF was printed"
+grep -q '"error"' /tmp/answers && wrong "something was refused"
 kill "$screen"; wait "$screen" || true
 
 dpkg --purge lantos >/dev/null

@@ -60,6 +60,22 @@ struct HastyShop {
   Contents contents{Workbench{shop, database, inventoryList, workorders.Current, board}, workorders};
 };
 
+TEST(KeyPage, AKeyThatAToolTipTellsIsNotToldOnceMoreByItsCaption) {
+  HastyShop shop;
+  struct Suggesting : ui::Form {
+    explicit Suggesting(ui::Desktop& desktop) : Form(desktop, "frmSuggesting", "Suggesting") {
+      cmdTake.SetToolTip("Change to this suggestion <Alt+1>");
+      cmdLeave.SetToolTip("Leave this word as it is <F9>");
+    }
+    ui::Button cmdTake{*this, "cmdTake", "&1"};
+    ui::Button cmdLeave{*this, "cmdLeave", "&Leave"};
+  } form{shop.desktop};
+  std::vector<std::string> told;
+  for (const ToldKey& each : KeysOf(form)) told.push_back(each.key + ": " + each.what);
+  EXPECT_EQ(told, (std::vector<std::string>{"Alt+1: Change to this suggestion", "F9: Leave this word as it is",
+                                            "Alt+L: Leave"}));
+}
+
 // The keys of the forms' own, tried one by one: a form that takes a key tells of it.
 TEST(KeyPage, EveryKeyThatAFormTakesIsToldByItsToolTips) {
   const char* const tried[] = {"F1", "F2",  "F3",  "F4",  "F5",     "F6",          "F7",          "F8",
