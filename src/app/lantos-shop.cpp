@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <cstdio>
 #include <exception>
 #include <string>
 
@@ -40,7 +41,11 @@ int TellFailure(const std::exception& error, lantos::Outcome outcome) {
 
 int Run(const lantos::Asked& asked) {
   try {
-    return Code(asked.run());
+    const lantos::Outcome outcome = asked.run();
+    // What is printed for another program is of use to it whole or not at all.
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return Code(outcome);
+    fmt::print(stderr, "lantos-shop: Not all could be printed: the disk is full, or nobody reads it.\n");
+    return Code(lantos::Outcome::NotRun);
   } catch (const lantos::WordedError& error) {
     return TellFailure(error, error);
   } catch (const lantos::WrongUse& error) {

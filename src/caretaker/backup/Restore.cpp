@@ -41,6 +41,10 @@ std::string Shown(const fs::path& path) { return TextOfPath(path); }
                   name));
 }
 
+bool IsDatabasesName(const std::string& name) {
+  return EqualsIgnoringCase(name, kLantosDatabase) || EqualsIgnoringCase(name, kKorvelDatabase);
+}
+
 // Of the shop, or of an engine that works on one of its files.
 std::vector<std::string> NamesIn(const fs::path& directory) {
   std::vector<std::string> names = LookAtShop(directory).taken;
@@ -65,13 +69,14 @@ void RefuseWhatIsInUse(const fs::path& directory, const std::vector<std::string>
   files.SetDataDir(TextOfPath(directory / ""));
   if (const std::string log = LogInUse(files); !log.empty()) RefuseInUse(log);
   for (const std::string& name : names) {
-    const bool isDatabase = EqualsIgnoringCase(name, kLantosDatabase) || EqualsIgnoringCase(name, kKorvelDatabase);
-    if (isDatabase && !NamesServer(directory / name)) {
-      RefuseLockedDatabase(directory / name, clock);
+    const fs::path path = directory / name;
+    // Another program's database is a file like any other.
+    if (IsDatabasesName(name) && IsDatabase(path) && !NamesServer(path)) {
+      RefuseLockedDatabase(path, clock);
       continue;
     }
     try {
-      SharedFile(directory / name, Access::ReadWrite, Deny::All, Absent::Fail);
+      SharedFile(path, Access::ReadWrite, Deny::All, Absent::Fail);
     } catch (const FileError& error) {
       if (error.Number() == FileErrorNumber::PermissionDenied) RefuseInUse(name);
       // A journal is gone when the engine has looked at its database.
@@ -87,6 +92,16 @@ void RefuseWithoutRoom(const fs::path& directory, std::uint64_t length) {
   throw BackupError(
       fmt::format("There isn't room enough for the {} bytes of the backup in \"{}\". Nothing was changed.", length,
                   Shown(directory)));
+}
+
+// Of a shop on a server a backup has the rows themselves, and none has what is of the moment. A server that somebody
+// has written there would be asked for its tables.
+void RefuseForeign(const fs::path& unpacked, const Manifest& manifest) {
+  for (const BackedFile& file : manifest.files) {
+    if (!IsOfTheMoment(file.name) && (!IsDatabasesName(file.name) || !NamesServer(unpacked / file.name))) continue;
+    throw BackupError(fmt::format("\"{}\" in the backup is nothing that Lantos puts into one. Nothing was changed.",
+                                  FromUtf8(file.name)));
+  }
 }
 
 // A file that goes from one name to another, and back when something fails behind it.
@@ -197,6 +212,7 @@ class Restoring {
             tell({"reading", bytes, total});
           });
       done.manifest = reader_.What();
+      RefuseForeign(coming.Path(), done.manifest);
       Swap(Leaving(), coming.Path(), done);
     } catch (...) {
       fs::remove_all(unpacked, ignored);
@@ -209,10 +225,16 @@ class Restoring {
     RefuseWhatIsInUse(directory_, leaving, clock_);
     std::optional<FolderLikeShops> kept;
     Moves moves;
-    if (!leaving.empty()) kept.emplace(FreeFolder(directory_, clock_.Today()), directory_);
-    for (const std::string& name : leaving) moves.Move(directory_ / name, kept->Path() / name);
+    const auto keep = [&](const std::string& name) {
+      if (!kept) kept.emplace(FreeFolder(directory_, clock_.Today()), directory_);
+      moves.Move(directory_ / name, kept->Path() / name);
+    };
+    for (const std::string& name : leaving) keep(name);
     for (const BackedFile& file : done.manifest.files) {
       if (!IsWanted(file.name)) continue;
+      // What no backup takes may bear the name: a link that leads out of the directory, say.
+      const fs::file_status there = fs::symlink_status(directory_ / file.name);
+      if (fs::exists(there) && !fs::is_directory(there)) keep(file.name);
       moves.Move(coming / file.name, directory_ / file.name);
       done.restored.push_back(file.name);
     }

@@ -30,6 +30,7 @@ constexpr std::size_t kBlock = std::size_t{1} << 20;
 constexpr std::int64_t kPause = 5;                 // milliseconds
 constexpr std::int64_t kPatience = 120'000;        // milliseconds, for a shop that doesn't stand still
 constexpr std::int64_t kTurn = 2'000;              // milliseconds
+constexpr int kLeastLooks = 3;                     // of a turn, however long each takes
 constexpr std::int64_t kPauseForOthers = 200;      // milliseconds
 constexpr std::int64_t kWaitForWork = 10'000;      // milliseconds, for a conversion that is under way
 constexpr std::int64_t kWaitForFile = 30'000;      // milliseconds
@@ -60,14 +61,13 @@ ShopTaking::ShopTaking(fs::path directory, fs::path into, Clock& clock, Tell tel
 
 // Most is copied while all goes on. What has moved by then is little.
 void ShopTaking::Take() {
-  start_ = clock_.Now();
   LookAtAll();
+  start_ = clock_.Now();
   while (!Settle()) {
     if (clock_.Now().MillisecondsSince(start_) > kPatience) {
       throw BackupError(
           "The files of the shop are written to all the time: in two minutes there was no moment at which they could "
-          "be "
-          "taken together. No backup was made. Try it again when less is done in the shop.");
+          "be taken together. No backup was made. Try it again when less is done in the shop.");
     }
     tell_(bytes_);
     clock_.Wait(kPauseForOthers);
@@ -82,12 +82,15 @@ bool ShopTaking::Settle() {
   files.SetDataDir(TextOfPath(directory_ / ""));
   const LoneTurn turn(files.PathOf(kSystemFile), clock_);
   const LocalTime start = clock_.Now();
-  do {
+  // The first look takes what was written since the last turn, which may be long on a busy machine.
+  for (int looks = 0; looks < kLeastLooks || clock_.Now().MillisecondsSince(start) < kTurn; ++looks) {
     const bool hasMoved = LookAtAll();
-    const bool isQuiet = !isAnybodyAtWork_ || clock_.Now().MillisecondsSince(start_) > kWaitForWork;
+    if (!isAnybodyAtWork_) seenAtWork_.reset();
+    if (isAnybodyAtWork_ && !seenAtWork_) seenAtWork_ = clock_.Now();
+    const bool isQuiet = !seenAtWork_ || clock_.Now().MillisecondsSince(*seenAtWork_) > kWaitForWork;
     if (!hasMoved && isQuiet) return true;
     if (isAnybodyAtWork_) clock_.Wait(kPause);
-  } while (clock_.Now().MillisecondsSince(start) < kTurn);
+  }
   return false;
 }
 

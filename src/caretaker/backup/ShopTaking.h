@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,7 @@ class ShopTaking {
   int rounds_ = 0;
   std::int64_t stampMargin_;  // nanoseconds that a stamp must be older than the reading
   bool isAnybodyAtWork_ = false;
+  std::optional<LocalTime> seenAtWork_;  // since when, without a pause
 };
 
 }  // namespace lantos

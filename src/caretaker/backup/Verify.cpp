@@ -13,6 +13,8 @@
 #include "frame/Dates.h"
 #include "frame/FileError.h"
 #include "frame/LastVerified.h"
+#include "frame/Text.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 
@@ -39,6 +41,14 @@ std::vector<std::string> Compare(const std::vector<ShopFigure>& taken, const std
   return differences;
 }
 
+bool IsShop(const std::filesystem::path& directory) {
+  std::error_code error;
+  if (!std::filesystem::is_directory(directory, error)) return false;
+  const std::vector<std::string> names = LookAtShop(directory).taken;
+  return std::any_of(names.begin(), names.end(),
+                     [](const std::string& name) { return EqualsIgnoringCase(name, kSystemFile); });
+}
+
 }  // namespace
 
 Verified Verify(const std::filesystem::path& archive, Clock& clock, const TellBackup& tell) {
@@ -58,9 +68,9 @@ Verified Verify(const std::filesystem::path& archive, Clock& clock, const TellBa
 
 // "2003-09-30T09:00:00", when it was compared, a blank, and the time at which the backup was taken.
 bool NoteVerified(const Manifest& manifest, const Clock& clock) {
+  // Where it was taken and when is told by the backup, which need not be one of this program's.
   const std::filesystem::path directory = manifest.directory;
-  std::error_code error;
-  if (!std::filesystem::is_directory(directory, error)) return false;
+  if (!IsShop(directory) || !ParseLocalTime(manifest.madeAt)) return false;
   const LocalTime now = clock.Now();
   const std::string line = fmt::format("{}T{} {}\r\n", FormatIsoDate(now.day), FormatTime(now), manifest.madeAt);
   try {

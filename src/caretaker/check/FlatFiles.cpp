@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/Text.h"
+
 namespace lantos {
 
 namespace {
@@ -26,12 +28,12 @@ SharedFile OpenShared(const FileIO& files, std::string_view name) {
 }  // namespace
 
 std::size_t FlatFiles::ReadBlock(std::string_view name, std::uint64_t offset, std::span<std::byte> into) {
-  if (const auto held = held_.find(name); held != held_.end()) return held->second.ReadAt(offset, into);
+  if (SharedFile* const held = Held(name)) return held->ReadAt(offset, into);
   return OpenShared(files_, name).ReadAt(offset, into);
 }
 
 std::uint64_t FlatFiles::Length(std::string_view name) {
-  if (const auto held = held_.find(name); held != held_.end()) return held->second.Length();
+  if (SharedFile* const held = Held(name)) return held->Length();
   return files_.IsThere(name) ? files_.Length(name) : 0;
 }
 
@@ -48,8 +50,9 @@ FlatFiles::Content FlatFiles::ReadAll(std::string_view name) {
 }
 
 FlatFiles::Bytes FlatFiles::Read(std::string_view name) {
-  auto found = read_.find(name);
-  if (found == read_.end()) found = read_.emplace(name, ReadAll(name)).first;
+  const std::string key = ToUpper(name);
+  auto found = read_.find(key);
+  if (found == read_.end()) found = read_.emplace(key, ReadAll(name)).first;
   return found->second.Part(0, found->second.size);
 }
 
@@ -70,12 +73,20 @@ void FlatFiles::ReadThrough(std::string_view name, std::size_t overlap, const Lo
 }
 
 void FlatFiles::Hold(std::string_view name) {
-  held_.insert_or_assign(std::string(name),
-                         SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail));
+  held_.insert_or_assign(ToUpper(name), SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All, Absent::Fail));
+}
+
+SharedFile* FlatFiles::Held(std::string_view name) {
+  const auto held = held_.find(ToUpper(name));
+  return held == held_.end() ? nullptr : &held->second;
 }
 
 void FlatFiles::Write(std::string_view name, std::uint64_t offset, std::string_view bytes) {
-  held_.find(name)->second.WriteAt(offset, std::as_bytes(std::span(bytes)));
+  SharedFile* held = Held(name);
+  if (held == nullptr) {
+    held = &held_.emplace(ToUpper(name), SharedFile(files_.PathOf(name), Access::ReadWrite, Deny::All)).first->second;
+  }
+  held->WriteAt(offset, std::as_bytes(std::span(bytes)));
 }
 
 void FlatFiles::Flush() {

@@ -40,7 +40,7 @@ class FlatFiles {
 
   // Opens a file for nobody else, for as long as this lives. FileError 70 when somebody has it.
   void Hold(std::string_view name);
-  // Of a file that is held: as it was last read.
+  // Of a file that is held: as it was last read. One that isn't there is made, and held from then on.
   void Write(std::string_view name, std::uint64_t offset, std::string_view bytes);
   // What was written is on the disk behind this.
   void Flush();
@@ -53,11 +53,13 @@ class FlatFiles {
     std::unique_ptr<std::byte[]> bytes;
     std::size_t size = 0;
   };
+  SharedFile* Held(std::string_view name);  // null: it isn't
   std::size_t ReadBlock(std::string_view name, std::uint64_t offset, std::span<std::byte> into);
   std::uint64_t Length(std::string_view name);
   Content ReadAll(std::string_view name);
 
   const FileIO& files_;
+  // By their names in capitals: a file may be spelled in others.
   std::map<std::string, Content, std::less<>> read_;
   std::map<std::string, SharedFile, std::less<>> held_;
 };

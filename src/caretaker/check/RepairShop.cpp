@@ -92,7 +92,7 @@ class Repair {
 
   // As it was before any of this: of a file that is looked at anew the first copy counts.
   void CopyOnce(const std::string& name) {
-    if (!copied_.insert(name).second) return;
+    if (!copied_.insert(name).second || !shop_.files.IsThere(name)) return;
     const LocalTime now = shop_.files.GetClock().Now();
     const std::string stem = fmt::format("{}.before-{}-{}", name, FormatIsoDate(now.day), now.millisecondOfDay / 1000);
     std::string copy = stem;

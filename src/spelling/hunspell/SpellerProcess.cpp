@@ -135,7 +135,9 @@ std::string SpellerProcess::Answer() {
 
 std::string SpellerProcess::Ask(char what, std::string_view word) {
   if (socket_ < 0 || !Send(socket_, what, word)) Fail();
-  return Answer().substr(1);
+  const std::string answer = Answer();
+  if (answer.front() != what) Fail();
+  return answer.substr(1);
 }
 
 bool SpellerProcess::Knows(const std::string& word) { return !Ask(kKnows, word).empty(); }

@@ -215,3 +215,14 @@ def test_what_can_not_be_asked_is_said(sample, words, code, told):
 
 def test_without_a_shop_there_is_no_list(tmp_path):
     assert caretaker("export", tmp_path / "none", "parts", "--csv").returncode == SHOP_NOT_RUN
+
+
+@pytest.mark.parametrize("words", [("export", "customers", "--csv"), ("check", "--json")], ids=lambda words: words[0])
+def test_what_could_not_be_written_whole_is_told(sample, words):
+    """A full disk: half of it would be taken for all."""
+    program = program_path().with_name("lantos-shop")
+    with open("/dev/full", "wb") as full:
+        done = subprocess.run([program, words[0], sample.directory, *words[1:]], stdout=full, stderr=subprocess.PIPE,
+                              check=False, text=True)
+    assert done.returncode == SHOP_NOT_RUN
+    assert done.stderr.startswith("lantos-shop: ")

@@ -134,6 +134,28 @@ TEST(RepairShopTest, ARebuiltTagIsTheOneThatWasThere) {
   EXPECT_THAT(shop.Lines(), IsEmpty());
 }
 
+TEST(RepairShopTest, TagFilesThatAreGoneAreMadeAnew) {
+  CheckedShop shop;
+  const std::string tags = shop.Read(kCustomerTagFile);
+  std::filesystem::remove(shop.Path() / kCustomerTagFile);
+  std::filesystem::remove(shop.Path() / kInventoryTagFile);
+  const Repaired repaired = Mend(shop, "tags");
+  EXPECT_EQ(shop.Read(kCustomerTagFile), tags);
+  EXPECT_GT(shop.Count<InventoryTag>(kInventoryTagFile), 30U);
+  EXPECT_THAT(shop.Lines(), IsEmpty());
+  EXPECT_THAT(repaired.copies, IsEmpty()) << "of nothing";
+}
+
+TEST(RepairShopTest, AFileInSmallLettersIsMendedWhereItLies) {
+  CheckedShop shop;
+  const std::string tags = shop.Read(kCustomerTagFile);
+  std::filesystem::rename(shop.Path() / kCustomerTagFile, shop.Path() / "tqcsttag.dat");
+  shop.Write("tqcsttag.dat", tags.substr(0, 30 * CustomerTag::kLength));
+  Mend(shop, "tags");
+  EXPECT_EQ(shop.Read("tqcsttag.dat"), tags);
+  EXPECT_FALSE(std::filesystem::exists(shop.Path() / kCustomerTagFile));
+}
+
 TEST(RepairShopTest, WhatHasNoOneRightAnswerIsLeft) {
   CheckedShop shop;
   shop.Put(kCustomerTagFile, 40, shop.Get<CustomerTag>(kCustomerTagFile, 6));

@@ -112,6 +112,22 @@ TEST_F(HostileArchives, LinksAndDevicesAreRefused) {
               HasSubstr("isn't a file"));
 }
 
+// What is looked at would be whatever stands on the server that somebody has named.
+TEST_F(HostileArchives, ThatNameAServerAreRefused) {
+  const std::string pointer = "Lantos database server\nserver = postgresql://127.0.0.1:1/x\nschema = s\n";
+  for (const char* name : {"Lantos.mdb", "KORVEL.MDB"}) {
+    EXPECT_THAT(RefusalOf([&](Forged& forged) { forged.List({Described(name, pointer)}).Add(name, pointer); }),
+                HasSubstr("is nothing that Lantos puts into one"));
+  }
+}
+
+TEST_F(HostileArchives, WhatIsOfTheMomentIsRefused) {
+  for (const char* name : {"LN930000.LOG", "Lantos.mdb-journal"}) {
+    EXPECT_THAT(RefusalOf([&](Forged& forged) { forged.List({Described(name, "x")}).Add(name, "x"); }),
+                HasSubstr("is nothing that Lantos puts into one"));
+  }
+}
+
 TEST_F(HostileArchives, AnotherLengthOrContentThanTheListsIsRefused) {
   EXPECT_THAT(RefusalOf([](Forged& forged) { forged.List({Described("A.DAT", "x")}).Add("A.DAT", "longer"); }),
               HasSubstr("hasn't the length"));

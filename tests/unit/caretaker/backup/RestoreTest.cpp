@@ -74,6 +74,22 @@ TEST_F(RestoreTest, IsRefusedWhereAnotherProgramHasAFile) {
   ExpectUntouched();
 }
 
+TEST_F(RestoreTest, IsRefusedWhereAnotherProgramHasADatabaseOfItsOwn) {
+  Put("Korvel.mdb", std::string("\0\1\0\0Standard Jet DB", 19) + std::string(4000, '\0'));
+  const SharedFile file(shop / "Korvel.mdb", Access::Read, Deny::None);
+  EXPECT_THAT(RefusalOfRestore(), HasSubstr("\"Korvel.mdb\" is in use"));
+  ExpectUntouched();
+}
+
+// A backup leaves out what leads elsewhere.
+TEST_F(RestoreTest, KeepsALinkThatBearsAFilesName) {
+  std::filesystem::rename(shop / "TQVENDOR.DAT", place / "elsewhere");
+  std::filesystem::create_symlink(place / "elsewhere", shop / "TQVENDOR.DAT");
+  const RestoreDone done = Restore(archive, shop, {"TQVENDOR.DAT"}, clock, TellNobody);
+  EXPECT_FALSE(std::filesystem::is_symlink(shop / "TQVENDOR.DAT"));
+  EXPECT_TRUE(std::filesystem::is_symlink(done.kept / "TQVENDOR.DAT"));
+}
+
 TEST_F(RestoreTest, IsRefusedWhereTheDatabaseIsLocked) {
   const auto engine = OpenDatabase(shop / "Lantos.mdb", clock);
   engine->Together([&] { EXPECT_THAT(RefusalOfRestore(), HasSubstr("\"Lantos.mdb\" is in use")); });
@@ -112,6 +128,18 @@ TEST_F(RestoreTest, AVerifiedBackupIsAlikeAndLeavesNothingBehind) {
   EXPECT_EQ(Names(place.Path()), names);
   EXPECT_TRUE(NoteVerified(verified.manifest, clock));
   EXPECT_EQ(Content("Lantos-backup.txt"), "2003-09-30T08:15:00 2003-09-30T08:15:00\r\n");
+}
+
+TEST_F(RestoreTest, IsNotedInNoDirectoryThatIsNoShopNorOfNoTime) {
+  Manifest manifest;
+  manifest.directory = place.Path();
+  manifest.madeAt = "2003-09-30T08:15:00";
+  EXPECT_FALSE(NoteVerified(manifest, clock));
+  EXPECT_FALSE(std::filesystem::exists(place / "Lantos-backup.txt"));
+  manifest.directory = shop;
+  manifest.madeAt = "whatever it likes";
+  EXPECT_FALSE(NoteVerified(manifest, clock));
+  EXPECT_FALSE(std::filesystem::exists(shop / "Lantos-backup.txt"));
 }
 
 // It isn't the backup's fault.
