@@ -83,6 +83,7 @@ void Board::ReadCustomersOf(const WeekData& data) {
 void Board::FillPanels(DaySerial listed) {
   parts_.day.List2.Clear();
   for (std::size_t i = 0; i < kWeekdays; ++i) FillPanel(i, read_.days[i], parts_.state.PanelDate(i) == listed);
+  if (!parts_.database.lantosData.Connection().IsFar()) read_ = {};  // as soon read again as kept
 }
 
 // New Estimate books on the day of the last load, so calendar, hours and mark tell of that day.

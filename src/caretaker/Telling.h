@@ -31,6 +31,8 @@ class ProgressBar {
 
   // what in the program's page; done of of, in whatever unit. An of of 0 is all of it. Throws Stopped.
   void Show(std::string_view what, std::uint64_t done, std::uint64_t of);
+  // Where nothing is to be shown. Throws Stopped.
+  void Look() const { stopping_.Look(); }
 
  private:
   const Stopping stopping_;

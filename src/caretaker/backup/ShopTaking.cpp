@@ -13,6 +13,7 @@
 #include "estimatedb/EngineChoice.h"
 #include "estimatedb/EstimateDatabase.h"
 #include "frame/FileIO.h"
+#include "frame/FileStamp.h"
 #include "frame/NetworkMount.h"
 #include "frame/PathText.h"
 #include "frame/SharedFile.h"
@@ -27,21 +28,29 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{1} << 20;
-constexpr std::int64_t kPause = 5;                 // milliseconds
-constexpr std::int64_t kPatience = 120'000;        // milliseconds, for a shop that doesn't stand still
-constexpr std::int64_t kTurn = 2'000;              // milliseconds
-constexpr int kLeastLooks = 3;                     // of a turn, however long each takes
-constexpr std::int64_t kPauseForOthers = 200;      // milliseconds
-constexpr std::int64_t kWaitForWork = 10'000;      // milliseconds, for a conversion that is under way
-constexpr std::int64_t kWaitForFile = 30'000;      // milliseconds
-constexpr std::int64_t kLocalMargin = 20'000'000;  // nanoseconds: more than a tick of the file system's clock
-constexpr std::int64_t kNetworkMargin = 3'000'000'000;
+constexpr std::int64_t kPause = 5;                      // milliseconds
+constexpr std::int64_t kPatience = 120'000;             // milliseconds, for a shop that doesn't stand still
+constexpr std::int64_t kTurn = 2'000;                   // milliseconds
+constexpr int kLeastLooks = 3;                          // of a turn, however long each takes
+constexpr int kCatchUps = 3;                            // behind each look
+constexpr std::int64_t kPauseForOthers = 200;           // milliseconds
+constexpr std::int64_t kWaitForWork = 10'000;           // milliseconds, for a conversion that is under way
+constexpr std::int64_t kWaitForFile = 30'000;           // milliseconds
+constexpr std::int64_t kNetworkMargin = 3'000'000'000;  // nanoseconds: a server's clock isn't this computer's
 
 std::int64_t Nanoseconds(const struct timespec& time) { return time.tv_sec * 1'000'000'000 + time.tv_nsec; }
 
 bool IsSame(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
          Nanoseconds(a.st_mtim) == Nanoseconds(b.st_mtim) && Nanoseconds(a.st_ctim) == Nanoseconds(b.st_ctim);
+}
+
+// Whether another write would leave another stamp. A time of change that a program has set says nothing of when that
+// was.
+bool IsSettled(const struct stat& stamp) {
+  struct stat changed = stamp;
+  changed.st_mtim = stamp.st_ctim;
+  return FileStamp(stamp).IsSettled() && FileStamp(changed).IsSettled();
 }
 
 bool IsDatabasesName(const std::string& name) {
@@ -57,13 +66,13 @@ ShopTaking::ShopTaking(fs::path directory, fs::path into, Clock& clock, Tell tel
       into_(std::move(into)),
       clock_(clock),
       tell_(std::move(tell)),
-      stampMargin_(IsOnNetworkMount(directory_) ? kNetworkMargin : kLocalMargin) {}
+      stampMargin_(IsOnNetworkMount(directory_) ? kNetworkMargin : 0) {}
 
-// Most is copied while all goes on. What has moved by then is little.
+// Most is copied while all goes on: a look ahead of each turn takes what has moved by then, and what a server has.
 void ShopTaking::Take() {
   LookAtAll();
   start_ = clock_.Now();
-  while (!Settle()) {
+  for (LookAtAll(); !Settle(); LookAtAll()) {
     if (clock_.Now().MillisecondsSince(start_) > kPatience) {
       throw BackupError(
           "The files of the shop are written to all the time: in two minutes there was no moment at which they could "
@@ -82,7 +91,7 @@ bool ShopTaking::Settle() {
   files.SetDataDir(TextOfPath(directory_ / ""));
   const LoneTurn turn(files.PathOf(kSystemFile), clock_);
   const LocalTime start = clock_.Now();
-  // The first look takes what was written since the last turn, which may be long on a busy machine.
+  // Each look takes what was written meanwhile, which may be long on a busy machine.
   for (int looks = 0; looks < kLeastLooks || clock_.Now().MillisecondsSince(start) < kTurn; ++looks) {
     const bool hasMoved = LookAtAll();
     if (!isAnybodyAtWork_) seenAtWork_.reset();
@@ -90,8 +99,16 @@ bool ShopTaking::Settle() {
     const bool isQuiet = !seenAtWork_ || clock_.Now().MillisecondsSince(*seenAtWork_) > kWaitForWork;
     if (!hasMoved && isQuiet) return true;
     if (isAnybodyAtWork_) clock_.Wait(kPause);
+    CatchUp(start);
   }
   return false;
+}
+
+// What has moved is likely to move again. Looking at it alone makes the time short until the next look at all.
+void ShopTaking::CatchUp(const LocalTime& turn) {
+  for (int i = 0; i < kCatchUps && !moved_.empty() && clock_.Now().MillisecondsSince(turn) < kTurn; ++i) {
+    std::erase_if(moved_, [&](const std::string& name) { return !LookAt(name); });
+  }
 }
 
 // True when something was copied, or is gone.
@@ -101,9 +118,11 @@ bool ShopTaking::LookAtAll() {
   leftOut_ = std::move(shop.leftOut);
   isAnybodyAtWork_ = !shop.atWork.empty();
   bool hasMoved = ForgetGone(shop.taken);
+  moved_.clear();
   for (const std::string& name : shop.taken) {
-    if (!IsDatabasesName(name)) hasMoved = LookAt(name) || hasMoved;
+    if (!IsDatabasesName(name) && LookAt(name)) moved_.push_back(name);
   }
+  hasMoved = hasMoved || !moved_.empty();
   // What a server has is read when all else stands still, and all else is looked at once more behind that.
   const bool isStill = !hasMoved;
   for (const std::string& name : shop.taken) {
@@ -134,10 +153,11 @@ bool ShopTaking::LookAt(const std::string& name) {
   return TakeFile(name, taken_[name], stamp);
 }
 
-// A time of change is as coarse as the file system's clock. Where the file was written to so shortly ahead of the
-// reading that another write could bear the same time, its bytes are compared.
+// A time of change is as coarse as the file system's clock, which may be whole seconds. Where the file was written to
+// so shortly ahead of the reading that another write could bear the same time, its bytes are compared.
 bool ShopTaking::TakeFile(const std::string& name, Taken& taken, const struct stat& stamp) {
   const BackedFile before = std::move(taken.file);
+  const bool isSettled = IsSettled(stamp);
   struct timespec start = {};
   ::clock_gettime(CLOCK_REALTIME_COARSE, &start);  // what files are stamped with
   try {
@@ -147,7 +167,7 @@ bool ShopTaking::TakeFile(const std::string& name, Taken& taken, const struct st
     taken_.erase(name);
     return true;
   }
-  taken.isProven = Nanoseconds(stamp.st_mtim) + stampMargin_ < Nanoseconds(start);
+  taken.isProven = isSettled && Nanoseconds(stamp.st_mtim) + stampMargin_ < Nanoseconds(start);
   taken.stamp = stamp;
   taken.file.changedAt = stamp.st_mtim.tv_sec;
   const bool isFirst = before.name.empty();

@@ -44,6 +44,7 @@ class ShopTaking {
 
   bool Settle();
   bool LookAtAll();
+  void CatchUp(const LocalTime& turn);  // which began then
   bool ForgetGone(const std::vector<std::string>& names);
   bool LookAt(const std::string& name);
   bool LookAtDatabase(const std::string& name, bool isStill);
@@ -58,6 +59,7 @@ class ShopTaking {
   std::map<std::string, Taken> taken_;
   std::vector<BackedFile> files_;
   std::vector<std::string> leftOut_;
+  std::vector<std::string> moved_;  // at the last look, without databases
   std::uint64_t bytes_ = 0;
   LocalTime start_;
   int rounds_ = 0;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
@@ -17,6 +18,7 @@ namespace lantos {
 namespace {
 
 constexpr std::size_t kComplaintAtMost = 1000;
+constexpr int kLook = 200;  // milliseconds
 
 class Descriptor {
  public:
@@ -49,6 +51,24 @@ class Streams {
 
  private:
   posix_spawn_file_actions_t actions_{};
+};
+
+// It may be ended by any signal, whatever waits here.
+class FreeOfOurMask {
+ public:
+  FreeOfOurMask() {
+    sigset_t none;
+    ::sigemptyset(&none);
+    ::posix_spawnattr_init(&attributes_);
+    ::posix_spawnattr_setsigmask(&attributes_, &none);
+    ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK);
+  }
+  ~FreeOfOurMask() { ::posix_spawnattr_destroy(&attributes_); }
+  FreeOfOurMask(const FreeOfOurMask&) = delete;
+  const posix_spawnattr_t* Attributes() const { return &attributes_; }
+
+ private:
+  posix_spawnattr_t attributes_{};
 };
 
 // Ended and taken leave of, also where nobody wants to hear the rest of it.
@@ -104,9 +124,15 @@ std::string TextOf(const Descriptor& file) {
   return text;
 }
 
-void ReadAll(const Descriptor& pipe, const std::string& name, const std::function<void(std::string_view)>& take) {
+void ReadAll(const Descriptor& pipe, const std::string& name, const std::function<void(std::string_view)>& take,
+             const std::function<void()>& look) {
   std::array<char, 65536> bytes{};
   for (;;) {
+    struct pollfd waited = {pipe.Number(), POLLIN, 0};
+    if (::poll(&waited, 1, kLook) == 0) {
+      look();
+      continue;
+    }
     const ssize_t length = ::read(pipe.Number(), bytes.data(), bytes.size());
     if (length == 0) return;
     if (length > 0) {
@@ -120,7 +146,7 @@ void ReadAll(const Descriptor& pipe, const std::string& name, const std::functio
 }  // namespace
 
 std::string RunCommand(const std::vector<std::string>& words, const std::vector<Variable>& variables,
-                       const std::function<void(std::string_view)>& take) {
+                       const std::function<void(std::string_view)>& take, const std::function<void()>& look) {
   const std::string& name = words.front();
   Descriptor complaints(::memfd_create("complaints", MFD_CLOEXEC));
   std::array<int, 2> ends{};
@@ -130,13 +156,14 @@ std::string RunCommand(const std::vector<std::string>& words, const std::vector<
   std::vector<std::string> arguments = words;
   std::vector<std::string> environment = EnvironmentWith(variables);
   const Streams streams(writing.Number(), complaints.Number());
+  const FreeOfOurMask free;
   pid_t process = -1;
-  const int reason = ::posix_spawnp(&process, name.c_str(), streams.Actions(), nullptr, Pointers(arguments).data(),
-                                    Pointers(environment).data());
+  const int reason = ::posix_spawnp(&process, name.c_str(), streams.Actions(), free.Attributes(),
+                                    Pointers(arguments).data(), Pointers(environment).data());
   if (reason != 0) RefuseStart(name, reason);
   Child child(process);
   writing.Close();
-  ReadAll(reading, name, take);
+  ReadAll(reading, name, take, look);
   const int status = child.Wait();
   const std::string complaint = TextOf(complaints);
   if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return complaint;

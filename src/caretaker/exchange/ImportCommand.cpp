@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
 
 #include "caretaker/Telling.h"
 #include "caretaker/check/ShopArgument.h"
@@ -74,13 +75,11 @@ Outcome RunImport(const Arguments& arguments) {
   GoToShop(environment.files, arguments.directory);
   NobodyAsked nobody;
   Records records(environment, nobody);
-  MdbTools tools(environment.files.PathOf(kLantosDatabase));
-  JetImport done;
-  {
-    ProgressBar bar;
-    done = ImportJet(environment, records, tools, arguments.leave,
-                     [&](const MoveProgress& progress) { ShowProgress(bar, progress); });
-  }
+  std::optional<ProgressBar> bar(std::in_place);
+  MdbTools tools(environment.files.PathOf(kLantosDatabase), [&bar] { bar->Look(); });
+  const JetImport done = ImportJet(environment, records, tools, arguments.leave,
+                                   [&](const MoveProgress& progress) { ShowProgress(*bar, progress); });
+  bar.reset();
   arguments.telling == Telling::Json ? TellAsJson(arguments, done, tools.Complaints())
                                      : TellPlain(done, tools.Complaints());
   return tools.Complaints().empty() ? Outcome::Sound : Outcome::Left;

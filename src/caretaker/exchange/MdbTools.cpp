@@ -36,7 +36,7 @@ void RefuseCutText(const std::string& table, const OldRow& row) {
 
 void MdbTools::Run(std::vector<std::string> words, const std::function<void(std::string_view)>& take) {
   try {
-    const std::string complaint = RunCommand(words, kVariables, take);
+    const std::string complaint = RunCommand(words, kVariables, take, look_);
     const std::string line = fmt::format("{} says: {}", words.front(), complaint);
     if (!complaint.empty() && std::find(complaints_.begin(), complaints_.end(), line) == complaints_.end()) {
       complaints_.push_back(line);

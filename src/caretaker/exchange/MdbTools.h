@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,8 @@ namespace lantos {
 // The tables of a Jet database, by the commands of the package mdbtools, which is asked for when it is wanted.
 class MdbTools : public OldTables {
  public:
-  explicit MdbTools(std::filesystem::path file) : file_(std::move(file)) {}
+  // While a command is silent look is called now and then; what it throws ends the command.
+  MdbTools(std::filesystem::path file, std::function<void()> look) : file_(std::move(file)), look_(std::move(look)) {}
 
   std::vector<std::string> Names() override;
   std::int64_t CountOf(const std::string& table) override;
@@ -25,6 +27,7 @@ class MdbTools : public OldTables {
   std::string OutputOf(std::vector<std::string> words);
 
   std::filesystem::path file_;
+  std::function<void()> look_;
   std::vector<std::string> complaints_;
 };
 

@@ -11,7 +11,7 @@ import sys
 
 import pytest
 
-from caretakersteps import caretaker
+from caretakersteps import caretaker, stopped
 from driver import program_path
 from jetfiles import DATE, DOUBLE, INTEGER, LONG, MEMO, TEXT, write_jet
 from startsteps import SHOP_LEFT, SHOP_NOT_RUN, SHOP_WRONG_USE, START_FAILED
@@ -152,6 +152,18 @@ def test_without_mdbtools_it_says_what_to_install(old, tmp_path):
     (tmp_path / "empty").mkdir()
     old.expect_refused("There is no mdb-tables, which reads Jet databases. Nothing was changed.\n\nInstall mdbtools first",
                        path=tmp_path / "empty")
+
+
+@pytest.mark.parametrize("name", ["mdb-tables", "mdb-count", "mdb-export"])
+def test_it_is_stopped_while_a_tool_is_silent(old, name):
+    """The tool goes with it."""
+    old.run(path="/nowhere")  # what the others tell
+    (old.bin / name).write_text("#!/bin/sh\nexec /usr/bin/sleep 3600.25\n")
+    before = {path.name: path.read_bytes() for path in old.directory.iterdir()}
+    done = stopped("import", old.directory, env={**os.environ, "PATH": str(old.bin)})
+    assert done.returncode == SHOP_NOT_RUN
+    assert done.stderr.startswith("lantos-shop: Stopped, as it was asked to.")
+    assert {path.name: path.read_bytes() for path in old.directory.iterdir()} == before
 
 
 @pytest.mark.parametrize("name", ["mdb-tables", "mdb-count", "mdb-export"])

@@ -21,10 +21,11 @@ def caretaker_says(*words):
     return json.loads(done.stdout)
 
 
-def stopped(*words):
+def stopped(*words, env=None):
     """What is left of it when it is interrupted as soon as it holds that back: how Ctrl+C ends long work."""
     program = os.path.join(os.path.dirname(program_path()), "lantos-shop")
-    running = subprocess.Popen([program, *map(str, words)], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+    running = subprocess.Popen([program, *map(str, words)], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                               env=env)
     while not holds_back(running.pid, signal.SIGINT):
         assert running.poll() is None, running.communicate()
         time.sleep(0.002)

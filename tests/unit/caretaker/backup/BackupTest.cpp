@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <thread>
+
 #include "caretaker/backup/BackupFixture.h"
 #include "caretaker/backup/ShopFigures.h"
 #include "estimatedb/EngineChoice.h"
@@ -98,6 +101,52 @@ TEST_F(BackupTest, AConversionThatIsUnderWayIsWaitedFor) {
     std::filesystem::remove(shop / "AJ930000.JNL");
   };
   EXPECT_EQ(Backup().manifest.Find("AJ930000.JNL"), nullptr);
+}
+
+TEST_F(BackupTest, AConversionIsWaitedForHoweverLongTheCopyingTook) {
+  SharedFile journal(shop / "AJ930000.JNL", Access::ReadWrite, Deny::Write);
+  int waits = 0;
+  clock.meanwhile = [&] {
+    if (++waits < 3 || !journal.IsOpen()) return;
+    journal.Close();
+    std::filesystem::remove(shop / "AJ930000.JNL");
+  };
+  bool isSlow = false;
+  const BackupDone done = Backup([&](const BackupProgress& progress) {
+    if (progress.step != "copying" || isSlow) return;
+    isSlow = true;
+    clock.MoveOn(130'000);
+  });
+  EXPECT_EQ(done.manifest.Find("AJ930000.JNL"), nullptr);
+}
+
+// Whatever is copied takes longer than a turn, and others write between the turns.
+TEST_F(BackupTest, OnASlowMachineATurnStillEndsWithALookThatFindsNothingMoved) {
+  int writes = 0;
+  Put("AAFIRST.DAT", "old");
+  const auto write = [&] { Put("AAFIRST.DAT", std::to_string(++writes)); };
+  clock.meanwhile = write;
+  const auto tell = [&](const BackupProgress& progress) {
+    if (progress.step != "copying") return;
+    clock.MoveOn(3000);
+    if (writes == 0 && progress.done > 10'000) write();
+  };
+  EXPECT_EQ(Refusal([&] { Backup(tell); }), "");
+  EXPECT_TRUE(std::filesystem::exists(archive));
+}
+
+// Another write within the same second would bear the same stamp.
+TEST_F(BackupTest, WhatAFileSystemOfWholeSecondsHasStampedJustNowIsReadAgain) {
+  constexpr std::size_t kLength = 5'000'000;
+  Put("AAFIRST.DAT", std::string(kLength, 'x'));
+  const auto now = std::filesystem::file_time_type::clock::now();
+  std::filesystem::last_write_time(shop / "AAFIRST.DAT", std::chrono::floor<std::chrono::seconds>(now));
+  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  std::uint64_t copied = 0;
+  Backup([&](const BackupProgress& progress) {
+    if (progress.step == "copying") copied = progress.done;
+  });
+  EXPECT_GT(copied, 2 * kLength);
 }
 
 TEST_F(BackupTest, AConversionThatWasLeftInTheMiddleIsTheShops) {
