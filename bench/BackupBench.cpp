@@ -37,6 +37,7 @@ void Compress(const std::filesystem::path& directory, const std::filesystem::pat
   struct archive* out = ::archive_write_new();
   ::archive_write_set_format_gnutar(out);
   ::archive_write_add_filter_zstd(out);
+  ::archive_write_set_filter_option(out, "zstd", "threads", "2");  // as a backup asks for
   ::archive_write_open_filename(out, result.c_str());
   for (const auto& file : std::filesystem::directory_iterator(directory)) {
     const std::vector<char> bytes = BytesOf(file.path());

@@ -22,8 +22,8 @@ inline constexpr DaySerial kNoDay = -1;
 // What one load of the board reads from the database: hours and estimates of seven days, Sunday first; and what was
 // asked for.
 struct WeekData {
-  DayCapacity capacity;
-  std::array<std::vector<BoardRow>, kWeekdays> days;
+  DayCapacity capacity{};
+  std::array<std::vector<BoardRow>, kWeekdays> days{};
   DaySerial sunday = kNoDay;
   std::string order;
   DaySerial laborOf = kNoDay;

@@ -32,7 +32,7 @@ struct BegunConversion {
   bool hasNumber = false;   // it is this work order's own, and nobody else's
   bool isUndone = false;    // but for its number
   bool hasFiles = false;    // tags and text were written; the shop may have closed the work order since
-  // What the estimate held when its lines were read (EstimateRows); none where that wasn't reached.
+  // What the estimate held when its lines were read (ConvertedRows); none where that wasn't reached.
   std::optional<std::uint64_t> contents = {};
   std::vector<JournaledPart> parts;
 };

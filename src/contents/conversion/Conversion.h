@@ -4,7 +4,7 @@
 #include <string>
 
 #include "contents/Workbench.h"
-#include "contents/conversion/EstimateRows.h"
+#include "contents/conversion/ConvertedRows.h"
 #include "contents/conversion/StepsDone.h"
 #include "records/Vehicles.h"
 #include "workorders/ConversionJournal.h"
@@ -77,7 +77,7 @@ class Conversion {
   std::optional<ConversionJournal> ownJournal_;
   ConversionJournal* journal_ = nullptr;
   const BegunConversion* begun_ = nullptr;  // when one is finished
-  std::optional<EstimateRows> rows_;
+  std::optional<ConvertedRows> rows_;
   bool isAsBegun_ = true;          // the lines of one that is finished
   std::vector<bool> isNoted_;      // by its parts: their usage was there, or given up
   bool isVehicleWritten_ = false;  // from its screen, or given up there

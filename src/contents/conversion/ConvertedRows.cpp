@@ -1,4 +1,4 @@
-#include "contents/conversion/EstimateRows.h"
+#include "contents/conversion/ConvertedRows.h"
 
 #include <fmt/format.h>
 
@@ -55,7 +55,7 @@ class Digest {
 
 }  // namespace
 
-EstimateRows::EstimateRows(de& data, std::int32_t estimate) {
+ConvertedRows::ConvertedRows(de& data, std::int32_t estimate) {
   data.Connection().ReadTogether([&] {
     parts_ = data.PartsTable(estimate);
     labor_ = data.LaborForEstimate(estimate);
@@ -65,14 +65,14 @@ EstimateRows::EstimateRows(de& data, std::int32_t estimate) {
   });
 }
 
-void EstimateRows::TakeOthers(OrderFilling& filling) {
+void ConvertedRows::TakeOthers(OrderFilling& filling) {
   for (labor_.MoveFirst(); !labor_.Eof(); labor_.MoveNext()) filling.TakeLabor(ReadLaborLine(labor_));
   for (sublets_.MoveFirst(); !sublets_.Eof(); sublets_.MoveNext()) filling.TakeSublet(ReadExtra(sublets_));
   for (waste_.MoveFirst(); !waste_.Eof(); waste_.MoveNext()) filling.TakeWaste(ReadExtra(waste_));
   for (notes_.MoveFirst(); !notes_.Eof(); notes_.MoveNext()) filling.TakeNote(ReadNote(notes_));
 }
 
-std::vector<std::string> EstimateRows::Lacking(const std::vector<JournaledPart>& parts) const {
+std::vector<std::string> ConvertedRows::Lacking(const std::vector<JournaledPart>& parts) const {
   std::vector<JournaledPart> missing = parts;
   for (Recordset rows = parts_; !rows.Eof(); rows.MoveNext()) {
     const PartLine line = ReadPartLine(rows);
@@ -85,7 +85,7 @@ std::vector<std::string> EstimateRows::Lacking(const std::vector<JournaledPart>&
   return numbers;
 }
 
-std::uint64_t EstimateRows::Contents(const Estimate& estimate) {
+std::uint64_t ConvertedRows::Contents(const Estimate& estimate) {
   Digest digest;
   digest.Add(fmt::format("{} {}", estimate.SchedDate, estimate.CustomerNumber));
   // As the columns hold it.

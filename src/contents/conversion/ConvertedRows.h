@@ -12,10 +12,10 @@ namespace lantos {
 
 // The lines of an estimate as a conversion sells them, read at one moment: what leaves the stock and what is written
 // goes by the same lines, whatever other copies make of the estimate meanwhile.
-class EstimateRows {
+class ConvertedRows {
  public:
   // Throws DatabaseError.
-  EstimateRows(de& data, std::int32_t estimate);
+  ConvertedRows(de& data, std::int32_t estimate);
 
   // From the first one.
   const Recordset& Parts() const { return parts_; }
