@@ -94,7 +94,7 @@ const std::vector<MakeForm> kForms = {
       return Make<frmMain>(ground.shop, ground.database, ground.masters, ground.inventoryList, ground.workorders,
                            StartAndStop{[] {}, [] { return true; }, [] {}, [] {}});
     },
-    [](FormGround& ground) { return Make<frmSplash>(ground.shop.desktop); },
+    [](FormGround& ground) { return Make<frmSplash>(ground.shop.desktop, ground.shop.environment.clock); },
     [](FormGround& ground) { return Make<frmEnterDir>(ground.shop.desktop, ground.shop.environment); },
     [](FormGround& ground) { return Make<frmEnterPwd>(ground.shop, "System"); },
     [](FormGround& ground) { return Make<frmPrintOptions>(ground.shop); },

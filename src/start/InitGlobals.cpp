@@ -59,7 +59,7 @@ void SetMainWindowFont(Shop& shop) {
 
 // Most of these files are opened with no sharing: copies that start together are in each other's way for a moment.
 template <class Load>
-void LoadPatiently(Clock& clock, Load load) {
+void LoadPatiently(frmSplash& splash, Clock& clock, Load load) {
   for (std::int64_t waited = 0;; waited += kPause) {
     try {
       return load();
@@ -67,16 +67,21 @@ void LoadPatiently(Clock& clock, Load load) {
       if (error.Number() != FileErrorNumber::PermissionDenied || waited >= kPatience) throw;
     }
     clock.Wait(kPause);
+    splash.Meanwhile();
   }
 }
 
-void LoadSharedTables(Records& records, Clock& clock) {
-  LoadPatiently(clock, [&] { records.employees.LoadEmployees(); });
-  LoadPatiently(clock, [&] { records.passwords.LoadPasswords(); });
-  LoadPatiently(clock, [&] { records.departments.Load(); });
-  LoadPatiently(clock, [&] { records.manufacturers.Load(); });
-  LoadPatiently(clock, [&] { records.makes.LoadMakes(); });
-  LoadPatiently(clock, [&] { records.checkList.LoadChecklistFile(); });
+void LoadSharedTables(Records& records, frmSplash& splash, Clock& clock) {
+  const auto load = [&](std::string_view work, auto read) {
+    splash.Next(work);
+    LoadPatiently(splash, clock, read);
+  };
+  load("Reading the employees...", [&] { records.employees.LoadEmployees(); });
+  load("Reading the passwords...", [&] { records.passwords.LoadPasswords(); });
+  load("Reading the departments...", [&] { records.departments.Load(); });
+  load("Reading the manufacturers...", [&] { records.manufacturers.Load(); });
+  load("Reading makes and models...", [&] { records.makes.LoadMakes(); });
+  load("Reading the checklist...", [&] { records.checkList.LoadChecklistFile(); });
 }
 
 void WarnOfNetworkMount(Shop& shop, de& database) {
@@ -85,6 +90,52 @@ void WarnOfNetworkMount(Shop& shop, de& database) {
       "The data directory is on a network mount: for several workstations a database server is the safe choice.";
   shop.environment.log.Write(advice);
   shop.desktop.ShowStatus(advice);
+}
+
+void OpenDatabases(Shop& shop, EstimateDatabase& database, frmSplash& splash) {
+  Environment& environment = shop.environment;
+  splash.Next("Opening the estimates...");
+  Connect(database, environment);
+  environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
+  splash.Next("Looking the estimates over...");
+  UpgradeDatabase(database, environment, shop.records);
+  database.lantosData.KeepTrail(environment.clock, {environment.computerName, environment.userName},
+                                [&environment](const std::string& reason) { environment.log.Write(reason); });
+  database.lantosData.KeptTrail()->Begin();
+  WarnOfNetworkMount(shop, database.lantosData);
+}
+
+// The result names the journals that conversions have left.
+std::vector<std::string> SettleWithOthers(Shop& shop, frmSplash& splash) {
+  splash.Next("Looking for the other copies...");
+  LeftJournals left = MakeUpdateFile(shop);
+  SettleRecords(shop.environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory
+  return std::move(left.ofConversions);
+}
+
+void ReadOptions(Shop& shop) {
+  Environment& environment = shop.environment;
+  ProfileFile profile = environment.Profile();
+  environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
+  SetMainWindowFont(shop);
+  environment.statusOptions = LoadStatusOptions(profile);
+  environment.shopOptions = LoadShopOptions(profile);
+}
+
+// All that takes its time.
+void StartBehind(frmSplash& splash, Shop& shop, EstimateDatabase& database, frmInvList& inventoryList,
+                 std::vector<std::string>& journals) {
+  Environment& environment = shop.environment;
+  OpenDatabases(shop, database, splash);
+  journals = SettleWithOthers(shop, splash);
+  splash.Next("Reading the shop's options...");
+  ReadOptions(shop);
+  splash.Next("Opening the inventory...");
+  shop.records.inventory.SizeArrays();
+  inventoryList.LoadForm();  // hidden; its timer fills the list between the person's actions
+  environment.openFiles.ResetFileMarks();
+  LoadSharedTables(shop.records, splash, environment.clock);
+  environment.openFiles.ResetFileMarks();
 }
 
 }  // namespace
@@ -98,29 +149,15 @@ bool InitGlobals(Shop& shop, EstimateDatabase& database, frmInvList& inventoryLi
   if (!environment.log.Open()) EndWithTooManyUsers(shop.desktop);
   SignLog(environment.log.Path(), {environment.computerName, environment.userName});
   environment.log.Write("Korvel Appointment Scheduler Started.");
-  frmSplash splash(shop.desktop);
+  frmSplash splash(shop.desktop, environment.clock);
   splash.Show();
   environment.profileSection = ProfileSectionOf(environment.computerName);
-  Connect(database, environment);
-  environment.hasKorvelDatabase = environment.files.FileExists("Korvel.mdb");
-  UpgradeDatabase(database, environment, shop.records);
-  database.lantosData.KeepTrail(environment.clock, {environment.computerName, environment.userName},
-                                [&environment](const std::string& reason) { environment.log.Write(reason); });
-  database.lantosData.KeptTrail()->Begin();
-  WarnOfNetworkMount(shop, database.lantosData);
-  LeftJournals left = MakeUpdateFile(shop);
-  SettleRecords(environment, shop.desktop, left.ofRecords);  // ahead of all that is held in memory
-  journals = std::move(left.ofConversions);
-  ProfileFile profile = environment.Profile();
-  environment.fontFactor = WorkstationProfile(profile, environment.profileSection).ReadFontFactor();
-  SetMainWindowFont(shop);
-  environment.statusOptions = LoadStatusOptions(profile);
-  environment.shopOptions = LoadShopOptions(profile);
-  shop.records.inventory.SizeArrays();
-  inventoryList.LoadForm();  // hidden; its timer fills the list between the person's actions
-  environment.openFiles.ResetFileMarks();
-  LoadSharedTables(shop.records, environment.clock);
-  environment.openFiles.ResetFileMarks();
+  try {
+    StartBehind(splash, shop, database, inventoryList, journals);
+  } catch (const StartStopped&) {
+    environment.log.Write("Stopped before it was up.");
+    return false;
+  }
   environment.fleetVersion = environment.settings.GetBoolean(kMainApplication, kSettingsSection, "FleetVersion", false);
   splash.Unload();
   environment.exitCodeOfGivingUp = kEndedInOrder;

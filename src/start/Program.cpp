@@ -18,6 +18,7 @@
 #include "start/InitGlobals.h"
 #include "start/KeyPage.h"
 #include "start/frmEnterDir.h"
+#include "start/frmSplash.h"
 #include "ui/HelpDesk.h"
 
 namespace lantos {
@@ -81,6 +82,7 @@ StartAndStop Program::State::Steps() {
   steps.initGlobals = [this] {
     const bool isUp = InitGlobals(shop, database, inventoryList, journals);
     NoteUnknownSwitch(shop, invocation.commandLine);
+    if (!isUp) DeleteUpdateFileAndCloseLog();
     return isUp;
   };
   steps.sendWaitingChanges = [this] { inventoryList.FinishUpdates(); };
@@ -90,8 +92,10 @@ StartAndStop Program::State::Steps() {
   return steps;
 }
 
-// Where the directory is still asked for there is nothing that the keys of all screens could open.
+// Where the directory is still asked for there is nothing that the keys of all screens could open. In the middle of a
+// start nobody is waited for.
 void Program::State::ShowHelp(ui::Form& form) {
+  if (dynamic_cast<frmSplash*>(&form) != nullptr) return;
   if (auto* guide = dynamic_cast<frmGuide*>(&form)) return guide->ShowPageOf(form.Name());
   ui::GlobalKeys bare(desktop);
   const bool asksForDirectory = dynamic_cast<frmEnterDir*>(&form) != nullptr;

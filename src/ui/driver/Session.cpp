@@ -16,11 +16,14 @@ constexpr std::int64_t kLongestSlice = 10;
 
 bool IsDeed(const Line& line, std::string_view deed) { return !line.IsQuestion() && line.Subject() == deed; }
 
-bool EndsWork(const std::string& text, const Button& stop) {
+enum class Meaning { Anything, ButtonAlone };
+
+bool EndsWork(const std::string& text, const Button& stop, Meaning meaning) {
   try {
     const Line line(text);
-    return IsDeed(line, "close") || (IsDeed(line, "key") && ParseKey(line.Text("key")).Is("Esc")) ||
-           (IsDeed(line, "click") && line.Text("control") == stop.FullName());
+    if (IsDeed(line, "click")) return line.Text("control") == stop.FullName();
+    if (meaning == Meaning::ButtonAlone) return false;
+    return IsDeed(line, "close") || (IsDeed(line, "key") && ParseKey(line.Text("key")).Is("Esc"));
   } catch (const Refusal&) {
     return false;  // it is told of at its turn
   }
@@ -45,9 +48,11 @@ void Session::AtForm(Form& form, const std::function<bool()>& over) {
   AtPlace(place, over);
 }
 
-// The deed that set the form to work is answered first, with the form as it is then.
+// The deed that set the form to work is answered first, with the form as it is then. Who has been answered nothing yet
+// can't know that a form is at work: what they say is meant for what comes behind it, unless it names the button.
 void Session::AtWork(Form& form, Button& stop) {
-  if (!HasLine() || !EndsWork(*readAhead_, stop)) return;
+  const Meaning meaning = hasAnswered_ ? Meaning::Anything : Meaning::ButtonAlone;
+  if (!HasLine() || !EndsWork(*readAhead_, stop, meaning)) return;
   const Among waiting(waiting_, form);
   FormPlace place(form, *hand_);
   hand_->Settle();
@@ -218,6 +223,7 @@ void Session::WriteAnswer(Json answer) {
   // A path may hold any bytes; an answer is to be written all the same.
   answers_ << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
   answerDue_ = false;
+  hasAnswered_ = true;
   error_.clear();
   events_ = Json::array();
   result_.reset();

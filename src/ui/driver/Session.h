@@ -72,6 +72,7 @@ class Session : public Person {
   TimerQueue timers_;
   std::optional<std::string> readAhead_;  // said, and not served yet
   bool answerDue_ = true;
+  bool hasAnswered_ = false;
   std::string error_;
   Json events_ = Json::array();
   std::optional<Json> result_;

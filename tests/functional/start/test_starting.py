@@ -5,6 +5,7 @@ import sqlite3
 
 import pytest
 
+from driver import Lantos, data_option
 from locks import deny_to_all, foreign_window
 from startsteps import MAIN_CAPTION, START_CANCELLED, START_FAILED, settings_of, shown_version
 
@@ -246,6 +247,42 @@ def test_cancel_at_a_held_system_record_ends_the_program(start, shop):
     copy.expect_end(START_CANCELLED)
     os.close(held)
     assert shop.names("LN*") == []
+
+
+STOP = '{"do":"click","control":"cmdStop"}'
+CLOSE = '{"do":"close"}'
+
+
+@pytest.fixture
+def say_to_a_long_start(tmp_path, shop, desktop):
+    """What a person has said before the start, which a held file makes long, has come anywhere."""
+    copies = []
+
+    def say(line):
+        shop.write()
+        held = deny_to_all(shop.path("TQDEPART.DAT"))
+        copies.append(Lantos(tmp_path, desktop=desktop, arguments=(data_option(shop.directory),)))
+        copies[0].process.stdin.write(line + "\n")
+        copies[0].process.stdin.flush()
+        copies[0].first_answer()
+        os.close(held)
+        return copies[0]
+    yield say
+    for copy in copies:
+        copy.clean_up()
+
+
+def test_a_long_start_is_stopped_by_its_button(say_to_a_long_start, shop):
+    copy = say_to_a_long_start(STOP)
+    copy.expect_form("frmSplash")
+    copy.first_answer()
+    copy.expect_end(START_CANCELLED)
+    assert shop.names("AU*") == []
+
+
+def test_what_is_said_to_the_board_ahead_of_time_waits_for_it(say_to_a_long_start):
+    copy = say_to_a_long_start(CLOSE)
+    copy.expect_box(icon="critical", buttons=["OK"])  # two seconds are over, and the file is still held
 
 
 @pytest.mark.parametrize("content", [b"\0\1\0\0Standard Jet DB\0" + bytes(4096), b"no database at all"])

@@ -140,7 +140,7 @@ TEST(EnterDir, ServesTheGlobalKeys) {
 
 TEST(Splash, ShowsTheVersionCountedFromTwoThousand) {
   TestShop world;
-  frmSplash form(world.desktop);
+  frmSplash form(world.desktop, world.environment.clock);
   form.Show();
   EXPECT_EQ(form.lblVersion.Caption(), "Version " + std::to_string(2000 + LANTOS_VERSION_MAJOR) + "." +
                                            std::to_string(LANTOS_VERSION_MINOR) + "." +

@@ -2,9 +2,11 @@
 
 #include <fmt/format.h>
 
+#include "admin/TestShop.h"
 #include "records/modEmployees.h"
 #include "records/modSystem.h"
 #include "start/InstalledShop.h"
+#include "start/frmSplash.h"
 
 namespace lantos {
 namespace {
@@ -68,6 +70,64 @@ TEST(InitGlobals, EndsWithTheSplashGoneWhenAStepFails) {
   EXPECT_THROW(start.Run(), std::exception);
   EXPECT_EQ(start.desktop.events, (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash"}));
   EXPECT_FALSE(start.Has("AU9300.$$$")) << "the update file comes after the upgrade";
+}
+
+// A file that another copy has for itself makes the start take longer than anybody likes to wait for nothing.
+struct SlowStart : Start {
+  SlowStart() {
+    data.Put("TQDEPART.DAT", "");
+    held.emplace(data / "TQDEPART.DAT", Access::Read, Deny::All);
+  }
+  std::optional<SharedFile> held;
+  std::vector<std::string> seen;
+};
+
+TEST(InitGlobals, ALongStartTellsWhatItIsAtAndHowFarItIs) {
+  SlowStart start;
+  const LocalTime begun = start.clock.Now();
+  start.desktop.meanwhile = [&](ui::Form& form, ui::Button& stop) {
+    const auto& splash = dynamic_cast<frmSplash&>(form);
+    EXPECT_EQ(&stop, &splash.cmdStop);
+    EXPECT_EQ(splash.Focus(), &stop);
+    for (const ui::Control* shown :
+         std::initializer_list<const ui::Control*>{&stop, &splash.lblWork, &splash.StartProgress}) {
+      EXPECT_TRUE(shown->Visible());
+    }
+    if (start.seen.empty()) EXPECT_EQ(start.clock.Now().MillisecondsSince(begun), 1000);
+    start.seen.push_back(splash.lblWork.Caption() + std::to_string(splash.StartProgress.Value()) + "/" +
+                         std::to_string(splash.StartProgress.Maximum()));
+    if (start.seen.size() == 5) start.held.reset();
+  };
+  EXPECT_TRUE(start.Run());
+  start.seen.erase(std::unique(start.seen.begin(), start.seen.end()), start.seen.end());
+  EXPECT_EQ(start.seen, (std::vector<std::string>{"Reading the departments...7/11", "Reading the manufacturers...8/11",
+                                                  "Reading makes and models...9/11", "Reading the checklist...10/11"}));
+}
+
+TEST(InitGlobals, AStartThatNobodyWaitsForShowsNothingOfIt) {
+  Start start;
+  start.desktop.onShown = [&](ui::Form& form) {
+    const auto& splash = dynamic_cast<frmSplash&>(form);
+    EXPECT_FALSE(splash.cmdStop.Visible() || splash.lblWork.Visible() || splash.StartProgress.Visible());
+  };
+  start.desktop.meanwhile = [](ui::Form&, ui::Button&) { ADD_FAILURE() << "no time has passed"; };
+  EXPECT_TRUE(start.Run());
+}
+
+TEST(InitGlobals, IsStoppedByTheButtonByEscAndByTheCloseBox) {
+  const std::vector<std::function<void(ui::Form&, ui::Button&)>> ways = {
+      [](ui::Form&, ui::Button& stop) { stop.DoClick(); },
+      [](ui::Form& form, ui::Button&) { test::Press(form, "Esc"); },
+      [](ui::Form& form, ui::Button&) { form.DoClose(); },
+  };
+  for (const auto& way : ways) {
+    SlowStart start;
+    start.desktop.meanwhile = way;
+    EXPECT_FALSE(start.Run());
+    EXPECT_EQ(start.desktop.events, (std::vector<std::string>{"shown frmSplash", "unloaded frmSplash"}));
+    EXPECT_TRUE(start.Log("LN930000.LOG").ends_with("\nStopped before it was up.\n"));
+    EXPECT_TRUE(start.desktop.boxes.empty());
+  }
 }
 
 TEST(InitGlobals, StopsSilentlyWithoutADataDirectoryAndWithoutALog) {

@@ -114,6 +114,19 @@ TEST(Start, GivenUpAtTheSystemFileIsACancelledOne) {
   EXPECT_EQ(run.RunToTheEnd(), kStartCancelled);
 }
 
+TEST(Start, StoppedWhileItReadsIsACancelledOneAndLeavesNoMailbox) {
+  Running run;
+  run.data.Put("TQDEPART.DAT", "");
+  const SharedFile held(run.data / "TQDEPART.DAT", Access::Read, Deny::All);
+  run.desktop.meanwhile = [&](ui::Form&, ui::Button& stop) {
+    EXPECT_TRUE(run.Has("AU9300.$$$"));
+    stop.DoClick();
+  };
+  EXPECT_EQ(run.RunToTheEnd(), kStartCancelled);
+  EXPECT_FALSE(run.Has("AU9300.$$$"));
+  EXPECT_TRUE(run.desktop.boxes.empty());
+}
+
 TEST(Start, AnErrorIsShownAndEndsTheRunWithCodeOne) {
   Running run;
   run.data.Put("Lantos.mdb", "no database at all");

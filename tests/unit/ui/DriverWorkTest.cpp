@@ -68,5 +68,25 @@ TEST_F(AtWork, NobodyWhoHasSaidNothingIsWaitedFor) {
   EXPECT_EQ(steps, 10);
 }
 
+// A form that is at work before anything was answered, as the one that shows a start.
+class Unknown : public AtWork {
+ protected:
+  int StepsWith(const std::string& line) {
+    lines.str(line + "\n");
+    form.Show();
+    form.other.OnClick();
+    return steps;
+  }
+};
+
+TEST_F(Unknown, WorkIsNotEndedByTheCloseBox) { EXPECT_EQ(StepsWith(R"j({"do":"close"})j"), 10); }
+
+TEST_F(Unknown, WorkIsNotEndedByEsc) { EXPECT_EQ(StepsWith(R"j({"do":"key","key":"Esc"})j"), 10); }
+
+TEST_F(Unknown, WorkIsEndedByItsButton) {
+  EXPECT_EQ(StepsWith(kWork), 1);
+  EXPECT_EQ(json::parse(answers.str())["form"], "frmBench");
+}
+
 }  // namespace
 }  // namespace lantos::ui
