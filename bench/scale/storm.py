@@ -6,8 +6,9 @@ twice, and every board shows what a board that starts afresh shows. Ends with 1 
     bench/scale/storm.py --workstations 50 --minutes 5 --database server
     bench/scale/storm.py --workstations 8 --minutes 5 --database file
     bench/scale/storm.py --workstations 20 --minutes 3 --database server --outages 10
+    bench/scale/storm.py --workstations 50 --minutes 5 --database server --live --days 28
 
-Needs a build whose speed means something: --bin says where, build/release/bin by default."""
+People work on today, or, with --days, each on any day from today on until the next estimate. Needs a build whose speed means something: --bin says where, build/release/bin by default."""
 
 import argparse
 import contextlib
@@ -71,6 +72,7 @@ class Workstation:
         self.boxes = {}  # texts, and how often
         self.deeds = 0
         self.mine = []
+        self.today = self.day = datetime.date.today()
 
     def start(self):
         self.copy.first_answer()
@@ -89,6 +91,13 @@ class Workstation:
         self.times.setdefault(deed, []).append(took)
 
     # Deeds. Each begins and ends at the board.
+
+    def turn_to_a_day(self):
+        """The day that the next estimate is for."""
+        self.day = self.today + datetime.timedelta(days=self.random.randrange(self.options.days))
+        self.copy.click("cmdWeekView")
+        self.timed("another day", lambda: self.copy.pick("MonthView1", self.day))
+        self.expect_board()
 
     def book(self):
         customer = 1 + self.random.randrange(self.options.workstations * 4)
@@ -126,18 +135,18 @@ class Workstation:
         self.stored.append(("status", self.mine[-1], 1))
 
     def move(self):
-        day = datetime.date.today() + datetime.timedelta(days=self.random.randrange(1, 5))
+        self.day += datetime.timedelta(days=self.random.randrange(1, 5))
         self.copy.click("cmdReschedule")
         self.copy.expect_form("frmReschedule")
-        self.copy.pick("DTPicker1", day)
+        self.copy.pick("DTPicker1", self.day)
         self.timed("moved", lambda: self.copy.click("cmdOK"))
         self.expect_board()
         self.stored.append(("moved", self.mine[-1], None))
 
     def look_at_another(self):
-        """An estimate of today that anybody has made, and one more line of labor for it."""
+        """An estimate of the day that anybody has made, and one more line of labor for it."""
         self.copy.click("cmdWeekView")
-        panel = f"List1({(datetime.date.today().weekday() + 1) % 7})"
+        panel = f"List1({(self.day.weekday() + 1) % 7})"
         rows = [row["data"] for row in self.copy.control(panel)["rows"]]
         if not rows:
             return
@@ -150,6 +159,8 @@ class Workstation:
         """An estimate from its booking on."""
         steps = [self.book, lambda: self.add_line(LABOR), lambda: self.add_line(LABOR), self.comment, self.set_status,
                  lambda: self.add_line(NOTES), self.look_at_another]
+        if self.options.days > 1:
+            yield self.turn_to_a_day
         for step in steps:
             yield step
         if self.random.random() < 0.3:
@@ -194,13 +205,22 @@ class Workstation:
             self.copy.wait(int(1000 * pause))
 
     def board(self):
-        """What the week's lists show; without boards that follow, when the week is come to anew."""
+        """A day of the week on show, and what its lists show; without boards that follow, when the week is come to anew."""
         self.copy.click("cmdWeekView")
+        day = datetime.date.fromisoformat(self.copy.control("MonthView1")["date"])
         if not self.options.live:
-            today = datetime.date.today()
-            for day in (today + datetime.timedelta(days=7), today):
-                self.copy.pick("MonthView1", day)
-        return [[row["text"] for row in self.copy.control(f"List1({day})")["rows"]] for day in range(7)]
+            turn_to(self.copy, day)
+        return day, lists(self.copy)
+
+
+def turn_to(copy, day):
+    """From another week, so that it is read."""
+    for each in (day + datetime.timedelta(days=7), day):
+        copy.pick("MonthView1", each)
+
+
+def lists(copy):
+    return [[row["text"] for row in copy.control(f"List1({day})")["rows"]] for day in range(7)]
 
 
 def person(number, shop, options, home, starting, working, through, done):
@@ -286,9 +306,18 @@ def wrong_boards(shop, options, home, results):
     copy.first_answer()
     copy.expect_form("frmMain")
     copy.click("cmdWeekView")
-    fresh = [[row["text"] for row in copy.control(f"List1({day})")["rows"]] for day in range(7)]
+    fresh = {}  # by Sunday
+    wrong = []
+    for result in results:
+        day, shown = result["board"]
+        sunday = day - datetime.timedelta(days=(day.weekday() + 1) % 7)
+        if sunday not in fresh:
+            turn_to(copy, day)
+            fresh[sunday] = lists(copy)
+        if shown != fresh[sunday]:
+            wrong.append(result["number"])
     copy.clean_up()
-    return [result["number"] for result in results if result["board"] != fresh]
+    return wrong
 
 
 def share(times, part):
@@ -380,6 +409,7 @@ def main():
     parser.add_argument("--database", choices=("file", "server"), default="server")
     parser.add_argument("--outages", type=int, default=0, help="how often the server is stopped and started meanwhile")
     parser.add_argument("--pause", type=float, default=2.0, help="seconds between two deeds, on an average")
+    parser.add_argument("--days", type=int, default=1, help="how many days they book on, from today on")
     parser.add_argument("--live", action="store_true", help="with boards that follow")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--bin", default=str(ROOT / "build" / "release" / "bin"))

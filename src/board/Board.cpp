@@ -19,8 +19,9 @@ void Board::LoadWeek(DaySerial date) {
   const DaySerial sunday = date - WeekdayIndex(date);
   // The customers come after the database: asking about a locked file takes as long as the person likes, and other
   // workstations couldn't write meanwhile.
-  WeekData data = FetchWeek(parts_.database.lantosData, sunday, parts_.day.SortOrder(),
-                            parts_.day.cbShowLabor.Value() ? date : kNoDay);
+  de& database = parts_.database.lantosData;
+  WeekData data = FetchWeek(database, sunday, parts_.day.SortOrder(), parts_.day.cbShowLabor.Value() ? date : kNoDay,
+                            database.Connection().IsFar() ? WeekAsked::AtOnce : WeekAsked::InParts);
   BoardState& state = parts_.state;
   state.capacity = data.capacity;
   state.sunday = sunday;

@@ -179,11 +179,14 @@ std::size_t Customers::FindCustomerTag(std::int32_t number) {
   return index;
 }
 
-bool Customers::LeadsNowhere(const CustomerTag& tag) const {
+bool Customers::LeadsNowhere(const CustomerTag& tag) {
   const FileLink offset = tag.Get(customertag::Offset);
-  const bool isOpen = reading_ != nullptr && reading_->IsOpen();
-  const std::uint64_t length = isOpen ? (*reading_)->Length() : environment_.files.Length(kCustomerFile);
-  return offset < 0 || static_cast<std::uint64_t>(offset) >= length;
+  if (offset < 0) return true;
+  if (reading_ == nullptr || !reading_->IsOpen())
+    return static_cast<std::uint64_t>(offset) >= environment_.files.Length(kCustomerFile);
+  // The file only grows: what lay in it before lies in it.
+  if (static_cast<std::uint64_t>(offset) >= readLength_) readLength_ = (*reading_)->Length();
+  return static_cast<std::uint64_t>(offset) >= readLength_;
 }
 
 std::optional<CustomerRecord> Customers::Master(const CustomerTag& tag, From from) {

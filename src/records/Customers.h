@@ -77,7 +77,7 @@ class Customers {
   // Whether a master that was wanted in this run was somebody else's.
   bool LeadsToAnothers(const CustomerTag& tag) const { return anothers_.contains(tag.Get(customertag::Number)); }
   // Whether the tag's Offset isn't one of the master file.
-  bool LeadsNowhere(const CustomerTag& tag) const;
+  bool LeadsNowhere(const CustomerTag& tag);
 
   // The same for the current one. FindCustomerTag makes the tag it finds current and returns its place. Not found:
   // Count(), CurrentTag left alone.
@@ -131,6 +131,7 @@ class Customers {
     explicit Reading(Customers& customers) : customers_(customers), file_(customers.environment_.openFiles) {
       customers_.reading_ = &file_;
       customers_.tagsGivenUp_ = false;
+      customers_.readLength_ = 0;
     }
     ~Reading() { customers_.reading_ = nullptr; }
     Reading(const Reading&) = delete;
@@ -178,7 +179,8 @@ class Customers {
   std::optional<std::int32_t> newNumber_;  // taken, and not on file yet
   std::set<std::int32_t> anothers_;        // numbers whose tags lead to somebody else's record
   OpenedFile* reading_ = nullptr;
-  bool tagsGivenUp_ = false;  // while reading_
+  bool tagsGivenUp_ = false;      // while reading_
+  std::uint64_t readLength_ = 0;  // of the customer master, when it was last looked at while reading_
   static constexpr std::int32_t kNobody = -1;
   std::optional<CustomerRecord> lookedUp_;  // since CurrentCustomer was set
   std::int32_t lookupCustomer_ = kNobody;   // of the last look-up, while it was known
