@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "caretaker/Command.h"
-#include "caretaker/Stopping.h"
+#include "caretaker/Telling.h"
 #include "estimatedb/EstimateMove.h"
 #include "frame/PathText.h"
 #include "frame/Text.h"
@@ -20,12 +20,11 @@ struct Arguments {
   std::string server;
   std::string schema = "lantos";
   bool toFile = false;
+  Telling telling = Telling::Plain;
 };
 
-// One line for each table; where somebody looks on, it counts as it goes. Up to the last step it can be stopped.
-void TellProgress(const MoveProgress& progress, const Stopping& stopping) {
-  if (progress.step == MoveStep::Placing) return;
-  stopping.Look();
+// One line for each table; where somebody looks on, it counts as it goes.
+void TellTable(const MoveProgress& progress) {
   const bool isDone = progress.step == MoveStep::Comparing && progress.done == progress.of;
   const bool isWatched = ::isatty(STDOUT_FILENO) == 1;
   if (!isWatched && !isDone) return;
@@ -33,6 +32,17 @@ void TellProgress(const MoveProgress& progress, const Stopping& stopping) {
   fmt::print("{}{}: {} of {} rows {}{}", isWatched ? "\r\033[K" : "", progress.table, progress.done, progress.of, what,
              isDone ? "\n" : "");
   std::fflush(stdout);
+}
+
+nlohmann::ordered_json AsJson(const EstimateMove& move) {
+  nlohmann::ordered_json tables = nlohmann::ordered_json::array();
+  for (const MovedTable& table : move.moved.tables) tables.push_back({{"table", table.name}, {"rows", table.rows}});
+  nlohmann::ordered_json leftBehind = nlohmann::ordered_json::array();
+  for (const std::string& table : move.moved.leftBehind) leftBehind.push_back(ToUtf8(table));
+  return {{"tables", tables},
+          {"datesDropped", move.moved.datesDropped},
+          {"leftBehind", leftBehind},
+          {"kept", move.kept.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(ToUtf8(move.kept))}};
 }
 
 void TellResult(const EstimateMove& move, bool toFile) {
@@ -52,14 +62,23 @@ void TellResult(const EstimateMove& move, bool toFile) {
   }
 }
 
+std::uint64_t Whole(std::int64_t count) { return static_cast<std::uint64_t>(count); }
+
 Outcome Move(const Arguments& arguments) {
   SystemClock clock;
   FileIO files(clock);
   files.SetDataDir(TextOfPath(std::filesystem::absolute(arguments.directory)) + "/");
-  const Stopping stopping;
-  const auto tell = [&stopping](const MoveProgress& progress) { TellProgress(progress, stopping); };
-  TellResult(arguments.toFile ? MoveToFile(files, tell) : MoveToServer(files, arguments.server, arguments.schema, tell),
-             arguments.toFile);
+  const bool isPlain = arguments.telling == Telling::Plain;
+  const auto move = [&] {
+    ProgressBar bar;
+    const auto tell = [&](const MoveProgress& progress) {
+      if (progress.step == MoveStep::Placing) return;  // up to here it can be stopped
+      isPlain ? bar.Look() : bar.Show(progress.table, Whole(progress.done), Whole(progress.of));
+      if (isPlain) TellTable(progress);
+    };
+    return arguments.toFile ? MoveToFile(files, tell) : MoveToServer(files, arguments.server, arguments.schema, tell);
+  }();
+  isPlain ? TellResult(move, arguments.toFile) : TellJson(AsJson(move));
   return Outcome::Sound;
 }
 
@@ -76,6 +95,7 @@ void AddMove(CLI::App& app, Asked& asked) {
       command->add_option("--schema", arguments->schema, "The shop's own schema there; made when it isn't there")
           ->capture_default_str();
   command->add_flag("--to-file", arguments->toFile, "Back into a file")->excludes(server)->excludes(schema);
+  AddJsonSwitch(*command, arguments->telling);
   command->callback([arguments, &asked] {
     const bool isToServer = !arguments->server.empty();
     if (isToServer == arguments->toFile) throw CLI::RequiredError("One of SERVER and --to-file");

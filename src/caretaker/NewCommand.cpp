@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "caretaker/Command.h"
+#include "caretaker/Telling.h"
 #include "frame/Text.h"
 #include "shopmaker/EmptyShop.h"
 
@@ -14,6 +15,7 @@ struct Arguments {
   std::string directory;
   ShopIdentity identity;
   std::string group;
+  Telling telling = Telling::Plain;
 };
 
 // The arguments come in the terminal's page; records are kept in the program's.
@@ -27,8 +29,16 @@ ShopIdentity InThePage(ShopIdentity identity) {
 
 Outcome MakeNew(const Arguments& arguments) {
   SystemClock clock;
-  MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock, arguments.group);
-  fmt::print("Made an empty shop in {}.\n", arguments.directory);
+  {
+    ProgressBar bar;
+    MakeEmptyShop(arguments.directory, InThePage(arguments.identity), clock, arguments.group,
+                  [&bar](std::string_view what, std::uint64_t done, std::uint64_t of) { bar.Show(what, done, of); });
+  }
+  if (arguments.telling == Telling::Json) {
+    TellJson({{"directory", arguments.directory}});
+  } else {
+    fmt::print("Made an empty shop in {}.\n", arguments.directory);
+  }
   return Outcome::Sound;
 }
 
@@ -46,6 +56,7 @@ void AddNew(CLI::App& app, Asked& asked) {
   command->add_option("--phone", arguments->identity.phone, "Telephone number");
   command->add_option("--group", arguments->group,
                       "Share the directory with this group: what is made in it is the group's");
+  AddJsonSwitch(*command, arguments->telling);
   command->callback([arguments, &asked] { asked.run = [arguments] { return MakeNew(*arguments); }; });
 }
 

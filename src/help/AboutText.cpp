@@ -22,12 +22,13 @@ constexpr std::string_view kLicence = "MIT License";
 constexpr const char* kSystemFile = "/etc/os-release";
 constexpr std::string_view kSystemName = "PRETTY_NAME=";
 
-std::string Libraries(ui::Desktop& desktop) {
-  const ui::HelpDesk* desk = ui::HelpDeskOf(desktop);
+// Those of the databases are told with the databases; that of the dictionaries tells no version.
+std::string Libraries(const Shop& shop) {
+  const ui::HelpDesk* desk = ui::HelpDeskOf(shop.desktop);
   const std::string windows = desk == nullptr ? std::string() : desk->Library();
-  return fmt::format("{}{}fmt {}.{}.{}, nlohmann-json {}.{}.{}", windows, windows.empty() ? "" : ", ",
+  return fmt::format("{}{}fmt {}.{}.{}, nlohmann-json {}.{}.{}{}", windows, windows.empty() ? "" : ", ",
                      FMT_VERSION / 10000, FMT_VERSION / 100 % 100, FMT_VERSION % 100, NLOHMANN_JSON_VERSION_MAJOR,
-                     NLOHMANN_JSON_VERSION_MINOR, NLOHMANN_JSON_VERSION_PATCH);
+                     NLOHMANN_JSON_VERSION_MINOR, NLOHMANN_JSON_VERSION_PATCH, shop.openSpeller ? ", hunspell" : "");
 }
 
 // "Debian GNU/Linux 12 (bookworm), Linux 6.1.0, x86_64"
@@ -82,7 +83,7 @@ std::string AboutText(const Shop& shop, EstimateDatabase& database) {
   const auto line = [&](std::string_view what, const std::string& is) { text += fmt::format("{}: {}\r\n", what, is); };
   line("Program", "Lantos " + ProgramVersion());
   line("Licence", std::string(kLicence));
-  line("Libraries", Libraries(shop.desktop));
+  line("Libraries", Libraries(shop));
   line("System", System());
   line("Workstation", orNone);
   line("Data directory", environment.files.DataDir());

@@ -64,15 +64,19 @@ void SetStandardHours(de& database, const std::array<std::int32_t, 7>& sundayToS
 }
 
 void MakeEmptyShop(const std::filesystem::path& path, const ShopIdentity& identity, Clock& clock,
-                   const std::string& group) {
+                   const std::string& group, const TellMaking& tell) {
+  constexpr std::uint64_t kSteps = 3;
   ShopDirectory directory(path, group);
+  tell("files", 0, kSteps);
   directory.AddFile(kSystemFile, FirstSystemRecord(identity).Bytes());
   AddEmptyFiles(directory, {kSystemFile});
+  tell("databases", 1, kSteps);
   AddDatabases(directory, clock);
   de database;
   ConnectTo(database, directory, clock);
   SetStandardHours(database, kFirstStandardHours, kFirstFudgeFactor);
   database.Disconnect();
+  tell("databases", 2, kSteps);
   directory.Keep();
 }
 

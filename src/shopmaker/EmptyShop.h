@@ -33,7 +33,7 @@ inline constexpr std::int32_t kFirstFudgeFactor = 10;  // per cent
 // The installation's empty shop. Throws ShopError when the directory won't do, FileError or DatabaseError when a file
 // can't be made; nothing is left behind then. With a group the directory is shared with it, as ShopDirectory tells.
 void MakeEmptyShop(const std::filesystem::path& path, const ShopIdentity& identity, Clock& clock,
-                   const std::string& group = "");
+                   const std::string& group = "", const TellMaking& tell = NobodyTold);
 
 // Its steps, for shops that begin with more in them. The files that are named as filled are left to the caller.
 void AddEmptyFiles(ShopDirectory& directory, const std::vector<std::string_view>& filled);

@@ -100,14 +100,16 @@ void WriteNotes(Engine& engine, const SampleEstimate& estimate) {
 
 }  // namespace
 
-void WriteEstimates(de& database, const SampleShop& shop) {
+void WriteEstimates(de& database, const SampleShop& shop, const TellMaking& tell) {
   Engine& engine = database.Connection();
   engine.Together([&] {
     for (const SampleSpecialDay& special : shop.specialDays) {
       engine.Insert("SpecialDays", {"SpecialDate", "SpecialHours", "SpecialDesc"},
                     {DateValue{special.date}, Whole(special.hours), special.description});
     }
+    std::uint64_t written = 0;
     for (const SampleEstimate& estimate : shop.estimates) {
+      tell("estimates", written++, shop.estimates.size());
       WriteEstimate(engine, shop, estimate);
       WriteLabors(engine, estimate);
       WriteParts(engine, estimate);

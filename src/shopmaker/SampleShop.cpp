@@ -5,6 +5,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <limits>
 
 #include "frame/Dates.h"
@@ -110,7 +112,7 @@ std::vector<InventoryRecord> UsedParts(const SampleShop& shop, const std::vector
   return parts;
 }
 
-void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop, Clock& clock) {
+void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop, Clock& clock, const TellMaking& tell) {
   directory.AddFile(kSystemFile, shop.system.Bytes());
   AddRecords(directory, kCustomerTagFile, shop.customerTags);
   AddRecords(directory, kCustomerFile, shop.customers);
@@ -118,7 +120,7 @@ void AddFlatFiles(ShopDirectory& directory, const SampleShop& shop, Clock& clock
   AddRecords(directory, kMakeModelFile, shop.makes);
   AddRecords(directory, kEmployeeFile, shop.employees);
   AddRecords(directory, kInventoryTagFile, shop.partTags);
-  AddRecords(directory, kInventoryFile, UsedParts(shop, sample::WriteWorkorders(directory, shop, clock)));
+  AddRecords(directory, kInventoryFile, UsedParts(shop, sample::WriteWorkorders(directory, shop, clock, tell)));
   AddListFiles(directory, shop);
 }
 
@@ -146,32 +148,37 @@ void CheckSampleOptions(const SampleOptions& options) {
   if (year < 1980 || year > 2100) throw ShopError("The date must lie between 1980 and 2100.");
 }
 
-SampleShop ImagineShop(const SampleOptions& options) {
+SampleShop ImagineShop(const SampleOptions& options, const TellMaking& tell) {
   CheckSampleOptions(options);
   SampleShop shop;
   shop.system = SampleSystemRecord();
-  sample::ImagineSchedule(shop, options);
-  sample::ImagineStaff(shop, options);
-  sample::ImagineCustomers(shop, options);
-  sample::ImagineVehicles(shop, options);
-  sample::ImagineMakes(shop);
-  sample::ImagineParts(shop, options);
-  sample::ImagineKits(shop, options);
-  sample::ImagineEstimates(shop, options);
-  sample::ImagineWork(shop, options);
-  sample::ImagineLists(shop, options);
-  sample::ImagineVendors(shop, options);
-  sample::ImagineWorkorders(shop, options);
+  const std::array<std::function<void()>, 12> steps = {[&] { sample::ImagineSchedule(shop, options); },
+                                                       [&] { sample::ImagineStaff(shop, options); },
+                                                       [&] { sample::ImagineCustomers(shop, options); },
+                                                       [&] { sample::ImagineVehicles(shop, options); },
+                                                       [&] { sample::ImagineMakes(shop); },
+                                                       [&] { sample::ImagineParts(shop, options); },
+                                                       [&] { sample::ImagineKits(shop, options); },
+                                                       [&] { sample::ImagineEstimates(shop, options); },
+                                                       [&] { sample::ImagineWork(shop, options); },
+                                                       [&] { sample::ImagineLists(shop, options); },
+                                                       [&] { sample::ImagineVendors(shop, options); },
+                                                       [&] { sample::ImagineWorkorders(shop, options); }};
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    tell("imagined", i, steps.size());
+    steps[i]();
+  }
   return shop;
 }
 
-void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock) {
-  WriteShop(path, ImagineShop(options), clock);
+void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock,
+                    const TellMaking& tell) {
+  WriteShop(path, ImagineShop(options, tell), clock, tell);
 }
 
-void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock) {
+void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock, const TellMaking& tell) {
   ShopDirectory directory(path);
-  AddFlatFiles(directory, shop, clock);
+  AddFlatFiles(directory, shop, clock, tell);
   AddEmptyFiles(directory, {kSystemFile,     kCustomerTagFile,     kCustomerFile,  kVehicleFile,     kMakeModelFile,
                             kEmployeeFile,   kInventoryTagFile,    kInventoryFile, kDepartmentFile,  kManufacturerFile,
                             kKitFile,        kCannedLaborFile,     kLaborKitFile,  kCannedNoteFile,  kCheckListFile,
@@ -181,7 +188,7 @@ void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock&
   de database;
   ConnectTo(database, directory, clock);
   SetStandardHours(database, shop.standardHours, kFirstFudgeFactor);
-  sample::WriteEstimates(database, shop);
+  sample::WriteEstimates(database, shop, tell);
   database.Disconnect();
   directory.Keep();
 }

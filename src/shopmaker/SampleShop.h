@@ -105,10 +105,12 @@ struct SampleShop {
   std::array<std::int32_t, 7> standardHours{};  // Sunday to Saturday
   std::vector<SampleSpecialDay> specialDays;
 };
-SampleShop ImagineShop(const SampleOptions& options);
+SampleShop ImagineShop(const SampleOptions& options, const TellMaking& tell = NobodyTold);
 
 // Lays a shop down. Fails as MakeEmptyShop does.
-void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock);
-void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock);
+void WriteShop(const std::filesystem::path& path, const SampleShop& shop, Clock& clock,
+               const TellMaking& tell = NobodyTold);
+void MakeSampleShop(const std::filesystem::path& path, const SampleOptions& options, Clock& clock,
+                    const TellMaking& tell = NobodyTold);
 
 }  // namespace lantos

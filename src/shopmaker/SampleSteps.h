@@ -56,10 +56,11 @@ enum Stream : std::uint64_t {
 };
 
 // The rows of Lantos.mdb.
-void WriteEstimates(de& database, const SampleShop& shop);
+void WriteEstimates(de& database, const SampleShop& shop, const TellMaking& tell);
 
 // The tags, the archive, the texts of the active work orders and the usage history, one work order after the other.
 // The result is the newest usage record of each part, by its index.
-std::vector<FileLink> WriteWorkorders(ShopDirectory& directory, const SampleShop& shop, Clock& clock);
+std::vector<FileLink> WriteWorkorders(ShopDirectory& directory, const SampleShop& shop, Clock& clock,
+                                      const TellMaking& tell);
 
 }  // namespace lantos::sample

@@ -10,7 +10,8 @@
 // The files of the visits that there were.
 namespace lantos::sample {
 
-std::vector<FileLink> WriteWorkorders(ShopDirectory& directory, const SampleShop& shop, Clock& clock) {
+std::vector<FileLink> WriteWorkorders(ShopDirectory& directory, const SampleShop& shop, Clock& clock,
+                                      const TellMaking& tell) {
   UserSettings settings{std::filesystem::path()};  // none are looked at
   Environment environment(clock, settings);
   CheckListTable checkList(environment);
@@ -21,7 +22,9 @@ std::vector<FileLink> WriteWorkorders(ShopDirectory& directory, const SampleShop
   UsageWriter usage(directory, shop);
   PastOrders past(shop, environment.shopOptions, employees);
   Workorder workorder;
+  std::uint64_t written = 0;
   for (const SampleWorkorder& order : shop.workorders) {
+    tell("work orders", written++, shop.workorders.size());
     past.Make(order, workorder);
     const std::string text = WorkorderText(workorder, {environment.shopOptions, checkList, order.opened});
     // Behind the text, whose sums are those of the lines: so the shop's work orders agree with their tags once they

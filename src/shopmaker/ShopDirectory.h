@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -14,6 +16,11 @@ class ShopError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// How far the making of a shop is: what is being made, and how many of how many there are. Told between two steps; what
+// it throws ends the making, and nothing of the shop is left behind.
+using TellMaking = std::function<void(std::string_view what, std::uint64_t done, std::uint64_t of)>;
+inline void NobodyTold(std::string_view /*what*/, std::uint64_t /*done*/, std::uint64_t /*of*/) {}
 
 // Every file of a shop's data directory that the installation lays down, the databases among them.
 std::span<const std::string_view> ShopFileNames();

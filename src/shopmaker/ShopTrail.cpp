@@ -11,7 +11,8 @@
 
 namespace lantos {
 
-std::int64_t PruneShopTrail(const std::filesystem::path& directory, DaySerial firstKept, Clock& clock) {
+std::int64_t PruneShopTrail(const std::filesystem::path& directory, DaySerial firstKept, Clock& clock,
+                            const std::function<void()>& look) {
   if (firstKept > clock.Today()) {
     throw ShopError(fmt::format("{} is still to come; nothing was taken off the trail.", FormatIsoDate(firstKept)));
   }
@@ -22,6 +23,8 @@ std::int64_t PruneShopTrail(const std::filesystem::path& directory, DaySerial fi
   }
   de database;
   database.SetOpener([&] { return OpenDatabase(files.PathOf(kLantosDatabase), clock); });
+  database.Connection();
+  look();
   return PruneTrail(database, firstKept);
 }
 

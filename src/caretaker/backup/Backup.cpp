@@ -107,13 +107,15 @@ struct NameOfNights {
   }
 };
 
-std::vector<fs::path> DeleteOlder(const NameOfNights& names, const fs::path& folder, int keep) {
+// The one that was just made stays whatever the clock says of the others.
+std::vector<fs::path> DeleteOlder(const NameOfNights& names, const fs::path& made, int keep) {
   std::vector<fs::path> nights;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    if (names.IsOne(entry.path().filename().string())) nights.push_back(entry.path());
+  for (const fs::directory_entry& entry : fs::directory_iterator(made.parent_path())) {
+    const std::string name = entry.path().filename().string();
+    if (names.IsOne(name) && name != made.filename()) nights.push_back(entry.path());
   }
   std::sort(nights.begin(), nights.end(), std::greater<>());
-  nights.erase(nights.begin(), nights.begin() + std::min<std::ptrdiff_t>(keep, std::ssize(nights)));
+  nights.erase(nights.begin(), nights.begin() + std::min<std::ptrdiff_t>(keep - 1, std::ssize(nights)));
   std::error_code ignored;
   std::erase_if(nights, [&](const fs::path& each) { return !fs::remove(each, ignored); });
   return nights;
@@ -151,7 +153,7 @@ BackupDone MakeNightlyBackup(const fs::path& directory, const fs::path& archive,
   const fs::path folder = FolderOf(archive);
   BackupDone done =
       MakeBackup(directory, folder / (names.beginning + StampOf(clock.Now()) + names.ending), clock, tell);
-  done.deleted = DeleteOlder(names, folder, std::max(keep, 1));
+  done.deleted = DeleteOlder(names, done.archive, std::max(keep, 1));
   return done;
 }
 

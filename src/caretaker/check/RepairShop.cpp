@@ -1,6 +1,7 @@
 #include "caretaker/check/RepairShop.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <set>
@@ -76,16 +77,31 @@ class Repair {
   }
 
  private:
-  void MendAll(std::span<const Finding> findings) {
+  void CopyAll(std::span<const Finding> findings) {
     for (const Finding& finding : findings) {
       for (const Edit& edit : finding.mending.edits) CopyOnce(edit.file);
       if (!finding.mending.removes.empty()) CopyOnce(finding.mending.removes);
     }
+  }
+
+  // What fails from here on leaves some of it mended and some not: the person is told where the files lie as they were.
+  void MendAll(std::span<const Finding> findings) {
+    CopyAll(findings);
     if (beforeWriting_) beforeWriting_();
+    try {
+      WriteAll(findings);
+    } catch (const std::exception& error) {
+      throw HalfRepaired(error, repaired_.copies);
+    }
+  }
+
+  void WriteAll(std::span<const Finding> findings) {
     for (const Finding& finding : findings) {
       for (const Edit& edit : finding.mending.edits) shop_.flat.Write(edit.file, edit.offset, edit.bytes);
       const std::string& removed = finding.mending.removes;
-      if (!removed.empty() && !shop_.files.Delete(removed)) RefuseBusy(removed);
+      if (!removed.empty() && !shop_.files.Delete(removed)) {
+        throw std::runtime_error(fmt::format("\"{}\" can't be taken away: somebody has it.", removed));
+      }
     }
     shop_.flat.Flush();
   }
@@ -112,6 +128,12 @@ class Repair {
 };
 
 }  // namespace
+
+HalfRepaired::HalfRepaired(const std::exception& failure, const std::vector<std::string>& copies)
+    : WordedError(failure.what(),
+                  fmt::format("{}\n\nThe repair has ended in its middle. As they were before it, the files "
+                              "lie in the shop's directory as: {}.",
+                              WordsFor(failure), fmt::join(copies, ", "))) {}
 
 Repaired RepairShop(ShopView& shop, std::span<const Kind> kinds, Deed deed, const std::function<void()>& beforeWriting,
                     const TellKind& tellKind) {

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "caretaker/check/FlatFiles.h"
 #include "caretaker/exchange/EstimateList.h"
 #include "caretaker/exchange/ShopExport.h"
 #include "estimatedb/modEstimates.h"
@@ -9,6 +10,7 @@
 #include "frame/Numbers.h"
 #include "frame/Text.h"
 #include "frame/Version.h"
+#include "records/modSystem.h"
 
 namespace lantos {
 
@@ -56,9 +58,30 @@ struct Event {
   std::string description;
 };
 
-std::string TextOf(const Event& event, const std::string& stamp) {
+// "cedar-street-auto-repair.97331.lantos": two shops in one calendar have other events.
+std::string DomainOf(const FileIO& files) {
+  FlatFiles flat(files);
+  const auto records = flat.Records<SystemRecord>(kSystemFile);
+  std::string domain;
+  if (records.empty()) return "lantos";
+  for (const TextField field : {sysrec::company_name, sysrec::company_zip}) {
+    std::string word;
+    for (const char c : ToLower(records[0].Get(field))) {
+      if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) {
+        word += c;
+      } else if (!word.empty() && word.back() != '-') {
+        word += '-';
+      }
+    }
+    if (word.ends_with('-')) word.pop_back();
+    if (!word.empty()) domain += word + '.';
+  }
+  return domain + "lantos";
+}
+
+std::string TextOf(const Event& event, const std::string& domain, const std::string& stamp) {
   std::string text = "BEGIN:VEVENT\r\n";
-  text += Folded("UID:" + event.name + "@lantos");
+  text += Folded("UID:" + event.name + '@' + domain);
   text += "DTSTAMP:" + stamp + "\r\n";
   text += "DTSTART;VALUE=DATE:" + DateOf(event.day) + "\r\n";
   text += "DTEND;VALUE=DATE:" + DateOf(event.day + 1) + "\r\n";
@@ -95,8 +118,9 @@ Event EventOf(DaySerial day, const std::vector<const ListedEstimate*>& estimates
 
 }  // namespace
 
-std::string ShopAsCalendar(const FileIO& files, DaySerial first, DaySerial last, EventKind kind) {
-  const EstimateList list = ReadEstimateList(files);
+std::string ShopAsCalendar(const FileIO& files, DaySerial first, DaySerial last, EventKind kind, const TellRows& tell) {
+  const std::string domain = DomainOf(files);
+  const EstimateList list = ReadEstimateList(files, tell);
   std::map<DaySerial, std::vector<const ListedEstimate*>> days;
   for (const ListedEstimate& each : list.estimates) {
     if (!each.day || *each.day < first || *each.day > last) continue;
@@ -108,9 +132,9 @@ std::string ShopAsCalendar(const FileIO& files, DaySerial first, DaySerial last,
   text += Folded("PRODID:-//Lantos//" + ProgramVersion() + "//EN");
   text += "CALSCALE:GREGORIAN\r\nMETHOD:PUBLISH\r\nX-WR-CALNAME:Lantos appointments (read only)\r\n";
   for (const auto& [day, estimates] : days) {
-    if (kind == EventKind::Day) text += TextOf(EventOf(day, estimates), stamp);
+    if (kind == EventKind::Day) text += TextOf(EventOf(day, estimates), domain, stamp);
     if (kind == EventKind::Day) continue;
-    for (const ListedEstimate* each : estimates) text += TextOf(EventOf(*each), stamp);
+    for (const ListedEstimate* each : estimates) text += TextOf(EventOf(*each), domain, stamp);
   }
   return text + "END:VCALENDAR\r\n";
 }

@@ -50,25 +50,30 @@ std::map<std::int64_t, std::string> NamesOfCustomers(const FileIO& files) {
 }
 
 template <class Take>
-void EachRow(TableStore& tables, const std::string& table, const Columns& columns, Take take) {
+void EachRow(TableStore& tables, const std::string& table, const Columns& columns, const TellRows& tell, Take take) {
+  constexpr std::uint64_t kTold = 1000;
   const std::unique_ptr<RowReader> rows = tables.Read(table, columns, tables.KeyOf(table));
-  for (CellRow row; rows->Next(row);) take(row);
+  std::uint64_t done = 0;
+  for (CellRow row; rows->Next(row); ++done) {
+    if (done % kTold == 0) tell(0, 1);
+    take(row);
+  }
 }
 
 }  // namespace
 
-EstimateList ReadEstimateList(const FileIO& files) {
+EstimateList ReadEstimateList(const FileIO& files, const TellRows& tell) {
   EstimateList list;
   const std::map<std::int64_t, std::string> names = NamesOfCustomers(files);
   std::map<std::int64_t, std::int64_t> hours;
   OpenedTables opened = OpenTables(files.PathOf(kLantosDatabase), files.GetClock());
   opened.engine->ReadTogether([&] {
-    EachRow(*opened.tables, "Labors", kOfLabor, [&](const CellRow& row) {
+    EachRow(*opened.tables, "Labors", kOfLabor, tell, [&](const CellRow& row) {
       list.labor.push_back({NumberOf(row[0]), NumberOf(row[1]), TextOf(row[2]), NumberOf(row[3]), NumberOf(row[4]),
                             NumberOf(row[5]), NumberOf(row[6])});
       hours[list.labor.back().estimate] += list.labor.back().hours;
     });
-    EachRow(*opened.tables, "Estimates", kOfEstimates, [&](const CellRow& row) {
+    EachRow(*opened.tables, "Estimates", kOfEstimates, tell, [&](const CellRow& row) {
       ListedEstimate each;
       each.number = NumberOf(row[0]);
       each.day = ParseIsoDate(TextOf(row[1]));

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "caretaker/exchange/ShopExport.h"
 #include "frame/FileIO.h"
 #include "frame/Types.h"
 
@@ -38,7 +39,8 @@ struct EstimateList {
   std::vector<ListedLabor> labor;         // by estimate and line
 };
 
-// Both tables as they are at one moment. Throws FileError, DatabaseError.
-EstimateList ReadEstimateList(const FileIO& files);
+// Both tables as they are at one moment; the rows are told of as they come, none of how many. Throws FileError,
+// DatabaseError.
+EstimateList ReadEstimateList(const FileIO& files, const TellRows& tell);
 
 }  // namespace lantos

@@ -4,6 +4,7 @@ import collections
 import csv
 import datetime
 import io
+import json
 import re
 import subprocess
 
@@ -174,7 +175,7 @@ def test_an_event_an_estimate(sample):
     wanted = booked(sample, "2003-09-22", 20)
     assert len(wanted) > 10
     assert {event["UID"]: day_of(event) for event in events} == {
-        f'estimate-{row["EstimateNumber"]}@lantos': row["SchedDate"] for row in wanted}
+        f'estimate-{row["EstimateNumber"]}@cedar-street-auto-repair.97331.lantos': row["SchedDate"] for row in wanted}
     assert all(event["DESCRIPTION"].startswith("Estimate ") for event in events)
 
 
@@ -200,7 +201,7 @@ def test_others_work_meanwhile(start, shop):
 
 
 @pytest.mark.parametrize("words, code, told", [
-    (("estimates",), SHOP_WRONG_USE, "One of --csv and --ics must be given."),
+    (("estimates",), SHOP_WRONG_USE, "One of --csv, --ics and --json must be given."),
     (("--csv",), SHOP_WRONG_USE, "With --csv one of estimates, customers, vehicles, parts and labor must be given."),
     (("parts", "--ics"), SHOP_WRONG_USE, "A calendar is of the estimates"),
     (("wages", "--csv"), SHOP_WRONG_USE, "wages"),
@@ -226,3 +227,19 @@ def test_what_could_not_be_written_whole_is_told(sample, words):
                               check=False, text=True)
     assert done.returncode == SHOP_NOT_RUN
     assert done.stderr.startswith("lantos-shop: ")
+
+
+@pytest.mark.parametrize("name", ["estimates", "customers", "vehicles", "parts", "labor"])
+def test_json_has_the_rows_of_the_list(sample, name):
+    rows = list(csv.DictReader(io.StringIO(exported(sample, name, "--csv").lstrip("\ufeff"), newline="")))
+    told = json.loads(exported(sample, name, "--json"))
+    assert [list(row) for row in told] == [list(row) for row in rows]
+    first = next(iter(rows[0]))
+    assert [str(row[first]) for row in told] == [row[first] for row in rows]
+
+
+def test_one_form_and_no_other(sample):
+    for words in (["--json", "--csv"], ["--json"], ["parts", "--json", "--ics"]):
+        refused = caretaker("export", sample.directory, *words)
+        assert refused.returncode == SHOP_WRONG_USE
+        assert "must be given" in refused.stderr

@@ -66,3 +66,17 @@ def test_a_stopped_check_says_so(shop):
     shop.write()
     (shop.directory / "TQCSTDAT.DAT").write_bytes(b"no whole record")  # looked at again after a moment
     expect_stopped(stopped("check", shop.directory))
+
+
+@pytest.mark.parametrize("command", ["new", "sample"])
+def test_a_shop_that_was_stopped_in_the_making_leaves_nothing(tmp_path, command):
+    words = ("--customers", 3000, "--parts", 3000) if command == "sample" else ()
+    expect_stopped(stopped(command, tmp_path / "far" / "shop", *words))
+    assert list(tmp_path.iterdir()) == []
+
+
+def test_a_stopped_export_prints_nothing(shop):
+    shop.write()
+    with open(shop.directory / "TQCSTDAT.DAT", "wb") as file:
+        file.truncate(LONG)
+    expect_stopped(stopped("export", shop.directory, "customers", "--json"))

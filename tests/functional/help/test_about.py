@@ -23,6 +23,12 @@ def test_it_tells_version_licence_data_engine_and_log(lantos, shop, desktop):
     assert told["Last backup that was restored and compared"].startswith("none")
 
 
+def test_the_library_of_the_dictionaries_is_told_where_there_are_any(start, shop, tmp_path):
+    shop.write()
+    assert "hunspell" not in about(start(shop))["Libraries"]
+    assert about(start(shop, computer="BENCH2", dictionaries=tmp_path))["Libraries"].endswith(", hunspell")
+
+
 def test_it_tells_of_the_backup_that_was_tried_out_last(lantos, shop):
     (shop.directory / "Lantos-backup.txt").write_bytes(b"2003-09-30T07:00:00 2003-09-29T22:00:00\r\n")
     told = about(lantos)

@@ -5,6 +5,7 @@ import subprocess
 
 import pytest
 
+from caretakersteps import caretaker_says
 from driver import program_path
 from shopfiles import Shop
 from startsteps import SHOP_NOT_RUN, SHOP_WRONG_USE
@@ -51,6 +52,16 @@ def test_estimates_go_to_the_server_are_changed_there_and_come_back(start, shop,
     assert "\"north_until_" in back.stdout
     assert shop.estimate(900)["Comments"] == "on the server"
     assert [row["Description"] for row in shop.query("SELECT * FROM Labors")] == ["BRAKES"]
+
+
+def test_a_script_is_told_of_a_move_in_json(shop, server):
+    one_estimate(shop)
+    shop.write()
+    told = caretaker_says("move", shop.directory, f"postgresql://shop@/test?host={server.directory}", "--schema", "told")
+    assert {"table": "Estimates", "rows": 1} in told["tables"]
+    assert (told["datesDropped"], told["leftBehind"]) == (0, [])
+    assert told["kept"] in names(shop)
+    assert caretaker_says("move", shop.directory, "--to-file")["kept"].startswith("told_until_")
 
 
 @pytest.mark.parametrize("where", [(), ("--to-file", "postgresql:///test"), ("--to-file", "--schema", "north")])

@@ -6,6 +6,7 @@ import subprocess
 import pytest
 
 from boardlines import TODAY
+from caretakersteps import caretaker_says
 from driver import program_path
 from linesteps import LABOR, begin_to_add, fill, remove, save, set_status, stored
 from movesteps import NEW, THURSDAY, choose, full_shop, reschedule
@@ -206,3 +207,4 @@ def test_old_changes_are_taken_off_and_counted_and_a_date_that_is_none_is_refuse
     assert prune(shop, TODAY).stdout == f"Took 0 changes off the trail that were made before {TODAY}.\n"
     assert prune(shop, "2003-10-01").stdout == "Took 1 change off the trail that was made before 2003-10-01.\n"
     assert shop.query("SELECT * FROM Trail") == []
+    assert caretaker_says("prune-trail", shop.directory, TODAY) == {"taken": 0, "before": TODAY}

@@ -1,11 +1,14 @@
 #include "caretaker/check/RepairShop.h"
 
+#include <memory>
+
 #include "caretaker/CheckFixture.h"
 #include "frame/SharedFile.h"
 #include "records/Customers.h"
 #include "records/Payroll.h"
 #include "records/inventory/UsageHistory.h"
 #include "shopmaker/ShopDirectory.h"
+#include "support/NoRoomBeyond.h"
 
 namespace lantos::test {
 
@@ -87,6 +90,24 @@ const Spoiling kSpoilings[] = {
 class EachAnswer : public testing::TestWithParam<Spoiling> {};
 
 }  // namespace
+
+TEST(RepairShopTest, ThatEndsInItsMiddleNamesTheCopies) {
+  CheckedShop shop;
+  shop.Set<CustomerTag>(kCustomerTagFile, 3, customertag::NameKey, "Nobody,Ned");
+  const std::string spoiled = shop.Read(kCustomerTagFile);
+  std::unique_ptr<NoRoomBeyond> limit;
+  try {
+    Mend(shop, "tags", Deed::Mend, [&] { limit = std::make_unique<NoRoomBeyond>(1); });
+    ADD_FAILURE() << "all could be written";
+  } catch (const HalfRepaired& failure) {
+    limit.reset();
+    const std::string words = failure.Words();
+    const std::size_t at = words.find(std::string(kCustomerTagFile) + ".before-2003-09-30-");
+    ASSERT_NE(at, std::string::npos) << words;
+    EXPECT_THAT(words, HasSubstr("ended in its middle"));
+    EXPECT_EQ(shop.Read(words.substr(at, words.find('.', at + 20) - at)), spoiled);
+  }
+}
 
 TEST_P(EachAnswer, IsGivenOnceAndWhatWasThereIsKept) {
   CheckedShop shop;

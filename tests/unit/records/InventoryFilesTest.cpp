@@ -1,9 +1,9 @@
 // Tag and master of a part, read and written.
 #include "InventoryFixture.h"
-#include "NoRoomBeyond.h"
 #include "records/GivenUp.h"
 #include "records/inventory/Inventory.h"
 #include "records/modSystem.h"
+#include "support/NoRoomBeyond.h"
 
 namespace lantos::test {
 namespace {

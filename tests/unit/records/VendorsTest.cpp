@@ -4,11 +4,11 @@
 #include <set>
 #include <thread>
 
-#include "NoRoomBeyond.h"
 #include "VendorImage.h"
 #include "records/GivenUp.h"
 #include "records/modSystem.h"
 #include "support/FaultyCalls.h"
+#include "support/NoRoomBeyond.h"
 
 namespace lantos::test {
 namespace {

@@ -3,14 +3,13 @@
 #include <gmock/gmock.h>
 #include <grp.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "estimatedb/EngineChoice.h"
 #include "records/modSystem.h"
 #include "shopmaker/Contents.h"
+#include "support/NoRoomBeyond.h"
 
 namespace lantos {
 namespace {
@@ -34,6 +33,22 @@ class EmptyShop : public testing::Test {
   ScratchDirectory directory_;
   StandingClock clock_{LocalTime{37894, 0}};
 };
+
+TEST_F(EmptyShop, LeavesNothingWhicheverStepItIsEndedAt) {
+  int steps = 0;
+  MakeEmptyShop(directory_.Path() / "whole", {}, clock_, "",
+                [&](std::string_view, std::uint64_t, std::uint64_t) { ++steps; });
+  EXPECT_EQ(steps, 3);
+  for (int end = 0; end < steps; ++end) {
+    int step = 0;
+    const auto stop = [&](std::string_view, std::uint64_t done, std::uint64_t of) {
+      EXPECT_LT(done, of);
+      if (step++ == end) throw std::runtime_error("enough");
+    };
+    EXPECT_THROW(MakeEmptyShop(Shop(), {}, clock_, "", stop), std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(Shop())) << end;
+  }
+}
 
 TEST_F(EmptyShop, HasEverySharedFileAndNothingElse) {
   Make();
@@ -150,25 +165,6 @@ TEST_F(EmptyShop, RefusesADirectoryBelowAFile) {
   EXPECT_THROW(MakeEmptyShop(directory_.Path() / "file" / "shop", {}, clock_), ShopError);
 }
 
-// No file may grow beyond a limit for as long as it lives, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    oldHandler_ = signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    signal(SIGXFSZ, oldHandler_);
-  }
-
- private:
-  rlimit before_{};
-  void (*oldHandler_)(int) = nullptr;
-};
-
 mode_t ModeOf(const std::filesystem::path& path) {
   struct stat status = {};
   EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
@@ -211,7 +207,7 @@ TEST_P(FullDisk, LeavesNothingOfTheShopBehind) {
   const std::filesystem::path deep = directory_.Path() / "a" / "b";
   bool failed = false;
   {
-    FileSizeLimit limit(static_cast<rlim_t>(GetParam()));
+    test::NoRoomBeyond limit(static_cast<rlim_t>(GetParam()));
     try {
       MakeEmptyShop(deep, {}, clock_);
     } catch (const std::exception&) {
@@ -227,7 +223,7 @@ TEST_F(EmptyShop, AFailureInADirectoryThatWasThereRemovesOnlyWhatWasMade) {
   std::filesystem::create_directory(Shop());
   WriteBytes(Shop() / "readme.txt", "mine");
   {
-    FileSizeLimit limit(5000);
+    test::NoRoomBeyond limit(5000);
     EXPECT_ANY_THROW(Make());
   }
   EXPECT_THAT(Contents(Shop()), testing::ElementsAre(testing::Pair("readme.txt", "mine")));

@@ -34,6 +34,25 @@ SampleOptions Small() {
   return options;
 }
 
+TEST(SampleShop, LeavesNothingWhicheverStepItIsEndedAt) {
+  const ScratchDirectory directory;
+  StandingClock clock({kDay, 0});
+  int steps = 0;
+  MakeSampleShop(directory / "whole", Small(), clock, [&](std::string_view, std::uint64_t done, std::uint64_t of) {
+    EXPECT_LT(done, of);
+    ++steps;
+  });
+  EXPECT_GT(steps, 12 + 60);
+  for (int end = 0; end < steps; end += 11) {
+    int step = 0;
+    const auto stop = [&](std::string_view, std::uint64_t, std::uint64_t) {
+      if (step++ == end) throw std::runtime_error("enough");
+    };
+    EXPECT_THROW(MakeSampleShop(directory / "shop", Small(), clock, stop), std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(directory / "shop")) << end;
+  }
+}
+
 constexpr const char* kTables[] = {"Estimates", "Labors",    "Parts",       "Notes",        "Sublets",
                                    "Waste",     "Checklist", "SpecialDays", "StandardHours"};
 

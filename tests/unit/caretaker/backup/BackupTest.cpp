@@ -191,6 +191,14 @@ TEST_F(BackupTest, OfEveryNightKeepsTheNewestOfItsOwnNames) {
                                                "shop-20030930-081500.tar.zst", "shop-of-others.tar.zst"));
 }
 
+TEST_F(BackupTest, OfANightStaysThoughOthersBearALaterDay) {
+  place.Put("shop-20040901-020000.tar.zst", "x");
+  place.Put("shop-20050901-020000.tar.zst", "x");
+  const BackupDone done = MakeNightlyBackup(shop, archive, 1, clock, TellNobody);
+  EXPECT_EQ(done.deleted.size(), 2U);
+  EXPECT_THAT(Names(place.Path()), ElementsAre("shop-20030930-081500.tar.zst"));
+}
+
 TEST_F(BackupTest, OfANightThatFailsDeletesNothing) {
   place.Put("shop-20030901-020000.tar.zst", "x");
   const SharedFile held(shop / "TQSYSTEM.DAT", Access::ReadWrite, Deny::All);

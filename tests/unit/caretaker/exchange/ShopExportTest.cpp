@@ -6,6 +6,7 @@
 #include "frame/Dates.h"
 #include "frame/Version.h"
 #include "records/Customers.h"
+#include "records/modSystem.h"
 #include "shopmaker/EmptyShop.h"
 #include "support/ScratchDirectory.h"
 
@@ -45,36 +46,68 @@ class ShopExportTest : public ::testing::Test {
         std::to_string(number) + ", 7, '" + day + "', " + std::to_string(status) + ", 'first\nsecond', 'Ford')");
   }
   std::string Calendar(EventKind kind, int days = 7) {
-    return ShopAsCalendar(files, ToSerial({2003, 9, 29}), ToSerial({2003, 9, 29}) + days - 1, kind);
+    return ShopAsCalendar(files, ToSerial({2003, 9, 29}), ToSerial({2003, 9, 29}) + days - 1, kind, nobody);
   }
 
   ScratchDirectory place;
   StandingClock clock{*ParseLocalTime("2003-09-30T08:15:00")};
   FileIO files{clock};
+  TellRows nobody = [](std::uint64_t, std::uint64_t) {};
 };
 
 TEST_F(ShopExportTest, CustomersAreUnicodeAndNoFormulas) {
   EXPECT_EQ(
-      ShopAsCsv(files, ExportKind::Customers),
+      ShopAsCsv(files, ExportKind::Customers, nobody),
       "\xEF\xBB\xBFNumber,Last name,First name,Address,City,State,Zip,Home phone,Work phone,Other phone,Since,"
       "Comment\r\n7,\"M\xC3\xBCller\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",2001-02-03,\"'=1+1, \"\"x\"\"\"\r\n");
 }
 
 TEST_F(ShopExportTest, EstimatesHaveNamesAndHours) {
   EXPECT_THAT(
-      ShopAsCsv(files, ExportKind::Estimates),
+      ShopAsCsv(files, ExportKind::Estimates, nobody),
       HasSubstr("\r\n900,2003-09-30,\"Scheduled\",7,\"M\xC3\xBCller,John\",\"Ford\",\"\",1.50,\"first\nsecond\"\r\n"));
 }
 
 TEST_F(ShopExportTest, LaborIsInHoursAndDollars) {
-  EXPECT_THAT(ShopAsCsv(files, ExportKind::Labor),
+  EXPECT_THAT(ShopAsCsv(files, ExportKind::Labor, nobody),
               HasSubstr("\r\n900,1,\"Brakes; all, of them\",1.50,65.00,97.50,0\r\n"));
 }
 
 TEST_F(ShopExportTest, ListsOfNothingAreAHeading) {
-  EXPECT_EQ(ShopAsCsv(files, ExportKind::Parts),
+  EXPECT_EQ(ShopAsCsv(files, ExportKind::Parts, nobody),
             "\xEF\xBB\xBFNumber,Description,Cost,Wholesale,Resale,Retail,In stock\r\n");
-  EXPECT_THAT(ShopAsCsv(files, ExportKind::Vehicles), HasSubstr("Mileage of\r\n"));
+  EXPECT_THAT(ShopAsCsv(files, ExportKind::Vehicles, nobody), HasSubstr("Mileage of\r\n"));
+}
+
+TEST_F(ShopExportTest, JsonHasTheSameRowsWithNumbersAndNoGuards) {
+  const auto customers = ShopAsJson(files, ExportKind::Customers, nobody);
+  ASSERT_EQ(customers.size(), 1U);
+  EXPECT_EQ(customers[0]["Number"], 7);
+  EXPECT_EQ(customers[0]["Last name"], "M\xC3\xBCller");
+  EXPECT_EQ(customers[0]["Since"], "2001-02-03");
+  EXPECT_EQ(customers[0]["Comment"], "=1+1, \"x\"");
+  const auto labor = ShopAsJson(files, ExportKind::Labor, nobody);
+  EXPECT_EQ(labor.dump(), R"([{"Estimate":900,"Line":1,"Description":"Brakes; all, of them","Hours":1.5,"Rate":65.0,)"
+                          R"("Total":97.5,"Technician":0}])");
+  EXPECT_EQ(ShopAsJson(files, ExportKind::Parts, nobody).dump(), "[]");
+  AddEstimate(901, "", 0);
+  EXPECT_TRUE(ShopAsJson(files, ExportKind::Estimates, nobody)[1]["Day"].is_null());
+}
+
+TEST_F(ShopExportTest, EachListTellsHowFarItIsAndCanBeEnded) {
+  for (const ExportKind kind :
+       {ExportKind::Estimates, ExportKind::Customers, ExportKind::Vehicles, ExportKind::Parts, ExportKind::Labor}) {
+    EXPECT_THROW(ShopAsCsv(files, kind, [](std::uint64_t, std::uint64_t) { throw std::runtime_error("enough"); }),
+                 std::runtime_error);
+  }
+}
+
+TEST_F(ShopExportTest, EventsOfTwoShopsHaveOtherNames) {
+  SystemRecord system;
+  system.Put(sysrec::company_name, "Miller's  Garage & Co.");
+  system.Put(sysrec::company_zip, "97331-1");
+  PutRecord("TQSYSTEM.DAT", system.Bytes());
+  EXPECT_THAT(Calendar(EventKind::Estimate), HasSubstr("UID:estimate-900@miller-s-garage-co.97331-1.lantos\r\n"));
 }
 
 TEST_F(ShopExportTest, ACalendarHasAnEventADay) {
