@@ -4,7 +4,9 @@ import os
 from functools import partial
 
 from caretakersteps import caretaker, caretaker_says
-from copysteps import STOCK, USED, convert_patiently, converting_copies, copies, in_parallel, shop, work
+from copysteps import STOCK, USED, be_patient, convert_patiently, converting_copies, copies, in_parallel, shop, work
+from linesteps import LABOR, begin_to_add, close_list, fill, open_list, save
+from screens import book
 from shopfiles import Shop
 from startsteps import SHOP_LEFT, SHOP_NOT_RUN, SHOP_WRONG_USE
 from workfiles import one_estimate, show
@@ -30,9 +32,31 @@ def expect_whole(shop):
     return len(numbers)
 
 
-def test_a_storm_of_conversions_is_restored_whole(copies, work, tmp_path):
+def expect_booked(shop, booked):
+    """What was booked before a backup began is in it, whole, and the counter is behind none of its numbers."""
+    estimates = {row["EstimateNumber"] for row in shop.query("SELECT EstimateNumber FROM Estimates")}
+    lines = {(row["EstimateNumber"], row["Description"].split("\t")[0].upper()) for row in shop.query("SELECT * FROM Labors")}
+    assert set(booked) <= estimates
+    assert {(number, f"OF {number}") for number in booked} <= lines
+    assert max(estimates) < shop.read_system()["last_estimate_number"]
+
+
+def book_with_labor(copy):
+    book(copy, 7, vehicle_row=0)
+    number = int(copy.caption("frameDetailView").split("# ")[1][:6])
+    open_list(copy, LABOR)
+    begin_to_add(copy, LABOR)
+    fill(copy, LABOR, f"Of {number}", 1)
+    save(copy, LABOR)
+    close_list(copy, LABOR)
+    return number
+
+
+def test_a_storm_of_bookings_and_conversions_is_restored_whole(copies, work, tmp_path):
+    work.system["last_estimate_number"] = 1001
     running = converting_copies(copies, work, COPIES)
-    taken = []
+    clerk = be_patient(copies(work, computer="CLERK", settings=tmp_path / "clerk"))
+    taken, booked, known = [], [], []
 
     def convert(number, copy):
         while len(taken) < BACKUPS:
@@ -41,16 +65,24 @@ def test_a_storm_of_conversions_is_restored_whole(copies, work, tmp_path):
     def back_up():
         try:
             for i in range(BACKUPS):
+                known.append(len(booked))
                 taken.append(caretaker("backup", work.directory, tmp_path / f"{i}.tar.zst"))
         finally:
             taken.extend([None] * BACKUPS)
 
-    in_parallel(back_up, *(partial(convert, 900 + i, copy) for i, copy in enumerate(running)))
+    def book_on():
+        while len(taken) < BACKUPS:
+            booked.append(book_with_labor(clerk))
+
+    in_parallel(back_up, book_on, *(partial(convert, 900 + i, copy) for i, copy in enumerate(running)))
     for i, backup in enumerate(taken[:BACKUPS]):
         assert backup.returncode == 0, backup.stderr
         assert caretaker_says("verify", tmp_path / f"{i}.tar.zst")["differences"] == []
         caretaker_says("restore", tmp_path / f"{i}.tar.zst", tmp_path / f"restored{i}")
-        expect_whole(Shop(tmp_path / f"restored{i}"))
+        restored = Shop(tmp_path / f"restored{i}")
+        expect_whole(restored)
+        expect_booked(restored, booked[:known[i]])
+    assert known[-1] > 0 and len(set(booked)) == len(booked)
 
 
 def test_what_was_lost_comes_back_and_the_shop_goes_on(start, shop, tmp_path):

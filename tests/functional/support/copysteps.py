@@ -148,6 +148,20 @@ def conversion_lines():
             '{"do":"answer","button":"OK"}', '{"do":"answer","button":"OK"}']
 
 
+def be_patient(copy):
+    """From here on its person tries again by themselves where a file is held."""
+    send_text = copy.send_text
+
+    def send_patiently(text):
+        answer = send_text(text)
+        while answer.get("waiting") == "box" and "locked by another user" in answer["text"] and "Retry" in answer["buttons"]:
+            answer = send_text('{"do":"answer","button":"Retry"}')
+        return answer
+
+    copy.send_text = send_patiently
+    return copy
+
+
 def convert_patiently(copy):
     """The number of the work order. A file that is held is tried again."""
     copy.click("cmdConvert")
