@@ -1,8 +1,6 @@
 #include "estimatedb/DatabasePlace.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -11,6 +9,7 @@
 
 #include "estimatedb/EstimateDatabase.h"
 #include "frame/Dates.h"
+#include "frame/FlushDirectory.h"
 #include "frame/PathText.h"
 #include "frame/SharedFile.h"
 #include "frame/WorkingCopies.h"
@@ -18,18 +17,6 @@
 namespace lantos {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-// The directory as such; what can't be pushed there is left to the system.
-void FlushNames(const fs::path& directory) {
-  const int descriptor = ::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
-}
-
-}  // namespace
 
 void RefuseWith(const std::string& words) { throw DatabaseError(words, DatabaseErrorKind::Refused, 0, words); }
 
@@ -59,7 +46,7 @@ void InTheMaking::TakeThePlaceOf(const fs::path& place) {
   if (::rename(path_.c_str(), place.c_str()) != 0) {
     ThrowFileError(errno, fmt::format("putting \"{}\" in its place", TextOfPath(place)));
   }
-  FlushNames(place.parent_path());
+  FlushDirectory(place.parent_path());
 }
 
 void InTheMaking::Remove() noexcept {

@@ -9,6 +9,7 @@
 
 #include "caretaker/backup/Archive.h"
 #include "caretaker/backup/BackupError.h"
+#include "caretaker/backup/LeftOvers.h"
 #include "caretaker/backup/PlainFile.h"
 #include "caretaker/backup/ShopFigures.h"
 #include "caretaker/backup/ShopTaking.h"
@@ -16,6 +17,7 @@
 #include "frame/Dates.h"
 #include "frame/FileError.h"
 #include "frame/FileIO.h"
+#include "frame/FlushDirectory.h"
 #include "frame/PathText.h"
 #include "frame/Version.h"
 #include "records/modSystem.h"
@@ -54,7 +56,7 @@ void RefuseInside(const fs::path& directory, const fs::path& archive) {
 // Gone again unless it has got its name.
 class Making {
  public:
-  explicit Making(fs::path archive) : archive_(std::move(archive)), path_(archive_.string() + ".part") {}
+  explicit Making(fs::path archive) : archive_(std::move(archive)), path_(archive_.string() + kBegunEnding) {}
   ~Making() {
     std::error_code ignored;
     if (!isPlaced_) fs::remove(path_, ignored);
@@ -107,18 +109,22 @@ struct NameOfNights {
   }
 };
 
-// The one that was just made stays whatever the clock says of the others.
-std::vector<fs::path> DeleteOlder(const NameOfNights& names, const fs::path& made, int keep) {
-  std::vector<fs::path> nights;
-  for (const fs::directory_entry& entry : fs::directory_iterator(made.parent_path())) {
+// By the time at which they were written, since a clock that was wrong is in the names. The new one isn't among them.
+std::vector<fs::path> DeleteOlder(const NameOfNights& names, const fs::path& newest, int keep) {
+  std::vector<std::pair<fs::file_time_type, fs::path>> nights;
+  std::error_code ignored;
+  for (const fs::directory_entry& entry : fs::directory_iterator(FolderOf(newest))) {
     const std::string name = entry.path().filename().string();
-    if (names.IsOne(name) && name != made.filename()) nights.push_back(entry.path());
+    if (names.IsOne(name) && name != newest.filename().string()) {
+      nights.emplace_back(entry.last_write_time(ignored), entry.path());
+    }
   }
   std::sort(nights.begin(), nights.end(), std::greater<>());
-  nights.erase(nights.begin(), nights.begin() + std::min<std::ptrdiff_t>(keep - 1, std::ssize(nights)));
-  std::error_code ignored;
-  std::erase_if(nights, [&](const fs::path& each) { return !fs::remove(each, ignored); });
-  return nights;
+  std::vector<fs::path> deleted;
+  for (std::size_t i = static_cast<std::size_t>(keep - 1); i < nights.size(); ++i) {
+    if (fs::remove(nights[i].second, ignored)) deleted.push_back(nights[i].second);
+  }
+  return deleted;
 }
 
 }  // namespace
@@ -126,8 +132,10 @@ std::vector<fs::path> DeleteOlder(const NameOfNights& names, const fs::path& mad
 BackupDone MakeBackup(const fs::path& directory, const fs::path& archive, Clock& clock, const TellBackup& tell) {
   RefuseNoShop(directory, clock);
   RefuseInside(directory, archive);
-  const ScratchFolder copies(archive.string() + ".copies");
   BackupDone done;
+  const std::string name = archive.filename().string();
+  done.cleared = ClearLeftOvers(FolderOf(archive), [&name](std::string_view each) { return each == name; });
+  const ScratchFolder copies(archive.string() + std::string(kCopiesMark));
   done.archive = archive;
   done.manifest.madeAt = IsoTime(clock.Now());
   done.manifest.directory = fs::absolute(directory).lexically_normal().string();
@@ -151,8 +159,13 @@ BackupDone MakeNightlyBackup(const fs::path& directory, const fs::path& archive,
                              const TellBackup& tell) {
   const NameOfNights names(archive);
   const fs::path folder = FolderOf(archive);
+  RefuseNoShop(directory, clock);
+  RefuseInside(directory, archive);
+  const auto cleared =
+      ClearLeftOvers(folder, [&names](std::string_view each) { return names.IsOne(std::string(each)); });
   BackupDone done =
       MakeBackup(directory, folder / (names.beginning + StampOf(clock.Now()) + names.ending), clock, tell);
+  done.cleared.insert(done.cleared.end(), cleared.begin(), cleared.end());
   done.deleted = DeleteOlder(names, done.archive, std::max(keep, 1));
   return done;
 }

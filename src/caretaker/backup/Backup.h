@@ -24,6 +24,7 @@ struct BackupDone {
   Manifest manifest;
   std::vector<std::string> leftOut;            // what lies in the directory and is no file of a shop
   std::vector<std::filesystem::path> deleted;  // older ones
+  std::vector<std::filesystem::path> cleared;  // what a run that was killed had left beside it
   int rounds = 0;
 };
 
@@ -34,7 +35,7 @@ BackupDone MakeBackup(const std::filesystem::path& directory, const std::filesys
                       const TellBackup& tell);
 
 // The same for a job of every night: the time goes into the name ("shop-20030930-081500.tar.zst"), and when the new one
-// is whole all but the newest of these names are deleted.
+// is whole, it and the newest of the others stay; the other ones of these names are deleted.
 BackupDone MakeNightlyBackup(const std::filesystem::path& directory, const std::filesystem::path& archive, int keep,
                              Clock& clock, const TellBackup& tell);
 

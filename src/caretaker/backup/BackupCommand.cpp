@@ -22,6 +22,9 @@ void TellPlainly(const BackupDone& done) {
   TellLine(fmt::format("Made \"{}\": {} files of {} bytes, as they were at {}.", TextOfPath(done.archive),
                        done.manifest.files.size(), done.manifest.TotalLength(), done.manifest.madeAt));
   for (const auto& older : done.deleted) TellLine(fmt::format("Deleted the older \"{}\".", TextOfPath(older)));
+  for (const auto& each : done.cleared) {
+    TellLine(fmt::format("Took \"{}\" away, which a run that was killed had left.", TextOfPath(each)));
+  }
   for (const std::string& name : done.leftOut) {
     TellLine(fmt::format("Left out \"{}\": it isn't a file of this directory that a program of the shop can open.",
                          TextOfPath(name)));
@@ -31,11 +34,14 @@ void TellPlainly(const BackupDone& done) {
 void TellAsJson(const BackupDone& done) {
   nlohmann::ordered_json deleted = nlohmann::ordered_json::array();
   for (const auto& older : done.deleted) deleted.push_back(older.string());
+  nlohmann::ordered_json cleared = nlohmann::ordered_json::array();
+  for (const auto& each : done.cleared) cleared.push_back(each.string());
   TellJson({{"file", done.archive.string()},
             {"made", done.manifest.madeAt},
             {"files", done.manifest.files.size()},
             {"bytes", done.manifest.TotalLength()},
             {"deleted", deleted},
+            {"cleared", cleared},
             {"left out", done.leftOut}});
 }
 

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <stdlib.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -84,22 +85,49 @@ BackedFile PlainFile::Described() const {
   return file;
 }
 
-void FlushDirectory(const fs::path& directory) {
-  const int descriptor = ::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
+namespace {
+
+// -1 where it can't be opened.
+int OpenFolder(const fs::path& folder) {
+  return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
 }
 
+bool IsStillNamed(int descriptor, const fs::path& folder) {
+  struct stat opened = {}, named = {};
+  return ::fstat(descriptor, &opened) == 0 && ::lstat(folder.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+         opened.st_ino == named.st_ino;
+}
+
+}  // namespace
+
+// Between the making and the lock somebody may take it for a dead one's: then another is made.
 ScratchFolder::ScratchFolder(const fs::path& beginning) {
-  std::string name = beginning.string() + "-XXXXXX";
-  if (::mkdtemp(name.data()) == nullptr) Fail("making a folder beside", beginning);
-  path_ = name;
+  for (;;) {
+    std::string name = beginning.string() + "-XXXXXX";
+    if (::mkdtemp(name.data()) == nullptr) Fail("making a folder beside", beginning);
+    path_ = name;
+    lock_ = OpenFolder(path_);
+    const bool isTaken = lock_ >= 0 && ::flock(lock_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (!isTaken && lock_ >= 0 && IsStillNamed(lock_, path_)) return;
+    if (lock_ < 0 && errno != ENOENT) return;
+    if (lock_ >= 0) ::close(lock_);
+  }
 }
 
 ScratchFolder::~ScratchFolder() {
   std::error_code ignored;
   fs::remove_all(path_, ignored);
+  if (lock_ >= 0) ::close(lock_);
+}
+
+bool RemoveIfDead(const fs::path& folder) {
+  const int lock = OpenFolder(folder);
+  if (lock < 0) return false;
+  std::error_code error;
+  const bool isDead = ::flock(lock, LOCK_EX | LOCK_NB) == 0 && IsStillNamed(lock, folder);
+  const bool isRemoved = isDead && fs::remove_all(folder, error) > 0 && !error;
+  ::close(lock);
+  return isRemoved;
 }
 
 }  // namespace lantos

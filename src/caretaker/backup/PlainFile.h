@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <span>
+#include <string_view>
 
 #include "caretaker/backup/Manifest.h"
 
@@ -35,10 +36,12 @@ class PlainFile {
   int descriptor_;
 };
 
-// A directory's names, on the disk when it returns; what can't be pushed there is left to the system.
-void FlushDirectory(const std::filesystem::path& directory);
+// What stands behind an archive's name in those of the files that come and go beside it.
+inline constexpr std::string_view kCopiesMark = ".copies";
+inline constexpr std::string_view kVerifyMark = ".verify";
+inline constexpr const char* kBegunEnding = ".part";
 
-// A folder of this program's own, gone at the end.
+// A folder of this program's own, gone at the end. A lock on it, which ends with the process, says that it is in use.
 class ScratchFolder {
  public:
   // Made under a free name that begins so, for this user alone. Throws FileError.
@@ -50,6 +53,10 @@ class ScratchFolder {
 
  private:
   std::filesystem::path path_;
+  int lock_ = -1;
 };
+
+// A scratch folder whose owner lives no more is removed. False of any other, and where no such lock can be had.
+bool RemoveIfDead(const std::filesystem::path& folder);
 
 }  // namespace lantos

@@ -18,6 +18,7 @@
 #include "estimatedb/EstimateDatabase.h"
 #include "frame/Dates.h"
 #include "frame/FileIO.h"
+#include "frame/FlushDirectory.h"
 #include "frame/PathText.h"
 #include "frame/SharedFile.h"
 #include "frame/Text.h"

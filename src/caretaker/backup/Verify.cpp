@@ -52,7 +52,7 @@ bool IsShop(const std::filesystem::path& directory) {
 }  // namespace
 
 Verified Verify(const std::filesystem::path& archive, Clock& clock, const TellBackup& tell) {
-  const ScratchFolder scratch(archive.string() + ".verify");
+  const ScratchFolder scratch(archive.string() + std::string(kVerifyMark));
   Verified verified;
   verified.manifest = Restore(archive, scratch.Path(), {}, clock, tell).manifest;
   verified.differences = Compare(verified.manifest.figures, FiguresOf(scratch.Path(), clock));

@@ -6,6 +6,7 @@
 #include "caretaker/check/Words.h"
 #include "frame/Dates.h"
 #include "frame/RunLog.h"
+#include "frame/WorkingCopies.h"
 #include "records/inventory/InventoryLayout.h"
 
 namespace lantos {
@@ -15,19 +16,10 @@ namespace {
 // A copy that runs takes its mail in every few seconds.
 constexpr std::int64_t kPatience = 10 * 60 * 1000;
 
-bool IsInUse(const FileIO& files, const std::string& name) {
-  try {
-    const SharedFile opened(files.PathOf(name), Access::Read, Deny::None, Absent::Fail);
-    return false;
-  } catch (const FileError& error) {
-    return error.Number() == FileErrorNumber::PermissionDenied;
-  }
-}
-
 // A copy has its log to itself for as long as it runs, past midnight too.
 bool RunsSince(const FileIO& files, std::string_view dayMark) {
   for (const std::string& log : files.List(fmt::format("LN{}*.LOG", dayMark))) {
-    if (IsInUse(files, log)) return true;
+    if (IsLogInUse(files, log)) return true;
   }
   return false;
 }

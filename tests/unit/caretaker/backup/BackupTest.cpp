@@ -3,9 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <chrono>
+#include <fstream>
 #include <thread>
 
 #include "caretaker/backup/BackupFixture.h"
+#include "caretaker/backup/PlainFile.h"
 #include "caretaker/backup/ShopFigures.h"
 #include "estimatedb/EngineChoice.h"
 #include "frame/SharedFile.h"
@@ -191,12 +193,42 @@ TEST_F(BackupTest, OfEveryNightKeepsTheNewestOfItsOwnNames) {
                                                "shop-20030930-081500.tar.zst", "shop-of-others.tar.zst"));
 }
 
-TEST_F(BackupTest, OfANightStaysThoughOthersBearALaterDay) {
-  place.Put("shop-20040901-020000.tar.zst", "x");
-  place.Put("shop-20050901-020000.tar.zst", "x");
-  const BackupDone done = MakeNightlyBackup(shop, archive, 1, clock, TellNobody);
-  EXPECT_EQ(done.deleted.size(), 2U);
-  EXPECT_THAT(Names(place.Path()), ElementsAre("shop-20030930-081500.tar.zst"));
+TEST_F(BackupTest, OfThisNightStaysWhereAClockWasAheadOnce) {
+  place.Put("shop-20991231-020000.tar.zst", "x");
+  place.Put("shop-20991230-020000.tar.zst", "x");
+  const auto aDayAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(24);
+  std::filesystem::last_write_time(place / "shop-20991231-020000.tar.zst", aDayAgo);
+  const BackupDone done = MakeNightlyBackup(shop, archive, 2, clock, TellNobody);
+  EXPECT_THAT(done.deleted, ElementsAre(place / "shop-20991231-020000.tar.zst"));
+  EXPECT_THAT(Names(place.Path()), ElementsAre("shop-20030930-081500.tar.zst", "shop-20991230-020000.tar.zst"));
+}
+
+void LeaveFolder(const std::filesystem::path& folder) {
+  std::filesystem::create_directory(folder);
+  std::ofstream(folder / "TQSYSTEM.DAT") << "x";
+}
+
+TEST_F(BackupTest, TakesAwayWhatAKilledOneLeft) {
+  LeaveFolder(place / "shop.tar.zst.copies-abc123");
+  LeaveFolder(place / "shop.tar.zst.verify-abc123");
+  LeaveFolder(place / "other.tar.zst.copies-abc123");
+  LeaveFolder(place / "shop.tar.zst.copies-notours");
+  const ScratchFolder living(place / "shop.tar.zst.copies");
+  EXPECT_THAT(Backup().cleared, ::testing::UnorderedElementsAre(place / "shop.tar.zst.copies-abc123",
+                                                                place / "shop.tar.zst.verify-abc123"));
+  EXPECT_TRUE(std::filesystem::exists(living.Path()));
+  EXPECT_TRUE(std::filesystem::exists(place / "other.tar.zst.copies-abc123"));
+  EXPECT_TRUE(std::filesystem::exists(place / "shop.tar.zst.copies-notours"));
+  EXPECT_FALSE(std::filesystem::exists(place / "shop.tar.zst.copies-abc123"));
+  EXPECT_TRUE(Backup().cleared.empty());
+}
+
+TEST_F(BackupTest, OfANightTakesAwayWhatAnyNightLeft) {
+  LeaveFolder(place / "shop-20030901-020000.tar.zst.copies-abc123");
+  place.Put("shop-20030901-020000.tar.zst.part", "x");
+  EXPECT_THAT(
+      MakeNightlyBackup(shop, archive, 2, clock, TellNobody).cleared,
+      ElementsAre(place / "shop-20030901-020000.tar.zst.copies-abc123", place / "shop-20030901-020000.tar.zst.part"));
 }
 
 TEST_F(BackupTest, OfANightThatFailsDeletesNothing) {
