@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <system_error>
@@ -44,9 +45,7 @@ std::vector<fs::path> ClearLeftOvers(const fs::path& folder, const std::function
     if (archive && isFolder && isMeant(*archive)) found[std::string(*archive)].push_back(entry.path());
   }
   for (auto& [archive, folders] : found) {
-    for (const fs::path& each : folders) {
-      if (RemoveIfDead(each)) cleared.push_back(each);
-    }
+    std::copy_if(folders.begin(), folders.end(), std::back_inserter(cleared), RemoveIfDead);
     // Whoever makes it has a folder beside it.
     const fs::path begun = folder / (archive + kBegunEnding);
     const bool isAnyLeft =
