@@ -38,6 +38,16 @@ std::string NameOf(const Engine& engine) {
   return server == nullptr ? std::string() : server->Name();
 }
 
+std::vector<std::string> LibrariesOfEngines() {
+  std::vector<std::string> libraries = LibrariesOfFiles();
+  try {
+    libraries.push_back(LibraryOfServers());
+  } catch (const DatabaseError&) {
+    // It isn't installed.
+  }
+  return libraries;
+}
+
 std::unique_ptr<Engine> CreateDatabaseFile(const std::filesystem::path& path, const Clock& clock) {
   return std::make_unique<SqliteEngine>(path, clock, SqliteEngine::Mode::New);
 }

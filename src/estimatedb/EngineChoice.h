@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "estimatedb/engine/Engine.h"
 #include "estimatedb/engine/FileCopier.h"
@@ -23,6 +24,10 @@ std::unique_ptr<Engine> OpenDatabase(const std::filesystem::path& path, const Cl
 // What an engine is and where its tables lie, for a person: "SQLite 3.40.1 in \"/srv/shop/Lantos.mdb\"". It asks
 // nobody; empty of an engine that isn't one of the program's.
 std::string NameOf(const Engine& engine);
+
+// The libraries behind the engines, each with its version: "SQLite 3.40.1, SQLiteCpp 3.2.1, libpq 15.8". Without libpq
+// where it isn't installed.
+std::vector<std::string> LibrariesOfEngines();
 
 // Makes a database without tables in a file that isn't there yet. Throws DatabaseError; one that is there already stays
 // as it is.

@@ -22,13 +22,15 @@ constexpr std::string_view kLicence = "MIT License";
 constexpr const char* kSystemFile = "/etc/os-release";
 constexpr std::string_view kSystemName = "PRETTY_NAME=";
 
-// Those of the databases are told with the databases; that of the dictionaries tells no version.
-std::string Libraries(const Shop& shop) {
-  const ui::HelpDesk* desk = ui::HelpDeskOf(shop.desktop);
+// All that the program is linked with or loads. hunspell tells no version at run time: it is the one it was built with.
+std::string Libraries(ui::Desktop& desktop) {
+  const ui::HelpDesk* desk = ui::HelpDeskOf(desktop);
   const std::string windows = desk == nullptr ? std::string() : desk->Library();
-  return fmt::format("{}{}fmt {}.{}.{}, nlohmann-json {}.{}.{}{}", windows, windows.empty() ? "" : ", ",
-                     FMT_VERSION / 10000, FMT_VERSION / 100 % 100, FMT_VERSION % 100, NLOHMANN_JSON_VERSION_MAJOR,
-                     NLOHMANN_JSON_VERSION_MINOR, NLOHMANN_JSON_VERSION_PATCH, shop.openSpeller ? ", hunspell" : "");
+  std::string text = windows + (windows.empty() ? "" : ", ");
+  for (const std::string& library : LibrariesOfEngines()) text += library + ", ";
+  return text + fmt::format("hunspell {}, fmt {}.{}.{}, nlohmann-json {}.{}.{}", LANTOS_HUNSPELL_VERSION,
+                            FMT_VERSION / 10000, FMT_VERSION / 100 % 100, FMT_VERSION % 100,
+                            NLOHMANN_JSON_VERSION_MAJOR, NLOHMANN_JSON_VERSION_MINOR, NLOHMANN_JSON_VERSION_PATCH);
 }
 
 // "Debian GNU/Linux 12 (bookworm), Linux 6.1.0, x86_64"
@@ -83,7 +85,7 @@ std::string AboutText(const Shop& shop, EstimateDatabase& database) {
   const auto line = [&](std::string_view what, const std::string& is) { text += fmt::format("{}: {}\r\n", what, is); };
   line("Program", "Lantos " + ProgramVersion());
   line("Licence", std::string(kLicence));
-  line("Libraries", Libraries(shop));
+  line("Libraries", Libraries(shop.desktop));
   line("System", System());
   line("Workstation", orNone);
   line("Data directory", environment.files.DataDir());

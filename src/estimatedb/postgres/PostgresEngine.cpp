@@ -340,4 +340,9 @@ void PostgresEngine::Rethrow(const PostgresFailure& failure, std::string_view st
   throw error;
 }
 
+std::string LibraryOfServers() {
+  const int version = Pq().libVersion();
+  return fmt::format("libpq {}.{}", version / 10000, version % 10000);
+}
+
 }  // namespace lantos

@@ -127,4 +127,7 @@ class PostgresEngine : public Engine {
   bool isReadingAhead_ = false;
 };
 
+// "libpq 15.8". Throws DatabaseError where it isn't installed.
+std::string LibraryOfServers();
+
 }  // namespace lantos

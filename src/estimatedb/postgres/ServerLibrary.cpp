@@ -60,6 +60,7 @@ void TakeAsking(void* library, ServerLibrary& calls) {
   Take(library, "PQgetlength", calls.getlength);
   Take(library, "PQgetvalue", calls.getvalue);
   Take(library, "PQisBusy", calls.isBusy);
+  Take(library, "PQlibVersion", calls.libVersion);
   Take(library, "PQnfields", calls.nfields);
   Take(library, "PQnotifies", calls.notifies);
   Take(library, "PQntuples", calls.ntuples);

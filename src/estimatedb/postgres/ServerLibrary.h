@@ -27,6 +27,7 @@ struct ServerLibrary {
   decltype(&PQgetlength) getlength;
   decltype(&PQgetvalue) getvalue;
   decltype(&PQisBusy) isBusy;
+  decltype(&PQlibVersion) libVersion;
   decltype(&PQnfields) nfields;
   decltype(&PQnotifies) notifies;
   decltype(&PQntuples) ntuples;

@@ -2,6 +2,7 @@
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <SQLiteCpp/Transaction.h>
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -313,6 +314,10 @@ void SqliteEngine::Rethrow(std::string_view statement, const std::vector<Value>&
     const std::string words = WordsOfLock(file, busyTimeout_);
     throw DatabaseError(fmt::format("{}\n\n{}", words, details), kind, code, words);
   }
+}
+
+std::vector<std::string> LibrariesOfFiles() {
+  return {std::string("SQLite ") + sqlite3_libversion(), "SQLiteCpp " SQLITECPP_VERSION};
 }
 
 }  // namespace lantos

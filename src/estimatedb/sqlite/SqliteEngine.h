@@ -81,4 +81,7 @@ class SqliteEngine : public Engine {
   std::exception_ptr allUndone_;  // why nothing of the running transaction is left
 };
 
+// "SQLite 3.40.1", "SQLiteCpp 3.2.1".
+std::vector<std::string> LibrariesOfFiles();
+
 }  // namespace lantos

@@ -15,18 +15,14 @@ def test_it_tells_version_licence_data_engine_and_log(lantos, shop, desktop):
     assert re.fullmatch(r"Lantos \d+\.\d+\.\d+", told["Program"])
     assert told["Licence"] == "MIT License"
     assert ("Qt 6." in told["Libraries"]) == (desktop == "qt")
-    assert "fmt " in told["Libraries"]
+    for library in ("SQLite 3.", "SQLiteCpp ", "libpq ", "hunspell ", "fmt ", "nlohmann-json "):
+        assert re.search(rf"(^|, ){re.escape(library)}\d*", told["Libraries"]), library
+    assert all(re.fullmatch(r"\S+ \d+(\.\d+)+", library) for library in told["Libraries"].split(", "))
     assert told["Workstation"] == "BENCH1"
     assert told["Data directory"] == f"{shop.directory}\\"
     assert told["Estimates"].startswith(("SQLite 3.", "PostgreSQL"))
     assert os.path.exists(told["Run log"])
     assert told["Last backup that was restored and compared"].startswith("none")
-
-
-def test_the_library_of_the_dictionaries_is_told_where_there_are_any(start, shop, tmp_path):
-    shop.write()
-    assert "hunspell" not in about(start(shop))["Libraries"]
-    assert about(start(shop, computer="BENCH2", dictionaries=tmp_path))["Libraries"].endswith(", hunspell")
 
 
 def test_it_tells_of_the_backup_that_was_tried_out_last(lantos, shop):
