@@ -1,5 +1,7 @@
 #include "history/frmWOHist.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -14,6 +16,8 @@ namespace {
 constexpr ui::Twips kWidth = 14100;
 constexpr ui::Twips kHeight = 9000;
 constexpr const char* kTitle = "Workorder History";
+constexpr const char* kSearching = "Searching...";
+constexpr std::int64_t kLong = 1000;  // milliseconds: from then on a search tells how far it is
 constexpr const char* kNoCriteria = "You must enter search criteria!";
 constexpr SearchCriterion::Kind kKinds[] = {SearchCriterion::Kind::Name, SearchCriterion::Kind::Vin,
                                             SearchCriterion::Kind::License};
@@ -217,9 +221,14 @@ WorkorderSearch::Outcome frmWOHist::SearchOn() {
     frmWOHist& form_;
   };
   stopped_ = false;
+  lblSearching.SetCaption(kSearching);
   const Searching searching(*this);
   cmdCancelSearch.SetFocus();
-  return search_.SearchOn([this] {
+  const Clock& clock = shop_.environment.clock;
+  return search_.SearchOn([this, &clock, begun = clock.Now()] {
+    if (clock.Now().MillisecondsSince(begun) >= kLong) {
+      lblSearching.SetCaption(fmt::format("{} {} %", kSearching, search_.PercentDone()));
+    }
     shop_.desktop.ServeMeanwhile(*this, cmdCancelSearch);
     return !stopped_;
   });

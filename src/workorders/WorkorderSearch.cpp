@@ -144,6 +144,11 @@ WorkorderSearch::Outcome WorkorderSearch::SearchOn(FileWalk<Length>& walk, const
   }
 }
 
+int WorkorderSearch::PercentDone() const {
+  if (!archived_.walk || archived_.length == 0) return 0;
+  return static_cast<int>((archived_.length - archived_.walk->Ahead()) * 100 / archived_.length);
+}
+
 template <std::size_t Length>
 bool WorkorderSearch::Open(FileWalk<Length>& walk) {
   if constexpr (Length == ActiveWoTag::kLength) {
@@ -152,7 +157,8 @@ bool WorkorderSearch::Open(FileWalk<Length>& walk) {
     walk.file.TakeOver(workorders_.OpenArchWOForReading(kArchiveLabel));
   }
   if (!walk.file.IsOpen()) return false;
-  walk.walk.emplace(*walk.file, SettledLength(*walk.file, Length, environment_.clock));
+  walk.length = SettledLength(*walk.file, Length, environment_.clock);
+  walk.walk.emplace(*walk.file, walk.length);
   return true;
 }
 

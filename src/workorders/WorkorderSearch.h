@@ -66,6 +66,8 @@ class WorkorderSearch {
   // it is. Also stopped when the person gives up a held file. Throws FileError.
   Outcome SearchOn(const std::function<bool()>& goOn);
   bool IsAtEnd() const { return active_.atEnd && archived_.atEnd; }
+  // How much has been looked through of the archive's tags, which are nearly all there are, in whole per cent.
+  int PercentDone() const;
 
   // Hits in the order in which they were found; of each, in which list its tag stands and where.
   static constexpr std::string_view kActive = "act";
@@ -84,6 +86,7 @@ class WorkorderSearch {
     explicit FileWalk(OpenFiles& openFiles) : file(openFiles) {}
     OpenedFile file;
     std::optional<TagsBackwards<Length>> walk;
+    std::uint64_t length = 0;               // of what is walked, in bytes
     std::span<const Record<Length>> block;  // of which so many are left
     std::size_t left = 0;
     bool atEnd = false;

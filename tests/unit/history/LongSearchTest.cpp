@@ -54,6 +54,28 @@ TEST_F(LongSearch, EscStopsItAndTheCriteriaStay) {
   EXPECT_TRUE(desktop.boxes.empty()) << "nobody says that there is no data";
 }
 
+TEST_F(LongSearch, OfMoreThanASecondTellsHowFarItIs) {
+  std::vector<std::string> told;
+  Browse([&](frmWOHist& form) {
+    desktop.meanwhile = [&](ui::Form&, ui::Button&) {
+      told.push_back(form.lblSearching.Caption());
+      clock.MoveOn(600);
+    };
+    Search(form, form.srchName, "adams");
+    told.emplace_back("through");
+    Click(form.cmdSearch);  // anew
+    Search(form, form.srchName, "adams");
+  });
+  ASSERT_GE(told.size(), 8U);
+  EXPECT_EQ(told[0], "Searching...");
+  EXPECT_EQ(told[1], "Searching...");
+  EXPECT_EQ(told[2], "Searching... 38 %");
+  EXPECT_EQ(told[3], "Searching... 51 %");
+  const auto through = std::find(told.begin(), told.end(), "through");
+  ASSERT_LT(through, told.end() - 1);
+  EXPECT_EQ(*(through + 1), "Searching...");
+}
+
 TEST_F(LongSearch, SoDoesItsButton) {
   Act([](frmWOHist& form) { Click(form.cmdCancelSearch); },
       [](frmWOHist& form) { EXPECT_TRUE(form.srchName.Enabled()); });

@@ -131,6 +131,21 @@ TEST(SpellerProcess, ThatFallsIsToldOfAndHarmsNobody) {
   EXPECT_THROW(speller.Suggestions("a"), WordedError);
 }
 
+// What it has to say of its failure isn't taken for an answer.
+TEST(SpellerProcess, ThatFailsAtAWordIsToldOfToo) {
+  class Refusing : public Speller {
+   public:
+    bool Knows(const std::string&) override { throw std::runtime_error("no memory"); }
+    std::vector<std::string> Suggestions(const std::string&) override { throw std::runtime_error("no memory"); }
+  };
+  const auto open = [] { return std::make_unique<Refusing>(); };
+  SpellerProcess asked(open, "en_US");
+  EXPECT_THROW(asked.Knows("brake"), WordedError);
+  EXPECT_THROW(asked.Knows("brake"), WordedError) << "it is gone";
+  SpellerProcess another(open, "en_US");
+  EXPECT_THROW(another.Suggestions("brake"), WordedError);
+}
+
 TEST(SpellerProcess, KeepsNoFileOpenAndEndsWithItsOwner) {
   const ScratchDirectory directory;
   std::ofstream(directory / "held") << "x";
