@@ -1,5 +1,8 @@
 #include "masters/inventory/frmInvEdit.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "frame/Numbers.h"
 #include "masters/inventory/frmInvKit.h"
 #include "masters/inventory/frmRecvList.h"
@@ -44,6 +47,17 @@ constexpr MergedField kFields[] = {
 };
 
 std::string NameOfLevel(std::size_t level) { return std::string(kPriceLevelNames[level]); }
+
+// Of an alternate that the person entered in one place, and somebody else meanwhile in another, the other's stays: one
+// part takes one of the four places. What the person entered twice stands twice.
+void DropWhatOthersEnteredToo(InventoryRecord& merged, const InventoryRecord& ours, const InventoryRecord& read) {
+  for (const TextField place : inventory::AltNumber) {
+    const std::string entered = ours.Get(place);
+    if (entered.empty() || entered == read.View(place) || entered != merged.View(place)) continue;
+    const auto isTheirs = [&](TextField other) { return merged.View(other) == entered && ours.View(other) != entered; };
+    if (std::any_of(std::begin(inventory::AltNumber), std::end(inventory::AltNumber), isTheirs)) merged.Put(place, "");
+  }
+}
 
 }  // namespace
 
@@ -208,7 +222,10 @@ void frmInvEdit::Save() {
   RecordMerge merge(kFields, shown_, ours);
   PartUpdated updated = PartUpdated::GivenUp;
   const auto save = [&] {
-    updated = UpdatePart(inventory, part_.index, [&](InventoryRecord& part) { merge.Into(part); });
+    updated = UpdatePart(inventory, part_.index, [&](InventoryRecord& part) {
+      merge.Into(part);
+      DropWhatOthersEnteredToo(part, ours, shown_);
+    });
   };
   if (!merge.Run(shop_.desktop, Caption(), save)) return;
   if (updated == PartUpdated::WasDeleted) {

@@ -1,4 +1,4 @@
-"""Copies that edit parts which name one another: no record is torn, and no alternate points one way."""
+"""Copies that edit parts which name one another: no record is torn, no alternate points one way or stands twice."""
 
 import random
 import threading
@@ -62,9 +62,55 @@ def test_alternates_of_three_copies_stay_on_both_sides(copies, shop):
     assert list(masters) == PARTS
     named = {number: {master[place] for place in ALTERNATES} - {""} for number, master in masters.items()}
     assert any(named.values()), "they name each other in the end"
+    for number, master in masters.items():
+        standing = [master[place] for place in ALTERNATES if master[place]]
+        assert len(standing) == len(set(standing)), f"{number} names one part twice: {standing}"
     for number, others in named.items():
         for other in others:
             assert number in named[other], f"{number} names {other}, and not the other way round: {named}"
     tags = read_tags(shop.directory)
     assert [(tag["StockNumber"], tag["Description"], tag["InStock"]) for tag in tags] == [
         (name, "PART", 9) for name in PARTS]
+
+
+def alternates(shop, number):
+    master = next(master for master in read_masters(shop.directory) if master["StockNumber"] == number)
+    return [master[place] for place in ALTERNATES]
+
+
+def begin_editing(copy, number):
+    copy.wait(10)
+    go_to_part(open_inventory(copy), number).key("F10")
+    copy.expect_form("frmInvEdit")
+    return copy
+
+
+def save(copy):
+    copy.key("F10")
+    copy.expect_form("frmInvList")
+
+
+def test_an_alternate_that_another_copy_entered_meanwhile_takes_one_place(copies, shop):
+    shop.write()
+    make_inventory(shop.directory, [part(name, "PART", (1, 2, 3, 4), 9) for name in PARTS[:2]])
+    first, second = workstations(copies, shop, 2)
+    begin_editing(first, "PART-A")
+    begin_editing(second, "PART-B").type("AltNumber(2)", "PART-A")
+    save(second)
+    assert alternates(shop, "PART-A") == ["PART-B", "", "", ""]
+    first.type("AltNumber(1)", "PART-B")  # its first place shows blank still
+    save(first)
+    assert alternates(shop, "PART-A") == ["PART-B", "", "", ""]
+    assert alternates(shop, "PART-B") == ["", "", "PART-A", ""]
+
+
+def test_what_the_person_enters_twice_stands_twice(copies, shop):
+    shop.write()
+    make_inventory(shop.directory, [part(name, "PART", (1, 2, 3, 4), 9) for name in PARTS[:2]])
+    copy, = workstations(copies, shop, 1)
+    begin_editing(copy, "PART-A")
+    copy.type("AltNumber(1)", "PART-B")
+    copy.type("AltNumber(2)", "PART-B")
+    save(copy)
+    assert alternates(shop, "PART-A") == ["", "PART-B", "PART-B", ""]
+    assert alternates(shop, "PART-B") == ["PART-A", "", "", ""]
