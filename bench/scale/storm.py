@@ -255,6 +255,8 @@ def make_shop(directory, options, server):
         shop.add_estimate(100 + i, today + datetime.timedelta(days=i % 7 - 3), customer=1 + i, CreateDate=today, hours=1)
     shop.system["last_estimate_number"] = 1001
     shop.write()
+    for number in range(1, options.texts + 1):
+        shop.path(f"W{number:07}.tqa").touch()
     # As a shop has them that the program has made.
     shop.database.execute([(f"CREATE UNIQUE INDEX {table}Key ON {table} (EstimateNumber, {number})", [])
                            for table, number in (("Labors", "LaborNumber"), ("Parts", "PartNumber"), ("Notes", "NoteNumber"))]
@@ -346,6 +348,7 @@ def main():
     parser.add_argument("--outages", type=int, default=0, help="how often the server is stopped and started meanwhile")
     parser.add_argument("--pause", type=float, default=2.0, help="seconds between two deeds, on an average")
     parser.add_argument("--days", type=int, default=1, help="how many days they book on, from today on")
+    parser.add_argument("--texts", type=int, default=0, help="how many past work orders' texts lie in the data directory")
     parser.add_argument("--live", action="store_true", help="with boards that follow")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--bin", default=str(ROOT / "build" / "release" / "bin"))

@@ -16,6 +16,16 @@ namespace lantos {
 
 namespace {
 
+using std::chrono_literals::operator""s;
+
+// Below this a directory is read about as fast as it is followed.
+constexpr std::size_t kWorthFollowing = 1000;
+constexpr std::chrono::steady_clock::duration kReliedOnWhenToldLate = 2s;
+
+bool LookAt(const std::string& directory, struct stat& now) {
+  return ::stat(directory.empty() ? "." : directory.c_str(), &now) == 0;
+}
+
 // Names lie as UTF-8 on the disk. One that the ANSI page can't hold stays as it lies there.
 std::string AnsiName(std::string_view name) {
   if (!IsAscii(name)) {
@@ -71,22 +81,64 @@ bool IsFile(const std::string& path, unsigned char type) {
 
 bool DirectoryNames::HasStamp(const struct stat& now) const { return FileStamp(now) == FileStamp(readAt_); }
 
+void DirectoryNames::Come(std::string_view name) {
+  Spellings& spellings = names_[Fold(name)];
+  if (std::find(spellings.begin(), spellings.end(), name) == spellings.end()) spellings.emplace_back(name);
+}
+
+void DirectoryNames::Go(std::string_view name) {
+  const auto found = names_.find(Fold(name));
+  if (found == names_.end()) return;
+  std::erase(found->second, name);
+  if (found->second.empty()) names_.erase(found);
+}
+
 // The stamp is taken before the names are read: a change in between shows at the next look.
 void DirectoryNames::Refresh() {
   struct stat now = {};
-  if (::stat(directory_.empty() ? "." : directory_.c_str(), &now) != 0) {
+  if (!LookAt(directory_, now)) {
     names_.clear();
     settled_ = false;
     return;
   }
   if (settled_ && HasStamp(now)) return;
-  settled_ = FileStamp(now).IsSettled();
   readAt_ = now;
+  ReadAll();
+  // What comes while it is read is told as well, and may then be known already.
+  if (watch_.Stands() || names_.size() < kWorthFollowing) return;
+  if (watch_.Begin(directory_) && LookAt(directory_, readAt_)) ReadAll();
+}
+
+void DirectoryNames::ReadAll() {
+  settled_ = FileStamp(readAt_).IsSettled();
+  readingBegan_ = std::chrono::steady_clock::now();
+  ++timesRead_;
   names_.clear();
-  ForEachEntry(directory_, [this](std::string_view name, unsigned char) {
-    Spellings& spellings = names_[Fold(name)];
-    (spellings.first.empty() ? spellings.first : spellings.second) = name;
-  });
+  ForEachEntry(directory_, [this](std::string_view name, unsigned char) { names_[Fold(name)].emplace_back(name); });
+}
+
+// Whether the names are those of this moment. Another directory may lie at the path by now, and one whose time of
+// change is new without anything told is not one to rely on.
+bool DirectoryNames::Follow() {
+  using Told = DirectoryWatch::Told;
+  if (!watch_.Stands()) return false;
+  const auto take = [this] {
+    return watch_.Take([this](std::string_view name, bool isThere) { isThere ? Come(name) : Go(name); });
+  };
+  Told told = take();
+  struct stat now = {};
+  const bool isSame = LookAt(directory_, now) && now.st_dev == readAt_.st_dev && now.st_ino == readAt_.st_ino;
+  if (isSame && told == Told::Nothing && !HasStamp(now)) {
+    told = take();
+    if (told == Told::Nothing) told = Told::Lost;
+  }
+  if (isSame && told != Told::Lost) {
+    readAt_ = now;
+    return true;
+  }
+  watch_.End();
+  settled_ = false;
+  return false;
 }
 
 bool DirectoryNames::Exists(std::string_view name) const {
@@ -98,43 +150,66 @@ bool DirectoryNames::Exists(std::string_view name) const {
 std::string DirectoryNames::Look(const std::string& key) const {
   const auto found = names_.find(key);
   if (found == names_.end()) return {};
-  const Spellings& spellings = found->second;
-  if (spellings.second.empty()) return spellings.first;
-  const auto& [one, other] = std::minmax(spellings.first, spellings.second);
+  Spellings spellings = found->second;
+  if (spellings.size() == 1) return spellings.front();
+  std::sort(spellings.begin(), spellings.end());
   throw FileError(FileErrorNumber::PathFileAccess,
-                  "two spellings of one name in " + directory_ + ": " + one + " and " + other);
+                  "two spellings of one name in " + directory_ + ": " + spellings.front() + " and " + spellings.back());
+}
+
+bool DirectoryNames::IsReadingRecent() const {
+  return std::chrono::steady_clock::now() - readingBegan_ < kReliedOnWhenToldLate;
 }
 
 // A name that was read under this very stamp, and is there, needs no second reading, be it ever so close to the change.
 std::string DirectoryNames::KnownSpellingOf(const std::string& key) const {
-  struct stat now = {};
-  if (::stat(directory_.empty() ? "." : directory_.c_str(), &now) != 0 || !HasStamp(now)) return {};
   const auto found = names_.find(key);
-  if (found == names_.end() || !found->second.second.empty() || !Exists(found->second.first)) return {};
-  return found->second.first;
+  if (found == names_.end() || found->second.size() > 1) return {};
+  if (!(toldLate_ && IsReadingRecent())) {
+    struct stat now = {};
+    if (!LookAt(directory_, now) || !HasStamp(now)) return {};
+  }
+  return Exists(found->second.front()) ? found->second.front() : std::string();
+}
+
+// Whether the directory has what was found, or has no such name where none was.
+bool DirectoryNames::IsTrue(std::string_view name, const std::string& spelling) const {
+  return Exists(spelling.empty() ? name : std::string_view(spelling)) != spelling.empty();
 }
 
 // A network mount may tell a change of the directory late, so the answer is checked against the file itself.
 std::string DirectoryNames::SpellingOf(std::string_view name) {
   const std::string key = Fold(name);
-  if (std::string known = KnownSpellingOf(key); !known.empty()) return known;
+  if (Follow()) {
+    std::string spelling = Look(key);
+    if (IsTrue(name, spelling)) return spelling;
+  } else if (std::string known = KnownSpellingOf(key); !known.empty()) {
+    return known;
+  }
   Refresh();
   std::string spelling = Look(key);
-  if (Exists(spelling.empty() ? name : std::string_view(spelling)) != spelling.empty()) return spelling;
+  if (IsTrue(name, spelling)) return spelling;
   settled_ = false;
   Refresh();
   return Look(key);
 }
 
-std::vector<std::string> DirectoryNames::Matching(std::string_view pattern) const {
-  std::vector<std::string> names;
+std::vector<std::string> DirectoryNames::Matching(std::string_view pattern) {
+  std::vector<std::string> matching;
   const std::string folded = Fold(pattern);
-  ForEachEntry(directory_, [&](std::string_view name, unsigned char type) {
-    if (!Matches(Fold(name), folded) || !IsFile(directory_ + std::string(name), type)) return;
-    names.push_back(AnsiName(name));
-  });
-  std::sort(names.begin(), names.end());
-  return names;
+  const auto take = [&](std::string_view key, std::string_view name, unsigned char type) {
+    if (!Matches(key, folded) || !IsFile(directory_ + std::string(name), type)) return;
+    matching.push_back(AnsiName(name));
+  };
+  if (Follow()) {
+    for (const auto& [key, spellings] : names_) {
+      for (const std::string& name : spellings) take(key, name, DT_UNKNOWN);
+    }
+  } else {
+    ForEachEntry(directory_, [&](std::string_view name, unsigned char type) { take(Fold(name), name, type); });
+  }
+  std::sort(matching.begin(), matching.end());
+  return matching;
 }
 
 }  // namespace lantos

@@ -59,6 +59,7 @@ std::string FileIO::LookUp(std::string_view name) const {
   const std::size_t nameStart = path.find_last_of('/') + 1;
   const std::string_view directory = std::string_view(path).substr(0, nameStart);
   if (names_.Directory() != directory) names_ = DirectoryNames(std::string(directory));
+  names_.SetToldLate(answersLate_);
   // A text that ends in a separator names no file.
   if (nameStart == path.size()) return path;
   const std::string spelling = names_.SpellingOf(std::string_view(path).substr(nameStart));
@@ -93,10 +94,12 @@ bool FileIO::IsThere(std::string_view name) const {
 std::vector<std::string> FileIO::List(std::string_view pattern) const {
   const std::string path = PlatformText(dataDir_ + std::string(pattern));
   const std::size_t nameStart = path.find_last_of('/') + 1;
-  std::vector<std::string> names =
-      DirectoryNames(path.substr(0, nameStart)).Matching(std::string_view(path).substr(nameStart));
-  if (steadyNames_) KeepSpellings(names);
-  return names;
+  const std::string directory = path.substr(0, nameStart);
+  const std::string_view names = std::string_view(path).substr(nameStart);
+  std::vector<std::string> found =
+      directory == names_.Directory() ? names_.Matching(names) : DirectoryNames(directory).Matching(names);
+  if (steadyNames_) KeepSpellings(found);
+  return found;
 }
 
 // A name that bears no second spelling beside it needs no look-up of its own.

@@ -137,6 +137,19 @@ TEST(FileIO, EachChangeOfTheDirectoryIsSeenAtTheNextLook) {
   }
 }
 
+TEST(FileIO, OnANetworkMountAFileThatIsWhereItWasIsFoundWhateverTheTimeOfTheDirectory) {
+  Shop shop;
+  shop.files.SetAnswersLate(true);
+  shop.directory.Put("tqvendor.dat", "");
+  EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "tqvendor.dat");
+  shop.directory.Put("other", "");
+  EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "tqvendor.dat");
+  std::filesystem::rename(shop.directory / "tqvendor.dat", shop.directory / "Tqvendor.dat");
+  EXPECT_EQ(shop.files.PathOf("TQVENDOR.DAT"), shop.directory / "Tqvendor.dat");
+  shop.directory.Put("TQNEW.DAT", "");
+  EXPECT_EQ(shop.files.PathOf("tqnew.dat"), shop.directory / "TQNEW.DAT");
+}
+
 TEST(FileIO, AnotherDataDirectoryForgetsTheSpellingsOfTheFirst) {
   Shop shop;
   const ScratchDirectory other;
