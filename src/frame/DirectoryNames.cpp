@@ -16,11 +16,9 @@ namespace lantos {
 
 namespace {
 
-using std::chrono_literals::operator""s;
-
 // Below this a directory is read about as fast as it is followed.
 constexpr std::size_t kWorthFollowing = 1000;
-constexpr std::chrono::steady_clock::duration kReliedOnWhenToldLate = 2s;
+constexpr std::chrono::steady_clock::duration kReliedOnWhenToldLate = std::chrono::seconds(2);
 
 bool LookAt(const std::string& directory, struct stat& now) {
   return ::stat(directory.empty() ? "." : directory.c_str(), &now) == 0;
