@@ -38,7 +38,7 @@ SETTLING = 2.0  # seconds until every board is right
 OUTAGE = 1.0  # seconds that the server is away
 
 
-HELD = "locked by another user"
+HELD = ("locked by another user", "Could not open Vehicle file, click Retry")
 
 
 class Interrupted(Exception):
@@ -52,7 +52,7 @@ class PatientCopy(Lantos):
 
     def send_text(self, text):
         answer = super().send_text(text)
-        while answer.get("waiting") == "box" and HELD in answer["text"] and "Retry" in answer["buttons"]:
+        while answer.get("waiting") == "box" and any(said in answer["text"] for said in HELD) and "Retry" in answer["buttons"]:
             self.retries += 1
             answer = super().send_text('{"do":"answer","button":"Retry"}')
         return answer

@@ -6,29 +6,19 @@ from functools import partial
 
 import pytest
 
-from copysteps import SYSTEM_LOCKED, copies, in_parallel, shop, workstations
+from copysteps import copies, in_parallel, shop, try_again, workstations
 from locks import denied_to_all
 from screens import back_to_board, edit_customer, open_search, open_vehicles, search
 from shopfiles import CUSTOMER_LENGTH, NO_LINK, TAG_LENGTH, VEHICLE_LENGTH
-
-WAITS = {SYSTEM_LOCKED: "Retry",
-         "Customer tags file locked by another user.": "OK",
-         "Customer data file locked by another user.": "OK"}
-
-
-def patiently(copy):
-    """A file that another copy has at this moment is tried again."""
-    while copy.answer["waiting"] == "box":
-        copy.press(WAITS[copy.answer["text"].split("\n")[0]])
 
 
 def add_customer(copy, name):
     copy.type("NameKey", name)
     copy.key("Insert")
-    patiently(copy)
+    try_again(copy)
     copy.expect_form("frmCustEdit")
     copy.key("F10")
-    patiently(copy)
+    try_again(copy)
     copy.expect_form("frmCustEdit")
     copy.key("Esc")
     copy.expect_form("frmCustSearch")
@@ -77,7 +67,7 @@ def test_a_wait_at_a_box_keeps_nobody_waiting_and_overwrites_nobody(copies, shop
     open_search(second)
     second.type("NameKey", "Early,Eve")
     second.key("Insert")
-    patiently(second)
+    try_again(second)
     second.key("F10")
     second.expect_form("frmCustEdit")
     first.press("OK")

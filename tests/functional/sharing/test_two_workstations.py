@@ -5,7 +5,7 @@ import random
 import sqlite3
 from functools import partial
 
-from copysteps import (SYSTEM_LOCKED, copies, in_parallel, kill_within, shop, start_victim, time_of,
+from copysteps import (copies, in_parallel, kill_within, shop, start_victim, time_of, try_again,
                        workstations)
 from screens import ask_new_estimate, back_to_board, book, edit_customer, open_search, search, tell
 from shopfiles import CUSTOMER_LENGTH, NO_LINK, TAG_LENGTH, VEHICLE_LENGTH
@@ -67,18 +67,12 @@ def test_another_copys_new_customer_is_found_when_its_number_is_missed(copies, s
     assert [customer["Lastname"] for customer in shop.read_customers()] == ["Smith", "Walker", "Early", "Late"]
 
 
-def through_prompts(copy):
-    """A hundred tries may all meet another copy's hold: a person presses Retry."""
-    while copy.answer.get("waiting") == "box" and copy.answer["text"] == SYSTEM_LOCKED:
-        copy.press("Retry")
-
-
 def book_patiently(copy, customer):
     ask_new_estimate(copy)
     copy.type("Number", str(customer))
     copy.key("F10")
     copy.double_click("CustList", row=0)
-    through_prompts(copy)
+    try_again(copy)
     copy.expect_form("frmVehList")
     copy.key("Esc")
     return copy.expect_form("frmMain")

@@ -127,7 +127,17 @@ def work(shop):
 
 
 STOCK = 10000  # of each part
-HELD = (SYSTEM_LOCKED, "Inventory Usage file locked by another user.", "Tag file locked by another user.")
+
+
+def is_held(answer):
+    """Whether a box asks about a file that another copy has at this moment; its first button tries again."""
+    text = answer.get("text", "") if answer.get("waiting") == "box" else ""
+    return "locked by another user" in text or "Could not open Vehicle file, click Retry" in text
+
+
+def try_again(copy):
+    while is_held(copy.answer):
+        copy.press(copy.answer["buttons"][0])
 
 
 def write_work(shop):
@@ -154,8 +164,8 @@ def be_patient(copy):
 
     def send_patiently(text):
         answer = send_text(text)
-        while answer.get("waiting") == "box" and "locked by another user" in answer["text"] and "Retry" in answer["buttons"]:
-            answer = send_text('{"do":"answer","button":"Retry"}')
+        while is_held(answer):
+            answer = send_text(f'{{"do":"answer","button":"{answer["buttons"][0]}"}}')
         return answer
 
     copy.send_text = send_patiently
@@ -166,9 +176,8 @@ def convert_patiently(copy):
     """The number of the work order. A file that is held is tried again."""
     copy.click("cmdConvert")
     copy.press("Yes")
-    while copy.expect_box()["text"].split("\n")[0] in HELD:
-        copy.press(copy.answer["buttons"][0])
-    text = copy.answer["text"]
+    try_again(copy)
+    text = copy.expect_box()["text"]
     assert " is now Workorder # " in text, copy.evidence()
     copy.press("OK")
     tell(copy, "Estimate status is still 'Scheduled'", "Convert to WO")
